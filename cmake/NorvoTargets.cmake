@@ -1,0 +1,38 @@
+# How every target of the project is built, written once.
+
+add_library(norvo_warnings INTERFACE)
+target_compile_options(norvo_warnings INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
+  -Wold-style-cast -Wcast-qual -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  # g++ 12 reports overlapping copies in plain concatenations of std::string (its bug 105651).
+  target_compile_options(norvo_warnings INTERFACE -Wno-restrict)
+endif()
+
+add_library(norvo_sanitize INTERFACE)
+if(NORVO_SANITIZE)
+  target_compile_options(norvo_sanitize INTERFACE
+    -fsanitize=${NORVO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(norvo_sanitize INTERFACE -fsanitize=${NORVO_SANITIZE})
+endif()
+
+# norvo_subsystem(NAME [DEPENDS subsystem...]): one folder of src/ as a static library. Its
+# sources are all .cpp files of the folder; it may include only what its dependencies offer.
+function(norvo_subsystem name)
+  cmake_parse_arguments(ARG "" "" "DEPENDS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp")
+  file(GLOB headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.h")
+  string(REPLACE "/" "_" target "norvo_${name}")
+  add_library(${target} STATIC ${sources} ${headers})
+  target_include_directories(${target} PUBLIC
+    "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>"
+    "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/NorvoPlayList>")
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  target_link_libraries(${target}
+    PUBLIC ${ARG_DEPENDS}
+    PRIVATE $<BUILD_INTERFACE:norvo_warnings>
+    PUBLIC $<BUILD_INTERFACE:norvo_sanitize>)
+  install(TARGETS ${target} EXPORT NorvoPlayListTargets
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+  install(FILES ${headers} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/NorvoPlayList/${name}")
+endfunction()

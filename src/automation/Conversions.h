@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+
+#include "automation/Variant.h"
+#include "text/Text.h"
+
+namespace norvo {
+
+/// Conversions of the automation platform. All raise error 13 for a value that does not convert
+/// and error 6 for a number outside the target's range; a half is rounded to the even neighbour.
+/// Empty converts to 0, False or the empty text; texts convert as whole numbers or not at all.
+bool ToBoolean(const Variant& value);
+std::uint8_t ToByte(const Variant& value);
+std::int16_t ToInt16(const Variant& value);
+std::int32_t ToInt32(const Variant& value);
+double ToDouble(const Variant& value);
+ObjectRef ToObject(const Variant& value);
+
+/// Booleans become "True" and "False", dates M/D/YYYY h:mm:ss AM or PM, numbers decimal text.
+String ToText(const Variant& value);
+
+std::int16_t Int16FromText(StringView text);
+std::int32_t Int32FromText(StringView text);
+std::int16_t NarrowToInt16(double number);
+std::int32_t NarrowToInt32(double number);
+
+/// The one narrowing of counts and positions: error 6 for more than 32767.
+std::int16_t CountToInt16(std::size_t count);
+std::int32_t CountToInt32(std::size_t count);
+
+String BooleanText(bool value);
+String DateText(Date date);
+
+/// Pattern match that raises error 93 for a pattern that is not valid.
+bool Like(StringView text, StringView pattern, Compare compare);
+
+}  // namespace norvo

@@ -1,0 +1,260 @@
+#pragma once
+
+#include <cstddef>
+#include <initializer_list>
+#include <memory>
+#include <string>
+#include <tuple>
+#include <type_traits>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "automation/AutomationObject.h"
+#include "automation/Conversions.h"
+#include "automation/RunTimeError.h"
+
+namespace norvo {
+
+/// One parameter as the public interface gives it.
+struct Parameter {
+  StringView name;
+  ValueType type = ValueType::Any;
+  bool byReference = false;
+  bool optional = false;
+};
+
+/// How a parameter is passed; its type comes from the C++ signature.
+inline Parameter In(StringView name) {
+  return {name, ValueType::Any, false, false};
+}
+inline Parameter ByRef(StringView name) {
+  return {name, ValueType::Any, true, false};
+}
+inline Parameter Optional(StringView name) {
+  return {name, ValueType::Any, false, true};
+}
+
+/// One public member: a method, or a property with a getter, a setter or both.
+struct Member {
+  using Reader = Variant (*)(AutomationObject&, Arguments);
+  using Writer = void (*)(AutomationObject&, const Variant&);
+
+  StringView name;
+  bool isMethod = false;
+  ValueType type = ValueType::None;  // result of a method, value of a property
+  std::vector<Parameter> parameters;
+  bool letByReference = false;
+  Reader call = nullptr;  // method call or property get; null for a property without get
+  Writer let = nullptr;   // null for a method and for a property without let
+};
+
+namespace detail {
+
+/// Maps a C++ type to its automation type and converts both ways.
+template <class T>
+struct Binding;
+
+template <>
+struct Binding<bool> {
+  static constexpr ValueType kType = ValueType::Boolean;
+  static bool From(const Variant& value) { return ToBoolean(value); }
+};
+template <>
+struct Binding<std::uint8_t> {
+  static constexpr ValueType kType = ValueType::Byte;
+  static std::uint8_t From(const Variant& value) { return ToByte(value); }
+};
+template <>
+struct Binding<std::int16_t> {
+  static constexpr ValueType kType = ValueType::Int16;
+  static std::int16_t From(const Variant& value) { return ToInt16(value); }
+};
+template <>
+struct Binding<std::int32_t> {
+  static constexpr ValueType kType = ValueType::Int32;
+  static std::int32_t From(const Variant& value) { return ToInt32(value); }
+};
+template <>
+struct Binding<double> {
+  static constexpr ValueType kType = ValueType::Double;
+  static double From(const Variant& value) { return ToDouble(value); }
+};
+template <>
+struct Binding<String> {
+  static constexpr ValueType kType = ValueType::Text;
+  static String From(const Variant& value) { return ToText(value); }
+};
+template <>
+struct Binding<Variant> {
+  static constexpr ValueType kType = ValueType::Any;
+  static Variant From(const Variant& value) { return value; }
+};
+template <>
+struct Binding<StringArray> {
+  static constexpr ValueType kType = ValueType::TextArray;
+};
+template <>
+struct Binding<void> {
+  static constexpr ValueType kType = ValueType::None;
+};
+/// References to objects: any class of the library, or any object at all.
+template <class T>
+struct Binding<std::shared_ptr<T>> {
+  static constexpr ValueType kType = ValueType::Object;
+  static std::shared_ptr<T> From(const Variant& value) {
+    ObjectRef object = ToObject(value);
+    if constexpr (std::is_same_v<T, AutomationObject>) {
+      return object;
+    } else {
+      auto typed = std::dynamic_pointer_cast<T>(object);
+      if (object && !typed) throw RunTimeError(error::kTypeMismatch);
+      return typed;
+    }
+  }
+};
+
+template <class Result>
+Variant Wrap(Result&& value) {
+  using Plain = std::remove_cvref_t<Result>;
+  if constexpr (std::is_convertible_v<Plain, ObjectRef>) {
+    return ObjectRef(std::forward<Result>(value));
+  } else {
+    return Variant(std::forward<Result>(value));
+  }
+}
+
+template <class Function>
+struct Signature;
+
+template <class R, class C, class... A>
+struct Signature<R (C::*)(A...)> {
+  using Class = C;
+  using Result = std::remove_cvref_t<R>;
+
+  static std::vector<ValueType> Types() { return {Binding<std::remove_cvref_t<A>>::kType...}; }
+
+  template <auto kFunction>
+  static Variant Invoke(AutomationObject& object, Arguments arguments) {
+    return InvokeWith<kFunction>(static_cast<C&>(object), arguments,
+                                 std::index_sequence_for<A...>{});
+  }
+
+ private:
+  /// By-reference parameters (plain references in C++) are written back after the call.
+  template <class Parameter, class Value>
+  static void WriteBack(Variant& argument, Value& value) {
+    if constexpr (std::is_lvalue_reference_v<Parameter> &&
+                  !std::is_const_v<std::remove_reference_t<Parameter>>) {
+      argument = Wrap(std::move(value));
+    }
+  }
+
+  template <auto kFunction, std::size_t... I>
+  static Variant InvokeWith(C& object, Arguments arguments, std::index_sequence<I...>) {
+    if (arguments.size() != sizeof...(A)) throw RunTimeError(error::kWrongArguments);
+    std::tuple<std::remove_cvref_t<A>...> values{
+        Binding<std::remove_cvref_t<A>>::From(arguments[I])...};
+    if constexpr (std::is_void_v<R>) {
+      (object.*kFunction)(std::get<I>(values)...);
+      (WriteBack<A>(arguments[I], std::get<I>(values)), ...);
+      return {};
+    } else {
+      Variant result = Wrap((object.*kFunction)(std::get<I>(values)...));
+      (WriteBack<A>(arguments[I], std::get<I>(values)), ...);
+      return result;
+    }
+  }
+};
+template <class R, class C, class... A>
+struct Signature<R (C::*)(A...) const> : Signature<R (C::*)(A...)> {};
+
+template <auto kSetter>
+void InvokeLet(AutomationObject& object, const Variant& value) {
+  Variant argument = value;
+  Signature<decltype(kSetter)>::template Invoke<kSetter>(object, Arguments(&argument, 1));
+}
+
+}  // namespace detail
+
+/// A method bound to a C++ member function.
+template <auto kFunction>
+Member Method(StringView name, std::initializer_list<Parameter> parameters = {}) {
+  using Signature = detail::Signature<decltype(kFunction)>;
+  Member member;
+  member.name = name;
+  member.isMethod = true;
+  member.type = detail::Binding<typename Signature::Result>::kType;
+  member.parameters = parameters;
+  const std::vector<ValueType> types = Signature::Types();
+  for (std::size_t i = 0; i < types.size(); ++i) member.parameters.at(i).type = types[i];
+  member.call = &Signature::template Invoke<kFunction>;
+  return member;
+}
+
+template <auto kGetter>
+Member ReadOnly(StringView name) {
+  Member member = Method<kGetter>(name);
+  member.isMethod = false;
+  return member;
+}
+
+template <auto kSetter>
+Member WriteOnly(StringView name) {
+  Member member;
+  member.name = name;
+  member.type = detail::Signature<decltype(kSetter)>::Types().front();
+  member.let = &detail::InvokeLet<kSetter>;
+  return member;
+}
+
+template <auto kGetter, auto kSetter>
+Member Property(StringView name) {
+  Member member = ReadOnly<kGetter>(name);
+  member.let = &detail::InvokeLet<kSetter>;
+  return member;
+}
+
+/// The setter takes its value by reference.
+inline Member LetByReference(Member member) {
+  member.letByReference = true;
+  return member;
+}
+
+/// The public interface of one class: its members in their order, found by name.
+class MemberTable {
+ public:
+  MemberTable(StringView className, std::vector<Member> members);
+
+  StringView ClassName() const { return className_; }
+  const std::vector<Member>& All() const { return members_; }
+  /// Null when there is no such member. Case does not matter.
+  const Member* Find(StringView name) const;
+
+ private:
+  StringView className_;
+  std::vector<Member> members_;
+  std::unordered_map<StringView, std::size_t, CaselessHash, CaselessEqual> byName_;
+};
+
+/// Base of the library's own classes: answers every call by name from the class's member table.
+class TableObject : public AutomationObject {
+ public:
+  using AutomationObject::Call;
+  using AutomationObject::Get;
+  using AutomationObject::Let;
+
+  StringView ClassName() const final { return Table().ClassName(); }
+  const MemberTable* Members() const final { return &Table(); }
+  Variant Get(StringView name, Arguments arguments) final;
+  void Let(StringView name, Arguments arguments, const Variant& value) final;
+  Variant Call(StringView name, Arguments arguments) final;
+
+ protected:
+  virtual const MemberTable& Table() const = 0;
+
+ private:
+  const Member& Require(StringView name) const;
+};
+
+}  // namespace norvo

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <variant>
+#include <vector>
+
+#include "text/Text.h"
+
+namespace norvo {
+
+class AutomationObject;
+/// A counted reference; the object lives until its last holder lets go. Null is "no object".
+using ObjectRef = std::shared_ptr<AutomationObject>;
+/// A shared array of texts, 0-based.
+using StringArray = std::shared_ptr<const std::vector<String>>;
+
+/// A date and time: days since 30 December 1899 in local time, the time of day as the fraction.
+struct Date {
+  double days = 0;
+  bool operator==(const Date&) const = default;
+};
+
+/// Stands for an optional argument that the caller left out; not the same as an empty value.
+struct Missing {
+  bool operator==(const Missing&) const = default;
+};
+
+/// A value of any automation type. Conversions between the types stand in
+/// automation/Conversions.h; they are the only ones.
+using Variant = std::variant<std::monostate, Missing, bool, std::uint8_t, std::int16_t,
+                             std::int32_t, double, Date, String, ObjectRef, StringArray>;
+
+/// The types as they are named in the public interface. `Any` takes any type.
+enum class ValueType { None, Boolean, Byte, Int16, Int32, Double, Text, Object, TextArray, Any };
+
+}  // namespace norvo

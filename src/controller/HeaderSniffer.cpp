@@ -1,0 +1,57 @@
+#include "controller/HeaderSniffer.h"
+
+#include "automation/RunTimeError.h"
+#include "model/PlaylistTypes.h"
+#include "services/Logging.h"
+#include "services/ProfileFile.h"
+#include "services/TextStream.h"
+#include "text/Wildcard.h"
+
+namespace norvo {
+namespace {
+
+constexpr int kExaminedLines = 4;
+
+std::int32_t TypeByLine(StringView line) {
+  if (FindIgnoreCase(line, u"<Asx") != StringView::npos) return playlist_type::kWmpM3u;
+  if (FindIgnoreCase(line, u"#EXTM3U") != StringView::npos) return playlist_type::kWinampM3u;
+  if (Matches(line, u"?:\\*", Compare::Text)) return playlist_type::kMmjbM3u;
+  return playlist_type::kUnknown;
+}
+
+std::int32_t SniffLines(TextStream& stream) {
+  for (int line = 1; line <= kExaminedLines && !stream.AtEnd(); ++line) {
+    const std::int32_t type = TypeByLine(stream.ReadLine());
+    if (type != playlist_type::kUnknown) return type;
+  }
+  return playlist_type::kUnknown;
+}
+
+}  // namespace
+
+std::int32_t SniffM3uHeader(Component& component, StringView path) {
+  try {
+    return Guarded([&] {
+      TextStream stream(component.Files(), path, component.Machine().AnsiPage());
+      return SniffLines(stream);
+    });
+  } catch (const RunTimeError& failure) {
+    WriteLog(component,
+             u"HelperMan::ParseM3UHeader -> " + failure.Description() + u": " + String(path));
+    return playlist_type::kUnknown;
+  }
+}
+
+std::int32_t SniffPlsHeader(Component& component, StringView path) {
+  ProfileFile file(component);
+  if (!file.OpenFile(path)) {
+    WriteLog(component, u"HelperMan::ParsePLSHeader -> The file cannot be read: " + String(path));
+  }
+  file.SelectSection(u"playlist");
+  String value;
+  if (file.ReadValue(u"CachedInfo", value) == 0) return playlist_type::kSoniquePls;
+  if (file.ReadValue(u"Version", value) != 0) return playlist_type::kSoniquePls;
+  return value == u"2" ? playlist_type::kWinampPls : playlist_type::kUnknown;
+}
+
+}  // namespace norvo

@@ -1,0 +1,258 @@
+#include "controller/HelperMan.h"
+
+#include <algorithm>
+
+#include "automation/RunTimeError.h"
+#include "controller/FolderWalk.h"
+#include "controller/HeaderSniffer.h"
+#include "services/DataCop.h"
+#include "services/Logging.h"
+#include "services/NVServices.h"
+#include "services/Utility.h"
+#include "text/Wildcard.h"
+#include "text/WindowsPath.h"
+#include "writers/GenericNaming.h"
+
+namespace norvo {
+namespace {
+
+constexpr std::int32_t kCollectMode = 0;
+
+bool IsM3uOrAsx(StringView extension) {
+  return EqualsIgnoreCase(extension, u"asx") || EqualsIgnoreCase(extension, u"m3u");
+}
+
+bool IsSkippedFolder(StringView name) {
+  constexpr StringView kSkipped[] = {u"System Volume Information*", u"*Recycle*",
+                                     u"*Temporary Internet Files*"};
+  return std::any_of(std::begin(kSkipped), std::end(kSkipped),
+                     [name](StringView pattern) { return Matches(name, pattern, Compare::Text); });
+}
+
+/// Takes each playlist file that a drive scan reports.
+template <class Take>
+class PlaylistVisitor final : public ScanVisitor {
+ public:
+  PlaylistVisitor(Component& component, Take take) : component_(component), take_(take) {}
+
+  bool EnterFolder(StringView path) override {
+    if (IsSkippedFolder(LastComponent(path))) return false;
+    component_.Watcher().OnFolder(path);
+    return true;
+  }
+
+  void VisitFile(StringView folder, StringView name) override {
+    take_(Utility::AddBackslash(folder) + String(name));
+  }
+
+  void CannotList(StringView folder, StringView reason) override {
+    WriteLog(component_, u"HelperMan::GetAllPlayLists -> Cannot list the folder " + String(folder) +
+                             u": " + String(reason));
+  }
+
+ private:
+  Component& component_;
+  Take take_;
+};
+
+}  // namespace
+
+HelperMan::HelperMan(Component& component) : component_(component) {
+  try {
+    Guarded([this] { StartUp(); });
+  } catch (const RunTimeError&) {
+    // The object stays without a list; its operations then find nothing.
+  }
+}
+
+void HelperMan::StartUp() {
+  role_ = Utility::GetMachineRole(component_);
+  if (role_ == Utility::role::kNeither) return;
+  NVServices::GetSubGroupRoot(component_, DataCop::kGroup, groupRoot_);
+  if (!groupRoot_.empty()) {
+    groupKey_ = DataArea(groupRoot_) + String(DataCop::kGroup) + u"\\";
+  }
+  list_ = std::make_unique<PlaylistList>(component_, groupRoot_);
+}
+
+bool HelperMan::GenericQueue(std::int32_t mode) {
+  bool processed = false;
+  try {
+    Guarded([&] {
+      WriteLog(component_, u"Retrieving List of PlayLists Found");
+      const std::vector<String> paths = list_ ? list_->Consume() : std::vector<String>();
+      if (mode != kCollectMode) return;
+      for (std::size_t i = 0; i < paths.size(); ++i) {
+        if (ConvertOne(paths[i], i + 1, paths.size())) processed = true;
+      }
+      UpdateTotalFileSize();
+    });
+  } catch (const RunTimeError& failure) {
+    WriteLog(component_, u"HelperMan::Generic Queue->Error Thrown " + failure.Description());
+  }
+  return processed;
+}
+
+bool HelperMan::ConvertOne(const String& path, std::size_t position, std::size_t count) {
+  Observer& watcher = component_.Watcher();
+  watcher.OnPlaylistBegin(path, position, count);
+  PlayList playlist(component_);
+  const auto report = [&](PlaylistOutcome outcome, std::size_t kept = 0) {
+    watcher.OnPlaylistEnd(path, playlist.PlayListType(), outcome, kept, {});
+    return false;
+  };
+  if (const std::optional<std::int32_t> subtype = SniffedType(path)) {
+    if (*subtype == playlist_type::kUnknown) {
+      WriteLog(
+          component_,
+          u"NVERR_OPFAIL, HelperMan::GenericQueue, Invalid Playlist SubType for PlayList" + path);
+      return report(PlaylistOutcome::UnknownType);
+    }
+    playlist.SetPlayListType(*subtype);
+  }
+  if (!playlist.ReadPlayList(path)) {
+    WriteLog(component_,
+             u"NVERR_OPFAIL, HelperMan::GenericQueue, PlayList object could not be fully "
+             u"initiallized! Resuming next Playlist");
+    return report(PlaylistOutcome::Unreadable);
+  }
+  if (ToInt32(playlist.TotalSongs()) == 0) return report(PlaylistOutcome::Empty);
+  Write(playlist, path);
+  return true;
+}
+
+void HelperMan::Write(PlayList& playlist, const String& path) {
+  const String fileName(LastComponent(path));
+  const bool written = playlist.WriteGeneric(fileName);
+  // The recorded name is that of the generic file, which is no playlist: nothing is listed.
+  AddPlayList(norvo::PlayListToIni(fileName), playlist.PlayListType());
+  const String genericFile =
+      DataArea(groupRoot_) + norvo::PlayListToIni(ToText(playlist.PlayListName()));
+  component_.Watcher().OnPlaylistEnd(
+      path, playlist.PlayListType(),
+      written ? PlaylistOutcome::Written : PlaylistOutcome::NotWritten,
+      static_cast<std::size_t>(playlist.PlayListEntries()->TotalSongs()),
+      written ? StringView(genericFile) : StringView());
+}
+
+std::optional<std::int32_t> HelperMan::SniffedType(const String& path) {
+  const StringView extension = Utility::GetExtension(path);
+  if (IsM3uOrAsx(extension)) return ParseM3UHeader(path);
+  if (EqualsIgnoreCase(extension, u"pls")) return ParsePLSHeader(path);
+  return std::nullopt;
+}
+
+StringArray HelperMan::GetPLSList() {
+  try {
+    return Guarded([this] {
+      return std::make_shared<const std::vector<String>>(list_ ? list_->Consume()
+                                                               : std::vector<String>());
+    });
+  } catch (const RunTimeError& failure) {
+    WriteLog(component_, u"HelperMan::GetPLSList -> " + failure.Description());
+    return std::make_shared<const std::vector<String>>();
+  }
+}
+
+String HelperMan::PlayListToIni(const String& fileName) {
+  return norvo::PlayListToIni(fileName);
+}
+
+std::int32_t HelperMan::ParsePLSHeader(const String& path) {
+  return SniffPlsHeader(component_, path);
+}
+
+std::int32_t HelperMan::ParseM3UHeader(const String& path) {
+  return SniffM3uHeader(component_, path);
+}
+
+void HelperMan::AddPlayList(const String& path, std::optional<std::int32_t> subtype) {
+  try {
+    Guarded([&] {
+      const StringView extension = Utility::GetExtension(path);
+      const bool isAsx = EqualsIgnoreCase(extension, u"asx");
+      const bool isPls = EqualsIgnoreCase(extension, u"pls");
+      if (!isAsx && !isPls && !EqualsIgnoreCase(extension, u"m3u")) return;
+      std::int32_t type = playlist_type::kWmpAsx;
+      if (!isAsx) type = subtype ? *subtype : SniffedType(path).value();
+      const PlaylistType* const row = FindPlaylistType(type);
+      // A subtype that does not go with the extension is not recorded.
+      const bool fits = row != nullptr && (isAsx || (row->readAs == Syntax::Pls) == isPls) &&
+                        (isAsx || type != playlist_type::kWmpAsx);
+      if (fits && list_) list_->Record(path, type);
+    });
+  } catch (const RunTimeError& failure) {
+    WriteLog(component_, u"HelperMan::AddPlayList -> " + failure.Description());
+  }
+}
+
+bool HelperMan::GetAllPlaylists() {
+  try {
+    Guarded([this] {
+      if (!list_) throw RunTimeError(error::kObjectNotSet);
+      list_->Restart();
+      WriteLog(component_, u"Starting Drive Scan...");
+      ScanDrives();
+      list_->Save();
+    });
+    return true;
+  } catch (const RunTimeError& failure) {
+    WriteLog(component_,
+             u"HelperMan::GetAllPlayLists -> Exception Thrown: " + failure.Description());
+    return false;
+  }
+}
+
+void HelperMan::ScanDrives() {
+  // The last three characters of a name decide; the list then goes by the text behind the point.
+  constexpr StringView kEndings[] = {u"m3u", u"pls", u"asx"};
+  const auto add = [this](const String& path) { AddPlayList(path); };
+  if (DriveScanner* const scanner = component_.Machine().Scanner()) {
+    PlaylistVisitor visitor(component_, add);
+    scanner->Scan(kEndings, visitor);
+    return;
+  }
+  for (const Drive& drive : NVServices::GetPartitionList(component_)) {
+    if (drive.type != DriveType::Fixed) continue;
+    for (const String& path : SearchDrive(component_, drive.letter)) add(path);
+  }
+}
+
+bool HelperMan::UpdateTotalFileSize() {
+  try {
+    return Guarded([this] {
+      RegistryKey key(component_.Machine().Registry());
+      if (!groupKey_.empty() && key.Open(groupKey_)) {
+        key.Write(u"SubGroupSize", component_.MediaBytes());
+      }
+      return true;
+    });
+  } catch (const RunTimeError& failure) {
+    WriteLog(component_, u"HelperMan::UpdateTotalFileSize -> " + failure.Description());
+    return false;
+  }
+}
+
+String HelperMan::DataGrabber(const String&, const String&, const String&) {
+  return {};
+}
+
+const MemberTable& HelperMan::Interface() {
+  using H = HelperMan;
+  static const MemberTable table(
+      u"helperMan",
+      {
+          Method<&H::GenericQueue>(u"GenericQueue", {ByRef(u"Mode")}),
+          Method<&H::GetPLSList>(u"GetPLSList"),
+          Method<&H::PlayListToIni>(u"PlayListToIni", {In(u"FileName")}),
+          Method<&H::ParsePLSHeader>(u"ParsePLSHeader", {In(u"Path")}),
+          Method<&H::ParseM3UHeader>(u"ParseM3UHeader", {In(u"Path")}),
+          Method<&H::GetAllPlaylists>(u"GetAllPlaylists"),
+          Method<&H::UpdateTotalFileSize>(u"UpdateTotalFileSize"),
+          Method<&H::DataGrabber>(u"DataGrabber",
+                                  {ByRef(u"FileName"), ByRef(u"header"), ByRef(u"listKeys")}),
+      });
+  return table;
+}
+
+}  // namespace norvo

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "automation/MemberTable.h"
+#include "controller/PlaylistList.h"
+#include "playlist/PlayList.h"
+
+namespace norvo {
+
+/// The controller: finds the machine's playlists and converts them, one after the other. Its
+/// public operations never raise.
+class HelperMan final : public TableObject {
+ public:
+  explicit HelperMan(Component& component);
+
+  /// Mode 0 turns every listed playlist into a generic file, and consumes the list. True when at
+  /// least one playlist was processed. Every other mode consumes the list and does nothing else.
+  bool GenericQueue(std::int32_t mode);
+
+  /// The listed paths, which consumes the list: a second call finds none until the next scan.
+  StringArray GetPLSList();
+
+  /// See writers/GenericNaming.h.
+  String PlayListToIni(const String& fileName);
+
+  /// Types by a file's first lines; see controller/HeaderSniffer.h.
+  std::int32_t ParsePLSHeader(const String& path);
+  std::int32_t ParseM3UHeader(const String& path);
+
+  /// Scans the fixed drives for playlists and lists them anew; true when the scan ran to its end.
+  bool GetAllPlaylists();
+
+  /// Writes the media byte total under the group's registry key, when that key exists.
+  bool UpdateTotalFileSize();
+
+  /// Does nothing, leaves its arguments and answers with the empty text: intended.
+  String DataGrabber(const String& fileName, const String& header, const String& listKeys);
+
+  static const MemberTable& Interface();
+
+ protected:
+  const MemberTable& Table() const override { return Interface(); }
+
+ private:
+  void StartUp();
+  /// True when the playlist had entries, whatever became of its generic file.
+  bool ConvertOne(const String& path, std::size_t position, std::size_t count);
+  void Write(PlayList& playlist, const String& path);
+  /// Lists one playlist by its type, which is sniffed when it is not given.
+  void AddPlayList(const String& path, std::optional<std::int32_t> subtype = std::nullopt);
+  /// Nothing for a name that is no playlist's.
+  std::optional<std::int32_t> SniffedType(const String& path);
+  void ScanDrives();
+
+  Component& component_;
+  std::int32_t role_ = 0;
+  String groupRoot_;
+  String groupKey_;
+  std::unique_ptr<PlaylistList> list_;  // set once the start-up succeeded
+};
+
+}  // namespace norvo

@@ -1,0 +1,115 @@
+#include "controller/PlaylistList.h"
+
+#include <limits>
+
+#include "automation/Conversions.h"
+#include "automation/RunTimeError.h"
+#include "model/PlaylistTypes.h"
+#include "services/NVServices.h"
+#include "services/Utility.h"
+#include "text/Number.h"
+
+namespace norvo {
+namespace {
+
+constexpr StringView kFileName = u"PlayLists.txt";
+
+// The order of the list: type 6 before type 5, as intended.
+constexpr std::int32_t kListOrder[] = {playlist_type::kWmpAsx,    playlist_type::kWmpM3u,
+                                       playlist_type::kWinampM3u, playlist_type::kWinampPls,
+                                       playlist_type::kMmjbM3u,   playlist_type::kSoniquePls};
+
+// No disk holds so many playlists; a list that says so is damaged and shall not fill the memory.
+constexpr std::int32_t kMostListed = 10'000'000;
+
+String TotalKey(std::int32_t type) {
+  return String(FindPlaylistType(type)->name) + u" Total";
+}
+
+String FileKey(std::int32_t number) {
+  return u"File" + FormatInteger(number);
+}
+
+std::int32_t CheckedSum(const std::vector<std::int32_t>& totals) {
+  std::int64_t sum = 0;
+  for (const std::int32_t total : totals) {
+    sum += total;
+    if (sum > kMostListed || sum < 0) throw RunTimeError(error::kOverflow);
+  }
+  return static_cast<std::int32_t>(sum);
+}
+
+}  // namespace
+
+PlaylistList::PlaylistList(Component& component, StringView groupRoot)
+    : component_(component),
+      headerSection_(groupRoot),
+      folder_(DataArea(groupRoot)),
+      file_(component) {}
+
+String PlaylistList::PathOfFile() const {
+  if (folder_.empty()) throw RunTimeError(error::kPathNotFound);
+  return folder_ + String(kFileName);
+}
+
+void PlaylistList::Restart() {
+  const String path = PathOfFile();
+  file_.Abandon();
+  if (NVServices::DoesFileExist(component_, path)) {
+    Utility::DeleteFileForced(component_, path);
+  }
+  counters_.fill(0);
+  open_ = file_.CreateFile(path);
+}
+
+void PlaylistList::OpenIfClosed() {
+  if (!open_) open_ = file_.OpenFile(PathOfFile());
+}
+
+void PlaylistList::Record(StringView path, std::int32_t type) {
+  const PlaylistType* const row = FindPlaylistType(type);
+  if (row == nullptr) return;
+  OpenIfClosed();
+  const std::int32_t number = ++counters_[static_cast<std::size_t>(type)];
+  file_.SelectSection(headerSection_);
+  file_.WriteValue(TotalKey(type), FormatInteger(number));
+  file_.SelectSection(row->name);
+  file_.WriteValue(FileKey(number), path);
+}
+
+void PlaylistList::Save() {
+  open_ = false;
+  file_.Close();
+}
+
+std::vector<std::int32_t> PlaylistList::ReadTotals() {
+  std::vector<std::int32_t> totals;
+  for (const std::int32_t type : kListOrder) {
+    String total = u"0";
+    file_.ReadValue(TotalKey(type), total);
+    totals.push_back(Int32FromText(total));
+  }
+  return totals;
+}
+
+std::vector<String> PlaylistList::Consume() {
+  if (folder_.empty()) return {};
+  OpenIfClosed();
+  if (!file_.SelectSection(headerSection_)) return {};
+  const std::vector<std::int32_t> totals = ReadTotals();
+  std::vector<String> paths;
+  paths.reserve(static_cast<std::size_t>(CheckedSum(totals)));
+  for (std::size_t i = 0; i < totals.size(); ++i) {
+    file_.SelectSection(FindPlaylistType(kListOrder[i])->name);
+    for (std::int32_t number = 1; number <= totals[i]; ++number) {
+      file_.ReadValue(FileKey(number),
+                      paths.emplace_back());  // a missing key leaves its slot empty
+    }
+  }
+  file_.Abandon();
+  open_ = false;
+  Utility::DeleteFileForced(component_, PathOfFile());
+  return paths;
+}
+
+}  // namespace norvo

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <vector>
+
+#include "services/Component.h"
+#include "services/ProfileFile.h"
+
+namespace norvo {
+
+/// The list file "PlayLists.txt": a header section with the totals, and one section per playlist
+/// type with the full paths. Reading it consumes it.
+class PlaylistList {
+ public:
+  /// `groupRoot` also names the header section; without one there is no list file.
+  PlaylistList(Component& component, StringView groupRoot);
+
+  /// Deletes the file, also when it is read-only, and starts a new list. Error 76 without a group
+  /// root.
+  void Restart();
+  /// Records one playlist under its type's next number. Other codes are not recorded.
+  void Record(StringView path, std::int32_t type);
+  /// Writes the file, when anything was recorded.
+  void Save();
+
+  /// The listed paths by type (1, 2, 3, 4, 6, 5: type 6 comes before type 5), then deletes the
+  /// file. A file without the header section lists nothing and stays.
+  std::vector<String> Consume();
+
+ private:
+  std::vector<std::int32_t> ReadTotals();
+  String PathOfFile() const;
+  void OpenIfClosed();
+
+  Component& component_;
+  String headerSection_;
+  String folder_;
+  ProfileFile file_;
+  bool open_ = false;
+  std::array<std::int32_t, 7> counters_{};  // by type code
+};
+
+}  // namespace norvo

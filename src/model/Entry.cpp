@@ -1,0 +1,166 @@
+#include "model/Entry.h"
+
+#include "model/PlaylistTypes.h"
+#include "services/DataCop.h"
+#include "services/Logging.h"
+#include "services/NVServices.h"
+#include "tags/Mp3TagReader.h"
+#include "text/Number.h"
+
+namespace norvo {
+namespace {
+
+String Cleaned(const String& text) {
+  return String(NVServices::StripNull(text));
+}
+
+/// Replaces by length alone: a value of equal or smaller length never wins, however it reads.
+/// Lengths are those of the raw values, NULs included.
+void LongerWins(String& stored, const String& offered) {
+  if (stored.size() < offered.size()) stored = offered;
+}
+
+bool IsZeroOrNoNumber(StringView text) {
+  const std::optional<double> number = ParseNumber(text);
+  return !number || *number == 0;
+}
+
+}  // namespace
+
+String Entry::AlbumName() {
+  return Cleaned(albumName_);
+}
+String Entry::ArtistName() {
+  return Cleaned(artistName_);
+}
+String Entry::SongName() {
+  return Cleaned(songName_);
+}
+
+String Entry::FileName() {
+  if (!sourceUrl_.empty()) return fileName_;
+  WriteLog(component_, u"Must set the SourceURL property to obtain the File name ");
+  return {};
+}
+
+double Entry::FileSize() {
+  if (!sourceUrl_.empty()) return fileSize_;
+  WriteLog(component_, u"Must set the SourceURL property to obtain a size ");
+  return 0;
+}
+
+void Entry::SetPlayListName(const String& value) {
+  if (value.find(u'.') == String::npos) {
+    playListName_ = value;
+    return;
+  }
+  const StringView extension = EntryExtension(entryType_);
+  const std::size_t at = extension.empty() ? String::npos : FindIgnoreCase(value, extension);
+  if (at != String::npos) playListName_ = value.substr(0, at);
+}
+
+String Entry::SongTitle() {
+  if (!songTitle_.empty()) return songTitle_;
+  if (!songName_.empty() && !artistName_.empty()) songTitle_ = artistName_ + u" - " + songName_;
+  return {};  // also when a title was composed just now: the next call hands it out
+}
+
+void Entry::SetSongTitle(const String& value) {
+  if (songTitle_.empty()) songTitle_ = value;
+}
+
+bool Entry::HasLocalType() const {
+  return urlType_ == url_type::kFixedDrive || urlType_ == url_type::kDriveRoot;
+}
+
+void Entry::SetSourceURL(const String& value) {
+  sourceUrl_ = value;
+  if (!HasLocalType()) return;
+  const std::optional<FileFacts> facts = NVServices::FactsOfFile(component_, value);
+  if (facts) TakeFacts(*facts);
+}
+
+void Entry::SetSource(const String& address, const std::optional<FileFacts>& facts) {
+  sourceUrl_ = address;
+  if (HasLocalType() && facts) TakeFacts(*facts);
+}
+
+void Entry::TakeFacts(const FileFacts& facts) {
+  fileSize_ = facts.size;
+  fileName_ = facts.name;
+  const bool isAsx = entryType_ == playlist_type::kWmpAsx || entryType_ == playlist_type::kWmpM3u;
+  if (!isAsx) fileCreationDate_ = facts.created;
+}
+
+String Entry::DestinationPath() {
+  artistName_ = Cleaned(artistName_);
+  albumName_ = Cleaned(albumName_);
+  fileName_ = Cleaned(fileName_);
+  if (urlType_ >= url_type::kRemovable && urlType_ <= url_type::kInternet) {
+    return Cleaned(sourceUrl_);
+  }
+  if (fileName_.empty()) {
+    WriteLog(component_, u"The FileName Property has not been set");
+    return {};
+  }
+  String path =
+      DataCop::GetSubNamePath(component_, DataCop::DestinationSlot(artistName_, albumName_));
+  for (const String* const name : {&artistName_, &albumName_}) {
+    if (!name->empty()) path += *name + u"\\";
+  }
+  return path + fileName_;
+}
+
+bool Entry::GetID3TagInfo() {
+  if (sourceUrl_.empty()) return false;
+  Mp3TagReader reader(component_);
+  try {
+    reader.ReadFile(sourceUrl_);  // what was read before an error counts too
+  } catch (const RunTimeError&) {
+    // A failing step is skipped: the reader then simply has no tag.
+  }
+  if (reader.HasID3()) {
+    LongerWins(albumName_, reader.ID3Album());
+    LongerWins(artistName_, reader.ID3Artist());
+    if (IsZeroOrNoNumber(duration_)) duration_ = FormatInteger(reader.ID3Duration());
+    LongerWins(genre_, reader.ID3Genre());
+    LongerWins(songName_, reader.ID3SongName());
+    if (IsZeroOrNoNumber(trackNumber_)) trackNumber_ = FormatInteger(reader.ID3TrackNumber());
+    if (creationDate_.empty()) creationDate_ = reader.ID3Year();
+    return true;
+  }
+  if (!reader.HasTAG()) return false;
+  // This branch fills neither duration nor track nor creation date: intended. (Its year would go
+  // into the file's own date, but four characters of a year are no date.)
+  LongerWins(albumName_, reader.Album());
+  LongerWins(artistName_, reader.Artist());
+  LongerWins(genre_, reader.GenreString());
+  LongerWins(songName_, reader.SongName());
+  return true;
+}
+
+const MemberTable& Entry::Interface() {
+  static const MemberTable table(
+      u"Entry", {
+                    Property<&Entry::AlbumName, &Entry::SetAlbumName>(u"AlbumName"),
+                    Property<&Entry::ArtistName, &Entry::SetArtistName>(u"ArtistName"),
+                    Property<&Entry::SongName, &Entry::SetSongName>(u"SongName"),
+                    Property<&Entry::CreationDate, &Entry::SetCreationDate>(u"CreationDate"),
+                    Property<&Entry::Duration, &Entry::SetDuration>(u"Duration"),
+                    LetByReference(Property<&Entry::EntryType, &Entry::SetEntryType>(u"EntryType")),
+                    Property<&Entry::FileName, &Entry::SetFileName>(u"FileName"),
+                    ReadOnly<&Entry::FileSize>(u"FileSize"),
+                    Property<&Entry::Genre, &Entry::SetGenre>(u"Genre"),
+                    Property<&Entry::NativeFormat, &Entry::SetNativeFormat>(u"NativeFormat"),
+                    Property<&Entry::PlayListName, &Entry::SetPlayListName>(u"PlayListName"),
+                    Property<&Entry::SongTitle, &Entry::SetSongTitle>(u"SongTitle"),
+                    Property<&Entry::SourceURL, &Entry::SetSourceURL>(u"SourceURL"),
+                    Property<&Entry::Urltype, &Entry::SetUrltype>(u"Urltype"),
+                    Property<&Entry::TrackNumber, &Entry::SetTrackNumber>(u"TrackNumber"),
+                    Method<&Entry::DestinationPath>(u"DestinationPath"),
+                    Method<&Entry::GetID3TagInfo>(u"GetID3TagInfo"),
+                });
+  return table;
+}
+
+}  // namespace norvo

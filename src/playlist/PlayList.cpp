@@ -1,0 +1,94 @@
+#include "playlist/PlayList.h"
+
+#include "readers/AsxReader.h"
+#include "readers/M3uReader.h"
+#include "readers/PlsReader.h"
+#include "services/Logging.h"
+#include "services/NVServices.h"
+#include "text/WindowsPath.h"
+#include "writers/GenericWriter.h"
+
+namespace norvo {
+
+bool PlayList::ReadPlayList(const String& path) {
+  const std::optional<FileFacts> facts = NVServices::FactsOfFile(component_, path);
+  if (!facts) return false;
+  FileSystem& files = component_.Files();
+  record_.creationTime = DateText(files.LocalDate(facts->created));
+  record_.originalFileName = facts->name;
+  const String fullPath = files.AbsolutePathName(path);
+  record_.SetName(record_.originalFileName, NameOrigin::Host);
+  const PlaylistType* const type = FindPlaylistType(record_.type);
+  if (type == nullptr) return true;  // an unknown type is no error of the read: intended
+  const bool read = ReadAs(type->readAs, ParentFolder(fullPath));
+  if (!read) WriteLog(component_, type->failureText);
+  KeepRegistrations();
+  return read;
+}
+
+bool PlayList::ReadAs(Syntax syntax, StringView folder) {
+  const String fileName = record_.originalFileName;
+  switch (syntax) {
+    case Syntax::Asx:
+      return ReadASX(component_, record_, fileName, folder);
+    case Syntax::M3u:
+      return ReadM3U(component_, record_, fileName, folder);
+    case Syntax::BareM3u:
+      return ReadMMJB(component_, record_, fileName, folder);
+    case Syntax::Pls:
+      return ReadPLS(component_, record_, fileName, folder);
+  }
+  return false;
+}
+
+/// Makes durable what the read has registered; the list keeps what cannot be written for later.
+void PlayList::KeepRegistrations() {
+  bool kept = false;
+  try {
+    kept = Guarded([this] { return component_.Machine().Migration().Flush(); });
+  } catch (const RunTimeError&) {
+    kept = false;
+  }
+  if (!kept) {
+    WriteLog(component_,
+             u"NVERR_OPFAIL, PLAYLIST::ReadPlayList, The media list could not be written");
+  }
+}
+
+bool PlayList::WriteGeneric(const String& fileName) {
+  return norvo::WriteGeneric(component_, record_, fileName);
+}
+
+void PlayList::SetPlayListName(const Variant& value) {
+  record_.SetName(ToText(value), NameOrigin::Host);
+}
+
+void PlayList::SetOriginalFileName(const String& value) {
+  if (record_.originalFileName.empty()) record_.originalFileName = value;
+}
+
+const MemberTable& PlayList::Interface() {
+  using P = PlayList;
+  static const MemberTable table(
+      u"PlayList",
+      {
+          Method<&P::ReadPlayList>(u"ReadPlayList", {ByRef(u"PlayListPath")}),
+          Method<&P::WriteGeneric>(u"WriteGeneric", {ByRef(u"FileName")}),
+          ReadOnly<&P::PlayListEntries>(u"PlayListEntries"),
+          Property<&P::CreationTime, &P::SetCreationTime>(u"CreationTime"),
+          Property<&P::PlayListName, &P::SetPlayListName>(u"PlayListName"),
+          Property<&P::PlayListType, &P::SetPlayListType>(u"PlayListType"),
+          Property<&P::OriginalFileName, &P::SetOriginalFileName>(u"OriginalFileName"),
+          Property<&P::TotalSongs, &P::SetTotalSongs>(u"TotalSongs"),
+          Property<&P::AllowShuffle, &P::SetAllowShuffle>(u"ASX_AllowShuffle"),
+          Property<&P::Artist, &P::SetArtist>(u"ASX_Artist"),
+          Property<&P::Album, &P::SetAlbum>(u"ASX_Album"),
+          Property<&P::Author, &P::SetAuthor>(u"ASX_Author"),
+          Property<&P::Title, &P::SetTitle>(u"ASX_Title"),
+          Property<&P::Version, &P::SetVersion>(u"ASX_Version"),
+          Property<&P::PlayListAttribute, &P::SetPlayListAttribute>(u"ASX_PlayListAttribute"),
+      });
+  return table;
+}
+
+}  // namespace norvo

@@ -1,0 +1,93 @@
+#include "readers/AsxLine.h"
+
+#include <algorithm>
+#include <span>
+
+#include "services/DataCop.h"
+
+namespace norvo {
+namespace {
+
+struct PatternRow {
+  StringView mark;  // the pattern is this text anywhere in the line
+  AsxLine kind;
+};
+
+// In the order of trial.
+constexpr PatternRow kInsideEntry[] = {
+    {u"<Param Name", AsxLine::Param},    {u"<Abstract", AsxLine::Abstract},
+    {u"<Ref Href", AsxLine::Ref},        {u"<Duration", AsxLine::Duration},
+    {u"<Author", AsxLine::Author},       {u"<Title", AsxLine::Title},
+    {u"<Copyright", AsxLine::Copyright}, {u"</Entry>", AsxLine::EntryEnd},
+};
+constexpr PatternRow kOutsideEntry[] = {
+    {u"<Entry>", AsxLine::EntryStart},      {u"<Param name", AsxLine::Param},
+    {u"</Entry>", AsxLine::EntryEnd},       {u"<Banner", AsxLine::Banner},
+    {u"<Asx Version", AsxLine::AsxVersion}, {u"<Title", AsxLine::Title},
+    {u"<Author", AsxLine::Author},          {u"</Asx>", AsxLine::AsxEnd},
+};
+
+bool Holds(StringView line, StringView mark) {
+  return FindIgnoreCase(line, mark) != StringView::npos;
+}
+
+AsxLine KindOf(StringView line, std::span<const PatternRow> rows) {
+  // Every pattern begins with this; most lines of other files lack it.
+  if (line.find(u'<') == StringView::npos) return AsxLine::Other;
+  const auto row = std::find_if(rows.begin(), rows.end(), [line](const PatternRow& candidate) {
+    return Holds(line, candidate.mark);
+  });
+  return row == rows.end() ? AsxLine::Other : row->kind;
+}
+
+String ElementName(StringView line) {
+  const bool hasAttributes = line.find(u'=') != StringView::npos;
+  return DataCop::Between(line, u"<", hasAttributes ? u" " : u">");
+}
+
+struct ElementRow {
+  StringView name;
+  StringView attribute;  // empty: the element's text
+};
+
+constexpr ElementRow kElements[] = {
+    {u"Abstract", {}},    {u"Author", {}},      {u"Copyright", {}},
+    {u"Title", {}},       {u"Asx", u"Version"}, {u"Duration", u"value"},
+    {u"Banner", u"href"}, {u"Ref", u"href"},    {u"MoreInfo", u"href"},
+};
+
+}  // namespace
+
+AsxLine KindInsideEntry(StringView line) {
+  return KindOf(line, kInsideEntry);
+}
+AsxLine KindOutsideEntry(StringView line) {
+  return KindOf(line, kOutsideEntry);
+}
+bool HoldsBannerEnd(StringView line) {
+  return Holds(line, u"</Banner>");
+}
+bool IsBannerEnd(StringView line) {
+  return EqualsIgnoreCase(line, u"</Banner>");
+}
+
+String AttributeValue(StringView line, StringView attribute) {
+  const std::size_t at = FindIgnoreCase(line, attribute);
+  if (at == StringView::npos) return {};
+  return DataCop::Between(line.substr(at + attribute.size()), u"\"", u"\"");
+}
+
+String ElementText(StringView line) {
+  return DataCop::Between(line, u">", u"<");
+}
+
+String ElementValue(StringView line) {
+  const String name = ElementName(line);
+  for (const ElementRow& row : kElements) {
+    if (!EqualsIgnoreCase(row.name, name)) continue;
+    return row.attribute.empty() ? ElementText(line) : AttributeValue(line, row.attribute);
+  }
+  return {};
+}
+
+}  // namespace norvo

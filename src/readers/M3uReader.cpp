@@ -1,0 +1,110 @@
+#include "readers/M3uReader.h"
+
+#include "automation/RunTimeError.h"
+#include "readers/ItemResolver.h"
+#include "readers/TextLines.h"
+#include "services/Logging.h"
+#include "services/NVServices.h"
+#include "services/Utility.h"
+
+namespace norvo {
+namespace {
+
+constexpr ResolverMessages kM3uMessages = {
+    u"NVERR_FILE_NOT_FOUND, PLAYLIST::ReadM3U, File Not Found: ",
+    u"NVERR_INVALID_ARG, PLAYLIST::ReadM3U, Invalid Argument or Bad Data: "};
+constexpr ResolverMessages kMmjbMessages = {
+    u"NVERR_FILE_NOT_FOUND, PLAYLIST::ReadMMJB, File Not Found: ",
+    u"NVERR_INVALID_ARG, PLAYLIST::ReadMMJB, Invalid Argument or Bad Data: "};
+
+bool Holds(StringView line, StringView word) {
+  return FindIgnoreCase(line, word) != StringView::npos;
+}
+
+std::shared_ptr<M3UEntry> NewEntry(Component& component, const PlaylistRecord& playlist) {
+  auto entry = std::make_shared<M3UEntry>(component);
+  entry->SetEntryType(playlist.type);
+  entry->SetPlayListName(playlist.name);
+  return entry;
+}
+
+bool ResolveM3u(Component& component, PlaylistRecord& playlist, TextStream& stream, String folder) {
+  // An empty file has no lines to walk and fails.
+  const String text = stream.ReadAll();
+  stream.Close();
+  bool complete = true;
+  const std::vector<M3uItem> items = SplitM3u(SplitLines(text), complete);
+  ItemResolver resolver(component, playlist, std::move(folder), kM3uMessages);
+  for (const M3uItem& item : items) {
+    // The two labels differ on purpose.
+    resolver.Resolve(NewEntry(component, playlist), item.reference, item.info,
+                     item.extended ? kMediaLabel : kMusicLabel);
+  }
+  return complete;
+}
+
+bool ResolveMmjb(Component& component, PlaylistRecord& playlist, TextStream& stream,
+                 String folder) {
+  ItemResolver resolver(component, playlist, std::move(folder), kMmjbMessages);
+  while (!stream.AtEnd()) {
+    const String line = stream.ReadLine();
+    resolver.Resolve(NewEntry(component, playlist), NVServices::StripNull(line), {}, kMusicLabel);
+  }
+  return true;
+}
+
+using Resolve = bool (*)(Component&, PlaylistRecord&, TextStream&, String);
+
+bool ReadWith(Resolve resolve, StringView openFailure, Component& component,
+              PlaylistRecord& playlist, StringView fileName, StringView folderPath) {
+  playlist.entries->SetCollectionType(playlist.type);
+  const String folder = Utility::AddBackslash(folderPath);
+  const std::unique_ptr<TextStream> stream =
+      DataCop::OpenTextStream(component, folder + String(fileName));
+  if (!stream) {
+    WriteLog(component, openFailure);
+    return false;
+  }
+  try {
+    return Guarded([&] { return resolve(component, playlist, *stream, folder); });
+  } catch (const RunTimeError&) {
+    return false;  // the entries added so far stay
+  }
+}
+
+}  // namespace
+
+std::vector<M3uItem> SplitM3u(const std::vector<StringView>& lines, bool& complete) {
+  std::vector<M3uItem> items;
+  complete = !ExceedsLineLimit(lines);
+  const std::size_t reachable = ReachableLines(lines);
+  for (std::size_t i = 0; i < reachable; ++i) {
+    if (lines[i].empty()) continue;
+    const StringView line = NVServices::StripNull(lines[i]);
+    if (Holds(line, u"EXTM3U")) continue;
+    if (!Holds(line, u"EXTINF")) {
+      items.push_back({line, {}, false});
+    } else if (i + 1 < reachable) {
+      items.push_back({NVServices::StripNull(lines[++i]), line, true});
+    } else {
+      complete = false;  // the reference that should follow does not exist
+    }
+  }
+  return items;
+}
+
+bool ReadM3U(Component& component, PlaylistRecord& playlist, StringView fileName,
+             StringView folder) {
+  return ReadWith(ResolveM3u,
+                  u"NVERR_OPFAIL, PLAYLIST::ReadM3U, Failed to recieve the TextStream reference!",
+                  component, playlist, fileName, folder);
+}
+
+bool ReadMMJB(Component& component, PlaylistRecord& playlist, StringView fileName,
+              StringView folder) {
+  return ReadWith(ResolveMmjb,
+                  u"NVERR_OPFAIL, PLAYLIST::ReadMMJB, Failed to recieve the TextStream reference!",
+                  component, playlist, fileName, folder);
+}
+
+}  // namespace norvo

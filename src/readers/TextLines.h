@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "text/Text.h"
+
+namespace norvo {
+
+/// The lines of a playlist's text, split at every CR LF pair and nothing else. The text must
+/// outlive them.
+std::vector<StringView> SplitLines(StringView text);
+
+/// Lines are counted with a 16-bit index: what stands behind this many is not read, and the read
+/// fails there. The empty piece behind a last line end is no line.
+inline constexpr std::size_t kMostLines = 32767;
+
+/// How many of the lines a walk visits before it ends or fails.
+std::size_t ReachableLines(const std::vector<StringView>& lines);
+bool ExceedsLineLimit(const std::vector<StringView>& lines);
+
+}  // namespace norvo

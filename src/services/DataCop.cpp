@@ -1,0 +1,236 @@
+#include "services/DataCop.h"
+
+#include <algorithm>
+
+#include "automation/Conversions.h"
+#include "automation/RunTimeError.h"
+#include "services/NVServices.h"
+#include "services/ProfileFile.h"
+#include "services/Utility.h"
+#include "text/Wildcard.h"
+#include "text/WindowsPath.h"
+
+namespace norvo::DataCop {
+namespace {
+
+struct PatternRow {
+  StringView pattern;
+  std::int32_t type;
+};
+
+// In the order of trial; the first that matches decides. The fifth, with its bracket closed early,
+// is meant as it stands.
+constexpr PatternRow kPatterns[] = {
+    {u"\\\\*", url_type::kShare},           {u"http://*", url_type::kInternet},
+    {u"ftp://*", url_type::kInternet},      {u"mms://*", url_type::kInternet},
+    {u"\\[A-Z.#]*", url_type::kDriveRoot},  {u".*\\[A-Z.#]*", url_type::kDotted},
+    {u".\\[A-Z].#]*", url_type::kRelative}, {u"[A-Z#]*\\*", url_type::kRelative},
+    {u"*[!\\]*", url_type::kBareName},      {u"*", url_type::kUnusable},
+};
+
+// Looked for anywhere in the path, so that a folder "x.as" makes all below it media: intended.
+constexpr StringView kMediaMarks[] = {u".mp3", u".asx", u".wav",  u".cda", u".asf",
+                                      u".as",  u".aif", u".aiff", u".wma"};
+
+std::int32_t TypeByDrive(DriveType drive) {
+  switch (drive) {
+    case DriveType::Removable:
+    case DriveType::CdRom:
+      return url_type::kRemovable;
+    case DriveType::Fixed:
+      return url_type::kFixedDrive;
+    case DriveType::Network:
+      return url_type::kNetworkDrive;
+    case DriveType::RamDisk:
+      return url_type::kRamDisk;
+    case DriveType::Unknown:
+      break;
+  }
+  return url_type::kUnusable;
+}
+
+std::int32_t TypeByPattern(StringView reference) {
+  const auto* const row =
+      std::find_if(std::begin(kPatterns), std::end(kPatterns), [&](const PatternRow& candidate) {
+        return Matches(reference, candidate.pattern, Compare::Text);
+      });
+  // Only the empty text matches none of the rows before the last.
+  return row == std::end(kPatterns) ? url_type::kUnusable : row->type;
+}
+
+/// Drive letters A and B are left out on purpose: such references fall through to the patterns.
+bool NamesDrive(StringView reference) {
+  return Matches(reference, u"[C-Zc-z]:\\*", Compare::Binary);
+}
+
+bool IsMedia(StringView path) {
+  for (std::size_t point = path.find(u'.'); point != StringView::npos;
+       point = path.find(u'.', point + 1)) {
+    const StringView rest = path.substr(point);
+    for (const StringView mark : kMediaMarks) {
+      if (EqualsIgnoreCase(rest.substr(0, mark.size()), mark)) return true;
+    }
+  }
+  return false;
+}
+
+/// The kind of a reference, and its facts where the resolution had to look at the file.
+struct Classification {
+  std::int32_t type = url_type::kFixedDrive;
+  std::optional<FileFacts> facts;
+};
+
+void Resolve(Component& component, String& reference, StringView folder, Classification& result) {
+  if (result.type == url_type::kDriveRoot) {
+    String onDrive = String(DriveName(folder)) + reference;
+    result.facts = NVServices::FactsOfFile(component, onDrive);
+    if (result.facts) reference = std::move(onDrive);
+  } else if (result.type >= url_type::kDotted && result.type <= url_type::kBareName) {
+    reference = component.Files().AbsolutePathName(String(folder) + reference);
+  }
+}
+
+Classification Classify(Component& component, String& reference, StringView baseFolder) {
+  Classification result;
+  const bool slashed = !baseFolder.empty() && baseFolder.back() == u'\\';
+  const String folder = slashed ? String() : Utility::AddBackslash(baseFolder);
+  try {
+    if (NamesDrive(reference)) {
+      result.type = TypeByDrive(component.Files().TypeOfDrive(reference));
+    } else {
+      result.type = TypeByPattern(reference);
+      Resolve(component, reference, slashed ? baseFolder : StringView(folder), result);
+    }
+  } catch (const RunTimeError&) {
+    // The result so far stands; the readers report with their own messages.
+  }
+  return result;
+}
+
+String Reversed(StringView text) {
+  return String(text.rbegin(), text.rend());
+}
+
+/// The entry's name of one kind: the extended one of an ASX entry goes before the plain one.
+String CleanName(AutomationObject& entry, bool isAsx, StringView plain, StringView extended) {
+  if (isAsx) {
+    const String name = ToText(entry.Get(extended));
+    if (!name.empty()) return String(NVServices::StripNull(name));
+  }
+  return String(NVServices::StripNull(ToText(entry.Get(plain))));
+}
+
+}  // namespace
+
+std::int32_t GetURLType(Component& component, String& reference, StringView baseFolder) {
+  return Classify(component, reference, baseFolder).type;
+}
+
+Status GetGenValue(Component& component, String& reference, StringView baseFolder,
+                   std::int32_t& type, std::optional<FileFacts>* facts) {
+  if (reference.empty()) return Status::Empty;
+  Classification found = Classify(component, reference, baseFolder);
+  type = found.type;
+  if (type == url_type::kUnusable) return Status::FileNotFound;
+  if (type >= url_type::kRemovable) return Status::Accepted;
+  if (!found.facts) found.facts = NVServices::FactsOfFile(component, reference);
+  if (!found.facts) {
+    type = url_type::kUnusable;
+    return Status::FileNotFound;
+  }
+  component.MediaBytes() += found.facts->size;  // files that are no media count too, and repeats
+  if (facts != nullptr) *facts = std::move(found.facts);
+  return IsMedia(reference) ? Status::Ok : Status::NotMedia;
+}
+
+String Between(StringView text, StringView open, StringView close, bool fromTheRight) {
+  if (fromTheRight) return Reversed(Between(Reversed(text), open, close));
+  const std::size_t start = FindIgnoreCase(text, open);
+  if (start == StringView::npos) return {};
+  const StringView rest = text.substr(start + open.size());
+  return String(Trim(rest.substr(0, FindIgnoreCase(rest, close))));
+}
+
+String GetGroupRoot(Component& component) {
+  if (!component.SubNames().loaded) LoadSubNames(component);
+  String root;
+  NVServices::GetSubGroupRoot(component, kGroup, root);
+  return root.empty() ? root : Utility::AddBackslash(root);
+}
+
+bool LoadSubNames(Component& component) {
+  // The last two keys differ in case from the others; the service does not mind.
+  constexpr StringView kKeys[] = {u"SzID001", u"SzID002", u"SzID003",
+                                  u"SzID004", u"szID005", u"szID006"};
+  String root;
+  NVServices::GetSubGroupRoot(component, kGroup, root);
+  ProfileFile file(component);
+  if (root.empty() || !file.OpenFile(Utility::AddBackslash(root) + u"SubNames.txt") ||
+      !file.Exists()) {
+    return false;
+  }
+  SubNameTable& table = component.SubNames();
+  file.SelectSection(u"PlayListStrings");
+  for (std::size_t slot = 0; slot < table.names.size(); ++slot) {
+    table.names[slot].clear();
+    file.ReadValue(kKeys[slot], table.names[slot]);
+  }
+  table.loaded = true;
+  return true;
+}
+
+String GetSubNamePath(Component& component, int slot) {
+  const String root = GetGroupRoot(component);
+  if (root.empty()) return {};
+  const String& name = component.SubNames().names.at(static_cast<std::size_t>(slot - 1));
+  return Utility::AddBackslash(root + name);
+}
+
+DestinationFolders LoadDestinationFolders(Component& component) {
+  DestinationFolders folders;
+  for (int slot = 1; slot <= 4; ++slot) {
+    folders[static_cast<std::size_t>(slot - 1)] = GetSubNamePath(component, slot);
+  }
+  return folders;
+}
+
+int DestinationSlot(StringView artist, StringView album) {
+  if (!artist.empty()) return album.empty() ? 2 : 1;
+  return album.empty() ? 4 : 3;
+}
+
+String GetEntrySubFolder(AutomationObject& entry, const DestinationFolders& folders) {
+  const bool isAsx = entry.ClassName() == u"AsxEntry";
+  const String artist = CleanName(entry, isAsx, u"Entry_ArtistName", u"ASX_Artist");
+  const String album = CleanName(entry, isAsx, u"Entry_AlbumName", u"ASX_Album");
+  String path = folders.at(static_cast<std::size_t>(DestinationSlot(artist, album) - 1));
+  for (const String& name : {artist, album}) {
+    if (!name.empty()) path += name + u"\\";
+  }
+  return path;
+}
+
+bool RegisterMedia(Component& component, StringView label, StringView subFolder,
+                   StringView sourceFolder, StringView fileName) {
+  String root;
+  NVServices::GetSubGroupRoot(component, kGroup, root);
+  MigrationList& list = component.Machine().Migration();
+  if (!list.EnsureGroup(kGroup, root)) return false;
+  MediaRecord record;
+  record.source.reserve(sourceFolder.size() + fileName.size());
+  record.source.append(sourceFolder).append(fileName);
+  record.destination = u"GET_SHELL_FOLDER,5,";
+  record.destination.append(label).append(u",").append(subFolder);
+  record.category = label;
+  return list.Add(record);
+}
+
+std::unique_ptr<TextStream> OpenTextStream(Component& component, StringView path) {
+  try {
+    return std::make_unique<TextStream>(component.Files(), path, component.Machine().AnsiPage());
+  } catch (const RunTimeError&) {
+    return nullptr;
+  }
+}
+
+}  // namespace norvo::DataCop

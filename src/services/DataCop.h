@@ -1,0 +1,88 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+
+#include "automation/AutomationObject.h"
+#include "services/Component.h"
+#include "services/TextStream.h"
+#include "text/Text.h"
+
+namespace norvo {
+
+/// Kinds of references found in playlists.
+namespace url_type {
+inline constexpr std::int32_t kFixedDrive = 0;
+inline constexpr std::int32_t kDriveRoot = 1;  ///< starts with a backslash
+inline constexpr std::int32_t kDotted = 2;     ///< starts with a point, holds a backslash
+inline constexpr std::int32_t kRelative = 3;   ///< other relative path with a backslash
+inline constexpr std::int32_t kBareName = 4;
+inline constexpr std::int32_t kRamDisk = 5;
+inline constexpr std::int32_t kRemovable = 6;  ///< removable drive or CD-ROM
+inline constexpr std::int32_t kNetworkDrive = 7;
+inline constexpr std::int32_t kShare = 8;
+inline constexpr std::int32_t kInternet = 9;
+inline constexpr std::int32_t kUnusable = 10;
+}  // namespace url_type
+
+/// Judges the references found in playlists and supplies the destination folders of a migration.
+namespace DataCop {
+
+inline constexpr StringView kGroup = u"KVMediaPlayLists";
+
+enum class Status : std::uint32_t {
+  Ok = 0,                     ///< local file that exists and is a media file
+  FileNotFound = 0x800407DB,  ///< or a reference of type 10
+  Accepted = 0x800407E0,      ///< types 6 to 9, taken without checks
+  NotMedia = 0x800407DF,      ///< the file exists but its path names no media
+  Empty = 0x80041389
+};
+
+/// Classifies and checks one reference against the playlist's folder. The reference may be
+/// rewritten (a relative one in full); `type` stays as it was for an empty one. The size of each
+/// existing local file goes into the component's total. `facts`, when given, receives the file's
+/// facts from the same look-up. An error of the file system ends it with the result so far.
+Status GetGenValue(Component& component, String& reference, StringView baseFolder,
+                   std::int32_t& type, std::optional<FileFacts>* facts = nullptr);
+
+/// Kind of a reference, which is rewritten in full for the types 1 to 4.
+std::int32_t GetURLType(Component& component, String& reference, StringView baseFolder);
+
+/// The text between the first `open` and the next `close` behind it, case ignored, trimmed; the
+/// rest of the text when `close` is missing, the empty text when `open` is. From the right, the
+/// same search runs on the reversed text and its result is reversed back.
+String Between(StringView text, StringView open, StringView close, bool fromTheRight = false);
+
+/// The group root with a trailing backslash, empty when none is configured. Loads the sub-name
+/// table when it is not loaded yet.
+String GetGroupRoot(Component& component);
+
+/// Reads "SubNames.txt" in the group root's folder; true when it could be opened.
+bool LoadSubNames(Component& component);
+
+/// Group root + sub-name + backslash; empty without a group root. Slots: 1 artist and album,
+/// 2 artist only, 3 album only, 4 neither, 5 the playlists' own root.
+String GetSubNamePath(Component& component, int slot);
+
+/// The sub-name paths of slots 1 to 4, at 0 to 3, looked up once for many entries.
+using DestinationFolders = std::array<String, 4>;
+DestinationFolders LoadDestinationFolders(Component& component);
+
+/// Which of slots 1 to 4 an item with these names belongs to.
+int DestinationSlot(StringView artist, StringView album);
+
+/// Sub-folder of an entry by its artist and album, with a trailing backslash. The entry's fields
+/// are read by name.
+String GetEntrySubFolder(AutomationObject& entry, const DestinationFolders& folders);
+
+/// Hands one media file to the migration list; true when it was accepted. `sourceFolder` ends in a
+/// backslash; an empty `fileName` registers the folder.
+bool RegisterMedia(Component& component, StringView label, StringView subFolder,
+                   StringView sourceFolder, StringView fileName);
+
+/// Opens a file as text; null when it cannot be got or opened.
+std::unique_ptr<TextStream> OpenTextStream(Component& component, StringView path);
+
+}  // namespace DataCop
+}  // namespace norvo

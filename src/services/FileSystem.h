@@ -1,0 +1,98 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "automation/Variant.h"
+#include "text/Text.h"
+
+namespace norvo {
+
+/// Seconds since 1 January 1970, UTC.
+using FileTime = std::int64_t;
+
+/// What one look-up tells about an existing file.
+struct FileFacts {
+  String name;           ///< the file's own name as the disk spells it, without its folder
+  double size = 0;       ///< bytes
+  FileTime created = 0;  ///< creation; never later than the last write
+};
+
+/// Codes of the file system service.
+enum class DriveType { Unknown = 0, Removable = 1, Fixed = 2, Network = 3, CdRom = 4, RamDisk = 5 };
+
+struct Drive {
+  char16_t letter = u'C';  ///< upper case
+  DriveType type = DriveType::Unknown;
+};
+
+struct FolderItem {
+  String name;
+  bool isFolder = false;
+};
+
+/// An open file, read at any place. Closed when it is destroyed.
+class BinaryFile {
+ public:
+  virtual ~BinaryFile() = default;
+  /// Reads up to `buffer.size()` bytes from a 0-based offset; fewer only at the file's end.
+  /// Raises error 57 when the disk fails.
+  virtual std::size_t ReadAt(std::uint64_t offset, std::span<char> buffer) = 0;
+  virtual std::uint64_t Size() = 0;
+};
+
+/// An open file that grows at its end. Closed when it is destroyed.
+class AppendFile {
+ public:
+  virtual ~AppendFile() = default;
+  /// All bytes in one write, so that lines of two writers do not mix. Raises error 61 on a full
+  /// disk and 57 when the disk fails.
+  virtual void Append(std::string_view bytes) = 0;
+};
+
+/// The disk. Paths are Windows paths; both separators do, case does not matter. Questions answer
+/// false or nothing for what does not exist; operations raise a run-time error (53 file not found,
+/// 70 permission denied, 75 path/file access, 76 path not found, 61 disk full, 57 device).
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+
+  virtual bool FolderExists(StringView path) = 0;
+  /// Facts of the file at the path; nothing when there is no file (a folder is none).
+  virtual std::optional<FileFacts> FactsOf(StringView path) = 0;
+  bool FileExists(StringView path) { return FactsOf(path).has_value(); }
+
+  /// Creates one folder; its parent must exist.
+  virtual void CreateFolder(StringView path) = 0;
+  /// Deletes a file, with `force` also one that is read-only.
+  virtual void DeleteFile(StringView path, bool force) = 0;
+
+  virtual std::unique_ptr<BinaryFile> OpenForReading(StringView path) = 0;
+  virtual std::unique_ptr<AppendFile> OpenForAppending(StringView path, bool create) = 0;
+
+  /// Names in a folder: all sub-folders, and the files whose last characters are one of `endings`
+  /// without regard to case (all files when there are none). In no particular order.
+  virtual std::vector<FolderItem> ListFolder(StringView path,
+                                             std::span<const StringView> endings) = 0;
+
+  /// The path in full, as text/WindowsPath.h gives it, from the machine's current drive.
+  virtual String AbsolutePathName(StringView path) = 0;
+  /// Type of the drive of a path ("C:" or longer); Unknown for a drive that the machine lacks.
+  virtual DriveType TypeOfDrive(StringView path) = 0;
+  /// In letter order.
+  virtual std::vector<Drive> Drives() = 0;
+
+  /// Version text of a program file; empty when it carries none.
+  virtual String FileVersion(StringView path) = 0;
+  /// Folder of the system's own program libraries, with a trailing backslash.
+  virtual String SystemFolder() = 0;
+
+  /// The same moment in the machine's local time.
+  virtual Date LocalDate(FileTime time) = 0;
+};
+
+}  // namespace norvo

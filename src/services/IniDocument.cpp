@@ -1,0 +1,147 @@
+#include "services/IniDocument.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace norvo {
+namespace {
+
+// Up to this many lines a search costs less than an index.
+constexpr std::size_t kSearchedLines = 32;
+
+StringView TrimBlanksAndTabs(StringView text) {
+  const auto isBlank = [](char16_t unit) { return unit == u' ' || unit == u'\t'; };
+  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+StringView WithoutLineEnd(StringView value) {
+  if (value.ends_with(u'\n')) value.remove_suffix(1);
+  if (value.ends_with(u'\r')) value.remove_suffix(1);
+  return value;
+}
+
+/// Every line end within becomes one blank.
+String OnOneLine(StringView value) {
+  String line;
+  line.reserve(value.size());
+  for (std::size_t i = 0; i < value.size(); ++i) {
+    if (value[i] == u'\r' && i + 1 < value.size() && value[i + 1] == u'\n') continue;
+    const bool lineEnd = value[i] == u'\r' || value[i] == u'\n';
+    line.push_back(lineEnd ? u' ' : value[i]);
+  }
+  return line;
+}
+
+void AppendLine(String& text, StringView line) {
+  text += line;
+  text += u"\r\n";
+}
+
+}  // namespace
+
+IniDocument::IniDocument(StringView text) {
+  std::size_t section = kNone;
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t end = std::min(text.find_first_of(u"\r\n", at), text.size());
+    AddLine(section, text.substr(at, end - at));
+    const bool pair = text.substr(end, 2) == u"\r\n";
+    at = end + (pair ? 2 : 1);
+  }
+}
+
+void IniDocument::AddLine(std::size_t& section, StringView line) {
+  const StringView content = TrimBlanksAndTabs(line);
+  const std::size_t close = content.rfind(u']');
+  if (content.starts_with(u'[') && close != StringView::npos) {
+    section = FindOrAddSection(content.substr(1, close - 1));
+    return;
+  }
+  std::vector<Line>& lines = section == kNone ? preamble_ : sections_[section].lines;
+  const std::size_t equals = content.find(u'=');
+  if (content.starts_with(u';') || equals == StringView::npos || equals == 0) {
+    lines.push_back({{}, String(line), false});
+    return;
+  }
+  lines.push_back({String(TrimBlanksAndTabs(content.substr(0, equals))),
+                   String(TrimBlanksAndTabs(content.substr(equals + 1))), true});
+}
+
+std::size_t IniDocument::FindSection(StringView name) const {
+  const auto found = byName_.find(TrimBlanksAndTabs(name));
+  return found == byName_.end() ? kNone : found->second;
+}
+
+std::size_t IniDocument::FindOrAddSection(StringView name) {
+  name = TrimBlanksAndTabs(name);
+  const std::size_t found = FindSection(name);
+  if (found != kNone) return found;
+  sections_.push_back({String(name), {}, {}, 0});
+  byName_.emplace(String(name), sections_.size() - 1);
+  return sections_.size() - 1;
+}
+
+const IniDocument::Line* IniDocument::FindKey(const Section& section, StringView key) const {
+  if (section.lines.size() <= kSearchedLines) {
+    for (const Line& line : section.lines) {
+      if (line.isKey && EqualsIgnoreCase(line.key, key)) return &line;
+    }
+    return nullptr;
+  }
+  for (; section.indexed < section.lines.size(); ++section.indexed) {
+    const Line& line = section.lines[section.indexed];
+    if (line.isKey) section.byKey.emplace(line.key, section.indexed);
+  }
+  const auto found = section.byKey.find(key);
+  return found == section.byKey.end() ? nullptr : &section.lines[found->second];
+}
+
+std::optional<StringView> IniDocument::Value(std::size_t section, StringView key) const {
+  const Line* const line = FindKey(sections_.at(section), TrimBlanksAndTabs(key));
+  return line == nullptr ? std::nullopt : std::optional<StringView>(line->value);
+}
+
+std::vector<StringView> IniDocument::Keys(std::size_t section) const {
+  std::vector<StringView> keys;
+  for (const Line& line : sections_.at(section).lines) {
+    if (line.isKey) keys.emplace_back(line.key);
+  }
+  return keys;
+}
+
+void IniDocument::SetValue(std::size_t section, StringView key, StringView value) {
+  Section& target = sections_.at(section);
+  key = TrimBlanksAndTabs(key);
+  const StringView content = WithoutLineEnd(value);
+  String stored(TrimBlanksAndTabs(OnOneLine(content)));
+  if (const Line* const line = FindKey(target, key)) {
+    const_cast<Line*>(line)->value = std::move(stored);
+    return;
+  }
+  target.lines.push_back({String(key), std::move(stored), true});
+  if (content.size() != value.size()) target.lines.push_back({});
+}
+
+String IniDocument::ToText() const {
+  String text;
+  const auto appendLines = [&text](const std::vector<Line>& lines) {
+    for (const Line& line : lines) {
+      if (line.isKey) {
+        text += line.key;
+        text += u'=';
+      }
+      AppendLine(text, line.value);
+    }
+  };
+  appendLines(preamble_);
+  for (const Section& section : sections_) {
+    text += u'[';
+    text += section.name;
+    AppendLine(text, u"]");
+    appendLines(section.lines);
+  }
+  return text;
+}
+
+}  // namespace norvo

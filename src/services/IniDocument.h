@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+#include "text/Text.h"
+
+namespace norvo {
+
+/// The text of an INI-style settings file: sections of key and value lines, in their order. Names
+/// of sections and keys are matched without regard to case. Of two equal keys the first holds; two
+/// equal sections are one. Lines that are neither (comments, blank lines) stay where they are.
+/// Adding n keys costs O(n).
+class IniDocument {
+ public:
+  static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
+  IniDocument() = default;
+  /// CR LF, LF and a lone CR end a line; ";" starts a comment line; blanks around names and values
+  /// are not part of them; quotes stay.
+  explicit IniDocument(StringView text);
+
+  /// Position of a section, kNone when there is none.
+  std::size_t FindSection(StringView name) const;
+  std::size_t FindOrAddSection(StringView name);
+
+  /// Nothing when the section lacks the key. The view holds until the document changes.
+  std::optional<StringView> Value(std::size_t section, StringView key) const;
+  /// Keys of a section in their order; equal keys come as often as they stand there.
+  std::vector<StringView> Keys(std::size_t section) const;
+  /// Replaces the value of the key, or adds the key at the section's end. A line end within the
+  /// value becomes a blank; one at its end leaves an empty line behind the key.
+  void SetValue(std::size_t section, StringView key, StringView value);
+
+  /// The file's text, every line ended by CR LF.
+  String ToText() const;
+
+ private:
+  struct Line {
+    String key;    // empty for a line that is no key
+    String value;  // of such a line: the line itself
+    bool isKey = false;
+  };
+  struct Section {
+    String name;
+    std::vector<Line> lines;
+    // Filled only for sections with many keys; small ones are searched.
+    mutable std::unordered_map<StringView, std::size_t, CaselessHash, CaselessEqual> byKey;
+    mutable std::size_t indexed = 0;  // lines that byKey covers
+  };
+
+  void AddLine(std::size_t& section, StringView line);
+  const Line* FindKey(const Section& section, StringView key) const;
+
+  std::vector<Line> preamble_;  // lines before the first section
+  std::vector<Section> sections_;
+  std::unordered_map<String, std::size_t, CaselessHash, CaselessEqual> byName_;
+};
+
+}  // namespace norvo

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <unordered_set>
+
+#include "services/Platform.h"
+
+namespace norvo {
+
+/// The migration list as a text file, "MediaList.txt" in the group's data area: one line per
+/// record (category, source path, destination expression, separated by tabs) in UTF-8 with a byte
+/// order mark. Lines are only ever added, in one write per flush, so that a stop at any moment
+/// leaves whole records and at most one torn line, which is not a record.
+class MediaList final : public MigrationList {
+ public:
+  MediaList(FileSystem& files, SettingsStorage& storage) : files_(files), storage_(storage) {}
+
+  bool EnsureGroup(StringView group, StringView root) override;
+  bool Add(const MediaRecord& record) override;
+  bool Flush() override;
+
+ private:
+  /// Stands for one source and destination, case ignored. Two records are taken for one only when
+  /// all 128 bits agree, which no real collection of files will see.
+  struct Fingerprint {
+    std::uint64_t first = 0;
+    std::uint64_t second = 0;
+    bool operator==(const Fingerprint&) const = default;
+  };
+  struct FingerprintHash {
+    std::size_t operator()(const Fingerprint& print) const noexcept {
+      return static_cast<std::size_t>(print.first);
+    }
+  };
+
+  static Fingerprint PrintOf(StringView source, StringView destination);
+  void Load();
+
+  FileSystem& files_;
+  SettingsStorage& storage_;
+  String root_;
+  String path_;
+  std::unordered_set<Fingerprint, FingerprintHash> known_;
+  std::string pending_;    // lines not yet in the file
+  bool endsTorn_ = false;  // the file's last line lacks its end
+  bool exists_ = false;
+};
+
+}  // namespace norvo

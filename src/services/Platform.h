@@ -1,0 +1,117 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "services/FileSystem.h"
+#include "services/Registry.h"
+#include "text/CodePage.h"
+#include "text/Text.h"
+
+namespace norvo {
+
+/// Where the system keeps its special folders; 5 is the user's documents.
+class ShellFolders {
+ public:
+  virtual ~ShellFolders() = default;
+
+  struct Answer {
+    std::uint32_t status = 0;  ///< 0 or the code of a failure
+    String path;
+  };
+  static constexpr std::uint32_t kInvalidArgumentStatus = 0x80070057;
+  static constexpr std::int32_t kCreateFlag = 0x8000;
+
+  /// `SHGetFolderPathA` with no owner window, no token and the current-path flag. Nothing when
+  /// the system has no such function.
+  virtual std::optional<Answer> FolderPath(std::int32_t identifierAndFlags) = 0;
+  /// `SHGetSpecialFolderPathA` with no owner window and create = true; empty when it fails.
+  virtual String SpecialFolderPath(std::int32_t identifier) = 0;
+};
+
+/// The product's own facts. Each may raise.
+class ProductInformation {
+ public:
+  virtual ~ProductInformation() = default;
+  virtual String BaseKey() = 0;
+  /// With a trailing backslash.
+  virtual String Folder() = 0;
+  virtual String Name() = 0;
+};
+
+/// Whole settings files, read and written at once.
+class SettingsStorage {
+ public:
+  virtual ~SettingsStorage() = default;
+  /// Nothing when there is no such file; raises when it cannot be read.
+  virtual std::optional<std::string> Read(StringView path) = 0;
+  /// Replaces the file whole: a temporary file beside it, flushed, then renamed. The folder is
+  /// created when it is missing. Raises, with the old file untouched, when anything fails.
+  virtual void Write(StringView path, const std::string& bytes) = 0;
+};
+
+/// One media file to be moved.
+struct MediaRecord {
+  String source;       ///< full path
+  String destination;  ///< destination expression
+  String category;
+};
+
+/// Durable list of the media files to be moved. The same source and destination, case ignored, is
+/// kept once.
+class MigrationList {
+ public:
+  virtual ~MigrationList() = default;
+  /// Makes sure that the group exists under the root; false when the list cannot be kept.
+  virtual bool EnsureGroup(StringView group, StringView root) = 0;
+  /// True when the record is in the list afterwards. It is durable after the next `Flush`.
+  virtual bool Add(const MediaRecord& record) = 0;
+  /// False when something could not be written; it is kept for the next call.
+  virtual bool Flush() = 0;
+};
+
+/// What a drive scan reports to.
+class ScanVisitor {
+ public:
+  virtual ~ScanVisitor() = default;
+  /// A folder is about to be listed; false skips it and all below. `path` has a trailing
+  /// backslash only for a drive's root.
+  virtual bool EnterFolder(StringView path) = 0;
+  virtual void VisitFile(StringView folder, StringView name) = 0;
+  virtual void CannotList(StringView folder, StringView reason) = 0;
+};
+
+/// Walks the folders of all fixed drives: drives in letter order; in each folder the names in
+/// order without regard to case, files before sub-folders.
+class DriveScanner {
+ public:
+  virtual ~DriveScanner() = default;
+  /// Visits all folders, and the files whose last characters are one of `endings`.
+  virtual void Scan(std::span<const StringView> endings, ScanVisitor& visitor) = 0;
+};
+
+/// Shows a text that needs to be confirmed.
+class MessageBox {
+ public:
+  virtual ~MessageBox() = default;
+  virtual void Show(StringView title, StringView text) = 0;
+};
+
+/// Everything that the library asks of the machine it works on.
+class Platform {
+ public:
+  virtual ~Platform() = default;
+  virtual FileSystem& Files() = 0;
+  virtual norvo::Registry& Registry() = 0;
+  virtual ShellFolders& Shell() = 0;
+  virtual ProductInformation& Product() = 0;
+  virtual SettingsStorage& Settings() = 0;
+  virtual MigrationList& Migration() = 0;
+  /// Null where the machine has no drive scanner; raises when it cannot be created.
+  virtual DriveScanner* Scanner() = 0;
+  virtual MessageBox& Messages() = 0;
+  virtual const CodePage& AnsiPage() = 0;
+};
+
+}  // namespace norvo

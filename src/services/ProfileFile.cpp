@@ -1,0 +1,106 @@
+#include "services/ProfileFile.h"
+
+#include "automation/RunTimeError.h"
+#include "services/DataCop.h"
+#include "services/NVServices.h"
+#include "services/Utility.h"
+#include "text/Encoding.h"
+#include "text/WindowsPath.h"
+
+namespace norvo {
+namespace {
+
+bool IsBareName(StringView path) {
+  return path.find_first_of(u"\\/") == StringView::npos && !HasDrive(path);
+}
+
+}  // namespace
+
+String DataArea(StringView groupRoot) {
+  return groupRoot.empty() ? String() : Utility::AddBackslash(groupRoot) + u"KVs\\";
+}
+
+ProfileFile::~ProfileFile() {
+  try {
+    Close();
+  } catch (const RunTimeError&) {
+    // The last holder has let go; nobody is left to be told.
+  }
+}
+
+bool ProfileFile::Bind(StringView path) {
+  Close();
+  document_ = IniDocument();
+  exists_ = selected_ = false;
+  position_ = IniDocument::kNone;
+  path_ = path;
+  if (IsBareName(path)) {
+    String root;
+    NVServices::GetSubGroupRoot(component_, DataCop::kGroup, root);
+    if (root.empty() || path.empty()) return open_ = false;
+    path_ = DataArea(root) + String(path);
+  }
+  return open_ = true;
+}
+
+bool ProfileFile::OpenFile(StringView path) {
+  if (!Bind(path)) return false;
+  try {
+    const std::optional<std::string> bytes = component_.Machine().Settings().Read(path_);
+    exists_ = bytes.has_value();
+    if (bytes) document_ = IniDocument(DecodeFile(*bytes, component_.Machine().AnsiPage()));
+  } catch (const RunTimeError&) {
+    return open_ = false;
+  }
+  return true;
+}
+
+bool ProfileFile::CreateFile(StringView path) {
+  return Bind(path);
+}
+
+bool ProfileFile::SelectSection(StringView name) {
+  section_ = name;
+  selected_ = true;
+  position_ = document_.FindSection(name);
+  return open_ && position_ != IniDocument::kNone;
+}
+
+std::int32_t ProfileFile::ReadValue(StringView key, String& value) const {
+  constexpr std::int32_t kFound = 0;
+  constexpr std::int32_t kNotFound = 1;
+  if (!open_ || position_ == IniDocument::kNone) return kNotFound;
+  const std::optional<StringView> found = document_.Value(position_, key);
+  if (!found) return kNotFound;
+  value = *found;
+  return kFound;
+}
+
+std::vector<StringView> ProfileFile::Keys() const {
+  if (!open_ || position_ == IniDocument::kNone) return {};
+  return document_.Keys(position_);
+}
+
+void ProfileFile::WriteValue(StringView key, StringView value) {
+  if (!open_ || !selected_) throw RunTimeError(error::kObjectNotSet);
+  if (position_ == IniDocument::kNone) position_ = document_.FindOrAddSection(section_);
+  document_.SetValue(position_, key, value);
+  changed_ = true;
+}
+
+void ProfileFile::Close() {
+  const bool write = open_ && changed_;
+  open_ = changed_ = false;
+  if (!write) return;
+  const CodePage& page = component_.Machine().AnsiPage();
+  const String text = document_.ToText();
+  const FileEncoding encoding =
+      page.Fits(text) ? FileEncoding::CodePage : FileEncoding::Utf16LittleEndian;
+  component_.Machine().Settings().Write(path_, EncodeFile(text, encoding, page));
+}
+
+void ProfileFile::Abandon() {
+  open_ = changed_ = false;
+}
+
+}  // namespace norvo

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "services/Component.h"
+#include "services/IniDocument.h"
+#include "text/Text.h"
+
+namespace norvo {
+
+/// The settings-file service: one INI-style file, read once, kept in memory, and written whole on
+/// `Close` when a value was set. A bare file name (no separator, no drive) names a file of the
+/// product's data area. Written in the 8-bit code page when every character fits, otherwise as
+/// UTF-16 with a byte order mark; read by the mark.
+class ProfileFile {
+ public:
+  explicit ProfileFile(Component& component) : component_(component) {}
+  /// Closes; an error is lost, so a caller that cares closes first.
+  ~ProfileFile();
+  ProfileFile(const ProfileFile&) = delete;
+  ProfileFile& operator=(const ProfileFile&) = delete;
+
+  /// Binds to a file; a missing one counts as empty. False when the file cannot be read, or when a
+  /// bare name has no data area to stand in; every read then finds nothing.
+  bool OpenFile(StringView path);
+  /// Binds to a file without reading it: what is written replaces it whole.
+  bool CreateFile(StringView path);
+  /// The file was there when it was opened.
+  bool Exists() const { return exists_; }
+
+  /// Makes a section current; true when the file has it. Writing creates it.
+  bool SelectSection(StringView name);
+  /// 0 when the key of the current section was found; otherwise `value` stays as it was.
+  std::int32_t ReadValue(StringView key, String& value) const;
+  /// Keys of the current section, in their order. The views hold until the next write.
+  std::vector<StringView> Keys() const;
+  /// Error 91 when no file is open or no section was selected.
+  void WriteValue(StringView key, StringView value);
+  /// Writes what was set; raises when that fails. The object can be opened again afterwards.
+  void Close();
+  /// Lets go of the file without writing what was set.
+  void Abandon();
+
+ private:
+  bool Bind(StringView path);
+
+  Component& component_;
+  IniDocument document_;
+  String path_;
+  String section_;
+  std::size_t position_ = IniDocument::kNone;  // of the current section in the document
+  bool open_ = false;
+  bool exists_ = false;
+  bool selected_ = false;
+  bool changed_ = false;
+};
+
+/// The data area of a group root: the root + "KVs\", with exactly one backslash between; empty for
+/// an empty root.
+String DataArea(StringView groupRoot);
+
+}  // namespace norvo

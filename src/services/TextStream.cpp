@@ -1,0 +1,137 @@
+#include "services/TextStream.h"
+
+#include <algorithm>
+
+#include "automation/RunTimeError.h"
+
+namespace norvo {
+namespace {
+
+// The first piece is enough for the few lines that tell a playlist's kind.
+constexpr std::size_t kFirstPiece = 4096;
+constexpr std::size_t kLargestPiece = 256 * 1024;
+// No playlist comes near this; a file that only has a playlist's name shall not fill the memory.
+constexpr std::uint64_t kLargestText = 256u * 1024 * 1024;
+
+}  // namespace
+
+TextStream::TextStream(FileSystem& files, StringView path, const CodePage& codePage)
+    : file_(files.OpenForReading(path)), codePage_(codePage) {}
+
+bool TextStream::ReadMore() {
+  if (exhausted_ || !file_) return false;
+  if (offset_ >= kLargestText) throw RunTimeError(error::kOutOfMemory);
+  buffer_.erase(0, position_);
+  position_ = 0;
+  const std::size_t had = buffer_.size();
+  const std::size_t piece =
+      std::clamp<std::size_t>(static_cast<std::size_t>(offset_) * 4, kFirstPiece, kLargestPiece);
+  buffer_.resize(had + piece);
+  const std::size_t got = file_->ReadAt(offset_, std::span(buffer_).subspan(had));
+  buffer_.resize(had + got);
+  offset_ += got;
+  exhausted_ = got < piece;
+  return got > 0;
+}
+
+void TextStream::Start() {
+  if (started_) return;
+  started_ = true;
+  ReadMore();
+  encoding_ = DetectEncoding(buffer_);
+  switch (encoding_) {
+    case FileEncoding::CodePage:
+      break;
+    case FileEncoding::Utf8:
+      position_ = 3;
+      break;
+    case FileEncoding::Utf16LittleEndian:
+    case FileEncoding::Utf16BigEndian:
+      position_ = 2;
+      break;
+  }
+}
+
+std::size_t TextStream::UnitSize() const {
+  return encoding_ == FileEncoding::Utf16LittleEndian || encoding_ == FileEncoding::Utf16BigEndian
+             ? 2
+             : 1;
+}
+
+bool TextStream::AtEnd() {
+  Start();
+  // Half a UTF-16 unit at the end is no character.
+  while (buffer_.size() - position_ < UnitSize()) {
+    if (!ReadMore()) return true;
+  }
+  return false;
+}
+
+String TextStream::Decode(std::string_view bytes) const {
+  if (encoding_ == FileEncoding::CodePage) return codePage_.Decode(bytes);
+  if (encoding_ == FileEncoding::Utf8) return FromUtf8Lossy(bytes);
+  return DecodeUtf16(bytes, encoding_ == FileEncoding::Utf16BigEndian);
+}
+
+String TextStream::ReadAll() {
+  if (AtEnd()) throw RunTimeError(error::kInputPastEnd);
+  while (ReadMore()) {
+  }
+  String text = Decode(std::string_view(buffer_).substr(position_));
+  position_ = buffer_.size();
+  return text;
+}
+
+/// Position of the first byte of a line feed at or after `from`, npos when the buffer holds none.
+std::size_t TextStream::FindLineFeed(std::size_t from) const {
+  if (UnitSize() == 1) return buffer_.find('\n', from);
+  const bool bigEndian = encoding_ == FileEncoding::Utf16BigEndian;
+  for (std::size_t i = from; i + 1 < buffer_.size(); i += 2) {
+    if (buffer_[i + (bigEndian ? 1u : 0u)] == '\n' && buffer_[i + (bigEndian ? 0u : 1u)] == '\0') {
+      return i;
+    }
+  }
+  return std::string::npos;
+}
+
+String TextStream::ReadLine() {
+  if (AtEnd()) throw RunTimeError(error::kInputPastEnd);
+  std::size_t searched = 0;  // units without a line feed; counted from position_, which may move
+  std::size_t end = FindLineFeed(position_);
+  while (end == std::string::npos) {
+    searched = (buffer_.size() - position_) / UnitSize() * UnitSize();
+    if (!ReadMore()) break;
+    end = FindLineFeed(position_ + searched);
+  }
+  const bool ended = end != std::string::npos;
+  if (!ended) end = buffer_.size();
+  String line = Decode(std::string_view(buffer_).substr(position_, end - position_));
+  position_ = ended ? end + UnitSize() : end;
+  if (ended && !line.empty() && line.back() == u'\r') line.pop_back();
+  return line;
+}
+
+void TextStream::Close() {
+  file_.reset();
+}
+
+TextWriter::TextWriter(FileSystem& files, StringView path, bool create, const CodePage& codePage)
+    : file_(files.OpenForAppending(path, create)), codePage_(codePage) {}
+
+void TextWriter::WriteLine(StringView text) {
+  file_->Append(codePage_.Encode(text) + "\r\n");
+}
+
+std::string ReadWholeFile(BinaryFile& file) {
+  std::string bytes;
+  for (std::size_t piece = kFirstPiece;;) {
+    const std::size_t had = bytes.size();
+    bytes.resize(had + piece);
+    const std::size_t got = file.ReadAt(had, std::span(bytes).subspan(had));
+    bytes.resize(had + got);
+    if (got < piece) return bytes;
+    piece = std::min(piece * 4, kLargestPiece);
+  }
+}
+
+}  // namespace norvo

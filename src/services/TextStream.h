@@ -1,0 +1,59 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "services/FileSystem.h"
+#include "text/CodePage.h"
+#include "text/Encoding.h"
+
+namespace norvo {
+
+/// A text file open for reading. The file is 8-bit text in the code page unless it starts with a
+/// UTF-8 or UTF-16 byte order mark. It is read piece by piece, as far as it is asked for.
+class TextStream {
+ public:
+  /// Raises what `FileSystem::OpenForReading` raises.
+  TextStream(FileSystem& files, StringView path, const CodePage& codePage);
+
+  bool AtEnd();
+  /// Everything from here to the end. At the end: error 62.
+  String ReadAll();
+  /// The next line, without its line end. CR LF and LF end a line; a CR alone does not. At the
+  /// end: error 62.
+  String ReadLine();
+  void Close();
+
+ private:
+  bool ReadMore();
+  void Start();
+  std::size_t UnitSize() const;
+  std::size_t FindLineFeed(std::size_t from) const;
+  String Decode(std::string_view bytes) const;
+
+  std::unique_ptr<BinaryFile> file_;
+  const CodePage& codePage_;
+  FileEncoding encoding_ = FileEncoding::CodePage;
+  std::string buffer_;  // bytes read and not yet handed out, from position_ on
+  std::size_t position_ = 0;
+  std::uint64_t offset_ = 0;  // of the next byte to read from the file
+  bool started_ = false;
+  bool exhausted_ = false;
+};
+
+/// A text file open for appending, in the 8-bit code page.
+class TextWriter {
+ public:
+  TextWriter(FileSystem& files, StringView path, bool create, const CodePage& codePage);
+  /// The text and CR LF, in one write.
+  void WriteLine(StringView text);
+
+ private:
+  std::unique_ptr<AppendFile> file_;
+  const CodePage& codePage_;
+};
+
+/// All bytes of a file, read in pieces of growing size.
+std::string ReadWholeFile(BinaryFile& file);
+
+}  // namespace norvo

@@ -1,0 +1,162 @@
+#include "services/Utility.h"
+
+#include <bitset>
+
+#include "automation/RunTimeError.h"
+#include "services/Logging.h"
+#include "text/Wildcard.h"
+
+namespace norvo::Utility {
+namespace {
+
+constexpr StringView kDeletedCharacters = u"(){}[]=+|*<>#@!$%~^`:;?.,'";
+constexpr StringView kAppPaths = u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\";
+
+std::size_t FindUnit(StringView text, char16_t unit, Compare compare) {
+  if (compare == Compare::Binary) return text.find(unit);
+  return FindIgnoreCase(text, StringView(&unit, 1));
+}
+
+/// Tells at once that most characters of a name stand in no list of sought ones.
+class AsciiCandidates {
+ public:
+  explicit AsciiCandidates(StringView sought) {
+    for (const char16_t unit : sought) {
+      const char16_t upper = ToUpper(unit);
+      if (upper < 128) sought_.set(upper);
+    }
+  }
+  bool Excludes(char16_t unit) const { return unit < 128 && !sought_.test(ToUpper(unit)); }
+
+ private:
+  std::bitset<128> sought_;
+};
+
+void ReplaceAll(String& text, StringView sought, StringView replacement) {
+  for (std::size_t at = text.find(sought); at != String::npos;
+       at = text.find(sought, at + replacement.size())) {
+    text.replace(at, sought.size(), replacement);
+  }
+}
+
+String ReadText(Component& component, Hive hive, StringView key, StringView name) {
+  String value;
+  RegistryKey open(component.Machine().Registry());
+  if (open.OpenIn(hive, key)) open.Read(name, value);
+  return value;
+}
+
+bool IsOnDrive(StringView path) {
+  return Matches(path, u"?:\\*", Compare::Text);
+}
+
+/// Runs a look-up; an error gives the neutral value without a word.
+template <class Result, class Work>
+Result Quietly(Result neutral, Work&& work) {
+  try {
+    return Guarded(work);
+  } catch (const RunTimeError&) {
+    return neutral;
+  }
+}
+
+}  // namespace
+
+String AddBackslash(StringView path) {
+  String result(path);
+  if (result.empty() || result.back() != u'\\') result.push_back(u'\\');
+  return result;
+}
+
+StringView GetExtension(StringView fileName) {
+  const std::size_t point = fileName.rfind(u'.');
+  return point == StringView::npos ? StringView() : fileName.substr(point + 1);
+}
+
+bool IsPlayListFile(StringView fileName) {
+  return EndsWithIgnoreCase(fileName, u".M3U") || EndsWithIgnoreCase(fileName, u".PLS") ||
+         EndsWithIgnoreCase(fileName, u".ASX");
+}
+
+String ReplaceChars(StringView text, StringView from, StringView to, Compare compare) {
+  String padded(to);
+  if (!padded.empty()) padded.resize(from.size(), to.back());
+  const AsciiCandidates candidates(from);
+  String result;
+  result.reserve(text.size());
+  for (const char16_t unit : text) {
+    const std::size_t at =
+        candidates.Excludes(unit) ? StringView::npos : FindUnit(from, unit, compare);
+    if (at == StringView::npos) {
+      result.push_back(unit);
+    } else if (!padded.empty()) {
+      result.push_back(padded[at]);
+    }
+  }
+  return result;
+}
+
+String CleanString(String& text) {
+  text = ReplaceChars(text, kDeletedCharacters, {}, Compare::Text);
+  ReplaceAll(text, u"_", u" ");
+  // Intended, though it never finds anything: every "%" has just been deleted.
+  ReplaceAll(text, u"%20", u"\x14");
+  return text;
+}
+
+String GetAppPath(Component& component, StringView programFile) {
+  return Quietly(String(), [&] {
+    const String folder =
+        ReadText(component, Hive::LocalMachine, String(kAppPaths) + String(programFile), u"Path");
+    return IsOnDrive(folder) ? AddBackslash(folder) : String();
+  });
+}
+
+String GetShellOpenFolder(Component& component, StringView fileClass, StringView programFile) {
+  return Quietly(String(), [&] {
+    const String command =
+        ReadText(component, Hive::ClassesRoot, String(fileClass) + u"\\shell\\open\\command", {});
+    const std::size_t program = FindIgnoreCase(command, programFile);
+    // A command in quotes does not begin with a drive and is therefore not taken.
+    if (program == StringView::npos || !IsOnDrive(command)) return String();
+    return AddBackslash(StringView(command).substr(0, program));
+  });
+}
+
+void DeleteFileForced(Component& component, StringView path) {
+  Quietly(false, [&] {
+    component.Files().DeleteFile(path, true);
+    return true;
+  });
+}
+
+double GetFileSize(Component& component, StringView path) {
+  if (path.empty() || path.find(u'\0') != StringView::npos) {
+    WriteLog(component,
+             u"GetFileSize was passed an empty string or a string with bad data, unable to post "
+             u"size!");
+    return 0;
+  }
+  try {
+    return Guarded([&] {
+      const std::optional<FileFacts> facts = component.Files().FactsOf(path);
+      if (!facts) throw RunTimeError(error::kFileNotFound);
+      return facts->size;
+    });
+  } catch (const RunTimeError& failure) {
+    WriteLog(component, u"GetFileSize threw an exception: " + failure.Description() +
+                            u", For file: " + String(path));
+    return 0;
+  }
+}
+
+std::int32_t GetMachineRole(Component& component) {
+  return Quietly(role::kNeither, [&] {
+    std::int32_t mode = role::kNeither;
+    RegistryKey key(component.Machine().Registry());
+    if (key.Open(component.Machine().Product().BaseKey() + u"\\KVS")) key.Read(u"mode", mode);
+    return mode;
+  });
+}
+
+}  // namespace norvo::Utility

@@ -1,0 +1,169 @@
+#include "tags/Mp3TagReader.h"
+
+#include <algorithm>
+
+#include "automation/Conversions.h"
+#include "automation/RunTimeError.h"
+#include "services/NVServices.h"
+#include "tags/GenreTable.h"
+#include "tags/TagBytes.h"
+#include "text/WindowsPath.h"
+
+namespace norvo {
+namespace {
+
+constexpr std::size_t kTrailer = 128;      // bytes of the ID3v1 record at the file's end
+constexpr std::uint64_t kFirstFrame = 10;  // behind the ID3v2 header, which is not read
+constexpr std::size_t kFrameHeader = 10;   // id, size, flags
+constexpr int kMostMisses = 2;             // the next thing that is no frame ends the walk
+
+// A size that lies could fill the memory with what is no text, once for every entry. Nothing that
+// a player shows comes near these; the walk itself goes by the size as it stands.
+constexpr std::size_t kLongestText = 4096;
+constexpr std::size_t kLongestLyrics = 65536;
+
+bool IsCapital(char byte) {
+  return byte >= 'A' && byte <= 'Z';
+}
+
+/// Four capital letters, or three and a digit.
+bool IsFrameId(std::string_view id) {
+  const bool letters = std::all_of(id.begin(), id.begin() + 3, IsCapital);
+  return letters && (IsCapital(id[3]) || (id[3] >= '0' && id[3] <= '9'));
+}
+
+/// Web address frames carry no encoding byte.
+bool IsWebFrame(std::string_view id) {
+  return id == "WOAR" || id == "WCOM";
+}
+
+/// The frame's size by its four size bytes. The weights are neither plain nor synchsafe, and the
+/// lower three bytes are summed in 16 bits: both intended.
+std::int32_t FrameSize(std::string_view bytes) {
+  const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
+  const std::int16_t second = NarrowToInt16(byteAt(1) * 4096);
+  const std::int16_t third = NarrowToInt16(byteAt(2) * 256);
+  const std::int16_t low = NarrowToInt16(second + third + byteAt(3));
+  return byteAt(0) * 65536 + low;
+}
+
+template <class Number, class Convert>
+Number NumberOrZero(const String& text, Convert&& convert) {
+  try {
+    return text.empty() ? Number{0} : convert(text);
+  } catch (const RunTimeError&) {
+    return 0;
+  }
+}
+
+}  // namespace
+
+void Mp3TagReader::Reset() {
+  id3_ = Frames();
+  title_ = artist_ = album_ = year_ = comment_ = String();
+  fileSize_ = 0;
+  genre_ = 0;
+  hasId3_ = hasTag_ = false;
+}
+
+bool Mp3TagReader::ReadFile(StringView fileName) {
+  Reset();
+  fileName_ = LastComponent(component_.Files().AbsolutePathName(fileName));
+  try {
+    Guarded([&] { ReadTags(fileName); });
+  } catch (const RunTimeError&) {
+    return false;
+  }
+  return hasId3_ || hasTag_;
+}
+
+void Mp3TagReader::ReadTags(StringView path) {
+  const std::unique_ptr<BinaryFile> file = component_.Files().OpenForReading(path);
+  TagBytes bytes(*file);
+  if (bytes.At(0, 3) == "ID3") {
+    hasId3_ = true;
+    WalkFrames(bytes);
+  }
+  const std::uint64_t size = bytes.Size();
+  fileSize_ = NarrowToInt32(static_cast<double>(size));
+  if (size < kTrailer) throw RunTimeError(error::kInvalidArgument);  // no place for a trailer
+  ReadTrailer(bytes);
+}
+
+void Mp3TagReader::WalkFrames(TagBytes& file) {
+  std::uint64_t position = kFirstFrame;
+  std::uint64_t lastLength = 0;
+  for (int misses = 0; misses <= kMostMisses;) {
+    const std::string header(file.At(position, kFrameHeader));
+    const std::string_view id = std::string_view(header).substr(0, 4);
+    if (!IsFrameId(id)) {
+      // Counted over the whole walk, not in a row.
+      ++misses;
+      position += kFrameHeader + 1 + lastLength;
+      continue;
+    }
+    const std::int32_t size = FrameSize(std::string_view(header).substr(4, 4));
+    const std::size_t encodingByte = IsWebFrame(id) ? 0 : 1;
+    if (size < static_cast<std::int32_t>(encodingByte)) throw RunTimeError(error::kInvalidArgument);
+    lastLength = static_cast<std::size_t>(size) - encodingByte;
+    position += kFrameHeader + encodingByte;
+    if (String* const store = StoreFor(id)) {
+      const std::size_t longest = id == "USLT" ? kLongestLyrics : kLongestText;
+      const auto length = static_cast<std::size_t>(std::min<std::uint64_t>(lastLength, longest));
+      *store = component_.Machine().AnsiPage().Decode(file.At(position, length));
+    }
+    position += lastLength;
+  }
+}
+
+String* Mp3TagReader::StoreFor(std::string_view id) {
+  struct Row {
+    std::string_view id;
+    String Frames::*store;
+  };
+  static constexpr Row kRows[] = {
+      {"TRCK", &Frames::track},     {"TMED", &Frames::media},      {"TLEN", &Frames::length},
+      {"TCON", &Frames::genre},     {"TYER", &Frames::year},       {"TALB", &Frames::album},
+      {"TPE1", &Frames::artist},    {"TIT2", &Frames::title},      {"USLT", &Frames::lyrics},
+      {"TCOP", &Frames::copyright}, {"WOAR", &Frames::webAddress},
+  };
+  const auto* const row = std::find_if(std::begin(kRows), std::end(kRows),
+                                       [&](const Row& candidate) { return candidate.id == id; });
+  return row == std::end(kRows) ? nullptr : &(id3_.*(row->store));
+}
+
+void Mp3TagReader::ReadTrailer(TagBytes& file) {
+  const std::string_view record = file.At(file.Size() - kTrailer, kTrailer);
+  if (!record.starts_with("TAG")) return;
+  hasTag_ = true;
+  const auto text = [&](std::size_t offset, std::size_t length) {
+    const String raw = component_.Machine().AnsiPage().Decode(record.substr(offset, length));
+    return String(NVServices::StripNull(raw));
+  };
+  title_ = text(3, 30);
+  artist_ = text(33, 30);
+  album_ = text(63, 30);
+  year_ = text(93, 4);
+  comment_ = text(97, 30);
+  genre_ = static_cast<std::uint8_t>(record[127]);
+}
+
+String Mp3TagReader::GenreString() const {
+  return String(NVServices::StripNull(GenreName(genre_)));
+}
+
+std::int32_t Mp3TagReader::ID3Duration() const {
+  return NumberOrZero<std::int32_t>(
+      id3_.length, [](const String& text) { return NarrowToInt32(Int32FromText(text) / 1000.0); });
+}
+
+std::int16_t Mp3TagReader::ID3TrackNumber() const {
+  return NumberOrZero<std::int16_t>(id3_.track, Int16FromText);
+}
+
+StringView Mp3TagReader::ID3EncodingStyle() const {
+  if (id3_.media == u"DIG") return u"Digital";
+  return id3_.media == u"ANA" ? StringView(u"Analog") : StringView(u"Unknown");
+}
+
+}  // namespace norvo

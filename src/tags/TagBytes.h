@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "services/FileSystem.h"
+
+namespace norvo {
+
+/// A file's bytes at any place, through one window: neighbouring requests cost one read. Bytes
+/// past the end of the file are zeros.
+class TagBytes {
+ public:
+  explicit TagBytes(BinaryFile& file) : file_(file) {}
+
+  /// `length` bytes at a 0-based offset. The view holds until the next call.
+  std::string_view At(std::uint64_t offset, std::size_t length);
+  std::uint64_t Size() { return file_.Size(); }
+
+ private:
+  BinaryFile& file_;
+  std::string window_;
+  std::uint64_t start_ = 0;  // of the window in the file
+};
+
+}  // namespace norvo

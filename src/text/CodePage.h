@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "text/Text.h"
+
+namespace norvo {
+
+/// An 8-bit code page: how the bytes of files and tags become text, and back.
+class CodePage {
+ public:
+  virtual ~CodePage() = default;
+
+  virtual String Decode(std::string_view bytes) const = 0;
+  /// A character that the page lacks becomes "?".
+  virtual std::string Encode(StringView text) const = 0;
+  /// True when every character of the text has a byte of its own.
+  virtual bool Fits(StringView text) const = 0;
+};
+
+/// Windows-1252, with its five unassigned bytes taken as the C1 controls, so that every byte
+/// comes back as it was.
+const CodePage& Windows1252();
+
+}  // namespace norvo

@@ -1,0 +1,76 @@
+#include "text/Number.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+#include <string>
+
+namespace norvo {
+namespace {
+
+// A longer run of characters is no number that anybody wrote; the cap keeps the copy small.
+constexpr std::size_t kMostCharacters = 512;
+
+bool IsNumberCharacter(char16_t unit) {
+  return IsDigit(unit) || unit == u'.' || unit == u'+' || unit == u'-' || unit == u'E' ||
+         unit == u'e' || unit == u'D' || unit == u'd';
+}
+
+String Widen(const char* first, const char* last) {
+  return String(first, last);
+}
+
+}  // namespace
+
+std::optional<double> ParseNumber(StringView text) {
+  text = Trim(text);
+  if (text.empty() || text.size() > kMostCharacters) return std::nullopt;
+  std::string narrow;
+  for (const char16_t unit : text) {
+    if (!IsNumberCharacter(unit)) return std::nullopt;
+    const bool exponent = unit == u'D' || unit == u'd';
+    narrow.push_back(exponent ? 'e' : static_cast<char>(unit));
+  }
+  const char* first = narrow.data();
+  const char* const last = first + narrow.size();
+  if (*first == '+') {
+    ++first;  // the conversion below knows no plus sign
+    if (first == last || *first == '-') return std::nullopt;
+  }
+  double value = 0;
+  const auto [end, error] = std::from_chars(first, last, value);
+  if (end != last || error == std::errc::invalid_argument) return std::nullopt;
+  if (error == std::errc::result_out_of_range) {
+    const bool tiny = narrow.find("e-") != std::string::npos;
+    return tiny ? 0.0 : std::numeric_limits<double>::infinity();
+  }
+  return value;
+}
+
+String FormatInteger(std::int64_t number) {
+  char buffer[24];
+  const auto result = std::to_chars(buffer, buffer + sizeof buffer, number);
+  return Widen(buffer, result.ptr);
+}
+
+String FormatNumber(double number) {
+  constexpr double kExactlyWhole = 9007199254740992.0;
+  if (std::trunc(number) == number && std::fabs(number) < kExactlyWhole) {
+    return FormatInteger(static_cast<std::int64_t>(number));
+  }
+  char buffer[400];
+  const char* const format = std::trunc(number) == number ? "%.0f" : "%.15g";
+  const int length = std::snprintf(buffer, sizeof buffer, format, number);
+  return Widen(buffer, buffer + length);
+}
+
+double RoundHalfToEven(double number) {
+  const double low = std::floor(number);
+  const double rest = number - low;
+  if (rest < 0.5) return low;
+  if (rest > 0.5) return low + 1;
+  return std::fmod(low, 2) == 0 ? low : low + 1;
+}
+
+}  // namespace norvo

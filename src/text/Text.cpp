@@ -1,0 +1,75 @@
+#include "text/Text.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include "text/UpperCaseTable.h"
+
+namespace norvo {
+
+char16_t ToUpper(char16_t unit) noexcept {
+  if (unit < 0x80) {
+    return unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - 32) : unit;
+  }
+  return UpperCaseFromTable(unit);
+}
+
+String Fold(StringView text) {
+  String folded(text);
+  for (char16_t& unit : folded) unit = ToUpper(unit);
+  return folded;
+}
+
+bool EqualsIgnoreCase(StringView left, StringView right) noexcept {
+  if (left.size() != right.size()) return false;
+  for (std::size_t i = 0; i < left.size(); ++i) {
+    if (left[i] != right[i] && ToUpper(left[i]) != ToUpper(right[i])) return false;
+  }
+  return true;
+}
+
+bool EndsWithIgnoreCase(StringView text, StringView ending) noexcept {
+  return text.size() >= ending.size() &&
+         EqualsIgnoreCase(text.substr(text.size() - ending.size()), ending);
+}
+
+std::size_t FindIgnoreCase(StringView text, StringView sought, std::size_t from) noexcept {
+  if (from > text.size()) return StringView::npos;
+  if (sought.empty()) return from;
+  if (text.size() < sought.size()) return StringView::npos;
+  const char16_t first = ToUpper(sought.front());
+  const std::size_t last = text.size() - sought.size();
+  for (std::size_t i = from; i <= last; ++i) {
+    if (ToUpper(text[i]) == first && EqualsIgnoreCase(text.substr(i, sought.size()), sought)) {
+      return i;
+    }
+  }
+  return StringView::npos;
+}
+
+StringView Trim(StringView text) noexcept {
+  while (!text.empty() && text.front() == u' ') text.remove_prefix(1);
+  while (!text.empty() && text.back() == u' ') text.remove_suffix(1);
+  return text;
+}
+
+bool LessIgnoreCase(StringView left, StringView right) noexcept {
+  const std::size_t shared = std::min(left.size(), right.size());
+  for (std::size_t i = 0; i < shared; ++i) {
+    const char16_t l = ToUpper(left[i]);
+    const char16_t r = ToUpper(right[i]);
+    if (l != r) return l < r;
+  }
+  if (left.size() != right.size()) return left.size() < right.size();
+  return left < right;
+}
+
+std::size_t CaselessHash::operator()(StringView text) const noexcept {
+  std::uint64_t hash = 0xcbf29ce484222325u;
+  for (const char16_t unit : text) {
+    hash = (hash ^ ToUpper(unit)) * 0x100000001b3u;
+  }
+  return static_cast<std::size_t>(hash ^ (hash >> 32));
+}
+
+}  // namespace norvo

@@ -1,0 +1,103 @@
+#include "text/WindowsPath.h"
+
+#include <vector>
+
+namespace norvo {
+namespace {
+
+bool IsDriveLetter(char16_t unit) {
+  const char16_t lower = ToLowerAscii(unit);
+  return lower >= u'a' && lower <= u'z';
+}
+
+bool IsShare(StringView path) {
+  return path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1]);
+}
+
+std::size_t NextSeparator(StringView path, std::size_t from) {
+  while (from < path.size() && !IsSeparator(path[from])) ++from;
+  return from;
+}
+
+std::size_t LastSeparator(StringView path) {
+  return path.find_last_of(u"\\/");
+}
+
+std::vector<StringView> SplitComponents(StringView path) {
+  std::vector<StringView> components;
+  for (std::size_t at = 0; at < path.size();) {
+    const std::size_t end = NextSeparator(path, at);
+    const StringView component = path.substr(at, end - at);
+    if (component == u"..") {
+      if (!components.empty()) components.pop_back();
+    } else if (!component.empty() && component != u".") {
+      components.push_back(component);
+    }
+    at = end + 1;
+  }
+  return components;
+}
+
+StringView WithoutTrailingPointsAndBlanks(StringView component) {
+  while (!component.empty() && (component.back() == u'.' || component.back() == u' ')) {
+    component.remove_suffix(1);
+  }
+  return component;
+}
+
+/// True when the path as it stands needs no change but for its drive: the usual case.
+bool IsAlreadyAbsolute(StringView path) {
+  if (!HasDrive(path) || path.size() < 3 || path[2] != u'\\') return false;
+  if (path.find(u'/') != StringView::npos) return false;
+  for (std::size_t i = 3; i < path.size(); ++i) {
+    const bool afterSeparator = path[i - 1] == u'\\';
+    if (afterSeparator && (path[i] == u'.' || path[i] == u'\\')) return false;
+  }
+  return path.back() != u'.' && path.back() != u' ';
+}
+
+}  // namespace
+
+bool HasDrive(StringView path) noexcept {
+  return path.size() >= 2 && path[1] == u':' && IsDriveLetter(path[0]);
+}
+
+StringView DriveName(StringView path) noexcept {
+  if (HasDrive(path)) return path.substr(0, 2);
+  if (!IsShare(path)) return {};
+  const std::size_t server = NextSeparator(path, 2);
+  return path.substr(0, server == path.size() ? server : NextSeparator(path, server + 1));
+}
+
+StringView LastComponent(StringView path) noexcept {
+  const std::size_t last = LastSeparator(path);
+  return last == StringView::npos ? path : path.substr(last + 1);
+}
+
+StringView ParentFolder(StringView path) noexcept {
+  const std::size_t last = LastSeparator(path);
+  if (last == StringView::npos) return {};
+  const bool root = last == 2 && HasDrive(path);
+  return path.substr(0, root ? 3 : last);
+}
+
+String AbsolutePath(StringView path, StringView currentDrive) {
+  if (IsAlreadyAbsolute(path)) return String(path);
+  const StringView drive = DriveName(path);
+  const StringView rest = path.substr(drive.size());
+  String result(drive.empty() ? currentDrive : drive);
+  for (char16_t& unit : result) {
+    if (unit == u'/') unit = u'\\';
+  }
+  const std::vector<StringView> components = SplitComponents(rest);
+  const bool trailing = !rest.empty() && IsSeparator(rest.back());
+  for (std::size_t i = 0; i < components.size(); ++i) {
+    const bool last = i + 1 == components.size() && !trailing;
+    result.push_back(u'\\');
+    result += last ? WithoutTrailingPointsAndBlanks(components[i]) : components[i];
+  }
+  if (components.empty() || trailing) result.push_back(u'\\');
+  return result;
+}
+
+}  // namespace norvo
