@@ -1,0 +1,24 @@
+[playlist]
+File1=http://radio.example.com:8000/
+Title1=Party Radio
+Length1=-1
+File2=C:\Music\Pop Hits [2003]\02 Don't Look Back.mp3
+Title2=The Harbours - Don't Look Back (Live)
+Length2=199
+File3=My Music\Zoë\Très bien.mp3
+Title3=Zoë – Très bien
+Length3=205
+File4=C:\My Documents\readme.txt
+Title4=Read me
+Length4=1
+File5=\\server\share\Blue Quarter - Rain on Tin.mp3
+Title5=Blue Quarter - Rain on Tin
+Length5=301
+File6=E:\Track 01.mp3
+Title6=Sampler - Track 1
+Length6=60
+File7=My Music\gone.mp3
+Title7=Gone
+Length7=10
+NumberOfEntries=7
+Version=2

@@ -1,0 +1,33 @@
+#!/bin/sh
+# Installs what building and testing need on a Debian 12 system, if it is missing.
+#
+#   scripts/install-dependencies.sh build|test
+set -eu
+
+packages="g++ cmake ninja-build libcli11-dev nlohmann-json3-dev python3"
+if [ "${1:-}" = test ]; then
+    packages="$packages libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev
+              clang-format strace"
+fi
+
+missing=
+for package in $packages; do
+    status=$(dpkg-query -W -f='${Status}' "$package" 2>/dev/null || true)
+    [ "$status" = "install ok installed" ] || missing="$missing $package"
+done
+[ -n "$missing" ] || exit 0
+
+root=
+if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null 2>&1 || {
+        echo "Missing packages:$missing" >&2
+        echo "Run this as root, or install them: apt-get install$missing" >&2
+        exit 1
+    }
+    root=sudo
+fi
+echo "Installing:$missing"
+# An index of a foreign architecture that cannot be fetched does no harm.
+$root apt-get update -qq >/dev/null 2>&1 || true
+# shellcheck disable=SC2086
+DEBIAN_FRONTEND=noninteractive $root apt-get install -y -qq --no-install-recommends $missing >/dev/null

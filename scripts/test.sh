@@ -1,0 +1,19 @@
+#!/bin/sh
+# Runs all tests: the format check, the release build with everything, the same tests under the
+# address and undefined-behaviour sanitizers, and a short run of each fuzzer.
+#
+#   scripts/test.sh
+set -eu
+cd "$(dirname "$0")/.."
+jobs=$(nproc 2>/dev/null || echo 2)
+
+scripts/install-dependencies.sh test
+scripts/check-format.sh
+
+scripts/run-fuzzers.sh "${NORVO_FUZZ_SECONDS:-5}"
+
+for preset in asan release; do
+    cmake --preset "$preset" >/dev/null
+    cmake --build --preset "$preset" -j "$jobs"
+    ctest --preset "$preset" -j "$jobs"
+done

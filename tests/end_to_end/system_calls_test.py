@@ -1,0 +1,80 @@
+#!/usr/bin/env python3
+"""Counts the system calls that the queue makes per entry, with strace."""
+
+import argparse
+import re
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+FILES, PLAYLISTS, ENTRIES = 60, 4, 50
+
+
+def run(*command):
+    subprocess.run([str(part) for part in command], check=True, stdout=subprocess.DEVNULL)
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--make-corpus", required=True)
+    parser.add_argument("--program", required=True)
+    parser.add_argument("--strace", required=True)
+    options = parser.parse_args()
+    failures = []
+
+    def expect(what, actual, most):
+        print(f"{what}: {actual} (at most {most})")
+        if actual > most:
+            failures.append(what)
+
+    with tempfile.TemporaryDirectory() as folder:
+        machine, trace = Path(folder) / "machine", Path(folder) / "trace"
+        run(options.make_corpus, "--dir", machine, "--seed", 7, "--files", FILES,
+            "--playlists", PLAYLISTS, "--entries", ENTRIES, "--list")
+        run(options.strace, "-f", "-o", trace, options.program, machine)
+        lines = trace.read_text(errors="replace").splitlines()
+
+    song = re.compile(r'"[^"]*\.mp3"')
+    descriptors, counts = set(), {"look-ups": 0, "opens": 0, "reads": 0, "closes": 0,
+                                  "folder listings": 0, "settings renames": 0}
+    for line in lines:
+        call = re.match(r"^\d+\s+(\w+)\(", line)
+        if not call:
+            continue
+        name = call.group(1)
+        number = re.search(r"= (\d+)$", line)
+        first = re.match(r"^\d+\s+\w+\((\d+)", line)
+        if song.search(line) and name in ("statx", "newfstatat", "stat", "lstat", "access", "faccessat2",
+                                          "readlink", "readlinkat"):
+            counts["look-ups"] += 1
+        elif song.search(line) and name in ("openat", "openat2", "open"):
+            counts["opens"] += 1
+            if number:
+                descriptors.add(number.group(1))
+        elif name in ("read", "pread64") and first and first.group(1) in descriptors:
+            counts["reads"] += 1
+        elif name == "close" and first and first.group(1) in descriptors:
+            counts["closes"] += 1
+            descriptors.discard(first.group(1))
+        elif name == "getdents64":
+            counts["folder listings"] += 1
+        elif name in ("rename", "renameat", "renameat2"):
+            counts["settings renames"] += 1
+
+    entries = PLAYLISTS * ENTRIES
+    if counts["opens"] == 0:
+        failures.append("no song was opened: the trace was not understood")
+    expect("look-ups of songs", counts["look-ups"], entries)
+    expect("opens of songs", counts["opens"], entries)
+    expect("reads of songs", counts["reads"], 3 * entries)
+    expect("closes of songs", counts["closes"], entries)
+    # Opening the machine may list its root; no song costs a listing.
+    expect("folder listings", counts["folder listings"], 4)
+    # One per generic file, one for the media list, one for the registry.
+    expect("settings renames", counts["settings renames"], PLAYLISTS + 2)
+    if failures:
+        sys.exit("too many: " + ", ".join(failures))
+
+
+main()
