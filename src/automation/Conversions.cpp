@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <limits>
 #include <optional>
+#include <utility>
 
 #include "automation/RunTimeError.h"
 #include "text/Number.h"
@@ -147,6 +148,11 @@ String ToText(const Variant& value) {
   if (const auto* date = std::get_if<Date>(&value)) return DateText(*date);
   if (std::holds_alternative<std::monostate>(value)) return {};
   return FormatNumber(ToDouble(value));
+}
+
+String ToText(Variant&& value) {
+  if (auto* text = std::get_if<String>(&value)) return std::move(*text);
+  return ToText(std::as_const(value));
 }
 
 bool Like(StringView text, StringView pattern, Compare compare) {

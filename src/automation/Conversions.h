@@ -19,6 +19,7 @@ ObjectRef ToObject(const Variant& value);
 
 /// Booleans become "True" and "False", dates M/D/YYYY h:mm:ss AM or PM, numbers decimal text.
 String ToText(const Variant& value);
+String ToText(Variant&& value);
 
 std::int16_t Int16FromText(StringView text);
 std::int32_t Int32FromText(StringView text);

@@ -56,4 +56,16 @@ Variant TableObject::Call(StringView name, Arguments arguments) {
   return Get(name, arguments);
 }
 
+Variant PropertyReader::operator()(AutomationObject& object) {
+  const MemberTable* const table = object.Members();
+  if (table == nullptr) return object.Get(name_);
+  if (table != table_) {
+    table_ = table;
+    member_ = table->Find(name_);
+    const bool readable = member_ != nullptr && member_->call != nullptr;
+    if (!readable || !member_->parameters.empty()) member_ = nullptr;
+  }
+  return member_ == nullptr ? object.Get(name_) : member_->call(object, {});
+}
+
 }  // namespace norvo

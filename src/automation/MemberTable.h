@@ -257,4 +257,18 @@ class TableObject : public AutomationObject {
   const Member& Require(StringView name) const;
 };
 
+/// Reads one property of many objects by its name, and looks the name up only when the class
+/// changes.
+class PropertyReader {
+ public:
+  /// `name` must live as long as the reader.
+  explicit PropertyReader(StringView name) : name_(name) {}
+  Variant operator()(AutomationObject& object);
+
+ private:
+  StringView name_;
+  const MemberTable* table_ = nullptr;
+  const Member* member_ = nullptr;  // null: the object is asked by name
+};
+
 }  // namespace norvo

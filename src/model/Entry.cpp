@@ -114,11 +114,8 @@ String Entry::DestinationPath() {
 bool Entry::GetID3TagInfo() {
   if (sourceUrl_.empty()) return false;
   Mp3TagReader reader(component_);
-  try {
-    reader.ReadFile(sourceUrl_);  // what was read before an error counts too
-  } catch (const RunTimeError&) {
-    // A failing step is skipped: the reader then simply has no tag.
-  }
+  // Its result does not matter: what was read before an error counts too.
+  reader.ReadFile(sourceUrl_, Mp3TagReader::Extent::FramesHideTrailer);
   if (reader.HasID3()) {
     LongerWins(albumName_, reader.ID3Album());
     LongerWins(artistName_, reader.ID3Artist());

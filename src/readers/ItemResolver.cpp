@@ -11,7 +11,7 @@ ItemResolver::ItemResolver(Component& component, PlaylistRecord& playlist, Strin
       playlist_(playlist),
       folder_(std::move(folder)),
       messages_(messages),
-      destinations_(DataCop::LoadDestinationFolders(component)) {}
+      destinations_(DataCop::LoadDestinations(component)) {}
 
 std::optional<ItemResolver::Item> ItemResolver::Judge(FormatEntry& entry, StringView reference) {
   Item item{String(reference), DataCop::Status::Ok};
@@ -59,7 +59,7 @@ bool ItemResolver::Resolve(const std::shared_ptr<FormatEntry>& entry, StringView
 bool ItemResolver::Register(FormatEntry& entry, const String& path, StringView label) {
   const StringView source = StringView(path).substr(0, path.rfind(u'\\') + 1);
   // An item that came from a relative reference has no file name: its folder is registered.
-  return DataCop::RegisterMedia(component_, label, DataCop::GetEntrySubFolder(entry, destinations_),
+  return DataCop::RegisterMedia(component_, destinations_, label, DataCop::GetEntrySubFolder(entry, destinations_),
                                 source, entry.FileName());
 }
 

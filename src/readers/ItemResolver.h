@@ -46,7 +46,7 @@ class ItemResolver {
   PlaylistRecord& playlist_;
   String folder_;
   ResolverMessages messages_;
-  DataCop::DestinationFolders destinations_;
+  DataCop::Destinations destinations_;
 };
 
 /// Category labels of the registered files.

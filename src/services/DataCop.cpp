@@ -186,12 +186,13 @@ String GetSubNamePath(Component& component, int slot) {
   return Utility::AddBackslash(root + name);
 }
 
-DestinationFolders LoadDestinationFolders(Component& component) {
-  DestinationFolders folders;
+Destinations LoadDestinations(Component& component) {
+  Destinations destinations;
+  NVServices::GetSubGroupRoot(component, kGroup, destinations.subGroupRoot);
   for (int slot = 1; slot <= 4; ++slot) {
-    folders[static_cast<std::size_t>(slot - 1)] = GetSubNamePath(component, slot);
+    destinations.folders[static_cast<std::size_t>(slot - 1)] = GetSubNamePath(component, slot);
   }
-  return folders;
+  return destinations;
 }
 
 int DestinationSlot(StringView artist, StringView album) {
@@ -199,23 +200,21 @@ int DestinationSlot(StringView artist, StringView album) {
   return album.empty() ? 4 : 3;
 }
 
-String GetEntrySubFolder(AutomationObject& entry, const DestinationFolders& folders) {
+String GetEntrySubFolder(AutomationObject& entry, const Destinations& destinations) {
   const bool isAsx = entry.ClassName() == u"AsxEntry";
   const String artist = CleanName(entry, isAsx, u"Entry_ArtistName", u"ASX_Artist");
   const String album = CleanName(entry, isAsx, u"Entry_AlbumName", u"ASX_Album");
-  String path = folders.at(static_cast<std::size_t>(DestinationSlot(artist, album) - 1));
+  String path = destinations.folders.at(static_cast<std::size_t>(DestinationSlot(artist, album) - 1));
   for (const String& name : {artist, album}) {
     if (!name.empty()) path += name + u"\\";
   }
   return path;
 }
 
-bool RegisterMedia(Component& component, StringView label, StringView subFolder,
-                   StringView sourceFolder, StringView fileName) {
-  String root;
-  NVServices::GetSubGroupRoot(component, kGroup, root);
+bool RegisterMedia(Component& component, const Destinations& destinations, StringView label,
+                   StringView subFolder, StringView sourceFolder, StringView fileName) {
   MigrationList& list = component.Machine().Migration();
-  if (!list.EnsureGroup(kGroup, root)) return false;
+  if (!list.EnsureGroup(kGroup, destinations.subGroupRoot)) return false;
   MediaRecord record;
   record.source.reserve(sourceFolder.size() + fileName.size());
   record.source.append(sourceFolder).append(fileName);

@@ -65,21 +65,24 @@ bool LoadSubNames(Component& component);
 /// 2 artist only, 3 album only, 4 neither, 5 the playlists' own root.
 String GetSubNamePath(Component& component, int slot);
 
-/// The sub-name paths of slots 1 to 4, at 0 to 3, looked up once for many entries.
-using DestinationFolders = std::array<String, 4>;
-DestinationFolders LoadDestinationFolders(Component& component);
+/// What the registration of media needs to know of the group, looked up once for many entries.
+struct Destinations {
+  String subGroupRoot;            ///< as configured
+  std::array<String, 4> folders;  ///< the sub-name paths of slots 1 to 4
+};
+Destinations LoadDestinations(Component& component);
 
 /// Which of slots 1 to 4 an item with these names belongs to.
 int DestinationSlot(StringView artist, StringView album);
 
 /// Sub-folder of an entry by its artist and album, with a trailing backslash. The entry's fields
 /// are read by name.
-String GetEntrySubFolder(AutomationObject& entry, const DestinationFolders& folders);
+String GetEntrySubFolder(AutomationObject& entry, const Destinations& destinations);
 
 /// Hands one media file to the migration list; true when it was accepted. `sourceFolder` ends in a
 /// backslash; an empty `fileName` registers the folder.
-bool RegisterMedia(Component& component, StringView label, StringView subFolder,
-                   StringView sourceFolder, StringView fileName);
+bool RegisterMedia(Component& component, const Destinations& destinations, StringView label,
+                   StringView subFolder, StringView sourceFolder, StringView fileName);
 
 /// Opens a file as text; null when it cannot be got or opened.
 std::unique_ptr<TextStream> OpenTextStream(Component& component, StringView path);

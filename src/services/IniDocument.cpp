@@ -41,6 +41,11 @@ void AppendLine(String& text, StringView line) {
 
 }  // namespace
 
+IniDocument::Line::Line(StringView key, StringView value) : keyLength_(key.size()) {
+  text_.reserve(key.size() + 1 + value.size());
+  text_.append(key).append(1, u'=').append(value);
+}
+
 IniDocument::IniDocument(StringView text) {
   std::size_t section = kNone;
   for (std::size_t at = 0; at < text.size();) {
@@ -61,11 +66,11 @@ void IniDocument::AddLine(std::size_t& section, StringView line) {
   std::vector<Line>& lines = section == kNone ? preamble_ : sections_[section].lines;
   const std::size_t equals = content.find(u'=');
   if (content.starts_with(u';') || equals == StringView::npos || equals == 0) {
-    lines.push_back({{}, String(line), false});
+    lines.emplace_back(line);
     return;
   }
-  lines.push_back({String(TrimBlanksAndTabs(content.substr(0, equals))),
-                   String(TrimBlanksAndTabs(content.substr(equals + 1))), true});
+  lines.emplace_back(TrimBlanksAndTabs(content.substr(0, equals)),
+                     TrimBlanksAndTabs(content.substr(equals + 1)));
 }
 
 std::size_t IniDocument::FindSection(StringView name) const {
@@ -82,30 +87,33 @@ std::size_t IniDocument::FindOrAddSection(StringView name) {
   return sections_.size() - 1;
 }
 
-const IniDocument::Line* IniDocument::FindKey(const Section& section, StringView key) const {
+std::size_t IniDocument::FindKey(const Section& section, StringView key) {
   if (section.lines.size() <= kSearchedLines) {
-    for (const Line& line : section.lines) {
-      if (line.isKey && EqualsIgnoreCase(line.key, key)) return &line;
+    for (std::size_t i = 0; i < section.lines.size(); ++i) {
+      const Line& line = section.lines[i];
+      if (line.IsKey() && EqualsIgnoreCase(line.Key(), key)) return i;
     }
-    return nullptr;
+    return kNone;
   }
   for (; section.indexed < section.lines.size(); ++section.indexed) {
     const Line& line = section.lines[section.indexed];
-    if (line.isKey) section.byKey.emplace(line.key, section.indexed);
+    if (line.IsKey()) section.byKey.emplace(line.Key(), section.indexed);
   }
   const auto found = section.byKey.find(key);
-  return found == section.byKey.end() ? nullptr : &section.lines[found->second];
+  return found == section.byKey.end() ? kNone : found->second;
 }
 
 std::optional<StringView> IniDocument::Value(std::size_t section, StringView key) const {
-  const Line* const line = FindKey(sections_.at(section), TrimBlanksAndTabs(key));
-  return line == nullptr ? std::nullopt : std::optional<StringView>(line->value);
+  const Section& holder = sections_.at(section);
+  const std::size_t position = FindKey(holder, TrimBlanksAndTabs(key));
+  if (position == kNone) return std::nullopt;
+  return holder.lines[position].Value();
 }
 
 std::vector<StringView> IniDocument::Keys(std::size_t section) const {
   std::vector<StringView> keys;
   for (const Line& line : sections_.at(section).lines) {
-    if (line.isKey) keys.emplace_back(line.key);
+    if (line.IsKey()) keys.push_back(line.Key());
   }
   return keys;
 }
@@ -114,25 +122,22 @@ void IniDocument::SetValue(std::size_t section, StringView key, StringView value
   Section& target = sections_.at(section);
   key = TrimBlanksAndTabs(key);
   const StringView content = WithoutLineEnd(value);
-  String stored(TrimBlanksAndTabs(OnOneLine(content)));
-  if (const Line* const line = FindKey(target, key)) {
-    const_cast<Line*>(line)->value = std::move(stored);
+  const bool oneLine = content.find_first_of(u"\r\n") == StringView::npos;
+  const String joined = oneLine ? String() : OnOneLine(content);
+  const StringView stored = TrimBlanksAndTabs(oneLine ? content : StringView(joined));
+  if (const std::size_t position = FindKey(target, key); position != kNone) {
+    Line& line = target.lines[position];
+    line = Line(String(line.Key()), stored);  // keeps the key's own spelling
     return;
   }
-  target.lines.push_back({String(key), std::move(stored), true});
-  if (content.size() != value.size()) target.lines.push_back({});
+  target.lines.emplace_back(key, stored);
+  if (content.size() != value.size()) target.lines.emplace_back(StringView());
 }
 
 String IniDocument::ToText() const {
   String text;
   const auto appendLines = [&text](const std::vector<Line>& lines) {
-    for (const Line& line : lines) {
-      if (line.isKey) {
-        text += line.key;
-        text += u'=';
-      }
-      AppendLine(text, line.value);
-    }
+    for (const Line& line : lines) AppendLine(text, line.Text());
   };
   appendLines(preamble_);
   for (const Section& section : sections_) {

@@ -38,21 +38,32 @@ class IniDocument {
   String ToText() const;
 
  private:
-  struct Line {
-    String key;    // empty for a line that is no key
-    String value;  // of such a line: the line itself
-    bool isKey = false;
+  /// One line as it is written: a key, an equals sign and the value, or any other line.
+  class Line {
+   public:
+    explicit Line(StringView other) : text_(other) {}
+    Line(StringView key, StringView value);
+
+    bool IsKey() const { return keyLength_ > 0; }
+    StringView Key() const { return StringView(text_).substr(0, keyLength_); }
+    StringView Value() const { return StringView(text_).substr(keyLength_ + 1); }
+    StringView Text() const { return text_; }
+
+   private:
+    String text_;
+    std::size_t keyLength_ = 0;
   };
   struct Section {
     String name;
     std::vector<Line> lines;
     // Filled only for sections with many keys; small ones are searched.
-    mutable std::unordered_map<StringView, std::size_t, CaselessHash, CaselessEqual> byKey;
+    mutable std::unordered_map<String, std::size_t, CaselessHash, CaselessEqual> byKey;
     mutable std::size_t indexed = 0;  // lines that byKey covers
   };
 
   void AddLine(std::size_t& section, StringView line);
-  const Line* FindKey(const Section& section, StringView key) const;
+  /// Position of the key's line in the section, kNone when there is none.
+  static std::size_t FindKey(const Section& section, StringView key);
 
   std::vector<Line> preamble_;  // lines before the first section
   std::vector<Section> sections_;

@@ -66,23 +66,24 @@ void Mp3TagReader::Reset() {
   hasId3_ = hasTag_ = false;
 }
 
-bool Mp3TagReader::ReadFile(StringView fileName) {
+bool Mp3TagReader::ReadFile(StringView fileName, Extent extent) {
   Reset();
-  fileName_ = LastComponent(component_.Files().AbsolutePathName(fileName));
+  fileName_ = LastComponent(fileName);
   try {
-    Guarded([&] { ReadTags(fileName); });
+    Guarded([&] { ReadTags(fileName, extent); });
   } catch (const RunTimeError&) {
     return false;
   }
   return hasId3_ || hasTag_;
 }
 
-void Mp3TagReader::ReadTags(StringView path) {
+void Mp3TagReader::ReadTags(StringView path, Extent extent) {
   const std::unique_ptr<BinaryFile> file = component_.Files().OpenForReading(path);
   TagBytes bytes(*file);
   if (bytes.At(0, 3) == "ID3") {
     hasId3_ = true;
     WalkFrames(bytes);
+    if (extent == Extent::FramesHideTrailer) return;
   }
   const std::uint64_t size = bytes.Size();
   fileSize_ = NarrowToInt32(static_cast<double>(size));

@@ -16,9 +16,13 @@ class Mp3TagReader {
  public:
   explicit Mp3TagReader(Component& component) : component_(component) {}
 
+  /// How much is read: everything, or only the ID3v2 frames of a file that has them, for a caller
+  /// to whom they hide the ID3v1 trailer. The file's size is then not learnt either.
+  enum class Extent { Whole, FramesHideTrailer };
+
   /// True when the file begins with an ID3v2 header or ends in an ID3v1 trailer. False after any
   /// error; the fields read until then keep their values.
-  bool ReadFile(StringView fileName);
+  bool ReadFile(StringView fileName, Extent extent = Extent::Whole);
 
   bool HasTAG() const { return hasTag_; }
   bool HasID3() const { return hasId3_; }
@@ -56,7 +60,7 @@ class Mp3TagReader {
   };
 
   void Reset();
-  void ReadTags(StringView path);
+  void ReadTags(StringView path, Extent extent);
   void WalkFrames(TagBytes& file);
   void ReadTrailer(TagBytes& file);
   String* StoreFor(std::string_view id);

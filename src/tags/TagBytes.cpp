@@ -3,22 +3,25 @@
 #include <algorithm>
 
 namespace norvo {
-namespace {
 
-// An ordinary tag without a picture lies within it.
-constexpr std::size_t kWindow = 4096;
-
-}  // namespace
+void TagBytes::Fill(std::uint64_t offset, std::span<char> bytes) {
+  const std::size_t got = file_.ReadAt(offset, bytes);
+  std::fill(bytes.begin() + static_cast<std::ptrdiff_t>(got), bytes.end(), '\0');
+}
 
 std::string_view TagBytes::At(std::uint64_t offset, std::size_t length) {
-  const bool inside = offset >= start_ && offset + length <= start_ + window_.size();
-  if (!inside) {
-    window_.resize(std::max(length, kWindow));
-    const std::size_t got = file_.ReadAt(offset, window_);
-    std::fill(window_.begin() + static_cast<std::ptrdiff_t>(got), window_.end(), '\0');
-    start_ = offset;
+  if (length > kWindow) {
+    large_.resize(length);
+    Fill(offset, large_);
+    return large_;
   }
-  return std::string_view(window_).substr(static_cast<std::size_t>(offset - start_), length);
+  const bool inside = offset >= start_ && offset + length <= start_ + length_;
+  if (!inside) {
+    Fill(offset, window_);
+    start_ = offset;
+    length_ = kWindow;
+  }
+  return {window_.data() + (offset - start_), length};
 }
 
 }  // namespace norvo

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -19,9 +21,16 @@ class TagBytes {
   std::uint64_t Size() { return file_.Size(); }
 
  private:
+  // An ordinary tag without a picture lies within it.
+  static constexpr std::size_t kWindow = 4096;
+
+  void Fill(std::uint64_t offset, std::span<char> bytes);
+
   BinaryFile& file_;
-  std::string window_;
-  std::uint64_t start_ = 0;  // of the window in the file
+  std::array<char, kWindow> window_;
+  std::uint64_t start_ = 0;    // of the window in the file
+  std::size_t length_ = 0;     // of what the window holds
+  std::string large_;          // a request that is larger than the window
 };
 
 }  // namespace norvo

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "text/Ascii.h"
+
 namespace norvo {
 namespace {
 
@@ -27,23 +29,32 @@ class Windows1252Page final : public CodePage {
  public:
   String Decode(std::string_view bytes) const override {
     String text(bytes.size(), u'\0');
-    std::transform(bytes.begin(), bytes.end(), text.begin(),
-                   [](char byte) { return DecodeByte(static_cast<unsigned char>(byte)); });
+    if (IsAscii(bytes)) {
+      std::copy(bytes.begin(), bytes.end(), text.begin());
+    } else {
+      std::transform(bytes.begin(), bytes.end(), text.begin(),
+                     [](char byte) { return DecodeByte(static_cast<unsigned char>(byte)); });
+    }
     return text;
   }
 
   std::string Encode(StringView text) const override {
     std::string bytes(text.size(), '\0');
-    std::transform(text.begin(), text.end(), bytes.begin(), [](char16_t unit) {
-      const int byte = EncodeUnit(unit);
-      return byte < 0 ? '?' : static_cast<char>(byte);
-    });
+    if (IsAscii(text)) {
+      std::transform(text.begin(), text.end(), bytes.begin(),
+                     [](char16_t unit) { return static_cast<char>(unit); });
+    } else {
+      std::transform(text.begin(), text.end(), bytes.begin(), [](char16_t unit) {
+        const int byte = EncodeUnit(unit);
+        return byte < 0 ? '?' : static_cast<char>(byte);
+      });
+    }
     return bytes;
   }
 
   bool Fits(StringView text) const override {
-    return std::all_of(text.begin(), text.end(),
-                       [](char16_t unit) { return EncodeUnit(unit) >= 0; });
+    return IsAscii(text) || std::all_of(text.begin(), text.end(),
+                                        [](char16_t unit) { return EncodeUnit(unit) >= 0; });
   }
 };
 

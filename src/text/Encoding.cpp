@@ -1,5 +1,9 @@
 #include "text/Encoding.h"
 
+#include <algorithm>
+
+#include "text/Ascii.h"
+
 namespace norvo {
 namespace {
 
@@ -52,6 +56,10 @@ void AppendUtf16(String& text, char32_t point) {
 
 /// Decodes UTF-8; false when `strict` and a byte is not valid.
 bool DecodeUtf8(std::string_view bytes, bool strict, String& text) {
+  if (IsAscii(bytes)) {
+    text.assign(bytes.begin(), bytes.end());
+    return true;
+  }
   text.reserve(bytes.size());
   for (std::size_t at = 0; at < bytes.size();) {
     char32_t point = 0;
@@ -154,6 +162,13 @@ String FromUtf8Lossy(std::string_view bytes) {
 }
 
 void AppendUtf8(std::string& bytes, StringView text) {
+  if (IsAscii(text)) {
+    const std::size_t had = bytes.size();
+    bytes.resize(had + text.size());
+    std::transform(text.begin(), text.end(), bytes.begin() + static_cast<std::ptrdiff_t>(had),
+                   [](char16_t unit) { return static_cast<char>(unit); });
+    return;
+  }
   for (std::size_t i = 0; i < text.size(); ++i) {
     char32_t point = text[i];
     if (IsHighHalf(point) && i + 1 < text.size() && IsLowHalf(text[i + 1])) {

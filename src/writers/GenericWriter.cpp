@@ -1,6 +1,7 @@
 #include "writers/GenericWriter.h"
 
 #include <span>
+#include <vector>
 
 #include "automation/RunTimeError.h"
 #include "services/ProfileFile.h"
@@ -103,23 +104,35 @@ void WriteGlobals(ProfileFile& file, const PlaylistRecord& playlist) {
   file.WriteValue(u"TotalSongs", FormatInteger(playlist.entries->TotalSongs()) + String(kLineEnd));
 }
 
-void WriteEntry(ProfileFile& file, AutomationObject& entry, std::span<const EntryKey> keys) {
-  for (const EntryKey& row : keys) {
-    String value = ToText(entry.Get(row.property));
-    // The last key of a section is always written and leaves an empty line behind it.
-    if (EqualsIgnoreCase(row.key, u"URLType")) value += kLineEnd;
-    if (!value.empty()) file.WriteValue(row.key, value);
+/// Writes the sections of the entries with one key set.
+class EntryWriter {
+ public:
+  EntryWriter(ProfileFile& file, std::span<const EntryKey> keys) : file_(file), keys_(keys) {
+    for (const EntryKey& row : keys) readers_.emplace_back(row.property);
   }
-}
+
+  void Write(AutomationObject& entry, std::int32_t position) {
+    file_.SelectSection(u"Entry " + FormatInteger(position) + u" Properties");
+    for (std::size_t i = 0; i < keys_.size(); ++i) {
+      String value = ToText(readers_[i](entry));
+      // The last key of a section is always written and leaves an empty line behind it.
+      if (EqualsIgnoreCase(keys_[i].key, u"URLType")) value += kLineEnd;
+      if (!value.empty()) file_.WriteValue(keys_[i].key, value);
+    }
+  }
+
+ private:
+  ProfileFile& file_;
+  std::span<const EntryKey> keys_;
+  std::vector<PropertyReader> readers_;  // one for each key
+};
 
 void WriteEntries(ProfileFile& file, const Entries& entries) {
   const bool asx = HasAsxEntries(entries.CollectionType());
-  const std::span<const EntryKey> keys =
-      asx ? std::span<const EntryKey>(kAsxKeys) : std::span<const EntryKey>(kPlainKeys);
-  for (std::int32_t i = 1; i <= entries.Count(); ++i) {
-    file.SelectSection(u"Entry " + FormatInteger(i) + u" Properties");
-    WriteEntry(file, *entries.Item(i), keys);
-  }
+  EntryWriter writer(file, asx ? std::span<const EntryKey>(kAsxKeys)
+                               : std::span<const EntryKey>(kPlainKeys));
+  const std::int16_t count = entries.Count();
+  for (std::int32_t i = 1; i <= count; ++i) writer.Write(*entries.Item(i), i);
 }
 
 }  // namespace

@@ -1,0 +1,20 @@
+// Any bytes as a registry text: what is not changed comes out as it went in, and a value that was
+// written reads back.
+#include "FuzzedPlaylist.h"
+#include "platform/hosted/RegistryText.h"
+#include "text/Encoding.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const norvo::String text = norvo::FromUtf8Lossy(norvo::AsBytes(data, size));
+  norvo::RegistryText registry(text);
+  if (!registry.IsValid()) return 0;
+  if (registry.Text() != text) std::abort();
+  const norvo::StringView key = u"Software\\Norvo\\Debug";
+  registry.Read(norvo::Hive::CurrentUser, key, u"VBDebugOut");
+  if (!registry.Write(norvo::Hive::CurrentUser, key, u"VBDebugOut", std::int32_t{3})) std::abort();
+  const auto value = registry.Read(norvo::Hive::CurrentUser, key, u"VBDebugOut");
+  if (!value || *value != norvo::RegistryValue(std::int32_t{3})) std::abort();
+  norvo::RegistryText again(registry.Text());
+  if (again.Read(norvo::Hive::CurrentUser, key, u"VBDebugOut") != value) std::abort();
+  return 0;
+}
