@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/hosted/DriveMap.h"
+#include "platform/hosted/HostCalls.h"
+
+namespace norvo {
+
+/// What the host tells of a name while it lists a folder.
+enum class ListedKind { File, Folder, Link, Other };
+
+/// Calls `visit` for every name of an open folder but "." and "..", in the disk's order. False,
+/// with the reason in `errno`, when the folder cannot be read to its end.
+bool ForEachName(HostFile folder,
+                 const std::function<void(std::string_view name, ListedKind kind)>& visit);
+
+/// The names of one folder, to be found without regard to case.
+class FolderListing {
+ public:
+  /// Reads an open folder; nothing when that fails.
+  static std::optional<FolderListing> Of(HostFile folder);
+
+  /// The name that differs from the sought one only in case and trailing points and blanks; of
+  /// several the first in byte order. Empty when there is none. The view lives as long as this.
+  std::string_view Find(StringView name) const;
+  /// True when a folder with these facts still holds the same names.
+  bool IsCurrent(const HostFacts& folder) const;
+
+ private:
+  struct Row {
+    std::uint64_t hash;
+    std::uint32_t offset;  // into names_
+    std::uint32_t length;
+  };
+
+  std::string_view NameOf(const Row& row) const;
+  void Note(const HostFacts& folder);
+
+  std::string names_;
+  std::vector<Row> rows_;  // by hash, then by name
+  HostTime modified_;
+  HostTime changed_;
+  bool lasting_ = false;  // every later change of the folder shows in its times
+};
+
+/// The listings of the folders that were searched last.
+class ListingCache {
+ public:
+  /// The name as the disk spells it, see FolderListing::Find. Empty when there is none or the
+  /// folder cannot be read.
+  std::string Find(const HostDrive& drive, const std::string& folder, StringView name);
+  /// To be called after every change to a folder that this platform makes itself.
+  void Forget(const HostDrive& drive, std::string_view folder);
+
+ private:
+  struct Slot {
+    const HostDrive* drive = nullptr;
+    std::string folder;
+    FolderListing listing;
+    std::uint64_t used = 0;
+  };
+  Slot* SlotOf(const HostDrive& drive, std::string_view folder);
+  Slot& Keep(const HostDrive& drive, const std::string& folder, FolderListing listing);
+
+  std::vector<Slot> slots_;
+  std::uint64_t uses_ = 0;
+};
+
+}  // namespace norvo

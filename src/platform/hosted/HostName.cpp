@@ -1,0 +1,124 @@
+#include "platform/hosted/HostName.h"
+
+#include <algorithm>
+
+#include "text/Encoding.h"
+
+namespace norvo {
+namespace {
+
+constexpr char16_t kReplacement = 0xFFFD;
+
+bool IsTrail(char16_t unit) {
+  return unit == u'.' || unit == u' ';
+}
+
+bool IsControl(char16_t unit) {
+  return unit < 0x20;
+}
+
+bool IsWholeUtf16(StringView text) {
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] < 0xD800 || text[i] > 0xDFFF) continue;
+    const bool pair =
+        text[i] <= 0xDBFF && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] <= 0xDFFF;
+    if (!pair) return false;
+    ++i;
+  }
+  return true;
+}
+
+/// Plain characters only, in the sense of one byte per character and none of them special.
+bool IsPlainAscii(std::string_view name) {
+  return std::all_of(name.begin(), name.end(), [](char c) {
+    return c >= 0x20 && c != '\\';
+  });  // bytes from 0x80 are negative
+}
+
+std::uint64_t Mix(std::uint64_t hash, char16_t unit) {
+  return (hash ^ ToUpper(unit)) * 0x100000001b3u;
+}
+
+constexpr std::uint64_t kSeed = 0xcbf29ce484222325u;
+
+}  // namespace
+
+static_assert(static_cast<char>(0x80) < 0, "a byte above 0x7F must not pass for a character");
+
+StringView WithoutTrail(StringView name) {
+  while (!name.empty() && IsTrail(name.back())) name.remove_suffix(1);
+  return name;
+}
+
+std::optional<std::string> ToHostName(StringView component) {
+  component = WithoutTrail(component);
+  if (component.empty() || std::any_of(component.begin(), component.end(), IsControl) ||
+      !IsWholeUtf16(component)) {
+    return std::nullopt;
+  }
+  return ToUtf8(component);
+}
+
+std::optional<String> FromHostName(std::string_view name) {
+  if (IsPlainAscii(name)) {
+    String text(name.begin(), name.end());
+    return WithoutTrail(text).empty() ? std::nullopt : std::optional<String>(std::move(text));
+  }
+  std::optional<String> text = FromUtf8(name);
+  if (!text || text->find(u'\\') != String::npos || WithoutTrail(*text).empty() ||
+      std::any_of(text->begin(), text->end(), IsControl)) {
+    return std::nullopt;
+  }
+  return text;
+}
+
+bool IsExpressible(std::string_view name) {
+  if (!name.empty() && name.back() != '.' && name.back() != ' ' && IsPlainAscii(name)) return true;
+  return FromHostName(name).has_value();
+}
+
+String ShownHostName(std::string_view name) {
+  String text = FromUtf8Lossy(name);
+  std::replace_if(text.begin(), text.end(), IsControl, kReplacement);
+  return text;
+}
+
+std::uint64_t HashOfName(StringView name) {
+  std::uint64_t hash = kSeed;
+  for (const char16_t unit : WithoutTrail(name)) hash = Mix(hash, unit);
+  return hash;
+}
+
+std::uint64_t HashOfHostName(std::string_view name) {
+  if (!IsPlainAscii(name)) return HashOfName(FromUtf8Lossy(name));
+  while (!name.empty() && (name.back() == '.' || name.back() == ' ')) name.remove_suffix(1);
+  std::uint64_t hash = kSeed;
+  for (const char c : name) hash = Mix(hash, static_cast<char16_t>(c));
+  return hash;
+}
+
+std::string JoinHost(std::string_view folder, std::string_view name) {
+  std::string path;
+  path.reserve(folder.size() + 1 + name.size());
+  path.append(folder);
+  if (!folder.empty()) path.push_back('/');
+  path.append(name);
+  return path;
+}
+
+std::string_view HostLeaf(std::string_view path) {
+  const std::size_t last = path.rfind('/');
+  return last == std::string_view::npos ? path : path.substr(last + 1);
+}
+
+std::string_view HostParent(std::string_view path) {
+  const std::size_t last = path.rfind('/');
+  return last == std::string_view::npos ? std::string_view() : path.substr(0, last);
+}
+
+bool LiesWithin(std::string_view path, std::string_view folder) {
+  if (folder.empty() || path == folder) return true;
+  return path.size() > folder.size() && path.starts_with(folder) && path[folder.size()] == '/';
+}
+
+}  // namespace norvo

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "text/Text.h"
+
+namespace norvo {
+
+/// Names as Windows paths have them, and as the host's disk has them: UTF-8.
+
+/// The name without its trailing points and blanks, which do not matter.
+StringView WithoutTrail(StringView name);
+
+/// How a component of a Windows path is spelled on the disk; nothing when no file can have it: no
+/// whole UTF-16, control characters, or nothing but points and blanks.
+std::optional<std::string> ToHostName(StringView component);
+
+/// The text of a name on the disk; nothing for a name that no Windows path can express.
+std::optional<String> FromHostName(std::string_view name);
+/// The same question without the text; cheap for plain names.
+bool IsExpressible(std::string_view name);
+
+/// The name for a message, with a mark for each byte that has no place in a text.
+String ShownHostName(std::string_view name);
+
+/// A hash that does not regard case nor trailing points and blanks. Both forms of one name have the
+/// same; a name on the disk must be expressible.
+std::uint64_t HashOfName(StringView name);
+std::uint64_t HashOfHostName(std::string_view name);
+
+/// "folder/name"; just the name for the empty folder.
+std::string JoinHost(std::string_view folder, std::string_view name);
+/// What follows the last "/".
+std::string_view HostLeaf(std::string_view path);
+/// What precedes the last "/"; empty without one.
+std::string_view HostParent(std::string_view path);
+
+/// True when the path is the folder or lies below it; the empty folder holds all
+/// paths.
+bool LiesWithin(std::string_view path, std::string_view folder);
+
+}  // namespace norvo

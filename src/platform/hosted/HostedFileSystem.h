@@ -1,0 +1,56 @@
+#pragma once
+
+#include <functional>
+#include <unordered_set>
+
+#include "platform/hosted/DriveMap.h"
+#include "platform/hosted/HostPath.h"
+#include "services/FileSystem.h"
+
+namespace norvo {
+
+/// The file system service over the drives of a machine that is held in a folder.
+class HostedFileSystem final : public FileSystem {
+ public:
+  using WarningSink = std::function<void(StringView)>;
+
+  /// `drives` and what `warn` refers to must outlive this.
+  HostedFileSystem(const DriveMap& drives, WarningSink warn)
+      : drives_(drives), resolver_(drives), warn_(std::move(warn)) {}
+
+  bool FolderExists(StringView path) override;
+  std::optional<FileFacts> FactsOf(StringView path) override;
+  void CreateFolder(StringView path) override;
+  void DeleteFile(StringView path, bool force) override;
+  std::unique_ptr<BinaryFile> OpenForReading(StringView path) override;
+  std::unique_ptr<AppendFile> OpenForAppending(StringView path, bool create) override;
+  std::vector<FolderItem> ListFolder(StringView path, std::span<const StringView> endings) override;
+  String AbsolutePathName(StringView path) override;
+  DriveType TypeOfDrive(StringView path) override;
+  std::vector<Drive> Drives() override;
+  String FileVersion(StringView path) override;
+  String SystemFolder() override;
+  Date LocalDate(FileTime time) override;
+
+  /// Replaces a file whole, after creating the folders that are missing. Raises.
+  void ReplaceWhole(StringView path, std::string_view bytes);
+
+ private:
+  HostFile OpenExisting(StringView path, int flags, HostPlace& place);
+  HostFile CreateForAppending(StringView path);
+  HostFile OpenListed(StringView path, HostPlace& place);
+  HostPlace CreateFolders(StringView path);
+  HostPlace PlaceOfNew(const HostPlace& folder, StringView path);
+  void WarnOfName(StringView folder, std::string_view name);
+  [[noreturn]] void RaiseMissing(StringView path);
+
+  const DriveMap& drives_;
+  HostPathResolver resolver_;
+  WarningSink warn_;
+  /// The regular file that was looked at last: often it is the next one to be opened.
+  HostPlace lastSeen_;
+  std::uint64_t lastSize_ = 0;
+  std::unordered_set<std::string> warned_;  // names that were reported
+};
+
+}  // namespace norvo

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "platform/hosted/HostCalls.h"
+#include "services/FileSystem.h"
+
+namespace norvo {
+
+/// A regular file open for reading.
+class HostedBinaryFile final : public BinaryFile {
+ public:
+  /// `expectedEnd` is where an earlier look-up saw the file end: a reading that stops just there
+  /// needs no further call. `size` is what the open file itself told, when it was asked.
+  HostedBinaryFile(HostFile file, std::uint64_t expectedEnd, std::optional<std::uint64_t> size,
+                   StringView path)
+      : file_(std::move(file)), expectedEnd_(expectedEnd), size_(size), path_(path) {}
+
+  std::size_t ReadAt(std::uint64_t offset, std::span<char> buffer) override;
+  std::uint64_t Size() override;
+
+ private:
+  HostFile file_;
+  std::uint64_t expectedEnd_;
+  std::optional<std::uint64_t> size_;
+  String path_;
+};
+
+/// A regular file open for appending.
+class HostedAppendFile final : public AppendFile {
+ public:
+  HostedAppendFile(HostFile file, StringView path) : file_(std::move(file)), path_(path) {}
+  void Append(std::string_view bytes) override;
+
+ private:
+  HostFile file_;
+  String path_;
+};
+
+}  // namespace norvo

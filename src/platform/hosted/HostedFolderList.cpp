@@ -1,0 +1,91 @@
+#include <algorithm>
+#include <cerrno>
+
+#include "platform/hosted/HostName.h"
+#include "platform/hosted/HostedFileSystem.h"
+#include "text/Encoding.h"
+
+namespace norvo {
+namespace {
+
+// Beyond that many reports a name is reported again each time that it is met.
+constexpr std::size_t kMostRemembered = 10000;
+
+char LowerAscii(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+}
+
+/// The endings of the wanted names, compared on the bytes of the disk: of the many names in a
+/// large folder only the wanted ones become text.
+class EndingFilter {
+ public:
+  explicit EndingFilter(std::span<const StringView> endings) {
+    for (const StringView ending : endings) {
+      std::string bytes = ToUtf8(ending);
+      std::transform(bytes.begin(), bytes.end(), bytes.begin(), LowerAscii);
+      endings_.push_back(std::move(bytes));
+    }
+  }
+
+  bool Passes(std::string_view name) const {
+    return endings_.empty() ||
+           std::any_of(endings_.begin(), endings_.end(), [name](const std::string& ending) {
+             return name.size() >= ending.size() &&
+                    std::equal(ending.begin(), ending.end(), name.end() - Length(ending),
+                               [](char wanted, char c) { return wanted == LowerAscii(c); });
+           });
+  }
+
+ private:
+  static std::ptrdiff_t Length(const std::string& text) {
+    return static_cast<std::ptrdiff_t>(text.size());
+  }
+
+  std::vector<std::string> endings_;
+};
+
+}  // namespace
+
+void HostedFileSystem::WarnOfName(StringView folder, std::string_view name) {
+  if (warned_.size() < kMostRemembered &&
+      !warned_.insert(ToUtf8(folder) + '/' + std::string(name)).second) {
+    return;
+  }
+  warn_(String(folder) + u": the name \"" + ShownHostName(name) +
+        u"\" cannot be a Windows name; it is left out");
+}
+
+std::vector<FolderItem> HostedFileSystem::ListFolder(StringView path,
+                                                     std::span<const StringView> endings) {
+  HostPlace place;
+  HostFile folder = OpenListed(path, place);
+  const EndingFilter filter(endings);
+  std::vector<FolderItem> items;
+  std::vector<std::string> odd;
+  const auto add = [&](std::string_view name, bool isFolder) {
+    if (isFolder || filter.Passes(name)) items.push_back({*FromHostName(name), isFolder});
+  };
+  std::vector<std::string> links;  // followed when the folder's own reading is over
+  const bool whole = ForEachName(std::move(folder), [&](std::string_view name, ListedKind kind) {
+    if (!IsExpressible(name)) {
+      odd.emplace_back(name);
+    } else if (kind == ListedKind::Link) {
+      links.emplace_back(name);
+    } else if (kind != ListedKind::Other) {
+      add(name, kind == ListedKind::Folder);
+    }
+  });
+  if (!whole) RaiseHostError(errno, Subject::Folder, path);
+  for (const std::string& name : links) {
+    const std::optional<HostEntry> entry =
+        HostPathResolver::FollowLink(*place.drive, JoinHost(place.path, name));
+    if (!entry || entry->facts.kind == HostFacts::Kind::Other) continue;
+    const bool isFolder = entry->facts.kind == HostFacts::Kind::Folder;
+    // A link to a folder above is left out: who walks through all folders would never come back.
+    if (!isFolder || !resolver_.LeadsBack(path, entry->target)) add(name, isFolder);
+  }
+  for (const std::string& name : odd) WarnOfName(path, name);
+  return items;
+}
+
+}  // namespace norvo

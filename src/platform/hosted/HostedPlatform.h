@@ -1,0 +1,41 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+
+#include "services/Platform.h"
+
+namespace norvo {
+
+/// A Windows machine that is held in a folder: its drives are folders, its registry is a text file
+/// ("registry.reg"), and an optional "machine.ini" tells the types and places of the drives and the
+/// shell's folders. Used on one thread at a time; two machines share nothing.
+class HostedPlatform final : public Platform {
+ public:
+  /// Error 76, naming the folder, when it is no folder or holds no machine.
+  explicit HostedPlatform(const std::filesystem::path& machineFolder);
+  ~HostedPlatform() override;
+
+  /// Shows the machine's messages from now on, instead of the standard error stream. Not owned.
+  void SetMessageBox(MessageBox& messages);
+  /// Is told, one line each, what is odd about the machine, such as names that no Windows path can
+  /// express; also what was found before the call. Until it is set nobody is told.
+  void SetWarningSink(std::function<void(StringView)> sink);
+
+  FileSystem& Files() override;
+  norvo::Registry& Registry() override;
+  ShellFolders& Shell() override;
+  ProductInformation& Product() override;
+  SettingsStorage& Settings() override;
+  MigrationList& Migration() override;
+  DriveScanner* Scanner() override;
+  MessageBox& Messages() override;
+  const CodePage& AnsiPage() override;
+
+ private:
+  struct Parts;
+  std::unique_ptr<Parts> parts_;
+};
+
+}  // namespace norvo

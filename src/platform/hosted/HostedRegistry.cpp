@@ -1,0 +1,152 @@
+#include "platform/hosted/HostedRegistry.h"
+
+#include <fcntl.h>
+
+#include <cerrno>
+
+#include "automation/RunTimeError.h"
+#include "platform/hosted/AtomicFile.h"
+#include "text/CodePage.h"
+#include "text/Encoding.h"
+
+namespace norvo {
+namespace {
+
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+constexpr std::string_view kOldHeader = "REGEDIT4";
+constexpr StringView kMachineClasses = u"SOFTWARE\\Classes\\";
+
+/// Where a key of the classes root stands when the text holds the machine's part only.
+String InMachineClasses(StringView key) {
+  return String(kMachineClasses).append(key);
+}
+
+/// The file itself, if its name is a link.
+std::filesystem::path WithoutLinks(const std::filesystem::path& file) {
+  std::error_code failure;
+  std::filesystem::path real = std::filesystem::canonical(file, failure);
+  return failure ? file : real;
+}
+
+bool IsSame(const std::optional<HostFacts>& left, const std::optional<HostFacts>& right) {
+  if (!left || !right) return left.has_value() == right.has_value();
+  return left->size == right->size && left->modified == right->modified &&
+         left->changed == right->changed;
+}
+
+}  // namespace
+
+HostedRegistry::HostedRegistry(std::filesystem::path file, std::function<void(StringView)> warn)
+    : file_(WithoutLinks(file)), warn_(std::move(warn)) {}
+
+String HostedRegistry::Decode(std::string_view bytes, Encoding& encoding) {
+  const FileEncoding found = DetectEncoding(bytes);
+  encoding.marked = found != FileEncoding::CodePage;
+  if (found == FileEncoding::Utf16LittleEndian || found == FileEncoding::Utf16BigEndian) {
+    const bool big = found == FileEncoding::Utf16BigEndian;
+    encoding.kind = big ? Encoding::Kind::Utf16Big : Encoding::Kind::Utf16Little;
+    return DecodeUtf16(bytes.substr(2), big);
+  }
+  if (encoding.marked) bytes.remove_prefix(kUtf8Mark.size());
+  // The old form is 8-bit text by its definition, even where it could be taken for UTF-8.
+  const bool old = !encoding.marked && bytes.starts_with(kOldHeader);
+  std::optional<String> text = old ? std::nullopt : FromUtf8(bytes);
+  encoding.kind = text ? Encoding::Kind::Utf8 : Encoding::Kind::CodePage;
+  return text ? std::move(*text) : Windows1252().Decode(bytes);
+}
+
+std::string HostedRegistry::Encode(StringView text, const Encoding& encoding) {
+  switch (encoding.kind) {
+    case Encoding::Kind::Utf16Little:
+      return EncodeFile(text, FileEncoding::Utf16LittleEndian, Windows1252());
+    case Encoding::Kind::Utf16Big:
+      return EncodeFile(text, FileEncoding::Utf16BigEndian, Windows1252());
+    case Encoding::Kind::Utf8:
+    case Encoding::Kind::CodePage:
+      break;
+  }
+  std::string bytes(encoding.marked ? kUtf8Mark : std::string_view());
+  return bytes +
+         (encoding.kind == Encoding::Kind::Utf8 ? ToUtf8(text) : Windows1252().Encode(text));
+}
+
+bool HostedRegistry::ReadBytes(std::string& bytes) {
+  const HostFile file(::open(file_.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  facts_ = file.IsOpen() ? LookUp(file) : std::nullopt;
+  if (!file.IsOpen()) return errno == ENOENT;
+  std::optional<std::string> read;
+  if (facts_ && facts_->kind == HostFacts::Kind::File) read = ReadToEnd(file);
+  if (!read) return false;
+  bytes = std::move(*read);
+  return true;
+}
+
+void HostedRegistry::Load() {
+  std::string bytes;
+  usable_ = ReadBytes(bytes);
+  encoding_ = {};
+  text_ = std::make_unique<RegistryText>(bytes.empty() ? String() : Decode(bytes, encoding_));
+  if (usable_ && text_->IsValid()) return;
+  warn_(String(u"The registry file ") + FromUtf8Lossy(file_.string()) +
+        (usable_ ? u" is not in the registry editor's form; it is left alone"
+                 : u" cannot be read; it is left alone"));
+  usable_ = false;
+}
+
+RegistryText& HostedRegistry::Loaded() {
+  if (!text_) Load();
+  return *text_;
+}
+
+/// Somebody else may have changed the file since it was read; that must not be lost.
+void HostedRegistry::LoadAnewIfChanged() {
+  const std::optional<HostFacts> now = LookUp(AT_FDCWD, file_.string());
+  if (!text_ || !IsSame(now, facts_)) Load();
+}
+
+bool HostedRegistry::Save() {
+  const String text = text_->Text();
+  if (encoding_.kind == Encoding::Kind::CodePage && !Windows1252().Fits(text)) {
+    encoding_ = {};  // no character is given up for the sake of the old encoding
+    text_->UpgradeHeader();
+  }
+  const std::string name = file_.filename().string();
+  const HostFile folder = OpenRoot(file_.parent_path().string());
+  const bool saved =
+      folder.IsOpen() && ReplaceFile(folder.Get(), name, Encode(text_->Text(), encoding_)) == 0;
+  facts_ = LookUp(AT_FDCWD, file_.string());
+  if (!saved) text_.reset();  // what is in the file holds
+  return saved;
+}
+
+bool HostedRegistry::KeyExists(Hive hive, StringView key) {
+  const RegistryText& text = Loaded();
+  return text.KeyExists(hive, key) ||
+         (hive == Hive::ClassesRoot && text.KeyExists(Hive::LocalMachine, InMachineClasses(key)));
+}
+
+std::optional<RegistryValue> HostedRegistry::Read(Hive hive, StringView key, StringView name) {
+  const RegistryText& text = Loaded();
+  std::optional<RegistryValue> value = text.Read(hive, key, name);
+  if (!value && hive == Hive::ClassesRoot) {
+    value = text.Read(Hive::LocalMachine, InMachineClasses(key), name);
+  }
+  return value;
+}
+
+bool HostedRegistry::Write(Hive hive, StringView key, StringView name, const RegistryValue& value) {
+  LoadAnewIfChanged();
+  if (!usable_) return false;
+  if (text_->KeyExists(hive, key)) return text_->Write(hive, key, name, value) && Save();
+  const String inClasses = InMachineClasses(key);
+  return hive == Hive::ClassesRoot && text_->KeyExists(Hive::LocalMachine, inClasses) &&
+         text_->Write(Hive::LocalMachine, inClasses, name, value) && Save();
+}
+
+bool HostedRegistry::CreateKey(Hive hive, StringView key) {
+  LoadAnewIfChanged();
+  if (KeyExists(hive, key)) return true;
+  return usable_ && text_->CreateKey(hive, key) && Save();
+}
+
+}  // namespace norvo

@@ -1,0 +1,226 @@
+#include "platform/hosted/RegistryText.h"
+
+#include <algorithm>
+
+#include "platform/hosted/RegistryValueText.h"
+
+namespace norvo {
+namespace {
+
+constexpr StringView kHeader = u"Windows Registry Editor Version 5.00";
+constexpr StringView kOldHeader = u"REGEDIT4";
+
+struct HiveName {
+  StringView name;
+  Hive hive;
+};
+
+// The first name of each hive is the one that is written.
+constexpr HiveName kHiveNames[] = {
+    {u"HKEY_CURRENT_USER", Hive::CurrentUser},   {u"HKCU", Hive::CurrentUser},
+    {u"HKEY_LOCAL_MACHINE", Hive::LocalMachine}, {u"HKLM", Hive::LocalMachine},
+    {u"HKEY_CLASSES_ROOT", Hive::ClassesRoot},   {u"HKCR", Hive::ClassesRoot}};
+
+StringView NameOf(Hive hive) {
+  const auto* const row = std::find_if(std::begin(kHiveNames), std::end(kHiveNames),
+                                       [hive](const HiveName& each) { return each.hive == hive; });
+  return row->name;
+}
+
+bool IsLineEnd(char16_t unit) {
+  return unit == u'\r' || unit == u'\n';
+}
+
+bool IsBlank(char16_t unit) {
+  return unit == u' ' || unit == u'\t' || IsLineEnd(unit);
+}
+
+StringView TrimBlanks(StringView text) {
+  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+StringView WithoutTrailingSeparator(StringView key) {
+  while (!key.empty() && key.back() == u'\\') key.remove_suffix(1);
+  return key;
+}
+
+/// True when a section can carry the key's name.
+bool IsWritableKey(StringView key) {
+  return !key.empty() && key.front() != u'\\' && key.find(u"\\\\") == StringView::npos &&
+         std::none_of(key.begin(), key.end(), [](char16_t unit) { return unit < 0x20; });
+}
+
+/// Behind the last line that is not blank; behind the first when the last one wants to go on, so
+/// that it does not swallow what is written there.
+std::size_t ContentEnd(StringView text) {
+  std::size_t end = text.size();
+  while (end > 0 && IsBlank(text[end - 1])) --end;
+  if (end > 0 && text[end - 1] == u'\\') end = 0;
+  const std::size_t feed = text.find(u'\n', end);
+  return feed == StringView::npos ? text.size() : feed + 1;
+}
+
+}  // namespace
+
+RegistryText::RegistryText() : RegistryText(String()) {}
+
+RegistryText::RegistryText(String text) : original_(std::move(text)) {
+  if (TrimBlanks(original_).empty()) original_ = String(kHeader) + u"\r\n\r\n";
+  const StringView all = original_;
+  const std::size_t feed = all.find(u'\n');
+  if (feed != StringView::npos && (feed == 0 || all[feed - 1] != u'\r')) lineEnd_ = u"\n";
+  const StringView content = TrimBlanks(all);
+  const StringView first = TrimBlanks(content.substr(0, content.find_first_of(u"\r\n")));
+  valid_ = EqualsIgnoreCase(first, kHeader) || EqualsIgnoreCase(first, kOldHeader);
+  if (valid_) {
+    Parse();
+  } else {
+    sections_.push_back({all, {}});
+  }
+}
+
+void RegistryText::Parse() {
+  const StringView all = original_;
+  StringView header;
+  std::size_t start = 0;
+  for (std::size_t at = 0; at < all.size();) {
+    const std::size_t end = ReadRegistryLine(all, at).end;
+    const StringView line = TrimBlanks(all.substr(at, end - at));
+    if (line.starts_with(u'[')) {
+      AddSection(header, all.substr(start, at - start));
+      header = line;
+      start = at;
+    }
+    at = end;
+  }
+  AddSection(header, all.substr(start));
+}
+
+void RegistryText::AddSection(StringView header, StringView text) {
+  sections_.push_back({text, {}});
+  const std::size_t close = header.rfind(u']');
+  if (close == StringView::npos || header.starts_with(u"[-")) return;  // a deletion is no key
+  const StringView path = header.substr(1, close - 1);
+  const StringView hiveName = path.substr(0, path.find(u'\\'));
+  for (const HiveName& row : kHiveNames) {
+    if (!EqualsIgnoreCase(row.name, hiveName)) continue;
+    const StringView key = path.substr(std::min(hiveName.size() + 1, path.size()));
+    AddKey(row.hive, WithoutTrailingSeparator(key)).sections.push_back(sections_.size() - 1);
+  }
+}
+
+/// Adds the key, and those above it, which exist with it.
+RegistryText::Key& RegistryText::AddKey(Hive hive, StringView key) {
+  Keys& keys = keys_[static_cast<std::size_t>(hive)];
+  const auto found = keys.find(key);
+  if (found != keys.end()) return found->second;
+  for (StringView above = key; !above.empty();) {
+    const std::size_t last = above.rfind(u'\\');
+    above = WithoutTrailingSeparator(above.substr(0, last == StringView::npos ? 0 : last));
+    if (!keys.try_emplace(String(above)).second) break;
+  }
+  return keys[String(key)];
+}
+
+const RegistryText::Key* RegistryText::FindKey(Hive hive, StringView key) const {
+  const Keys& keys = keys_[static_cast<std::size_t>(hive)];
+  const auto found = keys.find(WithoutTrailingSeparator(key));
+  return found == keys.end() ? nullptr : &found->second;
+}
+
+bool RegistryText::KeyExists(Hive hive, StringView key) const {
+  return WithoutTrailingSeparator(key).empty() || FindKey(hive, key) != nullptr;
+}
+
+const RegistryText::Values& RegistryText::ValuesOf(const Key& key) const {
+  if (key.values) return *key.values;
+  Values& values = key.values.emplace();
+  for (const std::size_t section : key.sections) {
+    const StringView text = sections_[section].Text();
+    for (std::size_t at = 0; at < text.size();) {
+      RegistryLine line = ReadRegistryLine(text, at);
+      if (line.name) {
+        values.insert_or_assign(std::move(*line.name), Location{section, at, line.end, line.data});
+      }
+      at = line.end;
+    }
+  }
+  return values;
+}
+
+std::optional<RegistryValue> RegistryText::Read(Hive hive, StringView key, StringView name) const {
+  const Key* const found = FindKey(hive, key);
+  if (found == nullptr) return std::nullopt;
+  const Values& values = ValuesOf(*found);
+  const auto value = values.find(name);
+  if (value == values.end()) return std::nullopt;
+  const Location& at = value->second;
+  return ParseRegistryData(sections_[at.section].Text().substr(at.data, at.end - at.data));
+}
+
+/// The section that takes a further value of the key; a new one at the text's end when the key was
+/// only known by those below it.
+std::size_t RegistryText::SectionForNewValue(Hive hive, StringView keyName, Key& key) {
+  if (!key.sections.empty()) return key.sections.back();
+  Section& last = sections_.back();
+  String before(last.Text());
+  if (!before.empty() && !before.ends_with(u'\n')) before += lineEnd_;
+  const StringView content =
+      StringView(before).substr(0, before.size() - std::min(before.size(), lineEnd_.size()));
+  if (!content.ends_with(u'\n')) before += lineEnd_;  // a blank line between two keys
+  last.changed = std::move(before);
+  String text = u"[" + String(NameOf(hive));
+  if (!keyName.empty()) text.append(u"\\").append(keyName);
+  sections_.push_back({{}, text.append(u"]").append(lineEnd_).append(lineEnd_)});
+  key.sections.push_back(sections_.size() - 1);
+  return key.sections.back();
+}
+
+bool RegistryText::CreateKey(Hive hive, StringView key) {
+  if (KeyExists(hive, key)) return true;
+  key = WithoutTrailingSeparator(key);
+  if (!valid_ || !IsWritableKey(key)) return false;
+  SectionForNewValue(hive, key, AddKey(hive, key));
+  return true;
+}
+
+bool RegistryText::Write(Hive hive, StringView key, StringView name, const RegistryValue& value) {
+  std::optional<String> line = FormatRegistryValue(name, value);
+  key = WithoutTrailingSeparator(key);
+  if (!valid_ || !line || (!key.empty() && !IsWritableKey(key))) return false;
+  line->append(lineEnd_);
+  Key& target = AddKey(hive, key);
+  const Values& values = ValuesOf(target);
+  const auto found = values.find(name);
+  Location at;
+  if (found != values.end()) {
+    at = found->second;
+  } else {
+    at.section = SectionForNewValue(hive, key, target);
+    at.start = at.end = ContentEnd(sections_[at.section].Text());
+  }
+  Section& section = sections_[at.section];
+  String text(section.Text());
+  if (at.start == text.size() && !text.ends_with(u'\n')) line->insert(0, lineEnd_);
+  section.changed = text.replace(at.start, at.end - at.start, *line);
+  target.values.reset();
+  return true;
+}
+
+String RegistryText::Text() const {
+  String text;
+  for (const Section& section : sections_) text += section.Text();
+  return text;
+}
+
+void RegistryText::UpgradeHeader() {
+  String text(sections_.front().Text());
+  const std::size_t old = FindIgnoreCase(text, kOldHeader);
+  if (old != String::npos && TrimBlanks(StringView(text).substr(0, old)).empty()) {
+    sections_.front().changed = text.replace(old, kOldHeader.size(), kHeader);
+  }
+}
+
+}  // namespace norvo

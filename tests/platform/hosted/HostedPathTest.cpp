@@ -1,0 +1,203 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "TestMachine.h"
+
+namespace norvo {
+namespace {
+
+class HostedPathTest : public TestMachine {};
+
+TEST_F(HostedPathTest, FindsAFileAsItIsSpelled) {
+  Put(Host("C/Music/Pop/Song.mp3"), "12345");
+  const std::optional<FileFacts> facts = Files().FactsOf(u"C:\\Music\\Pop\\Song.mp3");
+  ASSERT_TRUE(facts);
+  EXPECT_EQ(facts->name, u"Song.mp3");
+  EXPECT_EQ(facts->size, 5);
+}
+
+TEST_F(HostedPathTest, SpellingsThatMeanTheSameFile) {
+  Put(Host("C/Music/Änderung Pop/Song.mp3"), "x");
+  const StringView paths[] = {
+      u"c:\\music\\änderung pop\\SONG.MP3",       u"C:/MUSIC/ÄNDERUNG POP/song.mp3",
+      u"C:\\Music. .\\Änderung Pop \\Song.mp3. ", u"C:\\Music\\.\\x\\..\\Änderung Pop\\\\Song.mp3",
+      u"\\Music\\Änderung Pop\\Song.mp3",         u"Music\\Änderung Pop\\Song.mp3"};
+  for (const StringView path : paths) {
+    EXPECT_EQ(NameOf(path), "Song.mp3") << ToUtf8(path);
+    EXPECT_EQ(NameOf(path), "Song.mp3") << "again: " << ToUtf8(path);
+  }
+}
+
+TEST_F(HostedPathTest, PathsThatNameNoFile) {
+  Put(Host("C/Music/a.mp3"), "x");
+  const StringView paths[] = {u"",
+                              u"C:",
+                              u"C:\\",
+                              u"C:\\Music",
+                              u"C:\\Music\\a.mp3\\",
+                              u"C:\\Music\\a.mp3\\b",
+                              u"C:\\Music\\b.mp3",
+                              u"C:\\Nowhere\\a.mp3",
+                              u"X:\\Music\\a.mp3",
+                              u"\\\\server\\share\\a.mp3",
+                              u"//server/share/a.mp3",
+                              u"C:\\Music\\...",
+                              u"C:\\Music\\ \\a.mp3",
+                              StringView(u"C:\\Music\\a.mp3\0", 15),
+                              StringView(u"C:\\Mu\0sic\\a.mp3", 15),
+                              u"C:\\Music\\a\n.mp3",
+                              u"C:\\Music\\\xD800"};
+  for (const StringView path : paths) EXPECT_EQ(NameOf(path), "(none)") << ToUtf8(path);
+}
+
+TEST_F(HostedPathTest, ExactSpellingWinsOverCaseVariants) {
+  Put(Host("C/m/SONG.mp3"), "1");
+  Put(Host("C/m/Song.mp3"), "22");
+  Put(Host("C/m/song.mp3"), "333");
+  EXPECT_EQ(NameOf(u"C:\\m\\song.mp3"), "song.mp3");
+  EXPECT_EQ(NameOf(u"C:\\m\\Song.mp3"), "Song.mp3");
+  EXPECT_EQ(NameOf(u"C:\\m\\sOnG.mp3"), "SONG.mp3") << "the first in byte order";
+}
+
+TEST_F(HostedPathTest, ANameWithTrailingPointsOnTheDiskIsFound) {
+  Put(Host("C/Artists/Mr. T./a.mp3"), "x");
+  EXPECT_EQ(NameOf(u"C:\\Artists\\Mr. T.\\a.mp3"), "a.mp3");
+  EXPECT_EQ(NameOf(u"C:\\artists\\mr. t\\A.mp3"), "a.mp3");
+}
+
+TEST_F(HostedPathTest, FilesThatComeGoAndChangeCaseAreSeenAtOnce) {
+  Put(Host("C/m/other"), "x");
+  EXPECT_EQ(NameOf(u"C:\\m\\new.mp3"), "(none)");
+  Put(Host("C/m/NEW.mp3"), "x");
+  EXPECT_EQ(NameOf(u"C:\\m\\new.mp3"), "NEW.mp3");
+  std::filesystem::rename(Host("C/m/NEW.mp3"), Host("C/m/New.mp3"));
+  EXPECT_EQ(NameOf(u"C:\\m\\new.mp3"), "New.mp3");
+  std::filesystem::rename(Host("C/m"), Host("C/M"));
+  EXPECT_EQ(NameOf(u"C:\\m\\new.mp3"), "New.mp3");
+  std::filesystem::remove_all(Host("C/M"));
+  EXPECT_EQ(NameOf(u"C:\\m\\new.mp3"), "(none)");
+}
+
+TEST_F(HostedPathTest, AFileThatThePlatformItselfCreatesIsFoundInAnyCase) {
+  Put(Host("C/m/other"), "x");
+  EXPECT_FALSE(Files().FileExists(u"C:\\m\\LOG.TXT"));
+  Files().OpenForAppending(u"C:\\m\\log.txt", true)->Append("x");
+  EXPECT_EQ(NameOf(u"C:\\m\\LOG.TXT"), "log.txt");
+  Files().DeleteFile(u"C:\\m\\LOG.txt", false);
+  EXPECT_FALSE(Files().FileExists(u"C:\\m\\log.TXT"));
+}
+
+TEST_F(HostedPathTest, MissingFilesInAnOldFolderDoNotHideNewOnes) {
+  Put(Host("C/m/other"), "x");
+  std::filesystem::last_write_time(
+      Host("C/m"), std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
+  for (int i = 0; i < 50; ++i) {
+    EXPECT_EQ(NameOf(u"C:\\m\\new.mp3"), "(none)");
+    Put(Host("C/m/NEW.mp3"), "x");
+    ASSERT_EQ(NameOf(u"C:\\m\\new.mp3"), "NEW.mp3");
+    std::filesystem::remove(Host("C/m/NEW.mp3"));
+  }
+}
+
+TEST_F(HostedPathTest, NeverLeavesTheDriveByPoints) {
+  Put(Outside("secret.txt"), "x");
+  Put(Host("secret.txt"), "x");
+  for (const StringView path :
+       {u"C:\\..\\secret.txt", u"C:\\..\\..\\secret.txt", u"..\\secret.txt",
+        u"C:\\m\\..\\..\\secret.txt", u"C:/../secret.txt", u"C:\\.. \\secret.txt"}) {
+    EXPECT_EQ(NameOf(path), "(none)") << ToUtf8(path);
+  }
+}
+
+TEST_F(HostedPathTest, ALinkOutOfTheDriveDoesNotExist) {
+  Put(Outside("away/secret.txt"), "x");
+  std::filesystem::create_directory_symlink(Outside("away"), Host("C/away"));
+  std::filesystem::create_symlink(Outside("away/secret.txt"), Host("C/file.txt"));
+  std::filesystem::create_symlink("../../away/secret.txt", Host("C/relative.txt"));
+  EXPECT_FALSE(Files().FolderExists(u"C:\\away"));
+  EXPECT_EQ(NameOf(u"C:\\away\\secret.txt"), "(none)");
+  EXPECT_EQ(NameOf(u"C:\\file.txt"), "(none)");
+  EXPECT_EQ(NameOf(u"C:\\relative.txt"), "(none)");
+  EXPECT_EQ(ErrorOf([&] { Files().OpenForReading(u"C:\\file.txt"); }), 53);
+  EXPECT_EQ(ErrorOf([&] { Files().OpenForReading(u"C:\\away\\secret.txt"); }), 76);
+  EXPECT_EQ(ErrorOf([&] { Files().DeleteFile(u"C:\\file.txt", true); }), 53);
+  EXPECT_NE(ErrorOf([&] { Files().OpenForAppending(u"C:\\file.txt", true); }), 0);
+  EXPECT_NE(ErrorOf([&] { Machine().Settings().Write(u"C:\\file.txt", "y"); }), 0);
+  EXPECT_NE(ErrorOf([&] { Machine().Settings().Write(u"C:\\away\\new.txt", "y"); }), 0);
+  EXPECT_TRUE(Files().ListFolder(u"C:\\", {}).empty());
+  EXPECT_EQ(Get(Outside("away/secret.txt")), "x");
+  EXPECT_FALSE(std::filesystem::exists(Outside("away/new.txt")));
+}
+
+TEST_F(HostedPathTest, AFolderThatBecomesALinkOutOfTheDriveIsNotFollowedByAnOpening) {
+  Put(Outside("away/a.txt"), "secret");
+  Put(Host("C/m/a.txt"), "own");
+  EXPECT_EQ(Read(u"C:\\m\\a.txt"), "own");
+  std::filesystem::remove_all(Host("C/m"));
+  std::filesystem::create_directory_symlink(Outside("away"), Host("C/m"));
+  EXPECT_NE(ErrorOf([&] { Files().OpenForReading(u"C:\\m\\a.txt"); }), 0);
+  EXPECT_NE(ErrorOf([&] { Files().ListFolder(u"C:\\m", {}); }), 0);
+}
+
+TEST_F(HostedPathTest, ALinkWithinTheDriveWorks) {
+  Put(Host("C/real/Song.mp3"), "123");
+  std::filesystem::create_directory_symlink("real", Host("C/Relative"));
+  std::filesystem::create_directory_symlink(Host("C/real"), Host("C/Absolute"));
+  std::filesystem::create_symlink("real/Song.mp3", Host("C/Alias.mp3"));
+  EXPECT_EQ(NameOf(u"C:\\relative\\song.mp3"), "Song.mp3");
+  EXPECT_EQ(NameOf(u"C:\\Absolute\\Song.mp3"), "Song.mp3");
+  EXPECT_EQ(NameOf(u"C:\\Alias.mp3"), "Alias.mp3");
+  EXPECT_EQ(Files().FactsOf(u"C:\\Alias.mp3")->size, 3);
+  EXPECT_EQ(Read(u"C:\\Alias.mp3"), "123");
+  EXPECT_EQ(Read(u"C:\\Absolute\\Song.mp3"), "123");
+  Files().DeleteFile(u"C:\\Alias.mp3", false);
+  EXPECT_TRUE(Files().FileExists(u"C:\\real\\Song.mp3")) << "only the link is deleted";
+}
+
+TEST_F(HostedPathTest, LinksThatGoRoundInACircleDoNotExist) {
+  std::filesystem::create_symlink("b", Host("C/a"));
+  std::filesystem::create_symlink("a", Host("C/b"));
+  std::filesystem::create_symlink("self", Host("C/self"));
+  EXPECT_EQ(NameOf(u"C:\\a"), "(none)");
+  EXPECT_FALSE(Files().FolderExists(u"C:\\self"));
+  EXPECT_TRUE(Files().ListFolder(u"C:\\", {}).empty());
+}
+
+TEST_F(HostedPathTest, NamesThatNoPathCanExpressAreOpenedByNone) {
+  Put(Host("C") / "bad\xFFname.mp3", "x");
+  Put(Host("C") / "back\\slash.mp3", "x");
+  EXPECT_EQ(NameOf(u"C:\\bad\xFFFDname.mp3"), "(none)");
+  EXPECT_EQ(NameOf(u"C:\\back\\slash.mp3"), "(none)");
+}
+
+TEST_F(HostedPathTest, OverLongNamesAndPathsDoNotExist) {
+  EXPECT_EQ(NameOf(u"C:\\" + String(300, u'a')), "(none)");
+  EXPECT_FALSE(Files().FolderExists(u"C:\\" + String(40000, u'a')));
+  String deep = u"C:";
+  for (int i = 0; i < 16000; ++i) deep += u"\\a";
+  EXPECT_EQ(NameOf(deep), "(none)");
+  EXPECT_NE(ErrorOf([&] { Machine().Settings().Write(deep, "x"); }), 0);
+  EXPECT_NE(ErrorOf([&] { Files().CreateFolder(u"C:\\" + String(300, u'a')); }), 0);
+}
+
+TEST_F(HostedPathTest, APipeIsNoFileAndIsNeverWaitedFor) {
+  ASSERT_EQ(::mkfifo(Host("C/pipe.m3u").c_str(), 0666), 0);
+  EXPECT_EQ(NameOf(u"C:\\pipe.m3u"), "(none)");
+  EXPECT_EQ(ErrorOf([&] { Files().OpenForReading(u"C:\\pipe.m3u"); }), 53);
+  EXPECT_NE(ErrorOf([&] { Files().OpenForAppending(u"C:\\pipe.m3u", true); }), 0);
+  EXPECT_TRUE(Files().ListFolder(u"C:\\", {}).empty());
+}
+
+TEST_F(HostedPathTest, CreationIsNeverLaterThanTheLastWrite) {
+  Put(Host("C/a.mp3"), "x");
+  const timespec times[2] = {{1000000000, 0}, {1000000000, 999}};
+  ASSERT_EQ(::utimensat(AT_FDCWD, Host("C/a.mp3").c_str(), times, 0), 0);
+  EXPECT_EQ(Files().FactsOf(u"C:\\a.mp3")->created, 1000000000);
+  const timespec later[2] = {{4000000000, 0}, {4000000000, 0}};
+  ASSERT_EQ(::utimensat(AT_FDCWD, Host("C/a.mp3").c_str(), later, 0), 0);
+  EXPECT_LT(Files().FactsOf(u"C:\\a.mp3")->created, 4000000000);
+}
+
+}  // namespace
+}  // namespace norvo

@@ -1,0 +1,186 @@
+#include <sys/stat.h>
+
+#include <cstring>
+
+#include "TestMachine.h"
+
+namespace norvo {
+namespace {
+
+class HostedPlatformTest : public TestMachine {
+ protected:
+  std::string DriveList() {
+    std::string list;
+    for (const Drive& drive : Files().Drives()) {
+      list += static_cast<char>(drive.letter);
+      list += std::to_string(static_cast<int>(drive.type));
+    }
+    return list;
+  }
+};
+
+TEST_F(HostedPlatformTest, AFolderThatHoldsNoMachineIsRefused) {
+  std::filesystem::create_directories(Outside("empty/CC"));
+  Put(Outside("file"), "");
+  for (const char* const name : {"missing", "empty", "file"}) {
+    try {
+      HostedPlatform platform(Outside(name));
+      FAIL() << name;
+    } catch (const RunTimeError& failure) {
+      EXPECT_EQ(failure.Number(), 76);
+      EXPECT_NE(failure.Description().find(String(name, name + std::strlen(name))), String::npos);
+    }
+  }
+}
+
+TEST_F(HostedPlatformTest, AMachineCanConsistOfItsSettingsOnly) {
+  Put(Outside("other/machine.ini"), "");
+  HostedPlatform platform(Outside("other"));
+  EXPECT_TRUE(platform.Files().Drives().empty());
+}
+
+TEST_F(HostedPlatformTest, EverySingleLetterFolderIsAFixedDrive) {
+  Put(Host("d/Disc.txt"), "x");
+  Put(Host("EE/a"), "x");
+  Put(Host("F"), "a file");
+  EXPECT_EQ(DriveList(), "C2D2");
+  EXPECT_EQ(NameOf(u"D:\\disc.txt"), "Disc.txt");
+  EXPECT_EQ(Files().TypeOfDrive(u"d:"), DriveType::Fixed);
+  EXPECT_EQ(Files().TypeOfDrive(u"E:\\x"), DriveType::Unknown);
+  EXPECT_EQ(Files().TypeOfDrive(u"\\\\server\\share"), DriveType::Unknown);
+}
+
+TEST_F(HostedPlatformTest, TheSettingsNameDrivesTypesAndPlaces) {
+  Put(Outside("disc/Track.cda"), "x");
+  Put(Host("machine.ini"), "[drives]\r\nC=fixed\r\nd = CDROM , " + Outside("disc").string() +
+                               "\r\nE=removable\r\nN=network,shares\r\nR=ramdisk\r\nZ=floppy\r\n");
+  Put(Host("shares/n.txt"), "x");
+  std::filesystem::create_directory(Host("G"));
+  EXPECT_EQ(DriveList(), "C2D4E1N3R5Z0");
+  EXPECT_EQ(NameOf(u"D:\\track.cda"), "Track.cda");
+  EXPECT_EQ(NameOf(u"N:\\n.txt"), "n.txt");
+  EXPECT_FALSE(Files().FolderExists(u"E:\\")) << "nothing is inserted";
+  EXPECT_FALSE(Files().FolderExists(u"G:\\")) << "the settings do not name it";
+  ASSERT_EQ(warnings_.size(), 1u);
+  EXPECT_NE(warnings_[0].find("floppy"), std::string::npos);
+}
+
+TEST_F(HostedPlatformTest, ADiscThatIsInsertedLaterIsSeen) {
+  Put(Host("machine.ini"), "[Drives]\nC=fixed\nD=cdrom\n");
+  EXPECT_FALSE(Files().FolderExists(u"D:\\"));
+  Put(Host("D/a.mp3"), "x");
+  EXPECT_EQ(NameOf(u"D:\\a.mp3"), "a.mp3");
+}
+
+TEST_F(HostedPlatformTest, ShellFolders) {
+  EXPECT_FALSE(Machine().Shell().FolderPath(5));
+  EXPECT_EQ(Machine().Shell().SpecialFolderPath(5), u"C:\\My Documents");
+  EXPECT_EQ(Machine().Shell().SpecialFolderPath(13), u"");
+  Put(Host("machine.ini"), "[ShellFolders]\n5=D:\\Büro\n13=C:\\Music\n");
+  Restart();
+  EXPECT_EQ(Machine().Shell().SpecialFolderPath(5), u"D:\\Büro");
+  EXPECT_EQ(Machine().Shell().SpecialFolderPath(13), u"C:\\Music");
+  EXPECT_EQ(DriveList(), "C2") << "settings without drives leave the folders as drives";
+}
+
+TEST_F(HostedPlatformTest, ProductFacts) {
+  EXPECT_EQ(Machine().Product().BaseKey(), u"SOFTWARE\\Norvo\\Migration");
+  EXPECT_EQ(Machine().Product().Folder(), u"C:\\Norvo\\");
+  EXPECT_EQ(Machine().Product().Name(), u"");
+  EXPECT_FALSE(std::filesystem::exists(Host("registry.reg"))) << "questions create nothing";
+  Put(Host("registry.reg"),
+      "Windows Registry Editor Version 5.00\n\n[HKLM\\Software\\Norvo\\Migration]\n"
+      "\"ProductFolder\"=\"D:\\\\Norvo\"\n\"ProductName\"=\"Mover\"\n");
+  Restart();
+  EXPECT_EQ(Machine().Product().Folder(), u"D:\\Norvo\\");
+  EXPECT_EQ(Machine().Product().Name(), u"Mover");
+}
+
+TEST_F(HostedPlatformTest, MessagesGoToTheStandardErrorStreamUnlessTheHostTakesThem) {
+  ::testing::internal::CaptureStderr();
+  Machine().Messages().Show(u"Title", u"Text ä");
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "Title: Text ä\n");
+  struct Box final : MessageBox {
+    void Show(StringView title, StringView text) override { shown = String(title) + String(text); }
+    String shown;
+  } box;
+  Machine().SetMessageBox(box);
+  Machine().Messages().Show(u"a", u"b");
+  EXPECT_EQ(box.shown, u"ab");
+}
+
+TEST_F(HostedPlatformTest, SettingsFilesAreReadWhole) {
+  EXPECT_EQ(Machine().Settings().Read(u"C:\\a.ini"), std::nullopt);
+  EXPECT_EQ(Machine().Settings().Read(u"C:\\nowhere\\a.ini"), std::nullopt);
+  EXPECT_EQ(Machine().Settings().Read(u"X:\\a.ini"), std::nullopt);
+  const std::string bytes(100000, 'x');
+  Put(Host("C/A.ini"), bytes);
+  EXPECT_EQ(Machine().Settings().Read(u"C:\\a.ini"), bytes);
+}
+
+TEST_F(HostedPlatformTest, SettingsFilesAreWrittenWithTheirFolders) {
+  Machine().Settings().Write(u"C:\\New\\Sub\\a.ini", "one");
+  EXPECT_EQ(Get(Host("C/New/Sub/a.ini")), "one");
+  Machine().Settings().Write(u"C:\\NEW\\sub\\A.INI", "two");
+  EXPECT_EQ(Get(Host("C/New/Sub/a.ini")), "two") << "replaced under its own spelling";
+  const auto files = std::filesystem::directory_iterator(Host("C/New/Sub"));
+  EXPECT_EQ(std::distance(begin(files), end(files)), 1) << "nothing is left over";
+}
+
+TEST_F(HostedPlatformTest, AReplacedSettingsFileKeepsItsPermissions) {
+  Put(Host("C/a.ini"), "one");
+  ASSERT_EQ(::chmod(Host("C/a.ini").c_str(), 0640), 0);
+  Machine().Settings().Write(u"C:\\a.ini", "two");
+  struct stat facts = {};
+  ASSERT_EQ(::stat(Host("C/a.ini").c_str(), &facts), 0);
+  EXPECT_EQ(facts.st_mode & 07777u, 0640u);
+}
+
+TEST_F(HostedPlatformTest, ALinkedSettingsFileIsReplacedWhereItLies) {
+  Put(Host("C/real/a.ini"), "one");
+  std::filesystem::create_symlink("real/a.ini", Host("C/a.ini"));
+  Machine().Settings().Write(u"C:\\a.ini", "two");
+  EXPECT_EQ(Get(Host("C/real/a.ini")), "two");
+  EXPECT_TRUE(std::filesystem::is_symlink(Host("C/a.ini")));
+}
+
+TEST_F(HostedPlatformTest, WritingASettingsFileFails) {
+  std::filesystem::create_directories(Host("C/folder"));
+  EXPECT_EQ(ErrorOf([&] { Machine().Settings().Write(u"C:\\folder", "x"); }), 75);
+  EXPECT_EQ(ErrorOf([&] { Machine().Settings().Write(u"C:\\folder\\", "x"); }), 75);
+  EXPECT_EQ(ErrorOf([&] { Machine().Settings().Write(u"X:\\a.ini", "x"); }), 76);
+  EXPECT_EQ(ErrorOf([&] { Machine().Settings().Write(u"\\\\s\\t\\a.ini", "x"); }), 76);
+  EXPECT_EQ(ErrorOf([&] { Machine().Settings().Write(u"", "x"); }), 75);
+  EXPECT_EQ(ErrorOf([&] { Machine().Settings().Write(u"C:\\" + String(256, u'n'), "x"); }), 75);
+  const auto files = std::filesystem::directory_iterator(Host("C"));
+  EXPECT_EQ(std::distance(begin(files), end(files)), 1) << "no temporary file is left over";
+}
+
+TEST_F(HostedPlatformTest, ASharePathCreatesNothingOnADrive) {
+  EXPECT_EQ(ErrorOf([&] { Files().CreateFolder(u"\\\\server"); }), 76);
+  EXPECT_EQ(ErrorOf([&] { Files().CreateFolder(u"\\\\server\\share\\a"); }), 76);
+  EXPECT_EQ(ErrorOf([&] { Files().OpenForAppending(u"\\\\server\\a.txt", true); }), 76);
+  EXPECT_EQ(ErrorOf([&] { Files().OpenForReading(u"\\\\server\\a.txt"); }), 76);
+  EXPECT_TRUE(std::filesystem::is_empty(Host("C")));
+}
+
+TEST_F(HostedPlatformTest, TheMigrationListIsKeptOnTheDrive) {
+  MigrationList& list = Machine().Migration();
+  ASSERT_TRUE(list.EnsureGroup(u"Group", u"C:\\Root"));
+  EXPECT_TRUE(list.Add({u"C:\\a.mp3", u"x,y", u"Cat"}));
+  EXPECT_TRUE(list.Flush());
+  EXPECT_EQ(Get(Host("C/Root/KVs/MediaList.txt")),
+            "\xEF\xBB\xBF"
+            "Cat\tC:\\a.mp3\tx,y\r\n");
+}
+
+TEST_F(HostedPlatformTest, TwoMachinesShareNothing) {
+  std::filesystem::create_directories(Outside("second/C"));
+  HostedPlatform second(Outside("second"));
+  Put(Host("C/a.mp3"), "x");
+  EXPECT_TRUE(Files().FileExists(u"C:\\a.mp3"));
+  EXPECT_FALSE(second.Files().FileExists(u"C:\\a.mp3"));
+}
+
+}  // namespace
+}  // namespace norvo
