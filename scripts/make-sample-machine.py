@@ -804,7 +804,8 @@ def readme():
             sum(1 for rel, kind, _ in found
                 if kind.startswith(word) or (word == T_ASX and kind == T_NONE)), word)
             for word in (T_ASX, T_WMP3, T_WA3, T_WAP, T_SO, T_MM))))
-    put("Of %d of these the queue makes a generic file; the others yield no entry." % len(filled))
+    put("%d of these yield entries. Each gets a generic file, but for the .asx lists whose name "
+        "does not hold \".m3u\": the queue finds no name for theirs." % len(filled))
     put("")
     put("## What becomes of each reference")
     put("")
