@@ -52,8 +52,9 @@ class RunTimeError : public std::exception {
 /// Standard description of an error number.
 StringView DescriptionOf(std::int32_t number);
 
-/// Runs `work`; whatever it throws comes out as a RunTimeError (memory shortage as error 7), so
-/// that an operation's own edge needs a single catch.
+/// Runs `work`; what the standard library throws comes out as a RunTimeError too (shortage of
+/// memory as error 7, a position outside as error 9, all else as error 5), so that an operation's
+/// own edge needs a single catch.
 template <class Work>
 decltype(auto) Guarded(Work&& work) {
   try {
@@ -64,6 +65,10 @@ decltype(auto) Guarded(Work&& work) {
     throw RunTimeError(error::kOutOfMemory);
   } catch (const std::length_error&) {
     throw RunTimeError(error::kOutOfMemory);
+  } catch (const std::out_of_range&) {
+    throw RunTimeError(error::kSubscriptOutOfRange);
+  } catch (const std::exception&) {
+    throw RunTimeError(error::kInvalidArgument);
   }
 }
 

@@ -66,8 +66,7 @@ HelperMan::HelperMan(Component& component) : component_(component) {
 }
 
 void HelperMan::StartUp() {
-  role_ = Utility::GetMachineRole(component_);
-  if (role_ == Utility::role::kNeither) return;
+  if (Utility::GetMachineRole(component_) == Utility::role::kNeither) return;
   NVServices::GetSubGroupRoot(component_, DataCop::kGroup, groupRoot_);
   if (!groupRoot_.empty()) {
     groupKey_ = DataArea(groupRoot_) + String(DataCop::kGroup) + u"\\";

@@ -55,7 +55,6 @@ class HelperMan final : public TableObject {
   void ScanDrives();
 
   Component& component_;
-  std::int32_t role_ = 0;
   String groupRoot_;
   String groupKey_;
   std::unique_ptr<PlaylistList> list_;  // set once the start-up succeeded

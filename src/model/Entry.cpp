@@ -114,8 +114,12 @@ String Entry::DestinationPath() {
 bool Entry::GetID3TagInfo() {
   if (sourceUrl_.empty()) return false;
   Mp3TagReader reader(component_);
-  // Its result does not matter: what was read before an error counts too.
-  reader.ReadFile(sourceUrl_, Mp3TagReader::Extent::FramesHideTrailer);
+  try {
+    // Its result does not matter: what was read before an error counts too.
+    Guarded([&] { reader.ReadFile(sourceUrl_, Mp3TagReader::Extent::FramesHideTrailer); });
+  } catch (const RunTimeError&) {
+    // A failing step is skipped: the reader then simply has no tag.
+  }
   if (reader.HasID3()) {
     LongerWins(albumName_, reader.ID3Album());
     LongerWins(artistName_, reader.ID3Artist());

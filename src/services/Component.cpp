@@ -1,5 +1,6 @@
 #include "services/Component.h"
 
+#include <exception>
 #include <utility>
 
 #include "automation/RunTimeError.h"
@@ -12,7 +13,7 @@ Component::Component(std::shared_ptr<Platform> platform, std::span<const Creatab
 Component::~Component() {
   try {
     platform_->Migration().Flush();
-  } catch (const RunTimeError&) {
+  } catch (const std::exception&) {
     // Nobody is left to be told; the queue has flushed and reported before.
   }
 }

@@ -133,7 +133,10 @@ Status GetGenValue(Component& component, String& reference, StringView baseFolde
   type = found.type;
   if (type == url_type::kUnusable) return Status::FileNotFound;
   if (type >= url_type::kRemovable) return Status::Accepted;
-  if (!found.facts) found.facts = NVServices::FactsOfFile(component, reference);
+  // A reference from the drive's root has been looked for already, on the playlist's drive only.
+  if (type != url_type::kDriveRoot) {
+    found.facts = NVServices::FactsOfFile(component, reference);
+  }
   if (!found.facts) {
     type = url_type::kUnusable;
     return Status::FileNotFound;
@@ -204,7 +207,8 @@ String GetEntrySubFolder(AutomationObject& entry, const Destinations& destinatio
   const bool isAsx = entry.ClassName() == u"AsxEntry";
   const String artist = CleanName(entry, isAsx, u"Entry_ArtistName", u"ASX_Artist");
   const String album = CleanName(entry, isAsx, u"Entry_AlbumName", u"ASX_Album");
-  String path = destinations.folders.at(static_cast<std::size_t>(DestinationSlot(artist, album) - 1));
+  String path =
+      destinations.folders.at(static_cast<std::size_t>(DestinationSlot(artist, album) - 1));
   for (const String& name : {artist, album}) {
     if (!name.empty()) path += name + u"\\";
   }

@@ -1,5 +1,7 @@
 #include "services/MediaList.h"
 
+#include <algorithm>
+
 #include "automation/RunTimeError.h"
 #include "services/ProfileFile.h"
 #include "text/Encoding.h"
@@ -8,6 +10,7 @@ namespace norvo {
 namespace {
 
 constexpr std::string_view kMark = "\xEF\xBB\xBF";
+constexpr std::string_view kLineEnd = "\r\n";
 constexpr char kSeparator = '\t';  // no Windows path holds one
 
 void Mix(StringView text, std::uint64_t& first, std::uint64_t& second) {
@@ -33,32 +36,41 @@ MediaList::Fingerprint MediaList::PrintOf(StringView source, StringView destinat
 bool MediaList::EnsureGroup(StringView group, StringView root) {
   if (group.empty() || root.empty()) return false;
   if (root == root_) return true;
-  Flush();
+  // Records of another root that cannot be written yet keep the list where it is.
+  if (!Flush()) return false;
+  String path = DataArea(root) + u"MediaList.txt";
+  try {
+    Load(storage_.Read(path));
+  } catch (const RunTimeError&) {
+    root_.clear();
+    path_.clear();
+    return false;  // a list that cannot be read is not replaced by a new one
+  }
   root_ = root;
-  path_ = DataArea(root) + u"MediaList.txt";
-  Load();
+  path_ = std::move(path);
   return true;
 }
 
-void MediaList::Load() {
+void MediaList::Load(const std::optional<std::string>& bytes) {
   known_.clear();
-  pending_.clear();
-  const std::optional<std::string> bytes = storage_.Read(path_);
   exists_ = bytes.has_value();
-  endsTorn_ = exists_ && !bytes->empty() && !bytes->ends_with('\n');
+  whole_ = 0;
+  torn_ = false;
   if (!bytes) return;
   std::string_view rest = *bytes;
   if (rest.starts_with(kMark)) rest.remove_prefix(kMark.size());
-  for (std::size_t end = rest.find("\r\n"); end != std::string_view::npos;
-       end = rest.find("\r\n")) {
+  for (std::size_t end = rest.find(kLineEnd); end != std::string_view::npos;
+       end = rest.find(kLineEnd)) {
     const std::string_view line = rest.substr(0, end);
-    rest.remove_prefix(end + 2);
+    rest.remove_prefix(end + kLineEnd.size());
     const std::size_t first = line.find(kSeparator);
     const std::size_t second = line.find(kSeparator, first + 1);
     if (first == std::string_view::npos || second == std::string_view::npos) continue;
     known_.insert(PrintOf(FromUtf8Lossy(line.substr(first + 1, second - first - 1)),
                           FromUtf8Lossy(line.substr(second + 1))));
   }
+  torn_ = !rest.empty();
+  whole_ = bytes->size() - rest.size();
 }
 
 bool MediaList::Add(const MediaRecord& record) {
@@ -69,27 +81,37 @@ bool MediaList::Add(const MediaRecord& record) {
   AppendUtf8(pending_, record.source);
   pending_ += kSeparator;
   AppendUtf8(pending_, record.destination);
-  pending_ += "\r\n";
+  pending_ += kLineEnd;
   return true;
 }
 
 bool MediaList::Flush() {
   if (pending_.empty()) return true;
   try {
-    if (!exists_) {
-      storage_.Write(path_, std::string(kMark) + pending_);
-    } else {
-      const std::unique_ptr<AppendFile> file = files_.OpenForAppending(path_, true);
-      file->Append(endsTorn_ ? "\r\n" + pending_ : pending_);
-    }
+    Write();
   } catch (const RunTimeError&) {
-    endsTorn_ = endsTorn_ || exists_;  // a part of the lines may have reached the file
+    torn_ = exists_;  // a part of the lines may have reached the file
     return false;
   }
   exists_ = true;
-  endsTorn_ = false;
+  torn_ = false;
   pending_.clear();
   return true;
+}
+
+void MediaList::Write() {
+  if (exists_ && !torn_) {
+    files_.OpenForAppending(path_, true)->Append(pending_);
+    whole_ += pending_.size();
+    return;
+  }
+  // A new file, or one that ends in a torn line, which is left out.
+  std::string bytes = exists_ ? storage_.Read(path_).value_or(std::string()) : std::string();
+  bytes.resize(std::min(bytes.size(), whole_));
+  if (bytes.empty()) bytes = kMark;
+  bytes += pending_;
+  storage_.Write(path_, bytes);
+  whole_ = bytes.size();
 }
 
 }  // namespace norvo

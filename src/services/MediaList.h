@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <unordered_set>
 
@@ -10,8 +11,8 @@ namespace norvo {
 
 /// The migration list as a text file, "MediaList.txt" in the group's data area: one line per
 /// record (category, source path, destination expression, separated by tabs) in UTF-8 with a byte
-/// order mark. Lines are only ever added, in one write per flush, so that a stop at any moment
-/// leaves whole records and at most one torn line, which is not a record.
+/// order mark. Lines are added in one write per flush, so that a stop at any moment leaves whole
+/// records and at most one torn line, which is no record and is left out by the next flush.
 class MediaList final : public MigrationList {
  public:
   MediaList(FileSystem& files, SettingsStorage& storage) : files_(files), storage_(storage) {}
@@ -35,7 +36,8 @@ class MediaList final : public MigrationList {
   };
 
   static Fingerprint PrintOf(StringView source, StringView destination);
-  void Load();
+  void Load(const std::optional<std::string>& bytes);
+  void Write();
 
   FileSystem& files_;
   SettingsStorage& storage_;
@@ -43,7 +45,8 @@ class MediaList final : public MigrationList {
   String path_;
   std::unordered_set<Fingerprint, FingerprintHash> known_;
   std::string pending_;    // lines not yet in the file
-  bool endsTorn_ = false;  // the file's last line lacks its end
+  std::size_t whole_ = 0;  // bytes of the file up to the end of its last whole line
+  bool torn_ = false;      // the file may end in a torn line
   bool exists_ = false;
 };
 

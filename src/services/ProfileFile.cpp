@@ -1,5 +1,7 @@
 #include "services/ProfileFile.h"
 
+#include <exception>
+
 #include "automation/RunTimeError.h"
 #include "services/DataCop.h"
 #include "services/NVServices.h"
@@ -23,7 +25,7 @@ String DataArea(StringView groupRoot) {
 ProfileFile::~ProfileFile() {
   try {
     Close();
-  } catch (const RunTimeError&) {
+  } catch (const std::exception&) {
     // The last holder has let go; nobody is left to be told.
   }
 }

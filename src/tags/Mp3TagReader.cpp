@@ -68,7 +68,7 @@ void Mp3TagReader::Reset() {
 
 bool Mp3TagReader::ReadFile(StringView fileName, Extent extent) {
   Reset();
-  fileName_ = LastComponent(fileName);
+  fileName_ = LastComponent(component_.Files().AbsolutePathName(fileName));
   try {
     Guarded([&] { ReadTags(fileName, extent); });
   } catch (const RunTimeError&) {

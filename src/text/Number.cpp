@@ -1,10 +1,12 @@
 #include "text/Number.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <limits>
 #include <string>
+#include <string_view>
 
 namespace norvo {
 namespace {
@@ -15,6 +17,23 @@ constexpr std::size_t kMostCharacters = 512;
 bool IsNumberCharacter(char16_t unit) {
   return IsDigit(unit) || unit == u'.' || unit == u'+' || unit == u'-' || unit == u'E' ||
          unit == u'e' || unit == u'D' || unit == u'd';
+}
+
+/// Tells apart what is too large and what is too small for a double, which the conversion reports
+/// alike: a number below one has its first digit other than 0 behind the point.
+bool IsBelowOne(std::string_view number) {
+  const std::size_t mark = number.find_first_of("eE");
+  const std::string_view digits = number.substr(0, mark);
+  long exponent = 0;
+  if (mark != std::string_view::npos) {
+    const std::string_view text = number.substr(number[mark + 1] == '+' ? mark + 2 : mark + 1);
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), exponent);
+    if (result.ec == std::errc::result_out_of_range) return text.front() == '-';
+  }
+  const std::size_t point = std::min(digits.find('.'), digits.size());
+  const std::size_t first = digits.find_first_of("123456789");
+  if (first == std::string_view::npos) return true;
+  return static_cast<long>(point) - static_cast<long>(first) + exponent <= 0;
 }
 
 String Widen(const char* first, const char* last) {
@@ -42,8 +61,7 @@ std::optional<double> ParseNumber(StringView text) {
   const auto [end, error] = std::from_chars(first, last, value);
   if (end != last || error == std::errc::invalid_argument) return std::nullopt;
   if (error == std::errc::result_out_of_range) {
-    const bool tiny = narrow.find("e-") != std::string::npos;
-    return tiny ? 0.0 : std::numeric_limits<double>::infinity();
+    return IsBelowOne({first, last}) ? 0.0 : std::numeric_limits<double>::infinity();
   }
   return value;
 }
@@ -60,7 +78,7 @@ String FormatNumber(double number) {
     return FormatInteger(static_cast<std::int64_t>(number));
   }
   char buffer[400];
-  const char* const format = std::trunc(number) == number ? "%.0f" : "%.15g";
+  const char* const format = std::trunc(number) == number ? "%.0f" : "%.15G";
   const int length = std::snprintf(buffer, sizeof buffer, format, number);
   return Widen(buffer, buffer + length);
 }

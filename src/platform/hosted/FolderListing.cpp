@@ -87,19 +87,45 @@ std::optional<FolderListing> FolderListing::Of(HostFile folder) {
   if (!facts) return std::nullopt;
   listing.Note(*facts);
   const bool whole = ForEachName(std::move(folder), [&listing](std::string_view name, ListedKind) {
-    const std::size_t offset = listing.names_.size();
-    if (!IsExpressible(name) || offset > std::numeric_limits<std::uint32_t>::max()) return;
-    listing.names_ += name;
-    listing.rows_.push_back({HashOfHostName(name), static_cast<std::uint32_t>(offset),
-                             static_cast<std::uint32_t>(name.size())});
+    if (const std::optional<Row> row = listing.Append(name)) listing.rows_.push_back(*row);
   });
   if (!whole) return std::nullopt;
-  std::sort(listing.rows_.begin(), listing.rows_.end(),
-            [&listing](const Row& left, const Row& right) {
-              return std::tuple(left.hash, listing.NameOf(left)) <
-                     std::tuple(right.hash, listing.NameOf(right));
-            });
+  std::sort(
+      listing.rows_.begin(), listing.rows_.end(),
+      [&listing](const Row& left, const Row& right) { return listing.IsBefore(left, right); });
   return listing;
+}
+
+std::optional<FolderListing::Row> FolderListing::Append(std::string_view name) {
+  const std::size_t offset = names_.size();
+  if (!IsExpressible(name) || offset > std::numeric_limits<std::uint32_t>::max()) {
+    return std::nullopt;
+  }
+  names_ += name;
+  return Row{HashOfHostName(name), static_cast<std::uint32_t>(offset),
+             static_cast<std::uint32_t>(name.size())};
+}
+
+bool FolderListing::IsBefore(const Row& left, const Row& right) const {
+  return std::tuple(left.hash, NameOf(left)) < std::tuple(right.hash, NameOf(right));
+}
+
+void FolderListing::Insert(std::string_view name, const HostFacts& folder) {
+  const std::optional<Row> row = Append(name);
+  if (!row) return;
+  const auto place =
+      std::lower_bound(rows_.begin(), rows_.end(), *row,
+                       [this](const Row& left, const Row& right) { return IsBefore(left, right); });
+  const bool there = place != rows_.end() && place->hash == row->hash && NameOf(*place) == name;
+  if (there) {
+    names_.resize(row->offset);
+  } else {
+    rows_.insert(place, *row);
+  }
+  modified_ = folder.modified;
+  changed_ = folder.changed;
+  // The one change that falls into the disk's time step is our own, as far as anybody can tell.
+  lasting_ = true;
 }
 
 void FolderListing::Note(const HostFacts& folder) {
@@ -166,6 +192,17 @@ std::string ListingCache::Find(const HostDrive& drive, const std::string& folder
   }
   slot->used = ++uses_;
   return std::string(slot->listing.Find(name));
+}
+
+void ListingCache::Written(const HostDrive& drive, std::string_view folder, std::string_view name) {
+  Slot* const slot = SlotOf(drive, folder);
+  if (slot == nullptr) return;
+  const std::optional<HostFacts> facts = LookUp(drive.Root(), slot->folder);
+  if (facts) {
+    slot->listing.Insert(name, *facts);
+  } else {
+    Forget(drive, folder);
+  }
 }
 
 void ListingCache::Forget(const HostDrive& drive, std::string_view folder) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,9 @@ class FolderListing {
   /// The name that differs from the sought one only in case and trailing points and blanks; of
   /// several the first in byte order. Empty when there is none. The view lives as long as this.
   std::string_view Find(StringView name) const;
+  /// Takes in a name that this platform has just put into the folder, and the folder's facts
+  /// after that.
+  void Insert(std::string_view name, const HostFacts& folder);
   /// True when a folder with these facts still holds the same names.
   bool IsCurrent(const HostFacts& folder) const;
 
@@ -38,6 +42,8 @@ class FolderListing {
   };
 
   std::string_view NameOf(const Row& row) const;
+  std::optional<Row> Append(std::string_view name);
+  bool IsBefore(const Row& left, const Row& right) const;
   void Note(const HostFacts& folder);
 
   std::string names_;
@@ -53,7 +59,10 @@ class ListingCache {
   /// The name as the disk spells it, see FolderListing::Find. Empty when there is none or the
   /// folder cannot be read.
   std::string Find(const HostDrive& drive, const std::string& folder, StringView name);
-  /// To be called after every change to a folder that this platform makes itself.
+  /// To be called after this platform has written a file: a folder that gets many new files is so
+  /// listed once, not once for each.
+  void Written(const HostDrive& drive, std::string_view folder, std::string_view name);
+  /// To be called after every other change to a folder that this platform makes itself.
   void Forget(const HostDrive& drive, std::string_view folder);
 
  private:

@@ -45,14 +45,21 @@ Parts Split(StringView absolute) {
 
 }  // namespace
 
-const HostPlace* HostPathResolver::Known(StringView folder) const {
-  const auto found = known_.find(folder);
-  return found == known_.end() ? nullptr : &found->second;
+const HostPlace* HostPathResolver::Known(StringView folder) {
+  // A file is looked up and then opened: the same folder twice.
+  if (lastKnown_ != known_.end() && lastKnown_->first == folder) return &lastKnown_->second;
+  lastKnown_ = known_.find(folder);
+  return lastKnown_ == known_.end() ? nullptr : &lastKnown_->second;
 }
 
 void HostPathResolver::Remember(StringView folder, const HostPlace& place) {
   if (known_.size() >= kMostKnownFolders) known_.clear();
   known_.insert_or_assign(String(WithoutSeparator(folder)), place);
+  lastKnown_ = known_.end();
+}
+
+void HostPathResolver::Written(const HostPlace& file) {
+  listings_.Written(*file.drive, HostParent(file.path), HostLeaf(file.path));
 }
 
 std::optional<HostEntry> HostPathResolver::FollowLink(const HostDrive& drive, std::string place) {

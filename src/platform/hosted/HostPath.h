@@ -54,7 +54,9 @@ class HostPathResolver {
   /// `errno` of the look-up that ended the last search in vain.
   int Reason() const { return reason_; }
 
-  /// To be called after every change that this platform makes to a folder.
+  /// To be called after this platform has written a file at that place.
+  void Written(const HostPlace& file);
+  /// To be called after every other change that this platform makes to a folder.
   void Changed(const HostDrive& drive, std::string_view folder) { listings_.Forget(drive, folder); }
   /// Remembers that a folder path leads to that place.
   void Remember(StringView folder, const HostPlace& place);
@@ -68,7 +70,7 @@ class HostPathResolver {
     std::size_t operator()(StringView text) const { return std::hash<StringView>()(text); }
   };
 
-  const HostPlace* Known(StringView folder) const;
+  const HostPlace* Known(StringView folder);
   std::optional<HostPlace> Walk(StringView folder, bool fromRoot);
   std::optional<HostEntry> Step(const HostPlace& folder, StringView name);
   std::optional<HostEntry> StepAnew(StringView folder, HostPlace known, StringView name);
@@ -77,7 +79,9 @@ class HostPathResolver {
   ListingCache listings_;
   /// Folders by the path that was asked for. To be here means no more than that the path led there;
   /// the folder may be gone.
-  std::unordered_map<String, HostPlace, Hash, std::equal_to<>> known_;
+  using Places = std::unordered_map<String, HostPlace, Hash, std::equal_to<>>;
+  Places known_;
+  Places::const_iterator lastKnown_ = known_.end();  // the one that was asked for last
   int reason_ = 0;
 };
 

@@ -188,8 +188,11 @@ void HostedFileSystem::ReplaceWhole(StringView path, std::string_view bytes) {
     if (LookUp(place.drive->Root(), place.path)) RaiseHostError(EEXIST, Subject::File, path);
   }
   const int reason = ReplaceFile(place.drive->Root(), place.path, bytes);
-  resolver_.Changed(*place.drive, HostParent(place.path));
-  if (reason != 0) RaiseHostError(reason, Subject::File, path);
+  if (reason != 0) {
+    resolver_.Changed(*place.drive, HostParent(place.path));
+    RaiseHostError(reason, Subject::File, path);
+  }
+  resolver_.Written(place);
 }
 
 HostFile HostedFileSystem::OpenListed(StringView path, HostPlace& place) {
