@@ -27,22 +27,7 @@ std::int32_t SniffLines(TextStream& stream) {
   return playlist_type::kUnknown;
 }
 
-}  // namespace
-
-std::int32_t SniffM3uHeader(Component& component, StringView path) {
-  try {
-    return Guarded([&] {
-      TextStream stream(component.Files(), path, component.Machine().AnsiPage());
-      return SniffLines(stream);
-    });
-  } catch (const RunTimeError& failure) {
-    WriteLog(component,
-             u"HelperMan::ParseM3UHeader -> " + failure.Description() + u": " + String(path));
-    return playlist_type::kUnknown;
-  }
-}
-
-std::int32_t SniffPlsHeader(Component& component, StringView path) {
+std::int32_t TypeByKeys(Component& component, StringView path) {
   ProfileFile file(component);
   if (!file.OpenFile(path)) {
     WriteLog(component, u"HelperMan::ParsePLSHeader -> The file cannot be read: " + String(path));
@@ -52,6 +37,31 @@ std::int32_t SniffPlsHeader(Component& component, StringView path) {
   if (file.ReadValue(u"CachedInfo", value) == 0) return playlist_type::kSoniquePls;
   if (file.ReadValue(u"Version", value) != 0) return playlist_type::kSoniquePls;
   return value == u"2" ? playlist_type::kWinampPls : playlist_type::kUnknown;
+}
+
+/// Runs one sniffer; an error is logged and gives the unknown type.
+template <class Sniff>
+std::int32_t LogErrors(Component& component, StringView member, StringView path, Sniff&& sniff) {
+  try {
+    return Guarded(sniff);
+  } catch (const RunTimeError& failure) {
+    WriteLog(component, u"HelperMan::" + String(member) + u" -> " + failure.Description() + u": " +
+                            String(path));
+    return playlist_type::kUnknown;
+  }
+}
+
+}  // namespace
+
+std::int32_t SniffM3uHeader(Component& component, StringView path) {
+  return LogErrors(component, u"ParseM3UHeader", path, [&] {
+    TextStream stream(component.Files(), path, component.Machine().AnsiPage());
+    return SniffLines(stream);
+  });
+}
+
+std::int32_t SniffPlsHeader(Component& component, StringView path) {
+  return LogErrors(component, u"ParsePLSHeader", path, [&] { return TypeByKeys(component, path); });
 }
 
 }  // namespace norvo

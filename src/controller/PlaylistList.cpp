@@ -20,7 +20,7 @@ constexpr std::int32_t kListOrder[] = {playlist_type::kWmpAsx,    playlist_type:
                                        playlist_type::kMmjbM3u,   playlist_type::kSoniquePls};
 
 // No disk holds so many playlists; a list that says so is damaged and shall not fill the memory.
-constexpr std::int32_t kMostListed = 10'000'000;
+constexpr std::int32_t kMostListed = 1'000'000;
 
 String TotalKey(std::int32_t type) {
   return String(FindPlaylistType(type)->name) + u" Total";
@@ -92,22 +92,33 @@ std::vector<std::int32_t> PlaylistList::ReadTotals() {
   return totals;
 }
 
-std::vector<String> PlaylistList::Consume() {
-  if (folder_.empty()) return {};
-  OpenIfClosed();
-  if (!file_.SelectSection(headerSection_)) return {};
+std::vector<String> PlaylistList::ReadPaths() {
   const std::vector<std::int32_t> totals = ReadTotals();
-  std::vector<String> paths;
-  paths.reserve(static_cast<std::size_t>(CheckedSum(totals)));
+  std::vector<String> paths(static_cast<std::size_t>(CheckedSum(totals)));
+  auto slot = paths.begin();
   for (std::size_t i = 0; i < totals.size(); ++i) {
     file_.SelectSection(FindPlaylistType(kListOrder[i])->name);
     for (std::int32_t number = 1; number <= totals[i]; ++number) {
-      file_.ReadValue(FileKey(number),
-                      paths.emplace_back());  // a missing key leaves its slot empty
+      // Totals below 0 can make the sum less than what is listed.
+      if (slot == paths.end()) throw RunTimeError(error::kSubscriptOutOfRange);
+      file_.ReadValue(FileKey(number), *slot++);  // a missing key leaves its slot empty
     }
   }
-  file_.Abandon();
+  return paths;
+}
+
+std::vector<String> PlaylistList::Consume() {
+  if (folder_.empty()) return {};
+  OpenIfClosed();
+  // However the reading ends, the next call looks at the file anew.
   open_ = false;
+  std::vector<String> paths;
+  if (!file_.SelectSection(headerSection_)) {
+    file_.Abandon();
+    return paths;
+  }
+  paths = ReadPaths();
+  file_.Abandon();
   Utility::DeleteFileForced(component_, PathOfFile());
   return paths;
 }

@@ -30,6 +30,7 @@ class PlaylistList {
 
  private:
   std::vector<std::int32_t> ReadTotals();
+  std::vector<String> ReadPaths();
   String PathOfFile() const;
   void OpenIfClosed();
 

@@ -28,7 +28,9 @@ String ClockText(std::int16_t hours, std::int16_t minutes, std::int16_t seconds)
 
 String ClockOf(std::int16_t seconds) {
   // Below a minute there is nothing to round: 59 seconds are no minute.
-  if (seconds < kSecondsPerMinute) return ClockText(0, 0, seconds);
+  if (seconds < kSecondsPerMinute) {
+    return ClockText(0, 0, static_cast<std::int16_t>(seconds % kSecondsPerMinute));
+  }
   const auto rest = static_cast<std::int16_t>(seconds % kSecondsPerHour);
   const std::int16_t hours =
       seconds < kSecondsPerHour ? std::int16_t{0} : RoundedShare(seconds, kSecondsPerHour);

@@ -74,6 +74,7 @@ void SetDefaultName(PlaylistRecord& playlist, StringView fileName) {
   const std::size_t at = FindIgnoreCase(fileName, u".m3u");
   if (at == StringView::npos) throw RunTimeError(error::kInvalidArgument);
   playlist.name = fileName.substr(0, at);
+  playlist.nameOrigin = NameOrigin::Host;
 }
 
 /// A name out of the playlist's own text shall name a file of the data area and nothing else.

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "host/CommandLine.h"
+#include "host/Console.h"
+
+namespace norvo::host {
+
+/// Each runs one command and gives its report as a document, which is empty unless one was asked
+/// for. What is left out goes to the console. HostError when the command cannot be run.
+Json RunInit(const CommonArguments& common, const InitArguments& arguments, Console& console);
+Json RunScan(const CommonArguments& common, Console& console);
+Json RunCollect(const CommonArguments& common, const CollectArguments& arguments, Console& console);
+Json RunShow(const CommonArguments& common, const ShowArguments& arguments, Console& console);
+
+}  // namespace norvo::host

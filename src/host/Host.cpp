@@ -1,0 +1,82 @@
+#include "host/Host.h"
+
+#include <algorithm>
+#include <new>
+#include <type_traits>
+
+#include "automation/RunTimeError.h"
+#include "host/CommandLine.h"
+#include "host/Commands.h"
+#include "host/Console.h"
+#include "text/Encoding.h"
+
+namespace norvo::host {
+namespace {
+
+constexpr const char* kCommandNames[] = {"init", "scan", "collect", "show"};  // in variant order
+
+Json Dispatch(const CommandLine& line, Console& console) {
+  return std::visit(
+      [&](const auto& command) {
+        using Command = std::remove_cvref_t<decltype(command)>;
+        if constexpr (std::is_same_v<Command, InitArguments>) {
+          return RunInit(line.common, command, console);
+        } else if constexpr (std::is_same_v<Command, ScanArguments>) {
+          return RunScan(line.common, console);
+        } else if constexpr (std::is_same_v<Command, CollectArguments>) {
+          return RunCollect(line.common, command, console);
+        } else {
+          return RunShow(line.common, command, console);
+        }
+      },
+      line.command);
+}
+
+int Fail(const std::string& message, Console& console) {
+  console.Fail(message);
+  if (console.IsJson()) {
+    console.Write({{"error", FromUtf8(message) ? message : ToUtf8(FromUtf8Lossy(message))}},
+                  exit_code::kUnusable);
+  }
+  return exit_code::kUnusable;
+}
+
+int RunCommand(const CommandLine& line, Console& console) {
+  try {
+    const Json report = Dispatch(line, console);
+    const int code = console.HasLeftOut() ? exit_code::kLeftOut : exit_code::kDone;
+    if (console.IsJson()) {
+      Json document{{"command", kCommandNames[line.command.index()]},
+                    {"machine", line.common.machine}};
+      document.update(report);
+      console.Write(std::move(document), code);
+    }
+    return code;
+  } catch (const HostError& error) {
+    return Fail(error.what(), console);
+  } catch (const RunTimeError& error) {
+    return Fail(line.common.machine + ": " + ToUtf8(error.Description()) +
+                    ". See that the machine folder can be read and written.",
+                console);
+  } catch (const std::bad_alloc&) {
+    return Fail("There is not enough memory for this machine.", console);
+  } catch (const std::exception& error) {
+    return Fail(line.common.machine + ": " + error.what(), console);
+  }
+}
+
+}  // namespace
+
+int Run(const std::vector<std::string>& words, std::ostream& out, std::ostream& err,
+        bool errIsTerminal) {
+  Console console(out, err, errIsTerminal);
+  int code = exit_code::kDone;
+  if (const std::optional<CommandLine> line = ParseCommandLine(words, out, err, code)) {
+    if (line->common.quiet) console.SetQuiet();
+    if (line->common.json) console.SetJson();
+    code = RunCommand(*line, console);
+  }
+  return console.Flush() ? code : std::max(code, exit_code::kLeftOut);
+}
+
+}  // namespace norvo::host

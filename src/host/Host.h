@@ -1,0 +1,14 @@
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace norvo::host {
+
+/// The whole program: runs the command line (UTF-8, without the program's name) and gives the exit
+/// code. Progress is drawn only when `err` is a terminal. Never throws.
+int Run(const std::vector<std::string>& words, std::ostream& out, std::ostream& err,
+        bool errIsTerminal = false);
+
+}  // namespace norvo::host

@@ -1,0 +1,74 @@
+#include "host/Progress.h"
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include "host/Shown.h"
+#include "text/Encoding.h"
+
+namespace norvo::host {
+namespace {
+
+constexpr std::chrono::milliseconds kInterval{100};
+constexpr std::size_t kBarCells = 20;
+
+std::size_t TerminalWidth() {
+  constexpr std::size_t kUsual = 80;
+  winsize size{};
+  if (::ioctl(STDERR_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) return kUsual;
+  return size.ws_col;
+}
+
+/// The end of a text, as much of it as fits.
+std::string TailThatFits(StringView text, std::size_t cells) {
+  std::string shown = Shown(ToUtf8(text));
+  while (!text.empty() && DisplayWidth(shown) > cells) {
+    text.remove_prefix(1);
+    shown = Shown(ToUtf8(text));
+  }
+  return shown;
+}
+
+}  // namespace
+
+void Progress::TurnOff() {
+  Clear();
+  on_ = false;
+}
+
+bool Progress::IsDue() {
+  if (!on_) return false;
+  const auto now = std::chrono::steady_clock::now();
+  if (now < next_) return false;
+  next_ = now + kInterval;
+  return true;
+}
+
+void Progress::Count(std::string_view what, std::size_t done, StringView current) {
+  if (IsDue()) Draw(std::string(what) + ' ' + std::to_string(done) + ' ', current);
+}
+
+void Progress::Advance(std::string_view what, std::size_t position, std::size_t count,
+                       StringView current) {
+  if (!IsDue() || count == 0) return;
+  const std::size_t filled = (position - 1) * kBarCells / count;
+  Draw('[' + std::string(filled, '#') + std::string(kBarCells - filled, '.') + "] " +
+           std::string(what) + ' ' + std::to_string(position) + " of " + std::to_string(count) +
+           ' ',
+       current);
+}
+
+void Progress::Draw(const std::string& head, StringView current) {
+  const std::size_t width = TerminalWidth();
+  // The last cell stays free: some terminals would start a new line.
+  const std::size_t room = width > head.size() + 1 ? width - head.size() - 1 : 0;
+  terminal_ << "\r\x1B[K" << head.substr(0, width - 1) << TailThatFits(current, room) << std::flush;
+  drawn_ = true;
+}
+
+void Progress::Clear() {
+  if (drawn_) terminal_ << "\r\x1B[K" << std::flush;
+  drawn_ = false;
+}
+
+}  // namespace norvo::host

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <chrono>
+#include <ostream>
+#include <string>
+
+#include "text/Text.h"
+
+namespace norvo::host {
+
+/// One line on a terminal that tells how far the work is; it is drawn again at most ten times a
+/// second. Draws nothing when it is off.
+class Progress {
+ public:
+  Progress(std::ostream& terminal, bool on) : terminal_(terminal), on_(on) {}
+  ~Progress() { Clear(); }
+  Progress(const Progress&) = delete;
+  Progress& operator=(const Progress&) = delete;
+
+  void TurnOff();
+  bool IsOn() const { return on_; }
+
+  /// Work of unknown length.
+  void Count(std::string_view what, std::size_t done, StringView current);
+  /// The `position`th of `count` is begun.
+  void Advance(std::string_view what, std::size_t position, std::size_t count, StringView current);
+  /// Takes the line off the screen, before anything else is written there.
+  void Clear();
+
+ private:
+  bool IsDue();
+  void Draw(const std::string& head, StringView current);
+
+  std::ostream& terminal_;
+  bool on_;
+  bool drawn_ = false;
+  std::chrono::steady_clock::time_point next_;
+};
+
+}  // namespace norvo::host

@@ -1,0 +1,71 @@
+#include <algorithm>
+#include <map>
+
+#include "automation/Conversions.h"
+#include "host/Commands.h"
+#include "host/Report.h"
+#include "host/Scanning.h"
+#include "model/PlaylistTypes.h"
+#include "text/Encoding.h"
+
+namespace norvo::host {
+namespace {
+
+void SayByType(const std::vector<ListedPlaylist>& playlists, Console& console) {
+  for (const PlaylistType& type : PlaylistTypes()) {
+    const auto isOfType = [&](const ListedPlaylist& listed) { return listed.type == type.code; };
+    const auto count = std::count_if(playlists.begin(), playlists.end(), isOfType);
+    if (count == 0) continue;
+    console.Say(TypeTitle(type.code) + " (" + ToUtf8(type.name) + "): " + std::to_string(count));
+    for (const ListedPlaylist& listed : playlists) {
+      if (isOfType(listed)) console.Say("  " + ToUtf8(listed.path));
+    }
+  }
+}
+
+Json ListDocument(const std::vector<ListedPlaylist>& playlists) {
+  Json list = Json::array();
+  Json byType = Json::object();
+  for (const PlaylistType& type : PlaylistTypes()) byType[ToUtf8(type.name)] = 0;
+  for (const ListedPlaylist& listed : playlists) {
+    const std::string name = TypeName(listed.type);
+    byType[name] = byType[name].get<int>() + 1;
+    list.push_back({{"path", ToUtf8(listed.path)}, {"type", listed.type}, {"typeName", name}});
+  }
+  return {{"playlists", list}, {"byType", byType}};
+}
+
+}  // namespace
+
+std::vector<ListedPlaylist> Scan(Machine& machine, AutomationObject& controller,
+                                 const Settings& settings, const WorkWatcher& watcher) {
+  if (!ToBoolean(controller.Call(u"GetAllPlaylists"))) {
+    throw HostError("The scan failed. " + watcher.LastWarning() + " See that " +
+                    machine.Both(DataAreaOf(settings)) + " can be written.");
+  }
+  return ReadListFile(machine.Library(), settings);
+}
+
+Json RunScan(const CommonArguments& common, Console& console) {
+  Machine machine(common.machine, console);
+  Component& library = machine.Library();
+  const Settings settings = RequireSettings(library);
+  if (common.log) machine.StartLog();
+  WorkWatcher watcher(console);
+  library.SetObserver(&watcher);
+  const ObjectRef controller = library.Create(u"helperMan");
+  const std::vector<ListedPlaylist> playlists = Scan(machine, *controller, settings, watcher);
+  library.SetObserver(nullptr);
+
+  SayByType(playlists, console);
+  console.Say("Playlists found: " + std::to_string(playlists.size()));
+  if (!playlists.empty()) console.Say("List: " + machine.Both(ListFilePath(settings)));
+  if (!console.IsJson()) return {};
+  Json document = ListDocument(playlists);
+  document["folders"] = watcher.Folders();
+  document["listFile"] = PlaceDocument(machine, ListFilePath(settings));
+  AddLog(document, machine);
+  return document;
+}
+
+}  // namespace norvo::host

@@ -1,0 +1,139 @@
+#include "host/ShowMachine.h"
+
+#include <cctype>
+#include <fstream>
+
+#include "host/Settings.h"
+#include "platform/hosted/HostName.h"
+#include "text/Encoding.h"
+
+namespace norvo::host {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool IsSingleLetter(const fs::path& name) {
+  const std::string text = name.string();
+  return text.size() == 1 && std::isalpha(static_cast<unsigned char>(text.front())) != 0;
+}
+
+/// The nearest folder above a file that is a machine folder; empty when there is none.
+fs::path MachineAbove(const fs::path& file) {
+  fs::path below = file;
+  for (fs::path folder = file.parent_path(); folder != below; folder = folder.parent_path()) {
+    std::error_code ignored;
+    const bool marked = fs::exists(folder / "machine.ini", ignored) ||
+                        (below != file && IsSingleLetter(below.filename()));
+    if (marked && MachineLayout(folder).MachinePathOf(file)) {
+      return folder;
+    }
+    below = folder;
+  }
+  return {};
+}
+
+/// Showing needs no settings, but who names a machine will want to go on with it.
+void NameInit(Machine& machine, Console& console) {
+  const Settings settings = ReadSettings(machine.Library());
+  if (settings.role && !settings.groupRoot.empty()) return;
+  console.Note(
+      "This machine has no settings of the product yet; before scan or collect run "
+      "norvo-playlists init --machine DIR.");
+}
+
+/// The file behind a path of this system.
+fs::path ExistingFile(const std::string& path) {
+  std::error_code failure;
+  const fs::path file = fs::canonical(path, failure);
+  if (failure) throw HostError(path + ": " + failure.message() + ". Check the path's spelling.");
+  if (!fs::is_regular_file(file, failure)) throw HostError(path + " is no file. Name a playlist.");
+  return file;
+}
+
+}  // namespace
+
+ShowMachine::ShowMachine(const CommonArguments& common, const std::string& path, Console& console) {
+  if (common.machine.empty() && IsMachinePath(path)) {
+    throw HostError(path + " is a path of a machine. Name the machine's folder with --machine.");
+  }
+  const fs::path folder =
+      common.machine.empty() ? MachineAbove(ExistingFile(path)) : fs::path(common.machine);
+  if (!folder.empty()) {
+    UseMachine(folder, path, common, console);
+  } else {
+    UseOwnFolder(path, common.log, console);
+  }
+}
+
+void ShowMachine::UseMachine(const fs::path& folder, const std::string& path,
+                             const CommonArguments& common, Console& console) {
+  Machine real(folder, console);
+  if (!common.machine.empty()) NameInit(real, console);
+  realFolder_ = folder;
+  if (IsMachinePath(path)) {
+    path_ = FromUtf8Lossy(path);
+  } else {
+    const std::optional<String> inside = real.Layout().MachinePathOf(ExistingFile(path));
+    if (!inside) {
+      throw HostError(path + " lies in no drive of the machine " + folder.string() +
+                      ". Name a path of the machine, or leave --machine out.");
+    }
+    path_ = *inside;
+  }
+  if (!real.Library().Files().FileExists(path_)) {
+    throw HostError(ToUtf8(path_) + " is no file of the machine " + folder.string() +
+                    ". Check the path's spelling.");
+  }
+  const std::optional<char16_t> letter = real.Layout().FreeLetter();
+  if (!letter) throw HostError("The machine has no free drive letter. Leave --machine out.");
+  for (const DrivePlace& drive : real.Layout().Drives()) {
+    AddDrive(drive.letter, drive.type, drive.folder);
+  }
+  if (common.log) real.StartLog();
+  Open(*letter, common.log ? real.Library().Machine().Product().Folder() : String(), console);
+}
+
+void ShowMachine::UseOwnFolder(const std::string& path, bool log, Console& console) {
+  const fs::path file = ExistingFile(path);
+  const std::optional<String> name = FromHostName(file.filename().string());
+  if (!name) {
+    throw HostError(file.string() + ": the name cannot be a Windows name. Copy the file to " +
+                    "another name, in the same folder.");
+  }
+  AddDrive(u'C', u"fixed", file.parent_path());
+  path_ = u"C:\\" + *name;
+  Open(u'Z', {}, console);
+  if (log) {
+    console.LeftOut("No log is written: " + path +
+                    " belongs to no machine folder. Name one with --machine.");
+  }
+}
+
+/// Drives are links beside machine.ini, so that every folder will do, whatever its path holds.
+void ShowMachine::AddDrive(char16_t letter, StringView type, const fs::path& folder) {
+  const std::string name(1, static_cast<char>(letter));
+  settings_ += name + '=' + ToUtf8(type) + "\r\n";
+  std::error_code failure;
+  fs::create_directory_symlink(fs::absolute(folder), temp_.Path() / name, failure);
+  if (failure) throw HostError(temp_.Path().string() + ": " + failure.message());
+}
+
+void ShowMachine::Open(char16_t productDrive, const String& logFolder, Console& console) {
+  const std::string name(1, static_cast<char>(productDrive));
+  const String root = String(1, productDrive) + u":\\";
+  settings_ += name + "=fixed\r\n";
+  std::error_code failure;
+  fs::create_directory(temp_.Path() / name, failure);
+  std::ofstream(temp_.Path() / "machine.ini", std::ios::binary) << settings_;
+
+  machine_ = std::make_unique<Machine>(temp_.Path(), console);
+  norvo::Registry& registry = Library().Machine().Registry();
+  const String key = Library().Machine().Product().BaseKey();
+  registry.CreateKey(Hive::LocalMachine, key);
+  registry.Write(Hive::LocalMachine, key, u"ProductFolder",
+                 logFolder.empty() ? root + u"Norvo\\" : logFolder);
+  SetUp(Library(), {std::nullopt, ToUtf8(root) + "Norvo Media\\", false}, console);
+  if (!logFolder.empty()) Library().SetLogMode(log_mode::kFile);
+}
+
+}  // namespace norvo::host

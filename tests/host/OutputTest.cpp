@@ -1,0 +1,101 @@
+#include <gtest/gtest.h>
+
+#include "host/Json.h"
+#include "host/LogLines.h"
+#include "host/Shown.h"
+#include "host/Table.h"
+
+namespace norvo::host {
+namespace {
+
+TEST(ShownTest, EscapesWhatSteersATerminal) {
+  EXPECT_EQ(Shown("a\x1B[0m\r\n\t"), "a\\x1B[0m\\x0D\\x0A\\x09");
+  EXPECT_EQ(Shown("\xC2\x9B"), "\\x9B");
+  EXPECT_EQ(Shown("\xE2\x80\xAE"
+                  "gpj"),
+            "\\u202Egpj");
+  EXPECT_EQ(Shown("\xFF"), "\xEF\xBF\xBD");
+}
+
+TEST(ShownTest, LeavesTextsAlone) {
+  const std::string text = "C:\\Musik\\\xC3\x84rzte \xF0\x9F\x8E\xB5 \\x1B";
+  EXPECT_EQ(Shown(text), text);
+}
+
+TEST(ShownTest, CountsCells) {
+  EXPECT_EQ(DisplayWidth("abc"), 3u);
+  EXPECT_EQ(DisplayWidth("\xC3\x84"), 1u);
+  EXPECT_EQ(DisplayWidth("A\xCC\x88"), 1u);
+  EXPECT_EQ(DisplayWidth("\xE9\x9F\xB3\xE6\xA5\xBD"), 4u);
+}
+
+TEST(TableTest, AlignsColumns) {
+  Table table({{"#", Align::Right}, {"Name"}, {"Last"}});
+  table.AddRow({"1", "\xC3\x84", "x"});
+  table.AddRow({"10", "Longer", ""});
+  const std::vector<std::string> expected = {" #  Name    Last", "--  ------  ----",
+                                             " 1  \xC3\x84       x", "10  Longer"};
+  EXPECT_EQ(table.Lines(), expected);
+}
+
+TEST(TableTest, AVeryWideCellPushesItsOwnLineOnly) {
+  Table table({{"A"}, {"B"}});
+  table.AddRow({std::string(100, 'w'), "x"});
+  table.AddRow({"s", "y"});
+  EXPECT_EQ(table.Lines()[2], std::string(100, 'w') + "  x");
+  EXPECT_EQ(table.Lines()[3], "s" + std::string(41, ' ') + "y");
+}
+
+TEST(JsonTest, EscapesAndStaysTheSameDocument) {
+  const std::string odd = "\x1B \x7F \xC2\x9B \xE2\x80\xAE \"\\ \xC3\x84 \xF0\x9F\x8E\xB5 \n";
+  const Json document{{"text", odd}, {"list", Json::array({1, 2})}};
+  const std::string text = JsonText(document);
+  EXPECT_EQ(text.find('\x1B'), std::string::npos);
+  EXPECT_EQ(text.find('\x7F'), std::string::npos);
+  EXPECT_EQ(text.find("\xC2\x9B"), std::string::npos);
+  EXPECT_EQ(text.find("\xE2\x80\xAE"), std::string::npos);
+  EXPECT_EQ(Json::parse(text), document);
+  EXPECT_EQ(text.back(), '\n');
+}
+
+TEST(JsonTest, WholeNumbersHaveNoPoint) {
+  EXPECT_EQ(JsonNumber(3000000000.0).dump(), "3000000000");
+  EXPECT_EQ(JsonNumber(0.5).dump(), "0.5");
+}
+
+TEST(LogLinesTest, TellsWhyAnItemWasDropped) {
+  const auto missing = DropOf(
+      u"NVERR_FILE_NOT_FOUND, PLAYLIST::AddEntry, File Not Found: C:\\a, File "
+      u"Not Found: b.mp3");
+  ASSERT_TRUE(missing);
+  EXPECT_EQ(missing->reason, DropReason::Missing);
+  EXPECT_EQ(missing->reference, u"C:\\a, File Not Found: b.mp3");
+  const auto media =
+      DropOf(u"NVERR_INVALID_ARG, PLAYLIST::ReadPLS, Invalid Argument or Bad Data: C:\\a.txt");
+  ASSERT_TRUE(media);
+  EXPECT_EQ(media->reason, DropReason::NotMedia);
+  const auto empty =
+      DropOf(u"NVERR_INVALID_ARG, PLAYLIST::ReadMMJB, Invalid Argument or Bad Data: ");
+  ASSERT_TRUE(empty);
+  EXPECT_EQ(empty->reason, DropReason::EmptyReference);
+}
+
+TEST(LogLinesTest, OtherLinesAreNoDrops) {
+  EXPECT_FALSE(DropOf(u""));
+  EXPECT_FALSE(DropOf(u"Starting Drive Scan..."));
+  EXPECT_FALSE(
+      DropOf(u"NVERR_OPFAIL, PLAYLIST::ReadASX, Failed to Add Entry Item to Entries "
+             u"Collection"));
+  EXPECT_FALSE(DropOf(u"x NVERR_FILE_NOT_FOUND, PLAYLIST::AddEntry, File Not Found: a"));
+}
+
+TEST(LogLinesTest, KnowsWarnings) {
+  EXPECT_TRUE(IsWarning(u"HelperMan::GetAllPlayLists -> Cannot list the folder C:\\x: no"));
+  EXPECT_TRUE(
+      IsWarning(u"NVERR_OPFAIL, PLAYLIST::ReadPlayList, The media list could not be written"));
+  EXPECT_FALSE(IsWarning(u"Starting Drive Scan..."));
+  EXPECT_FALSE(IsWarning(u"NVERR_OPFAIL, HelperMan::GenericQueue, Invalid Playlist SubType"));
+}
+
+}  // namespace
+}  // namespace norvo::host

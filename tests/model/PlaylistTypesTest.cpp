@@ -1,0 +1,153 @@
+#include "model/PlaylistTypes.h"
+
+#include <gtest/gtest.h>
+
+#include "model/ModelTest.h"
+#include "model/PlaylistRecord.h"
+
+namespace norvo {
+namespace {
+
+TEST(PlaylistTypesTest, EachTypeHasItsNameExtensionReaderAndFailureText) {
+  const struct {
+    std::int32_t code;
+    StringView name, extension;
+    Syntax syntax;
+    StringView failure;
+  } rows[] = {
+      {1, u"WMP_ASX", u".asx", Syntax::Asx,
+       u"NVERR_OPFAIL, PLAYLIST::ReadPlayList, ReadASX for Type WMP_ASX returned False"},
+      {2, u"WMP_M3U", u".m3u", Syntax::Asx,
+       u"NVERR_OPFAIL, PLAYLIST::ReadPlayList, ReadASX for Type WMP_M3U returned False"},
+      {3, u"WINAMP_M3U", u".m3u", Syntax::M3u,
+       u"NVERR_OPFAIL, PLAYLIST::ReadPlayList, ReadM3U for type WINAMP_M3U returned False"},
+      {4, u"WINAMP_PLS", u".pls", Syntax::Pls,
+       u"NVERR_OPFAIL, PLAYLIST::ReadPlayList, ReadPLS for type WINAMP_PLS returned False"},
+      {5, u"SONIQUE_PLS", u".pls", Syntax::Pls,
+       u"NVERR_OPFAIL, PLAYLIST::ReadPlayList, ReadPLS for type SONIQUE_PLS returned False"},
+      {6, u"MMJB_M3U", u".m3u", Syntax::BareM3u,
+       u"NVERR_OPFAIL, PLAYLIST::ReadPlayList, ReadMMJB for type MMJB_M3U returned False"},
+  };
+  ASSERT_EQ(PlaylistTypes().size(), std::size(rows));
+  for (std::size_t i = 0; i < std::size(rows); ++i) {
+    SCOPED_TRACE(rows[i].code);
+    const PlaylistType& type = PlaylistTypes()[i];
+    EXPECT_EQ(type.code, rows[i].code);
+    EXPECT_TEXT(type.name, rows[i].name);
+    EXPECT_TEXT(type.extension, rows[i].extension);
+    EXPECT_EQ(type.readAs, rows[i].syntax);
+    EXPECT_TEXT(type.failureText, rows[i].failure);
+    EXPECT_EQ(FindPlaylistType(rows[i].code), &type);
+  }
+}
+
+TEST(PlaylistTypesTest, OtherCodesAreNoTypes) {
+  for (const std::int32_t code : {0, 7, -1, 2147483647}) {
+    EXPECT_EQ(FindPlaylistType(code), nullptr) << code;
+    EXPECT_FALSE(HasAsxEntries(code)) << code;
+    EXPECT_TEXT(EntryExtension(code), u"");
+  }
+}
+
+TEST(PlaylistTypesTest, TypesOneAndTwoHaveAsxEntriesAndTheirExtension) {
+  const std::pair<std::int32_t, StringView> rows[] = {{1, u".asx"}, {2, u".asx"}, {3, u".m3u"},
+                                                      {4, u".pls"}, {5, u".pls"}, {6, u".m3u"}};
+  for (const auto& [code, extension] : rows) {
+    EXPECT_EQ(HasAsxEntries(code), code <= 2) << code;
+    EXPECT_TEXT(EntryExtension(code), extension);
+  }
+}
+
+/// A name that a playlist of the type is given over the name "old", and what it is called then.
+struct NameRow {
+  std::int32_t type;
+  StringView given, stored;
+};
+
+constexpr NameRow kNameRows[] = {
+    {1, u"Mix.asx", u"Mix.asx"},
+    {1, u"Mix.m3u", u"Mix.m3u"},
+    {1, u"", u""},
+    {2, u"Mix.m3u", u"Mix"},
+    {2, u"Mix.asx", u"old"},
+    {2, u"Mix.m3u.asx", u"Mix"},
+    {3, u"Party Mix.m3u", u"Party Mix"},
+    {3, u"a.M3U", u"a"},
+    {3, u"x.m3u.bak", u"x"},
+    {3, u"a.m3u.b.m3u", u"a"},
+    {3, u"Mix.pls", u"old"},
+    {3, u"Mix", u"old"},
+    {3, u"", u"old"},
+    {3, u".m3u", u""},
+    {4, u"Mix.pls", u"Mix"},
+    {4, u"Mix.m3u", u"old"},
+    {5, u"Mix.Pls", u"Mix"},
+    {5, u"Mix.asx", u"old"},
+    {6, u"Mix.m3u", u"Mix"},
+    {6, u"Mix.pls", u"old"},
+    {0, u"Mix.m3u", u""},
+    {7, u"Mix.m3u", u""},
+    {-1, u"Mix", u""},
+    {3, u"C:\\Out\\Mix.m3u", u"C:\\Out\\Mix"},
+};
+
+TEST(PlaylistRecordTest, TheNameIsWhatPrecedesTheExtensionOfItsType) {
+  for (const NameRow& row : kNameRows) {
+    SCOPED_TRACE(std::to_string(row.type) + " " + Utf8(row.given));
+    PlaylistRecord record;
+    record.name = u"old";
+    record.type = row.type;
+    record.SetName(row.given, NameOrigin::Host);
+    EXPECT_TEXT(record.name, row.stored);
+  }
+}
+
+TEST(PlaylistRecordTest, ANameThatIsNotTakenLeavesItsOriginToo) {
+  PlaylistRecord record;
+  record.type = 3;
+  record.SetName(u"a.m3u", NameOrigin::PlaylistText);
+  EXPECT_EQ(record.nameOrigin, NameOrigin::PlaylistText);
+  record.SetName(u"b.pls", NameOrigin::Host);
+  EXPECT_TEXT(record.name, u"a");
+  EXPECT_EQ(record.nameOrigin, NameOrigin::PlaylistText);
+  record.SetName(u"c.m3u", NameOrigin::Host);
+  EXPECT_EQ(record.nameOrigin, NameOrigin::Host);
+}
+
+TEST(PlaylistRecordTest, AFreshRecordIsEmpty) {
+  const PlaylistRecord record;
+  EXPECT_EQ(record.type, 0);
+  EXPECT_EQ(record.totalSongsStore, Variant());
+  ASSERT_NE(record.entries, nullptr);
+  EXPECT_EQ(record.entries->Count(), 0);
+  for (const String* const text :
+       {&record.originalFileName, &record.asxAuthor, &record.asxTitle, &record.asxVersion,
+        &record.asxPlayListAttribute, &record.asxAllowShuffle, &record.name, &record.creationTime,
+        &record.asxAlbum, &record.asxArtist}) {
+    EXPECT_TEXT(*text, u"");
+  }
+}
+
+using PlayListNameTest = LibraryTest;
+
+TEST_F(PlayListNameTest, TheNamedPropertyFollowsTheSameRule) {
+  for (const NameRow& row : kNameRows) {
+    SCOPED_TRACE(std::to_string(row.type) + " " + Utf8(row.given));
+    const ObjectRef playlist = component.Create(u"PlayList");
+    SetAll(*playlist, {{u"PlayListType", std::int32_t{1}},
+                       {u"PlayListName", String(u"old")},
+                       {u"PlayListType", row.type},
+                       {u"PlayListName", String(row.given)}});
+    EXPECT_EQ(playlist->Get(u"PlayListName"), Variant(String(row.stored)));
+  }
+  EXPECT_TRUE(log.empty());
+}
+
+TEST_F(PlayListNameTest, AnyValueIsTakenAsText) {
+  const ObjectRef playlist = component.Create(u"PlayList");
+  SetAll(*playlist, {{u"PlayListType", std::int32_t{1}}, {u"PlayListName", std::int32_t{1999}}});
+  EXPECT_EQ(playlist->Get(u"PlayListName"), Variant(String(u"1999")));
+}
+
+}  // namespace
+}  // namespace norvo

@@ -1,0 +1,41 @@
+#include "readers/TextLines.h"
+
+#include <gtest/gtest.h>
+
+#include "support/TextPrinting.h"
+
+namespace norvo {
+namespace {
+
+Lines Split(StringView text) {
+  Lines lines;
+  for (const StringView line : SplitLines(text)) lines.push_back(Utf8(line));
+  return lines;
+}
+
+TEST(TextLinesTest, SplitsAtEveryPairAndAtNothingElse) {
+  EXPECT_EQ(Split(u"a\r\nb"), Lines({"a", "b"}));
+  EXPECT_EQ(Split(u"a\r\n"), Lines({"a", ""}));
+  EXPECT_EQ(Split(u"\r\n\r\n"), Lines({"", "", ""}));
+  EXPECT_EQ(Split(u"a\rb\nc\n\rd"), Lines({"a\rb\nc\n\rd"}));
+  EXPECT_EQ(Split(u"a\r\r\n\nb"), Lines({"a\r", "\nb"}));
+  EXPECT_EQ(Split(u"a"), Lines({"a"}));
+}
+
+TEST(TextLinesTest, TheEmptyPieceBehindTheLastLineEndIsNoLine) {
+  std::vector<StringView> lines(32767, u"x");
+  EXPECT_FALSE(ExceedsLineLimit(lines));
+  EXPECT_EQ(ReachableLines(lines), 32767u);
+  lines.emplace_back();
+  EXPECT_FALSE(ExceedsLineLimit(lines));
+  EXPECT_EQ(ReachableLines(lines), 32768u);
+  lines.back() = u"x";
+  EXPECT_TRUE(ExceedsLineLimit(lines));
+  EXPECT_EQ(ReachableLines(lines), 32767u);
+  lines.emplace_back();
+  EXPECT_TRUE(ExceedsLineLimit(lines));
+  EXPECT_EQ(ReachableLines(lines), 32767u);
+}
+
+}  // namespace
+}  // namespace norvo

@@ -1,0 +1,104 @@
+#include "services/Component.h"
+
+#include <cstdlib>
+
+#include "automation/RunTimeError.h"
+#include "services/Logging.h"
+#include "support/LibraryTest.h"
+
+namespace norvo {
+namespace {
+
+class Named final : public AutomationObject {
+ public:
+  explicit Named(StringView name) : name_(name) {}
+  StringView ClassName() const override { return name_; }
+  Variant Get(StringView, Arguments) override { return {}; }
+  void Let(StringView, Arguments, const Variant&) override {}
+  Variant Call(StringView, Arguments) override { return {}; }
+
+ private:
+  StringView name_;
+};
+
+constexpr CreatableClass kClasses[] = {
+    {u"First", [](Component&) -> ObjectRef { return std::make_shared<Named>(u"First"); }},
+    {u"Second", [](Component&) -> ObjectRef { return std::make_shared<Named>(u"Second"); }},
+};
+
+class ComponentTest : public LibraryTest {};
+
+TEST_F(ComponentTest, ClassesAreCreatedByNameInAnyCase) {
+  Component fresh(platform, kClasses);
+  EXPECT_TEXT(fresh.Create(u"First")->ClassName(), u"First");
+  EXPECT_TEXT(fresh.Create(u"sECOND")->ClassName(), u"Second");
+  EXPECT_NE(fresh.Create(u"First"), fresh.Create(u"First"));
+}
+
+TEST_F(ComponentTest, AnUnknownClassRaises429) {
+  Component fresh(platform, kClasses);
+  for (const StringView name : {u"", u"Third", u"First "}) {
+    try {
+      fresh.Create(name);
+      ADD_FAILURE() << Utf8(name);
+    } catch (const RunTimeError& failure) {
+      EXPECT_EQ(failure.Number(), error::kCannotCreateObject);
+    }
+  }
+}
+
+TEST_F(ComponentTest, AnObserverFollowsUntilItIsReplaced) {
+  EXPECT_TRUE(component.IsWatched());
+  WriteLog(component, u"first");
+  component.SetObserver(nullptr);
+  EXPECT_FALSE(component.IsWatched());
+  WriteLog(component, u"second");
+  EXPECT_EQ(Utf8(log), (Lines{"first"}));
+}
+
+TEST_F(ComponentTest, TwoComponentsShareNothing) {
+  Component other(std::make_shared<MemoryPlatform>(), {});
+  component.SetLogMode(log_mode::kMessageBox);
+  component.MediaBytes() += 5;
+  component.SubNames().names[0] = u"Music";
+  WriteLog(other, u"message");
+  WriteLog(component, u"message");
+  EXPECT_EQ(other.Log().mode, log_mode::kSilent);
+  EXPECT_EQ(other.MediaBytes(), 0);
+  EXPECT_TEXT(other.SubNames().names[0], u"");
+  EXPECT_EQ(platform->Messages().Shown().size(), 1u);
+  EXPECT_EQ(log.size(), 1u);
+}
+
+TEST_F(ComponentTest, ConstructionAsksTheMachineNothing) {
+  Component fresh(platform, {});
+  EXPECT_EQ(platform->Log().Total(), 0u);
+}
+
+TEST_F(ComponentTest, TheEndMakesTheMigrationListDurable) {
+  platform->Migration().EnsureGroup(u"g", u"C:\\Root");
+  platform->Migration().Add({u"C:\\a.mp3", u"x", u"Music"});
+  { Component fresh(platform, {}); }
+  EXPECT_EQ(platform->Migration().DurableRecords(), 1u);
+}
+
+TEST_F(ComponentTest, AnErrorOfTheLastFlushIsLost) {
+  platform->FailOn(u"Migration.Flush", 1, error::kDiskFull);
+  { Component fresh(platform, {}); }
+  EXPECT_TRUE(platform->Log().HasFailed());
+}
+
+TEST(ComponentDeathTest, AShortageOfMemoryAtTheLastFlushDoesNotEndTheProgram) {
+  const auto end = [] {
+    const auto machine = std::make_shared<MemoryPlatform>();
+    {
+      Component fresh(machine, {});
+      machine->Log().RunOutOfMemoryAt(1);
+    }
+    std::_Exit(machine->Log().HasFailed() ? 0 : 1);
+  };
+  EXPECT_EXIT(end(), ::testing::ExitedWithCode(0), "");
+}
+
+}  // namespace
+}  // namespace norvo

@@ -1,0 +1,193 @@
+#include "services/IniDocument.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <random>
+
+#include "support/TextPrinting.h"
+#include "text/Number.h"
+
+namespace norvo {
+namespace {
+
+/// Value of a key, or "<none>" without the section or the key.
+String ValueOf(const IniDocument& document, StringView section, StringView key) {
+  const std::size_t position = document.FindSection(section);
+  if (position == IniDocument::kNone) return u"<none>";
+  return String(document.Value(position, key).value_or(u"<none>"));
+}
+
+TEST(IniDocument, AnEmptyTextHasNoSections) {
+  EXPECT_EQ(IniDocument(u"").FindSection(u""), IniDocument::kNone);
+  EXPECT_EQ(IniDocument().FindSection(u"a"), IniDocument::kNone);
+  EXPECT_TEXT(IniDocument(u"").ToText(), u"");
+}
+
+TEST(IniDocument, NamesOfSectionsAndKeysAreMatchedInAnyCase) {
+  const IniDocument document(u"[Größe]\r\nKey=Value\r\n");
+  EXPECT_TEXT(ValueOf(document, u"gRÖßE", u"kEY"), u"Value");
+  EXPECT_TEXT(ValueOf(document, u" Größe ", u" Key "), u"Value");
+  EXPECT_TEXT(ValueOf(document, u"Größe", u"Other"), u"<none>");
+  EXPECT_TEXT(ValueOf(document, u"Other", u"Key"), u"<none>");
+}
+
+TEST(IniDocument, EveryKindOfLineEndEndsALine) {
+  const IniDocument document(u"[s]\ra=1\nb=2\r\nc=3\r\rd=4\n\re=5");
+  for (const auto& [key, value] : {std::pair<StringView, StringView>{u"a", u"1"},
+                                   {u"b", u"2"},
+                                   {u"c", u"3"},
+                                   {u"d", u"4"},
+                                   {u"e", u"5"}}) {
+    EXPECT_TEXT(ValueOf(document, u"s", key), value);
+  }
+}
+
+TEST(IniDocument, BlanksAroundNamesAndValuesAreNotPartOfThem) {
+  const IniDocument document(u"  [ s ]  \r\n \tkey \t= \t a b \t\r\n");
+  EXPECT_TEXT(ValueOf(document, u"s", u"key"), u"a b");
+}
+
+TEST(IniDocument, QuotesAndFurtherEqualSignsBelongToTheValue) {
+  const IniDocument document(u"[s]\r\na=\"x\"\r\nb=1=2\r\nc=\r\n");
+  EXPECT_TEXT(ValueOf(document, u"s", u"a"), u"\"x\"");
+  EXPECT_TEXT(ValueOf(document, u"s", u"b"), u"1=2");
+  EXPECT_TEXT(ValueOf(document, u"s", u"c"), u"");
+}
+
+TEST(IniDocument, LinesThatAreNoKeysAreNotFound) {
+  const IniDocument document(u"[s]\r\n;a=1\r\n ; b=2\r\n=3\r\nword\r\n[open\r\n");
+  for (const StringView key : {u"a", u";a", u"b", u"; b", u"", u"word", u"[open"}) {
+    EXPECT_TEXT(ValueOf(document, u"s", key), u"<none>") << Utf8(key);
+  }
+}
+
+TEST(IniDocument, KeysBeforeTheFirstSectionBelongToNone) {
+  const IniDocument document(u"a=1\r\n[s]\r\nb=2\r\n");
+  EXPECT_TEXT(ValueOf(document, u"s", u"a"), u"<none>");
+  EXPECT_TEXT(ValueOf(document, u"", u"a"), u"<none>");
+}
+
+TEST(IniDocument, OfTwoEqualKeysTheFirstHolds) {
+  IniDocument document(u"[s]\r\na=1\r\nA=2\r\n");
+  EXPECT_TEXT(ValueOf(document, u"s", u"a"), u"1");
+  document.SetValue(document.FindSection(u"s"), u"a", u"3");
+  EXPECT_TEXT(document.ToText(), u"[s]\r\na=3\r\nA=2\r\n");
+}
+
+TEST(IniDocument, TwoEqualSectionsAreOne) {
+  IniDocument document(u"[s]\r\na=1\r\n[t]\r\nx=9\r\n[S]\r\na=2\r\nb=3\r\n");
+  EXPECT_TEXT(ValueOf(document, u"s", u"a"), u"1");
+  EXPECT_TEXT(ValueOf(document, u"s", u"b"), u"3");
+  EXPECT_TEXT(document.ToText(), u"[s]\r\na=1\r\na=2\r\nb=3\r\n[t]\r\nx=9\r\n");
+}
+
+TEST(IniDocument, OrderCommentsAndBlankLinesAreKept) {
+  const StringView text = u"; head\r\n\r\n[z]\r\nb=1\r\n; note\r\na=2\r\n\r\n[a]\r\nword\r\n";
+  EXPECT_TEXT(IniDocument(text).ToText(), text);
+}
+
+TEST(IniDocument, TheLastLineGetsItsEnd) {
+  EXPECT_TEXT(IniDocument(u"[s]\na=1").ToText(), u"[s]\r\na=1\r\n");
+}
+
+TEST(IniDocument, NewKeysStandAtTheirSectionsEndAndNewSectionsAtTheFilesEnd) {
+  IniDocument document(u"[s]\r\na=1\r\n[t]\r\nb=2\r\n");
+  document.SetValue(document.FindOrAddSection(u"S"), u"c", u"3");
+  document.SetValue(document.FindOrAddSection(u"new"), u"d", u" 4 ");
+  EXPECT_TEXT(document.ToText(), u"[s]\r\na=1\r\nc=3\r\n[t]\r\nb=2\r\n[new]\r\nd=4\r\n");
+}
+
+TEST(IniDocument, ALineEndWithinAValueBecomesABlank) {
+  IniDocument document;
+  const std::size_t section = document.FindOrAddSection(u"s");
+  document.SetValue(section, u"a", u"1\r\n2\n3\r4");
+  document.SetValue(section, u"b", u"x\r\n[evil]\r\ny=1");
+  EXPECT_TEXT(document.ToText(), u"[s]\r\na=1 2 3 4\r\nb=x [evil] y=1\r\n");
+}
+
+TEST(IniDocument, ALineEndBehindANewValueLeavesAnEmptyLine) {
+  IniDocument document;
+  const std::size_t section = document.FindOrAddSection(u"s");
+  document.SetValue(section, u"a", u"1\r\n");
+  document.SetValue(section, u"b", u"2\n");
+  document.SetValue(section, u"c", u"3");
+  EXPECT_TEXT(document.ToText(), u"[s]\r\na=1\r\n\r\nb=2\r\n\r\nc=3\r\n");
+  EXPECT_TEXT(ValueOf(document, u"s", u"a"), u"1");
+}
+
+TEST(IniDocument, ManyShortKeysAreAllFoundAgain) {
+  IniDocument document;
+  const std::size_t section = document.FindOrAddSection(u"s");
+  for (int i = 0; i < 500; ++i) {
+    document.SetValue(section, u"k" + FormatInteger(i), FormatInteger(i));
+    ASSERT_TEXT(ValueOf(document, u"s", u"K0"), u"0") << "after " << i << " keys";
+  }
+  for (int i = 0; i < 500; ++i) {
+    ASSERT_TEXT(ValueOf(document, u"S", u"K" + FormatInteger(i)), FormatInteger(i));
+  }
+  EXPECT_TEXT(ValueOf(document, u"s", u"k500"), u"<none>");
+  EXPECT_TEXT(IniDocument(document.ToText()).ToText(), document.ToText());
+}
+
+TEST(IniDocument, OfTwoEqualKeysAmongManyTheFirstHolds) {
+  String text = u"[s]\r\n";
+  for (int i = 0; i < 100; ++i) text += u"k" + FormatInteger(i) + u"=first\r\n";
+  for (int i = 0; i < 100; ++i) text += u"K" + FormatInteger(i) + u"=second\r\n";
+  const IniDocument document(text);
+  for (int i = 0; i < 100; ++i) {
+    ASSERT_TEXT(ValueOf(document, u"s", u"k" + FormatInteger(i)), u"first");
+  }
+}
+
+TEST(IniDocument, TheKeysOfASectionComeInTheirOrderEqualOnesIncluded) {
+  IniDocument document(u"x=0\r\n[s]\r\nb=1\r\n; c=2\r\n A = 3\r\n[t]\r\nd=4\r\n[S]\r\nB=5\r\n");
+  document.SetValue(document.FindSection(u"s"), u"e", u"6");
+  String keys;
+  for (const StringView key : document.Keys(document.FindSection(u"s"))) keys.append(key) += u'|';
+  EXPECT_TEXT(keys, u"b|A|B|e|");
+}
+
+TEST(IniDocument, ACopyStandsOnItsOwn) {
+  IniDocument original;
+  const std::size_t section = original.FindOrAddSection(u"s");
+  for (int i = 0; i < 100; ++i) original.SetValue(section, u"k" + FormatInteger(i), u"x");
+  ASSERT_TEXT(ValueOf(original, u"s", u"k99"), u"x");
+  const IniDocument copy = original;
+  original = IniDocument();
+  for (int i = 0; i < 100; ++i) ASSERT_TEXT(ValueOf(copy, u"s", u"k" + FormatInteger(i)), u"x");
+}
+
+TEST(IniDocument, AddingManyKeysStaysFast) {
+  const auto start = std::chrono::steady_clock::now();
+  IniDocument document;
+  const std::size_t section = document.FindOrAddSection(u"s");
+  for (int i = 0; i < 100000; ++i) {
+    document.SetValue(section, u"a rather long key " + FormatInteger(i), u"x");
+  }
+  EXPECT_TEXT(ValueOf(document, u"s", u"a rather long key 99999"), u"x");
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+}
+
+TEST(IniDocument, AnyTextIsStableOnceWritten) {
+  constexpr StringView kUnits = u"ab= ;[]\r\n\t\"";
+  std::mt19937 random(20030514);
+  for (int i = 0; i < 20000; ++i) {
+    String text(random() % 40, u' ');
+    for (char16_t& unit : text) unit = kUnits[random() % kUnits.size()];
+    const String once = IniDocument(text).ToText();
+    ASSERT_TEXT(IniDocument(once).ToText(), once) << "from " << Utf8(text);
+  }
+}
+
+TEST(IniDocument, NulsAndHugeLinesAreOrdinaryText) {
+  const String huge(300000, u'x');
+  const IniDocument document(u"[s]\r\na=" + huge + u"\r\nb=1" + String(1, u'\0') + u"2\r\n");
+  EXPECT_EQ(ValueOf(document, u"s", u"a").size(), 300000u);
+  EXPECT_EQ(ValueOf(document, u"s", u"b"), String(u"1\0"
+                                                  u"2",
+                                                  3));
+}
+
+}  // namespace
+}  // namespace norvo

@@ -1,0 +1,209 @@
+#include "services/MediaList.h"
+
+#include "automation/RunTimeError.h"
+#include "support/LibraryTest.h"
+
+namespace norvo {
+namespace {
+
+constexpr StringView kGroup = u"KVMediaPlayLists";
+constexpr StringView kRoot = u"C:\\Root\\";
+constexpr StringView kPath = u"C:\\Root\\KVs\\MediaList.txt";
+
+class MediaListTest : public LibraryTest {
+ protected:
+  MediaList Fresh() { return MediaList(platform->Files(), platform->Settings()); }
+
+  static MediaRecord Record(StringView source, StringView destination = u"expression") {
+    return {String(source), String(destination), u"Music"};
+  }
+
+  std::size_t Occurrences(const std::string& sought) {
+    std::size_t count = 0;
+    const std::string& bytes = platform->Bytes(kPath);
+    for (std::size_t at = bytes.find(sought); at != std::string::npos;
+         at = bytes.find(sought, at + 1)) {
+      ++count;
+    }
+    return count;
+  }
+};
+
+TEST_F(MediaListTest, WithoutAGroupOrARootNothingIsKept) {
+  MediaList list = Fresh();
+  EXPECT_FALSE(list.EnsureGroup(u"", kRoot));
+  EXPECT_FALSE(list.EnsureGroup(kGroup, u""));
+  EXPECT_FALSE(list.Add(Record(u"C:\\a.mp3")));
+  EXPECT_TRUE(list.Flush());
+  EXPECT_TRUE(platform->Files().AllFiles().empty());
+}
+
+TEST_F(MediaListTest, RecordsReachTheFileWithTheNextFlush) {
+  MediaList list = Fresh();
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  EXPECT_TRUE(list.Add(Record(u"C:\\Ärzte\\日.mp3", u"GET_SHELL_FOLDER,5,Music,sub")));
+  EXPECT_FALSE(platform->HasFile(kPath));
+  EXPECT_TRUE(list.Flush());
+  EXPECT_TRUE(list.Add(Record(u"C:\\b.mp3")));
+  EXPECT_TRUE(list.Flush());
+  EXPECT_EQ(platform->Bytes(kPath),
+            "\xEF\xBB\xBF"
+            "Music\tC:\\Ärzte\\日.mp3\tGET_SHELL_FOLDER,5,Music,sub\r\n"
+            "Music\tC:\\b.mp3\texpression\r\n");
+}
+
+TEST_F(MediaListTest, ARootWithoutABackslashNamesTheSameFile) {
+  MediaList list = Fresh();
+  ASSERT_TRUE(list.EnsureGroup(kGroup, u"C:\\Root"));
+  list.Add(Record(u"C:\\a.mp3"));
+  list.Flush();
+  EXPECT_TRUE(platform->HasFile(kPath));
+}
+
+TEST_F(MediaListTest, TheSameSourceAndDestinationIsKeptOnceWhateverTheCase) {
+  MediaList list = Fresh();
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  EXPECT_TRUE(list.Add(Record(u"C:\\Ä.mp3", u"one")));
+  EXPECT_TRUE(list.Add(Record(u"c:\\ä.MP3", u"ONE")));
+  EXPECT_TRUE(list.Add(Record(u"C:\\Ä.mp3", u"two")));
+  EXPECT_TRUE(list.Add(Record(u"C:\\Ä.mp", u"3one")));
+  list.Flush();
+  EXPECT_EQ(Occurrences("\r\n"), 3u);
+}
+
+TEST_F(MediaListTest, RecordsOfAnEarlierRunAreKnown) {
+  MediaList first = Fresh();
+  ASSERT_TRUE(first.EnsureGroup(kGroup, kRoot));
+  first.Add(Record(u"C:\\a.mp3"));
+  first.Flush();
+  MediaList second = Fresh();
+  ASSERT_TRUE(second.EnsureGroup(kGroup, kRoot));
+  EXPECT_TRUE(second.Add(Record(u"C:\\A.mp3")));
+  EXPECT_TRUE(second.Add(Record(u"C:\\b.mp3")));
+  second.Flush();
+  EXPECT_EQ(Occurrences("\r\n"), 2u);
+}
+
+TEST_F(MediaListTest, TheFileIsReadOncePerRoot) {
+  MediaList list = Fresh();
+  for (int i = 0; i < 3; ++i) ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  EXPECT_EQ(platform->Calls(u"Settings.Read"), 1u);
+}
+
+TEST_F(MediaListTest, AFlushIsOneWriteAndNoneWithoutRecords) {
+  platform->AddFile(kPath, "\xEF\xBB\xBF");
+  MediaList list = Fresh();
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  for (const StringView source : {u"C:\\a", u"C:\\b", u"C:\\c"}) list.Add(Record(source));
+  EXPECT_TRUE(list.Flush());
+  EXPECT_TRUE(list.Flush());
+  EXPECT_EQ(platform->Calls(u"Append"), 1u);
+}
+
+TEST_F(MediaListTest, AnotherRootHasAListOfItsOwn) {
+  MediaList list = Fresh();
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  list.Add(Record(u"C:\\a.mp3"));
+  ASSERT_TRUE(list.EnsureGroup(kGroup, u"C:\\Other"));
+  list.Add(Record(u"C:\\a.mp3"));
+  list.Flush();
+  EXPECT_EQ(Occurrences("\r\n"), 1u);
+  EXPECT_TRUE(platform->HasFile(u"C:\\Other\\KVs\\MediaList.txt"));
+}
+
+TEST_F(MediaListTest, WhatCouldNotBeWrittenIsKeptForTheNextFlush) {
+  for (const bool exists : {false, true}) {
+    platform = std::make_shared<MemoryPlatform>();
+    if (exists) platform->AddFile(kPath, "\xEF\xBB\xBFMusic\tC:\\old.mp3\tx\r\n");
+    MediaList list = Fresh();
+    ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+    list.Add(Record(u"C:\\a.mp3"));
+    platform->FailOn(exists ? u"Append" : u"Settings.Write", 1, error::kDiskFull);
+    EXPECT_FALSE(list.Flush());
+    list.Add(Record(u"C:\\b.mp3"));
+    EXPECT_TRUE(list.Flush());
+    EXPECT_EQ(Occurrences("Music\tC:\\a.mp3\texpression\r\n"), 1u);
+    EXPECT_EQ(Occurrences("Music\tC:\\b.mp3\texpression\r\n"), 1u);
+    EXPECT_EQ(Occurrences("old.mp3"), exists ? 1u : 0u);
+  }
+}
+
+TEST_F(MediaListTest, LinesThatAreNoRecordsAreKeptButNotKnown) {
+  platform->AddFile(kPath, "\xEF\xBB\xBFnote\r\n\r\nMusic\tC:\\a.mp3\r\n");
+  MediaList list = Fresh();
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  list.Add(Record(u"C:\\a.mp3", u""));
+  list.Flush();
+  EXPECT_EQ(platform->Bytes(kPath),
+            "\xEF\xBB\xBFnote\r\n\r\nMusic\tC:\\a.mp3\r\nMusic\tC:\\a.mp3\t\r\n");
+}
+
+TEST_F(MediaListTest, RecordsBehindATornLineBeginALineOfTheirOwn) {
+  platform->AddFile(kPath, "\xEF\xBB\xBFMusic\tC:\\a.mp3\tx\r\nMusic\tC:\\to");
+  MediaList list = Fresh();
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  list.Add(Record(u"C:\\b.mp3"));
+  list.Flush();
+  EXPECT_EQ(Occurrences("\r\nMusic\tC:\\b.mp3\texpression\r\n"), 1u);
+}
+
+TEST_F(MediaListTest, ATornLineNeverBecomesARecord) {
+  platform->AddFile(kPath, "\xEF\xBB\xBFMusic\tC:\\torn.mp3\tGET_SH");
+  MediaList list = Fresh();
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  list.Add(Record(u"C:\\b.mp3"));
+  list.Flush();
+  EXPECT_EQ(Occurrences("\xEF\xBB\xBFMusic\tC:\\b.mp3\texpression\r\n"), 1u);
+  EXPECT_EQ(Occurrences("Music\tC:\\torn.mp3\tGET_SH\r\n"), 0u);
+}
+
+TEST_F(MediaListTest, ALineTornWithinItsEndKeepsNoCarriageReturn) {
+  platform->AddFile(kPath, "\xEF\xBB\xBFMusic\tC:\\a.mp3\tx\r");
+  MediaList list = Fresh();
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  list.Add(Record(u"C:\\b.mp3"));
+  list.Flush();
+  EXPECT_EQ(Occurrences("\r\r\n"), 0u);
+}
+
+TEST_F(MediaListTest, RecordsOfARootThatCouldNotBeWrittenAreNotLostOnAChange) {
+  MediaList list = Fresh();
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  list.Add(Record(u"C:\\a.mp3"));
+  platform->FailOn(u"Settings.Write", 1, error::kDiskFull);
+  list.EnsureGroup(kGroup, u"C:\\Other");
+  list.EnsureGroup(kGroup, kRoot);
+  list.Flush();
+  ASSERT_TRUE(platform->HasFile(kPath));
+  EXPECT_EQ(Occurrences("C:\\a.mp3"), 1u);
+}
+
+TEST_F(MediaListTest, AListThatCouldNotBeReadIsNeverReplaced) {
+  platform->AddFile(kPath, "\xEF\xBB\xBFMusic\tC:\\old.mp3\tx\r\n");
+  MediaList list = Fresh();
+  platform->FailOn(u"Settings.Read", 1, error::kPermissionDenied);
+  try {
+    EXPECT_FALSE(list.EnsureGroup(kGroup, kRoot));
+  } catch (const RunTimeError&) {
+  }
+  if (list.EnsureGroup(kGroup, kRoot)) list.Add(Record(u"C:\\b.mp3"));
+  list.Flush();
+  EXPECT_EQ(Occurrences("Music\tC:\\old.mp3\tx\r\n"), 1u);
+}
+
+TEST_F(MediaListTest, ManyRecordsAreAllKept) {
+  MediaList list = Fresh();
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  for (char16_t a = 0; a < 200; ++a) {
+    for (char16_t b = 0; b < 100; ++b) {
+      const char16_t name[] = {u'C', u':', u'\\', static_cast<char16_t>(0x4E00 + a),
+                               static_cast<char16_t>(0x4E00 + b)};
+      list.Add(Record(StringView(name, std::size(name))));
+    }
+  }
+  list.Flush();
+  EXPECT_EQ(Occurrences("\r\n"), 20000u);
+}
+
+}  // namespace
+}  // namespace norvo

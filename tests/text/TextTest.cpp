@@ -1,0 +1,112 @@
+#include "text/Text.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "support/TextPrinting.h"
+
+namespace norvo {
+namespace {
+
+TEST(Text, UpperCaseGoesUnitByUnitInAnyScript) {
+  EXPECT_EQ(ToUpper(u'a'), u'A');
+  EXPECT_EQ(ToUpper(u'z'), u'Z');
+  EXPECT_EQ(ToUpper(u'ä'), u'Ä');
+  EXPECT_EQ(ToUpper(u'ÿ'), u'Ÿ');
+  EXPECT_EQ(ToUpper(u'я'), u'Я');
+  EXPECT_EQ(ToUpper(u'ω'), u'Ω');
+}
+
+TEST(Text, UnitsWithoutUpperCaseAreTheirOwn) {
+  for (const char16_t unit : StringView(u"A1_ß@[`{÷日\xD83D\xDE00")) EXPECT_EQ(ToUpper(unit), unit);
+  EXPECT_EQ(ToUpper(u'\0'), u'\0');
+  EXPECT_EQ(ToUpper(char16_t{0xFFFF}), char16_t{0xFFFF});
+}
+
+TEST(Text, UpperCaseOfUpperCaseChangesNothing) {
+  for (unsigned unit = 0; unit <= 0xFFFF; ++unit) {
+    const char16_t upper = ToUpper(static_cast<char16_t>(unit));
+    ASSERT_EQ(ToUpper(upper), upper) << "unit " << unit;
+  }
+}
+
+TEST(Text, LowerCaseStopsAtAscii) {
+  EXPECT_EQ(ToLowerAscii(u'A'), u'a');
+  EXPECT_EQ(ToLowerAscii(u'Z'), u'z');
+  EXPECT_EQ(ToLowerAscii(u'['), u'[');
+  EXPECT_EQ(ToLowerAscii(u'@'), u'@');
+  EXPECT_EQ(ToLowerAscii(u'Ä'), u'Ä');
+}
+
+TEST(Text, OnlyAsciiDigitsAreDigits) {
+  for (char16_t unit = u'0'; unit <= u'9'; ++unit) EXPECT_TRUE(IsDigit(unit));
+  for (const char16_t unit : StringView(u"/:a²٣")) EXPECT_FALSE(IsDigit(unit));
+}
+
+TEST(Text, EqualTextsFoldAlike) {
+  EXPECT_TRUE(EqualsIgnoreCase(u"", u""));
+  EXPECT_TRUE(EqualsIgnoreCase(u"Ärzte", u"äRZTE"));
+  EXPECT_FALSE(EqualsIgnoreCase(u"a", u""));
+  EXPECT_FALSE(EqualsIgnoreCase(u"abc", u"abd"));
+  EXPECT_TRUE(EqualsIgnoreCase(StringView(u"a\0b", 3), StringView(u"A\0B", 3)));
+  EXPECT_FALSE(EqualsIgnoreCase(StringView(u"a\0b", 3), StringView(u"A\0C", 3)));
+  EXPECT_TEXT(Fold(u"Straße ÿ"), u"STRAßE Ÿ");
+}
+
+TEST(Text, EndingsAreFoundInAnyCase) {
+  EXPECT_TRUE(EndsWithIgnoreCase(u"a.MP3", u".mp3"));
+  EXPECT_TRUE(EndsWithIgnoreCase(u"a", u""));
+  EXPECT_TRUE(EndsWithIgnoreCase(u"", u""));
+  EXPECT_FALSE(EndsWithIgnoreCase(u"mp3", u".mp3"));
+  EXPECT_FALSE(EndsWithIgnoreCase(u"", u"x"));
+}
+
+TEST(Text, SearchesStartWhereTheyAreTold) {
+  EXPECT_EQ(FindIgnoreCase(u"abcABC", u"bC"), 1u);
+  EXPECT_EQ(FindIgnoreCase(u"abcABC", u"bc", 2), 4u);
+  EXPECT_EQ(FindIgnoreCase(u"abcABC", u"bc", 5), StringView::npos);
+  EXPECT_EQ(FindIgnoreCase(u"aab", u"AB"), 1u);
+  EXPECT_EQ(FindIgnoreCase(u"ab", u"abc"), StringView::npos);
+  EXPECT_EQ(FindIgnoreCase(u"", u"a"), StringView::npos);
+}
+
+TEST(Text, TheEmptyTextIsFoundWhereTheSearchStarts) {
+  EXPECT_EQ(FindIgnoreCase(u"abc", u""), 0u);
+  EXPECT_EQ(FindIgnoreCase(u"abc", u"", 3), 3u);
+  EXPECT_EQ(FindIgnoreCase(u"abc", u"", 4), StringView::npos);
+  EXPECT_EQ(FindIgnoreCase(u"", u""), 0u);
+}
+
+TEST(Text, TrimTakesBlanksOnly) {
+  EXPECT_TEXT(Trim(u"  a b  "), u"a b");
+  EXPECT_TEXT(Trim(u"\t a \r\n"), u"\t a \r\n");
+  EXPECT_TEXT(Trim(u"   "), u"");
+  EXPECT_TEXT(Trim(u""), u"");
+  EXPECT_TEXT(Trim(u"\xA0x\xA0"), u"\xA0x\xA0");
+}
+
+TEST(Text, OrderIgnoresCaseAndIsComplete) {
+  EXPECT_TRUE(LessIgnoreCase(u"a", u"B"));
+  EXPECT_TRUE(LessIgnoreCase(u"A", u"b"));
+  EXPECT_FALSE(LessIgnoreCase(u"b", u"A"));
+  EXPECT_TRUE(LessIgnoreCase(u"ab", u"ABC"));
+  EXPECT_TRUE(LessIgnoreCase(u"", u"a"));
+  EXPECT_FALSE(LessIgnoreCase(u"a", u"a"));
+  EXPECT_NE(LessIgnoreCase(u"A", u"a"), LessIgnoreCase(u"a", u"A"));
+}
+
+TEST(Text, CaselessHashAgreesWithCaselessEquality) {
+  const std::vector<String> texts = {u"", u"a", u"A", u"Ärzte", u"äRZTE", u"b"};
+  for (const String& left : texts) {
+    for (const String& right : texts) {
+      if (!CaselessEqual{}(left, right)) continue;
+      EXPECT_EQ(CaselessHash{}(left), CaselessHash{}(right)) << Utf8(left) << " " << Utf8(right);
+    }
+  }
+  EXPECT_NE(CaselessHash{}(u"ab"), CaselessHash{}(u"ba"));
+}
+
+}  // namespace
+}  // namespace norvo
