@@ -1,10 +1,12 @@
 #include "model/Entry.h"
 
+#include <utility>
+
 #include "model/PlaylistTypes.h"
 #include "services/DataCop.h"
 #include "services/Logging.h"
 #include "services/NVServices.h"
-#include "tags/Mp3TagReader.h"
+#include "tags/AudioTag.h"
 #include "text/Number.h"
 
 namespace norvo {
@@ -75,6 +77,7 @@ bool Entry::HasLocalType() const {
 
 void Entry::SetSourceURL(const String& value) {
   sourceUrl_ = value;
+  stamp_.reset();
   if (!HasLocalType()) return;
   const std::optional<FileFacts> facts = NVServices::FactsOfFile(component_, value);
   if (facts) TakeFacts(*facts);
@@ -82,7 +85,10 @@ void Entry::SetSourceURL(const String& value) {
 
 void Entry::SetSource(const String& address, const std::optional<FileFacts>& facts) {
   sourceUrl_ = address;
-  if (HasLocalType() && facts) TakeFacts(*facts);
+  stamp_.reset();
+  if (!facts) return;
+  stamp_ = FileStamp{facts->size, facts->modified};
+  if (HasLocalType()) TakeFacts(*facts);
 }
 
 void Entry::TakeFacts(const FileFacts& facts) {
@@ -113,30 +119,25 @@ String Entry::DestinationPath() {
 
 bool Entry::GetID3TagInfo() {
   if (sourceUrl_.empty()) return false;
-  Mp3TagReader reader(component_);
+  AudioTag tag;
   try {
-    // Its result does not matter: what was read before an error counts too.
-    Guarded([&] { reader.ReadFile(sourceUrl_, Mp3TagReader::Extent::FramesHideTrailer); });
+    // What the look-up told serves once: later the file may be another one.
+    const std::optional<FileStamp> stamp = std::exchange(stamp_, std::nullopt);
+    tag = Guarded([&] { return ReadAudioTag(component_, sourceUrl_, stamp); });
   } catch (const RunTimeError&) {
-    // A failing step is skipped: the reader then simply has no tag.
+    // A failing step is skipped: there simply is no tag.
   }
-  if (reader.HasID3()) {
-    LongerWins(albumName_, reader.ID3Album());
-    LongerWins(artistName_, reader.ID3Artist());
-    if (IsZeroOrNoNumber(duration_)) duration_ = FormatInteger(reader.ID3Duration());
-    LongerWins(genre_, reader.ID3Genre());
-    LongerWins(songName_, reader.ID3SongName());
-    if (IsZeroOrNoNumber(trackNumber_)) trackNumber_ = FormatInteger(reader.ID3TrackNumber());
-    if (creationDate_.empty()) creationDate_ = reader.ID3Year();
-    return true;
-  }
-  if (!reader.HasTAG()) return false;
-  // This branch fills neither duration nor track nor creation date: intended. (Its year would go
+  if (tag.kind == AudioTag::Kind::None) return false;
+  LongerWins(albumName_, tag.album);
+  LongerWins(artistName_, tag.artist);
+  LongerWins(genre_, tag.genre);
+  LongerWins(songName_, tag.song);
+  // An ID3v1 tag fills neither duration nor track nor creation date: intended. (Its year would go
   // into the file's own date, but four characters of a year are no date.)
-  LongerWins(albumName_, reader.Album());
-  LongerWins(artistName_, reader.Artist());
-  LongerWins(genre_, reader.GenreString());
-  LongerWins(songName_, reader.SongName());
+  if (tag.kind == AudioTag::Kind::Id3v1) return true;
+  if (IsZeroOrNoNumber(duration_)) duration_ = FormatInteger(tag.duration);
+  if (IsZeroOrNoNumber(trackNumber_)) trackNumber_ = FormatInteger(tag.track);
+  if (creationDate_.empty()) creationDate_ = tag.year;
   return true;
 }
 

@@ -6,6 +6,7 @@
 #include "automation/MemberTable.h"
 #include "model/EntryInterface.h"
 #include "services/Component.h"
+#include "tags/AudioTag.h"
 
 namespace norvo {
 
@@ -83,6 +84,7 @@ class Entry final : public TableObject, public EntryInterface {
   double fileSize_ = 0;
   std::int32_t urlType_ = 0;
   std::optional<FileTime> fileCreationDate_;
+  std::optional<FileStamp> stamp_;  // of the file at the source address, as just looked up
   Event outOfMemory_;
 };
 

@@ -59,8 +59,9 @@ bool ItemResolver::Resolve(const std::shared_ptr<FormatEntry>& entry, StringView
 bool ItemResolver::Register(FormatEntry& entry, const String& path, StringView label) {
   const StringView source = StringView(path).substr(0, path.rfind(u'\\') + 1);
   // An item that came from a relative reference has no file name: its folder is registered.
-  return DataCop::RegisterMedia(component_, destinations_, label, DataCop::GetEntrySubFolder(entry, destinations_),
-                                source, entry.FileName());
+  return DataCop::RegisterMedia(component_, destinations_, label,
+                                DataCop::GetEntrySubFolder(entry, destinations_), source,
+                                entry.FileName());
 }
 
 }  // namespace norvo

@@ -4,6 +4,9 @@
 #include <cstdint>
 #include <memory>
 #include <span>
+#include <typeindex>
+#include <typeinfo>
+#include <unordered_map>
 
 #include "automation/AutomationObject.h"
 #include "services/Observer.h"
@@ -71,6 +74,14 @@ class Component {
 
   LogState& Log() { return log_; }
   SubNameTable& SubNames() { return subNames_; }
+  /// State of another subsystem that lives as long as the component; made when first asked for.
+  template <class State>
+  State& Own() {
+    std::shared_ptr<void>& slot = owned_[std::type_index(typeid(State))];
+    if (!slot) slot = std::make_shared<State>();
+    return *static_cast<State*>(slot.get());
+  }
+
   /// Bytes of the existing local files that were judged so far.
   double& MediaBytes() { return mediaBytes_; }
 
@@ -82,6 +93,7 @@ class Component {
   LogState log_;
   SubNameTable subNames_;
   double mediaBytes_ = 0;
+  std::unordered_map<std::type_index, std::shared_ptr<void>> owned_;
 };
 
 }  // namespace norvo

@@ -113,11 +113,10 @@ String Reversed(StringView text) {
 
 /// The entry's name of one kind: the extended one of an ASX entry goes before the plain one.
 String CleanName(AutomationObject& entry, bool isAsx, StringView plain, StringView extended) {
-  if (isAsx) {
-    const String name = ToText(entry.Get(extended));
-    if (!name.empty()) return String(NVServices::StripNull(name));
-  }
-  return String(NVServices::StripNull(ToText(entry.Get(plain))));
+  String name = isAsx ? ToText(entry.Get(extended)) : String();
+  if (name.empty()) name = ToText(entry.Get(plain));
+  const StringView clean = NVServices::StripNull(name);
+  return clean.size() == name.size() ? name : String(clean);
 }
 
 }  // namespace
@@ -207,11 +206,13 @@ String GetEntrySubFolder(AutomationObject& entry, const Destinations& destinatio
   const bool isAsx = entry.ClassName() == u"AsxEntry";
   const String artist = CleanName(entry, isAsx, u"Entry_ArtistName", u"ASX_Artist");
   const String album = CleanName(entry, isAsx, u"Entry_AlbumName", u"ASX_Album");
-  String path =
+  const String& folder =
       destinations.folders.at(static_cast<std::size_t>(DestinationSlot(artist, album) - 1));
-  for (const String& name : {artist, album}) {
-    if (!name.empty()) path += name + u"\\";
-  }
+  String path;
+  path.reserve(folder.size() + artist.size() + album.size() + 2);
+  path += folder;
+  if (!artist.empty()) path.append(artist).append(1, u'\\');
+  if (!album.empty()) path.append(album).append(1, u'\\');
   return path;
 }
 
@@ -222,8 +223,9 @@ bool RegisterMedia(Component& component, const Destinations& destinations, Strin
   MediaRecord record;
   record.source.reserve(sourceFolder.size() + fileName.size());
   record.source.append(sourceFolder).append(fileName);
-  record.destination = u"GET_SHELL_FOLDER,5,";
-  record.destination.append(label).append(u",").append(subFolder);
+  constexpr StringView kMacro = u"GET_SHELL_FOLDER,5,";
+  record.destination.reserve(kMacro.size() + label.size() + 1 + subFolder.size());
+  record.destination.append(kMacro).append(label).append(u",").append(subFolder);
   record.category = label;
   return list.Add(record);
 }

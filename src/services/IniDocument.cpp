@@ -8,6 +8,8 @@ namespace {
 
 // Up to this many lines a search costs less than an index.
 constexpr std::size_t kSearchedLines = 32;
+// A section of a generic file has about so many.
+constexpr std::size_t kUsualLines = 14;
 
 StringView TrimBlanksAndTabs(StringView text) {
   const auto isBlank = [](char16_t unit) { return unit == u' ' || unit == u'\t'; };
@@ -41,9 +43,15 @@ void AppendLine(String& text, StringView line) {
 
 }  // namespace
 
-IniDocument::Line::Line(StringView key, StringView value) : keyLength_(key.size()) {
-  text_.reserve(key.size() + 1 + value.size());
-  text_.append(key).append(1, u'=').append(value);
+IniDocument::Line IniDocument::NewKey(StringView key, StringView value) {
+  const std::size_t start = pool_.size();
+  pool_.append(key).append(1, u'=').append(value);
+  return {start, pool_.size() - start, key.size()};
+}
+
+IniDocument::Line IniDocument::NewOther(StringView text) {
+  pool_.append(text);
+  return {pool_.size() - text.size(), text.size(), 0};
 }
 
 IniDocument::IniDocument(StringView text) {
@@ -66,11 +74,11 @@ void IniDocument::AddLine(std::size_t& section, StringView line) {
   std::vector<Line>& lines = section == kNone ? preamble_ : sections_[section].lines;
   const std::size_t equals = content.find(u'=');
   if (content.starts_with(u';') || equals == StringView::npos || equals == 0) {
-    lines.emplace_back(line);
+    lines.push_back(NewOther(line));
     return;
   }
-  lines.emplace_back(TrimBlanksAndTabs(content.substr(0, equals)),
-                     TrimBlanksAndTabs(content.substr(equals + 1)));
+  lines.push_back(NewKey(TrimBlanksAndTabs(content.substr(0, equals)),
+                         TrimBlanksAndTabs(content.substr(equals + 1))));
 }
 
 std::size_t IniDocument::FindSection(StringView name) const {
@@ -82,22 +90,25 @@ std::size_t IniDocument::FindOrAddSection(StringView name) {
   name = TrimBlanksAndTabs(name);
   const std::size_t found = FindSection(name);
   if (found != kNone) return found;
-  sections_.push_back({String(name), {}, {}, 0});
-  byName_.emplace(String(name), sections_.size() - 1);
+  Section& section = sections_.emplace_back();
+  section.name = name;
+  section.lines.reserve(kUsualLines);
+  byName_.emplace(section.name, sections_.size() - 1);
   return sections_.size() - 1;
 }
 
-std::size_t IniDocument::FindKey(const Section& section, StringView key) {
+std::size_t IniDocument::FindKey(const Section& section, StringView key) const {
+  if (key.empty()) return kNone;
   if (section.lines.size() <= kSearchedLines) {
     for (std::size_t i = 0; i < section.lines.size(); ++i) {
       const Line& line = section.lines[i];
-      if (line.IsKey() && EqualsIgnoreCase(line.Key(), key)) return i;
+      if (line.keyLength == key.size() && EqualsIgnoreCase(KeyOf(line), key)) return i;
     }
     return kNone;
   }
   for (; section.indexed < section.lines.size(); ++section.indexed) {
     const Line& line = section.lines[section.indexed];
-    if (line.IsKey()) section.byKey.emplace(line.Key(), section.indexed);
+    if (line.keyLength > 0) section.byKey.emplace(KeyOf(line), section.indexed);
   }
   const auto found = section.byKey.find(key);
   return found == section.byKey.end() ? kNone : found->second;
@@ -107,13 +118,13 @@ std::optional<StringView> IniDocument::Value(std::size_t section, StringView key
   const Section& holder = sections_.at(section);
   const std::size_t position = FindKey(holder, TrimBlanksAndTabs(key));
   if (position == kNone) return std::nullopt;
-  return holder.lines[position].Value();
+  return ValueOf(holder.lines[position]);
 }
 
 std::vector<StringView> IniDocument::Keys(std::size_t section) const {
   std::vector<StringView> keys;
   for (const Line& line : sections_.at(section).lines) {
-    if (line.IsKey()) keys.push_back(line.Key());
+    if (line.keyLength > 0) keys.push_back(KeyOf(line));
   }
   return keys;
 }
@@ -122,22 +133,25 @@ void IniDocument::SetValue(std::size_t section, StringView key, StringView value
   Section& target = sections_.at(section);
   key = TrimBlanksAndTabs(key);
   const StringView content = WithoutLineEnd(value);
-  const bool oneLine = content.find_first_of(u"\r\n") == StringView::npos;
+  const bool oneLine = std::none_of(content.begin(), content.end(),
+                                    [](char16_t unit) { return unit == u'\r' || unit == u'\n'; });
   const String joined = oneLine ? String() : OnOneLine(content);
   const StringView stored = TrimBlanksAndTabs(oneLine ? content : StringView(joined));
   if (const std::size_t position = FindKey(target, key); position != kNone) {
-    Line& line = target.lines[position];
-    line = Line(String(line.Key()), stored);  // keeps the key's own spelling
+    const String spelled(KeyOf(target.lines[position]));  // the key keeps its own spelling
+    target.lines[position] = NewKey(spelled, stored);
     return;
   }
-  target.lines.emplace_back(key, stored);
-  if (content.size() != value.size()) target.lines.emplace_back(StringView());
+  target.lines.push_back(NewKey(key, stored));
+  if (content.size() != value.size()) target.lines.push_back(NewOther({}));
 }
 
 String IniDocument::ToText() const {
+  constexpr std::size_t kAround = 8;  // brackets and line ends of a section's name, amply
   String text;
-  const auto appendLines = [&text](const std::vector<Line>& lines) {
-    for (const Line& line : lines) AppendLine(text, line.Text());
+  text.reserve(pool_.size() + pool_.size() / 4 + sections_.size() * kAround);
+  const auto appendLines = [&](const std::vector<Line>& lines) {
+    for (const Line& line : lines) AppendLine(text, TextOf(line));
   };
   appendLines(preamble_);
   for (const Section& section : sections_) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <deque>
 #include <optional>
 #include <unordered_map>
 #include <vector>
@@ -18,6 +19,10 @@ class IniDocument {
   static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
   IniDocument() = default;
+  IniDocument(const IniDocument&) = delete;
+  IniDocument& operator=(const IniDocument&) = delete;
+  IniDocument(IniDocument&&) = default;
+  IniDocument& operator=(IniDocument&&) = default;
   /// CR LF, LF and a lone CR end a line; ";" starts a comment line; blanks around names and values
   /// are not part of them; quotes stay.
   explicit IniDocument(StringView text);
@@ -38,20 +43,12 @@ class IniDocument {
   String ToText() const;
 
  private:
-  /// One line as it is written: a key, an equals sign and the value, or any other line.
-  class Line {
-   public:
-    explicit Line(StringView other) : text_(other) {}
-    Line(StringView key, StringView value);
-
-    bool IsKey() const { return keyLength_ > 0; }
-    StringView Key() const { return StringView(text_).substr(0, keyLength_); }
-    StringView Value() const { return StringView(text_).substr(keyLength_ + 1); }
-    StringView Text() const { return text_; }
-
-   private:
-    String text_;
-    std::size_t keyLength_ = 0;
+  /// One line as it is written: a key, an equals sign and the value, or any other line. Its text
+  /// stands in the document's pool, so that a line costs no allocation of its own.
+  struct Line {
+    std::size_t start = 0;
+    std::size_t length = 0;
+    std::size_t keyLength = 0;  // 0 for a line that is no key
   };
   struct Section {
     String name;
@@ -61,13 +58,21 @@ class IniDocument {
     mutable std::size_t indexed = 0;  // lines that byKey covers
   };
 
+  Line NewKey(StringView key, StringView value);
+  Line NewOther(StringView text);
+  StringView TextOf(const Line& line) const {
+    return StringView(pool_).substr(line.start, line.length);
+  }
+  StringView KeyOf(const Line& line) const { return TextOf(line).substr(0, line.keyLength); }
+  StringView ValueOf(const Line& line) const { return TextOf(line).substr(line.keyLength + 1); }
   void AddLine(std::size_t& section, StringView line);
   /// Position of the key's line in the section, kNone when there is none.
-  static std::size_t FindKey(const Section& section, StringView key);
+  std::size_t FindKey(const Section& section, StringView key) const;
 
-  std::vector<Line> preamble_;  // lines before the first section
-  std::vector<Section> sections_;
-  std::unordered_map<String, std::size_t, CaselessHash, CaselessEqual> byName_;
+  String pool_;                   // the lines' texts, also of those that were replaced
+  std::vector<Line> preamble_;    // lines before the first section
+  std::deque<Section> sections_;  // its elements stay in place, for the names that byName_ views
+  std::unordered_map<StringView, std::size_t, CaselessHash, CaselessEqual> byName_;
 };
 
 }  // namespace norvo

@@ -13,24 +13,10 @@ constexpr std::string_view kMark = "\xEF\xBB\xBF";
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr char kSeparator = '\t';  // no Windows path holds one
 
-void Mix(StringView text, std::uint64_t& first, std::uint64_t& second) {
-  for (const char16_t unit : text) {
-    const std::uint64_t upper = ToUpper(unit);
-    first = (first ^ upper) * 0x9E3779B97F4A7C15u;
-    second = (second + upper + 1) * 0xD6E8FEB86659FD93u;
-    second ^= second >> 32;
-  }
-}
-
 }  // namespace
 
-MediaList::Fingerprint MediaList::PrintOf(StringView source, StringView destination) {
-  Fingerprint print{0x243F6A8885A308D3u, 0x13198A2E03707344u};
-  Mix(source, print.first, print.second);
-  Mix(u"\t", print.first, print.second);
-  Mix(destination, print.first, print.second);
-  print.first ^= print.first >> 29;
-  return print;
+Fingerprint MediaList::PrintOf(StringView source, StringView destination) {
+  return Fingerprint().Add(source).Add(u"\t").Add(destination);
 }
 
 bool MediaList::EnsureGroup(StringView group, StringView root) {
@@ -52,7 +38,7 @@ bool MediaList::EnsureGroup(StringView group, StringView root) {
 }
 
 void MediaList::Load(const std::optional<std::string>& bytes) {
-  known_.clear();
+  known_.Clear();
   exists_ = bytes.has_value();
   whole_ = 0;
   torn_ = false;
@@ -66,8 +52,9 @@ void MediaList::Load(const std::optional<std::string>& bytes) {
     const std::size_t first = line.find(kSeparator);
     const std::size_t second = line.find(kSeparator, first + 1);
     if (first == std::string_view::npos || second == std::string_view::npos) continue;
-    known_.insert(PrintOf(FromUtf8Lossy(line.substr(first + 1, second - first - 1)),
-                          FromUtf8Lossy(line.substr(second + 1))));
+    known_.Insert(PrintOf(FromUtf8Lossy(line.substr(first + 1, second - first - 1)),
+                          FromUtf8Lossy(line.substr(second + 1))),
+                  0);
   }
   torn_ = !rest.empty();
   whole_ = bytes->size() - rest.size();
@@ -75,7 +62,7 @@ void MediaList::Load(const std::optional<std::string>& bytes) {
 
 bool MediaList::Add(const MediaRecord& record) {
   if (path_.empty()) return false;
-  if (!known_.insert(PrintOf(record.source, record.destination)).second) return true;
+  if (!known_.Insert(PrintOf(record.source, record.destination), 0)) return true;
   AppendUtf8(pending_, record.category);
   pending_ += kSeparator;
   AppendUtf8(pending_, record.source);

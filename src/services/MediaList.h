@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <unordered_set>
 
 #include "services/Platform.h"
+#include "text/FingerprintIndex.h"
 
 namespace norvo {
 
@@ -22,19 +22,6 @@ class MediaList final : public MigrationList {
   bool Flush() override;
 
  private:
-  /// Stands for one source and destination, case ignored. Two records are taken for one only when
-  /// all 128 bits agree, which no real collection of files will see.
-  struct Fingerprint {
-    std::uint64_t first = 0;
-    std::uint64_t second = 0;
-    bool operator==(const Fingerprint&) const = default;
-  };
-  struct FingerprintHash {
-    std::size_t operator()(const Fingerprint& print) const noexcept {
-      return static_cast<std::size_t>(print.first);
-    }
-  };
-
   static Fingerprint PrintOf(StringView source, StringView destination);
   void Load(const std::optional<std::string>& bytes);
   void Write();
@@ -43,7 +30,8 @@ class MediaList final : public MigrationList {
   SettingsStorage& storage_;
   String root_;
   String path_;
-  std::unordered_set<Fingerprint, FingerprintHash> known_;
+  /// The records, each by its source and destination.
+  FingerprintIndex known_;
   std::string pending_;    // lines not yet in the file
   std::size_t whole_ = 0;  // bytes of the file up to the end of its last whole line
   bool torn_ = false;      // the file may end in a torn line

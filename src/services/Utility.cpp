@@ -1,5 +1,6 @@
 #include "services/Utility.h"
 
+#include <algorithm>
 #include <bitset>
 
 #include "automation/RunTimeError.h"
@@ -17,7 +18,8 @@ std::size_t FindUnit(StringView text, char16_t unit, Compare compare) {
   return FindIgnoreCase(text, StringView(&unit, 1));
 }
 
-/// Tells at once that most characters of a name stand in no list of sought ones.
+/// Tells at once of most characters that they stand in no list of sought ones, and for a list of
+/// ASCII characters tells it of all.
 class AsciiCandidates {
  public:
   explicit AsciiCandidates(StringView sought) {
@@ -31,13 +33,6 @@ class AsciiCandidates {
  private:
   std::bitset<128> sought_;
 };
-
-void ReplaceAll(String& text, StringView sought, StringView replacement) {
-  for (std::size_t at = text.find(sought); at != String::npos;
-       at = text.find(sought, at + replacement.size())) {
-    text.replace(at, sought.size(), replacement);
-  }
-}
 
 String ReadText(Component& component, Hive hive, StringView key, StringView name) {
   String value;
@@ -97,10 +92,11 @@ String ReplaceChars(StringView text, StringView from, StringView to, Compare com
 }
 
 String CleanString(String& text) {
-  text = ReplaceChars(text, kDeletedCharacters, {}, Compare::Text);
-  ReplaceAll(text, u"_", u" ");
-  // Intended, though it never finds anything: every "%" has just been deleted.
-  ReplaceAll(text, u"%20", u"\x14");
+  static const AsciiCandidates deleted(kDeletedCharacters);
+  std::erase_if(text, [](char16_t unit) { return unit < 128 && !deleted.Excludes(unit); });
+  std::replace(text.begin(), text.end(), u'_', u' ');
+  // A third step would turn "%20" into the control character 14 (hexadecimal), but every "%" has
+  // just been deleted: it never finds anything, as intended.
   return text;
 }
 

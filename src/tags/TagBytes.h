@@ -28,9 +28,9 @@ class TagBytes {
 
   BinaryFile& file_;
   std::array<char, kWindow> window_;
-  std::uint64_t start_ = 0;    // of the window in the file
-  std::size_t length_ = 0;     // of what the window holds
-  std::string large_;          // a request that is larger than the window
+  std::uint64_t start_ = 0;  // of the window in the file
+  std::size_t length_ = 0;   // of what the window holds
+  std::string large_;        // a request that is larger than the window
 };
 
 }  // namespace norvo

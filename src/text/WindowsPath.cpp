@@ -45,17 +45,6 @@ StringView WithoutTrailingPointsAndBlanks(StringView component) {
   return component;
 }
 
-/// True when the path as it stands needs no change but for its drive: the usual case.
-bool IsAlreadyAbsolute(StringView path) {
-  if (!HasDrive(path) || path.size() < 3 || path[2] != u'\\') return false;
-  if (path.find(u'/') != StringView::npos) return false;
-  for (std::size_t i = 3; i < path.size(); ++i) {
-    const bool afterSeparator = path[i - 1] == u'\\';
-    if (afterSeparator && (path[i] == u'.' || path[i] == u'\\')) return false;
-  }
-  return path.back() != u'.' && path.back() != u' ';
-}
-
 }  // namespace
 
 bool HasDrive(StringView path) noexcept {
@@ -81,8 +70,19 @@ StringView ParentFolder(StringView path) noexcept {
   return path.substr(0, root ? 3 : last);
 }
 
+bool IsAbsolutePath(StringView path) noexcept {
+  if (!HasDrive(path) || path.size() < 3 || path[2] != u'\\') return false;
+  char16_t before = u'\\';
+  for (const char16_t unit : path.substr(3)) {
+    if (unit == u'/') return false;
+    if (before == u'\\' && (unit == u'.' || unit == u'\\')) return false;
+    before = unit;
+  }
+  return before != u'.' && before != u' ';
+}
+
 String AbsolutePath(StringView path, StringView currentDrive) {
-  if (IsAlreadyAbsolute(path)) return String(path);
+  if (IsAbsolutePath(path)) return String(path);
   const StringView drive = DriveName(path);
   const StringView rest = path.substr(drive.size());
   String result(drive.empty() ? currentDrive : drive);

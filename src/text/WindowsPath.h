@@ -22,6 +22,9 @@ StringView LastComponent(StringView path) noexcept;
 /// What precedes the last separator, without it; a drive's root keeps its own ("C:\").
 StringView ParentFolder(StringView path) noexcept;
 
+/// True for a path that `AbsolutePath` gives back as it is: the usual case, told without a copy.
+bool IsAbsolutePath(StringView path) noexcept;
+
 /// The path in full: `/` turned into `\`, repeated separators joined, "." and ".." resolved (never
 /// above the root), trailing points and blanks of the last component dropped, a trailing separator
 /// kept. A path without a drive or share is taken from the root of `currentDrive` ("C:").

@@ -130,8 +130,8 @@ class EntryWriter {
 
 void WriteEntries(ProfileFile& file, const Entries& entries) {
   const bool asx = HasAsxEntries(entries.CollectionType());
-  EntryWriter writer(file, asx ? std::span<const EntryKey>(kAsxKeys)
-                               : std::span<const EntryKey>(kPlainKeys));
+  EntryWriter writer(
+      file, asx ? std::span<const EntryKey>(kAsxKeys) : std::span<const EntryKey>(kPlainKeys));
   const std::int16_t count = entries.Count();
   for (std::int32_t i = 1; i <= count; ++i) writer.Write(*entries.Item(i), i);
 }

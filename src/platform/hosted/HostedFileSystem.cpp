@@ -56,7 +56,9 @@ std::optional<FileFacts> HostedFileSystem::FactsOf(StringView path) {
   if (!entry || entry->facts.kind != HostFacts::Kind::File) return std::nullopt;
   std::optional<String> name = FromHostName(HostLeaf(entry->place));
   if (!name) return std::nullopt;
-  FileFacts facts{std::move(*name), static_cast<double>(entry->facts.size), entry->facts.created};
+  const HostTime& modified = entry->facts.modified;
+  FileFacts facts{std::move(*name), static_cast<double>(entry->facts.size), entry->facts.created,
+                  modified.seconds * 1'000'000'000 + modified.nanoseconds};
   lastSize_ = entry->facts.size;
   lastSeen_ = {entry->drive, std::move(entry->isLink ? entry->target : entry->place)};
   return facts;

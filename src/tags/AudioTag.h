@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "services/Component.h"
+#include "services/FileSystem.h"
+#include "text/Text.h"
+
+namespace norvo {
+
+/// What a file's tag tells of a song, of the kind that the file has: ID3v2 hides ID3v1.
+struct AudioTag {
+  enum class Kind : std::uint8_t { None, Id3v1, Id3v2 };
+
+  Kind kind = Kind::None;
+  String album;
+  String artist;
+  String genre;
+  String song;
+  String year;                // of ID3v2
+  std::int32_t duration = 0;  // seconds; of ID3v2
+  std::int16_t track = 0;     // of ID3v2
+};
+
+/// Tells whether a file is still the one that was looked at before.
+struct FileStamp {
+  double size = 0;
+  std::int64_t modified = 0;
+  bool operator==(const FileStamp&) const = default;
+};
+
+/// Reads a file's tag; what was read before an error counts too. With a stamp that a look-up has
+/// just given, a tag that was read before from the same file is not read again: a song often
+/// stands in several playlists. Raises only when the file's name cannot be had.
+AudioTag ReadAudioTag(Component& component, StringView path, const std::optional<FileStamp>& stamp);
+
+}  // namespace norvo
