@@ -1,5 +1,6 @@
 // Measures the parts that every entry of a playlist passes through, one by one.
 #include <benchmark/benchmark.h>
+#include <stdlib.h>
 
 #include <filesystem>
 #include <fstream>
@@ -42,7 +43,7 @@ std::string TaggedFile() {
 /// A machine with one tagged song and the product's settings.
 class OneSong {
  public:
-  OneSong() : folder_(fs::temp_directory_path() / ("norvo-bench-" + std::to_string(::rand()))) {
+  OneSong() : folder_(NewFolder()) {
     fs::create_directories(folder_ / "C/Music");
     std::ofstream(folder_ / "C/Music/Song.mp3", std::ios::binary) << TaggedFile();
     std::ofstream(folder_ / "registry.reg", std::ios::binary)
@@ -59,6 +60,11 @@ class OneSong {
   static String Path() { return u"C:\\Music\\Song.mp3"; }
 
  private:
+  static fs::path NewFolder() {
+    std::string name = (fs::temp_directory_path() / "norvo-bench-XXXXXX").string();
+    return ::mkdtemp(name.data());
+  }
+
   fs::path folder_;
   std::unique_ptr<Component> component_;
 };

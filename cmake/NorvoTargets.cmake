@@ -3,7 +3,10 @@
 add_library(norvo_warnings INTERFACE)
 target_compile_options(norvo_warnings INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
-  -Wold-style-cast -Wcast-qual -Werror)
+  -Wold-style-cast -Wcast-qual)
+if(NORVO_WARNINGS_AS_ERRORS)
+  target_compile_options(norvo_warnings INTERFACE -Werror)
+endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # g++ 12 reports overlapping copies in plain concatenations of std::string (its bug 105651).
   target_compile_options(norvo_warnings INTERFACE -Wno-restrict)

@@ -5,15 +5,15 @@
 set -eu
 cd "$(dirname "$0")/.."
 
-files=$(git ls-files '*.cpp' '*.h' | grep -v '^src/text/UpperCaseTable.cpp$')
+sources() {
+    find src tests bench fuzz \( -name '*.cpp' -o -name '*.h' \) ! -name UpperCaseTable.cpp
+}
 if [ "${1:-}" = --fix ]; then
-    echo "$files" | xargs clang-format -i
+    sources | xargs clang-format -i
     exit 0
 fi
-if ! echo "$files" | xargs clang-format --dry-run -Werror 2>/tmp/norvo-format.$$; then
-    grep -o '^[^:]*' "/tmp/norvo-format.$$" | sort -u >&2
-    rm -f "/tmp/norvo-format.$$"
+if ! problems=$(sources | xargs clang-format --dry-run -Werror 2>&1); then
+    echo "$problems" | grep -o '^[^: ]*\.\(cpp\|h\)' | sort -u >&2
     echo "These files are not formatted. Run: scripts/check-format.sh --fix" >&2
     exit 1
 fi
-rm -f "/tmp/norvo-format.$$"

@@ -4,9 +4,9 @@
 #   scripts/install-dependencies.sh build|test
 set -eu
 
-packages="g++ cmake ninja-build libcli11-dev nlohmann-json3-dev python3"
+packages="g++ cmake ninja-build libcli11-dev nlohmann-json3-dev python3 git"
 if [ "${1:-}" = test ]; then
-    packages="$packages libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev
+    packages="$packages libgtest-dev libbenchmark-dev clang libclang-rt-14-dev
               clang-format strace"
 fi
 
@@ -30,4 +30,4 @@ echo "Installing:$missing"
 # An index of a foreign architecture that cannot be fetched does no harm.
 $root apt-get update -qq >/dev/null 2>&1 || true
 # shellcheck disable=SC2086
-DEBIAN_FRONTEND=noninteractive $root apt-get install -y -qq --no-install-recommends $missing >/dev/null
+$root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Runs all tests: the format check, the release build with everything, the same tests under the
+# Runs all tests: the checks of format and includes, the release build with everything, the same tests under the
 # address and undefined-behaviour sanitizers, and a short run of each fuzzer.
 #
 #   scripts/test.sh
@@ -9,6 +9,7 @@ jobs=$(nproc 2>/dev/null || echo 2)
 
 scripts/install-dependencies.sh test
 scripts/check-format.sh
+scripts/check-includes.py
 
 scripts/run-fuzzers.sh "${NORVO_FUZZ_SECONDS:-5}"
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <span>
 
 #include "automation/Variant.h"
@@ -17,7 +16,7 @@ using Arguments = std::span<Variant>;
 /// member table; a host's or script's object overrides the three virtual calls. Names are matched
 /// without regard to case. Every call raises error 438 for a name that the object does not know
 /// and error 450 for a wrong number of arguments.
-class AutomationObject : public std::enable_shared_from_this<AutomationObject> {
+class AutomationObject {
  public:
   virtual ~AutomationObject() = default;
   AutomationObject() = default;

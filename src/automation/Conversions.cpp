@@ -124,12 +124,13 @@ String BooleanText(bool value) {
 String DateText(Date date) {
   constexpr std::int64_t kSecondsPerDay = 86400;
   constexpr std::int64_t kDaysFrom1899To1970 = 25569;
-  const auto seconds = static_cast<std::int64_t>(std::llround(date.days * kSecondsPerDay));
-  std::int64_t days = seconds / kSecondsPerDay;
-  std::int64_t time = seconds % kSecondsPerDay;
-  if (time < 0) {
-    time += kSecondsPerDay;
-    --days;
+  // The fraction is the time of day also before 1899, where it does not count backwards.
+  const double wholeDays = std::trunc(date.days);
+  auto days = static_cast<std::int64_t>(wholeDays);
+  std::int64_t time = std::llround(std::fabs(date.days - wholeDays) * kSecondsPerDay);
+  if (time == kSecondsPerDay) {
+    time = 0;
+    ++days;
   }
   const CivilDate civil = CivilFromDays(days - kDaysFrom1899To1970);
   const int hour = static_cast<int>(time / 3600);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "automation/RunTimeError.h"
+#include "services/FolderScanner.h"
 #include "services/Logging.h"
 #include "services/Utility.h"
 #include "text/Number.h"
@@ -39,20 +40,12 @@ std::vector<StringView> SplitPatterns(StringView list) {
   return patterns;
 }
 
-std::vector<FolderItem> SortedItems(Component& component, StringView folder) {
-  std::vector<FolderItem> items = component.Files().ListFolder(folder, {});
-  std::sort(items.begin(), items.end(), [](const FolderItem& left, const FolderItem& right) {
-    return LessIgnoreCase(left.name, right.name);
-  });
-  return items;
-}
-
 /// Lists one folder into `found` and gives the sub-folders to enter, in order.
 std::vector<String> ListOneFolder(Component& component, const String& folder,
                                   std::vector<String>& found) {
   constexpr StringView kPatterns[] = {u"*.pls", u"*.m3u", u"*.asx"};
   std::vector<String> subFolders;
-  for (const FolderItem& item : SortedItems(component, folder)) {
+  for (const FolderItem& item : ListSorted(component.Files(), folder, {})) {
     if (IsSkippedByGetFolders(item.name)) continue;
     if (item.isFolder) {
       subFolders.push_back(folder + item.name);
@@ -85,7 +78,8 @@ std::vector<String> SearchNow(Component& component, StringView root, StringView 
     const String folder = std::move(waiting.back());
     waiting.pop_back();
     try {
-      const std::vector<FolderItem> items = Guarded([&] { return SortedItems(component, folder); });
+      const std::vector<FolderItem> items =
+          Guarded([&] { return ListSorted(component.Files(), folder, {}); });
       for (const FolderItem& item : items) {
         if (!item.isFolder && MatchesAny(item.name, patterns)) found.push_back(folder + item.name);
       }

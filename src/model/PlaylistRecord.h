@@ -7,8 +7,9 @@
 
 namespace norvo {
 
-/// Who gave a playlist its name. A name from the playlist's own text is not trusted as a path.
-enum class NameOrigin { Host, PlaylistText };
+/// Who gave a playlist its name: the host, or the playlist itself, by its text or its file's name.
+/// A name of the latter kind is not trusted as a path.
+enum class NameOrigin { Host, Playlist };
 
 /// One playlist as it flows through the library: readers fill it, writers consume it.
 struct PlaylistRecord {

@@ -17,7 +17,7 @@ bool PlayList::ReadPlayList(const String& path) {
   record_.creationTime = DateText(files.LocalDate(facts->created));
   record_.originalFileName = facts->name;
   const String fullPath = files.AbsolutePathName(path);
-  record_.SetName(record_.originalFileName, NameOrigin::Host);
+  record_.SetName(record_.originalFileName, NameOrigin::Playlist);
   const PlaylistType* const type = FindPlaylistType(record_.type);
   if (type == nullptr) return true;  // an unknown type is no error of the read: intended
   const bool read = ReadAs(type->readAs, ParentFolder(fullPath));

@@ -27,15 +27,11 @@ constexpr PatternRow kOutsideEntry[] = {
     {u"<Author", AsxLine::Author},          {u"</Asx>", AsxLine::AsxEnd},
 };
 
-bool Holds(StringView line, StringView mark) {
-  return FindIgnoreCase(line, mark) != StringView::npos;
-}
-
 AsxLine KindOf(StringView line, std::span<const PatternRow> rows) {
   // Every pattern begins with this; most lines of other files lack it.
   if (line.find(u'<') == StringView::npos) return AsxLine::Other;
   const auto row = std::find_if(rows.begin(), rows.end(), [line](const PatternRow& candidate) {
-    return Holds(line, candidate.mark);
+    return ContainsIgnoreCase(line, candidate.mark);
   });
   return row == rows.end() ? AsxLine::Other : row->kind;
 }
@@ -65,7 +61,7 @@ AsxLine KindOutsideEntry(StringView line) {
   return KindOf(line, kOutsideEntry);
 }
 bool HoldsBannerEnd(StringView line) {
-  return Holds(line, u"</Banner>");
+  return ContainsIgnoreCase(line, u"</Banner>");
 }
 bool IsBannerEnd(StringView line) {
   return EqualsIgnoreCase(line, u"</Banner>");

@@ -78,7 +78,7 @@ constexpr PlaylistRow kPlaylistRows[] = {
     {u"CreationTime", SetField<&PlaylistRecord::creationTime>},
     {u"AllowShuffle", SetField<&PlaylistRecord::asxAllowShuffle>},
     {u"Name", [](PlaylistRecord& playlist,
-                 const String& value) { playlist.SetName(value, NameOrigin::PlaylistText); }},
+                 const String& value) { playlist.SetName(value, NameOrigin::Playlist); }},
     {u"Artist", SetField<&PlaylistRecord::asxArtist>},
     {u"Album", SetField<&PlaylistRecord::asxAlbum>},
 };

@@ -17,10 +17,6 @@ constexpr ResolverMessages kMmjbMessages = {
     u"NVERR_FILE_NOT_FOUND, PLAYLIST::ReadMMJB, File Not Found: ",
     u"NVERR_INVALID_ARG, PLAYLIST::ReadMMJB, Invalid Argument or Bad Data: "};
 
-bool Holds(StringView line, StringView word) {
-  return FindIgnoreCase(line, word) != StringView::npos;
-}
-
 std::shared_ptr<M3UEntry> NewEntry(Component& component, const PlaylistRecord& playlist) {
   auto entry = std::make_shared<M3UEntry>(component);
   entry->SetEntryType(playlist.type);
@@ -43,10 +39,15 @@ bool ResolveM3u(Component& component, PlaylistRecord& playlist, TextStream& stre
   return complete;
 }
 
+// Far more than the 32767 that a playlist can count; a file of short lines shall not fill the
+// memory with entries.
+constexpr std::int32_t kMostEntries = 100'000;
+
 bool ResolveMmjb(Component& component, PlaylistRecord& playlist, TextStream& stream,
                  String folder) {
   ItemResolver resolver(component, playlist, std::move(folder), kMmjbMessages);
   while (!stream.AtEnd()) {
+    if (playlist.entries->TotalSongs() >= kMostEntries) throw RunTimeError(error::kOverflow);
     const String line = stream.ReadLine();
     resolver.Resolve(NewEntry(component, playlist), NVServices::StripNull(line), {}, kMusicLabel);
   }
@@ -81,8 +82,8 @@ std::vector<M3uItem> SplitM3u(const std::vector<StringView>& lines, bool& comple
   for (std::size_t i = 0; i < reachable; ++i) {
     if (lines[i].empty()) continue;
     const StringView line = NVServices::StripNull(lines[i]);
-    if (Holds(line, u"EXTM3U")) continue;
-    if (!Holds(line, u"EXTINF")) {
+    if (ContainsIgnoreCase(line, u"EXTM3U")) continue;
+    if (!ContainsIgnoreCase(line, u"EXTINF")) {
       items.push_back({line, {}, false});
     } else if (i + 1 < reachable) {
       items.push_back({NVServices::StripNull(lines[++i]), line, true});

@@ -6,11 +6,14 @@ namespace norvo {
 
 std::vector<StringView> SplitLines(StringView text) {
   std::vector<StringView> lines;
-  for (std::size_t end = text.find(u"\r\n"); end != StringView::npos; end = text.find(u"\r\n")) {
+  // Two pieces past the limit tell that it is exceeded, whether or not the last one is empty.
+  constexpr std::size_t kMostPieces = kMostLines + 2;
+  while (lines.size() < kMostPieces) {
+    const std::size_t end = text.find(u"\r\n");
     lines.push_back(text.substr(0, end));
+    if (end == StringView::npos) break;
     text.remove_prefix(end + 2);
   }
-  lines.push_back(text);
   return lines;
 }
 

@@ -7,8 +7,8 @@
 
 namespace norvo {
 
-/// The lines of a playlist's text, split at every CR LF pair and nothing else. The text must
-/// outlive them.
+/// The lines of a playlist's text, split at every CR LF pair and nothing else; of a text with more
+/// lines than can be read, only so many that this shows. The text must outlive them.
 std::vector<StringView> SplitLines(StringView text);
 
 /// Lines are counted with a 16-bit index: what stands behind this many is not read, and the read

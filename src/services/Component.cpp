@@ -4,13 +4,17 @@
 #include <utility>
 
 #include "automation/RunTimeError.h"
+#include "services/Logging.h"
 
 namespace norvo {
 
 Component::Component(std::shared_ptr<Platform> platform, std::span<const CreatableClass> classes)
-    : platform_(std::move(platform)), classes_(classes) {}
+    : platform_(std::move(platform)), classes_(classes) {
+  platform_->SetWarningSink([this](StringView line) { WriteLog(*this, line); });
+}
 
 Component::~Component() {
+  platform_->SetWarningSink({});
   try {
     platform_->Migration().Flush();
   } catch (const std::exception&) {

@@ -67,7 +67,6 @@ class Component {
   /// Follows the work until it is replaced; null for nobody. Not owned.
   void SetObserver(Observer* observer);
   Observer& Watcher() { return *observer_; }
-  bool IsWatched() const { return observer_ != &nobody_; }
 
   /// Sets the log mode for this component, whatever the machine's debug switch says.
   void SetLogMode(std::int32_t mode);

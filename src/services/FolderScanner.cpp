@@ -14,22 +14,13 @@ String Join(StringView folder, StringView name) {
   return path.append(name);
 }
 
-std::vector<FolderItem> SortedItems(FileSystem& files, StringView folder,
-                                    std::span<const StringView> endings) {
-  std::vector<FolderItem> items = files.ListFolder(folder, endings);
-  std::sort(items.begin(), items.end(), [](const FolderItem& left, const FolderItem& right) {
-    return LessIgnoreCase(left.name, right.name);
-  });
-  return items;
-}
-
 /// Lists one folder, reports its files, and gives its sub-folders in order.
 std::vector<String> VisitFolder(FileSystem& files, const String& folder,
                                 std::span<const StringView> endings, ScanVisitor& visitor) {
   std::vector<String> subFolders;
   std::vector<FolderItem> items;
   try {
-    items = SortedItems(files, folder, endings);
+    items = ListSorted(files, folder, endings);
   } catch (const RunTimeError& failure) {
     visitor.CannotList(folder, failure.Description());
     return subFolders;
@@ -45,6 +36,15 @@ std::vector<String> VisitFolder(FileSystem& files, const String& folder,
 }
 
 }  // namespace
+
+std::vector<FolderItem> ListSorted(FileSystem& files, StringView folder,
+                                   std::span<const StringView> endings) {
+  std::vector<FolderItem> items = files.ListFolder(folder, endings);
+  std::sort(items.begin(), items.end(), [](const FolderItem& left, const FolderItem& right) {
+    return LessIgnoreCase(left.name, right.name);
+  });
+  return items;
+}
 
 void FolderScanner::Scan(std::span<const StringView> endings, ScanVisitor& visitor) {
   for (const Drive& drive : files_.Drives()) {

@@ -11,7 +11,31 @@ namespace {
 
 constexpr std::string_view kMark = "\xEF\xBB\xBF";
 constexpr std::string_view kLineEnd = "\r\n";
-constexpr char kSeparator = '\t';  // no Windows path holds one
+constexpr char kSeparator = '\t';
+
+bool IsHighHalf(char16_t unit) {
+  return unit >= 0xD800 && unit <= 0xDBFF;
+}
+bool IsLowHalf(char16_t unit) {
+  return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
+/// The text as a field of a line can hold it. A destination carries names out of tags, which may
+/// hold anything: a control character, a line end among them, becomes a blank, and half a
+/// character the replacement character, which is what it would be when the file is read again.
+String AsField(StringView text) {
+  String field(text);
+  for (std::size_t i = 0; i < field.size(); ++i) {
+    if (field[i] < u' ') {
+      field[i] = u' ';
+    } else if (IsHighHalf(field[i]) && i + 1 < field.size() && IsLowHalf(field[i + 1])) {
+      ++i;
+    } else if (IsHighHalf(field[i]) || IsLowHalf(field[i])) {
+      field[i] = 0xFFFD;
+    }
+  }
+  return field;
+}
 
 }  // namespace
 
@@ -62,12 +86,14 @@ void MediaList::Load(const std::optional<std::string>& bytes) {
 
 bool MediaList::Add(const MediaRecord& record) {
   if (path_.empty()) return false;
-  if (!known_.Insert(PrintOf(record.source, record.destination), 0)) return true;
-  AppendUtf8(pending_, record.category);
+  const String source = AsField(record.source);
+  const String destination = AsField(record.destination);
+  if (!known_.Insert(PrintOf(source, destination), 0)) return true;
+  AppendUtf8(pending_, AsField(record.category));
   pending_ += kSeparator;
-  AppendUtf8(pending_, record.source);
+  AppendUtf8(pending_, source);
   pending_ += kSeparator;
-  AppendUtf8(pending_, record.destination);
+  AppendUtf8(pending_, destination);
   pending_ += kLineEnd;
   return true;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -112,6 +113,9 @@ class Platform {
   virtual DriveScanner* Scanner() = 0;
   virtual MessageBox& Messages() = 0;
   virtual const CodePage& AnsiPage() = 0;
+  /// Where the platform tells what it had to leave out, such as names that no path can reach, one
+  /// line each. The component takes them into the log; a host may set another place afterwards.
+  virtual void SetWarningSink(std::function<void(StringView)>) {}
 };
 
 }  // namespace norvo

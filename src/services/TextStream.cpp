@@ -11,7 +11,7 @@ namespace {
 constexpr std::size_t kFirstPiece = 4096;
 constexpr std::size_t kLargestPiece = 256 * 1024;
 // No playlist comes near this; a file that only has a playlist's name shall not fill the memory.
-constexpr std::uint64_t kLargestText = 256u * 1024 * 1024;
+constexpr std::uint64_t kLargestText = 64u * 1024 * 1024;
 
 }  // namespace
 
@@ -20,7 +20,6 @@ TextStream::TextStream(FileSystem& files, StringView path, const CodePage& codeP
 
 bool TextStream::ReadMore() {
   if (exhausted_ || !file_) return false;
-  if (offset_ >= kLargestText) throw RunTimeError(error::kOutOfMemory);
   buffer_.erase(0, position_);
   position_ = 0;
   const std::size_t had = buffer_.size();
@@ -30,6 +29,7 @@ bool TextStream::ReadMore() {
   const std::size_t got = file_->ReadAt(offset_, std::span(buffer_).subspan(had));
   buffer_.resize(had + got);
   offset_ += got;
+  if (offset_ > kLargestText) throw RunTimeError(error::kOutOfMemory);
   exhausted_ = got < piece;
   return got > 0;
 }
@@ -129,6 +129,7 @@ std::string ReadWholeFile(BinaryFile& file) {
     bytes.resize(had + piece);
     const std::size_t got = file.ReadAt(had, std::span(bytes).subspan(had));
     bytes.resize(had + got);
+    if (bytes.size() > kLargestText) throw RunTimeError(error::kOutOfMemory);
     if (got < piece) return bytes;
     piece = std::min(piece * 4, kLargestPiece);
   }

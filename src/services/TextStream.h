@@ -53,7 +53,8 @@ class TextWriter {
   const CodePage& codePage_;
 };
 
-/// All bytes of a file, read in pieces of growing size.
+/// All bytes of a file, read in pieces of growing size. Error 7 for a file of more than 64 MiB: no
+/// playlist and no settings file comes near that. `TextStream` has the same limit.
 std::string ReadWholeFile(BinaryFile& file);
 
 }  // namespace norvo

@@ -2,17 +2,31 @@
 
 namespace norvo {
 
-Fingerprint& Fingerprint::Add(StringView text) noexcept {
-  std::uint64_t one = first;
-  std::uint64_t other = second;
+namespace {
+
+template <class Map>
+void Mix(Fingerprint& print, StringView text, Map map) noexcept {
+  std::uint64_t first = print.first;
+  std::uint64_t second = print.second;
   for (const char16_t unit : text) {
-    const std::uint64_t upper = ToUpper(unit);
-    one = (one ^ upper) * 0x9E3779B97F4A7C15u;
-    other = (other + upper + 1) * 0xD6E8FEB86659FD93u;
-    other ^= other >> 32;
+    const std::uint64_t value = map(unit);
+    first = (first ^ value) * 0x9E3779B97F4A7C15u;
+    second = (second + value + 1) * 0xD6E8FEB86659FD93u;
+    second ^= second >> 32;
   }
-  first = one;
-  second = other;
+  print.first = first;
+  print.second = second;
+}
+
+}  // namespace
+
+Fingerprint& Fingerprint::Add(StringView text) noexcept {
+  Mix(*this, text, ToUpper);
+  return *this;
+}
+
+Fingerprint& Fingerprint::AddExact(StringView text) noexcept {
+  Mix(*this, text, [](char16_t unit) { return unit; });
   return *this;
 }
 

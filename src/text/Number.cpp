@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <limits>
 #include <string>
 #include <string_view>
@@ -78,9 +77,12 @@ String FormatNumber(double number) {
     return FormatInteger(static_cast<std::int64_t>(number));
   }
   char buffer[400];
-  const char* const format = std::trunc(number) == number ? "%.0f" : "%.15G";
-  const int length = std::snprintf(buffer, sizeof buffer, format, number);
-  return Widen(buffer, buffer + length);
+  const bool whole = std::trunc(number) == number;
+  const auto result =
+      whole ? std::to_chars(buffer, buffer + sizeof buffer, number, std::chars_format::fixed, 0)
+            : std::to_chars(buffer, buffer + sizeof buffer, number, std::chars_format::general, 15);
+  std::replace(buffer, result.ptr, 'e', 'E');
+  return Widen(buffer, result.ptr);
 }
 
 double RoundHalfToEven(double number) {

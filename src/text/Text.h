@@ -37,6 +37,10 @@ bool EndsWithIgnoreCase(StringView text, StringView ending) noexcept;
 /// empty text is found at `from`.
 std::size_t FindIgnoreCase(StringView text, StringView sought, std::size_t from = 0) noexcept;
 
+inline bool ContainsIgnoreCase(StringView text, StringView sought) noexcept {
+  return FindIgnoreCase(text, sought) != StringView::npos;
+}
+
 /// The text without its leading and trailing blanks (character 32 only).
 StringView Trim(StringView text) noexcept;
 

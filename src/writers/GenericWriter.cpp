@@ -1,6 +1,5 @@
 #include "writers/GenericWriter.h"
 
-#include <span>
 #include <vector>
 
 #include "automation/RunTimeError.h"
@@ -18,55 +17,41 @@ constexpr StringView kLineEnd = u"\r\n";
 struct EntryKey {
   StringView key;
   StringView property;
+  bool isPlain = false;  // belongs to the plain key set too
 };
 
-constexpr EntryKey kAsxKeys[] = {
-    {u"Abstract", u"Abstract"},
-    {u"ASX_Album", u"ASX_Album"},
-    {u"ASX_Artist", u"ASX_Artist"},
-    {u"ASX_Author", u"ASX_Author"},
-    {u"ASX_SongName", u"ASX_SongName"},
-    {u"ASX_Title", u"ASX_Title"},
-    {u"ASX_BitRate", u"BitRate"},
-    {u"ASX_Copyright", u"Copyright"},
-    {u"ASX_DigitallySecure", u"DigitallySecure"},
-    {u"ASX_HREF", u"HREF"},
-    {u"ASX_MediaAttribute", u"MediaAttribute"},
-    {u"ASX_MediaType", u"MediaType"},
-    {u"ASX_PlayCount", u"PlayCount"},
-    {u"ASX_PlaylistAttribute", u"PlaylistAttribute"},
-    {u"Artist", u"Entry_ArtistName"},
-    {u"Album", u"Entry_AlbumName"},
-    {u"CreationDate", u"Entry_CreationDate"},
-    {u"Duration", u"Entry_Duration"},
-    {u"EntryType", u"Entry_EntryType"},
-    {u"FileName", u"Entry_FileName"},
-    {u"FileSize", u"Entry_FileSize"},
-    {u"PlayListName", u"Entry_PlayListName"},
-    {u"Genre", u"Entry_Genre"},
-    {u"HasExtendedInfo", u"HasExtendedInfo"},
-    {u"SongName", u"Entry_SongName"},
-    {u"SongTitle", u"Entry_SongTitle"},
-    {u"SourceURL", u"Entry_SourceURL"},
-    {u"TrackNumber", u"Entry_TrackNumber"},
-    {u"URLType", u"Entry_URLType"},
-};
-
-// Neither "EntryType" nor "PlayListName" belongs to this set.
-constexpr EntryKey kPlainKeys[] = {
-    {u"Artist", u"Entry_ArtistName"},
-    {u"Album", u"Entry_AlbumName"},
-    {u"CreationDate", u"Entry_CreationDate"},
-    {u"Duration", u"Entry_Duration"},
-    {u"FileName", u"Entry_FileName"},
-    {u"FileSize", u"Entry_FileSize"},
-    {u"Genre", u"Entry_Genre"},
-    {u"HasExtendedInfo", u"HasExtendedInfo"},
-    {u"SongName", u"Entry_SongName"},
-    {u"SongTitle", u"Entry_SongTitle"},
-    {u"SourceURL", u"Entry_SourceURL"},
-    {u"TrackNumber", u"Entry_TrackNumber"},
-    {u"URLType", u"Entry_URLType"},
+// The key set of ASX entries. The plain set is a part of it, in the same order; neither
+// "EntryType" nor "PlayListName" belongs to that.
+constexpr EntryKey kEntryKeys[] = {
+    {u"Abstract", u"Abstract", false},
+    {u"ASX_Album", u"ASX_Album", false},
+    {u"ASX_Artist", u"ASX_Artist", false},
+    {u"ASX_Author", u"ASX_Author", false},
+    {u"ASX_SongName", u"ASX_SongName", false},
+    {u"ASX_Title", u"ASX_Title", false},
+    {u"ASX_BitRate", u"BitRate", false},
+    {u"ASX_Copyright", u"Copyright", false},
+    {u"ASX_DigitallySecure", u"DigitallySecure", false},
+    {u"ASX_HREF", u"HREF", false},
+    {u"ASX_MediaAttribute", u"MediaAttribute", false},
+    {u"ASX_MediaType", u"MediaType", false},
+    {u"ASX_PlayCount", u"PlayCount", false},
+    {u"ASX_PlaylistAttribute", u"PlaylistAttribute", false},
+    {u"Artist", u"Entry_ArtistName", true},
+    {u"Album", u"Entry_AlbumName", true},
+    {u"CreationDate", u"Entry_CreationDate", true},
+    {u"Duration", u"Entry_Duration", true},
+    {u"EntryType", u"Entry_EntryType", false},
+    {u"FileName", u"Entry_FileName", true},
+    {u"FileSize", u"Entry_FileSize", true},
+    {u"PlayListName", u"Entry_PlayListName", false},
+    {u"Genre", u"Entry_Genre", true},
+    {u"HasExtendedInfo", u"HasExtendedInfo", true},
+    {u"SongName", u"Entry_SongName", true},
+    {u"SongTitle", u"Entry_SongTitle", true},
+    {u"SourceURL", u"Entry_SourceURL", true},
+    {u"TrackNumber", u"Entry_TrackNumber", true},
+    {u"URLType", u"Entry_URLType", true},
 };
 
 void SetDefaultName(PlaylistRecord& playlist, StringView fileName) {
@@ -77,10 +62,10 @@ void SetDefaultName(PlaylistRecord& playlist, StringView fileName) {
   playlist.nameOrigin = NameOrigin::Host;
 }
 
-/// A name out of the playlist's own text shall name a file of the data area and nothing else.
+/// A name out of the playlist itself shall name a file of the data area and nothing else.
 void RefuseForeignPath(const PlaylistRecord& playlist) {
   const bool isPath = playlist.name.find_first_of(u"\\/:") != String::npos;
-  if (isPath && playlist.nameOrigin == NameOrigin::PlaylistText) {
+  if (isPath && playlist.nameOrigin == NameOrigin::Playlist) {
     throw RunTimeError(error::kPathFileAccess);
   }
 }
@@ -108,30 +93,34 @@ void WriteGlobals(ProfileFile& file, const PlaylistRecord& playlist) {
 /// Writes the sections of the entries with one key set.
 class EntryWriter {
  public:
-  EntryWriter(ProfileFile& file, std::span<const EntryKey> keys) : file_(file), keys_(keys) {
-    for (const EntryKey& row : keys) readers_.emplace_back(row.property);
+  EntryWriter(ProfileFile& file, bool asx) : file_(file) {
+    for (const EntryKey& row : kEntryKeys) {
+      if (asx || row.isPlain) keys_.push_back({row.key, PropertyReader(row.property)});
+    }
   }
 
   void Write(AutomationObject& entry, std::int32_t position) {
     file_.SelectSection(u"Entry " + FormatInteger(position) + u" Properties");
-    for (std::size_t i = 0; i < keys_.size(); ++i) {
-      String value = ToText(readers_[i](entry));
+    for (Key& key : keys_) {
+      String value = ToText(key.read(entry));
       // The last key of a section is always written and leaves an empty line behind it.
-      if (EqualsIgnoreCase(keys_[i].key, u"URLType")) value += kLineEnd;
-      if (!value.empty()) file_.WriteValue(keys_[i].key, value);
+      if (EqualsIgnoreCase(key.name, u"URLType")) value += kLineEnd;
+      if (!value.empty()) file_.WriteValue(key.name, value);
     }
   }
 
  private:
+  struct Key {
+    StringView name;
+    PropertyReader read;
+  };
+
   ProfileFile& file_;
-  std::span<const EntryKey> keys_;
-  std::vector<PropertyReader> readers_;  // one for each key
+  std::vector<Key> keys_;
 };
 
 void WriteEntries(ProfileFile& file, const Entries& entries) {
-  const bool asx = HasAsxEntries(entries.CollectionType());
-  EntryWriter writer(
-      file, asx ? std::span<const EntryKey>(kAsxKeys) : std::span<const EntryKey>(kPlainKeys));
+  EntryWriter writer(file, HasAsxEntries(entries.CollectionType()));
   const std::int16_t count = entries.Count();
   for (std::int32_t i = 1; i <= count; ++i) writer.Write(*entries.Item(i), i);
 }

@@ -181,5 +181,13 @@ TEST(Conversions, LikeRaisesForAPatternThatIsNotValid) {
             error::kInvalidPattern);
 }
 
+TEST(Conversions, DatesBefore1899HaveTheirTimeOfDayAsTheFraction) {
+  EXPECT_TEXT(DateText({-1.25}), u"12/29/1899 6:00:00 AM");
+  EXPECT_TEXT(DateText({-1.0}), u"12/29/1899 12:00:00 AM");
+  EXPECT_TEXT(DateText({-0.25}), u"12/30/1899 6:00:00 AM");
+  EXPECT_TEXT(DateText({0.25}), u"12/30/1899 6:00:00 AM");
+  EXPECT_TEXT(DateText({37755.9999999}), u"5/15/2003 12:00:00 AM");
+}
+
 }  // namespace
 }  // namespace norvo

@@ -213,5 +213,20 @@ TEST_F(QueueTest, TheDataGrabberDoesNothing) {
   EXPECT_TEXT(ToText(arguments[0]) + ToText(arguments[1]) + ToText(arguments[2]), u"abc");
 }
 
+TEST_F(QueueTest, ASizeTotalThatCannotBeWrittenIsLogged) {
+  const ObjectRef controller = Controller();
+  platform->FailOn(u"Registry.Write", 1, error::kPermissionDenied);
+  controller->Call(u"UpdateTotalFileSize");
+  ASSERT_EQ(log.size(), 1u);
+  EXPECT_TRUE(log[0].starts_with(u"HelperMan::UpdateTotalFileSize -> "));
+}
+
+TEST_F(QueueTest, AFileNameThatLooksLikeAPathWritesNowhereElse) {
+  platform->AddFile(u"C:\\d:evil.m3u", "#EXTM3U\r\nhttp://a\r\n");
+  AddList({"WINAMP_M3U Total=1", "[WINAMP_M3U]", "File1=C:\\d:evil.m3u"});
+  EXPECT_TRUE(GenericQueue(Controller(), 0));
+  EXPECT_TRUE(GenericFiles(*platform).empty());
+}
+
 }  // namespace
 }  // namespace norvo

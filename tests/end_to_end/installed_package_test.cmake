@@ -10,7 +10,7 @@ function(run)
 endfunction()
 
 run("${CMAKE_COMMAND}" --install "${BUILD_DIR}" --prefix "${work}/prefix")
-run("${CMAKE_COMMAND}" -S "${CONSUMER_DIR}" -B "${work}/build" -G Ninja
+run("${CMAKE_COMMAND}" -S "${CONSUMER_DIR}" -B "${work}/build" -G "${GENERATOR}"
   "-DCMAKE_PREFIX_PATH=${work}/prefix" "-DCMAKE_CXX_COMPILER=${CXX_COMPILER}")
 run("${CMAKE_COMMAND}" --build "${work}/build")
 run("${work}/build/consumer" "${work}/machine")

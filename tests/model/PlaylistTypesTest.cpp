@@ -105,11 +105,11 @@ TEST(PlaylistRecordTest, TheNameIsWhatPrecedesTheExtensionOfItsType) {
 TEST(PlaylistRecordTest, ANameThatIsNotTakenLeavesItsOriginToo) {
   PlaylistRecord record;
   record.type = 3;
-  record.SetName(u"a.m3u", NameOrigin::PlaylistText);
-  EXPECT_EQ(record.nameOrigin, NameOrigin::PlaylistText);
+  record.SetName(u"a.m3u", NameOrigin::Playlist);
+  EXPECT_EQ(record.nameOrigin, NameOrigin::Playlist);
   record.SetName(u"b.pls", NameOrigin::Host);
   EXPECT_TEXT(record.name, u"a");
-  EXPECT_EQ(record.nameOrigin, NameOrigin::PlaylistText);
+  EXPECT_EQ(record.nameOrigin, NameOrigin::Playlist);
   record.SetName(u"c.m3u", NameOrigin::Host);
   EXPECT_EQ(record.nameOrigin, NameOrigin::Host);
 }

@@ -273,5 +273,16 @@ TEST_F(MmjbReaderTest, AFileThatCannotBeOpenedFailsWithBothLines) {
              "NVERR_OPFAIL, PLAYLIST::ReadPlayList, ReadMMJB for type MMJB_M3U returned False"}));
 }
 
+TEST_F(M3uReaderTest, AMusicMatchListKeepsSoManyEntriesAndThenFails) {
+  constexpr int kMost = 100'000;
+  for (const int lines : {kMost, kMost + 1}) {
+    std::string text;
+    for (int i = 0; i < lines; ++i) text += "http://a\r\n";
+    EXPECT_EQ(ReadText(u"C:\\Music\\Long.m3u", 6, text), lines == kMost);
+    const ObjectRef entries = std::get<ObjectRef>(playlist->Get(u"PlayListEntries"));
+    EXPECT_EQ(std::get<std::int32_t>(entries->Get(u"TotalSongs")), kMost);
+  }
+}
+
 }  // namespace
 }  // namespace norvo

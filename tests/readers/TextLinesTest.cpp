@@ -37,5 +37,14 @@ TEST(TextLinesTest, TheEmptyPieceBehindTheLastLineEndIsNoLine) {
   EXPECT_EQ(ReachableLines(lines), 32767u);
 }
 
+TEST(TextLines, OfFarTooManyLinesOnlySoManyAreSplitThatThisShows) {
+  String text;
+  for (int i = 0; i < 100000; ++i) text += u"\r\n";
+  const std::vector<StringView> lines = SplitLines(text);
+  EXPECT_EQ(lines.size(), kMostLines + 2);
+  EXPECT_TRUE(ExceedsLineLimit(lines));
+  EXPECT_EQ(ReachableLines(lines), kMostLines);
+}
+
 }  // namespace
 }  // namespace norvo

@@ -205,5 +205,29 @@ TEST_F(MediaListTest, ManyRecordsAreAllKept) {
   EXPECT_EQ(Occurrences("\r\n"), 20000u);
 }
 
+TEST_F(MediaListTest, TextOutOfATagForgesNoRecord) {
+  const MediaRecord record{u"C:\\a.mp3", u"Art\r\nMusic\tC:\\x\tforged", u"Music"};
+  for (int run = 0; run < 2; ++run) {
+    MediaList list = Fresh();
+    ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+    EXPECT_TRUE(list.Add(record));
+    EXPECT_TRUE(list.Flush());
+    EXPECT_EQ(platform->Bytes(kPath), "\xEF\xBB\xBFMusic\tC:\\a.mp3\tArt  Music C:\\x forged\r\n");
+  }
+}
+
+TEST_F(MediaListTest, HalfACharacterIsKnownAgain) {
+  const MediaRecord record{u"C:\\a.mp3", String(u"x") + char16_t(0xD800) + u"y", u"Music"};
+  std::string first;
+  for (int run = 0; run < 2; ++run) {
+    MediaList list = Fresh();
+    ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+    list.Add(record);
+    list.Flush();
+    if (run == 0) first = platform->Bytes(kPath);
+  }
+  EXPECT_EQ(platform->Bytes(kPath), first);
+}
+
 }  // namespace
 }  // namespace norvo

@@ -248,5 +248,21 @@ TEST_F(TextStreamTest, WholeFilesOfAnySizeAreReadByteForByte) {
   }
 }
 
+TEST_F(TextStreamTest, AFileOfSixtyFourMebibytesIsTheLargest) {
+  constexpr std::size_t kLargest = 64u * 1024 * 1024;
+  for (const std::size_t size : {kLargest, kLargest + 1}) {
+    platform->AddFile(u"C:\\large.txt", std::string(size, 'x'));
+    TextStream stream(platform->Files(), u"C:\\large.txt", Windows1252());
+    const auto file = platform->Files().OpenForReading(u"C:\\large.txt");
+    if (size == kLargest) {
+      EXPECT_EQ(stream.ReadAll().size(), size);
+      EXPECT_EQ(ReadWholeFile(*file).size(), size);
+    } else {
+      EXPECT_THROW(stream.ReadAll(), RunTimeError);
+      EXPECT_THROW(ReadWholeFile(*file), RunTimeError);
+    }
+  }
+}
+
 }  // namespace
 }  // namespace norvo

@@ -110,6 +110,13 @@ TEST(TagCache, KeepsTextsUpToTheirLimit) {
   EXPECT_FALSE(cache.Find(u"C:\\b", stamp));
 }
 
+TEST(TagCache, FilesWhoseNamesDifferInCaseAreTwo) {
+  TagCache cache;
+  const FileStamp stamp{1, 1};
+  cache.Keep(u"C:\\a", stamp, AudioTag());
+  EXPECT_FALSE(cache.Find(u"C:\\A", stamp));
+}
+
 TEST(TagCache, GivesEachTextBackWithItsNuls) {
   TagCache cache;
   const FileStamp stamp{1, 1};
@@ -120,7 +127,7 @@ TEST(TagCache, GivesEachTextBackWithItsNuls) {
   tag.song = String(u"\0", 1);
   tag.year = u"Y";
   cache.Keep(u"C:\\a", stamp, tag);
-  const std::optional<AudioTag> found = cache.Find(u"c:\\A", stamp);
+  const std::optional<AudioTag> found = cache.Find(u"C:\\a", stamp);
   ASSERT_TRUE(found);
   EXPECT_EQ(found->album, tag.album);
   EXPECT_EQ(found->artist, tag.artist);

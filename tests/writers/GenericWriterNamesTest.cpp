@@ -91,14 +91,14 @@ TEST_F(GenericWriterNamesTest, ANameOutOfThePlaylistsTextNamesAFileOfTheDataArea
        {u"C:\\Out\\Mix.m3u", u"..\\Mix.m3u", u"a\\b.m3u", u"a/b.m3u", u"\\Mix.m3u", u"C:Mix.m3u",
         u"Mix:stream.m3u", u"/.m3u", u"\\\\server\\share\\Mix.m3u"}) {
     SCOPED_TRACE(Utf8(name));
-    record.SetName(name, NameOrigin::PlaylistText);
+    record.SetName(name, NameOrigin::Playlist);
     EXPECT_FALSE(Write(u"Mix.m3u"));
   }
   EXPECT_EQ(platform->Calls(u"Settings.Write"), 0u);
   EXPECT_TRUE(log.empty());
   for (const StringView name : {u"Mix.m3u", u"...m3u", u"My Mix (1).m3u"}) {
     SCOPED_TRACE(Utf8(name));
-    record.SetName(name, NameOrigin::PlaylistText);
+    record.SetName(name, NameOrigin::Playlist);
     EXPECT_TRUE(Write(u""));
   }
   EXPECT_TRUE(HasWritten(u"Mix.ini"));
@@ -106,7 +106,7 @@ TEST_F(GenericWriterNamesTest, ANameOutOfThePlaylistsTextNamesAFileOfTheDataArea
 }
 
 TEST_F(GenericWriterNamesTest, ADefaultNameComesFromTheHostWhateverCameBefore) {
-  record.SetName(u".m3u", NameOrigin::PlaylistText);  // leaves the name empty
+  record.SetName(u".m3u", NameOrigin::Playlist);  // leaves the name empty
   EXPECT_TRUE(Write(u"C:\\Out\\Mix.m3u"));
   EXPECT_TRUE(platform->HasFile(u"C:\\Out\\Mix.ini"));
 }
