@@ -126,11 +126,12 @@ void HelperMan::Write(PlayList& playlist, const String& path) {
   const bool written = playlist.WriteGeneric(fileName);
   // The recorded name is that of the generic file, which is no playlist: nothing is listed.
   AddPlayList(norvo::PlayListToIni(fileName), playlist.PlayListType());
-  const String genericFile =
-      DataArea(groupRoot_) + norvo::PlayListToIni(ToText(playlist.PlayListName()));
+  const String name = ToText(playlist.PlayListName());
+  const String genericFile = DataArea(groupRoot_) + norvo::PlayListToIni(name);
+  const PlaylistOutcome failure =
+      name.empty() ? PlaylistOutcome::Unnamed : PlaylistOutcome::NotWritten;
   component_.Watcher().OnPlaylistEnd(
-      path, playlist.PlayListType(),
-      written ? PlaylistOutcome::Written : PlaylistOutcome::NotWritten,
+      path, playlist.PlayListType(), written ? PlaylistOutcome::Written : failure,
       static_cast<std::size_t>(playlist.PlayListEntries()->TotalSongs()),
       written ? StringView(genericFile) : StringView());
 }

@@ -1,6 +1,10 @@
+#include <nlohmann/json.hpp>
+
+#include "host/CollectReport.h"
 #include "host/Commands.h"
 #include "host/Report.h"
 #include "host/Scanning.h"
+#include "host/Setup.h"
 #include "text/Encoding.h"
 
 namespace norvo::host {

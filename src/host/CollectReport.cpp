@@ -1,3 +1,8 @@
+#include "host/CollectReport.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
 #include "host/Report.h"
 #include "text/Encoding.h"
 #include "text/Number.h"
@@ -11,6 +16,7 @@ std::size_t& Bucket(CollectFigures& figures, const PlaylistResult& result) {
   switch (*result.outcome) {
     case PlaylistOutcome::Written:
       return result.replacedBy ? figures.replaced : figures.written;
+    case PlaylistOutcome::Unnamed:
     case PlaylistOutcome::NotWritten:
       return figures.notWritten;
     case PlaylistOutcome::Empty:
@@ -28,6 +34,7 @@ const char* OutcomeName(const PlaylistResult& result) {
   switch (*result.outcome) {
     case PlaylistOutcome::Written:
       return result.replacedBy ? "replaced" : "written";
+    case PlaylistOutcome::Unnamed:
     case PlaylistOutcome::NotWritten:
       return "notWritten";
     case PlaylistOutcome::Empty:

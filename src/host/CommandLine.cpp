@@ -26,7 +26,8 @@ constexpr const char* kInitFooter = R"(Examples:
   norvo-playlists init --machine /mnt/new-disk --role destination
   norvo-playlists init --machine /mnt/old-disk --group-root 'D:\Norvo Media\'
 
-Writes only what is missing: settings that are there stay as they are.)";
+Writes only what is missing: settings that are there stay as they are. A group root on
+another drive than C takes the product's folder, with the debug log, along to that drive.)";
 
 constexpr const char* kScanFooter = R"(Examples:
   norvo-playlists scan --machine /mnt/old-disk
@@ -46,8 +47,8 @@ constexpr const char* kShowFooter = R"(Examples:
 
 Types: 1 ASX of Windows Media Player, 2 M3U of Windows Media Player, 3 M3U of Winamp,
 4 PLS of Winamp, 5 PLS of Sonique, 6 M3U of MusicMatch Jukebox.
-Nothing on the disk is changed. A file that lies in no machine folder is read as if its
-own folder were drive C.)";
+Nothing on the disk is changed, but for the log that --log asks for. A file that lies in no
+machine folder is read as if its own folder were drive C.)";
 
 void AddCommon(CLI::App& command, CommonArguments& common, bool machineRequired) {
   CLI::Option* const machine =
@@ -56,7 +57,8 @@ void AddCommon(CLI::App& command, CommonArguments& common, bool machineRequired)
   if (machineRequired) machine->required();
   command.add_flag("--log", common.log, "Write the debug log, VBLog.txt in the product's folder");
   command.add_flag("--json", common.json, "Report as one JSON document on standard output");
-  command.add_flag("--quiet", common.quiet, "No report and no progress, only what went wrong");
+  command.add_flag("--quiet", common.quiet,
+                   "No progress and no summary; show still prints its table");
 }
 
 struct Parser {

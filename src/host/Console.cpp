@@ -1,5 +1,7 @@
 #include "host/Console.h"
 
+#include <nlohmann/json.hpp>
+
 #include "host/Shown.h"
 
 namespace norvo::host {

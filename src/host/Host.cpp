@@ -1,7 +1,9 @@
 #include "host/Host.h"
 
 #include <algorithm>
+#include <exception>
 #include <new>
+#include <nlohmann/json.hpp>
 #include <type_traits>
 
 #include "automation/RunTimeError.h"
@@ -65,10 +67,8 @@ int RunCommand(const CommandLine& line, Console& console) {
   }
 }
 
-}  // namespace
-
-int Run(const std::vector<std::string>& words, std::ostream& out, std::ostream& err,
-        bool errIsTerminal) {
+int RunLine(const std::vector<std::string>& words, std::ostream& out, std::ostream& err,
+            bool errIsTerminal) {
   Console console(out, err, errIsTerminal);
   int code = exit_code::kDone;
   if (const std::optional<CommandLine> line = ParseCommandLine(words, out, err, code)) {
@@ -77,6 +77,29 @@ int Run(const std::vector<std::string>& words, std::ostream& out, std::ostream& 
     code = RunCommand(*line, console);
   }
   return console.Flush() ? code : std::max(code, exit_code::kLeftOut);
+}
+
+/// The end of a run that could not even tell of its failure in the usual way.
+int GiveUp(const char* reason, std::ostream& err) {
+  try {
+    err << "norvo-playlists: the program cannot go on: " << reason << std::endl;
+  } catch (...) {
+    // Standard error does not take it; the exit code tells.
+  }
+  return exit_code::kUnusable;
+}
+
+}  // namespace
+
+int Run(const std::vector<std::string>& words, std::ostream& out, std::ostream& err,
+        bool errIsTerminal) noexcept {
+  try {
+    return RunLine(words, out, err, errIsTerminal);
+  } catch (const std::exception& error) {
+    return GiveUp(error.what(), err);
+  } catch (...) {
+    return GiveUp("for an unknown reason", err);
+  }
 }
 
 }  // namespace norvo::host

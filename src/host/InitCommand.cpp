@@ -1,7 +1,9 @@
+#include <nlohmann/json.hpp>
+
 #include "host/Commands.h"
 #include "host/Machine.h"
 #include "host/Report.h"
-#include "host/Settings.h"
+#include "host/Setup.h"
 
 namespace norvo::host {
 

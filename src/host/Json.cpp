@@ -1,7 +1,9 @@
 #include "host/Json.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <nlohmann/json.hpp>
 
 #include "host/Shown.h"
 
@@ -42,8 +44,7 @@ Json JsonNumber(double number) {
 
 std::string JsonText(const Json& document) {
   constexpr int kIndent = 2;
-  const std::string dumped =
-      document.dump(kIndent, ' ', false, nlohmann::detail::error_handler_t::replace);
+  const std::string dumped = document.dump(kIndent, ' ', false, Json::error_handler_t::replace);
   std::string text;
   // Line ends stand between the values, never inside them.
   for (std::size_t start = 0; start <= dumped.size();) {

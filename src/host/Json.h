@@ -1,13 +1,14 @@
 #pragma once
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 
 #include "text/Text.h"
 
 namespace norvo::host {
 
-/// Keeps the order in which members were added.
+/// Keeps the order in which members were added. Whoever looks into a document includes
+/// <nlohmann/json.hpp>.
 using Json = nlohmann::ordered_json;
 
 /// A count of bytes, as a whole number where it is one.

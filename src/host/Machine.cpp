@@ -1,5 +1,7 @@
 #include "host/Machine.h"
 
+#include <vector>
+
 #include "automation/RunTimeError.h"
 #include "services/Logging.h"
 #include "services/Utility.h"
@@ -35,17 +37,21 @@ Machine::Machine(const std::filesystem::path& folder, Console& console)
     : console_(console),
       platform_(OpenPlatform(folder)),
       box_(std::make_unique<ConsoleBox>(console)),
-      component_(OpenLibrary(platform_)),
-      layout_(folder) {
+      layout_(platform_->DriveFolders()) {
   platform_->SetMessageBox(*box_);
-  platform_->SetWarningSink([this](StringView line) {
+  // What the opening of the machine has to tell comes before there is a log.
+  std::vector<String> early;
+  platform_->SetWarningSink([&early](StringView line) { early.emplace_back(line); });
+  component_ = OpenLibrary(platform_);
+  const auto tell = [this](StringView line) {
     WriteLog(*component_, line);
     console_.LeftOut("Warning: " + ToUtf8(line));
-  });
+  };
+  platform_->SetWarningSink(tell);
+  for (const String& line : early) tell(line);
 }
 
 Machine::~Machine() {
-  platform_->SetWarningSink({});
   component_->SetObserver(nullptr);
 }
 

@@ -2,8 +2,8 @@
 
 #include <filesystem>
 #include <memory>
+#include <string>
 
-#include "host/CommandLine.h"
 #include "host/Console.h"
 #include "host/MachineLayout.h"
 #include "library/Library.h"

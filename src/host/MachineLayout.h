@@ -2,27 +2,21 @@
 
 #include <filesystem>
 #include <optional>
-#include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
+#include "platform/hosted/HostedPlatform.h"
 #include "text/Text.h"
 
 namespace norvo::host {
 
-/// One drive of a machine folder and where this system has it.
-struct DrivePlace {
-  char16_t letter = u'C';  ///< upper case
-  String type;             ///< as machine.ini has it
-  std::filesystem::path folder;
-};
-
 /// Where the drives of a machine folder are, to go from its paths to those of this system and back.
 class MachineLayout {
  public:
-  /// Takes the folder for a machine, whether it is one or not.
-  explicit MachineLayout(const std::filesystem::path& machineFolder);
+  explicit MachineLayout(std::vector<HostedDrive> drives) : drives_(std::move(drives)) {}
 
-  const std::vector<DrivePlace>& Drives() const { return drives_; }
+  const std::vector<HostedDrive>& Drives() const { return drives_; }
   /// A letter that no drive has; nothing when all are taken.
   std::optional<char16_t> FreeLetter() const;
 
@@ -33,7 +27,7 @@ class MachineLayout {
   std::optional<String> MachinePathOf(const std::filesystem::path& hostPath) const;
 
  private:
-  std::vector<DrivePlace> drives_;
+  std::vector<HostedDrive> drives_;
 };
 
 /// True for "C:\..." and "C:/...".

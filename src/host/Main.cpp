@@ -1,6 +1,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 #include <iostream>
 
@@ -26,6 +27,8 @@ int main(int count, char** words) {
   // A reader that goes away shows as a failed write, not as a sudden end.
   std::signal(SIGPIPE, SIG_IGN);
   std::ios::sync_with_stdio(false);
-  return norvo::host::Run({words + 1, words + count}, std::cout, std::cerr,
+  char** const end = words + count;
+  // Who starts the program may leave out even its name.
+  return norvo::host::Run({std::min(words + 1, end), end}, std::cout, std::cerr,
                           ::isatty(STDERR_FILENO) == 1);
 }

@@ -18,7 +18,6 @@ class Progress {
   Progress& operator=(const Progress&) = delete;
 
   void TurnOff();
-  bool IsOn() const { return on_; }
 
   /// Work of unknown length.
   void Count(std::string_view what, std::size_t done, StringView current);

@@ -1,5 +1,7 @@
 #include "host/Report.h"
 
+#include <nlohmann/json.hpp>
+
 #include "model/PlaylistTypes.h"
 #include "text/Encoding.h"
 

@@ -1,7 +1,6 @@
 #include <algorithm>
-#include <map>
+#include <nlohmann/json.hpp>
 
-#include "automation/Conversions.h"
 #include "host/Commands.h"
 #include "host/Report.h"
 #include "host/Scanning.h"
@@ -36,15 +35,6 @@ Json ListDocument(const std::vector<ListedPlaylist>& playlists) {
 }
 
 }  // namespace
-
-std::vector<ListedPlaylist> Scan(Machine& machine, AutomationObject& controller,
-                                 const Settings& settings, const WorkWatcher& watcher) {
-  if (!ToBoolean(controller.Call(u"GetAllPlaylists"))) {
-    throw HostError("The scan failed. " + watcher.LastWarning() + " See that " +
-                    machine.Both(DataAreaOf(settings)) + " can be written.");
-  }
-  return ReadListFile(machine.Library(), settings);
-}
 
 Json RunScan(const CommonArguments& common, Console& console) {
   Machine machine(common.machine, console);

@@ -1,5 +1,6 @@
 #include "host/Settings.h"
 
+#include "host/Console.h"
 #include "services/DataCop.h"
 #include "services/ProfileFile.h"
 #include "services/Utility.h"

@@ -1,4 +1,4 @@
-#include <string>
+#include "host/Setup.h"
 
 #include "automation/RunTimeError.h"
 #include "host/Settings.h"
@@ -65,6 +65,20 @@ class Setup {
                        "another one.");
     }
     return *root;
+  }
+
+  /// The folder of the log. Its default is on drive C, which may be a disk that is not to be
+  /// changed when the group root is elsewhere; then it goes with the group root.
+  void ProductFolder(StringView groupRoot) {
+    if (!groupRoot.empty() && !EqualsIgnoreCase(DriveName(groupRoot), u"C:")) {
+      const RegistryValue found =
+          Value(BaseKey(), u"ProductFolder", String(DriveName(groupRoot)) + u"\\Norvo\\");
+      const auto* const folder = std::get_if<String>(&found);
+      if (folder == nullptr || folder->empty()) {
+        return Unusable("ProductFolder is no text, or empty");
+      }
+    }
+    Folder("product folder", component_.Machine().Product().Folder());
   }
 
   void GroupKey(const String& groupRoot) {
@@ -198,8 +212,7 @@ std::vector<SetupStep> SetUp(Component& component, const SetupWishes& wishes, Co
   setup.Role(wishes.role);
   const String root = setup.GroupRoot(wish);
   if (!root.empty()) setup.GroupKey(root);
-  const String product = component.Machine().Product().Folder();
-  if (wishes.withProductFolder) setup.Folder("product folder", product);
+  if (wishes.withProductFolder) setup.ProductFolder(root);
   if (!root.empty()) {
     setup.Folder("group root folder", root);
     setup.SubNames(root);

@@ -1,3 +1,5 @@
+#include <nlohmann/json.hpp>
+
 #include "automation/Conversions.h"
 #include "automation/RunTimeError.h"
 #include "host/Commands.h"

@@ -3,7 +3,9 @@
 #include <cctype>
 #include <fstream>
 
+#include "automation/RunTimeError.h"
 #include "host/Settings.h"
+#include "host/Setup.h"
 #include "platform/hosted/HostName.h"
 #include "text/Encoding.h"
 
@@ -17,19 +19,52 @@ bool IsSingleLetter(const fs::path& name) {
   return text.size() == 1 && std::isalpha(static_cast<unsigned char>(text.front())) != 0;
 }
 
-/// The nearest folder above a file that is a machine folder; empty when there is none.
+bool HoldsFile(const fs::path& machine, const fs::path& file) {
+  try {
+    const MachineLayout layout(HostedPlatform(machine).DriveFolders());
+    return layout.MachinePathOf(file).has_value();
+  } catch (const RunTimeError&) {
+    return false;  // no machine folder
+  }
+}
+
+/// The machine folder that a file lies in: the nearest folder above that has a machine's own files,
+/// else the outermost one that holds a drive's folder (music is often kept in folders A to Z).
+/// Empty when there is none.
 fs::path MachineAbove(const fs::path& file) {
+  fs::path outermost;
   fs::path below = file;
   for (fs::path folder = file.parent_path(); folder != below; folder = folder.parent_path()) {
     std::error_code ignored;
-    const bool marked = fs::exists(folder / "machine.ini", ignored) ||
-                        (below != file && IsSingleLetter(below.filename()));
-    if (marked && MachineLayout(folder).MachinePathOf(file)) {
-      return folder;
+    const bool marked =
+        fs::exists(folder / "machine.ini", ignored) || fs::exists(folder / "registry.reg", ignored);
+    const bool holdsDrive = below != file && IsSingleLetter(below.filename());
+    if ((marked || holdsDrive) && HoldsFile(folder, file)) {
+      if (marked) return folder;
+      outermost = folder;
     }
     below = folder;
   }
-  return {};
+  return outermost;
+}
+
+/// A drive's type as machine.ini spells it.
+StringView TypeSetting(DriveType type) {
+  switch (type) {
+    case DriveType::Fixed:
+      return u"fixed";
+    case DriveType::Removable:
+      return u"removable";
+    case DriveType::CdRom:
+      return u"cdrom";
+    case DriveType::Network:
+      return u"network";
+    case DriveType::RamDisk:
+      return u"ramdisk";
+    case DriveType::Unknown:
+      break;
+  }
+  return u"unknown";
 }
 
 /// Showing needs no settings, but who names a machine will want to go on with it.
@@ -86,8 +121,8 @@ void ShowMachine::UseMachine(const fs::path& folder, const std::string& path,
   }
   const std::optional<char16_t> letter = real.Layout().FreeLetter();
   if (!letter) throw HostError("The machine has no free drive letter. Leave --machine out.");
-  for (const DrivePlace& drive : real.Layout().Drives()) {
-    AddDrive(drive.letter, drive.type, drive.folder);
+  for (const HostedDrive& drive : real.Layout().Drives()) {
+    AddDrive(drive.letter, TypeSetting(drive.type), drive.folder);
   }
   if (common.log) real.StartLog();
   Open(*letter, common.log ? real.Library().Machine().Product().Folder() : String(), console);

@@ -9,7 +9,8 @@
 
 namespace norvo::host {
 
-/// A machine to read one playlist of, without a trace on the disk: the drives of the real machine
+/// A machine to read one playlist of, without a trace on the disk but for the log, when that is
+/// asked for: the drives of the real machine
 /// (or the playlist's own folder as drive C) and one more drive, which takes all that the library
 /// writes and goes with this object.
 class ShowMachine {

@@ -5,23 +5,23 @@
 namespace norvo::host {
 namespace {
 
+std::string Entries(const PlaylistResult& result) {
+  return "has " + std::to_string(result.kept) + (result.kept == 1 ? " entry" : " entries");
+}
+
 /// Why a playlist has no neutral file; empty for an outcome that is no failure.
 std::string Failure(const PlaylistResult& result) {
   switch (*result.outcome) {
     case PlaylistOutcome::Written:
     case PlaylistOutcome::Empty:
       return {};
-    case PlaylistOutcome::NotWritten: {
-      const std::string entries =
-          "has " + std::to_string(result.kept) + (result.kept == 1 ? " entry" : " entries");
-      if (EndsWithIgnoreCase(result.path, u".asx")) {
-        return entries +
-               " but no name for its neutral file: rename it so that its name holds \".m3u\"";
-      }
-      return entries +
-             " but its neutral file cannot be named or written: see that the folder KVs "
-             "of the group root is writable and the disk not full";
-    }
+    case PlaylistOutcome::Unnamed:
+      return Entries(result) +
+             " but no name for its neutral file: rename it so that its name holds \".m3u\"";
+    case PlaylistOutcome::NotWritten:
+      return Entries(result) +
+             " but its neutral file cannot be written: see that its name can stand in a path, that "
+             "the folder KVs of the group root is writable and the disk not full";
     case PlaylistOutcome::UnknownType:
       return "its first lines tell no playlist type: look into the file";
     case PlaylistOutcome::Unreadable:

@@ -9,7 +9,8 @@ namespace norvo {
 /// What became of one listed playlist in the queue.
 enum class PlaylistOutcome {
   Written,      ///< its generic file stands
-  NotWritten,   ///< it has entries, but its generic file could not be named or written
+  Unnamed,      ///< it has entries, but no name for its generic file
+  NotWritten,   ///< it has entries, but its generic file could not be written
   Empty,        ///< no entry was kept
   UnknownType,  ///< its first lines tell no type
   Unreadable    ///< the read failed

@@ -187,8 +187,8 @@ TEST_F(QueueTest, ThePlaylistsAreReportedToTheObserver) {
   Run({"C:\\Music\\1.m3u", "C:\\Music\\2.m3u", "C:\\Music\\3.m3u", "C:\\gone.txt"});
   component.SetObserver(&watcher);
   EXPECT_EQ(follower.steps, Lines({"C:\\Music\\1.m3u 1/4", "3 0 1 " + Utf8(kDataArea) + "1.ini",
-                                   "C:\\Music\\2.m3u 2/4", "3 2 0 ", "C:\\Music\\3.m3u 3/4",
-                                   "0 3 0 ", "C:\\gone.txt 4/4", "0 4 0 "}));
+                                   "C:\\Music\\2.m3u 2/4", "3 3 0 ", "C:\\Music\\3.m3u 3/4",
+                                   "0 4 0 ", "C:\\gone.txt 4/4", "0 5 0 "}));
 }
 
 struct NameRow {

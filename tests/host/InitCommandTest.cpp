@@ -53,6 +53,44 @@ TEST_F(InitCommandTest, TakesRoleAndGroupRoot) {
   EXPECT_TRUE(fs::exists(Place("D/Media/Norvo/SubNames.txt")));
 }
 
+TEST_F(InitCommandTest, AGroupRootOffDriveCLeavesDriveCAsItWas) {
+  WriteMix();
+  fs::create_directories(Place("Z"));
+  const auto before = Snapshot(Place("C"));
+  const Outcome init =
+      RunHost({"init", "--machine", Machine(), "--group-root", "Z:\\Norvo Media\\"});
+  EXPECT_EQ(init.code, 0) << init.err;
+  EXPECT_TRUE(Holds(RegistryText(), "\"ProductFolder\"=\"Z:\\\\Norvo\\\\\"")) << init.out;
+  EXPECT_EQ(RunHost({"collect", "--machine", Machine(), "--log"}).code, 1);  // a song is missing
+  EXPECT_TRUE(fs::exists(Place("Z/Norvo Media/KVs/MediaList.txt")));
+  EXPECT_TRUE(fs::exists(Place("Z/Norvo/VBLog.txt")));
+  EXPECT_EQ(Snapshot(Place("C")), before);
+}
+
+TEST_F(InitCommandTest, AProductFolderThatIsNamedStays) {
+  fs::create_directories(Place("Z"));
+  WriteFile(Place("registry.reg"), std::string(kHeader) +
+                                       "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Norvo\\Migration]\r\n"
+                                       "\"ProductFolder\"=\"C:\\\\Logs\"\r\n");
+  const Outcome outcome = RunHost({"init", "--machine", Machine(), "--group-root", "Z:\\Media"});
+  EXPECT_EQ(outcome.code, 0) << outcome.err;
+  EXPECT_TRUE(Holds(ReadFile(Place("registry.reg")), "\"ProductFolder\"=\"C:\\\\Logs\""));
+  EXPECT_TRUE(fs::is_directory(Place("C/Logs")));
+  EXPECT_FALSE(fs::exists(Place("Z/Norvo")));
+}
+
+TEST_F(InitCommandTest, AProductFolderThatIsNoTextIsToldAndNothingIsMadeOnDriveC) {
+  fs::create_directories(Place("Z"));
+  WriteFile(Place("registry.reg"), std::string(kHeader) +
+                                       "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Norvo\\Migration]\r\n"
+                                       "\"ProductFolder\"=dword:00000001\r\n");
+  const auto before = Snapshot(Place("C"));
+  const Outcome outcome = RunHost({"init", "--machine", Machine(), "--group-root", "Z:\\Media"});
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_TRUE(Holds(outcome.err, "ProductFolder is no text")) << outcome.err;
+  EXPECT_EQ(Snapshot(Place("C")), before);
+}
+
 TEST_F(InitCommandTest, KeepsWhatIsThereAndSaysThatAWishWasNotFulfilled) {
   Init();
   const auto before = Snapshot(Machine());

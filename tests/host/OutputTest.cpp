@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
+
 #include "host/Json.h"
 #include "host/LogLines.h"
 #include "host/Shown.h"
@@ -22,7 +24,7 @@ TEST(ShownTest, LeavesTextsAlone) {
   EXPECT_EQ(Shown(text), text);
 }
 
-TEST(ShownTest, CountsCells) {
+TEST(ShownTest, AWideCharacterTakesTwoCellsAndACombiningMarkNone) {
   EXPECT_EQ(DisplayWidth("abc"), 3u);
   EXPECT_EQ(DisplayWidth("\xC3\x84"), 1u);
   EXPECT_EQ(DisplayWidth("A\xCC\x88"), 1u);
@@ -89,7 +91,7 @@ TEST(LogLinesTest, OtherLinesAreNoDrops) {
   EXPECT_FALSE(DropOf(u"x NVERR_FILE_NOT_FOUND, PLAYLIST::AddEntry, File Not Found: a"));
 }
 
-TEST(LogLinesTest, KnowsWarnings) {
+TEST(LogLinesTest, FailuresOfTheDiskAreWarningsAndStepsOfTheWorkAreNot) {
   EXPECT_TRUE(IsWarning(u"HelperMan::GetAllPlayLists -> Cannot list the folder C:\\x: no"));
   EXPECT_TRUE(
       IsWarning(u"NVERR_OPFAIL, PLAYLIST::ReadPlayList, The media list could not be written"));

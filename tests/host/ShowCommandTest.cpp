@@ -49,6 +49,15 @@ TEST_F(ShowCommandTest, FindsTheMachineOfASystemPath) {
   EXPECT_EQ(document.at("dropped")[0].at("reason"), "missing");
 }
 
+TEST_F(ShowCommandTest, AFolderOfOneLetterWithinTheMusicIsNoDrive) {
+  WriteFile(Place("C/Music/A/Abba/Mix.m3u"), "#EXTM3U\r\nSong.mp3\r\n");
+  WriteFile(Place("C/Music/A/Abba/Song.mp3"), "x");
+  const auto document =
+      RunHost({"show", Place("C/Music/A/Abba/Mix.m3u").string(), "--json"}).Document();
+  EXPECT_EQ(document.at("path"), "C:\\Music\\A\\Abba\\Mix.m3u");
+  EXPECT_EQ(document.at("entries").size(), 1u);
+}
+
 TEST_F(ShowCommandTest, FindsTheMachineThroughItsSettings) {
   WriteMix();
   fs::create_directories(Root() / "elsewhere");

@@ -1,4 +1,5 @@
 #include <array>
+#include <streambuf>
 
 #include "host/HostFixture.h"
 
@@ -93,6 +94,17 @@ TEST_F(UsageTest, ReportThatCannotBeWrittenEndsWithOne) {
   out.setstate(std::ios::badbit);
   EXPECT_EQ(norvo::host::Run({"init", "--machine", Machine()}, out, err), 1);
   EXPECT_TRUE(Holds(err.str(), "Standard output")) << err.str();
+}
+
+TEST_F(UsageTest, StreamsThatThrowEndWithTwo) {
+  class FullBuffer : public std::streambuf {};
+  FullBuffer buffer;
+  std::ostream out(&buffer);
+  std::ostream err(&buffer);
+  out.exceptions(std::ios::badbit);
+  err.exceptions(std::ios::badbit);
+  EXPECT_EQ(norvo::host::Run({"init", "--machine", Machine()}, out, err), 2);
+  EXPECT_EQ(norvo::host::Run({"conquer"}, out, err), 2);
 }
 
 TEST_F(UsageTest, ControlCharactersOfArgumentsAreEscaped) {

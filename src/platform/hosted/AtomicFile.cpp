@@ -6,28 +6,26 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <functional>
+#include <string>
 
 #include "platform/hosted/HostName.h"
 
 namespace norvo {
 namespace {
 
-// A temporary file that an earlier process with the same number left behind costs one attempt.
-constexpr int kMostAttempts = 100;
-
-/// Its name does not depend on the file's own, which may be as long as a name can be.
-std::string TemporaryPath(const std::string& path, int attempt) {
-  const std::string name =
-      ".norvo-" + std::to_string(::getpid()) + "-" + std::to_string(attempt) + ".tmp";
-  return JoinHost(HostParent(path), name);
+/// Made from the file's own name, by a number, since that may be as long as a name can be: what a
+/// stopped process left behind is taken over when the same file is written again.
+std::string TemporaryPath(const std::string& path) {
+  const std::size_t number = std::hash<std::string_view>()(HostLeaf(path));
+  return JoinHost(HostParent(path), ".norvo-" + std::to_string(number) + ".tmp");
 }
 
-HostFile CreateTemporary(int folder, const std::string& path, std::string& temporary) {
-  HostFile file;
-  for (int attempt = 0; attempt < kMostAttempts && !file.IsOpen(); ++attempt) {
-    temporary = TemporaryPath(path, attempt);
-    file = OpenInside(folder, temporary, O_WRONLY | O_CREAT | O_EXCL, 0666);
-    if (!file.IsOpen() && errno != EEXIST) break;
+HostFile CreateTemporary(int folder, const std::string& temporary) {
+  constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL;
+  HostFile file = OpenInside(folder, temporary, kFlags, 0666);
+  if (!file.IsOpen() && errno == EEXIST && ::unlinkat(folder, temporary.c_str(), 0) == 0) {
+    file = OpenInside(folder, temporary, kFlags, 0666);
   }
   return file;
 }
@@ -42,8 +40,8 @@ bool Fill(int folder, const std::string& path, const HostFile& file, std::string
 }  // namespace
 
 int ReplaceFile(int folder, const std::string& path, std::string_view bytes) {
-  std::string temporary;
-  HostFile file = CreateTemporary(folder, path, temporary);
+  const std::string temporary = TemporaryPath(path);
+  HostFile file = CreateTemporary(folder, temporary);
   if (!file.IsOpen()) return errno;
   const bool filled = Fill(folder, path, file, bytes);
   file.Close();

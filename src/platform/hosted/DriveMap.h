@@ -21,6 +21,7 @@ class HostDrive {
 
   char16_t Letter() const { return letter_; }
   DriveType Type() const { return type_; }
+  const std::string& Folder() const { return folder_; }
   /// Descriptor of the drive's folder, -1 while there is none.
   int Root() const;
   /// The path in the drive that a host path leads to when all links are followed; nothing when it

@@ -152,9 +152,13 @@ std::optional<std::string> RealPath(const std::string& path) {
   return std::string(resolved.get());
 }
 
-std::optional<std::string> ReadToEnd(const HostFile& file) {
+std::optional<std::string> ReadToEnd(const HostFile& file, std::size_t most) {
   constexpr std::size_t kPiece = 64 * 1024;
   const std::optional<HostFacts> facts = LookUp(file);
+  if (facts && facts->size > most) {
+    errno = ENOMEM;
+    return std::nullopt;
+  }
   // One byte more than the size, so that the usual file ends within the first piece.
   std::size_t piece = facts ? static_cast<std::size_t>(facts->size) + 1 : kPiece;
   std::string bytes;
@@ -165,6 +169,10 @@ std::optional<std::string> ReadToEnd(const HostFile& file) {
     if (got < 0 && errno != EINTR) return std::nullopt;
     bytes.resize(had + (got > 0 ? static_cast<std::size_t>(got) : 0));
     if (got == 0) return bytes;
+    if (bytes.size() > most) {  // it has grown, or its size says nothing
+      errno = ENOMEM;
+      return std::nullopt;
+    }
     piece = kPiece;
   }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -65,8 +66,9 @@ HostFile OpenRoot(const std::string& path);
 /// The path with all links resolved; nothing when it does not exist.
 std::optional<std::string> RealPath(const std::string& path);
 
-/// Everything from a file's current place to its end.
-std::optional<std::string> ReadToEnd(const HostFile& file);
+/// Everything from a file's current place to its end. More than `most` bytes are not read:
+/// `ENOMEM`.
+std::optional<std::string> ReadToEnd(const HostFile& file, std::size_t most);
 /// In one call wherever the host takes all bytes at once.
 bool WriteAll(const HostFile& file, std::string_view bytes);
 

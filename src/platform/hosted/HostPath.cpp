@@ -108,23 +108,26 @@ std::optional<HostPlace> HostPathResolver::Walk(StringView folder, bool fromRoot
   reason_ = ENOENT;
   if (drive == nullptr || drive->Root() < 0) return std::nullopt;
   constexpr std::size_t kDriveName = 2;
-  std::size_t done = folder.size();
-  const HostPlace* known = nullptr;
-  while (!fromRoot && done > kDriveName && (known = Known(folder.substr(0, done))) == nullptr) {
-    done = folder.rfind(u'\\', done - 1);
-  }
-  HostPlace place = known != nullptr ? *known : HostPlace{drive, {}};
-  if (known == nullptr) done = kDriveName;
-  while (done < folder.size()) {
+  HostPlace place{drive, {}};
+  bool trusted = false;  // some folder was not looked at again
+  // Downward from the root: a path of thousands of names ends at the first that does not exist.
+  for (std::size_t done = kDriveName; done < folder.size();) {
     const std::size_t end = std::min(folder.find(u'\\', done + 1), folder.size());
-    std::optional<HostEntry> entry = Step(place, folder.substr(done + 1, end - done - 1));
-    if (!entry || entry->facts.kind != HostFacts::Kind::Folder) {
-      // What was known of the folders above may be old.
-      return known != nullptr ? Walk(folder, true) : std::nullopt;
+    const StringView path = folder.substr(0, end);
+    const HostPlace* const known = fromRoot ? nullptr : Known(path);
+    if (known != nullptr) {
+      place = *known;
+      trusted = true;
+    } else {
+      std::optional<HostEntry> entry = Step(place, path.substr(done + 1));
+      if (!entry || entry->facts.kind != HostFacts::Kind::Folder) {
+        // What was known of the folders above may be old.
+        return trusted ? Walk(folder, true) : std::nullopt;
+      }
+      place.path = entry->isLink ? std::move(entry->target) : std::move(entry->place);
+      Remember(path, place);
     }
-    place.path = entry->isLink ? std::move(entry->target) : std::move(entry->place);
     done = end;
-    Remember(folder.substr(0, done), place);
   }
   return place;
 }
@@ -187,17 +190,6 @@ std::optional<HostPlace> HostPathResolver::Guess(StringView path) {
   if (!spelled) return std::nullopt;
   place->path = JoinHost(place->path, *spelled);
   return place;
-}
-
-bool HostPathResolver::LeadsBack(StringView folder, std::string_view target) {
-  const Absolute full(folder);
-  for (StringView above = WithoutSeparator(full.Text()); !above.empty();) {
-    const std::optional<HostPlace> place = FindFolder(String(above) + u'\\');
-    if (place && LiesWithin(place->path, target)) return true;
-    const std::size_t last = above.rfind(u'\\');
-    above = above.substr(0, last == StringView::npos ? 0 : last);
-  }
-  return false;
 }
 
 }  // namespace norvo

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <vector>
 
 #include "platform/hosted/DriveMap.h"
 #include "platform/hosted/FolderListing.h"
@@ -46,10 +47,6 @@ class HostPathResolver {
   /// folder does not exist or the name can be no name. What stands there may be missing, spelled
   /// otherwise, or a link.
   std::optional<HostPlace> Guess(StringView path);
-
-  /// True when a link in the folder that leads to `target` leads back to a folder on the path's own
-  /// way, so that a walk through all folders would never end.
-  bool LeadsBack(StringView folder, std::string_view target);
 
   /// `errno` of the look-up that ended the last search in vain.
   int Reason() const { return reason_; }

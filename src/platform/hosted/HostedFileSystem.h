@@ -24,6 +24,8 @@ class HostedFileSystem final : public FileSystem {
   void DeleteFile(StringView path, bool force) override;
   std::unique_ptr<BinaryFile> OpenForReading(StringView path) override;
   std::unique_ptr<AppendFile> OpenForAppending(StringView path, bool create) override;
+  /// Links to files are listed as files. Links to folders are left out, so that a walk through all
+  /// folders ends; a path that names such a link leads into its folder all the same.
   std::vector<FolderItem> ListFolder(StringView path, std::span<const StringView> endings) override;
   String AbsolutePathName(StringView path) override;
   DriveType TypeOfDrive(StringView path) override;

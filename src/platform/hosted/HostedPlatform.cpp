@@ -5,7 +5,6 @@
 #include <cerrno>
 #include <iostream>
 #include <utility>
-#include <vector>
 
 #include "automation/RunTimeError.h"
 #include "platform/hosted/DriveMap.h"
@@ -22,6 +21,10 @@ namespace {
 
 // Warnings that wait for somebody to be told; more would tell nothing new.
 constexpr std::size_t kMostWaiting = 1000;
+
+// Drives and shell folders fill a few hundred lines at most; what is larger was put there by
+// mistake, and would be held in memory as a whole.
+constexpr std::size_t kMostSettingsBytes = std::size_t{16} * 1024 * 1024;
 
 class StandardErrorBox final : public MessageBox {
  public:
@@ -67,7 +70,13 @@ IniDocument ReadSettings(const std::filesystem::path& path) {
   if (!file.IsOpen() && errno == ENOENT) return {};
   const String shown = FromUtf8Lossy(path.string());
   if (!file.IsOpen()) RaiseHostError(errno, Subject::File, shown);
-  const std::optional<std::string> bytes = ReadToEnd(file);
+  const std::optional<HostFacts> facts = LookUp(file);
+  if (!facts) RaiseHostError(errno, Subject::File, shown);
+  // A pipe might be waited for, and a device need not end.
+  if (facts->kind != HostFacts::Kind::File) {
+    RaiseHostError(EINVAL, Subject::File, shown + u" is no file");
+  }
+  const std::optional<std::string> bytes = ReadToEnd(file, kMostSettingsBytes);
   if (!bytes) RaiseHostError(errno, Subject::File, shown);
   if (DetectEncoding(*bytes) == FileEncoding::CodePage) {
     if (const std::optional<String> text = FromUtf8(*bytes)) return IniDocument(*text);
@@ -124,6 +133,14 @@ void HostedPlatform::SetMessageBox(MessageBox& messages) {
 
 void HostedPlatform::SetWarningSink(std::function<void(StringView)> sink) {
   parts_->warnings.SetSink(std::move(sink));
+}
+
+std::vector<HostedDrive> HostedPlatform::DriveFolders() const {
+  std::vector<HostedDrive> folders;
+  for (const Drive& each : parts_->drives.List()) {
+    folders.push_back({each.letter, each.type, parts_->drives.Find(each.letter)->Folder()});
+  }
+  return folders;
 }
 
 FileSystem& HostedPlatform::Files() {

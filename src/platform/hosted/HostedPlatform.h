@@ -3,10 +3,19 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <vector>
 
+#include "services/FileSystem.h"
 #include "services/Platform.h"
 
 namespace norvo {
+
+/// A drive of a machine that is held in a folder.
+struct HostedDrive {
+  char16_t letter = u'C';  ///< upper case
+  DriveType type = DriveType::Unknown;
+  std::filesystem::path folder;  ///< holds the drive's contents; missing while nothing is inserted
+};
 
 /// A Windows machine that is held in a folder: its drives are folders, its registry is a text file
 /// ("registry.reg"), and an optional "machine.ini" tells the types and places of the drives and the
@@ -21,7 +30,11 @@ class HostedPlatform final : public Platform {
   void SetMessageBox(MessageBox& messages);
   /// Is told, one line each, what is odd about the machine, such as names that no Windows path can
   /// express; also what was found before the call. Until it is set nobody is told.
-  void SetWarningSink(std::function<void(StringView)> sink);
+  void SetWarningSink(std::function<void(StringView)> sink) override;
+
+  /// The drives as the machine's settings or else its folders gave them when it was opened, in the
+  /// order of their letters.
+  std::vector<HostedDrive> DriveFolders() const;
 
   FileSystem& Files() override;
   norvo::Registry& Registry() override;

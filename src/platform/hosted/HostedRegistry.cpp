@@ -16,6 +16,9 @@ constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kOldHeader = "REGEDIT4";
 constexpr StringView kMachineClasses = u"SOFTWARE\\Classes\\";
 
+// The text is held in memory as a whole; a full Windows registry takes a fraction of this.
+constexpr std::size_t kMostBytes = std::size_t{512} * 1024 * 1024;
+
 /// Where a key of the classes root stands when the text holds the machine's part only.
 String InMachineClasses(StringView key) {
   return String(kMachineClasses).append(key);
@@ -74,14 +77,18 @@ bool HostedRegistry::ReadBytes(std::string& bytes) {
   const HostFile file(::open(file_.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   facts_ = file.IsOpen() ? LookUp(file) : std::nullopt;
   if (!file.IsOpen()) return errno == ENOENT;
-  std::optional<std::string> read;
-  if (facts_ && facts_->kind == HostFacts::Kind::File) read = ReadToEnd(file);
+  if (!facts_ || facts_->kind != HostFacts::Kind::File) return false;
+  std::optional<std::string> read = ReadToEnd(file, kMostBytes);
+  if (!read && errno == ENOMEM) {
+    RaiseHostError(ENOMEM, Subject::File, FromUtf8Lossy(file_.string()));
+  }
   if (!read) return false;
   bytes = std::move(*read);
   return true;
 }
 
 void HostedRegistry::Load() {
+  text_.reset();  // what was read before is not to be written when the reading raises
   std::string bytes;
   usable_ = ReadBytes(bytes);
   encoding_ = {};
@@ -105,15 +112,16 @@ void HostedRegistry::LoadAnewIfChanged() {
 }
 
 bool HostedRegistry::Save() {
-  const String text = text_->Text();
+  String text = text_->Text();
   if (encoding_.kind == Encoding::Kind::CodePage && !Windows1252().Fits(text)) {
     encoding_ = {};  // no character is given up for the sake of the old encoding
     text_->UpgradeHeader();
+    text = text_->Text();
   }
   const std::string name = file_.filename().string();
   const HostFile folder = OpenRoot(file_.parent_path().string());
   const bool saved =
-      folder.IsOpen() && ReplaceFile(folder.Get(), name, Encode(text_->Text(), encoding_)) == 0;
+      folder.IsOpen() && ReplaceFile(folder.Get(), name, Encode(text, encoding_)) == 0;
   facts_ = LookUp(AT_FDCWD, file_.string());
   if (!saved) text_.reset();  // what is in the file holds
   return saved;

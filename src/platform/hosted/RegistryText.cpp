@@ -10,6 +10,11 @@ namespace {
 constexpr StringView kHeader = u"Windows Registry Editor Version 5.00";
 constexpr StringView kOldHeader = u"REGEDIT4";
 
+// The two limits are those of Windows, so that no registry that was exported there has more; they
+// also bound what one line of a hostile text can cost.
+constexpr std::size_t kMostKeyLevels = 512;
+constexpr std::size_t kLongestKeyName = 255;
+
 struct HiveName {
   StringView name;
   Hive hive;
@@ -46,9 +51,26 @@ StringView WithoutTrailingSeparator(StringView key) {
   return key;
 }
 
+/// Takes the first name off a key's path.
+StringView TakeName(StringView& key) {
+  const StringView name = key.substr(0, key.find(u'\\'));
+  key.remove_prefix(std::min(name.size() + 1, key.size()));
+  return name;
+}
+
+/// True when a registry can hold a key as deep, and with names as long.
+bool IsWithinLimits(StringView key) {
+  std::size_t levels = 0;
+  while (!key.empty()) {
+    if (TakeName(key).size() > kLongestKeyName || ++levels > kMostKeyLevels) return false;
+  }
+  return true;
+}
+
 /// True when a section can carry the key's name.
 bool IsWritableKey(StringView key) {
-  return !key.empty() && key.front() != u'\\' && key.find(u"\\\\") == StringView::npos &&
+  return IsWithinLimits(key) && !key.empty() && key.front() != u'\\' &&
+         key.find(u"\\\\") == StringView::npos &&
          std::none_of(key.begin(), key.end(), [](char16_t unit) { return unit < 0x20; });
 }
 
@@ -106,28 +128,34 @@ void RegistryText::AddSection(StringView header, StringView text) {
   const StringView hiveName = path.substr(0, path.find(u'\\'));
   for (const HiveName& row : kHiveNames) {
     if (!EqualsIgnoreCase(row.name, hiveName)) continue;
-    const StringView key = path.substr(std::min(hiveName.size() + 1, path.size()));
-    AddKey(row.hive, WithoutTrailingSeparator(key)).sections.push_back(sections_.size() - 1);
+    const StringView key =
+        WithoutTrailingSeparator(path.substr(std::min(hiveName.size() + 1, path.size())));
+    if (IsWithinLimits(key)) AddKey(row.hive, key).sections.push_back(sections_.size() - 1);
   }
 }
 
 /// Adds the key, and those above it, which exist with it.
 RegistryText::Key& RegistryText::AddKey(Hive hive, StringView key) {
-  Keys& keys = keys_[static_cast<std::size_t>(hive)];
-  const auto found = keys.find(key);
-  if (found != keys.end()) return found->second;
-  for (StringView above = key; !above.empty();) {
-    const std::size_t last = above.rfind(u'\\');
-    above = WithoutTrailingSeparator(above.substr(0, last == StringView::npos ? 0 : last));
-    if (!keys.try_emplace(String(above)).second) break;
+  Key* at = &hives_[static_cast<std::size_t>(hive)];
+  while (!key.empty()) {
+    const StringView name = TakeName(key);
+    auto found = at->below.find(name);
+    if (found == at->below.end()) {
+      found = at->below.emplace(name, std::make_unique<Key>()).first;
+    }
+    at = found->second.get();
   }
-  return keys[String(key)];
+  return *at;
 }
 
 const RegistryText::Key* RegistryText::FindKey(Hive hive, StringView key) const {
-  const Keys& keys = keys_[static_cast<std::size_t>(hive)];
-  const auto found = keys.find(WithoutTrailingSeparator(key));
-  return found == keys.end() ? nullptr : &found->second;
+  const Key* at = &hives_[static_cast<std::size_t>(hive)];
+  for (key = WithoutTrailingSeparator(key); !key.empty();) {
+    const auto found = at->below.find(TakeName(key));
+    if (found == at->below.end()) return nullptr;
+    at = found->second.get();
+  }
+  return at;
 }
 
 bool RegistryText::KeyExists(Hive hive, StringView key) const {

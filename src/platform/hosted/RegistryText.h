@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -14,7 +15,8 @@ namespace norvo {
 /// The text form in which the Windows registry editor exports and imports a registry. What is not
 /// changed through this class (comments, deletions, values of other types, lines that nobody
 /// knows) comes out as it went in. Names are matched without regard to case; of two equal values
-/// the last holds, as an import would leave it.
+/// the last holds, as an import would leave it. A section whose key lies deeper, or has a longer
+/// name, than a registry can hold is no key, but comes out as well.
 class RegistryText {
  public:
   /// An empty registry.
@@ -53,11 +55,13 @@ class RegistryText {
     std::size_t data = 0;   // behind the "="
   };
   using Values = std::unordered_map<String, Location, CaselessHash, CaselessEqual>;
+  struct Key;
+  using Keys = std::unordered_map<String, std::unique_ptr<Key>, CaselessHash, CaselessEqual>;
   struct Key {
+    Keys below;  // by the last name
     std::vector<std::size_t> sections;
     mutable std::optional<Values> values;  // found when the key is first read
   };
-  using Keys = std::unordered_map<String, Key, CaselessHash, CaselessEqual>;
 
   void Parse();
   void AddSection(StringView header, StringView text);
@@ -69,7 +73,7 @@ class RegistryText {
   String original_;
   StringView lineEnd_ = u"\r\n";
   std::vector<Section> sections_;
-  Keys keys_[3];  // by hive
+  Key hives_[3];  // by hive
   bool valid_ = true;
 };
 

@@ -19,6 +19,18 @@ class HostedFileSystemTest : public TestMachine {
     std::sort(names.begin(), names.end());
     return names;
   }
+
+  struct Counter final : ScanVisitor {
+    bool EnterFolder(StringView) override { return ++folders < 1000; }
+    void VisitFile(StringView, StringView) override { ++files; }
+    void CannotList(StringView, StringView) override { ++failures; }
+    int folders = 0, files = 0, failures = 0;
+  };
+  Counter Scan() {
+    Counter counter;
+    Machine().Scanner()->Scan({}, counter);
+    return counter;
+  }
 };
 
 using Names = std::vector<std::string>;
@@ -78,12 +90,14 @@ TEST_F(HostedFileSystemTest, NamesThatNoPathCanExpressCostOneWarningEach) {
   EXPECT_EQ(warnings_.size(), 4u) << "the same names are not reported again";
 }
 
-TEST_F(HostedFileSystemTest, LinksAreListedByWhatTheyLeadTo) {
+TEST_F(HostedFileSystemTest, LinksToFilesAreListedAndLinksToFoldersAreNot) {
   Put(Host("C/real/a.mp3"), "");
   std::filesystem::create_directory_symlink("real", Host("C/alias"));
   std::filesystem::create_symlink("real/a.mp3", Host("C/b.mp3"));
   std::filesystem::create_symlink("nowhere", Host("C/dangling"));
-  EXPECT_EQ(List(u"C:\\"), (Names{"alias/", "b.mp3", "real/"}));
+  EXPECT_EQ(List(u"C:\\"), (Names{"b.mp3", "real/"}));
+  EXPECT_EQ(List(u"C:\\", {u".m3u"}), Names{"real/"});
+  EXPECT_EQ(List(u"C:\\alias"), Names{"a.mp3"}) << "a path still leads through the link";
 }
 
 TEST_F(HostedFileSystemTest, LinksToFoldersAboveEndAScan) {
@@ -93,16 +107,26 @@ TEST_F(HostedFileSystemTest, LinksToFoldersAboveEndAScan) {
   std::filesystem::create_directory_symlink(".", Host("C/here"));
   std::filesystem::create_directory_symlink("../../b", Host("C/a/x/to-b"));
   std::filesystem::create_directory_symlink("../../a", Host("C/b/y/to-a"));
-  struct Counter final : ScanVisitor {
-    bool EnterFolder(StringView) override { return ++folders < 1000; }
-    void VisitFile(StringView, StringView) override { ++files; }
-    void CannotList(StringView, StringView) override { ++failures; }
-    int folders = 0, files = 0, failures = 0;
-  } counter;
-  Machine().Scanner()->Scan({}, counter);
-  EXPECT_EQ(counter.folders, 9);
-  EXPECT_EQ(counter.files, 4);
+  const Counter counter = Scan();
+  EXPECT_EQ(counter.folders, 5);
+  EXPECT_EQ(counter.files, 2);
   EXPECT_EQ(counter.failures, 0);
+}
+
+TEST_F(HostedFileSystemTest, FoldersThatLinkToEachOtherAreScannedOnceEach) {
+  const std::string names[] = {"a", "b", "c"};
+  for (const std::string& name : names) {
+    Put(Host("C/" + name + "/1.mp3"), "");
+    for (const std::string& other : names) {
+      if (other == name) continue;
+      std::filesystem::create_directory_symlink("../" + other, Host("C/" + name + "/to-" + other));
+    }
+  }
+  const Counter counter = Scan();
+  EXPECT_EQ(counter.folders, 4);
+  EXPECT_EQ(counter.files, 3);
+  EXPECT_EQ(counter.failures, 0);
+  EXPECT_EQ(NameOf(u"C:\\a\\to-b\\to-c\\1.mp3"), "1.mp3");
 }
 
 TEST_F(HostedFileSystemTest, CreatesOneFolderAsItIsSpelled) {
@@ -236,6 +260,20 @@ TEST_F(HostedFileSystemTest, LocalDatesCountDaysFromTheEndOf1899) {
   EXPECT_DOUBLE_EQ(Files().LocalDate(-2209161600 - 86400 + 11 * 3600).days, -1.25);
   old == nullptr ? ::unsetenv("TZ") : ::setenv("TZ", kept.c_str(), 1);
   ::tzset();
+}
+
+TEST_F(HostedFileSystemTest, WhatAStoppedWriteLeftBehindIsTakenOverByTheNextOne) {
+  const auto names = [this] {
+    std::vector<std::string> found;
+    for (const auto& entry : std::filesystem::directory_iterator(Host("C"))) {
+      found.push_back(entry.path().filename().string());
+    }
+    return found;
+  };
+  Put(Host("C/.norvo-" + std::to_string(std::hash<std::string_view>()("Mix.ini")) + ".tmp"), "old");
+  Machine().Settings().Write(u"C:\\Mix.ini", "new");
+  EXPECT_EQ(names(), std::vector<std::string>{"Mix.ini"});
+  EXPECT_EQ(Get(Host("C/Mix.ini")), "new");
 }
 
 }  // namespace

@@ -65,6 +65,54 @@ TEST_F(HostedPlatformTest, TheSettingsNameDrivesTypesAndPlaces) {
   EXPECT_NE(warnings_[0].find("floppy"), std::string::npos);
 }
 
+TEST_F(HostedPlatformTest, TellsWhichFolderHoldsEachDrive) {
+  const auto folders = [](const HostedPlatform& platform) {
+    std::string list;
+    for (const HostedDrive& drive : platform.DriveFolders()) {
+      list += static_cast<char>(drive.letter) + std::to_string(static_cast<int>(drive.type)) + "=" +
+              drive.folder.string() + ";";
+    }
+    return list;
+  };
+  std::filesystem::create_directories(Host("d"));
+  const std::string c = "C2=" + Host("C").string() + ";";
+  EXPECT_EQ(folders(Machine()), c + "D2=" + Host("d").string() + ";");
+  const std::string disc = Outside("disc").string();
+  Put(Host("machine.ini"), "[Drives]\nN=network,shares\nE=cdrom," + disc + "\nC=fixed\n");
+  Restart();
+  EXPECT_EQ(folders(Machine()), c + "E4=" + disc + ";N3=" + Host("shares").string() + ";");
+}
+
+TEST_F(HostedPlatformTest, SettingsThatAreNoFileAreRefusedByName) {
+  ASSERT_EQ(::mkfifo(Host("machine.ini").c_str(), 0666), 0);
+  try {
+    Machine();
+    FAIL() << "a pipe";
+  } catch (const RunTimeError& failure) {
+    EXPECT_EQ(failure.Number(), 75);
+    EXPECT_NE(failure.Description().find(u"machine.ini is no file"), String::npos);
+  }
+  std::filesystem::remove(Host("machine.ini"));
+  std::filesystem::create_symlink("/dev/zero", Host("machine.ini"));
+  EXPECT_EQ(ErrorOf([&] { Machine(); }), 75);
+}
+
+TEST_F(HostedPlatformTest, SettingsThatAreTooLargeAreRefusedByName) {
+  constexpr std::uintmax_t kMost = 16 * 1024 * 1024;
+  Put(Host("machine.ini"), "[Drives]\nC=cdrom\n");
+  std::filesystem::resize_file(Host("machine.ini"), kMost);
+  EXPECT_EQ(DriveList(), "C4");
+  std::filesystem::resize_file(Host("machine.ini"), kMost + 1);
+  Restart();
+  try {
+    Machine();
+    FAIL() << "one byte too many";
+  } catch (const RunTimeError& failure) {
+    EXPECT_EQ(failure.Number(), 7);
+    EXPECT_NE(failure.Description().find(u"machine.ini"), String::npos);
+  }
+}
+
 TEST_F(HostedPlatformTest, ADiscThatIsInsertedLaterIsSeen) {
   Put(Host("machine.ini"), "[Drives]\nC=fixed\nD=cdrom\n");
   EXPECT_FALSE(Files().FolderExists(u"D:\\"));
@@ -72,7 +120,7 @@ TEST_F(HostedPlatformTest, ADiscThatIsInsertedLaterIsSeen) {
   EXPECT_EQ(NameOf(u"D:\\a.mp3"), "a.mp3");
 }
 
-TEST_F(HostedPlatformTest, ShellFolders) {
+TEST_F(HostedPlatformTest, TheSettingsPlaceTheShellsFolders) {
   EXPECT_FALSE(Machine().Shell().FolderPath(5));
   EXPECT_EQ(Machine().Shell().SpecialFolderPath(5), u"C:\\My Documents");
   EXPECT_EQ(Machine().Shell().SpecialFolderPath(13), u"");
@@ -83,7 +131,7 @@ TEST_F(HostedPlatformTest, ShellFolders) {
   EXPECT_EQ(DriveList(), "C2") << "settings without drives leave the folders as drives";
 }
 
-TEST_F(HostedPlatformTest, ProductFacts) {
+TEST_F(HostedPlatformTest, TheRegistryNamesTheProductAndItsFolder) {
   EXPECT_EQ(Machine().Product().BaseKey(), u"SOFTWARE\\Norvo\\Migration");
   EXPECT_EQ(Machine().Product().Folder(), u"C:\\Norvo\\");
   EXPECT_EQ(Machine().Product().Name(), u"");

@@ -202,6 +202,55 @@ TEST_F(HostedRegistryTest, NamesThatTheFormCannotHoldAreRefused) {
   EXPECT_EQ(File(), before);
 }
 
+String Levels(int count) {
+  String key = u"a";
+  for (int i = 1; i < count; ++i) key += u"\\a";
+  return key;
+}
+
+TEST_F(HostedRegistryTest, AKeyLiesAtMost512LevelsDeep) {
+  const std::string deepest = ToUtf8(Levels(512));
+  const std::string text = std::string(kHeader) + "[HKCU\\" + deepest + "\\]\r\n\"d\"=\"512\"\r\n" +
+                           "[HKLM\\" + deepest + "\\b]\r\n\"d\"=\"513\"\r\n[HKCU\\K]\r\n";
+  Registry(text);
+  EXPECT_EQ(Show(Hive::CurrentUser, Levels(512), u"d"), "text 512");
+  EXPECT_TRUE(Machine().Registry().KeyExists(Hive::CurrentUser, Levels(511)));
+  EXPECT_EQ(Show(Hive::LocalMachine, Levels(512) + u"\\b", u"d"), "(none)");
+  EXPECT_FALSE(Machine().Registry().KeyExists(Hive::LocalMachine, u"a"));
+  EXPECT_FALSE(Machine().Registry().CreateKey(Hive::LocalMachine, Levels(513)));
+  ASSERT_TRUE(Write(u"n", 1));
+  EXPECT_EQ(File(), text + "\"n\"=dword:00000001\r\n") << "what is no key comes out as well";
+  EXPECT_TRUE(Machine().Registry().CreateKey(Hive::LocalMachine, Levels(512)));
+  EXPECT_TRUE(Machine().Registry().KeyExists(Hive::LocalMachine, Levels(512)));
+}
+
+TEST_F(HostedRegistryTest, AKeysNameHasAtMost255Characters) {
+  const String most(255, u'n');
+  const String more(256, u'n');
+  const std::string text = std::string(kHeader) + "[HKCU\\K\\" + ToUtf8(most) +
+                           "]\r\n\"d\"=\"255\"\r\n[HKCU\\" + ToUtf8(more) +
+                           "\\K]\r\n\"d\"=\"256\"\r\n[HKCU\\K]\r\n";
+  Registry(text);
+  EXPECT_EQ(Show(Hive::CurrentUser, u"K\\" + most, u"d"), "text 255");
+  EXPECT_EQ(Show(Hive::CurrentUser, more + u"\\K", u"d"), "(none)");
+  EXPECT_FALSE(Machine().Registry().KeyExists(Hive::CurrentUser, more));
+  EXPECT_FALSE(Machine().Registry().CreateKey(Hive::CurrentUser, u"K\\" + more));
+  ASSERT_TRUE(Write(u"n", 1));
+  EXPECT_EQ(File(), text + "\"n\"=dword:00000001\r\n") << "what is no key comes out as well";
+  EXPECT_TRUE(Machine().Registry().CreateKey(Hive::LocalMachine, most));
+}
+
+TEST_F(HostedRegistryTest, AFileThatIsTooLargeRaisesOutOfMemoryAndIsLeftAlone) {
+  Registry(std::string(kHeader) + "[HKCU\\K]\r\n");
+  EXPECT_EQ(User(u"a"), "(none)");
+  constexpr std::uintmax_t kMore = std::uintmax_t{512} * 1024 * 1024 + 1;
+  std::filesystem::resize_file(Host("registry.reg"), kMore);  // takes no room on the disk
+  EXPECT_EQ(ErrorOf([&] { Write(u"a", 1); }), 7);
+  EXPECT_EQ(ErrorOf([&] { Write(u"a", 1); }), 7) << "what was read before is not written over it";
+  EXPECT_EQ(ErrorOf([&] { User(u"a"); }), 7);
+  EXPECT_EQ(std::filesystem::file_size(Host("registry.reg")), kMore);
+}
+
 TEST_F(HostedRegistryTest, WhatSomebodyElseWroteMeanwhileIsNotLost) {
   Registry(std::string(kHeader) + "[HKCU\\K]\r\n");
   EXPECT_EQ(User(u"other"), "(none)");

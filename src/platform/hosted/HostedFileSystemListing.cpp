@@ -79,10 +79,9 @@ std::vector<FolderItem> HostedFileSystem::ListFolder(StringView path,
   for (const std::string& name : links) {
     const std::optional<HostEntry> entry =
         HostPathResolver::FollowLink(*place.drive, JoinHost(place.path, name));
-    if (!entry || entry->facts.kind == HostFacts::Kind::Other) continue;
-    const bool isFolder = entry->facts.kind == HostFacts::Kind::Folder;
-    // A link to a folder above is left out: who walks through all folders would never come back.
-    if (!isFolder || !resolver_.LeadsBack(path, entry->target)) add(name, isFolder);
+    // The folder that a link leads to lies on the same drive and is met there under its own path:
+    // who walks through all folders comes to each of them once, however the links cross.
+    if (entry && entry->facts.kind == HostFacts::Kind::File) add(name, false);
   }
   for (const std::string& name : odd) WarnOfName(path, name);
   return items;
