@@ -16,7 +16,7 @@ class TagCache {
   std::optional<AudioTag> Find(StringView path, const FileStamp& stamp) const;
   void Keep(StringView path, const FileStamp& stamp, const AudioTag& tag);
 
-  static constexpr std::size_t kMostTags = 16384;
+  static constexpr std::size_t kMostTags = 32768;
   /// Tags with more text are not kept; ordinary ones have about a tenth of it.
   static constexpr std::size_t kLongestText = 1024;
 
