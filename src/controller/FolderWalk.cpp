@@ -1,23 +1,16 @@
 #include "controller/FolderWalk.h"
 
-#include <algorithm>
-
 #include "automation/RunTimeError.h"
+#include "controller/ScanRules.h"
 #include "services/FolderScanner.h"
 #include "services/Logging.h"
 #include "services/Utility.h"
 #include "text/Number.h"
-#include "text/Wildcard.h"
 
 namespace norvo {
 namespace {
 
 constexpr StringView kPlaylistPatterns = u"*.asx,*.m3u,*.pls";
-
-bool MatchesAny(StringView name, std::span<const StringView> patterns) {
-  return std::any_of(patterns.begin(), patterns.end(),
-                     [name](StringView pattern) { return Matches(name, pattern, Compare::Text); });
-}
 
 bool IsSkippedByGetFolders(StringView name) {
   constexpr StringView kSkipped[] = {u".", u"..", u"Temporary Internet Files", u"Recycle*"};
@@ -28,16 +21,6 @@ bool IsSkippedBySearch(StringView name) {
   constexpr StringView kSkipped[] = {u"Temporary Internet Files", u"Recycler", u"Recycled",
                                      u"System Volume Information"};
   return MatchesAny(name, kSkipped);
-}
-
-std::vector<StringView> SplitPatterns(StringView list) {
-  std::vector<StringView> patterns;
-  for (std::size_t comma = list.find(u','); comma != StringView::npos; comma = list.find(u',')) {
-    patterns.push_back(list.substr(0, comma));
-    list.remove_prefix(comma + 1);
-  }
-  patterns.push_back(list);
-  return patterns;
 }
 
 /// Lists one folder into `found` and gives the sub-folders to enter, in order.

@@ -1,15 +1,18 @@
 #include "controller/HelperMan.h"
 
-#include <algorithm>
+#include <vector>
 
 #include "automation/RunTimeError.h"
 #include "controller/FolderWalk.h"
+#include "controller/GenericCollector.h"
 #include "controller/HeaderSniffer.h"
+#include "controller/MediaSearch.h"
+#include "controller/PlayerFolders.h"
+#include "controller/ScanRules.h"
 #include "services/DataCop.h"
 #include "services/Logging.h"
 #include "services/NVServices.h"
 #include "services/Utility.h"
-#include "text/Wildcard.h"
 #include "text/WindowsPath.h"
 #include "writers/GenericNaming.h"
 
@@ -17,16 +20,11 @@ namespace norvo {
 namespace {
 
 constexpr std::int32_t kCollectMode = 0;
+constexpr std::int32_t kRestoreMode = 1;
+constexpr std::int32_t kDocuments = 5;
 
 bool IsM3uOrAsx(StringView extension) {
   return EqualsIgnoreCase(extension, u"asx") || EqualsIgnoreCase(extension, u"m3u");
-}
-
-bool IsSkippedFolder(StringView name) {
-  constexpr StringView kSkipped[] = {u"System Volume Information*", u"*Recycle*",
-                                     u"*Temporary Internet Files*"};
-  return std::any_of(std::begin(kSkipped), std::end(kSkipped),
-                     [name](StringView pattern) { return Matches(name, pattern, Compare::Text); });
 }
 
 /// Takes each playlist file that a drive scan reports.
@@ -42,7 +40,9 @@ class PlaylistVisitor final : public ScanVisitor {
   }
 
   void VisitFile(StringView folder, StringView name) override {
-    take_(Utility::AddBackslash(folder) + String(name));
+    const String path = Utility::AddBackslash(folder) + String(name);
+    component_.Watcher().OnPlaylistFile(path);
+    take_(path);
   }
 
   void CannotList(StringView folder, StringView reason) override {
@@ -80,16 +80,44 @@ bool HelperMan::GenericQueue(std::int32_t mode) {
     Guarded([&] {
       WriteLog(component_, u"Retrieving List of PlayLists Found");
       const std::vector<String> paths = list_ ? list_->Consume() : std::vector<String>();
-      if (mode != kCollectMode) return;
-      for (std::size_t i = 0; i < paths.size(); ++i) {
-        if (ConvertOne(paths[i], i + 1, paths.size())) processed = true;
-      }
-      UpdateTotalFileSize();
+      if (mode == kCollectMode) ConvertListed(paths, processed);
+      if (mode == kRestoreMode) RestoreAll(processed);
     });
   } catch (const RunTimeError& failure) {
     WriteLog(component_, u"HelperMan::Generic Queue->Error Thrown " + failure.Description());
   }
   return processed;
+}
+
+void HelperMan::ConvertListed(const std::vector<String>& paths, bool& processed) {
+  for (std::size_t i = 0; i < paths.size(); ++i) {
+    if (ConvertOne(paths[i], i + 1, paths.size())) processed = true;
+  }
+  UpdateTotalFileSize();
+}
+
+void HelperMan::RestoreAll(bool& processed) {
+  const String documents = NVServices::GetCSIDLPath(component_, kDocuments);
+  if (documents.empty()) return;
+  std::vector<String> files = CollectGenericFiles(component_, documents);
+  std::erase_if(
+      files, [this](const String& path) { return !component_.Watcher().WantsGenericFile(path); });
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    RestoreOne(files[i], i + 1, files.size());
+    processed = true;
+  }
+  SetPlayerPlayListFolders(component_);
+}
+
+void HelperMan::RestoreOne(const String& path, std::size_t position, std::size_t count) {
+  Observer& watcher = component_.Watcher();
+  watcher.OnPlaylistBegin(path, position, count);
+  PlayList playlist(component_);
+  // Both results are false whatever happens, and tell nothing.
+  playlist.ReadGeneric(path);
+  playlist.WriteRawPlayList();
+  watcher.OnPlaylistEnd(path, playlist.PlayListType(), PlaylistOutcome::Restored,
+                        static_cast<std::size_t>(playlist.PlayListEntries()->TotalSongs()), path);
 }
 
 bool HelperMan::ConvertOne(const String& path, std::size_t position, std::size_t count) {
@@ -215,7 +243,10 @@ void HelperMan::ScanDrives() {
   }
   for (const Drive& drive : NVServices::GetPartitionList(component_)) {
     if (drive.type != DriveType::Fixed) continue;
-    for (const String& path : SearchDrive(component_, drive.letter)) add(path);
+    for (const String& path : SearchDrive(component_, drive.letter)) {
+      component_.Watcher().OnPlaylistFile(path);
+      add(path);
+    }
   }
 }
 
@@ -236,6 +267,12 @@ bool HelperMan::UpdateTotalFileSize() {
   }
 }
 
+bool HelperMan::MigrateMediaByType(const String& mediaTypes) {
+  WriteLog(component_, u"Starting Scan For Media...");
+  Guarded([&] { SearchMedia(component_, mediaTypes); });
+  return true;
+}
+
 String HelperMan::DataGrabber(const String&, const String&, const String&) {
   return {};
 }
@@ -252,6 +289,7 @@ const MemberTable& HelperMan::Interface() {
           Method<&H::ParseM3UHeader>(u"ParseM3UHeader", {In(u"Path")}),
           Method<&H::GetAllPlaylists>(u"GetAllPlaylists"),
           Method<&H::UpdateTotalFileSize>(u"UpdateTotalFileSize"),
+          Method<&H::MigrateMediaByType>(u"MigrateMediaByType", {ByRef(u"MediaTypes")}),
           Method<&H::DataGrabber>(u"DataGrabber",
                                   {ByRef(u"FileName"), ByRef(u"header"), ByRef(u"listKeys")}),
       });

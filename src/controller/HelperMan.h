@@ -10,13 +10,14 @@
 namespace norvo {
 
 /// The controller: finds the machine's playlists and converts them, one after the other. Its
-/// public operations never raise.
+/// public operations never raise, but for the search for media files.
 class HelperMan final : public TableObject {
  public:
   explicit HelperMan(Component& component);
 
-  /// Mode 0 turns every listed playlist into a generic file, and consumes the list. True when at
-  /// least one playlist was processed. Every other mode consumes the list and does nothing else.
+  /// Mode 0 turns every listed playlist into a generic file. Mode 1 turns every generic file of the
+  /// user's documents into native playlists, and points the players at them. True when at least
+  /// one playlist was processed. Every mode consumes the list; any other one does nothing else.
   bool GenericQueue(std::int32_t mode);
 
   /// The listed paths, which consumes the list: a second call finds none until the next scan.
@@ -35,6 +36,11 @@ class HelperMan final : public TableObject {
   /// Writes the media byte total under the group's registry key, when that key exists.
   bool UpdateTotalFileSize();
 
+  /// Searches the fixed drives for files that match one of the comma-separated patterns, and
+  /// visits each without doing anything with it: intended. True when the search ran to its end.
+  /// Raises what the search raises.
+  bool MigrateMediaByType(const String& mediaTypes);
+
   /// Does nothing, leaves its arguments and answers with the empty text: intended.
   String DataGrabber(const String& fileName, const String& header, const String& listKeys);
 
@@ -45,6 +51,10 @@ class HelperMan final : public TableObject {
 
  private:
   void StartUp();
+  // Both set `processed` as soon as a playlist was; an error then does not take it back.
+  void ConvertListed(const std::vector<String>& paths, bool& processed);
+  void RestoreAll(bool& processed);
+  void RestoreOne(const String& path, std::size_t position, std::size_t count);
   /// True when the playlist had entries, whatever became of its generic file.
   bool ConvertOne(const String& path, std::size_t position, std::size_t count);
   void Write(PlayList& playlist, const String& path);

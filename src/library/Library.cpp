@@ -1,7 +1,9 @@
 #include "library/Library.h"
 
 #include "controller/HelperMan.h"
+#include "model/ArtistList.h"
 #include "model/AsxEntry.h"
+#include "model/PlayLists.h"
 #include "playlist/PlayList.h"
 
 namespace norvo {
@@ -12,14 +14,23 @@ ObjectRef New(Component& component) {
   return std::make_shared<Class>(component);
 }
 
+/// Of a class that asks nothing of the machine.
+template <class Class>
+ObjectRef NewPlain(Component&) {
+  return std::make_shared<Class>();
+}
+
 constexpr CreatableClass kClasses[] = {
     {u"helperMan", New<HelperMan>},
     {u"PlayList", New<PlayList>},
-    {u"Entries", [](Component&) -> ObjectRef { return std::make_shared<Entries>(); }},
+    {u"PlayLists", New<PlayLists>},
+    {u"Entries", NewPlain<Entries>},
     {u"Entry", New<Entry>},
     {u"AsxEntry", New<AsxEntry>},
     {u"M3UEntry", New<M3UEntry>},
     {u"PlsEntry", New<PlsEntry>},
+    {u"ArtistList", NewPlain<ArtistList>},
+    {u"ArtistItem", NewPlain<ArtistItem>},
 };
 
 }  // namespace

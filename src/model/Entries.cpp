@@ -1,5 +1,7 @@
 #include "model/Entries.h"
 
+#include "automation/RunTimeError.h"
+
 namespace norvo {
 
 void Entries::Add(const ObjectRef& entry) {
@@ -11,29 +13,11 @@ void Entries::Add(const ObjectRef& entry) {
         entry->Get(kType);  // read once more and discarded: a script's object sees two reads
         return;
       }
-      items_.push_back(entry);
+      items_.Append(entry);
     });
   } catch (const RunTimeError&) {
     // What cannot be added leaves no trace.
   }
-}
-
-ObjectRef Entries::Item(std::int32_t index) const {
-  if (index > TotalSongs()) return nullptr;
-  if (index < 1) throw RunTimeError(error::kInvalidArgument);
-  return items_[static_cast<std::size_t>(index) - 1];
-}
-
-bool Entries::Remove(const String& pattern) {
-  const std::int16_t count = Count();
-  for (std::int16_t i = 0; i < count; ++i) {
-    const auto position = items_.begin() + i;
-    if (Like(ToText((*position)->Get(u"Name")), pattern, Compare::Binary)) {
-      items_.erase(position);
-      break;
-    }
-  }
-  return false;
 }
 
 const MemberTable& Entries::Interface() {

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <cstdint>
-#include <vector>
 
 #include "automation/MemberTable.h"
+#include "model/ObjectList.h"
 
 namespace norvo {
 
@@ -11,19 +11,18 @@ namespace norvo {
 class Entries final : public TableObject {
  public:
   /// Error 6 for more than 32767 entries.
-  std::int16_t Count() const { return CountToInt16(items_.size()); }
-  std::int32_t TotalSongs() const { return CountToInt32(items_.size()); }
+  std::int16_t Count() const { return items_.Count16(); }
+  std::int32_t TotalSongs() const { return items_.Count32(); }
 
   /// Appends an object whose `Entry_EntryType`, read by name, equals the collection type. Any
   /// other object, and one that fails, is dropped without a word.
   void Add(const ObjectRef& entry);
 
   /// No object for an index past the end; error 5 for an index below 1.
-  ObjectRef Item(std::int32_t index) const;
+  ObjectRef Item(std::int32_t index) const { return items_.At(index); }
 
-  /// Removes the first item whose `Name`, read by name, matches the pattern. Always false, also
-  /// after a removal; an item without `Name` raises error 438. Both intended.
-  bool Remove(const String& pattern);
+  /// See `ObjectList::RemoveByName`.
+  bool Remove(const String& pattern) { return items_.RemoveByName(pattern); }
 
   std::int32_t CollectionType() const { return collectionType_; }
   void SetCollectionType(std::int32_t value) { collectionType_ = value; }
@@ -34,7 +33,7 @@ class Entries final : public TableObject {
   const MemberTable& Table() const override { return Interface(); }
 
  private:
-  std::vector<ObjectRef> items_;
+  ObjectList items_;
   std::int32_t collectionType_ = 0;
 };
 

@@ -1,12 +1,15 @@
 #include "playlist/PlayList.h"
 
 #include "readers/AsxReader.h"
+#include "readers/GenericReader.h"
 #include "readers/M3uReader.h"
 #include "readers/PlsReader.h"
 #include "services/Logging.h"
 #include "services/NVServices.h"
 #include "text/WindowsPath.h"
 #include "writers/GenericWriter.h"
+#include "writers/NativeNaming.h"
+#include "writers/NativeWriter.h"
 
 namespace norvo {
 
@@ -59,6 +62,18 @@ bool PlayList::WriteGeneric(const String& fileName) {
   return norvo::WriteGeneric(component_, record_, fileName);
 }
 
+bool PlayList::WriteRawPlayList() {
+  return norvo::WriteRawPlayList(component_, record_);
+}
+
+bool PlayList::ReadGeneric(const String& fileName) {
+  return norvo::ReadGeneric(component_, record_, fileName);
+}
+
+String PlayList::GetNewPlayListPath(const String& fileName, std::int32_t type) {
+  return norvo::GetNewPlayListPath(component_, fileName, type);
+}
+
 void PlayList::SetPlayListName(const Variant& value) {
   record_.SetName(ToText(value), NameOrigin::Host);
 }
@@ -75,6 +90,10 @@ const MemberTable& PlayList::Interface() {
           Method<&P::ReadPlayList>(u"ReadPlayList", {ByRef(u"PlayListPath")}),
           Method<&P::WriteGeneric>(u"WriteGeneric", {ByRef(u"FileName")}),
           ReadOnly<&P::PlayListEntries>(u"PlayListEntries"),
+          Method<&P::WriteRawPlayList>(u"WriteRawPlayList"),
+          Method<&P::ReadGeneric>(u"ReadGeneric", {ByRef(u"FileName")}),
+          Method<&P::GetNewPlayListPath>(u"GetNewPlayListPath",
+                                         {In(u"FileName"), ByRef(u"PlsType")}),
           Property<&P::CreationTime, &P::SetCreationTime>(u"CreationTime"),
           Property<&P::PlayListName, &P::SetPlayListName>(u"PlayListName"),
           Property<&P::PlayListType, &P::SetPlayListType>(u"PlayListType"),

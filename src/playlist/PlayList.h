@@ -23,6 +23,15 @@ class PlayList final : public TableObject {
   /// The same collection every time.
   std::shared_ptr<Entries> PlayListEntries() { return record_.entries; }
 
+  /// Writes the playlist as native files of all players; see writers/NativeWriter.h.
+  bool WriteRawPlayList();
+
+  /// Fills the playlist from a generic file; see readers/GenericReader.h.
+  bool ReadGeneric(const String& fileName);
+
+  /// Path of a new native playlist; see writers/NativeNaming.h.
+  String GetNewPlayListPath(const String& fileName, std::int32_t type);
+
   Variant CreationTime() { return record_.creationTime; }
   void SetCreationTime(const Variant& value) { record_.creationTime = ToText(value); }
   Variant PlayListName() { return record_.name; }

@@ -20,6 +20,7 @@ std::optional<ItemResolver::Item> ItemResolver::Judge(FormatEntry& entry, String
   item.status = DataCop::GetGenValue(component_, item.reference, folder_, type, &facts);
   if (type == url_type::kUnusable) {
     WriteLog(component_, String(messages_.fileNotFound) + item.reference);
+    component_.Watcher().OnItem(item.reference, ItemOutcome::Missing);
     return std::nullopt;
   }
   entry.SetUrltype(type);
@@ -30,22 +31,30 @@ std::optional<ItemResolver::Item> ItemResolver::Judge(FormatEntry& entry, String
 void ItemResolver::Complete(const std::shared_ptr<FormatEntry>& entry, const Item& item,
                             StringView info, StringView label) {
   if (ReadExtendedInfo(info, *entry, playlist_.type)) entry->SetHasExtendedInfo(true);
+  component_.Watcher().OnItem(item.reference, AddOrDrop(entry, item, label));
+}
+
+ItemOutcome ItemResolver::AddOrDrop(const std::shared_ptr<FormatEntry>& entry, const Item& item,
+                                    StringView label) {
   switch (item.status) {
     case DataCop::Status::Ok:
-      if (Register(*entry, item.reference, label)) playlist_.entries->Add(entry);
+      if (!Register(*entry, item.reference, label)) return ItemOutcome::NotRegistered;
       break;
     case DataCop::Status::Accepted:
       entry->SetUrltype(url_type::kInternet);
-      playlist_.entries->Add(entry);
       break;
     case DataCop::Status::FileNotFound:
       WriteLog(component_, String(messages_.fileNotFound) + item.reference);
-      break;
+      return ItemOutcome::Missing;
     case DataCop::Status::NotMedia:
+      WriteLog(component_, String(messages_.invalidArgument) + item.reference);
+      return ItemOutcome::NotMedia;
     case DataCop::Status::Empty:
       WriteLog(component_, String(messages_.invalidArgument) + item.reference);
-      break;
+      return ItemOutcome::Empty;
   }
+  playlist_.entries->Add(entry);
+  return ItemOutcome::Kept;
 }
 
 bool ItemResolver::Resolve(const std::shared_ptr<FormatEntry>& entry, StringView reference,

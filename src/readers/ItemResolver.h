@@ -40,6 +40,8 @@ class ItemResolver {
                StringView label);
 
  private:
+  ItemOutcome AddOrDrop(const std::shared_ptr<FormatEntry>& entry, const Item& item,
+                        StringView label);
   bool Register(FormatEntry& entry, const String& path, StringView label);
 
   Component& component_;

@@ -38,9 +38,10 @@ void Deliver(Component& component, StringView message) {
   } else if (log.mode == log_mode::kFile) {
     // Opened and closed for every line, so that each reaches the disk at once and others may read
     // or rotate the file in between.
-    TextWriter(component.Files(), log.productFolder + String(kLogFile), true,
-               component.Machine().AnsiPage())
-        .WriteLine(message);
+    TextWriter file(component.Files(), log.productFolder + String(kLogFile), true,
+                    component.Machine().AnsiPage());
+    file.WriteLine(message);
+    file.Close();
   }
 }
 

@@ -13,7 +13,17 @@ enum class PlaylistOutcome {
   NotWritten,   ///< it has entries, but its generic file could not be written
   Empty,        ///< no entry was kept
   UnknownType,  ///< its first lines tell no type
-  Unreadable    ///< the read failed
+  Unreadable,   ///< the read failed
+  Restored,     ///< a generic file was turned into native playlists
+};
+
+/// What became of one item of a playlist that is being read.
+enum class ItemOutcome {
+  Kept,
+  Missing,       ///< no such file
+  NotMedia,      ///< the file exists, but is no media file to the library
+  Empty,         ///< an empty reference
+  NotRegistered  ///< the media list does not take it
 };
 
 /// Lets a host follow long work. Every call is optional and must not call back into the library.
@@ -23,12 +33,26 @@ class Observer {
   /// Each finished log line, whatever the log switch says.
   virtual void OnLogLine(StringView) {}
   virtual void OnFolder(StringView /*path*/) {}
+  /// The scan has met a playlist file, whether it will list it or not.
+  virtual void OnPlaylistFile(StringView /*path*/) {}
+  /// The search for media files has met one.
+  virtual void OnMediaFile(StringView /*path*/) {}
   /// `position` is 1-based.
   virtual void OnPlaylistBegin(StringView /*path*/, std::size_t /*position*/,
                                std::size_t /*count*/) {}
   /// `kept` counts the playlist's entries; `genericFile` is set when it was written.
   virtual void OnPlaylistEnd(StringView /*path*/, std::int32_t /*type*/, PlaylistOutcome,
                              std::size_t /*kept*/, StringView /*genericFile*/) {}
+  /// The next item of the playlist that is being read; `reference` as it was resolved.
+  virtual void OnItem(StringView /*reference*/, ItemOutcome) {}
+
+  /// Whether the queue shall restore a generic file that it has found.
+  virtual bool WantsGenericFile(StringView /*path*/) { return true; }
+  /// A native playlist is about to be created, and is as whole as it will be.
+  virtual void OnNativeFile(StringView /*path*/, std::int32_t /*type*/) {}
+  virtual void OnNativeFileEnd(StringView /*path*/, bool /*whole*/) {}
+  /// A player was pointed at the folder of its playlists; `place` names the setting.
+  virtual void OnPlayerSetting(StringView /*player*/, StringView /*place*/, StringView /*value*/) {}
 };
 
 }  // namespace norvo

@@ -22,6 +22,12 @@ String DataArea(StringView groupRoot) {
   return groupRoot.empty() ? String() : Utility::AddBackslash(groupRoot) + u"KVs\\";
 }
 
+std::string EncodeSettings(StringView text, const CodePage& page) {
+  const FileEncoding encoding =
+      page.Fits(text) ? FileEncoding::CodePage : FileEncoding::Utf16LittleEndian;
+  return EncodeFile(text, encoding, page);
+}
+
 ProfileFile::~ProfileFile() {
   try {
     Close();
@@ -94,11 +100,8 @@ void ProfileFile::Close() {
   const bool write = open_ && changed_;
   open_ = changed_ = false;
   if (!write) return;
-  const CodePage& page = component_.Machine().AnsiPage();
-  const String text = document_.ToText();
-  const FileEncoding encoding =
-      page.Fits(text) ? FileEncoding::CodePage : FileEncoding::Utf16LittleEndian;
-  component_.Machine().Settings().Write(path_, EncodeFile(text, encoding, page));
+  component_.Machine().Settings().Write(
+      path_, EncodeSettings(document_.ToText(), component_.Machine().AnsiPage()));
 }
 
 void ProfileFile::Abandon() {

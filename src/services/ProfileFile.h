@@ -56,6 +56,9 @@ class ProfileFile {
   bool changed_ = false;
 };
 
+/// Bytes of a settings file with this text, in the encoding that fits it; see `ProfileFile`.
+std::string EncodeSettings(StringView text, const CodePage& page);
+
 /// The data area of a group root: the root + "KVs\", with exactly one backslash between; empty for
 /// an empty root.
 String DataArea(StringView groupRoot);

@@ -1,6 +1,8 @@
 #include "services/TextStream.h"
 
 #include <algorithm>
+#include <exception>
+#include <utility>
 
 #include "automation/RunTimeError.h"
 
@@ -9,6 +11,7 @@ namespace {
 
 // The first piece is enough for the few lines that tell a playlist's kind.
 constexpr std::size_t kFirstPiece = 4096;
+constexpr std::size_t kWrittenPiece = 64 * 1024;
 constexpr std::size_t kLargestPiece = 256 * 1024;
 // No playlist comes near this; a file that only has a playlist's name shall not fill the memory.
 constexpr std::uint64_t kLargestText = 64u * 1024 * 1024;
@@ -118,8 +121,35 @@ void TextStream::Close() {
 TextWriter::TextWriter(FileSystem& files, StringView path, bool create, const CodePage& codePage)
     : file_(files.OpenForAppending(path, create)), codePage_(codePage) {}
 
+TextWriter::~TextWriter() {
+  try {
+    Close();
+  } catch (const std::exception&) {
+    // The last holder has let go; nobody is left to be told.
+  }
+}
+
 void TextWriter::WriteLine(StringView text) {
-  file_->Append(codePage_.Encode(text) + "\r\n");
+  gathered_ += codePage_.Encode(text);
+  gathered_ += "\r\n";
+  if (gathered_.size() >= kWrittenPiece) Flush();
+}
+
+void TextWriter::Flush() {
+  if (gathered_.empty()) return;
+  const std::string piece = std::exchange(gathered_, {});  // what cannot be written is not kept
+  file_->Append(piece);
+}
+
+void TextWriter::Close() {
+  if (!file_) return;
+  try {
+    Flush();
+  } catch (...) {
+    file_.reset();
+    throw;
+  }
+  file_.reset();
 }
 
 std::string ReadWholeFile(BinaryFile& file) {

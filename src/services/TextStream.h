@@ -41,16 +41,27 @@ class TextStream {
   bool exhausted_ = false;
 };
 
-/// A text file open for appending, in the 8-bit code page.
+/// A text file open for appending, in the 8-bit code page. Lines are gathered and written in large
+/// pieces; a line is never torn between two writes.
 class TextWriter {
  public:
   TextWriter(FileSystem& files, StringView path, bool create, const CodePage& codePage);
-  /// The text and CR LF, in one write.
+  /// Writes what is left; an error is lost, so a caller that cares closes first.
+  ~TextWriter();
+  TextWriter(const TextWriter&) = delete;
+  TextWriter& operator=(const TextWriter&) = delete;
+
+  /// Adds the text and CR LF. Raises what `AppendFile::Append` raises when a piece is full.
   void WriteLine(StringView text);
+  /// Writes what is left and closes the file.
+  void Close();
 
  private:
+  void Flush();
+
   std::unique_ptr<AppendFile> file_;
   const CodePage& codePage_;
+  std::string gathered_;
 };
 
 /// All bytes of a file, read in pieces of growing size. Error 7 for a file of more than 64 MiB: no

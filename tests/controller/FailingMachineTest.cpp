@@ -164,6 +164,111 @@ TEST(FailingMachineTest, AControllerIsCreatedOnAMachineThatFails) {
   });
 }
 
+/// What a restoring run tells its host.
+class RestoreFollower final : public Observer {
+ public:
+  void OnLogLine(StringView line) override { told.push_back("log " + Utf8(line)); }
+  void OnPlaylistEnd(StringView path, std::int32_t type, PlaylistOutcome, std::size_t kept,
+                     StringView) override {
+    told.push_back(Utf8(path) + " " + std::to_string(type) + " " + std::to_string(kept));
+  }
+  void OnNativeFileEnd(StringView path, bool whole) override {
+    told.push_back((whole ? "whole " : "torn ") + Utf8(path));
+  }
+  Lines told;
+};
+
+/// A new PC with generic files in its documents, two players, and a log file.
+struct NewMachine {
+  NewMachine() {
+    platform->ConfigureProduct();
+    const std::string entries =
+        "TotalSongs=2\r\n\r\n[Entry 1 Properties]\r\nArtist=a\r\nFileName=One.mp3\r\n"
+        "HasExtendedInfo=True\r\nSourceURL=C:\\Music\\One.mp3\r\nURLType=0\r\n\r\n"
+        "[Entry 2 Properties]\r\nSourceURL=http://host/\r\nURLType=9\r\n\r\n";
+    for (const std::string type : {"1", "4"}) {
+      const std::string name = "List" + type;
+      platform->AddFile(u"C:\\My Documents\\" + String(name.begin(), name.end()) + u".ini",
+                        "[Global Properties]\r\nPavaneVersion=1.6\r\nPlaylistName=" + name +
+                            "\r\nPlaylistType=" + type + "\r\nOriginalFileName=" + name + ".x\r\n" +
+                            entries);
+    }
+    platform->AddFile(u"C:\\My Documents\\other.ini", "[Other]\r\n");
+    platform->AddFile(u"C:\\Winamp\\Winamp.ini", kWinampSettings);
+    platform->SetRegistry(Hive::ClassesRoot, u"Winamp.File\\shell\\open\\command", u"",
+                          String(u"C:\\Winamp\\Winamp.exe"));
+    platform->SetRegistry(Hive::LocalMachine,
+                          u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\MMJB.EXE",
+                          u"Path", String(u"C:\\MMJB"));
+    platform->AddFile(u"C:\\MMJB\\mmjb.exe", "x");
+    generic = GenericFiles(*platform);
+    Reopen();
+  }
+
+  void Reopen() {
+    platform->Log().StopFailing();
+    library = OpenLibrary(platform);
+    library->SetLogMode(3);
+    library->SetObserver(&follower);
+    follower.told.clear();
+    controller = library->Create(u"helperMan");
+  }
+
+  /// Content of all native playlists by path.
+  std::map<String, std::string> NativeFiles() {
+    std::map<String, std::string> files;
+    for (const String& path : platform->Files().AllFiles()) {
+      if (platform->Files().HasFile(path) && path.starts_with(kGroupRoot) &&
+          !path.ends_with(u".txt")) {
+        files[path] = platform->Bytes(path);
+      }
+    }
+    return files;
+  }
+
+  static constexpr const char* kWinampSettings = "[Winamp]\r\nvolume=90\r\n";
+  std::shared_ptr<MemoryPlatform> platform = std::make_shared<MemoryPlatform>();
+  std::map<String, std::string> generic;
+  RestoreFollower follower;
+  std::unique_ptr<Component> library;
+  ObjectRef controller;
+};
+
+TEST(FailingMachineTest, NothingEscapesFromTheRestoringAndWhatIsLeftOutIsTold) {
+  NewMachine sound;
+  ASSERT_TRUE(GenericQueue(sound.controller, 1));
+  const auto expected = sound.NativeFiles();
+  ASSERT_EQ(expected.size(), 8u);
+  for (const Fault& fault : Faults()) {
+    bool failed = true;
+    std::size_t k = 0;
+    while (failed && k < 5000) {
+      NewMachine machine;
+      const std::string where = At(fault, ++k);
+      fault.arm(machine.platform->Log(), k);
+      EXPECT_NO_THROW(GenericQueue(machine.controller, 1)) << where;
+      failed = machine.platform->Log().HasFailed();
+      const bool complete = machine.NativeFiles() == expected;
+      EXPECT_TRUE(complete || machine.follower.told != sound.follower.told) << where;
+      EXPECT_TRUE(failed || complete) << where;
+      auto untouched = GenericFiles(*machine.platform);
+      const std::string winamp = untouched[u"C:\\Winamp\\Winamp.ini"];
+      EXPECT_TRUE(winamp.starts_with(NewMachine::kWinampSettings)) << where;
+      untouched[u"C:\\Winamp\\Winamp.ini"] = NewMachine::kWinampSettings;
+      EXPECT_EQ(untouched, machine.generic) << where;
+
+      machine.Reopen();
+      const auto before = machine.NativeFiles();
+      EXPECT_TRUE(GenericQueue(machine.controller, 1)) << where;
+      const auto after = machine.NativeFiles();
+      EXPECT_EQ(after.size(), before.size() + expected.size()) << where;
+      for (const auto& [path, bytes] : before) EXPECT_EQ(after.at(path), bytes) << where;
+    }
+    EXPECT_GT(k, 50u) << fault.name;
+    EXPECT_LT(k, 5000u) << fault.name;
+  }
+}
+
 struct Reading {
   std::int32_t type;
   const char16_t* path;

@@ -1,6 +1,7 @@
 #include "automation/Conversions.h"
 #include "controller/HelperMan.h"
 #include "controller/HelperManFixture.h"
+#include "model/ModelTest.h"
 #include "readers/PlaylistFixture.h"
 
 namespace norvo {
@@ -33,6 +34,22 @@ class QueueTest : public HelperManFixture {
     return names;
   }
 };
+
+TEST_F(QueueTest, TheControllerHasItsMembersInOrder) {
+  EXPECT_EQ(InterfaceOf(*Controller()),
+            (Lines{
+                "method Boolean GenericQueue, by-ref Int32 Mode",
+                "method Strings GetPLSList",
+                "method String PlayListToIni, String FileName",
+                "method Int32 ParsePLSHeader, String Path",
+                "method Int32 ParseM3UHeader, String Path",
+                "method Boolean GetAllPlaylists",
+                "method Boolean UpdateTotalFileSize",
+                "method Boolean MigrateMediaByType, by-ref String MediaTypes",
+                "method String DataGrabber, by-ref String FileName, by-ref String header, by-ref "
+                "String listKeys",
+            }));
+}
 
 TEST_F(QueueTest, WithoutAListTheQueueLogsItsStartAndNothingElse) {
   EXPECT_FALSE(GenericQueue(Controller(), 0));

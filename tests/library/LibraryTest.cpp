@@ -14,10 +14,14 @@ TEST_F(CreationTest, EveryPublicClassIsCreatedByItsNameInAnyCase) {
     StringView name;
     StringView className;
   } constexpr rows[] = {
-      {u"helperMan", u"helperMan"}, {u"HELPERMAN", u"helperMan"}, {u"PlayList", u"PlayList"},
-      {u"playlist", u"PlayList"},   {u"Entries", u"Entries"},     {u"Entry", u"Entry"},
-      {u"AsxEntry", u"AsxEntry"},   {u"M3UEntry", u"M3UEntry"},   {u"m3uentry", u"M3UEntry"},
-      {u"PlsEntry", u"PlsEntry"},
+      {u"helperMan", u"helperMan"},   {u"HELPERMAN", u"helperMan"},
+      {u"PlayList", u"PlayList"},     {u"playlist", u"PlayList"},
+      {u"PlayLists", u"PlayLists"},   {u"playlists", u"PlayLists"},
+      {u"Entries", u"Entries"},       {u"Entry", u"Entry"},
+      {u"AsxEntry", u"AsxEntry"},     {u"M3UEntry", u"M3UEntry"},
+      {u"m3uentry", u"M3UEntry"},     {u"PlsEntry", u"PlsEntry"},
+      {u"ArtistList", u"ArtistList"}, {u"ARTISTLIST", u"ArtistList"},
+      {u"ArtistItem", u"ArtistItem"},
   };
   for (const auto& row : rows) {
     const ObjectRef object = component.Create(row.name);
@@ -29,8 +33,9 @@ TEST_F(CreationTest, EveryPublicClassIsCreatedByItsNameInAnyCase) {
 }
 
 TEST_F(CreationTest, AnUnknownNameIsErrorFourHundredAndTwentyNine) {
-  for (const StringView name : {u"", u"Nothing", u"PlayList ", u"PlayLis", u"PlayListt",
-                                u"NorvoPlayList.PlayList", u"Component"}) {
+  for (const StringView name :
+       {u"", u"Nothing", u"PlayList ", u"PlayLis", u"PlayListt", u"NorvoPlayList.PlayList",
+        u"Component", u"MP3TagReader", u"Artist", u"ObjectList"}) {
     try {
       component.Create(name);
       FAIL() << Utf8(name);

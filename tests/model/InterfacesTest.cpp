@@ -90,6 +90,47 @@ TEST_F(InterfacesTest, EntriesHasItsMembersInOrder) {
                             }));
 }
 
+TEST_F(InterfacesTest, PlayListsHasItsMembersInOrder) {
+  EXPECT_EQ(Of(u"PlayLists"), (Lines{
+                                  "method none Add, Object PlayList",
+                                  "method Object Item, by-ref Int32 index",
+                                  "method Boolean Remove, by-ref String Name",
+                                  "get Int16 Count",
+                                  "get Int32 TotalSongs",
+                                  "get Int32 TotalPlayLists",
+                              }));
+}
+
+TEST_F(InterfacesTest, ArtistListHasItsMembersInOrder) {
+  EXPECT_EQ(Of(u"ArtistList"),
+            (Lines{
+                "method none Add, by-ref Variant vKeyID, by-ref Variant vNewValue",
+                "method none Remove, by-ref Variant vKeyID",
+                "method Boolean SearchByID, Variant vKeyID, by-ref Variant vSought",
+                "method Boolean SearchByValue, by-ref Variant vValue, by-ref Object Current",
+                "method Variant GetFirst",
+                "method Variant GetNext",
+                "method Variant GetPrevious",
+                "method Variant GetLast",
+                "get Int32 Count",
+                "get let Boolean AllowDuplicates",
+                "get let Boolean AllowOverWrite",
+            }));
+}
+
+TEST_F(InterfacesTest, ArtistItemHasItsMembersInOrder) {
+  EXPECT_EQ(Of(u"ArtistItem"), (Lines{
+                                   "get let Variant mValue",
+                                   "get let Variant mKeyID",
+                                   "get let Object mNextItem",
+                                   "get let Object mPreviousItem",
+                                   "get let-by-ref Int32 Value",
+                                   "get let-by-ref String KeyID",
+                                   "get let-by-ref Object NextItem",
+                                   "get let-by-ref Object PreviousItem",
+                               }));
+}
+
 TEST_F(InterfacesTest, EveryEntryClassCanBeUsedWhereverAnEntryIsExpected) {
   for (const StringView name : {u"Entry", u"AsxEntry", u"M3UEntry", u"PlsEntry"}) {
     SCOPED_TRACE(Utf8(name));

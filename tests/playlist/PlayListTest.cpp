@@ -1,9 +1,6 @@
 #include "playlist/PlayList.h"
 
-#include <algorithm>
-
-#include "automation/Conversions.h"
-#include "automation/RunTimeError.h"
+#include "model/ModelTest.h"
 #include "readers/PlaylistFixture.h"
 
 namespace norvo {
@@ -27,18 +24,27 @@ TEST_F(PlayListTest, ANewPlaylistIsEmpty) {
 }
 
 TEST_F(PlayListTest, MembersStandInTheOrderOfTheInterface) {
-  Lines names;
-  for (const Member& member : PlayList::Interface().All()) names.push_back(Utf8(member.name));
-  const Lines wanted = {"ReadPlayList",     "WriteGeneric", "PlayListEntries",
-                        "CreationTime",     "PlayListName", "PlayListType",
-                        "OriginalFileName", "TotalSongs",   "ASX_AllowShuffle",
-                        "ASX_Artist",       "ASX_Album",    "ASX_Author",
-                        "ASX_Title",        "ASX_Version",  "ASX_PlayListAttribute"};
-  Lines found;  // others may stand between them
-  for (const std::string& name : names) {
-    if (std::find(wanted.begin(), wanted.end(), name) != wanted.end()) found.push_back(name);
-  }
-  EXPECT_EQ(found, wanted);
+  EXPECT_EQ(InterfaceOf(*component.Create(u"PlayList")),
+            (Lines{
+                "method Boolean ReadPlayList, by-ref String PlayListPath",
+                "method Boolean WriteGeneric, by-ref String FileName",
+                "get Object PlayListEntries",
+                "method Boolean WriteRawPlayList",
+                "method Boolean ReadGeneric, by-ref String FileName",
+                "method String GetNewPlayListPath, String FileName, by-ref Int32 PlsType",
+                "get let Variant CreationTime",
+                "get let Variant PlayListName",
+                "get let Int32 PlayListType",
+                "get let String OriginalFileName",
+                "get let Variant TotalSongs",
+                "get let String ASX_AllowShuffle",
+                "get let String ASX_Artist",
+                "get let String ASX_Album",
+                "get let String ASX_Author",
+                "get let String ASX_Title",
+                "get let String ASX_Version",
+                "get let String ASX_PlayListAttribute",
+            }));
 }
 
 TEST_F(PlayListTest, PlainPropertiesKeepWhatTheyAreGiven) {

@@ -283,5 +283,43 @@ TEST_F(ItemResolverTest, TheCostPerEntryDoesNotGrowWithTheirNumber) {
   }
 }
 
+/// Notes the items of the playlists that are being read.
+class ItemFollower final : public Observer {
+ public:
+  void OnItem(StringView reference, ItemOutcome outcome) override {
+    static const char* const kNames[] = {"kept", "missing", "not media", "empty", "not registered"};
+    items.push_back(Utf8(reference) + " " + kNames[static_cast<int>(outcome)]);
+  }
+  Lines items;
+};
+
+TEST_F(ItemResolverTest, TheWatcherHearsOfEveryItemWhatBecameOfIt) {
+  platform->AddFile(u"C:\\Lists\\read.txt", "x");
+  for (const Kind& kind : kKinds) {
+    ItemFollower follower;
+    component.SetObserver(&follower);
+    ASSERT_TRUE(ReadReferences(kind, {"here.mp3", "R:\\a.mp3", "http://host/a", "gone.mp3",
+                                      "X:\\a.mp3", "C:\\Lists\\read.txt"}));
+    component.SetObserver(&watcher);
+    EXPECT_EQ(follower.items, Lines({"C:\\Lists\\here.mp3 kept", "R:\\a.mp3 kept",
+                                     "http://host/a kept", "C:\\Lists\\gone.mp3 missing",
+                                     "X:\\a.mp3 missing", "C:\\Lists\\read.txt not media"}))
+        << kind.type;
+    EXPECT_EQ(Kept(), 3) << kind.type;
+  }
+}
+
+TEST_F(ItemResolverTest, TheWatcherHearsOfAnEmptyReferenceAndOfARefusedRegistration) {
+  ItemFollower follower;
+  component.SetObserver(&follower);
+  ASSERT_TRUE(ReadText(u"C:\\Lists\\Mix.asx", 1, TextOf({"<Entry>", "</Entry>"})));
+  ASSERT_TRUE(ReadText(u"C:\\Lists\\Mix.m3u", 6, "\r\n"));
+  platform->Migration().RefuseGroups();
+  ASSERT_TRUE(ReadText(u"C:\\Lists\\Mix.m3u", 3, "here.mp3\r\nhttp://host/a\r\n"));
+  component.SetObserver(&watcher);
+  EXPECT_EQ(follower.items, Lines({" empty", " empty", "C:\\Lists\\here.mp3 not registered",
+                                   "http://host/a kept"}));
+}
+
 }  // namespace
 }  // namespace norvo

@@ -218,15 +218,75 @@ TEST_F(TextStreamTest, AClosedStreamNeverRaisesAnErrorOfItsOwn) {
   EXPECT_NO_THROW(stream.Close());
 }
 
-TEST_F(TextStreamTest, TheWriterAppendsWholeLinesInTheCodePage) {
+TEST_F(TextStreamTest, TheWriterAppendsItsLinesInTheCodePageWhenItIsClosed) {
   platform->AddFile(u"C:\\out.txt", "old\r\n");
   TextWriter writer(platform->Files(), u"C:\\out.txt", false, Windows1252());
   writer.WriteLine(u"Größe 日");
   writer.WriteLine(u"");
-  EXPECT_EQ(platform->Bytes(u"C:\\out.txt"),
-            "old\r\nGr\xF6\xDF"
-            "e ?\r\n\r\n");
-  EXPECT_EQ(platform->Calls(u"Append"), 2u);
+  EXPECT_EQ(platform->Bytes(u"C:\\out.txt"), "old\r\n");
+  writer.Close();
+  const std::string whole =
+      "old\r\nGr\xF6\xDF"
+      "e ?\r\n\r\n";
+  EXPECT_EQ(platform->Bytes(u"C:\\out.txt"), whole);
+  EXPECT_EQ(platform->Calls(u"Append"), 1u);
+  writer.Close();
+  EXPECT_EQ(platform->Bytes(u"C:\\out.txt"), whole);
+}
+
+TEST_F(TextStreamTest, AWriterWithoutLinesAppendsNothing) {
+  TextWriter(platform->Files(), u"C:\\out.txt", true, Windows1252()).Close();
+  EXPECT_EQ(platform->Bytes(u"C:\\out.txt"), "");
+  EXPECT_EQ(platform->Calls(u"Append"), 0u);
+}
+
+TEST_F(TextStreamTest, TheWriterTearsNoLineBetweenTwoPieces) {
+  constexpr std::size_t kLine = 1000;  // characters, so that no piece ends where a line does
+  constexpr std::size_t kLines = 300;
+  std::string whole;
+  for (std::size_t i = 0; i < kLines; ++i) whole += std::string(kLine, 'x') + "\r\n";
+  std::size_t pieces = 0;
+  for (std::size_t failing = 1; failing == pieces + 1; ++failing) {
+    platform->AddFile(u"C:\\out.txt", "");
+    platform->FailOn(u"Append", failing, error::kDiskFull);
+    TextWriter writer(platform->Files(), u"C:\\out.txt", false, Windows1252());
+    try {
+      for (std::size_t i = 0; i < kLines; ++i) writer.WriteLine(String(kLine, u'x'));
+      writer.Close();
+      EXPECT_EQ(platform->Bytes(u"C:\\out.txt"), whole);
+      EXPECT_GT(pieces, 3u);
+    } catch (const RunTimeError& failure) {
+      EXPECT_EQ(failure.Number(), error::kDiskFull);
+      const std::string& written = platform->Bytes(u"C:\\out.txt");
+      EXPECT_EQ(written.size() % (kLine + 2), 0u) << failing;
+      EXPECT_EQ(written, whole.substr(0, written.size())) << failing;
+      pieces = failing;
+    }
+    platform->Log().StopFailing();
+  }
+}
+
+TEST_F(TextStreamTest, WhatAFullDiskRefusesIsNotTriedAgain) {
+  {
+    TextWriter writer(platform->Files(), u"C:\\out.txt", true, Windows1252());
+    writer.WriteLine(u"lost");
+    platform->FailOn(u"Append", 1, error::kDiskFull);
+    EXPECT_EQ(NumberRaisedBy([&] { writer.Close(); }), error::kDiskFull);
+    EXPECT_EQ(NumberRaisedBy([&] { writer.Close(); }), 0);
+  }
+  EXPECT_EQ(platform->Calls(u"Append"), 1u);
+  EXPECT_EQ(platform->Bytes(u"C:\\out.txt"), "");
+}
+
+TEST_F(TextStreamTest, AWriterThatIsLetGoOfWritesWhatIsLeftAndNeverRaises) {
+  TextWriter(platform->Files(), u"C:\\out.txt", true, Windows1252()).WriteLine(u"a");
+  EXPECT_EQ(platform->Bytes(u"C:\\out.txt"), "a\r\n");
+  EXPECT_NO_THROW({
+    TextWriter writer(platform->Files(), u"C:\\out.txt", true, Windows1252());
+    writer.WriteLine(u"b");
+    platform->FailOn(u"Append", 1, error::kDiskFull);
+  });
+  EXPECT_EQ(platform->Bytes(u"C:\\out.txt"), "a\r\n");
 }
 
 TEST_F(TextStreamTest, TheWriterCreatesAFileOnlyWhenTold) {

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "services/Component.h"
+
+namespace norvo {
+
+/// Points each installed player at the folder of its restored playlists, below the destination
+/// root. A player counts as installed when its program file is found through the registry and
+/// exists; the others, and settings that cannot be written, are skipped without a word. The folders
+/// themselves are not created.
+void SetPlayerPlayListFolders(Component& component);
+
+}  // namespace norvo

@@ -1,0 +1,30 @@
+#include "controller/ScanRules.h"
+
+#include <algorithm>
+
+#include "text/Wildcard.h"
+
+namespace norvo {
+
+bool MatchesAny(StringView name, std::span<const StringView> patterns) {
+  return std::any_of(patterns.begin(), patterns.end(),
+                     [name](StringView pattern) { return Matches(name, pattern, Compare::Text); });
+}
+
+std::vector<StringView> SplitPatterns(StringView list) {
+  std::vector<StringView> patterns;
+  for (std::size_t comma = list.find(u','); comma != StringView::npos; comma = list.find(u',')) {
+    patterns.push_back(list.substr(0, comma));
+    list.remove_prefix(comma + 1);
+  }
+  patterns.push_back(list);
+  return patterns;
+}
+
+bool IsSkippedFolder(StringView name) {
+  constexpr StringView kSkipped[] = {u"System Volume Information*", u"*Recycle*",
+                                     u"*Temporary Internet Files*"};
+  return MatchesAny(name, kSkipped);
+}
+
+}  // namespace norvo

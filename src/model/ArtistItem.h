@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "automation/MemberTable.h"
+
+namespace norvo {
+
+/// A node of an `ArtistList`: a key, a value, and references to its neighbours. The plain fields
+/// (`mValue` and so on) and the typed properties share their storage.
+class ArtistItem final : public TableObject {
+ public:
+  using Ref = std::shared_ptr<ArtistItem>;
+
+  ArtistItem() = default;
+  /// Lets go of the nodes behind its links one after the other, however long the chain is.
+  ~ArtistItem() override;
+
+  Variant RawValue() { return value_; }
+  void SetRawValue(const Variant& value) { value_ = value; }
+  Variant RawKeyID() { return keyId_; }
+  void SetRawKeyID(const Variant& value) { keyId_ = value; }
+
+  /// Error 13 or 6 for a stored value that does not convert.
+  std::int32_t Value() { return ToInt32(value_); }
+  void SetValue(std::int32_t value) { value_ = value; }
+  String KeyID() { return ToText(keyId_); }
+  void SetKeyID(const String& value) { keyId_ = value; }
+  Ref NextItem() { return next_; }
+  void SetNextItem(const Ref& item) { next_ = item; }
+  Ref PreviousItem() { return previous_; }
+  void SetPreviousItem(const Ref& item) { previous_ = item; }
+
+  static const MemberTable& Interface();
+
+ protected:
+  const MemberTable& Table() const override { return Interface(); }
+
+ private:
+  Variant value_;
+  Variant keyId_;
+  Ref next_;
+  Ref previous_;
+};
+
+}  // namespace norvo
