@@ -14,22 +14,6 @@
 namespace norvo {
 namespace {
 
-/// Made from the file's own name, by a number, since that may be as long as a name can be: what a
-/// stopped process left behind is taken over when the same file is written again.
-std::string TemporaryPath(const std::string& path) {
-  const std::size_t number = std::hash<std::string_view>()(HostLeaf(path));
-  return JoinHost(HostParent(path), ".norvo-" + std::to_string(number) + ".tmp");
-}
-
-HostFile CreateTemporary(int folder, const std::string& temporary) {
-  constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL;
-  HostFile file = OpenInside(folder, temporary, kFlags, 0666);
-  if (!file.IsOpen() && errno == EEXIST && ::unlinkat(folder, temporary.c_str(), 0) == 0) {
-    file = OpenInside(folder, temporary, kFlags, 0666);
-  }
-  return file;
-}
-
 /// Leaves the reason in `errno`.
 bool Fill(int folder, const std::string& path, const HostFile& file, std::string_view bytes) {
   const std::optional<HostFacts> old = LookUp(folder, path);
@@ -39,9 +23,23 @@ bool Fill(int folder, const std::string& path, const HostFile& file, std::string
 
 }  // namespace
 
+std::string TemporaryPath(const std::string& path) {
+  const std::size_t number = std::hash<std::string_view>()(HostLeaf(path));
+  return JoinHost(HostParent(path), ".norvo-" + std::to_string(number) + ".tmp");
+}
+
+HostFile CreateTemporary(int folder, const std::string& temporary, unsigned mode) {
+  constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL;
+  HostFile file = OpenInside(folder, temporary, kFlags, mode);
+  if (!file.IsOpen() && errno == EEXIST && ::unlinkat(folder, temporary.c_str(), 0) == 0) {
+    file = OpenInside(folder, temporary, kFlags, mode);
+  }
+  return file;
+}
+
 int ReplaceFile(int folder, const std::string& path, std::string_view bytes) {
   const std::string temporary = TemporaryPath(path);
-  HostFile file = CreateTemporary(folder, temporary);
+  HostFile file = CreateTemporary(folder, temporary, 0666);
   if (!file.IsOpen()) return errno;
   const bool filled = Fill(folder, path, file, bytes);
   file.Close();

@@ -12,8 +12,6 @@
 #include <memory>
 #include <utility>
 
-#include "automation/RunTimeError.h"
-
 #ifdef __linux__
 #include <linux/openat2.h>
 #include <sys/syscall.h>
@@ -39,6 +37,9 @@ std::optional<HostFacts> Stat(int folder, const char* path, int flags) {
   facts.kind = KindOf(found.stx_mode);
   facts.mode = found.stx_mode & 07777u;
   facts.size = found.stx_size;
+  facts.disk = std::uint64_t{found.stx_dev_major} << 32 | found.stx_dev_minor;
+  facts.record = found.stx_ino;
+  facts.accessed = {found.stx_atime.tv_sec, found.stx_atime.tv_nsec};
   facts.modified = {found.stx_mtime.tv_sec, found.stx_mtime.tv_nsec};
   facts.changed = {found.stx_ctime.tv_sec, found.stx_ctime.tv_nsec};
   const bool hasBirth = (found.stx_mask & STATX_BTIME) != 0;
@@ -56,11 +57,15 @@ std::optional<HostFacts> Convert(const struct stat& found) {
   facts.kind = KindOf(found.st_mode);
   facts.mode = found.st_mode & 07777u;
   facts.size = static_cast<std::uint64_t>(found.st_size);
+  facts.disk = static_cast<std::uint64_t>(found.st_dev);
+  facts.record = static_cast<std::uint64_t>(found.st_ino);
 #ifdef __APPLE__
+  facts.accessed = {found.st_atimespec.tv_sec, found.st_atimespec.tv_nsec};
   facts.modified = {found.st_mtimespec.tv_sec, found.st_mtimespec.tv_nsec};
   facts.changed = {found.st_ctimespec.tv_sec, found.st_ctimespec.tv_nsec};
   facts.created = std::min<std::int64_t>(found.st_birthtimespec.tv_sec, facts.modified.seconds);
 #else
+  facts.accessed = {found.st_atim.tv_sec, found.st_atim.tv_nsec};
   facts.modified = {found.st_mtim.tv_sec, found.st_mtim.tv_nsec};
   facts.changed = {found.st_ctim.tv_sec, found.st_ctim.tv_nsec};
   facts.created = facts.modified.seconds;
@@ -79,6 +84,17 @@ std::optional<HostFacts> Stat(int folder, const char* path, int flags) {
 
 #endif
 
+#if defined(__linux__) && defined(SYS_openat2)
+
+bool Creates(int flags) {
+#ifdef O_TMPFILE
+  if ((flags & O_TMPFILE) == O_TMPFILE) return true;
+#endif
+  return (flags & O_CREAT) != 0;
+}
+
+#endif
+
 int OpenPlain(int folder, const char* path, int flags, unsigned mode) {
   return ::openat(folder, path, flags | O_NOFOLLOW, mode);
 }
@@ -87,7 +103,7 @@ int OpenWithoutLinks(int folder, const char* path, int flags, unsigned mode) {
 #if defined(__linux__) && defined(SYS_openat2)
   struct open_how how = {};
   how.flags = static_cast<decltype(how.flags)>(flags);
-  how.mode = (flags & O_CREAT) != 0 ? mode : 0;
+  how.mode = Creates(flags) ? mode : 0;
   how.resolve = RESOLVE_NO_SYMLINKS | RESOLVE_BENEATH;
   const long result = ::syscall(SYS_openat2, folder, path, &how, sizeof how);
   // Old systems lack the call, some containers refuse it, and a rename nearby can disturb it.
@@ -187,6 +203,15 @@ bool WriteAll(const HostFile& file, std::string_view bytes) {
   return true;
 }
 
+bool SetTimes(const HostFile& file, const HostTime& accessed, const HostTime& modified) {
+  timespec times[2] = {};
+  times[0].tv_sec = static_cast<time_t>(accessed.seconds);
+  times[0].tv_nsec = static_cast<long>(accessed.nanoseconds);
+  times[1].tv_sec = static_cast<time_t>(modified.seconds);
+  times[1].tv_nsec = static_cast<long>(modified.nanoseconds);
+  return ::futimens(file.Get(), times) == 0;
+}
+
 HostTime HostNow() {
   timespec now = {};
   ::clock_gettime(CLOCK_REALTIME, &now);
@@ -215,9 +240,13 @@ std::int32_t ErrorNumber(int code, Subject subject) {
   }
 }
 
+HostError::HostError(int code, Subject subject, StringView path)
+    : RunTimeError(ErrorNumber(code, subject),
+                   String(DescriptionOf(ErrorNumber(code, subject))).append(u": ").append(path)),
+      code_(code) {}
+
 void RaiseHostError(int code, Subject subject, StringView path) {
-  const std::int32_t number = ErrorNumber(code, subject);
-  throw RunTimeError(number, String(DescriptionOf(number)).append(u": ").append(path));
+  throw HostError(code, subject, path);
 }
 
 }  // namespace norvo

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "automation/RunTimeError.h"
 #include "text/Text.h"
 
 namespace norvo {
@@ -47,6 +48,9 @@ struct HostFacts {
   Kind kind = Kind::Other;
   std::uint32_t mode = 0;  ///< permission bits
   std::uint64_t size = 0;
+  std::uint64_t disk = 0;    ///< number of the disk that holds it
+  std::uint64_t record = 0;  ///< of the file on that disk: two names of one file share it
+  HostTime accessed;
   HostTime modified;
   HostTime changed;          ///< of the name's own record
   std::int64_t created = 0;  ///< seconds; the earlier of birth and last write
@@ -69,6 +73,8 @@ std::optional<std::string> RealPath(const std::string& path);
 /// Everything from a file's current place to its end. More than `most` bytes are not read:
 /// `ENOMEM`.
 std::optional<std::string> ReadToEnd(const HostFile& file, std::size_t most);
+/// Sets both times of a file, with all their digits.
+bool SetTimes(const HostFile& file, const HostTime& accessed, const HostTime& modified);
 /// In one call wherever the host takes all bytes at once.
 bool WriteAll(const HostFile& file, std::string_view bytes);
 
@@ -81,7 +87,18 @@ enum class Subject { File, Folder };
 /// Number of the run-time error that stands for an `errno`.
 std::int32_t ErrorNumber(int code, Subject subject);
 
-/// Raises that error; its description names the path.
+/// That error, which still knows what the host said.
+class HostError final : public RunTimeError {
+ public:
+  HostError(int code, Subject subject, StringView path);
+  /// The `errno` of the call that failed.
+  int Code() const noexcept { return code_; }
+
+ private:
+  int code_;
+};
+
+/// Raises a HostError; its description names the path.
 [[noreturn]] void RaiseHostError(int code, Subject subject, StringView path);
 
 }  // namespace norvo

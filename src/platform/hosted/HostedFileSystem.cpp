@@ -138,6 +138,16 @@ std::unique_ptr<BinaryFile> HostedFileSystem::OpenForReading(StringView path) {
   return std::make_unique<HostedBinaryFile>(std::move(file), end, size, path);
 }
 
+HostFile HostedFileSystem::OpenRegular(StringView path, HostPlace& place, HostFacts& facts) {
+  HostFile file = OpenExisting(path, O_RDONLY, place);
+  if (!file.IsOpen()) RaiseMissing(path);
+  const std::optional<HostFacts> found = LookUp(file);
+  if (!found) RaiseHostError(errno, Subject::File, path);
+  if (found->kind != HostFacts::Kind::File) RaiseHostError(ENOENT, Subject::File, path);
+  facts = *found;
+  return file;
+}
+
 HostFile HostedFileSystem::CreateForAppending(StringView path) {
   // What exists and could not be opened is a folder or no file at all.
   if (resolver_.Find(path)) RaiseHostError(EISDIR, Subject::File, path);
@@ -176,18 +186,28 @@ HostPlace HostedFileSystem::CreateFolders(StringView path) {
   return *folder;
 }
 
-void HostedFileSystem::ReplaceWhole(StringView path, std::string_view bytes) {
+HostPlace HostedFileSystem::MakeFolderOf(StringView path) {
   const String absolute = AbsolutePathName(path);
   if (path.empty() || absolute.back() == u'\\') RaiseHostError(EISDIR, Subject::File, path);
   if (absolute.size() > PATH_MAX) RaiseHostError(ENAMETOOLONG, Subject::File, path);
+  return CreateFolders(FolderOf(absolute));
+}
+
+HostPlace HostedFileSystem::PlaceOfNewFile(StringView path) {
+  HostPlace place = PlaceOfNew(MakeFolderOf(path), path);
+  // A link that leads nowhere or out of the drive is in the way; it is not ours to remove.
+  if (LookUp(place.drive->Root(), place.path)) RaiseHostError(EEXIST, Subject::File, path);
+  if (errno != ENOENT) RaiseHostError(errno, Subject::File, path);
+  return place;
+}
+
+void HostedFileSystem::ReplaceWhole(StringView path, std::string_view bytes) {
   HostPlace place;
   if (const std::optional<HostEntry> entry = resolver_.Find(path)) {
     if (entry->facts.kind != HostFacts::Kind::File) RaiseHostError(EISDIR, Subject::File, path);
     place = {entry->drive, entry->Path()};
   } else {
-    place = PlaceOfNew(CreateFolders(FolderOf(absolute)), path);
-    // A link that leads nowhere or out of the drive is in the way; it is not ours to remove.
-    if (LookUp(place.drive->Root(), place.path)) RaiseHostError(EEXIST, Subject::File, path);
+    place = PlaceOfNewFile(path);
   }
   const int reason = ReplaceFile(place.drive->Root(), place.path, bytes);
   if (reason != 0) {

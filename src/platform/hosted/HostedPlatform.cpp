@@ -143,6 +143,9 @@ std::vector<HostedDrive> HostedPlatform::DriveFolders() const {
   return folders;
 }
 
+HostedFileSystem& HostedPlatform::HostedFiles() {
+  return parts_->files;
+}
 FileSystem& HostedPlatform::Files() {
   return parts_->files;
 }

@@ -10,6 +10,8 @@
 
 namespace norvo {
 
+class HostedFileSystem;
+
 /// A drive of a machine that is held in a folder.
 struct HostedDrive {
   char16_t letter = u'C';  ///< upper case
@@ -35,6 +37,9 @@ class HostedPlatform final : public Platform {
   /// The drives as the machine's settings or else its folders gave them when it was opened, in the
   /// order of their letters.
   std::vector<HostedDrive> DriveFolders() const;
+
+  /// The same service as `Files`, with what it offers beyond the interface.
+  HostedFileSystem& HostedFiles();
 
   FileSystem& Files() override;
   norvo::Registry& Registry() override;
