@@ -1,5 +1,5 @@
 #!/bin/sh
-# Makes the sample machine (examples/sample-machine) and its description
+# Makes the sample machines (examples/sample-machine and sample-new-machine) and their description
 # (examples/README.md) afresh.
 #
 #   scripts/make-sample-machine.sh [EXAMPLES-FOLDER]

@@ -1,10 +1,11 @@
 #!/bin/sh
-# Builds the program and runs its main job on a copy of the sample machine: finds the playlists,
-# writes their neutral files, and shows what it made.
+# Builds the program and runs its main job on copies of the sample machines: moves the playlists
+# and songs of the old one to the new one, and shows and verifies what stands there then.
 #
 #   scripts/run-sample.sh [OUTPUT-FOLDER]      (default: out/sample-machine)
 #
-# The default folder is made anew each time; another one must not exist yet.
+# The default folder is made anew each time; another one must not exist yet. The machines are in
+# its folders "old" and "new".
 set -eu
 project=$(CDPATH='' cd -- "$(dirname -- "$0")/.." && pwd)
 default=$project/out/sample-machine
@@ -19,7 +20,7 @@ if [ "$out" != "$default" ] && { [ -e "$out" ] || [ -L "$out" ]; }; then
 fi
 cd "$project"
 
-# Runs the program, which ends with 1 when it left something out, as it does on the sample.
+# Runs the program, which ends with 1 when it has something to name on standard error.
 run_program() {
   status=0
   build/run/src/host/norvo-playlists "$@" || status=$?
@@ -31,19 +32,24 @@ cmake -S . -B build/run -G Ninja -DCMAKE_BUILD_TYPE=Release -DNORVO_BUILD_TESTS=
 cmake --build build/run --target norvo-playlists
 
 [ "$out" != "$default" ] || rm -rf "$out"
-mkdir -p "$(dirname -- "$out")"
-cp -R examples/sample-machine "$out"
+mkdir -p "$out"
+cp -R examples/sample-machine "$out/old"
+cp -R examples/sample-new-machine "$out/new"
 chmod -R u+w "$out"
 
-run_program collect --init --machine "$out"
+echo
+run_program migrate --from "$out/old" --to "$out/new"
 
-kvs="$out/C/My Documents/Norvo Media/KVs"
+lists="$out/new/C/My Documents/Norvo Media/PlayLists"
 echo
-echo "The neutral files in $kvs:"
-ls "$kvs"
+echo "The playlists of Winamp in $lists (the other players have the same ones):"
+ls "$lists/WinAmp"
 echo
-echo "One of them, Pop Hits.ini:"
-cat "$kvs/Pop Hits.ini"
+echo "One of them, Pop Hits.m3u:"
+cat "$lists/WinAmp/Pop Hits.m3u"
 echo
-echo "Its playlist, as the program reads it:"
-run_program show --machine "$out" 'C:\Music\Pop Hits [2003]\Pop Hits.m3u'
+echo "All playlists of the new machine, verified. The CD of the old machine is not in it:"
+run_program verify --machine "$out/new" >"$out/verified.txt"
+awk '{ found += $(NF - 5); missing += $(NF - 3); addresses += $(NF - 1) }
+     END { print NR " playlists: " found " found, " missing " missing, " addresses " addresses" }' \
+  "$out/verified.txt"

@@ -23,9 +23,9 @@ class SampleMachineTest : public HostTest {
 TEST_F(SampleMachineTest, ScanFindsThePlaylistsOfAllTypes) {
   Init();
   const auto document = RunHost({"scan", "--machine", Machine(), "--json"}).Document();
-  EXPECT_EQ(document.at("playlists").size(), 22u);
-  const nlohmann::json expected = {{"WMP_ASX", 6},    {"WMP_M3U", 2},     {"WINAMP_M3U", 6},
-                                   {"WINAMP_PLS", 2}, {"SONIQUE_PLS", 4}, {"MMJB_M3U", 2}};
+  EXPECT_EQ(document.at("playlists").size(), 46u);
+  const nlohmann::json expected = {{"WMP_ASX", 11},   {"WMP_M3U", 2},     {"WINAMP_M3U", 19},
+                                   {"WINAMP_PLS", 6}, {"SONIQUE_PLS", 4}, {"MMJB_M3U", 4}};
   EXPECT_EQ(document.at("byType"), expected);
 }
 
@@ -34,12 +34,14 @@ TEST_F(SampleMachineTest, CollectTellsTheOutcomeOfEachPlaylist) {
   EXPECT_EQ(outcome.code, 1);
   const auto document = outcome.Document();
   const auto& summary = document.at("summary");
-  EXPECT_EQ(summary.at("found"), 22);
-  EXPECT_EQ(summary.at("empty"), 4);
+  EXPECT_EQ(summary.at("found"), 46);
+  EXPECT_EQ(summary.at("empty"), 8);
   EXPECT_EQ(summary.at("unknownType"), 1);
-  EXPECT_EQ(summary.at("written").get<int>() + summary.at("notWritten").get<int>(), 17);
-  EXPECT_EQ(summary.at("entriesKept"), 69);
-  EXPECT_EQ(summary.at("entriesDropped").at("emptyReference"), 3);
+  EXPECT_EQ(summary.at("unreadable"), 1);
+  EXPECT_EQ(summary.at("replaced"), 3);
+  EXPECT_EQ(summary.at("written").get<int>() + summary.at("notWritten").get<int>(), 33);
+  EXPECT_EQ(summary.at("entriesKept"), 109);
+  EXPECT_EQ(summary.at("entriesDropped").at("emptyReference"), 5);
 
   const auto mix = PlaylistAt(document, "C:\\Music\\Pop Hits [2003]\\Pop Hits.m3u");
   EXPECT_EQ(mix.at("kept"), 3);
