@@ -15,11 +15,15 @@ def allowed_folders():
     for name, depends in DECLARED.findall((SOURCE / "CMakeLists.txt").read_text()):
         targets = [target.removeprefix("norvo_") for target in depends.split()]
         direct[name] = [target.replace("platform_", "platform/") for target in targets]
-    direct["host"] = list(direct)
+    library = list(direct)
+    direct["host/lists"] = ["services"]
+    direct["host/overlay"] = ["services", "platform/hosted"]
     allowed = {}
     for name, found in direct.items():
         allowed[name] = {name, *found, *(each for folder in found for each in allowed[folder])}
-    return allowed
+    # The commands and the move share the machines and the reports.
+    host = {*library, "host", "host/lists", "host/overlay", "host/migrate"}
+    return {**allowed, "host": host, "host/migrate": host}
 
 
 def main():

@@ -7,7 +7,7 @@ set -eu
 packages="g++ cmake ninja-build libcli11-dev nlohmann-json3-dev python3 git"
 if [ "${1:-}" = test ]; then
     packages="$packages libgtest-dev libbenchmark-dev clang libclang-rt-14-dev
-              clang-format strace"
+              clang-format strace python3-gi gir1.2-totemplparser-1.0"
 fi
 
 missing=

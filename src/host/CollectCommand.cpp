@@ -2,6 +2,7 @@
 
 #include "host/CollectReport.h"
 #include "host/Commands.h"
+#include "host/LibraryCalls.h"
 #include "host/Report.h"
 #include "host/Scanning.h"
 #include "host/Setup.h"
@@ -11,11 +12,6 @@ namespace norvo::host {
 namespace {
 
 constexpr std::int32_t kCollectMode = 0;
-
-void RunQueue(AutomationObject& controller) {
-  Variant mode = kCollectMode;
-  controller.Call(u"GenericQueue", Arguments(&mode, 1));
-}
 
 /// The queue stops at a playlist that it cannot count; those behind it are never begun.
 void TellUnfinished(const std::vector<ListedPlaylist>& listed,
@@ -51,7 +47,7 @@ Json RunCollect(const CommonArguments& common, const CollectArguments& arguments
   library.SetObserver(&watcher);
   const ObjectRef controller = library.Create(u"helperMan");
   const std::vector<ListedPlaylist> listed = Scan(machine, *controller, settings, watcher);
-  RunQueue(*controller);
+  RunQueue(*controller, kCollectMode);
   library.SetObserver(nullptr);
 
   TellUnfinished(listed, watcher.Results(), console);

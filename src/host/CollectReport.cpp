@@ -24,6 +24,7 @@ std::size_t& Bucket(CollectFigures& figures, const PlaylistResult& result) {
     case PlaylistOutcome::UnknownType:
       return figures.unknownType;
     case PlaylistOutcome::Unreadable:
+    case PlaylistOutcome::Restored:  // never of a collecting run
       break;
   }
   return figures.unreadable;
@@ -42,6 +43,7 @@ const char* OutcomeName(const PlaylistResult& result) {
     case PlaylistOutcome::UnknownType:
       return "unknownType";
     case PlaylistOutcome::Unreadable:
+    case PlaylistOutcome::Restored:
       break;
   }
   return "unreadable";

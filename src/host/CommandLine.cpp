@@ -10,6 +10,7 @@ namespace norvo::host {
 namespace {
 
 constexpr const char* kProgramFooter = R"(Examples:
+  norvo-playlists migrate --from /mnt/old-pc --to /mnt/new-pc
   norvo-playlists init --machine /mnt/old-disk
   norvo-playlists scan --machine /mnt/old-disk
   norvo-playlists collect --init --machine /mnt/old-disk
@@ -50,19 +51,50 @@ Types: 1 ASX of Windows Media Player, 2 M3U of Windows Media Player, 3 M3U of Wi
 Nothing on the disk is changed, but for the log that --log asks for. A file that lies in no
 machine folder is read as if its own folder were drive C.)";
 
+constexpr const char* kRestoreFooter = R"(Examples:
+  norvo-playlists restore --machine /mnt/new-disk
+
+Every neutral file in the documents folder and below is restored, each time anew: a second run
+writes a second set of playlists. migrate remembers what it has restored.)";
+
+constexpr const char* kVerifyFooter = R"(Examples:
+  norvo-playlists verify --machine /mnt/new-disk
+  norvo-playlists verify --machine /mnt/new-disk 'C:\Music\Mix.m3u'
+
+Without PATH all playlists in the folder of the restored ones. Nothing is changed. Addresses on the
+internet, shares and removable drives are not looked up. Exit code 1: a file is missing.)";
+
+constexpr const char* kMigrateFooter = R"(Examples:
+  norvo-playlists migrate --from /mnt/old-pc --to /mnt/new-pc
+  norvo-playlists migrate --from /mnt/old-disk --to ~/new-pc --work ~/old-pc-data
+  norvo-playlists migrate --from /mnt/old-pc --to /mnt/new-pc --dry-run
+
+DIR of --from is a machine folder, or any folder, such as a mounted disk, which is then drive C.
+To such a folder nothing is written; what the product writes goes to a drive of its own in --work,
+or in a temporary folder. With --work this holds for a machine folder too.
+DIR of --to is made a machine where it is none.
+
+Run it again after an interruption, or later: what is there already stays, and playlists that were
+restored are not restored again. No file that is there is ever overwritten.
+Exit code 1: a song that exists on the old machine is not found from a playlist of the new one.)";
+
+void AddOutput(CLI::App& command, CommonArguments& common) {
+  command.add_flag("--log", common.log, "Write the debug log, VBLog.txt in the product's folder");
+  command.add_flag("--json", common.json, "Report as one JSON document on standard output");
+  command.add_flag("--quiet", common.quiet,
+                   "No progress and no summary; show and verify still print their tables");
+}
+
 void AddCommon(CLI::App& command, CommonArguments& common, bool machineRequired) {
   CLI::Option* const machine =
       command.add_option("--machine", common.machine, "Folder that holds the machine");
   machine->type_name("DIR");
   if (machineRequired) machine->required();
-  command.add_flag("--log", common.log, "Write the debug log, VBLog.txt in the product's folder");
-  command.add_flag("--json", common.json, "Report as one JSON document on standard output");
-  command.add_flag("--quiet", common.quiet,
-                   "No progress and no summary; show still prints its table");
+  AddOutput(command, common);
 }
 
 struct Parser {
-  CLI::App app{"Finds a Windows machine's playlists and turns them into neutral files."};
+  CLI::App app{"Moves the playlists of a Windows machine, and their songs, to another one."};
   CommonArguments common;
   InitArguments init;
   CollectArguments collect;
@@ -70,6 +102,8 @@ struct Parser {
   std::string role;
   std::string groupRoot;
   std::string type = "auto";
+  VerifyArguments verify;
+  MigrateArguments migrate;
 
   Parser() {
     app.name("norvo-playlists");
@@ -80,6 +114,9 @@ struct Parser {
     AddScan();
     AddCollect();
     AddShow();
+    AddRestore();
+    AddVerify();
+    AddMigrate();
   }
 
   void AddInit() {
@@ -118,11 +155,54 @@ struct Parser {
     command->footer(kShowFooter);
   }
 
+  void AddRestore() {
+    CLI::App* const command =
+        app.add_subcommand("restore", "Write native playlists from the neutral files");
+    AddCommon(*command, common, true);
+    command->footer(kRestoreFooter);
+  }
+
+  void AddVerify() {
+    CLI::App* const command =
+        app.add_subcommand("verify", "Check that the songs of native playlists exist");
+    AddCommon(*command, common, true);
+    command->add_option("PATH", verify.paths, "Playlists: paths on the machine or on this system");
+    command->footer(kVerifyFooter);
+  }
+
+  void AddMigrate() {
+    CLI::App* const command =
+        app.add_subcommand("migrate", "Move playlists and songs from one machine to another");
+    command->add_option("--from", migrate.from, "The old machine, or its disk")
+        ->type_name("DIR")
+        ->required();
+    command->add_option("--to", migrate.to, "The new machine")->type_name("DIR")->required();
+    command->add_option("--work", migrate.work, "Keeps what is written for the old machine")
+        ->type_name("DIR");
+    CLI::Option* const copy = command->add_flag_callback(
+        "--copy", [] {}, "Copy the songs (the default)");
+    CLI::Option* const link = command->add_flag_callback(
+        "--link", [this] { migrate.media = MediaMode::Link; },
+        "Link the songs where both disks are one, else copy them");
+    CLI::Option* const none = command->add_flag_callback(
+        "--no-media", [this] { migrate.media = MediaMode::None; },
+        "Leave the songs where they are");
+    link->excludes(copy)->excludes(none);
+    none->excludes(copy);
+    command->add_flag("--dry-run", migrate.trial,
+                      "Print the plan; write nothing on the new machine");
+    AddOutput(*command, common);
+    command->footer(kMigrateFooter);
+  }
+
   CommandLine Result() {
     const std::string name = app.get_subcommands().front()->get_name();
     if (name == "init") return {common, Init()};
     if (name == "scan") return {common, ScanArguments()};
     if (name == "collect") return {common, collect};
+    if (name == "restore") return {common, RestoreArguments()};
+    if (name == "verify") return {common, verify};
+    if (name == "migrate") return {common, migrate};
     show.type = type == "auto" ? 0 : std::stoi(type);
     return {common, show};
   }

@@ -11,7 +11,7 @@ namespace norvo::host {
 
 /// What every command takes. Texts are the bytes that the shell handed over.
 struct CommonArguments {
-  std::string machine;  ///< empty only for `show` without one
+  std::string machine;  ///< empty for `migrate`, and for `show` without one
   bool log = false;
   bool json = false;
   bool quiet = false;
@@ -33,9 +33,28 @@ struct ShowArguments {
   std::int32_t type = 0;  ///< 0: told by the file
 };
 
+struct RestoreArguments {};
+
+struct VerifyArguments {
+  std::vector<std::string> paths;  ///< empty: all playlists of the restored ones' folder
+};
+
+/// How songs are brought to the new machine.
+enum class MediaMode { Copy, Link, None };
+
+struct MigrateArguments {
+  std::string from;
+  std::string to;
+  std::string work;  ///< empty for none
+  MediaMode media = MediaMode::Copy;
+  bool trial = false;
+};
+
 struct CommandLine {
   CommonArguments common;
-  std::variant<InitArguments, ScanArguments, CollectArguments, ShowArguments> command;
+  std::variant<InitArguments, ScanArguments, CollectArguments, ShowArguments, RestoreArguments,
+               VerifyArguments, MigrateArguments>
+      command;
 };
 
 /// The command line, without the program's name. Nothing when there is no command to run: the help

@@ -15,7 +15,9 @@
 namespace norvo::host {
 namespace {
 
-constexpr const char* kCommandNames[] = {"init", "scan", "collect", "show"};  // in variant order
+// In the variant's order.
+constexpr const char* kCommandNames[] = {"init",    "scan",   "collect", "show",
+                                         "restore", "verify", "migrate"};
 
 Json Dispatch(const CommandLine& line, Console& console) {
   return std::visit(
@@ -27,6 +29,12 @@ Json Dispatch(const CommandLine& line, Console& console) {
           return RunScan(line.common, console);
         } else if constexpr (std::is_same_v<Command, CollectArguments>) {
           return RunCollect(line.common, command, console);
+        } else if constexpr (std::is_same_v<Command, RestoreArguments>) {
+          return RunRestore(line.common, console);
+        } else if constexpr (std::is_same_v<Command, VerifyArguments>) {
+          return RunVerify(line.common, command, console);
+        } else if constexpr (std::is_same_v<Command, MigrateArguments>) {
+          return RunMigrate(line.common, command, console);
         } else {
           return RunShow(line.common, command, console);
         }
@@ -43,13 +51,19 @@ int Fail(const std::string& message, Console& console) {
   return exit_code::kUnusable;
 }
 
+/// What went wrong, with the machine where the command names one.
+int FailOn(const CommandLine& line, const std::string& reason, Console& console) {
+  const std::string& machine = line.common.machine;
+  return Fail((machine.empty() ? "" : machine + ": ") + reason, console);
+}
+
 int RunCommand(const CommandLine& line, Console& console) {
   try {
     const Json report = Dispatch(line, console);
     const int code = console.HasLeftOut() ? exit_code::kLeftOut : exit_code::kDone;
     if (console.IsJson()) {
-      Json document{{"command", kCommandNames[line.command.index()]},
-                    {"machine", line.common.machine}};
+      Json document{{"command", kCommandNames[line.command.index()]}};
+      if (!line.common.machine.empty()) document["machine"] = line.common.machine;
       document.update(report);
       console.Write(std::move(document), code);
     }
@@ -57,13 +71,14 @@ int RunCommand(const CommandLine& line, Console& console) {
   } catch (const HostError& error) {
     return Fail(error.what(), console);
   } catch (const RunTimeError& error) {
-    return Fail(line.common.machine + ": " + ToUtf8(error.Description()) +
-                    ". See that the machine folder can be read and written.",
-                console);
+    return FailOn(
+        line,
+        ToUtf8(error.Description()) + ". See that the machine folder can be read and written.",
+        console);
   } catch (const std::bad_alloc&) {
     return Fail("There is not enough memory for this machine.", console);
   } catch (const std::exception& error) {
-    return Fail(line.common.machine + ": " + error.what(), console);
+    return FailOn(line, error.what(), console);
   }
 }
 

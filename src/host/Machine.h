@@ -21,6 +21,7 @@ class Machine {
   Machine& operator=(const Machine&) = delete;
 
   Component& Library() { return *component_; }
+  const std::shared_ptr<HostedPlatform>& Platform() { return platform_; }
   const MachineLayout& Layout() const { return layout_; }
 
   /// Turns the debug log on, and says where it will be, or that it cannot be.

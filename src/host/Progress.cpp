@@ -3,6 +3,9 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <cstdio>
+
 #include "host/Shown.h"
 #include "text/Encoding.h"
 
@@ -29,6 +32,32 @@ std::string TailThatFits(StringView text, std::size_t cells) {
   return shown;
 }
 
+std::string Bar(std::size_t filled) {
+  return '[' + std::string(filled, '#') + std::string(kBarCells - filled, '.') + "] ";
+}
+
+/// With one digit behind the point.
+std::string Megabytes(double bytes) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%.1f", bytes / 1e6);
+  return text;
+}
+
+/// ", 1:05 left"; empty for the first second, which tells too little.
+std::string TimeLeft(double elapsed, double done, double rest) {
+  constexpr double kLongest = 359999;  // 99:59:59
+  if (elapsed < 1 || done <= 0) return {};
+  const auto seconds = static_cast<long>(std::min(elapsed / done * rest, kLongest));
+  char text[32];
+  if (seconds < 3600) {
+    std::snprintf(text, sizeof text, ", %ld:%02ld left", seconds / 60, seconds % 60);
+  } else {
+    std::snprintf(text, sizeof text, ", %ld:%02ld:%02ld left", seconds / 3600, seconds / 60 % 60,
+                  seconds % 60);
+  }
+  return text;
+}
+
 }  // namespace
 
 void Progress::TurnOff() {
@@ -52,9 +81,23 @@ void Progress::Advance(std::string_view what, std::size_t position, std::size_t 
                        StringView current) {
   if (!IsDue() || count == 0) return;
   const std::size_t filled = (position - 1) * kBarCells / count;
-  Draw('[' + std::string(filled, '#') + std::string(kBarCells - filled, '.') + "] " +
-           std::string(what) + ' ' + std::to_string(position) + " of " + std::to_string(count) +
-           ' ',
+  Draw(Bar(filled) + std::string(what) + ' ' + std::to_string(position) + " of " +
+           std::to_string(count) + ' ',
+       current);
+}
+
+void Progress::Bytes(std::string_view what, double done, double total, StringView current) {
+  const auto now = std::chrono::steady_clock::now();
+  if (!bytesBegan_) {
+    bytesBegan_ = now;
+    bytesBefore_ = done;
+  }
+  if (!IsDue() || total <= 0) return;
+  const double part = std::min(done / total, 1.0);
+  const auto filled = static_cast<std::size_t>(part * kBarCells);
+  const std::chrono::duration<double> elapsed = now - *bytesBegan_;
+  Draw(Bar(filled) + std::string(what) + ' ' + Megabytes(done) + " of " + Megabytes(total) + " MB" +
+           TimeLeft(elapsed.count(), done - bytesBefore_, total - done) + ' ',
        current);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <optional>
 #include <ostream>
 #include <string>
 
@@ -23,6 +24,9 @@ class Progress {
   void Count(std::string_view what, std::size_t done, StringView current);
   /// The `position`th of `count` is begun.
   void Advance(std::string_view what, std::size_t position, std::size_t count, StringView current);
+  /// So many of `total` bytes are done; tells the remaining time once that can be guessed. The work
+  /// is taken to begin with the first call.
+  void Bytes(std::string_view what, double done, double total, StringView current);
   /// Takes the line off the screen, before anything else is written there.
   void Clear();
 
@@ -34,6 +38,8 @@ class Progress {
   bool on_;
   bool drawn_ = false;
   std::chrono::steady_clock::time_point next_;
+  std::optional<std::chrono::steady_clock::time_point> bytesBegan_;
+  double bytesBefore_ = 0;  // done when the work began
 };
 
 }  // namespace norvo::host

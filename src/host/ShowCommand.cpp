@@ -3,6 +3,7 @@
 #include "automation/Conversions.h"
 #include "automation/RunTimeError.h"
 #include "host/Commands.h"
+#include "host/LibraryCalls.h"
 #include "host/Report.h"
 #include "host/ShowMachine.h"
 #include "host/Table.h"
@@ -25,7 +26,7 @@ struct ShownEntry {
 };
 
 std::string Text(AutomationObject& object, StringView property) {
-  return ToUtf8(ToText(object.Get(property)));
+  return ToUtf8(TextOf(object, property));
 }
 
 /// "0 drive" and so on. The readers give all references that they take unchecked the type 9.
@@ -57,7 +58,7 @@ std::string TitleOf(AutomationObject& entry) {
 
 ShownEntry Read(AutomationObject& entry) {
   ShownEntry shown;
-  shown.urlType = ToInt32(entry.Get(u"Entry_URLType"));
+  shown.urlType = NumberOf(entry, u"Entry_URLType");
   shown.artist = Text(entry, u"Entry_ArtistName");
   shown.title = TitleOf(entry);
   shown.duration = Text(entry, u"Entry_Duration");
@@ -67,24 +68,9 @@ ShownEntry Read(AutomationObject& entry) {
 }
 
 std::vector<ShownEntry> ReadEntries(AutomationObject& playlist) {
-  const ObjectRef entries = ToObject(playlist.Get(u"PlayListEntries"));
   std::vector<ShownEntry> shown;
-  const std::int32_t count = ToInt32(entries->Get(u"TotalSongs"));
-  for (std::int32_t i = 1; i <= count; ++i) {
-    Variant index = i;
-    shown.push_back(Read(*ToObject(entries->Call(u"Item", Arguments(&index, 1)))));
-  }
+  for (const ObjectRef& entry : EntriesOf(playlist)) shown.push_back(Read(*entry));
   return shown;
-}
-
-/// The type by the file's name and first lines; 0 when they tell none.
-std::int32_t TellType(Component& library, const String& path) {
-  const StringView extension = Utility::GetExtension(path);
-  if (EqualsIgnoreCase(extension, u"asx")) return playlist_type::kWmpAsx;
-  const StringView member =
-      EqualsIgnoreCase(extension, u"pls") ? u"ParsePLSHeader" : u"ParseM3UHeader";
-  Variant argument = path;
-  return ToInt32(library.Create(u"helperMan")->Call(member, Arguments(&argument, 1)));
 }
 
 void PrintTable(const std::vector<ShownEntry>& entries, Console& console) {
@@ -129,13 +115,6 @@ Json Document(const ShowMachine& machine, std::int32_t type, AutomationObject& p
   return document;
 }
 
-/// False when the playlist could not be read to its end; what was read before stays.
-bool ReadInto(AutomationObject& playlist, const String& path, std::int32_t type) {
-  playlist.Let(u"PlayListType", type);
-  Variant argument = path;
-  return ToBoolean(playlist.Call(u"ReadPlayList", Arguments(&argument, 1)));
-}
-
 }  // namespace
 
 Json RunShow(const CommonArguments& common, const ShowArguments& arguments, Console& console) {
@@ -152,7 +131,7 @@ Json RunShow(const CommonArguments& common, const ShowArguments& arguments, Cons
   if (type == playlist_type::kUnknown) {
     console.LeftOut(path + ": its first lines tell no playlist type. Name it with --type 1 to 6.");
   } else {
-    if (!ReadInto(*playlist, machine.Path(), type)) {
+    if (!ReadPlaylist(*playlist, machine.Path(), type)) {
       console.LeftOut(path + ": cannot be read to its end as " + TypeTitle(type) +
                       ". Try another --type.");
     }

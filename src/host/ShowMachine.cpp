@@ -1,7 +1,6 @@
 #include "host/ShowMachine.h"
 
 #include <cctype>
-#include <fstream>
 
 #include "automation/RunTimeError.h"
 #include "host/Settings.h"
@@ -46,25 +45,6 @@ fs::path MachineAbove(const fs::path& file) {
     below = folder;
   }
   return outermost;
-}
-
-/// A drive's type as machine.ini spells it.
-StringView TypeSetting(DriveType type) {
-  switch (type) {
-    case DriveType::Fixed:
-      return u"fixed";
-    case DriveType::Removable:
-      return u"removable";
-    case DriveType::CdRom:
-      return u"cdrom";
-    case DriveType::Network:
-      return u"network";
-    case DriveType::RamDisk:
-      return u"ramdisk";
-    case DriveType::Unknown:
-      break;
-  }
-  return u"unknown";
 }
 
 /// Showing needs no settings, but who names a machine will want to go on with it.
@@ -122,7 +102,7 @@ void ShowMachine::UseMachine(const fs::path& folder, const std::string& path,
   const std::optional<char16_t> letter = real.Layout().FreeLetter();
   if (!letter) throw HostError("The machine has no free drive letter. Leave --machine out.");
   for (const HostedDrive& drive : real.Layout().Drives()) {
-    AddDrive(drive.letter, TypeSetting(drive.type), drive.folder);
+    drives_.AddDrive(drive.letter, drive.type, drive.folder);
   }
   if (common.log) real.StartLog();
   Open(*letter, common.log ? real.Library().Machine().Product().Folder() : String(), console);
@@ -135,7 +115,7 @@ void ShowMachine::UseOwnFolder(const std::string& path, bool log, Console& conso
     throw HostError(file.string() + ": the name cannot be a Windows name. Copy the file to " +
                     "another name, in the same folder.");
   }
-  AddDrive(u'C', u"fixed", file.parent_path());
+  drives_.AddDrive(u'C', DriveType::Fixed, file.parent_path());
   path_ = u"C:\\" + *name;
   Open(u'Z', {}, console);
   if (log) {
@@ -144,22 +124,10 @@ void ShowMachine::UseOwnFolder(const std::string& path, bool log, Console& conso
   }
 }
 
-/// Drives are links beside machine.ini, so that every folder will do, whatever its path holds.
-void ShowMachine::AddDrive(char16_t letter, StringView type, const fs::path& folder) {
-  const std::string name(1, static_cast<char>(letter));
-  settings_ += name + '=' + ToUtf8(type) + "\r\n";
-  std::error_code failure;
-  fs::create_directory_symlink(fs::absolute(folder), temp_.Path() / name, failure);
-  if (failure) throw HostError(temp_.Path().string() + ": " + failure.message());
-}
-
 void ShowMachine::Open(char16_t productDrive, const String& logFolder, Console& console) {
-  const std::string name(1, static_cast<char>(productDrive));
   const String root = String(1, productDrive) + u":\\";
-  settings_ += name + "=fixed\r\n";
-  std::error_code failure;
-  fs::create_directory(temp_.Path() / name, failure);
-  std::ofstream(temp_.Path() / "machine.ini", std::ios::binary) << settings_;
+  drives_.AddOwnDrive(productDrive);
+  drives_.Finish();
 
   machine_ = std::make_unique<Machine>(temp_.Path(), console);
   norvo::Registry& registry = Library().Machine().Registry();

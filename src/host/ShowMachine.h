@@ -4,6 +4,7 @@
 #include <string>
 
 #include "host/CommandLine.h"
+#include "host/LinkedMachine.h"
 #include "host/Machine.h"
 #include "host/TempFolder.h"
 
@@ -28,11 +29,10 @@ class ShowMachine {
   void UseMachine(const std::filesystem::path& folder, const std::string& path,
                   const CommonArguments& common, Console& console);
   void UseOwnFolder(const std::string& path, bool log, Console& console);
-  void AddDrive(char16_t letter, StringView type, const std::filesystem::path& folder);
   void Open(char16_t productDrive, const String& logFolder, Console& console);
 
   TempFolder temp_;
-  std::string settings_ = "[Drives]\r\n";
+  LinkedMachine drives_{temp_.Path()};
   std::filesystem::path realFolder_;
   String path_;
   std::unique_ptr<Machine> machine_;

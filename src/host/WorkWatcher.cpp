@@ -1,5 +1,6 @@
 #include "host/WorkWatcher.h"
 
+#include "host/LogLines.h"
 #include "text/Encoding.h"
 
 namespace norvo::host {
@@ -24,6 +25,8 @@ std::string Failure(const PlaylistResult& result) {
              "the folder KVs of the group root is writable and the disk not full";
     case PlaylistOutcome::UnknownType:
       return "its first lines tell no playlist type: look into the file";
+    case PlaylistOutcome::Restored:
+      break;
     case PlaylistOutcome::Unreadable:
       return "cannot be read to its end: see that it is whole and readable";
   }
@@ -33,12 +36,13 @@ std::string Failure(const PlaylistResult& result) {
 }  // namespace
 
 void WorkWatcher::OnLogLine(StringView line) {
-  if (const std::optional<Drop> drop = DropOf(line)) {
-    KeepDrop(*drop);
-  } else if (IsWarning(line)) {
-    lastWarning_ = ToUtf8(line);
-    console_.LeftOut("Warning: " + lastWarning_);
-  }
+  if (!IsWarning(line)) return;
+  lastWarning_ = ToUtf8(line);
+  console_.LeftOut("Warning: " + lastWarning_);
+}
+
+void WorkWatcher::OnItem(StringView reference, ItemOutcome outcome) {
+  if (const auto reason = DropReasonOf(outcome)) KeepDrop({*reason, String(reference)});
 }
 
 void WorkWatcher::KeepDrop(const Drop& drop) {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "host/Console.h"
-#include "host/LogLines.h"
+#include "host/Drop.h"
 #include "services/Observer.h"
 
 namespace norvo::host {
@@ -33,6 +33,7 @@ class WorkWatcher final : public Observer {
   explicit WorkWatcher(Console& console) : console_(console) {}
 
   void OnLogLine(StringView line) override;
+  void OnItem(StringView reference, ItemOutcome outcome) override;
   void OnFolder(StringView path) override;
   void OnPlaylistBegin(StringView path, std::size_t position, std::size_t count) override;
   void OnPlaylistEnd(StringView path, std::int32_t type, PlaylistOutcome outcome, std::size_t kept,

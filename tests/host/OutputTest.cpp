@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "host/Drop.h"
 #include "host/Json.h"
 #include "host/LogLines.h"
 #include "host/Shown.h"
@@ -65,30 +66,12 @@ TEST(JsonTest, WholeNumbersHaveNoPoint) {
   EXPECT_EQ(JsonNumber(0.5).dump(), "0.5");
 }
 
-TEST(LogLinesTest, TellsWhyAnItemWasDropped) {
-  const auto missing = DropOf(
-      u"NVERR_FILE_NOT_FOUND, PLAYLIST::AddEntry, File Not Found: C:\\a, File "
-      u"Not Found: b.mp3");
-  ASSERT_TRUE(missing);
-  EXPECT_EQ(missing->reason, DropReason::Missing);
-  EXPECT_EQ(missing->reference, u"C:\\a, File Not Found: b.mp3");
-  const auto media =
-      DropOf(u"NVERR_INVALID_ARG, PLAYLIST::ReadPLS, Invalid Argument or Bad Data: C:\\a.txt");
-  ASSERT_TRUE(media);
-  EXPECT_EQ(media->reason, DropReason::NotMedia);
-  const auto empty =
-      DropOf(u"NVERR_INVALID_ARG, PLAYLIST::ReadMMJB, Invalid Argument or Bad Data: ");
-  ASSERT_TRUE(empty);
-  EXPECT_EQ(empty->reason, DropReason::EmptyReference);
-}
-
-TEST(LogLinesTest, OtherLinesAreNoDrops) {
-  EXPECT_FALSE(DropOf(u""));
-  EXPECT_FALSE(DropOf(u"Starting Drive Scan..."));
-  EXPECT_FALSE(
-      DropOf(u"NVERR_OPFAIL, PLAYLIST::ReadASX, Failed to Add Entry Item to Entries "
-             u"Collection"));
-  EXPECT_FALSE(DropOf(u"x NVERR_FILE_NOT_FOUND, PLAYLIST::AddEntry, File Not Found: a"));
+TEST(DropTest, TellsWhyAnItemWasDropped) {
+  EXPECT_EQ(DropReasonOf(ItemOutcome::Kept), std::nullopt);
+  EXPECT_EQ(DropReasonOf(ItemOutcome::Missing), DropReason::Missing);
+  EXPECT_EQ(DropReasonOf(ItemOutcome::NotMedia), DropReason::NotMedia);
+  EXPECT_EQ(DropReasonOf(ItemOutcome::Empty), DropReason::EmptyReference);
+  EXPECT_EQ(DropReasonOf(ItemOutcome::NotRegistered), DropReason::NotRegistered);
 }
 
 TEST(LogLinesTest, FailuresOfTheDiskAreWarningsAndStepsOfTheWorkAreNot) {

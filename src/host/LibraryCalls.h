@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "services/Component.h"
+
+namespace norvo::host {
+
+/// The library's classes, driven by name as a script drives them. Errors of the library come out as
+/// RunTimeError.
+
+/// A call with one argument.
+Variant CallWith(AutomationObject& object, StringView member, Variant argument);
+
+String TextOf(AutomationObject& object, StringView property);
+std::int32_t NumberOf(AutomationObject& object, StringView property);
+
+/// The entries of a `PlayList`, in order.
+std::vector<ObjectRef> EntriesOf(AutomationObject& playlist);
+
+/// Reads a native playlist as one of that type. False when it could not be read to its end; what
+/// was read before stays.
+bool ReadPlaylist(AutomationObject& playlist, const String& path, std::int32_t type);
+
+/// The type by the file's name and first lines; 0 when they tell none.
+std::int32_t TellType(Component& library, const String& path);
+
+/// Runs the controller's queue: mode 0 on the old machine, 1 on the new one.
+void RunQueue(AutomationObject& controller, std::int32_t mode);
+
+}  // namespace norvo::host

@@ -1,0 +1,118 @@
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <utility>
+
+#include "automation/RunTimeError.h"
+#include "host/Commands.h"
+#include "host/migrate/Carrying.h"
+#include "host/migrate/Collecting.h"
+#include "host/migrate/MoveCheck.h"
+#include "host/migrate/MoveReport.h"
+#include "host/migrate/NewMachine.h"
+#include "host/migrate/OldMachine.h"
+#include "host/migrate/PlaceCheck.h"
+#include "host/migrate/Placing.h"
+#include "host/migrate/Planner.h"
+#include "host/migrate/Rescue.h"
+#include "host/migrate/Restoring.h"
+#include "text/Encoding.h"
+
+namespace norvo::host {
+namespace {
+
+/// An alternative that no playlist was given is no song of the move.
+void DropUnused(Move& move) {
+  std::vector<std::optional<std::size_t>> places(move.songs.size());
+  std::vector<Song> songs;
+  for (MovedPlaylist& playlist : move.playlists) {
+    for (MovedItem& item : playlist.items) {
+      if (!item.song) continue;
+      std::optional<std::size_t>& place = places[*item.song];
+      if (!place) {
+        place = songs.size();
+        songs.push_back(std::move(move.songs[*item.song]));
+      }
+      item.song = place;
+    }
+  }
+  move.songs = std::move(songs);
+}
+
+/// Finds what there is to move on the old machine.
+Move Gather(OldMachine& old, Console& console) {
+  Move move;
+  Machine& machine = old.Get();
+  SongBook songs(*machine.Platform(), move.songs);
+  const std::vector<CollectedFile> files = Collect(machine, console);
+  move.playlists = Rescue(machine.Library(), old.Settings(), songs, console).Run(files);
+  DropUnused(move);
+  for (Song& song : move.songs) {
+    const auto facts = machine.Library().Files().FactsOf(song.source);
+    song.size = facts ? facts->size : 0;
+  }
+  return move;
+}
+
+/// Brings the songs; in a trial and without media only the plan tells of them.
+void Place(FilePlacer& placer, const MigrateArguments& arguments, Move& move, Console& console) {
+  if (arguments.trial || arguments.media == MediaMode::None) return;
+  const PlaceMode mode = arguments.media == MediaMode::Link ? PlaceMode::Link : PlaceMode::Copy;
+  PlaceSongs(placer, mode, move, console);
+}
+
+void Restore(NewMachine& machine, Move& move, Console& console) {
+  RestoreLedger ledger(machine.Library(), DataAreaOf(machine.Settings()));
+  const std::size_t others = RestoreCarried(machine.Library(), ledger, move, console);
+  if (others == 0) return;
+  console.Note("The documents folder of the new machine held " + std::to_string(others) +
+               " other neutral files, which were restored too.");
+}
+
+/// Without its ledger nothing can be restored; what is done until then is told all the same.
+void LeaveOutRest(Move& move, const RunTimeError& failure) {
+  for (MovedPlaylist& playlist : move.playlists) {
+    if (playlist.state != MovedPlaylist::State::Collected) continue;
+    playlist.state = MovedPlaylist::State::LeftOut;
+    playlist.reason =
+        "the new machine cannot note what is restored: " + ToUtf8(failure.Description()) +
+        ". Run again when it can";
+  }
+}
+
+}  // namespace
+
+Json RunMigrate(const CommonArguments& common, const MigrateArguments& arguments,
+                Console& console) {
+  CheckPlaces(arguments);
+  OldMachine old(arguments.from, arguments.work, console);
+  if (old.IsReadOnly() && arguments.media == MediaMode::Link) {
+    throw HostError(
+        "--link writes to the old disk, which counts the links of a file. Use --copy, or name a "
+        "machine folder with --from and leave --work out.");
+  }
+  if (common.log) old.Get().StartLog();
+  Move move = Gather(old, console);
+
+  NewMachine machine(arguments.to, arguments.trial, console);
+  if (common.log && !arguments.trial) machine.Get().StartLog();
+  FilePlacer placer(*old.Get().Platform(), machine.Files());
+  Planner(old.Get().Library(), machine.PlanLibrary(), machine.Plan(), placer, console).Run(move);
+  CarryNeutralFiles(machine.Library(), move);
+  Place(placer, arguments, move, console);
+  if (!arguments.trial) machine.Plan().TakeBackAll();
+  try {
+    Restore(machine, move, console);
+  } catch (const RunTimeError& failure) {
+    machine.Library().SetObserver(nullptr);
+    LeaveOutRest(move, failure);
+  }
+  CheckMove(machine.PlanLibrary(), move, console);
+
+  const MoveTerms terms{arguments.from, arguments.to, arguments.trial,
+                        arguments.media != MediaMode::None};
+  TellLeftOut(move, terms, console);
+  SayMove(move, terms, console);
+  return console.IsJson() ? MoveDocument(move, terms) : Json();
+}
+
+}  // namespace norvo::host

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "host/Console.h"
+#include "host/migrate/Move.h"
+#include "services/Component.h"
+
+namespace norvo::host {
+
+/// Brings the adjusted neutral files of a move into the new machine's documents folder, sub-folder
+/// "Norvo PlayLists". One that is there already with the same content is left as it is; another
+/// file of its name is never replaced, a number is added. What cannot be written is marked as left
+/// out. HostError when the machine has no documents folder.
+void CarryNeutralFiles(Component& library, Move& move);
+
+}  // namespace norvo::host

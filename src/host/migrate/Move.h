@@ -1,0 +1,84 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "text/Text.h"
+
+namespace norvo::host {
+
+/// A media file of the old machine that some playlist names, and its one place on the new one.
+struct Song {
+  enum class State { Planned, Copied, Linked, AlreadyThere, LeftOut };
+
+  String source;
+  double size = 0;  ///< bytes
+  String place;     ///< empty when there is none
+  State state = State::Planned;
+  std::string reason;  ///< why it was left out
+};
+
+/// What one item of a playlist refers to: a song, by its 0-based number, else an address that stays
+/// as it is.
+struct MovedItem {
+  std::optional<std::size_t> song;
+  String address;
+};
+
+/// One playlist on its way.
+struct MovedPlaylist {
+  enum class State {
+    Collected,        ///< on the old machine
+    Restored,         ///< by this run
+    AlreadyRestored,  ///< by an earlier one
+    NoSongs,          ///< it lists nothing that exists
+    LeftOut
+  };
+
+  String source;
+  std::int32_t type = 0;
+  State state = State::Collected;
+  std::string reason;               ///< why it was left out
+  std::vector<std::string> healed;  ///< what was mended, and how
+  std::vector<std::string> missed;  ///< what it lists and could not be taken along, and why
+  String neutral;                   ///< its neutral file on the old machine
+  std::vector<MovedItem> items;
+  String carried;               ///< its neutral file on the new machine
+  std::string carriedBytes;     ///< what stands in there
+  std::vector<String> natives;  ///< the playlists made of it
+};
+
+/// A change of what a carried neutral file says.
+struct Adjustment {
+  std::size_t playlist = 0;  ///< 0-based
+  std::size_t entry = 0;     ///< 1-based; 0 for the playlist itself
+  String key;
+  String before;
+  String after;
+  std::string reason;
+};
+
+/// The reason of an adjustment that only fills in what was missing.
+inline constexpr const char* kFilledIn = "a relative reference gives no file name";
+
+/// A player's setting that was changed.
+struct PlayerSetting {
+  String player;
+  String place;
+  String value;
+};
+
+/// A whole move: what was found, what becomes of it.
+struct Move {
+  std::vector<MovedPlaylist> playlists;
+  std::vector<Song> songs;
+  std::vector<Adjustment> adjustments;
+  std::vector<PlayerSetting> settings;
+  std::size_t checked = 0;  ///< local references of native playlists that were looked up
+  std::size_t found = 0;    ///< and lead to the right file
+};
+
+}  // namespace norvo::host

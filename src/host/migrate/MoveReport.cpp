@@ -1,0 +1,303 @@
+#include "host/migrate/MoveReport.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <set>
+
+#include "host/Report.h"
+#include "host/Table.h"
+#include "text/Encoding.h"
+#include "text/Number.h"
+#include "text/WindowsPath.h"
+
+namespace norvo::host {
+namespace {
+
+const char* NameOf(MovedPlaylist::State state) {
+  switch (state) {
+    case MovedPlaylist::State::Collected:
+      return "collected";
+    case MovedPlaylist::State::Restored:
+      return "restored";
+    case MovedPlaylist::State::AlreadyRestored:
+      return "alreadyRestored";
+    case MovedPlaylist::State::NoSongs:
+      return "noSongs";
+    case MovedPlaylist::State::LeftOut:
+      return "leftOut";
+  }
+  return "";
+}
+
+const char* TextOf(MovedPlaylist::State state) {
+  switch (state) {
+    case MovedPlaylist::State::Collected:
+      return "collected";
+    case MovedPlaylist::State::Restored:
+      return "moved";
+    case MovedPlaylist::State::AlreadyRestored:
+      return "moved before";
+    case MovedPlaylist::State::NoSongs:
+      return "no songs";
+    case MovedPlaylist::State::LeftOut:
+      return "left out";
+  }
+  return "";
+}
+
+const char* NameOf(Song::State state) {
+  switch (state) {
+    case Song::State::Planned:
+      return "planned";
+    case Song::State::Copied:
+      return "copied";
+    case Song::State::Linked:
+      return "linked";
+    case Song::State::AlreadyThere:
+      return "alreadyThere";
+    case Song::State::LeftOut:
+      return "leftOut";
+  }
+  return "";
+}
+
+std::size_t SongsOf(const MovedPlaylist& playlist) {
+  return static_cast<std::size_t>(
+      std::count_if(playlist.items.begin(), playlist.items.end(),
+                    [](const MovedItem& item) { return item.song.has_value(); }));
+}
+
+std::string Joined(const std::vector<std::string>& texts) {
+  std::string joined;
+  for (const std::string& text : texts) joined += (joined.empty() ? "" : "; ") + text;
+  return joined;
+}
+
+std::string Bytes(double bytes) {
+  return ToUtf8(FormatNumber(bytes)) + " bytes";
+}
+
+void SayPlaylists(const Move& move, Console& console) {
+  Table table({{"Playlist"},
+               {"Songs", Align::Right},
+               {"Others", Align::Right},
+               {"Outcome"},
+               {"Healed, and what it lists in vain"}});
+  for (const MovedPlaylist& playlist : move.playlists) {
+    std::vector<std::string> remarks = playlist.healed;
+    for (const std::string& missed : playlist.missed) remarks.push_back("left out " + missed);
+    if (!playlist.reason.empty()) remarks.push_back(playlist.reason);
+    const std::size_t songs = SongsOf(playlist);
+    table.AddRow({ToUtf8(playlist.source), std::to_string(songs),
+                  std::to_string(playlist.items.size() - songs), TextOf(playlist.state),
+                  Joined(remarks)});
+  }
+  for (const std::string& line : table.Lines()) console.Say(line);
+}
+
+void SayAdjustments(const Move& move, Console& console) {
+  const auto filledIn = static_cast<std::size_t>(
+      std::count_if(move.adjustments.begin(), move.adjustments.end(),
+                    [](const Adjustment& row) { return row.reason == kFilledIn; }));
+  if (filledIn > 0) {
+    console.Say();
+    console.Say("File names filled in, since relative references give none: " +
+                std::to_string(filledIn));
+  }
+  if (filledIn == move.adjustments.size()) return;
+  console.Say();
+  console.Say("Changed on the way, so that each song has its own place:");
+  Table table({{"Neutral file"}, {"Entry", Align::Right}, {"Key"}, {"Was"}, {"Is"}, {"Because"}});
+  for (const Adjustment& row : move.adjustments) {
+    if (row.reason == kFilledIn) continue;
+    table.AddRow({ToUtf8(LastComponent(move.playlists[row.playlist].neutral)),
+                  row.entry == 0 ? "-" : std::to_string(row.entry), ToUtf8(row.key),
+                  ToUtf8(row.before), ToUtf8(row.after), row.reason});
+  }
+  for (const std::string& line : table.Lines()) console.Say(line);
+}
+
+void SayPlannedSongs(const Move& move, Console& console) {
+  console.Say();
+  console.Say("Places of the songs:");
+  Table table({{"Song"}, {"Place"}, {"Bytes", Align::Right}, {"State"}});
+  for (const Song& song : move.songs) {
+    table.AddRow({ToUtf8(song.source), ToUtf8(song.place), ToUtf8(FormatNumber(song.size)),
+                  song.state == Song::State::Planned ? "to be brought" : NameOf(song.state)});
+  }
+  for (const std::string& line : table.Lines()) console.Say(line);
+}
+
+/// "  copied:              12 (34567 bytes)"
+void SaySongs(const Move& move, Song::State state, const char* title, Console& console) {
+  std::size_t count = 0;
+  double bytes = 0;
+  for (const Song& song : move.songs) {
+    if (song.state != state) continue;
+    ++count;
+    bytes += song.size;
+  }
+  if (count > 0) console.Say(title + std::to_string(count) + " (" + Bytes(bytes) + ")");
+}
+
+std::size_t CountOf(const Move& move, MovedPlaylist::State state) {
+  return static_cast<std::size_t>(
+      std::count_if(move.playlists.begin(), move.playlists.end(),
+                    [state](const MovedPlaylist& playlist) { return playlist.state == state; }));
+}
+
+std::size_t CountHealed(const Move& move) {
+  return static_cast<std::size_t>(
+      std::count_if(move.playlists.begin(), move.playlists.end(),
+                    [](const MovedPlaylist& playlist) { return !playlist.healed.empty(); }));
+}
+
+/// Songs on drives that do not move are found again only where the new machine has those drives.
+void SayLeftBehind(const Move& move, Console& console) {
+  std::set<String> places;
+  for (const MovedPlaylist& playlist : move.playlists) {
+    for (const MovedItem& item : playlist.items) {
+      if (!item.song && HasDrive(item.address)) places.insert(item.address);
+    }
+  }
+  for (const String& place : places) {
+    console.Say("Stays where it is:     " + ToUtf8(place) + ", on a removable or network drive");
+  }
+}
+
+void SayTotals(const Move& move, const MoveTerms& terms, Console& console) {
+  const auto playlists = [&](MovedPlaylist::State state, const char* title) {
+    const std::size_t count = CountOf(move, state);
+    if (count > 0) console.Say(title + std::to_string(count));
+  };
+  console.Say();
+  console.Say("Playlists found:       " + std::to_string(move.playlists.size()));
+  playlists(MovedPlaylist::State::Restored,
+            terms.trial ? "  to be moved:         " : "  moved:               ");
+  playlists(MovedPlaylist::State::AlreadyRestored, "  moved before:        ");
+  playlists(MovedPlaylist::State::NoSongs, "  without songs:       ");
+  playlists(MovedPlaylist::State::LeftOut, "  left out:            ");
+  if (CountHealed(move) > 0) {
+    console.Say("  healed on the way:   " + std::to_string(CountHealed(move)));
+  }
+  console.Say("Songs:                 " + std::to_string(move.songs.size()));
+  SaySongs(move, Song::State::Copied, "  copied:              ", console);
+  SaySongs(move, Song::State::Linked, "  linked:              ", console);
+  SaySongs(move, Song::State::AlreadyThere, "  already there:       ", console);
+  SaySongs(move, Song::State::Planned,
+           terms.trial ? "  to be brought:       " : "  not brought:         ", console);
+  SaySongs(move, Song::State::LeftOut, "  left out:            ", console);
+  for (const PlayerSetting& setting : move.settings) {
+    console.Say("Player setting:        " + ToUtf8(setting.player) + ": " + ToUtf8(setting.place) +
+                " = " + ToUtf8(setting.value));
+  }
+  console.Say((terms.trial ? "References planned:    " : "References verified:   ") +
+              std::to_string(move.checked) + ", found: " + std::to_string(move.found) +
+              ", missing: " + std::to_string(move.checked - move.found));
+  SayLeftBehind(move, console);
+  if (terms.trial) console.Say("A trial: nothing was written on the new machine.");
+}
+
+Json Texts(const std::vector<std::string>& texts) {
+  Json document = Json::array();
+  for (const std::string& text : texts) document.push_back(text);
+  return document;
+}
+
+Json PlaylistDocument(const MovedPlaylist& playlist) {
+  const std::size_t songs = SongsOf(playlist);
+  Json natives = Json::array();
+  for (const String& native : playlist.natives) natives.push_back(ToUtf8(native));
+  Json document{{"path", ToUtf8(playlist.source)},
+                {"typeName", TypeName(playlist.type)},
+                {"outcome", NameOf(playlist.state)},
+                {"songs", songs},
+                {"addresses", playlist.items.size() - songs},
+                {"healed", Texts(playlist.healed)},
+                {"leftOut", Texts(playlist.missed)}};
+  if (!playlist.carried.empty()) document["neutralFile"] = ToUtf8(playlist.carried);
+  document["natives"] = std::move(natives);
+  if (!playlist.reason.empty()) document["reason"] = playlist.reason;
+  return document;
+}
+
+Json SongDocument(const Song& song) {
+  Json document{{"source", ToUtf8(song.source)},
+                {"place", ToUtf8(song.place)},
+                {"bytes", JsonNumber(song.size)},
+                {"outcome", NameOf(song.state)}};
+  if (!song.reason.empty()) document["reason"] = song.reason;
+  return document;
+}
+
+Json AdjustmentDocument(const Adjustment& row, const Move& move) {
+  return {{"neutralFile", ToUtf8(move.playlists[row.playlist].carried)},
+          {"entry", row.entry},
+          {"key", ToUtf8(row.key)},
+          {"before", ToUtf8(row.before)},
+          {"after", ToUtf8(row.after)},
+          {"reason", row.reason}};
+}
+
+}  // namespace
+
+void TellLeftOut(const Move& move, const MoveTerms& terms, Console& console) {
+  for (const MovedPlaylist& playlist : move.playlists) {
+    if (playlist.state != MovedPlaylist::State::LeftOut) continue;
+    console.LeftOut(ToUtf8(playlist.source) + ": " + playlist.reason);
+  }
+  for (const Song& song : move.songs) {
+    if (song.state == Song::State::LeftOut) {
+      console.LeftOut(ToUtf8(song.source) + ": " + song.reason);
+    }
+  }
+  const bool waiting = std::any_of(move.songs.begin(), move.songs.end(), [](const Song& song) {
+    return song.state == Song::State::Planned;
+  });
+  if (waiting && !terms.withMedia && !terms.trial) {
+    console.Note(
+        "The songs were not brought, as asked for: bring them to the places that --json "
+        "tells, or run again without --no-media.");
+  }
+}
+
+void SayMove(const Move& move, const MoveTerms& terms, Console& console) {
+  SayPlaylists(move, console);
+  SayAdjustments(move, console);
+  if (terms.trial) SayPlannedSongs(move, console);
+  SayTotals(move, terms, console);
+}
+
+Json MoveDocument(const Move& move, const MoveTerms& terms) {
+  Json playlists = Json::array();
+  Json media = Json::array();
+  Json adjustments = Json::array();
+  Json settings = Json::array();
+  for (const MovedPlaylist& playlist : move.playlists)
+    playlists.push_back(PlaylistDocument(playlist));
+  for (const Song& song : move.songs) media.push_back(SongDocument(song));
+  for (const Adjustment& row : move.adjustments)
+    adjustments.push_back(AdjustmentDocument(row, move));
+  for (const PlayerSetting& setting : move.settings) {
+    settings.push_back({{"player", ToUtf8(setting.player)},
+                        {"place", ToUtf8(setting.place)},
+                        {"value", ToUtf8(setting.value)}});
+  }
+  Json document{{"from", terms.from}, {"to", terms.to}, {"dryRun", terms.trial}};
+  document["playlists"] = std::move(playlists);
+  document["media"] = std::move(media);
+  document["adjustments"] = std::move(adjustments);
+  document["settings"] = std::move(settings);
+  document["summary"] = {{"playlists", move.playlists.size()},
+                         {"restored", CountOf(move, MovedPlaylist::State::Restored)},
+                         {"alreadyRestored", CountOf(move, MovedPlaylist::State::AlreadyRestored)},
+                         {"noSongs", CountOf(move, MovedPlaylist::State::NoSongs)},
+                         {"leftOut", CountOf(move, MovedPlaylist::State::LeftOut)},
+                         {"healed", CountHealed(move)},
+                         {"songs", move.songs.size()},
+                         {"referencesChecked", move.checked},
+                         {"referencesFound", move.found}};
+  return document;
+}
+
+}  // namespace norvo::host

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "host/Console.h"
+#include "host/Machine.h"
+#include "host/Settings.h"
+#include "host/TempFolder.h"
+
+namespace norvo::host {
+
+/// The machine that a move starts from: a machine folder, or any folder as drive C of one. In the
+/// latter case, and with a work folder, nothing is written to it: the product's data go to a drive
+/// of their own in the work folder, or in a temporary one.
+class OldMachine {
+ public:
+  /// `work` may be empty. HostError when the folder cannot be used.
+  OldMachine(const std::string& from, const std::string& work, Console& console);
+
+  Machine& Get() { return *machine_; }
+  const norvo::host::Settings& Settings() const { return settings_; }
+  /// Nothing below the folder is written.
+  bool IsReadOnly() const { return readOnly_; }
+
+ private:
+  std::unique_ptr<TempFolder> temp_;
+  std::unique_ptr<Machine> machine_;
+  norvo::host::Settings settings_;
+  bool readOnly_ = false;
+};
+
+}  // namespace norvo::host

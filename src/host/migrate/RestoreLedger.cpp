@@ -1,0 +1,152 @@
+#include "host/migrate/RestoreLedger.h"
+
+#include <cstdio>
+#include <optional>
+#include <utility>
+
+#include "automation/RunTimeError.h"
+#include "services/Utility.h"
+#include "text/Encoding.h"
+#include "text/Fingerprint.h"
+
+namespace norvo::host {
+namespace {
+
+constexpr const char* kTitle =
+    "; The neutral files that were restored on this machine, and the playlists made of them.\r\n";
+
+// The kinds of lines. A line is whole only with its line end.
+constexpr StringView kBegin = u"begin";    // fingerprint, neutral file
+constexpr StringView kNative = u"native";  // path
+constexpr StringView kDone = u"done";
+constexpr StringView kUndone = u"undone";
+
+std::vector<String> Fields(StringView line) {
+  std::vector<String> fields;
+  for (std::size_t tab = line.find(u'\t'); tab != StringView::npos; tab = line.find(u'\t')) {
+    fields.emplace_back(line.substr(0, tab));
+    line.remove_prefix(tab + 1);
+  }
+  fields.emplace_back(line);
+  return fields;
+}
+
+std::string BeginLine(const std::string& fingerprint, const String& neutralFile) {
+  return ToUtf8(kBegin) + '\t' + fingerprint + '\t' + ToUtf8(neutralFile) + "\r\n";
+}
+
+std::string NativeLine(const String& path) {
+  return ToUtf8(kNative) + '\t' + ToUtf8(path) + "\r\n";
+}
+
+std::string EndLine(StringView kind) {
+  return ToUtf8(kind) + "\r\n";
+}
+
+}  // namespace
+
+RestoreLedger::RestoreLedger(Component& machine, const String& dataArea)
+    : machine_(machine), path_(dataArea + u"Restored.txt") {
+  const bool whole = Load();
+  if (whole && !current_) return;
+  if (current_) DeleteNatives(*current_);
+  current_.reset();
+  Compact();
+}
+
+/// False when the last line is torn.
+bool RestoreLedger::Load() {
+  const std::optional<std::string> bytes = machine_.Machine().Settings().Read(path_);
+  const String text = FromUtf8Lossy(bytes.value_or(std::string()));
+  std::size_t at = 0;
+  for (std::size_t end = text.find(u"\r\n"); end != String::npos; end = text.find(u"\r\n", at)) {
+    Take(Fields(StringView(text).substr(at, end - at)));
+    at = end + 2;
+  }
+  return at == text.size();
+}
+
+void RestoreLedger::Take(const std::vector<String>& fields) {
+  if (fields.size() == 3 && fields[0] == kBegin) {
+    current_ = Row{fields[2], ToUtf8(fields[1]), {}};
+  } else if (fields.size() == 2 && fields[0] == kNative && current_) {
+    current_->natives.push_back(fields[1]);
+  } else if (fields[0] == kDone && current_) {
+    Keep();
+  } else if (fields[0] == kUndone) {
+    current_.reset();
+  }
+}
+
+void RestoreLedger::Keep() {
+  Row row = std::move(*current_);
+  current_.reset();
+  String key = Fold(row.neutralFile);
+  restored_.insert_or_assign(std::move(key), std::move(row));
+}
+
+std::string RestoreLedger::FingerprintOf(const String& neutralFile) {
+  const std::optional<std::string> bytes = machine_.Machine().Settings().Read(neutralFile);
+  if (!bytes) return {};
+  const Fingerprint print =
+      Fingerprint().AddExact(String(bytes->begin(), bytes->end()));  // byte by byte, as it is
+  char text[40];
+  std::snprintf(text, sizeof text, "%016llx%016llx", static_cast<unsigned long long>(print.first),
+                static_cast<unsigned long long>(print.second));
+  return text;
+}
+
+bool RestoreLedger::IsRestored(const String& neutralFile) {
+  const auto found = restored_.find(Fold(neutralFile));
+  return found != restored_.end() && found->second.fingerprint == FingerprintOf(neutralFile);
+}
+
+std::vector<String> RestoreLedger::NativesOf(const String& neutralFile) const {
+  const auto found = restored_.find(Fold(neutralFile));
+  return found == restored_.end() ? std::vector<String>() : found->second.natives;
+}
+
+void RestoreLedger::Begin(const String& neutralFile) {
+  current_ = Row{neutralFile, FingerprintOf(neutralFile), {}};
+  Append(BeginLine(current_->fingerprint, neutralFile));
+}
+
+void RestoreLedger::AddNative(const String& path) {
+  if (!current_) return;
+  current_->natives.push_back(path);
+  Append(NativeLine(path));
+}
+
+void RestoreLedger::End(bool whole) {
+  if (!current_) return;
+  if (whole) {
+    Keep();
+  } else {
+    DeleteNatives(*current_);
+    current_.reset();
+  }
+  Append(EndLine(whole ? kDone : kUndone));
+}
+
+void RestoreLedger::Append(const std::string& line) {
+  if (!machine_.Files().FileExists(path_)) {
+    return machine_.Machine().Settings().Write(path_, kTitle + line);
+  }
+  machine_.Files().OpenForAppending(path_, false)->Append(line);
+}
+
+void RestoreLedger::DeleteNatives(const Row& row) {
+  for (const String& native : row.natives) Utility::DeleteFileForced(machine_, native);
+}
+
+void RestoreLedger::Compact() {
+  std::string text = kTitle;
+  for (const auto& [folded, row] : restored_) {
+    text += BeginLine(row.fingerprint, row.neutralFile);
+    for (const String& native : row.natives) text += NativeLine(native);
+    text += EndLine(kDone);
+  }
+  machine_.Machine().Settings().Write(path_, text);
+}
+
+}  // namespace norvo::host

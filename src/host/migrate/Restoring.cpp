@@ -1,0 +1,90 @@
+#include "host/migrate/Restoring.h"
+
+#include <set>
+#include <utility>
+
+#include "automation/RunTimeError.h"
+#include "host/LibraryCalls.h"
+#include "host/LogLines.h"
+#include "text/Encoding.h"
+
+namespace norvo::host {
+namespace {
+
+constexpr std::int32_t kRestoreMode = 1;
+
+/// Keeps the ledger one step ahead of the queue.
+class RestoreWatcher final : public Observer {
+ public:
+  RestoreWatcher(RestoreLedger& ledger, Move& move, Console& console)
+      : ledger_(ledger), move_(move), console_(console) {}
+
+  void OnLogLine(StringView line) override {
+    if (IsWarning(line)) console_.LeftOut("New machine: " + ToUtf8(line));
+  }
+  bool WantsGenericFile(StringView path) override { return !ledger_.IsRestored(String(path)); }
+  void OnPlaylistBegin(StringView path, std::size_t position, std::size_t count) override {
+    console_.Bar().Advance("restoring", position, count, path);
+    whole_ = true;
+    ledger_.Begin(String(path));
+  }
+  void OnNativeFile(StringView path, std::int32_t) override {
+    const bool before = std::exchange(whole_, false);  // holds when the ledger cannot be written
+    ledger_.AddNative(String(path));
+    whole_ = before;
+  }
+  void OnNativeFileEnd(StringView, bool whole) override { whole_ = whole_ && whole; }
+  void OnPlaylistEnd(StringView path, std::int32_t, PlaylistOutcome, std::size_t,
+                     StringView) override {
+    ledger_.End(whole_);
+    if (whole_) restored_.insert(Fold(path));
+  }
+  void OnPlayerSetting(StringView player, StringView place, StringView value) override {
+    move_.settings.push_back({String(player), String(place), String(value)});
+  }
+
+  /// The neutral files that were restored, folded.
+  const std::set<String>& Restored() const { return restored_; }
+
+ private:
+  RestoreLedger& ledger_;
+  Move& move_;
+  Console& console_;
+  std::set<String> restored_;
+  bool whole_ = true;
+};
+
+}  // namespace
+
+std::size_t RestoreCarried(Component& library, RestoreLedger& ledger, Move& move,
+                           Console& console) {
+  RestoreWatcher watcher(ledger, move, console);
+  library.SetObserver(&watcher);
+  RunQueue(*library.Create(u"helperMan"), kRestoreMode);
+  library.SetObserver(nullptr);
+  try {
+    ledger.Compact();
+  } catch (const RunTimeError&) {
+    // On a full disk it stays as it grew, and says the same.
+  }
+
+  std::size_t own = 0;
+  for (MovedPlaylist& playlist : move.playlists) {
+    if (playlist.state != MovedPlaylist::State::Collected) continue;
+    playlist.natives = ledger.NativesOf(playlist.carried);
+    if (watcher.Restored().contains(Fold(playlist.carried))) {
+      playlist.state = MovedPlaylist::State::Restored;
+      ++own;
+    } else if (ledger.IsRestored(playlist.carried)) {
+      playlist.state = MovedPlaylist::State::AlreadyRestored;
+    } else {
+      playlist.state = MovedPlaylist::State::LeftOut;
+      playlist.reason =
+          "its native playlists cannot be written: see that the new machine's disk is writable and "
+          "not full, and run again";
+    }
+  }
+  return watcher.Restored().size() - own;
+}
+
+}  // namespace norvo::host
