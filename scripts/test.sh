@@ -1,6 +1,6 @@
 #!/bin/sh
-# Runs all tests: the checks of format and includes, the release build with everything, the same tests under the
-# address and undefined-behaviour sanitizers, and a short run of each fuzzer.
+# Runs all tests: the checks of format and includes, a short run of each fuzzer, the tests under the
+# address and undefined-behaviour sanitizers, and all of them as released.
 #
 #   scripts/test.sh
 set -eu

@@ -61,7 +61,8 @@ constexpr const char* kVerifyFooter = R"(Examples:
   norvo-playlists verify --machine /mnt/new-disk
   norvo-playlists verify --machine /mnt/new-disk 'C:\Music\Mix.m3u'
 
-Without PATH all playlists in the folder of the restored ones. Nothing is changed. Addresses on the
+Without PATH all playlists in the folder of the restored ones. Nothing on the machine is changed,
+but for the log that --log asks for. Addresses on the
 internet, shares and removable drives are not looked up. Exit code 1: a file is missing.)";
 
 constexpr const char* kMigrateFooter = R"(Examples:
@@ -75,8 +76,10 @@ or in a temporary folder. With --work this holds for a machine folder too.
 DIR of --to is made a machine where it is none.
 
 Run it again after an interruption, or later: what is there already stays, and playlists that were
-restored are not restored again. No file that is there is ever overwritten.
-Exit code 1: a song that exists on the old machine is not found from a playlist of the new one.)";
+restored are not restored again. No song and no playlist that is there is ever overwritten.
+The folders must not lie in each other. --link is refused where nothing is written to --from.
+Exit code 1: something that exists was left out, above all a song that no playlist of the new
+machine leads to.)";
 
 void AddOutput(CLI::App& command, CommonArguments& common) {
   command.add_flag("--log", common.log, "Write the debug log, VBLog.txt in the product's folder");

@@ -60,8 +60,7 @@ void Place(FilePlacer& placer, const MigrateArguments& arguments, Move& move, Co
   PlaceSongs(placer, mode, move, console);
 }
 
-void Restore(NewMachine& machine, Move& move, Console& console) {
-  RestoreLedger ledger(machine.Library(), DataAreaOf(machine.Settings()));
+void Restore(NewMachine& machine, RestoreLedger& ledger, Move& move, Console& console) {
   const std::size_t others = RestoreCarried(machine.Library(), ledger, move, console);
   if (others == 0) return;
   console.Note("The documents folder of the new machine held " + std::to_string(others) +
@@ -96,12 +95,14 @@ Json RunMigrate(const CommonArguments& common, const MigrateArguments& arguments
   NewMachine machine(arguments.to, arguments.trial, console);
   if (common.log && !arguments.trial) machine.Get().StartLog();
   FilePlacer placer(*old.Get().Platform(), machine.Files());
-  Planner(old.Get().Library(), machine.PlanLibrary(), machine.Plan(), placer, console).Run(move);
-  CarryNeutralFiles(machine.Library(), move);
+  RestoreLedger ledger(machine.Library(), DataAreaOf(machine.Settings()));
+  Planner(old.Get().Library(), machine.PlanLibrary(), machine.Plan(), placer, ledger, console)
+      .Run(move);
+  CarryNeutralFiles(old.Get().Library(), machine.Library(), ledger, move);
   Place(placer, arguments, move, console);
   if (!arguments.trial) machine.Plan().TakeBackAll();
   try {
-    Restore(machine, move, console);
+    Restore(machine, ledger, move, console);
   } catch (const RunTimeError& failure) {
     machine.Library().SetObserver(nullptr);
     LeaveOutRest(move, failure);

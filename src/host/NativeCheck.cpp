@@ -73,9 +73,9 @@ std::vector<CheckedReference> ReadByHost(Component& library, const String& path)
 }
 
 bool HasMissing(const std::vector<CheckedReference>& references) {
-  return std::any_of(
-      references.begin(), references.end(),
-      [](const CheckedReference& row) { return row.kind == CheckedReference::Kind::Missing; });
+  return std::any_of(references.begin(), references.end(), [](const CheckedReference& row) {
+    return row.kind == CheckedReference::Kind::Missing;
+  });
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "host/LogLines.h"
 #include "host/Report.h"
 #include "host/Settings.h"
+#include "model/PlaylistTypes.h"
 #include "text/Encoding.h"
 
 namespace norvo::host {
@@ -38,8 +39,11 @@ class RestoreWatcher final : public Observer {
   void OnPlaylistEnd(StringView path, std::int32_t type, PlaylistOutcome, std::size_t entries,
                      StringView) override {
     neutralFiles.emplace_back(path);
-    if (type == 0) console_.LeftOut(ToUtf8(path) + ": it tells no type of playlist");
-    if (entries == 0) console_.LeftOut(ToUtf8(path) + ": no entry of it could be read");
+    if (FindPlaylistType(type) == nullptr) {
+      console_.LeftOut(ToUtf8(path) + ": it tells no known type of playlist");
+    } else if (entries == 0) {
+      console_.LeftOut(ToUtf8(path) + ": no entry of it could be read");
+    }
   }
   void OnNativeFile(StringView path, std::int32_t type) override {
     natives.push_back({String(path), type, false});

@@ -1,5 +1,7 @@
 #include "text/Fingerprint.h"
 
+#include <cstdio>
+
 namespace norvo {
 
 namespace {
@@ -28,6 +30,13 @@ Fingerprint& Fingerprint::Add(StringView text) noexcept {
 Fingerprint& Fingerprint::AddExact(StringView text) noexcept {
   Mix(*this, text, [](char16_t unit) { return unit; });
   return *this;
+}
+
+std::string TextOf(const Fingerprint& print) {
+  char text[40];
+  std::snprintf(text, sizeof text, "%016llx%016llx", static_cast<unsigned long long>(print.first),
+                static_cast<unsigned long long>(print.second));
+  return text;
 }
 
 }  // namespace norvo

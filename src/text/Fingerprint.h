@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "text/Text.h"
 
@@ -18,5 +19,8 @@ struct Fingerprint {
   Fingerprint& AddExact(StringView text) noexcept;
   bool operator==(const Fingerprint&) const = default;
 };
+
+/// 32 hexadecimal digits.
+std::string TextOf(const Fingerprint& print);
 
 }  // namespace norvo

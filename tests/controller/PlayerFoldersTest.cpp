@@ -133,6 +133,21 @@ TEST_F(PlayerFoldersTest, AProgramThatIsNotRegisteredIsNotInstalled) {
   EXPECT_EQ(Set(), Lines());
 }
 
+TEST_F(PlayerFoldersTest, AProgramInTheDrivesRootIsNotFoundByChance) {
+  for (const StringView path : {u"C:\\mmjb.exe", u"C:\\Sonique.exe", u"C:\\wmplayer.exe"}) {
+    platform->AddFile(path, "x");
+  }
+  platform->AddFile(u"C:\\Winamp.ini", "");
+  for (const StringView key : {kMmdbKey, kMainAppKey}) {
+    platform->Registry().AddKey(Hive::LocalMachine, key);
+  }
+  for (const StringView key : {kSoniqueKey, kPlayerKey}) {
+    platform->Registry().AddKey(Hive::CurrentUser, key);
+  }
+  EXPECT_EQ(Set(), Lines());
+  EXPECT_EQ(platform->Bytes(u"C:\\Winamp.ini"), "");
+}
+
 struct CommandRow {
   const char16_t* command;
   bool installed;

@@ -144,6 +144,7 @@ class GeneratedMachine:
         """A further old machine, to be moved to the same new one."""
         maker = Maker(self.maker.seed + FURTHER, self.folder)
         maker.made.number = "-2"
+        maker.names = [ntpath.basename(each.path) for each in self.playlists]
         maker.made.group_root, maker.made.documents = self.group_root, self.documents
         maker.make_old()
         return maker.made
@@ -188,6 +189,7 @@ class Maker:
         self.folders = set()  # and of its folders
         self.pairs = []  # artists and albums that songs share
         self.tags = {}  # artist and album of each song, by its content
+        self.names = []  # of playlists of an earlier machine
         self.files = 0
 
     def often(self, probability):
@@ -518,6 +520,8 @@ class PlaylistMaker:
             name = self.one(PLAYLIST_NAMES if self.often(0.85) else WIDE_PLAYLIST_NAMES)
             if self.often(0.05):
                 name = "long name " * self.random.randrange(8, 21)
+            if self.maker.names and self.often(0.5):
+                name = ntpath.splitext(self.one(self.maker.names))[0]
             ending = self.syntax
             if self.syntax == "asx" and self.often(0.3):
                 ending = "m3u"

@@ -1,5 +1,7 @@
 #include "writers/NativeWriter.h"
 
+#include <algorithm>
+
 #include "model/ModelTest.h"
 
 namespace norvo {
@@ -291,7 +293,7 @@ Lines Added(const std::string& longer, const std::string& shorter) {
   const auto split = [](const std::string& text) {
     Lines lines;
     for (std::size_t at = 0; at < text.size();) {
-      const std::size_t end = text.find("\r\n", at);
+      const std::size_t end = std::min(text.find("\r\n", at), text.size());
       lines.push_back(text.substr(at, end - at));
       at = end + 2;
     }

@@ -37,7 +37,7 @@ bool HoldsAsx(StringView text) {
 }
 
 ListSyntax SyntaxOfAsx(StringView text) {
-  if (HoldsAsx(text)) return ListSyntax::Asx;
+  if (ContainsIgnoreCase(text, u"<asx")) return ListSyntax::Asx;
   const StringView line = FirstTellingLine(text);
   if (line.empty()) return ListSyntax::Asx;
   if (IsPlsSection(line)) return ListSyntax::Pls;

@@ -5,7 +5,10 @@
 #include "automation/RunTimeError.h"
 #include "host/migrate/PortableNames.h"
 #include "services/NVServices.h"
+#include "services/TextStream.h"
 #include "text/Encoding.h"
+#include "text/Fingerprint.h"
+#include "text/Number.h"
 #include "text/WindowsPath.h"
 
 namespace norvo::host {
@@ -13,26 +16,43 @@ namespace {
 
 constexpr std::int32_t kDocuments = 5;
 constexpr StringView kSubFolder = u"Norvo PlayLists\\";
-constexpr std::size_t kLongestFileName = 120;
+constexpr std::size_t kLongestBase = 120;
+
+constexpr StringView kExtension = u".ini";
 
 /// The first path of the name that is free or holds just these bytes.
 String PathFor(Component& library, const String& folder, const MovedPlaylist& playlist,
                const std::set<String>& taken) {
-  const String name = PortableName(LastComponent(playlist.neutral), nullptr, kLongestFileName);
-  String path = folder + name;
+  const StringView name = LastComponent(playlist.neutral);
+  const StringView bare = name.substr(0, name.size() - kExtension.size());
+  const String base = bare.empty() ? u"Playlist" : PortableName(bare, nullptr, kLongestBase);
+  String path = folder + base + String(kExtension);
   for (int number = 2;; ++number) {
     if (!taken.contains(Fold(path))) {
       const bool occupied = library.Files().FolderExists(path);
       const auto there = occupied ? std::nullopt : library.Machine().Settings().Read(path);
       if (!occupied && (!there || *there == playlist.carriedBytes)) return path;
     }
-    path = folder + NumberedName(name, number, kLongestFileName);
+    path = folder + base + u" (" + FormatInteger(number) + u")" + String(kExtension);
   }
+}
+
+/// Stands for a playlist with its content and its songs' places. The parts of one that was split
+/// differ in their items.
+std::string KeyOf(Component& old, const MovedPlaylist& playlist, const std::vector<Song>& songs) {
+  Fingerprint print;
+  print.AddExact(playlist.source);
+  const std::string bytes = ReadWholeFile(*old.Files().OpenForReading(playlist.source));
+  print.AddExact(String(bytes.begin(), bytes.end()));
+  for (const MovedItem& item : playlist.items) {
+    print.AddExact(item.song ? songs[*item.song].place : item.address);
+  }
+  return TextOf(print);
 }
 
 }  // namespace
 
-void CarryNeutralFiles(Component& library, Move& move) {
+void CarryNeutralFiles(Component& old, Component& library, RestoreLedger& ledger, Move& move) {
   const String documents = NVServices::GetCSIDLPath(library, kDocuments);
   if (documents.empty()) {
     throw HostError(
@@ -44,6 +64,14 @@ void CarryNeutralFiles(Component& library, Move& move) {
   for (MovedPlaylist& playlist : move.playlists) {
     if (playlist.state != MovedPlaylist::State::Collected) continue;
     try {
+      playlist.key = KeyOf(old, playlist, move.songs);
+      playlist.carried = ledger.CarriedFor(playlist.key);
+      if (!playlist.carried.empty()) {
+        playlist.natives = ledger.NativesOf(playlist.carried);
+        playlist.state = MovedPlaylist::State::AlreadyRestored;
+        taken.insert(Fold(playlist.carried));
+        continue;
+      }
       playlist.carried = PathFor(library, folder, playlist, taken);
       taken.insert(Fold(playlist.carried));
       SettingsStorage& settings = library.Machine().Settings();

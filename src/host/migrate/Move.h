@@ -46,6 +46,7 @@ struct MovedPlaylist {
   std::vector<std::string> missed;  ///< what it lists and could not be taken along, and why
   String neutral;                   ///< its neutral file on the old machine
   std::vector<MovedItem> items;
+  std::string key;              ///< by which the new machine knows it again
   String carried;               ///< its neutral file on the new machine
   std::string carriedBytes;     ///< what stands in there
   std::vector<String> natives;  ///< the playlists made of it

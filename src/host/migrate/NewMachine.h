@@ -25,8 +25,6 @@ class NewMachine {
   Component& PlanLibrary() { return *planLibrary_; }
   HostedPlatform& Files() { return *machine_->Platform(); }
   const norvo::host::Settings& Settings() const { return settings_; }
-  /// Both forms of a place.
-  std::string Both(StringView machinePath) const { return machine_->Both(machinePath); }
   Machine& Get() { return *machine_; }
 
  private:

@@ -28,6 +28,24 @@ String SectionOf(std::size_t entry) {
   return u"Entry " + FormatInteger(static_cast<std::int64_t>(entry)) + u" Properties";
 }
 
+/// Two old machines may have different files of one path; no path holds a "|".
+String NameInLedger(const Song& song) {
+  return song.source + u"|" + FormatNumber(song.size);
+}
+
+/// One of the elements that readers of ASX files look for, closed or not.
+bool HoldsElement(StringView text) {
+  constexpr StringView kElements[] = {u"asx", u"entry", u"ref", u"param", u"banner", u"duration"};
+  for (std::size_t at = text.find(u'<'); at != StringView::npos; at = text.find(u'<', at + 1)) {
+    StringView rest = Trim(text.substr(at + 1));
+    if (!rest.empty() && rest.front() == u'/') rest.remove_prefix(1);
+    for (const StringView element : kElements) {
+      if (EqualsIgnoreCase(rest.substr(0, element.size()), element)) return true;
+    }
+  }
+  return false;
+}
+
 /// The restoring cuts a name at its first point.
 String WithoutPoints(StringView name) {
   String text;
@@ -51,11 +69,12 @@ void ForEachFolderAbove(const String& path, std::size_t rootLength, Visit&& visi
 }  // namespace
 
 Planner::Planner(Component& old, Component& library, OverlayPlatform& overlay, FilePlacer& placer,
-                 Console& console)
+                 RestoreLedger& ledger, Console& console)
     : old_(old),
       library_(library),
       overlay_(overlay),
       placer_(placer),
+      ledger_(ledger),
       console_(console),
       root_(DataCop::GetGroupRoot(library)),
       draftPath_(DataArea(root_) + u"draft.ini") {}
@@ -166,6 +185,7 @@ Planner::Answer Planner::Ask(const Answer& names) {
 /// The place that most of the song's entries have without a change, if it will do.
 void Planner::Choose(Move& move, std::size_t number, std::vector<Vote> votes) {
   Song& song = move.songs[number];
+  if (KeepPlace(number, song)) return;
   std::stable_sort(votes.begin(), votes.end(),
                    [](const Vote& left, const Vote& right) { return left.count > right.count; });
   for (const Vote& vote : votes) {
@@ -241,8 +261,22 @@ bool Planner::TryNames(std::size_t number, Song& song, const Answer& names) {
   return false;
 }
 
+/// What an earlier move has decided stands, whatever else has come since.
+bool Planner::KeepPlace(std::size_t number, Song& song) {
+  const KnownPlace* const known = ledger_.PlaceOf(NameInLedger(song));
+  if (known == nullptr || !overlay_.Files().FileExists(known->place)) return false;
+  if (Judge(song, known->place) != Fault::None) return false;
+  Settle(number, song,
+         {known->place, known->artist, known->album, String(LastComponent(known->place))});
+  return true;
+}
+
 void Planner::Settle(std::size_t number, Song& song, const Answer& answer) {
   song.place = answer.place;
+  const KnownPlace* const known = ledger_.PlaceOf(NameInLedger(song));
+  if (known == nullptr || !overlay_.Files().FileExists(known->place)) {
+    ledger_.SetPlace(NameInLedger(song), {answer.place, answer.artist, answer.album});
+  }
   chosen_[number] = answer;
   places_.emplace(Fold(song.place), number);
   ForEachFolderAbove(song.place, root_.size(),
@@ -318,9 +352,25 @@ String Planner::NativeName(const String& base) {
   return IsPortableName(name) ? name : String(Trim(u"Playlist " + name));
 }
 
+/// Texts go into native ASX files as they are; one that holds an element would become one.
+void Planner::AdjustMarkup(Move& move, Draft& draft, std::size_t entry) {
+  const std::size_t section =
+      draft.document.FindOrAddSection(entry == 0 ? String(kGlobals) : SectionOf(entry));
+  std::vector<String> keys;
+  for (const StringView key : draft.document.Keys(section)) keys.emplace_back(key);
+  for (const String& key : keys) {
+    String value(*draft.document.Value(section, key));
+    if (!HoldsElement(value)) continue;
+    std::replace(value.begin(), value.end(), u'<', u'(');
+    std::replace(value.begin(), value.end(), u'>', u')');
+    Set(move, draft, entry, key, value, "ASX files would take it for markup");
+  }
+}
+
 void Planner::Adjust(Move& move, Draft& draft) {
   AdjustName(move, draft);
   const std::vector<MovedItem>& items = move.playlists[draft.playlist].items;
+  for (std::size_t i = 0; i <= items.size(); ++i) AdjustMarkup(move, draft, i);
   for (std::size_t i = 0; i < items.size(); ++i) {
     if (items[i].song) AdjustEntry(move, draft, i);
   }

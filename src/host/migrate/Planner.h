@@ -7,6 +7,7 @@
 
 #include "host/Console.h"
 #include "host/migrate/Move.h"
+#include "host/migrate/RestoreLedger.h"
 #include "host/overlay/OverlayPlatform.h"
 #include "platform/hosted/FilePlacer.h"
 #include "services/Component.h"
@@ -18,13 +19,13 @@ namespace norvo::host {
 /// Each place is the one that the new machine's own entry computes; where it has none, or one that
 /// is taken, illegal on Windows, not to be written in the 8-bit page or outside the group root, the
 /// neutral file is changed as little as possible: its file name; if that cannot do, its artist and
-/// album.
+/// album. A song that an earlier move has brought keeps its place.
 class Planner {
  public:
   /// `overlay` lies over the new machine, and `library` works on it. `old` and `placer` serve to
   /// read neutral files and to compare songs. All must outlive this.
   Planner(Component& old, Component& library, OverlayPlatform& overlay, FilePlacer& placer,
-          Console& console);
+          RestoreLedger& ledger, Console& console);
 
   /// Plans for all playlists that have a neutral file; songs and playlists for which there is no
   /// way are marked as left out.
@@ -62,7 +63,9 @@ class Planner {
   Fault Judge(const Song& song, const String& place);
   bool IsBlocked(const String& place);
   bool IsTaken(const Song& song, const String& place);
+  bool KeepPlace(std::size_t number, Song& song);
   void AdjustName(Move& move, Draft& draft);
+  void AdjustMarkup(Move& move, Draft& draft, std::size_t entry);
   String NativeName(const String& base);
   void Adjust(Move& move, Draft& draft);
   void AdjustEntry(Move& move, Draft& draft, std::size_t entry);
@@ -76,6 +79,7 @@ class Planner {
   Component& library_;
   OverlayPlatform& overlay_;
   FilePlacer& placer_;
+  RestoreLedger& ledger_;
   Console& console_;
   String root_;       // of the group, with a trailing backslash
   String draftPath_;  // where the overlay holds the neutral file that is being asked about

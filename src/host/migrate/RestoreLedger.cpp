@@ -1,5 +1,6 @@
 #include "host/migrate/RestoreLedger.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <optional>
 #include <utility>
@@ -13,13 +14,15 @@ namespace norvo::host {
 namespace {
 
 constexpr const char* kTitle =
-    "; The neutral files that were restored on this machine, and the playlists made of them.\r\n";
+    "; What was moved to this machine: the neutral files that were restored, the playlists made of "
+    "them, and the songs' places.\r\n";
 
 // The kinds of lines. A line is whole only with its line end.
-constexpr StringView kBegin = u"begin";    // fingerprint, neutral file
+constexpr StringView kBegin = u"begin";    // fingerprint, neutral file, key of the playlist
 constexpr StringView kNative = u"native";  // path
 constexpr StringView kDone = u"done";
 constexpr StringView kUndone = u"undone";
+constexpr StringView kSong = u"song";  // its name, place, artist, album
 
 std::vector<String> Fields(StringView line) {
   std::vector<String> fields;
@@ -31,8 +34,17 @@ std::vector<String> Fields(StringView line) {
   return fields;
 }
 
-std::string BeginLine(const std::string& fingerprint, const String& neutralFile) {
-  return ToUtf8(kBegin) + '\t' + fingerprint + '\t' + ToUtf8(neutralFile) + "\r\n";
+std::string BeginLine(const std::string& fingerprint, const String& neutralFile,
+                      const std::string& key) {
+  return ToUtf8(kBegin) + '\t' + fingerprint + '\t' + ToUtf8(neutralFile) + '\t' + key + "\r\n";
+}
+
+/// Empty for names that a line cannot hold; the song is planned anew then.
+std::string SongLine(const String& source, const KnownPlace& known) {
+  const String line = source + u'\t' + known.place + u'\t' + known.artist + u'\t' + known.album;
+  const bool holds = std::count(line.begin(), line.end(), u'\t') == 3 &&
+                     line.find_first_of(u"\r\n") == String::npos;
+  return holds ? ToUtf8(kSong) + '\t' + ToUtf8(line) + "\r\n" : std::string();
 }
 
 std::string NativeLine(const String& path) {
@@ -67,8 +79,10 @@ bool RestoreLedger::Load() {
 }
 
 void RestoreLedger::Take(const std::vector<String>& fields) {
-  if (fields.size() == 3 && fields[0] == kBegin) {
-    current_ = Row{fields[2], ToUtf8(fields[1]), {}};
+  if (fields.size() == 4 && fields[0] == kBegin) {
+    current_ = Row{fields[2], ToUtf8(fields[3]), ToUtf8(fields[1]), {}};
+  } else if (fields.size() == 5 && fields[0] == kSong) {
+    places_[fields[1]] = {fields[2], fields[3], fields[4]};
   } else if (fields.size() == 2 && fields[0] == kNative && current_) {
     current_->natives.push_back(fields[1]);
   } else if (fields[0] == kDone && current_) {
@@ -81,19 +95,16 @@ void RestoreLedger::Take(const std::vector<String>& fields) {
 void RestoreLedger::Keep() {
   Row row = std::move(*current_);
   current_.reset();
-  String key = Fold(row.neutralFile);
-  restored_.insert_or_assign(std::move(key), std::move(row));
+  String folded = Fold(row.neutralFile);
+  if (!row.key.empty()) byKey_[row.key] = folded;
+  restored_.insert_or_assign(std::move(folded), std::move(row));
 }
 
 std::string RestoreLedger::FingerprintOf(const String& neutralFile) {
   const std::optional<std::string> bytes = machine_.Machine().Settings().Read(neutralFile);
   if (!bytes) return {};
-  const Fingerprint print =
-      Fingerprint().AddExact(String(bytes->begin(), bytes->end()));  // byte by byte, as it is
-  char text[40];
-  std::snprintf(text, sizeof text, "%016llx%016llx", static_cast<unsigned long long>(print.first),
-                static_cast<unsigned long long>(print.second));
-  return text;
+  // Byte by byte, as it is.
+  return TextOf(Fingerprint().AddExact(String(bytes->begin(), bytes->end())));
 }
 
 bool RestoreLedger::IsRestored(const String& neutralFile) {
@@ -106,9 +117,28 @@ std::vector<String> RestoreLedger::NativesOf(const String& neutralFile) const {
   return found == restored_.end() ? std::vector<String>() : found->second.natives;
 }
 
-void RestoreLedger::Begin(const String& neutralFile) {
-  current_ = Row{neutralFile, FingerprintOf(neutralFile), {}};
-  Append(BeginLine(current_->fingerprint, neutralFile));
+String RestoreLedger::CarriedFor(const std::string& key) {
+  const auto found = byKey_.find(key);
+  if (found == byKey_.end()) return {};
+  const Row& row = restored_.at(found->second);
+  // A neutral file that was deleted since has been restored all the same.
+  const std::string now = FingerprintOf(row.neutralFile);
+  const bool known = row.key == key && (now.empty() || now == row.fingerprint);
+  return known ? row.neutralFile : String();
+}
+
+const KnownPlace* RestoreLedger::PlaceOf(const String& song) const {
+  const auto found = places_.find(song);
+  return found == places_.end() ? nullptr : &found->second;
+}
+
+void RestoreLedger::SetPlace(const String& song, const KnownPlace& place) {
+  places_[song] = place;
+}
+
+void RestoreLedger::Begin(const String& neutralFile, const std::string& key) {
+  current_ = Row{neutralFile, key, FingerprintOf(neutralFile), {}};
+  Append(BeginLine(current_->fingerprint, neutralFile, key));
 }
 
 void RestoreLedger::AddNative(const String& path) {
@@ -142,10 +172,11 @@ void RestoreLedger::DeleteNatives(const Row& row) {
 void RestoreLedger::Compact() {
   std::string text = kTitle;
   for (const auto& [folded, row] : restored_) {
-    text += BeginLine(row.fingerprint, row.neutralFile);
+    text += BeginLine(row.fingerprint, row.neutralFile, row.key);
     for (const String& native : row.natives) text += NativeLine(native);
     text += EndLine(kDone);
   }
+  for (const auto& [source, known] : places_) text += SongLine(source, known);
   machine_.Machine().Settings().Write(path_, text);
 }
 

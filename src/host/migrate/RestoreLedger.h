@@ -10,10 +10,17 @@
 
 namespace norvo::host {
 
-/// What a machine remembers of the neutral files that were restored on it: by path and content,
-/// with the native playlists made of each. It stands in "Restored.txt" of the data area, is
-/// written ahead of each step, and so survives a run that is killed: what such a run has left
-/// unfinished is taken away before the next.
+/// The place that a song has got, and the names by which an entry computes it.
+struct KnownPlace {
+  String place;
+  String artist;
+  String album;
+};
+
+/// What a machine remembers of the moves to it: the neutral files that were restored, by path and
+/// content, with the native playlists made of each, and the places of the songs. It stands in
+/// "Restored.txt" of the data area, is written ahead of each step, and so survives a run that is
+/// killed: what such a run has left unfinished is taken away before the next.
 class RestoreLedger {
  public:
   /// Reads the machine's ledger. Playlists that were begun and not finished are deleted.
@@ -21,21 +28,31 @@ class RestoreLedger {
 
   /// True for a neutral file that was restored as it is now.
   bool IsRestored(const String& neutralFile);
+  /// The neutral file that was restored for a playlist with this key, by which a move knows it
+  /// again; empty when there is none, or when it is another file now.
+  String CarriedFor(const std::string& key);
   /// The native playlists made of a neutral file, in the order of their writing.
   std::vector<String> NativesOf(const String& neutralFile) const;
 
-  void Begin(const String& neutralFile);
+  /// `key` may be empty, and holds no tab.
+  void Begin(const String& neutralFile, const std::string& key = {});
   void AddNative(const String& path);
   /// With `whole` false the native playlists are deleted and the neutral file counts as not
   /// restored.
   void End(bool whole);
 
-  /// Writes the ledger anew, in the order of the neutral files' names.
+  /// The place of a song, by whatever name the caller gives it; null for none. It may be gone.
+  const KnownPlace* PlaceOf(const String& song) const;
+  /// Is durable after the next `Compact`.
+  void SetPlace(const String& song, const KnownPlace& place);
+
+  /// Writes the ledger anew, in the order of the names.
   void Compact();
 
  private:
   struct Row {
     String neutralFile;
+    std::string key;
     std::string fingerprint;
     std::vector<String> natives;
   };
@@ -45,13 +62,14 @@ class RestoreLedger {
   std::string FingerprintOf(const String& neutralFile);
   void Append(const std::string& line);
   void DeleteNatives(const Row& row);
+  void Keep();
 
   Component& machine_;
   String path_;
-  void Keep();
-
-  std::map<String, Row> restored_;  // by the folded path, so that the order ignores case
-  std::optional<Row> current_;      // begun and not ended
+  std::map<String, Row> restored_;       // by the folded path, so that the order ignores case
+  std::map<std::string, String> byKey_;  // the folded paths of those with a key
+  std::map<String, KnownPlace> places_;
+  std::optional<Row> current_;  // begun and not ended
 };
 
 }  // namespace norvo::host

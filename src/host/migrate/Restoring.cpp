@@ -1,5 +1,6 @@
 #include "host/migrate/Restoring.h"
 
+#include <map>
 #include <set>
 #include <utility>
 
@@ -17,7 +18,11 @@ constexpr std::int32_t kRestoreMode = 1;
 class RestoreWatcher final : public Observer {
  public:
   RestoreWatcher(RestoreLedger& ledger, Move& move, Console& console)
-      : ledger_(ledger), move_(move), console_(console) {}
+      : ledger_(ledger), move_(move), console_(console) {
+    for (const MovedPlaylist& playlist : move.playlists) {
+      if (!playlist.key.empty()) keys_[Fold(playlist.carried)] = playlist.key;
+    }
+  }
 
   void OnLogLine(StringView line) override {
     if (IsWarning(line)) console_.LeftOut("New machine: " + ToUtf8(line));
@@ -26,7 +31,8 @@ class RestoreWatcher final : public Observer {
   void OnPlaylistBegin(StringView path, std::size_t position, std::size_t count) override {
     console_.Bar().Advance("restoring", position, count, path);
     whole_ = true;
-    ledger_.Begin(String(path));
+    const auto key = keys_.find(Fold(path));
+    ledger_.Begin(String(path), key == keys_.end() ? std::string() : key->second);
   }
   void OnNativeFile(StringView path, std::int32_t) override {
     const bool before = std::exchange(whole_, false);  // holds when the ledger cannot be written
@@ -50,6 +56,7 @@ class RestoreWatcher final : public Observer {
   RestoreLedger& ledger_;
   Move& move_;
   Console& console_;
+  std::map<String, std::string> keys_;  // of the move's playlists, by folded neutral file
   std::set<String> restored_;
   bool whole_ = true;
 };
@@ -65,7 +72,7 @@ std::size_t RestoreCarried(Component& library, RestoreLedger& ledger, Move& move
   try {
     ledger.Compact();
   } catch (const RunTimeError&) {
-    // On a full disk it stays as it grew, and says the same.
+    // On a full disk it stays as it grew; only the songs' places are not remembered.
   }
 
   std::size_t own = 0;
