@@ -24,8 +24,8 @@ class MediaVisitor final : public ScanVisitor {
   }
 
   void VisitFile(StringView folder, StringView name) override {
-    CountToInt16(++files_);
     if (!MatchesAny(name, patterns_)) return;
+    CountToInt16(++files_);
     // Nothing else is done with the file: intended.
     component_.Watcher().OnMediaFile(Utility::AddBackslash(folder) + String(name));
   }

@@ -60,13 +60,6 @@ void Place(FilePlacer& placer, const MigrateArguments& arguments, Move& move, Co
   PlaceSongs(placer, mode, move, console);
 }
 
-void Restore(NewMachine& machine, RestoreLedger& ledger, Move& move, Console& console) {
-  const std::size_t others = RestoreCarried(machine.Library(), ledger, move, console);
-  if (others == 0) return;
-  console.Note("The documents folder of the new machine held " + std::to_string(others) +
-               " other neutral files, which were restored too.");
-}
-
 /// Without its ledger nothing can be restored; what is done until then is told all the same.
 void LeaveOutRest(Move& move, const RunTimeError& failure) {
   for (MovedPlaylist& playlist : move.playlists) {
@@ -102,7 +95,7 @@ Json RunMigrate(const CommonArguments& common, const MigrateArguments& arguments
   Place(placer, arguments, move, console);
   if (!arguments.trial) machine.Plan().TakeBackAll();
   try {
-    Restore(machine, ledger, move, console);
+    RestoreCarried(machine.Library(), ledger, move, console);
   } catch (const RunTimeError& failure) {
     machine.Library().SetObserver(nullptr);
     LeaveOutRest(move, failure);

@@ -1,5 +1,6 @@
 #include "host/migrate/Carrying.h"
 
+#include <map>
 #include <set>
 
 #include "automation/RunTimeError.h"
@@ -37,11 +38,12 @@ String PathFor(Component& library, const String& folder, const MovedPlaylist& pl
   }
 }
 
-/// Stands for a playlist with its content and its songs' places. The parts of one that was split
-/// differ in their items.
-std::string KeyOf(Component& old, const MovedPlaylist& playlist, const std::vector<Song>& songs) {
+/// Stands for a playlist, or a part of one that was split, with its content and its songs' places.
+std::string KeyOf(Component& old, const MovedPlaylist& playlist, const std::vector<Song>& songs,
+                  std::size_t part) {
   Fingerprint print;
   print.AddExact(playlist.source);
+  print.AddExact(FormatInteger(static_cast<std::int64_t>(part)));
   const std::string bytes = ReadWholeFile(*old.Files().OpenForReading(playlist.source));
   print.AddExact(String(bytes.begin(), bytes.end()));
   for (const MovedItem& item : playlist.items) {
@@ -61,10 +63,11 @@ void CarryNeutralFiles(Component& old, Component& library, RestoreLedger& ledger
   }
   const String folder = documents + String(kSubFolder);
   std::set<String> taken;  // by other playlists of this move
+  std::map<String, std::size_t> parts;
   for (MovedPlaylist& playlist : move.playlists) {
     if (playlist.state != MovedPlaylist::State::Collected) continue;
     try {
-      playlist.key = KeyOf(old, playlist, move.songs);
+      playlist.key = KeyOf(old, playlist, move.songs, parts[playlist.source]++);
       playlist.carried = ledger.CarriedFor(playlist.key);
       if (!playlist.carried.empty()) {
         playlist.natives = ledger.NativesOf(playlist.carried);

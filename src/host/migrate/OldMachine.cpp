@@ -1,10 +1,14 @@
 #include "host/migrate/OldMachine.h"
 
 #include <cctype>
+#include <fstream>
+#include <iterator>
 #include <optional>
 
 #include "host/LinkedMachine.h"
 #include "host/Setup.h"
+#include "services/IniDocument.h"
+#include "text/CodePage.h"
 #include "text/Encoding.h"
 
 namespace norvo::host {
@@ -17,22 +21,39 @@ bool IsDriveName(const fs::path& path) {
   return name.size() == 1 && std::isalpha(static_cast<unsigned char>(name.front())) != 0;
 }
 
-/// True for a folder with a machine's own files, or with drives and nothing else in it but hidden
-/// files, such as one that a stopped run has left. A disk's root may hold a folder "A" too, but
-/// beside others.
-bool IsMachineFolder(const fs::path& folder) {
+bool IsHidden(const fs::path& path) {
+  return path.filename().string().front() == '.';
+}
+
+/// True for a machine.ini that tells of a machine; others may have a file of that name.
+bool TellsOfMachine(const fs::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  const std::string bytes((std::istreambuf_iterator<char>(stream)), {});
+  const IniDocument settings(DecodeFile(bytes, Windows1252()));
+  return settings.FindSection(u"Drives") != IniDocument::kNone ||
+         settings.FindSection(u"ShellFolders") != IniDocument::kNone;
+}
+
+/// True for a folder that holds drive C, maybe others, and nothing else but hidden files, such as
+/// one that a stopped run has left. Music that is sorted into folders from A to Z is no machine.
+bool HoldsDrivesAlone(const fs::path& folder) {
   std::error_code failure;
-  if (fs::exists(folder / "machine.ini", failure) || fs::exists(folder / "registry.reg", failure)) {
-    return true;
-  }
-  bool hasDrive = false;
+  bool hasC = false;
   for (fs::directory_iterator at(folder, failure), end; at != end; at.increment(failure)) {
-    if (at->path().filename().string().front() == '.') continue;
+    const fs::path name = at->path().filename();
+    if (IsHidden(name) || name == "registry.reg" || name == "machine.ini") continue;
     if (!at->is_directory(failure) || !IsDriveName(at->path())) return false;
-    hasDrive = true;
+    const int letter = std::toupper(static_cast<unsigned char>(at->path().filename().string()[0]));
+    if (letter < 'C') return false;
+    hasC = hasC || letter == 'C';
   }
   if (failure) throw HostError(folder.string() + ": " + failure.message());
-  return hasDrive;
+  return hasC;
+}
+
+/// In doubt a folder is a disk, to which nothing is written.
+bool IsMachineFolder(const fs::path& folder) {
+  return TellsOfMachine(folder / "machine.ini") || HoldsDrivesAlone(folder);
 }
 
 void CheckFolder(const fs::path& folder) {

@@ -103,9 +103,13 @@ void Planner::Run(Move& move) {
     drafts.push_back(std::move(draft));
   }
   chosen_.resize(move.songs.size());
+  std::vector<bool> kept(move.songs.size());
+  for (std::size_t song = 0; song < move.songs.size(); ++song) {
+    kept[song] = !votes[song].empty() && KeepPlace(song, move.songs[song]);
+  }
   for (std::size_t song = 0; song < move.songs.size(); ++song) {
     console_.Bar().Advance("planning song", song + 1, move.songs.size(), move.songs[song].source);
-    if (!votes[song].empty()) Choose(move, song, votes[song]);
+    if (!votes[song].empty() && !kept[song]) Choose(move, song, votes[song]);
   }
   for (Draft& draft : drafts) Adjust(move, draft);
   for (Draft& draft : drafts) {
@@ -185,7 +189,6 @@ Planner::Answer Planner::Ask(const Answer& names) {
 /// The place that most of the song's entries have without a change, if it will do.
 void Planner::Choose(Move& move, std::size_t number, std::vector<Vote> votes) {
   Song& song = move.songs[number];
-  if (KeepPlace(number, song)) return;
   std::stable_sort(votes.begin(), votes.end(),
                    [](const Vote& left, const Vote& right) { return left.count > right.count; });
   for (const Vote& vote : votes) {

@@ -22,7 +22,6 @@ namespace {
 
 // A neutral file counts its entries in 16 bits.
 constexpr std::size_t kMostEntries = 32767;
-constexpr int kMostNames = 10000;
 
 StringView EntryClass(std::int32_t type) {
   if (HasAsxEntries(type)) return u"AsxEntry";
@@ -298,7 +297,8 @@ String Rescue::Write(AutomationObject& read, const String& path, const String& n
     entry->Let(u"Entry_EntryType", type);
     CallWith(*collection, u"Add", entry);
   }
-  for (int attempt = 1, failures = 0; attempt <= kMostNames && failures < 2; ++attempt) {
+  int& attempt = nextNames_.try_emplace(Fold(BaseOf(path)), 1).first->second;
+  for (int failures = 0; failures < 2; ++attempt) {
     if (!Name(*playlist, path, type, attempt)) continue;
     if (ToBoolean(CallWith(*playlist, u"WriteGeneric", fileName))) {
       return dataArea_ + PlayListToIni(TextOf(*playlist, u"PlayListName"));

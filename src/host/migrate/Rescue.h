@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <set>
 #include <span>
 #include <string>
@@ -63,7 +64,8 @@ class Rescue {
   SongBook& songs_;
   Console& console_;
   ReferenceFinder finder_;
-  std::set<String> taken_;  // neutral files that belong to a playlist, folded
+  std::map<String, int> nextNames_;  // number of the next name to try, by the playlist's own
+  std::set<String> taken_;           // neutral files that belong to a playlist, folded
 };
 
 }  // namespace norvo::host

@@ -61,9 +61,14 @@ RestoreLedger::RestoreLedger(Component& machine, const String& dataArea)
     : machine_(machine), path_(dataArea + u"Restored.txt") {
   const bool whole = Load();
   if (whole && !current_) return;
-  if (current_) DeleteNatives(*current_);
+  if (current_) DeleteUnfinished(*current_);
   current_.reset();
-  Compact();
+  try {
+    Compact();
+  } catch (const RunTimeError&) {
+    if (!whole) throw;  // what is added next would run into the torn line
+    // A full disk: the next run will find the same again.
+  }
 }
 
 /// False when the last line is torn.
@@ -163,6 +168,19 @@ void RestoreLedger::Append(const std::string& line) {
     return machine_.Machine().Settings().Write(path_, kTitle + line);
   }
   machine_.Files().OpenForAppending(path_, false)->Append(line);
+}
+
+/// A native playlist is noted before it is created. What was not written then is somebody else's.
+void RestoreLedger::DeleteUnfinished(const Row& row) {
+  constexpr std::int64_t kSecond = 1'000'000'000;
+  constexpr std::int64_t kLongest = 3600 * kSecond;
+  const std::optional<FileFacts> ledger = machine_.Files().FactsOf(path_);
+  for (const String& native : row.natives) {
+    const std::optional<FileFacts> facts = machine_.Files().FactsOf(native);
+    if (!ledger || !facts) continue;
+    const std::int64_t after = facts->modified - ledger->modified;
+    if (after < 2 * kSecond && after > -kLongest) Utility::DeleteFileForced(machine_, native);
+  }
 }
 
 void RestoreLedger::DeleteNatives(const Row& row) {

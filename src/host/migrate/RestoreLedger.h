@@ -62,6 +62,7 @@ class RestoreLedger {
   std::string FingerprintOf(const String& neutralFile);
   void Append(const std::string& line);
   void DeleteNatives(const Row& row);
+  void DeleteUnfinished(const Row& row);
   void Keep();
 
   Component& machine_;

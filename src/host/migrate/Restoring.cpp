@@ -27,7 +27,10 @@ class RestoreWatcher final : public Observer {
   void OnLogLine(StringView line) override {
     if (IsWarning(line)) console_.LeftOut("New machine: " + ToUtf8(line));
   }
-  bool WantsGenericFile(StringView path) override { return !ledger_.IsRestored(String(path)); }
+  /// The documents folder may hold other neutral files, whose songs are not of this move.
+  bool WantsGenericFile(StringView path) override {
+    return keys_.contains(Fold(path)) && !ledger_.IsRestored(String(path));
+  }
   void OnPlaylistBegin(StringView path, std::size_t position, std::size_t count) override {
     console_.Bar().Advance("restoring", position, count, path);
     whole_ = true;
@@ -63,8 +66,7 @@ class RestoreWatcher final : public Observer {
 
 }  // namespace
 
-std::size_t RestoreCarried(Component& library, RestoreLedger& ledger, Move& move,
-                           Console& console) {
+void RestoreCarried(Component& library, RestoreLedger& ledger, Move& move, Console& console) {
   RestoreWatcher watcher(ledger, move, console);
   library.SetObserver(&watcher);
   RunQueue(*library.Create(u"helperMan"), kRestoreMode);
@@ -75,13 +77,11 @@ std::size_t RestoreCarried(Component& library, RestoreLedger& ledger, Move& move
     // On a full disk it stays as it grew; only the songs' places are not remembered.
   }
 
-  std::size_t own = 0;
   for (MovedPlaylist& playlist : move.playlists) {
     if (playlist.state != MovedPlaylist::State::Collected) continue;
     playlist.natives = ledger.NativesOf(playlist.carried);
     if (watcher.Restored().contains(Fold(playlist.carried))) {
       playlist.state = MovedPlaylist::State::Restored;
-      ++own;
     } else if (ledger.IsRestored(playlist.carried)) {
       playlist.state = MovedPlaylist::State::AlreadyRestored;
     } else {
@@ -91,7 +91,6 @@ std::size_t RestoreCarried(Component& library, RestoreLedger& ledger, Move& move
           "not full, and run again";
     }
   }
-  return watcher.Restored().size() - own;
 }
 
 }  // namespace norvo::host

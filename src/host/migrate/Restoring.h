@@ -7,9 +7,8 @@
 
 namespace norvo::host {
 
-/// Lets the new machine's queue restore the neutral files that its ledger does not know yet, and
-/// notes in the move what became of its playlists. Gives the number of other neutral files that
-/// were found in the documents folder and restored.
-std::size_t RestoreCarried(Component& library, RestoreLedger& ledger, Move& move, Console& console);
+/// Lets the new machine's queue restore the carried neutral files that its ledger does not know
+/// yet, and notes in the move what became of its playlists.
+void RestoreCarried(Component& library, RestoreLedger& ledger, Move& move, Console& console);
 
 }  // namespace norvo::host

@@ -68,6 +68,10 @@ class OverlayPlatformTest : public HostTest {
   }
   FileSystem& Files() { return Overlay().Files(); }
   FileSystem& FilesBelow() { return below_->Files(); }
+  HostedPlatform& Below() {
+    Overlay();
+    return *below_;
+  }
 
   /// Number of the run-time error that the work raises; 0 without one.
   static std::int32_t ErrorOf(const std::function<void()>& work) {
@@ -547,8 +551,7 @@ TEST_F(OverlayPlatformTest, MigrationListTakesAllAndKeepsNothing) {
 TEST_F(OverlayPlatformTest, LeavesTheWarningsOfTheMachineBelowToWhoeverOpenedIt) {
   WriteFile(Place("C/Music/\xFF.mp3"), "odd");
   Paths warnings;
-  Overlay();
-  below_->SetWarningSink([&](StringView line) { warnings.emplace_back(line); });
+  Below().SetWarningSink([&](StringView line) { warnings.emplace_back(line); });
   Overlay().SetWarningSink([](StringView) { ADD_FAILURE() << "the overlay took the warnings"; });
   Names(u"C:\\Music");
   EXPECT_EQ(warnings.size(), 1u);
