@@ -120,15 +120,6 @@ ssize_t Copying::Move(std::size_t most) {
   return MovePlain(most);
 }
 
-/// Without waiting for it.
-void StartWriteBack(const HostFile& file) {
-#ifdef __linux__
-  ::sync_file_range(file.Get(), 0, 0, SYNC_FILE_RANGE_WRITE);
-#else
-  static_cast<void>(file);
-#endif
-}
-
 /// Reads until the buffer is full or the file ends; -1 when it cannot be read.
 ssize_t ReadFully(const HostFile& file, char* buffer, std::size_t size, std::uint64_t offset) {
   std::size_t done = 0;
@@ -156,7 +147,6 @@ int CopyFile(const HostFile& source, const HostFacts& facts, const HostFile& tar
   if (!made) return errno;
   if (made->size != facts.size) return kSourceChanged;
   if (!SetTimes(target, facts.accessed, facts.modified)) return errno;
-  StartWriteBack(target);
   return 0;
 }
 
