@@ -71,10 +71,10 @@ TEST_F(MigrateCommandTest, FoldersThatLieInEachOtherAreRefused) {
       {{"--from", Old(), "--to", Old() + "/C/new"}, "--from and --to"},
       {{"--from", Old() + "/C", "--to", Old()}, "--from and --to"},
       {{"--from", Old(), "--to", Old() + "/x/.."}, "--from and --to"},
-      {{"--from", Old(), "--to", New(), "--work", Old() + "/C/work"}, "--from and --work"},
+      {{"--from", Old(), "--to", New(), "--work", Old() + "/C/data"}, "--from and --work"},
       {{"--from", Old() + "/C/Music", "--to", New(), "--work", Old()}, "--from and --work"},
-      {{"--from", Old(), "--to", New(), "--work", New() + "/work"}, "--to and --work"},
-      {{"--from", Old(), "--to", New() + "/", "--work", New() + "/work/"}, "--to and --work"},
+      {{"--from", Old(), "--to", New(), "--work", New() + "/data"}, "--to and --work"},
+      {{"--from", Old(), "--to", New() + "/", "--work", New() + "/data/"}, "--to and --work"},
       {{"--from", Old(), "--to", New() + "/a", "--work", New()}, "--to and --work"}};
   for (const Row& row : rows) {
     Texts words = row.words;
