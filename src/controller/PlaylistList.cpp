@@ -59,7 +59,7 @@ void PlaylistList::Restart() {
     Utility::DeleteFileForced(component_, path);
   }
   counters_.fill(0);
-  open_ = file_.CreateFile(path);
+  open_ = file_.CreateNew(path);
 }
 
 void PlaylistList::OpenIfClosed() {

@@ -22,7 +22,7 @@ std::shared_ptr<HostedPlatform> OpenPlatform(const std::filesystem::path& folder
 
 }  // namespace
 
-class Machine::ConsoleBox final : public MessageBox {
+class Machine::ConsoleBox final : public MessageDialog {
  public:
   explicit ConsoleBox(Console& console) : console_(console) {}
   void Show(StringView title, StringView text) override {
@@ -38,7 +38,7 @@ Machine::Machine(const std::filesystem::path& folder, Console& console)
       platform_(OpenPlatform(folder)),
       box_(std::make_unique<ConsoleBox>(console)),
       layout_(platform_->DriveFolders()) {
-  platform_->SetMessageBox(*box_);
+  platform_->SetMessageDialog(*box_);
   // What the opening of the machine has to tell comes before there is a log.
   std::vector<String> early;
   platform_->SetWarningSink([&early](StringView line) { early.emplace_back(line); });

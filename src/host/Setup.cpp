@@ -161,7 +161,7 @@ class Setup {
   void WriteSubNames(const String& path) {
     try {
       ProfileFile file(component_);
-      file.CreateFile(path);
+      file.CreateNew(path);
       file.SelectSection(u"PlayListStrings");
       for (const SubName& row : kSubNames) file.WriteValue(row.key, row.value);
       file.Close();

@@ -71,7 +71,7 @@ class FileSystem {
   /// Creates one folder; its parent must exist.
   virtual void CreateFolder(StringView path) = 0;
   /// Deletes a file, with `force` also one that is read-only.
-  virtual void DeleteFile(StringView path, bool force) = 0;
+  virtual void RemoveFile(StringView path, bool force) = 0;
 
   virtual std::unique_ptr<BinaryFile> OpenForReading(StringView path) = 0;
   virtual std::unique_ptr<AppendFile> OpenForAppending(StringView path, bool create) = 0;

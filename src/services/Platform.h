@@ -93,9 +93,9 @@ class DriveScanner {
 };
 
 /// Shows a text that needs to be confirmed.
-class MessageBox {
+class MessageDialog {
  public:
-  virtual ~MessageBox() = default;
+  virtual ~MessageDialog() = default;
   virtual void Show(StringView title, StringView text) = 0;
 };
 
@@ -111,7 +111,7 @@ class Platform {
   virtual MigrationList& Migration() = 0;
   /// Null where the machine has no drive scanner; raises when it cannot be created.
   virtual DriveScanner* Scanner() = 0;
-  virtual MessageBox& Messages() = 0;
+  virtual MessageDialog& Messages() = 0;
   virtual const CodePage& AnsiPage() = 0;
   /// Where the platform tells what it had to leave out, such as names that no path can reach, one
   /// line each. The component takes them into the log; a host may set another place afterwards.

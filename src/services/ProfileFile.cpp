@@ -63,7 +63,7 @@ bool ProfileFile::OpenFile(StringView path) {
   return true;
 }
 
-bool ProfileFile::CreateFile(StringView path) {
+bool ProfileFile::CreateNew(StringView path) {
   return Bind(path);
 }
 

@@ -25,7 +25,7 @@ class ProfileFile {
   /// bare name has no data area to stand in; every read then finds nothing.
   bool OpenFile(StringView path);
   /// Binds to a file without reading it: what is written replaces it whole.
-  bool CreateFile(StringView path);
+  bool CreateNew(StringView path);
   /// The file was there when it was opened.
   bool Exists() const { return exists_; }
 

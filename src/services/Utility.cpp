@@ -121,7 +121,7 @@ String GetShellOpenFolder(Component& component, StringView fileClass, StringView
 
 void DeleteFileForced(Component& component, StringView path) {
   Quietly(false, [&] {
-    component.Files().DeleteFile(path, true);
+    component.Files().RemoveFile(path, true);
     return true;
   });
 }

@@ -134,7 +134,7 @@ bool WriteGeneric(Component& component, PlaylistRecord& playlist, StringView fil
       SetDefaultName(playlist, fileName);
       RefuseForeignPath(playlist);
       ProfileFile file(component);
-      if (!file.CreateFile(PlayListToIni(playlist.name))) return false;
+      if (!file.CreateNew(PlayListToIni(playlist.name))) return false;
       WriteGlobals(file, playlist);
       WriteEntries(file, *playlist.entries);
       file.Close();

@@ -110,7 +110,7 @@ TEST_F(MigrateMediaTest, NothingIsDoneWithTheFiles) {
   EXPECT_EQ(library->MediaBytes(), 0.0);
   for (const StringView operation :
        {u"OpenForReading", u"OpenForAppending", u"FactsOf", u"Settings.Read", u"Settings.Write",
-        u"Registry.Write", u"Migration.Add", u"DeleteFile", u"CreateFolder"}) {
+        u"Registry.Write", u"Migration.Add", u"RemoveFile", u"CreateFolder"}) {
     EXPECT_EQ(platform->Calls(operation), 0u) << Utf8(operation);
   }
 }

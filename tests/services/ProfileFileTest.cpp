@@ -78,7 +78,7 @@ TEST_F(ProfileFileTest, TheDataAreaHasOneBackslashBehindTheRoot) {
 TEST_F(ProfileFileTest, WithoutAGroupRootABareNameCannotBeOpened) {
   ProfileFile file(component);
   EXPECT_FALSE(file.OpenFile(u"PlayLists.txt"));
-  EXPECT_FALSE(file.CreateFile(u"PlayLists.txt"));
+  EXPECT_FALSE(file.CreateNew(u"PlayLists.txt"));
   EXPECT_FALSE(file.SelectSection(u"s"));
   String value = u"before";
   EXPECT_NE(file.ReadValue(u"key", value), 0);
@@ -90,7 +90,7 @@ TEST_F(ProfileFileTest, AnEmptyNameCannotBeOpened) {
   platform->ConfigureProduct();
   ProfileFile file(component);
   EXPECT_FALSE(file.OpenFile(u""));
-  EXPECT_FALSE(file.CreateFile(u""));
+  EXPECT_FALSE(file.CreateNew(u""));
 }
 
 TEST_F(ProfileFileTest, WritingNeedsAnOpenFileAndASection) {
@@ -128,7 +128,7 @@ TEST_F(ProfileFileTest, AFileThatWasOnlyReadIsNotWritten) {
 TEST_F(ProfileFileTest, ACreatedFileReplacesTheOldOneWhole) {
   platform->AddFile(u"C:\\a.ini", "[old]\r\nkey=1\r\n");
   ProfileFile file(component);
-  ASSERT_TRUE(file.CreateFile(u"C:\\a.ini"));
+  ASSERT_TRUE(file.CreateNew(u"C:\\a.ini"));
   EXPECT_FALSE(file.SelectSection(u"old"));
   file.SelectSection(u"new");
   file.WriteValue(u"key", u"2");
@@ -148,7 +148,7 @@ TEST_F(ProfileFileTest, TheLastHolderWritesWhatWasSet) {
 
 TEST_F(ProfileFileTest, TextsOfTheCodePageAreWrittenInIt) {
   ProfileFile file(component);
-  ASSERT_TRUE(file.CreateFile(u"C:\\a.ini"));
+  ASSERT_TRUE(file.CreateNew(u"C:\\a.ini"));
   file.SelectSection(u"s");
   file.WriteValue(u"key", u"Größe €");
   file.Close();
@@ -161,7 +161,7 @@ TEST_F(ProfileFileTest, TextsOfTheCodePageAreWrittenInIt) {
 TEST_F(ProfileFileTest, OtherTextsAreWrittenInUtf16AndComeBack) {
   const String path = u"C:\\日本\\\xD83D\xDE00\\Ā.mp3";
   ProfileFile file(component);
-  ASSERT_TRUE(file.CreateFile(u"C:\\a.ini"));
+  ASSERT_TRUE(file.CreateNew(u"C:\\a.ini"));
   file.SelectSection(u"s");
   file.WriteValue(u"key", path);
   file.Close();

@@ -252,8 +252,8 @@ void MemoryFiles::CreateFolder(StringView path) {
   MakeFolder(full);
 }
 
-void MemoryFiles::DeleteFile(StringView path, bool force) {
-  calls_.Enter(u"DeleteFile", path);
+void MemoryFiles::RemoveFile(StringView path, bool force) {
+  calls_.Enter(u"RemoveFile", path);
   const NodeRef node = RequireFile(path);
   if (node->readOnly && !force) throw RunTimeError(error::kPermissionDenied);
   RequireParent(path)->children.erase(Fold(node->name));

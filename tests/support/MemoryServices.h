@@ -75,7 +75,7 @@ class RecordingMigrationList final : public MigrationList {
 };
 
 /// Notes what would have been shown.
-class RecordingMessageBox final : public MessageBox {
+class RecordingMessageBox final : public MessageDialog {
  public:
   explicit RecordingMessageBox(CallLog& calls) : calls_(calls) {}
 

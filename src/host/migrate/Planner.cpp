@@ -116,7 +116,7 @@ void Planner::Run(Move& move) {
     Confirm(move, draft);
     move.playlists[draft.playlist].carriedBytes = BytesOf(draft);
   }
-  if (!drafts.empty()) overlay_.Files().DeleteFile(draftPath_, true);
+  if (!drafts.empty()) overlay_.Files().RemoveFile(draftPath_, true);
 }
 
 /// Reads a neutral file and asks the new machine about all its entries.

@@ -211,7 +211,7 @@ void OverlayFiles::CreateFolder(StringView path) {
   CreateFolders(path);
 }
 
-void OverlayFiles::DeleteFile(StringView path, bool) {
+void OverlayFiles::RemoveFile(StringView path, bool) {
   const Place place = PlaceOf(path);
   const bool isBelow = below_.Files().FileExists(path);
   if (RequireFile(path) == nullptr && !isBelow) RaiseMissing(path);

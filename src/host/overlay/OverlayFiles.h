@@ -28,7 +28,7 @@ class OverlayFiles final : public FileSystem, public SettingsStorage {
   bool FolderExists(StringView path) override;
   std::optional<FileFacts> FactsOf(StringView path) override;
   void CreateFolder(StringView path) override;
-  void DeleteFile(StringView path, bool force) override;
+  void RemoveFile(StringView path, bool force) override;
   std::unique_ptr<BinaryFile> OpenForReading(StringView path) override;
   std::unique_ptr<AppendFile> OpenForAppending(StringView path, bool create) override;
   std::vector<FolderItem> ListFolder(StringView path, std::span<const StringView> endings) override;

@@ -47,7 +47,7 @@ class OverlayPlatform final : public Platform {
   std::vector<String> WrittenPaths() const { return files_.WrittenPaths(); }
 
   /// Shows the messages from now on, instead of the machine below. Not owned.
-  void SetMessageBox(MessageBox& messages) { messages_ = &messages; }
+  void SetMessageDialog(MessageDialog& messages) { messages_ = &messages; }
 
   FileSystem& Files() override { return files_; }
   norvo::Registry& Registry() override { return registry_; }
@@ -56,7 +56,9 @@ class OverlayPlatform final : public Platform {
   SettingsStorage& Settings() override { return files_; }
   MigrationList& Migration() override { return migration_; }
   DriveScanner* Scanner() override { return &scanner_; }
-  MessageBox& Messages() override { return messages_ == nullptr ? below_->Messages() : *messages_; }
+  MessageDialog& Messages() override {
+    return messages_ == nullptr ? below_->Messages() : *messages_;
+  }
   const CodePage& AnsiPage() override { return below_->AnsiPage(); }
   /// Does nothing: the machine below tells its own warnings, to whoever opened it.
   void SetWarningSink(std::function<void(StringView)>) override {}
@@ -69,7 +71,7 @@ class OverlayPlatform final : public Platform {
   OverlayProduct product_{*below_, registry_};
   ForgetfulMigrationList migration_;
   FolderScanner scanner_{files_};
-  MessageBox* messages_ = nullptr;
+  MessageDialog* messages_ = nullptr;
 };
 
 }  // namespace norvo::host

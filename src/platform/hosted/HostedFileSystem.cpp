@@ -91,7 +91,7 @@ void HostedFileSystem::CreateFolder(StringView path) {
   resolver_.Changed(*parent->drive, parent->path);
 }
 
-void HostedFileSystem::DeleteFile(StringView path, bool force) {
+void HostedFileSystem::RemoveFile(StringView path, bool force) {
   const std::optional<HostEntry> entry = resolver_.Find(path);
   if (!entry || entry->facts.kind != HostFacts::Kind::File) RaiseMissing(path);
   // The host deletes read-only files too; a Windows machine does so only when forced.

@@ -21,7 +21,7 @@ class HostedFileSystem final : public FileSystem {
   bool FolderExists(StringView path) override;
   std::optional<FileFacts> FactsOf(StringView path) override;
   void CreateFolder(StringView path) override;
-  void DeleteFile(StringView path, bool force) override;
+  void RemoveFile(StringView path, bool force) override;
   std::unique_ptr<BinaryFile> OpenForReading(StringView path) override;
   std::unique_ptr<AppendFile> OpenForAppending(StringView path, bool create) override;
   /// Links to files are listed as files. Links to folders are left out, so that a walk through all

@@ -26,7 +26,7 @@ constexpr std::size_t kMostWaiting = 1000;
 // mistake, and would be held in memory as a whole.
 constexpr std::size_t kMostSettingsBytes = std::size_t{16} * 1024 * 1024;
 
-class StandardErrorBox final : public MessageBox {
+class StandardErrorBox final : public MessageDialog {
  public:
   void Show(StringView title, StringView text) override {
     std::cerr << ToUtf8(title) << ": " << ToUtf8(text) << std::endl;
@@ -119,7 +119,7 @@ struct HostedPlatform::Parts {
   MediaList mediaList{files, storage};
   FolderScanner scanner{files};
   StandardErrorBox standardBox;
-  MessageBox* messages = &standardBox;
+  MessageDialog* messages = &standardBox;
 };
 
 HostedPlatform::HostedPlatform(const std::filesystem::path& machineFolder)
@@ -127,7 +127,7 @@ HostedPlatform::HostedPlatform(const std::filesystem::path& machineFolder)
 
 HostedPlatform::~HostedPlatform() = default;
 
-void HostedPlatform::SetMessageBox(MessageBox& messages) {
+void HostedPlatform::SetMessageDialog(MessageDialog& messages) {
   parts_->messages = &messages;
 }
 
@@ -167,7 +167,7 @@ MigrationList& HostedPlatform::Migration() {
 DriveScanner* HostedPlatform::Scanner() {
   return &parts_->scanner;
 }
-MessageBox& HostedPlatform::Messages() {
+MessageDialog& HostedPlatform::Messages() {
   return *parts_->messages;
 }
 const CodePage& HostedPlatform::AnsiPage() {

@@ -29,7 +29,7 @@ class HostedPlatform final : public Platform {
   ~HostedPlatform() override;
 
   /// Shows the machine's messages from now on, instead of the standard error stream. Not owned.
-  void SetMessageBox(MessageBox& messages);
+  void SetMessageDialog(MessageDialog& messages);
   /// Is told, one line each, what is odd about the machine, such as names that no Windows path can
   /// express; also what was found before the call. Until it is set nobody is told.
   void SetWarningSink(std::function<void(StringView)> sink) override;
@@ -48,7 +48,7 @@ class HostedPlatform final : public Platform {
   SettingsStorage& Settings() override;
   MigrationList& Migration() override;
   DriveScanner* Scanner() override;
-  MessageBox& Messages() override;
+  MessageDialog& Messages() override;
   const CodePage& AnsiPage() override;
 
  private:

@@ -159,9 +159,9 @@ TEST_F(OverlayPlatformTest, RaisesWhatTheMachineBelowRaises) {
   EXPECT_EQ(ErrorOf([&] { open(u"C:\\Music\\Two.mp3"); }), 53);
   EXPECT_EQ(ErrorOf([&] { open(u"C:\\Music"); }), 53);
   EXPECT_EQ(ErrorOf([&] { open(u"C:\\No\\Two.mp3"); }), 76);
-  EXPECT_EQ(ErrorOf([&] { Files().DeleteFile(u"C:\\Music\\Two.mp3", true); }), 53);
-  EXPECT_EQ(ErrorOf([&] { Files().DeleteFile(u"C:\\No\\Two.mp3", true); }), 76);
-  EXPECT_EQ(ErrorOf([&] { Files().DeleteFile(u"C:\\Music", true); }), 53);
+  EXPECT_EQ(ErrorOf([&] { Files().RemoveFile(u"C:\\Music\\Two.mp3", true); }), 53);
+  EXPECT_EQ(ErrorOf([&] { Files().RemoveFile(u"C:\\No\\Two.mp3", true); }), 76);
+  EXPECT_EQ(ErrorOf([&] { Files().RemoveFile(u"C:\\Music", true); }), 53);
   EXPECT_EQ(ErrorOf([&] { Append(u"C:\\Two.txt", "x", false); }), 53);
   EXPECT_EQ(ErrorOf([&] { Append(u"C:\\No\\Two.txt", "x", false); }), 76);
   EXPECT_EQ(ErrorOf([&] { Append(u"C:\\No\\Two.txt", "x"); }), 76);
@@ -210,7 +210,7 @@ TEST_F(OverlayPlatformTest, AnswersAsAMachineThatIsChanged) {
     for (const StringView path : paths) {
       text << '"' << ToUtf8(path) << "\": read " << ErrorOf([&] { files.OpenForReading(path); })
            << ", list " << ErrorOf([&] { files.ListFolder(path, {}); }) << ", delete "
-           << ErrorOf([&] { files.DeleteFile(path, true); }) << ", create "
+           << ErrorOf([&] { files.RemoveFile(path, true); }) << ", create "
            << ErrorOf([&] { files.CreateFolder(path); }) << ", append "
            << ErrorOf([&] { files.OpenForAppending(path, false); }) << ", append anew "
            << ErrorOf([&] { files.OpenForAppending(path, true); }) << ", write whole "
@@ -302,11 +302,11 @@ TEST_F(OverlayPlatformTest, CreatesAFileToAppendToOnlyWhenAsked) {
 }
 
 TEST_F(OverlayPlatformTest, HidesADeletedFile) {
-  Files().DeleteFile(u"c:\\music\\MIX.M3U", false);
+  Files().RemoveFile(u"c:\\music\\MIX.M3U", false);
   EXPECT_FALSE(Files().FileExists(u"C:\\Music\\Mix.m3u"));
   EXPECT_EQ(Names(u"C:\\Music"), (Paths{u"One.mp3"}));
   EXPECT_EQ(ErrorOf([&] { Files().OpenForReading(u"C:\\Music\\Mix.m3u"); }), 53);
-  EXPECT_EQ(ErrorOf([&] { Files().DeleteFile(u"C:\\Music\\Mix.m3u", true); }), 53);
+  EXPECT_EQ(ErrorOf([&] { Files().RemoveFile(u"C:\\Music\\Mix.m3u", true); }), 53);
   EXPECT_EQ(Overlay().Settings().Read(u"C:\\Music\\Mix.m3u"), std::nullopt);
   EXPECT_EQ(Files().FileVersion(u"C:\\Music\\Mix.m3u"), u"");
   EXPECT_TRUE(FilesBelow().FileExists(u"C:\\Music\\Mix.m3u"));
@@ -314,14 +314,14 @@ TEST_F(OverlayPlatformTest, HidesADeletedFile) {
   Append(u"C:\\Music\\mix.m3u", "anew");
   EXPECT_EQ(Read(u"C:\\Music\\Mix.m3u"), "anew");
   EXPECT_EQ(Names(u"C:\\Music"), (Paths{u"mix.m3u", u"One.mp3"}));
-  Files().DeleteFile(u"C:\\Music\\Mix.m3u", false);
+  Files().RemoveFile(u"C:\\Music\\Mix.m3u", false);
   EXPECT_FALSE(Files().FileExists(u"C:\\Music\\Mix.m3u"));
   EXPECT_EQ(Overlay().Written(u"C:\\Music\\Mix.m3u"), std::nullopt);
   EXPECT_TRUE(Overlay().WrittenPaths().empty());
 }
 
 TEST_F(OverlayPlatformTest, AFolderMayTakeTheNameOfADeletedFile) {
-  Files().DeleteFile(u"C:\\Old.txt", false);
+  Files().RemoveFile(u"C:\\Old.txt", false);
   Files().CreateFolder(u"C:\\Old.txt");
   EXPECT_TRUE(Files().FolderExists(u"C:\\Old.txt"));
   EXPECT_FALSE(Files().FileExists(u"C:\\Old.txt"));
@@ -426,8 +426,8 @@ TEST_F(OverlayPlatformTest, WritingAndDeletingTakeAPretenceBack) {
   Overlay().Pretend(u"C:\\Music\\One.mp3", Planned());
   Overlay().Pretend(u"C:\\Music\\Two.mp3", Planned());
   Overlay().Pretend(u"C:\\Music\\Three.mp3", Planned());
-  Files().DeleteFile(u"C:\\Music\\One.mp3", false);
-  Files().DeleteFile(u"C:\\Music\\Two.mp3", false);
+  Files().RemoveFile(u"C:\\Music\\One.mp3", false);
+  Files().RemoveFile(u"C:\\Music\\Two.mp3", false);
   Write(u"C:\\Music\\Three.mp3", "three");
   EXPECT_EQ(Names(u"C:\\Music"), (Paths{u"Mix.m3u", u"Three.mp3"}));
   EXPECT_EQ(Read(u"C:\\Music\\Three.mp3"), "three");
@@ -462,7 +462,7 @@ TEST_F(OverlayPlatformTest, TellsWrittenPathsInTheOrderOfWriting) {
   Write(u"C:\\z\\LAST.ini", "4");
   Overlay().Pretend(u"C:\\B.mp3", Planned());
   EXPECT_EQ(Overlay().WrittenPaths(), (Paths{u"C:\\Z\\last.ini", u"C:\\Old.txt", u"C:\\A.ini"}));
-  Files().DeleteFile(u"C:\\Z\\last.ini", false);
+  Files().RemoveFile(u"C:\\Z\\last.ini", false);
   Write(u"C:\\Z\\last.ini", "5");
   EXPECT_EQ(Overlay().WrittenPaths(), (Paths{u"C:\\Old.txt", u"C:\\A.ini", u"C:\\Z\\last.ini"}));
   EXPECT_EQ(Overlay().Written(u"C:\\Z\\last.ini"), "5");
@@ -531,7 +531,7 @@ TEST_F(OverlayPlatformTest, ScansWhatItShows) {
     void CannotList(StringView folder, StringView) override { found.emplace_back(folder); }
     Paths found;
   };
-  Files().DeleteFile(u"C:\\Music\\Mix.m3u", false);
+  Files().RemoveFile(u"C:\\Music\\Mix.m3u", false);
   Write(u"C:\\Music\\New.m3u", "x");
   Overlay().Pretend(u"C:\\Plan\\Planned.m3u", Planned());
   Visitor visitor;
@@ -635,12 +635,12 @@ TEST(OverlayMessagesTest, GoToTheMachineBelowUnlessTheyAreTaken) {
   OverlayPlatform overlay(below);
   overlay.Messages().Show({}, u"first");
   EXPECT_EQ(below->Calls(u"Messages.Show"), 1u);
-  class Box final : public MessageBox {
+  class Box final : public MessageDialog {
    public:
     void Show(StringView, StringView text) override { shown = text; }
     String shown;
   } box;
-  overlay.SetMessageBox(box);
+  overlay.SetMessageDialog(box);
   overlay.Messages().Show({}, u"second");
   EXPECT_EQ(box.shown, u"second");
   EXPECT_EQ(below->Calls(u"Messages.Show"), 1u);

@@ -150,17 +150,17 @@ TEST_F(HostedFileSystemTest, CreatingAFolderFails) {
 TEST_F(HostedFileSystemTest, DeletesReadOnlyFilesOnlyWhenForced) {
   Put(Host("C/a.txt"), "");
   ASSERT_EQ(::chmod(Host("C/a.txt").c_str(), 0444), 0);
-  EXPECT_EQ(ErrorOf([&] { Files().DeleteFile(u"C:\\a.txt", false); }), 70);
+  EXPECT_EQ(ErrorOf([&] { Files().RemoveFile(u"C:\\a.txt", false); }), 70);
   EXPECT_TRUE(std::filesystem::exists(Host("C/a.txt")));
-  Files().DeleteFile(u"C:\\A.TXT", true);
+  Files().RemoveFile(u"C:\\A.TXT", true);
   EXPECT_FALSE(std::filesystem::exists(Host("C/a.txt")));
 }
 
 TEST_F(HostedFileSystemTest, DeletingWhatIsNoFileFails) {
   Put(Host("C/folder/a"), "");
-  EXPECT_EQ(ErrorOf([&] { Files().DeleteFile(u"C:\\b", true); }), 53);
-  EXPECT_EQ(ErrorOf([&] { Files().DeleteFile(u"C:\\folder", true); }), 53);
-  EXPECT_EQ(ErrorOf([&] { Files().DeleteFile(u"C:\\nowhere\\b", true); }), 76);
+  EXPECT_EQ(ErrorOf([&] { Files().RemoveFile(u"C:\\b", true); }), 53);
+  EXPECT_EQ(ErrorOf([&] { Files().RemoveFile(u"C:\\folder", true); }), 53);
+  EXPECT_EQ(ErrorOf([&] { Files().RemoveFile(u"C:\\nowhere\\b", true); }), 76);
   EXPECT_TRUE(std::filesystem::exists(Host("C/folder/a")));
 }
 

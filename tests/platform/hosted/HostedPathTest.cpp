@@ -86,7 +86,7 @@ TEST_F(HostedPathTest, AFileThatThePlatformItselfCreatesIsFoundInAnyCase) {
   EXPECT_FALSE(Files().FileExists(u"C:\\m\\LOG.TXT"));
   Files().OpenForAppending(u"C:\\m\\log.txt", true)->Append("x");
   EXPECT_EQ(NameOf(u"C:\\m\\LOG.TXT"), "log.txt");
-  Files().DeleteFile(u"C:\\m\\LOG.txt", false);
+  Files().RemoveFile(u"C:\\m\\LOG.txt", false);
   EXPECT_FALSE(Files().FileExists(u"C:\\m\\log.TXT"));
 }
 
@@ -123,7 +123,7 @@ TEST_F(HostedPathTest, ALinkOutOfTheDriveDoesNotExist) {
   EXPECT_EQ(NameOf(u"C:\\relative.txt"), "(none)");
   EXPECT_EQ(ErrorOf([&] { Files().OpenForReading(u"C:\\file.txt"); }), 53);
   EXPECT_EQ(ErrorOf([&] { Files().OpenForReading(u"C:\\away\\secret.txt"); }), 76);
-  EXPECT_EQ(ErrorOf([&] { Files().DeleteFile(u"C:\\file.txt", true); }), 53);
+  EXPECT_EQ(ErrorOf([&] { Files().RemoveFile(u"C:\\file.txt", true); }), 53);
   EXPECT_NE(ErrorOf([&] { Files().OpenForAppending(u"C:\\file.txt", true); }), 0);
   EXPECT_NE(ErrorOf([&] { Machine().Settings().Write(u"C:\\file.txt", "y"); }), 0);
   EXPECT_NE(ErrorOf([&] { Machine().Settings().Write(u"C:\\away\\new.txt", "y"); }), 0);
@@ -153,7 +153,7 @@ TEST_F(HostedPathTest, ALinkWithinTheDriveWorks) {
   EXPECT_EQ(Files().FactsOf(u"C:\\Alias.mp3")->size, 3);
   EXPECT_EQ(Read(u"C:\\Alias.mp3"), "123");
   EXPECT_EQ(Read(u"C:\\Absolute\\Song.mp3"), "123");
-  Files().DeleteFile(u"C:\\Alias.mp3", false);
+  Files().RemoveFile(u"C:\\Alias.mp3", false);
   EXPECT_TRUE(Files().FileExists(u"C:\\real\\Song.mp3")) << "only the link is deleted";
 }
 

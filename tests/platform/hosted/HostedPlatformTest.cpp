@@ -148,11 +148,11 @@ TEST_F(HostedPlatformTest, MessagesGoToTheStandardErrorStreamUnlessTheHostTakesT
   ::testing::internal::CaptureStderr();
   Machine().Messages().Show(u"Title", u"Text ä");
   EXPECT_EQ(::testing::internal::GetCapturedStderr(), "Title: Text ä\n");
-  struct Box final : MessageBox {
+  struct Box final : MessageDialog {
     void Show(StringView title, StringView text) override { shown = String(title) + String(text); }
     String shown;
   } box;
-  Machine().SetMessageBox(box);
+  Machine().SetMessageDialog(box);
   Machine().Messages().Show(u"a", u"b");
   EXPECT_EQ(box.shown, u"ab");
 }
