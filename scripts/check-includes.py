@@ -6,7 +6,7 @@ import sys
 from pathlib import Path
 
 SOURCE = Path(__file__).resolve().parent.parent / "src"
-DECLARED = re.compile(r"^norvo_subsystem\((\S+)(?: DEPENDS ([^)]*))?\)", re.M)
+DECLARED = re.compile(r"^ *norvo_subsystem\((\S+)(?: DEPENDS ([^)]*))?\)", re.M)
 
 
 def allowed_folders():

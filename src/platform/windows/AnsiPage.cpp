@@ -1,0 +1,58 @@
+#include "platform/windows/AnsiPage.h"
+
+#include "automation/RunTimeError.h"
+#include "platform/windows/WideText.h"
+
+namespace norvo {
+namespace {
+
+int LengthOf(std::size_t length) {
+  if (length > 0x7FFFFFFF) throw RunTimeError(error::kOutOfMemory);
+  return static_cast<int>(length);
+}
+
+class AnsiPage final : public CodePage {
+ public:
+  String Decode(std::string_view bytes) const override {
+    const int length = LengthOf(bytes.size());
+    if (length == 0) return {};
+    String text(static_cast<std::size_t>(
+                    ::MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0)),
+                u'\0');
+    ::MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, ToWide(text), LengthOf(text.size()));
+    return text;
+  }
+
+  std::string Encode(StringView text) const override { return Convert(text, nullptr); }
+
+  bool Fits(StringView text) const override {
+    BOOL lost = FALSE;
+    Convert(text, &lost);
+    return lost == FALSE;
+  }
+
+ private:
+  /// Never a character that only looks like the one that the page lacks: it would name another
+  /// file.
+  static std::string Convert(StringView text, BOOL* lost) {
+    const int length = LengthOf(text.size());
+    if (length == 0) return {};
+    const auto* wide = reinterpret_cast<const wchar_t*>(text.data());
+    const char* question = "?";
+    std::string bytes(static_cast<std::size_t>(::WideCharToMultiByte(
+                          CP_ACP, WC_NO_BEST_FIT_CHARS, wide, length, nullptr, 0, question, lost)),
+                      '\0');
+    ::WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide, length, bytes.data(),
+                          LengthOf(bytes.size()), question, lost);
+    return bytes;
+  }
+};
+
+}  // namespace
+
+const CodePage& SystemAnsiPage() {
+  static const AnsiPage page;
+  return page;
+}
+
+}  // namespace norvo
