@@ -88,6 +88,7 @@ double ToDouble(const Variant& value) {
   if (const auto* number = std::get_if<double>(&value)) return *number;
   if (const auto* date = std::get_if<Date>(&value)) return date->days;
   if (const auto* text = std::get_if<String>(&value)) return NumberFromText(*text);
+  if (std::holds_alternative<Null>(value)) throw RunTimeError(error::kInvalidNull);
   throw RunTimeError(error::kTypeMismatch);
 }
 

@@ -8,8 +8,9 @@
 namespace norvo {
 
 /// Conversions of the automation platform. All raise error 13 for a value that does not convert
-/// and error 6 for a number outside the target's range; a half is rounded to the even neighbour.
-/// Empty converts to 0, False or the empty text; texts convert as whole numbers or not at all.
+/// (94 for Null) and error 6 for a number outside the target's range; a half is rounded to the even
+/// neighbour. Empty converts to 0, False or the empty text; texts convert as whole numbers or not
+/// at all.
 bool ToBoolean(const Variant& value);
 std::uint8_t ToByte(const Variant& value);
 std::int16_t ToInt16(const Variant& value);

@@ -36,6 +36,8 @@ StringView DescriptionOf(std::int32_t number) {
       return u"Object variable or With block variable not set";
     case error::kInvalidPattern:
       return u"Invalid pattern string";
+    case error::kInvalidNull:
+      return u"Invalid use of Null";
     case error::kCannotCreateObject:
       return u"ActiveX component can't create object";
     case error::kNoSuchMember:

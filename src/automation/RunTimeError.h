@@ -26,6 +26,7 @@ inline constexpr std::int32_t kPathFileAccess = 75;
 inline constexpr std::int32_t kPathNotFound = 76;
 inline constexpr std::int32_t kObjectNotSet = 91;
 inline constexpr std::int32_t kInvalidPattern = 93;
+inline constexpr std::int32_t kInvalidNull = 94;
 inline constexpr std::int32_t kCannotCreateObject = 429;
 inline constexpr std::int32_t kNoSuchMember = 438;
 inline constexpr std::int32_t kWrongArguments = 450;

@@ -26,9 +26,14 @@ struct Missing {
   bool operator==(const Missing&) const = default;
 };
 
+/// A value that is known to be no value, as databases have it; it converts to nothing.
+struct Null {
+  bool operator==(const Null&) const = default;
+};
+
 /// A value of any automation type. Conversions between the types stand in
 /// automation/Conversions.h; they are the only ones.
-using Variant = std::variant<std::monostate, Missing, bool, std::uint8_t, std::int16_t,
+using Variant = std::variant<std::monostate, Missing, Null, bool, std::uint8_t, std::int16_t,
                              std::int32_t, double, Date, String, ObjectRef, StringArray>;
 
 /// The types as they are named in the public interface. `Any` takes any type.

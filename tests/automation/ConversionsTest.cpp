@@ -189,5 +189,13 @@ TEST(Conversions, DatesBefore1899HaveTheirTimeOfDayAsTheFraction) {
   EXPECT_TEXT(DateText({37755.9999999}), u"5/15/2003 12:00:00 AM");
 }
 
+TEST(Conversions, NullConvertsToNothing) {
+  EXPECT_EQ(NumberRaisedBy([] { return ToText(Variant(Null{})); }), 94);
+  EXPECT_EQ(NumberRaisedBy([] { return ToInt32(Variant(Null{})); }), 94);
+  EXPECT_EQ(NumberRaisedBy([] { return ToBoolean(Variant(Null{})); }), 94);
+  EXPECT_EQ(NumberRaisedBy([] { return ToObject(Variant(Null{})); }), 13);
+  EXPECT_EQ(RunTimeError(94).Description(), u"Invalid use of Null");
+}
+
 }  // namespace
 }  // namespace norvo
