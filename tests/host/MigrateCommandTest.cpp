@@ -1,21 +1,15 @@
 #include <unistd.h>
 
-#include <set>
+#include <chrono>
 
 #include "host/migrate/MoveFixture.h"
 
 namespace norvo::host {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 /// The command as the user meets it: arguments, reports, exit codes, and what it must not touch.
 class MigrateCommandTest : public MoveTest {
  protected:
-  static constexpr const char* kMix = R"(C:\Music\Mix.m3u)";
-  static constexpr const char* kOne = R"(C:\Music\One.mp3)";
-  static constexpr const char* kTwo = R"(C:\Music\Two.mp3)";
-
   void SetUp() override {
     MoveTest::SetUp();
     AddSong(kOne, {"First", "AC/DC", ""});

@@ -1,24 +1,11 @@
-#include "host/migrate/MoveFixture.h"
+#include "host/migrate/MixFixture.h"
 
 namespace norvo::host {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 /// What is written on the new machine, and what a further run does there.
-class CarryTest : public MoveTest {
+class CarryTest : public MixTest {
  protected:
-  static constexpr const char* kMix = R"(C:\Music\Mix.m3u)";
-  static constexpr const char* kOne = R"(C:\Music\One.mp3)";
-  static constexpr const char* kTwo = R"(C:\Music\Two.mp3)";
-
-  void SetUp() override {
-    MoveTest::SetUp();
-    AddSong(kOne);
-    AddSong(kTwo);
-    WriteOld(kMix, M3u({kOne, kTwo}));
-  }
-
   /// A neutral file of somebody else, with an address and nothing more.
   static std::string NeutralFile(const std::string& name, const std::string& address) {
     return "[Global Properties]\r\nPavaneVersion=1.6\r\nPlaylistName=" + name +
@@ -151,28 +138,6 @@ TEST_F(CarryTest, InstalledPlayersArePointedAtTheirFolders) {
                     "volume=90\r\ncwd=" + kRoot + "PlayLists\\Winamp\r\n"));
 }
 
-TEST_F(CarryTest, ANativePlaylistThatIsGoneIsMissedByALaterRun) {
-  ASSERT_EQ(Moved().at("exitCode"), 0);
-  const std::string native = NativePath(kPlayers[3], "Mix");
-  fs::remove(NewPlace(native));
-  const auto again = Moved();
-  EXPECT_EQ(again.at("exitCode"), 1);
-  EXPECT_EQ(again.at("leftOut"), Texts{native + ": was written, and is gone now"});
-}
-
-TEST_F(CarryTest, ANativePlaylistThatWasChangedIsLookedAtAndStays) {
-  ASSERT_EQ(Moved().at("exitCode"), 0);
-  const std::string native = NativePath(kPlayers[1], "Mix");
-  const std::string changed = "#EXTM3U\r\n" + kRoot + "Music\\Two.mp3\r\nC:\\gone.mp3\r\n";
-  WriteNew(native, changed);
-  const auto again = Moved();
-  EXPECT_EQ(again.at("exitCode"), 1);
-  EXPECT_EQ(again.at("leftOut"),
-            (Texts{native + ": \"" + kRoot + "Music\\Two.mp3\" does not lead to " + kOne,
-                   native + ": \"C:\\gone.mp3\" does not lead to " + kTwo}));
-  EXPECT_EQ(ReadFile(NewPlace(native)), changed);
-}
-
 TEST_F(CarryTest, ASongThatWasTakenAwayIsBroughtAgain) {
   ASSERT_EQ(Moved().at("exitCode"), 0);
   const auto tree = Snapshot(New());
@@ -232,15 +197,6 @@ TEST_F(CarryTest, ANeutralFileThatCannotBeCarriedIsTold) {
             Texts{R"(C:\Music\Mix.m3u: its neutral file cannot be written on the new machine: )"
                   R"(Path/File access error: C:\My Documents\Norvo PlayLists)"});
   EXPECT_EQ(ReadFile(NewPlace(R"(C:\My Documents\Norvo PlayLists)")), "of the user");
-}
-
-TEST_F(CarryTest, AnAddressThatDoesNotFitThePageIsTold) {
-  WriteOld(kMix, "\xEF\xBB\xBF" + M3u({kOne, "http://example.com/Ü", "http://example.com/Мир"}));
-  const auto moved = Moved();
-  EXPECT_EQ(moved.at("exitCode"), 1);
-  EXPECT_EQ(moved.at("leftOut"),
-            Texts{"C:\\Music\\Mix.m3u: its native playlists cannot tell "
-                  "\"http://example.com/Мир\", which does not fit the 8-bit page"});
 }
 
 TEST_F(CarryTest, WhatHasComeSinceChangesNothingThatWasMoved) {

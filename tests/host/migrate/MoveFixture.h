@@ -36,10 +36,16 @@ inline constexpr PlayerFolder kPlayers[] = {{"Windows Media Player", ".asx"},
 
 inline const std::string kRoot = R"(C:\My Documents\Norvo Media\)";
 
+using Texts = std::vector<std::string>;
+
 /// An old machine, made in the test, and beside it the new one, which is not there yet. All paths
 /// are paths of the machines.
 class MoveTest : public HostTest {
  protected:
+  static constexpr const char* kMix = R"(C:\Music\Mix.m3u)";
+  static constexpr const char* kOne = R"(C:\Music\One.mp3)";
+  static constexpr const char* kTwo = R"(C:\Music\Two.mp3)";
+
   std::string Old() const { return (Root() / "old").string(); }
   std::string New() const { return (Root() / "new").string(); }
   fs::path OldPlace(const std::string& path) const { return PlaceIn(Old(), path); }
@@ -84,6 +90,14 @@ class MoveTest : public HostTest {
     return "<Asx Version = \"3.0\" >\r\n" + entries + "</Asx>\r\n";
   }
 
+  /// One song with a tag, in a playlist of its own; gives the song's path.
+  std::string AddMix(const std::string& name, const Tag& tag = {}) const {
+    const std::string path = "C:\\Music\\" + name;
+    tag.Bytes() == Tag().Bytes() ? AddSong(path) : AddSong(path, tag);
+    WriteOld(kMix, M3u({path}));
+    return path;
+  }
+
   Outcome Migrate(std::vector<std::string> more = {}) const {
     more.insert(more.begin(), {"migrate", "--from", Old(), "--to", New()});
     return RunHost(more);
@@ -110,8 +124,8 @@ class MoveTest : public HostTest {
     return RecordOf(moved.at("media"), "source", source).value("place", "");
   }
   /// "2 FileName: old -> new", in order.
-  static std::vector<std::string> AdjustmentsOf(const nlohmann::json& moved) {
-    std::vector<std::string> texts;
+  static Texts AdjustmentsOf(const nlohmann::json& moved) {
+    Texts texts;
     for (const auto& row : moved.at("adjustments")) {
       texts.push_back(
           std::to_string(row.at("entry").get<int>()) + ' ' + row.at("key").get<std::string>() +

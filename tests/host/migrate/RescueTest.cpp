@@ -6,18 +6,16 @@ namespace {
 /// Ways in which the library's readers and its queue lose songs, each healed.
 class RescueTest : public MoveTest {
  protected:
-  static constexpr const char* kMix = R"(C:\Music\Mix.m3u)";
-
   void SetUp() override {
     MoveTest::SetUp();
     for (const char* const song : {"One", "Two", "Three"}) {
       AddSong(std::string("C:\\Music\\") + song + ".mp3");
     }
   }
-  static std::vector<std::string> HealedOf(const nlohmann::json& moved, const std::string& path) {
+  static Texts HealedOf(const nlohmann::json& moved, const std::string& path) {
     return PlaylistOf(moved, path).at("healed");
   }
-  static std::vector<std::string> MissedOf(const nlohmann::json& moved, const std::string& path) {
+  static Texts MissedOf(const nlohmann::json& moved, const std::string& path) {
     return PlaylistOf(moved, path).at("leftOut");
   }
   static std::string TypeOf(const nlohmann::json& moved, const std::string& path) {
@@ -26,8 +24,6 @@ class RescueTest : public MoveTest {
 
   const References kBoth{R"(C:\Music\One.mp3)", R"(C:\Music\Two.mp3)"};
 };
-
-using Texts = std::vector<std::string>;
 
 TEST_F(RescueTest, WhatTheQueueMadeWholeIsTakenAsItIs) {
   WriteOld(kMix, M3u(kBoth));
