@@ -302,8 +302,12 @@ TEST_F(MigrateCommandTest, ProgressIsDrawnOnATerminalOnly) {
 TEST_F(MigrateCommandTest, TheLogStandsOnBothMachines) {
   const Outcome outcome = Migrate({"--log"});
   EXPECT_EQ(outcome.code, 0);
-  EXPECT_TRUE(fs::exists(OldPlace(R"(C:\Norvo\VBLog.txt)"))) << outcome.err;
-  EXPECT_TRUE(Holds(outcome.err, "The log is C:\\Norvo\\VBLog.txt")) << outcome.err;
+  for (const std::string& machine : {Old(), New()}) {
+    const fs::path log = fs::path(machine) / "C/Norvo/VBLog.txt";
+    EXPECT_NE(ReadFile(log), "") << log;
+    EXPECT_TRUE(Holds(outcome.err, "The log is C:\\Norvo\\VBLog.txt (" + log.string() + ")"))
+        << outcome.err;
+  }
 }
 
 // ---------------------------------------------------------------------------------- the media ----
