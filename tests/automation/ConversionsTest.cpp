@@ -7,6 +7,7 @@
 
 #include "automation/AutomationObject.h"
 #include "automation/RunTimeError.h"
+#include "support/RaisedErrors.h"
 #include "support/TextPrinting.h"
 
 namespace norvo {
@@ -19,17 +20,6 @@ class Nothing final : public AutomationObject {
   void Let(StringView, Arguments, const Variant&) override {}
   Variant Call(StringView, Arguments) override { return {}; }
 };
-
-/// Number of the error that the work raises, 0 when it raises none.
-template <class Work>
-std::int32_t NumberRaisedBy(Work work) {
-  try {
-    static_cast<void>(work());
-  } catch (const RunTimeError& failure) {
-    return failure.Number();
-  }
-  return 0;
-}
 
 Variant Text(StringView text) {
   return String(text);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/RaisedErrors.h"
 #include "support/TextPrinting.h"
 
 namespace norvo {
@@ -65,16 +66,6 @@ class Stranger final : public TableObject {
 
 class MemberTableTest : public ::testing::Test {
  protected:
-  template <class Work>
-  static std::int32_t NumberRaisedBy(Work work) {
-    try {
-      work();
-    } catch (const RunTimeError& failure) {
-      return failure.Number();
-    }
-    return 0;
-  }
-
   Variant CallWith(StringView name, std::vector<Variant> arguments) {
     return object->Call(name, arguments);
   }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/RaisedErrors.h"
 #include "support/TextPrinting.h"
 
 namespace norvo {
@@ -50,13 +51,8 @@ TEST(RunTimeError, AnOwnDescriptionIsKeptAndShownInUtf8) {
 }
 
 template <class Work>
-std::int32_t NumberRaisedBy(Work work) {
-  try {
-    Guarded(work);
-  } catch (const RunTimeError& failure) {
-    return failure.Number();
-  }
-  return 0;
+std::int32_t NumberBehindGuard(Work work) {
+  return NumberRaisedBy([&] { Guarded(work); });
 }
 
 TEST(RunTimeError, GuardedWorkGivesItsResult) {
@@ -67,12 +63,12 @@ TEST(RunTimeError, GuardedWorkGivesItsResult) {
 }
 
 TEST(RunTimeError, GuardedTurnsShortageOfMemoryIntoErrorSeven) {
-  EXPECT_EQ(NumberRaisedBy([] { throw std::bad_alloc(); }), error::kOutOfMemory);
-  EXPECT_EQ(NumberRaisedBy([] { throw std::length_error("too long"); }), error::kOutOfMemory);
+  EXPECT_EQ(NumberBehindGuard([] { throw std::bad_alloc(); }), error::kOutOfMemory);
+  EXPECT_EQ(NumberBehindGuard([] { throw std::length_error("too long"); }), error::kOutOfMemory);
 }
 
 TEST(RunTimeError, GuardedLetsRunTimeErrorsThroughAsTheyAre) {
-  EXPECT_EQ(NumberRaisedBy([] { throw RunTimeError(76); }), 76);
+  EXPECT_EQ(NumberBehindGuard([] { throw RunTimeError(76); }), 76);
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "automation/MemberTable.h"
 #include "automation/RunTimeError.h"
 #include "support/LibraryTest.h"
+#include "support/RaisedErrors.h"
 
 namespace norvo {
 
@@ -22,17 +23,6 @@ inline void SetAll(AutomationObject& object, Values values) {
 
 inline String TextOf(AutomationObject& object, StringView name) {
   return ToText(object.Get(name));
-}
-
-/// Number of the run-time error that the work raises, 0 for none.
-template <class Work>
-std::int32_t NumberRaisedBy(Work work) {
-  try {
-    work();
-  } catch (const RunTimeError& failure) {
-    return failure.Number();
-  }
-  return 0;
 }
 
 /// An object that is not of the library: it answers to the properties it was given, counts how

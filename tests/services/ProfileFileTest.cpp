@@ -4,6 +4,7 @@
 
 #include "automation/RunTimeError.h"
 #include "support/LibraryTest.h"
+#include "support/RaisedErrors.h"
 
 namespace norvo {
 namespace {
@@ -12,16 +13,6 @@ using namespace std::string_literals;
 
 class ProfileFileTest : public LibraryTest {
  protected:
-  template <class Work>
-  static std::int32_t NumberRaisedBy(Work work) {
-    try {
-      work();
-    } catch (const RunTimeError& failure) {
-      return failure.Number();
-    }
-    return 0;
-  }
-
   String ReadOne(StringView path, StringView section, StringView key) {
     ProfileFile file(component);
     String value = u"<none>";

@@ -4,6 +4,7 @@
 
 #include "automation/RunTimeError.h"
 #include "support/LibraryTest.h"
+#include "support/RaisedErrors.h"
 
 namespace norvo {
 namespace {
@@ -22,16 +23,6 @@ class TextStreamTest : public LibraryTest {
     std::vector<String> lines;
     while (!stream.AtEnd()) lines.push_back(stream.ReadLine());
     return Utf8(lines);
-  }
-
-  template <class Work>
-  static std::int32_t NumberRaisedBy(Work work) {
-    try {
-      work();
-    } catch (const RunTimeError& failure) {
-      return failure.Number();
-    }
-    return 0;
   }
 
   static std::string InEncoding(StringView text, FileEncoding encoding) {

@@ -54,10 +54,10 @@ TEST_F(HostedFileSystemTest, EndingsChooseFilesAndNeverFolders) {
 
 TEST_F(HostedFileSystemTest, ListingWhatIsNoFolderFails) {
   Put(Host("C/file"), "");
-  EXPECT_EQ(ErrorOf([&] { List(u"C:\\missing"); }), 76);
-  EXPECT_EQ(ErrorOf([&] { List(u"C:\\file"); }), 76);
-  EXPECT_EQ(ErrorOf([&] { List(u"X:\\"); }), 76);
-  EXPECT_EQ(ErrorOf([&] { List(u""); }), 76);
+  EXPECT_EQ(NumberRaisedBy([&] { List(u"C:\\missing"); }), 76);
+  EXPECT_EQ(NumberRaisedBy([&] { List(u"C:\\file"); }), 76);
+  EXPECT_EQ(NumberRaisedBy([&] { List(u"X:\\"); }), 76);
+  EXPECT_EQ(NumberRaisedBy([&] { List(u""); }), 76);
   try {
     List(u"C:\\missing");
   } catch (const RunTimeError& failure) {
@@ -69,8 +69,8 @@ TEST_F(HostedFileSystemTest, AFolderWithoutPermissionRaisesPermissionDenied) {
   if (::geteuid() == 0) GTEST_SKIP() << "nothing is denied to root";
   std::filesystem::create_directory(Host("C/closed"));
   std::filesystem::permissions(Host("C/closed"), std::filesystem::perms::none);
-  EXPECT_EQ(ErrorOf([&] { List(u"C:\\closed"); }), 70);
-  EXPECT_EQ(ErrorOf([&] { Files().OpenForReading(u"C:\\closed\\a"); }), 70);
+  EXPECT_EQ(NumberRaisedBy([&] { List(u"C:\\closed"); }), 70);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForReading(u"C:\\closed\\a"); }), 70);
   std::filesystem::permissions(Host("C/closed"), std::filesystem::perms::owner_all);
 }
 
@@ -139,18 +139,18 @@ TEST_F(HostedFileSystemTest, CreatesOneFolderAsItIsSpelled) {
 
 TEST_F(HostedFileSystemTest, CreatingAFolderFails) {
   Put(Host("C/file"), "");
-  EXPECT_EQ(ErrorOf([&] { Files().CreateFolder(u"C:\\a\\b"); }), 76);
-  EXPECT_EQ(ErrorOf([&] { Files().CreateFolder(u"X:\\a"); }), 76);
-  EXPECT_EQ(ErrorOf([&] { Files().CreateFolder(u"C:\\FILE"); }), 75);
-  EXPECT_EQ(ErrorOf([&] { Files().CreateFolder(u"C:\\"); }), 75);
-  EXPECT_NE(ErrorOf([&] { Files().CreateFolder(StringView(u"C:\\a\0b", 6)); }), 0);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().CreateFolder(u"C:\\a\\b"); }), 76);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().CreateFolder(u"X:\\a"); }), 76);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().CreateFolder(u"C:\\FILE"); }), 75);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().CreateFolder(u"C:\\"); }), 75);
+  EXPECT_NE(NumberRaisedBy([&] { Files().CreateFolder(StringView(u"C:\\a\0b", 6)); }), 0);
   EXPECT_FALSE(std::filesystem::exists(Host("C/a")));
 }
 
 TEST_F(HostedFileSystemTest, DeletesReadOnlyFilesOnlyWhenForced) {
   Put(Host("C/a.txt"), "");
   ASSERT_EQ(::chmod(Host("C/a.txt").c_str(), 0444), 0);
-  EXPECT_EQ(ErrorOf([&] { Files().RemoveFile(u"C:\\a.txt", false); }), 70);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().RemoveFile(u"C:\\a.txt", false); }), 70);
   EXPECT_TRUE(std::filesystem::exists(Host("C/a.txt")));
   Files().RemoveFile(u"C:\\A.TXT", true);
   EXPECT_FALSE(std::filesystem::exists(Host("C/a.txt")));
@@ -158,9 +158,9 @@ TEST_F(HostedFileSystemTest, DeletesReadOnlyFilesOnlyWhenForced) {
 
 TEST_F(HostedFileSystemTest, DeletingWhatIsNoFileFails) {
   Put(Host("C/folder/a"), "");
-  EXPECT_EQ(ErrorOf([&] { Files().RemoveFile(u"C:\\b", true); }), 53);
-  EXPECT_EQ(ErrorOf([&] { Files().RemoveFile(u"C:\\folder", true); }), 53);
-  EXPECT_EQ(ErrorOf([&] { Files().RemoveFile(u"C:\\nowhere\\b", true); }), 76);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().RemoveFile(u"C:\\b", true); }), 53);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().RemoveFile(u"C:\\folder", true); }), 53);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().RemoveFile(u"C:\\nowhere\\b", true); }), 76);
   EXPECT_TRUE(std::filesystem::exists(Host("C/folder/a")));
 }
 
@@ -186,13 +186,13 @@ TEST_F(HostedFileSystemTest, AFileThatGrewSinceItsFactsWereAskedIsReadWhole) {
 
 TEST_F(HostedFileSystemTest, OpeningWhatIsNoFileFails) {
   Put(Host("C/folder/a"), "");
-  EXPECT_EQ(ErrorOf([&] { Files().OpenForReading(u"C:\\b"); }), 53);
-  EXPECT_EQ(ErrorOf([&] { Files().OpenForReading(u"C:\\folder"); }), 53);
-  EXPECT_EQ(ErrorOf([&] { Files().OpenForReading(u"C:\\folder\\a\\"); }), 53);
-  EXPECT_EQ(ErrorOf([&] { Files().OpenForReading(u"C:\\nowhere\\b"); }), 76);
-  EXPECT_EQ(ErrorOf([&] { Files().OpenForAppending(u"C:\\b", false); }), 53);
-  EXPECT_EQ(ErrorOf([&] { Files().OpenForAppending(u"C:\\nowhere\\b", true); }), 76);
-  EXPECT_EQ(ErrorOf([&] { Files().OpenForAppending(u"C:\\folder", true); }), 75);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForReading(u"C:\\b"); }), 53);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForReading(u"C:\\folder"); }), 53);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForReading(u"C:\\folder\\a\\"); }), 53);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForReading(u"C:\\nowhere\\b"); }), 76);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForAppending(u"C:\\b", false); }), 53);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForAppending(u"C:\\nowhere\\b", true); }), 76);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForAppending(u"C:\\folder", true); }), 75);
 }
 
 TEST_F(HostedFileSystemTest, AppendsToTheFileInWhateverSpelling) {

@@ -121,12 +121,12 @@ TEST_F(HostedPathTest, ALinkOutOfTheDriveDoesNotExist) {
   EXPECT_EQ(NameOf(u"C:\\away\\secret.txt"), "(none)");
   EXPECT_EQ(NameOf(u"C:\\file.txt"), "(none)");
   EXPECT_EQ(NameOf(u"C:\\relative.txt"), "(none)");
-  EXPECT_EQ(ErrorOf([&] { Files().OpenForReading(u"C:\\file.txt"); }), 53);
-  EXPECT_EQ(ErrorOf([&] { Files().OpenForReading(u"C:\\away\\secret.txt"); }), 76);
-  EXPECT_EQ(ErrorOf([&] { Files().RemoveFile(u"C:\\file.txt", true); }), 53);
-  EXPECT_NE(ErrorOf([&] { Files().OpenForAppending(u"C:\\file.txt", true); }), 0);
-  EXPECT_NE(ErrorOf([&] { Machine().Settings().Write(u"C:\\file.txt", "y"); }), 0);
-  EXPECT_NE(ErrorOf([&] { Machine().Settings().Write(u"C:\\away\\new.txt", "y"); }), 0);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForReading(u"C:\\file.txt"); }), 53);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForReading(u"C:\\away\\secret.txt"); }), 76);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().RemoveFile(u"C:\\file.txt", true); }), 53);
+  EXPECT_NE(NumberRaisedBy([&] { Files().OpenForAppending(u"C:\\file.txt", true); }), 0);
+  EXPECT_NE(NumberRaisedBy([&] { Machine().Settings().Write(u"C:\\file.txt", "y"); }), 0);
+  EXPECT_NE(NumberRaisedBy([&] { Machine().Settings().Write(u"C:\\away\\new.txt", "y"); }), 0);
   EXPECT_TRUE(Files().ListFolder(u"C:\\", {}).empty());
   EXPECT_EQ(Get(Outside("away/secret.txt")), "x");
   EXPECT_FALSE(std::filesystem::exists(Outside("away/new.txt")));
@@ -138,8 +138,8 @@ TEST_F(HostedPathTest, AFolderThatBecomesALinkOutOfTheDriveIsNotFollowedByAnOpen
   EXPECT_EQ(Read(u"C:\\m\\a.txt"), "own");
   std::filesystem::remove_all(Host("C/m"));
   std::filesystem::create_directory_symlink(Outside("away"), Host("C/m"));
-  EXPECT_NE(ErrorOf([&] { Files().OpenForReading(u"C:\\m\\a.txt"); }), 0);
-  EXPECT_NE(ErrorOf([&] { Files().ListFolder(u"C:\\m", {}); }), 0);
+  EXPECT_NE(NumberRaisedBy([&] { Files().OpenForReading(u"C:\\m\\a.txt"); }), 0);
+  EXPECT_NE(NumberRaisedBy([&] { Files().ListFolder(u"C:\\m", {}); }), 0);
 }
 
 TEST_F(HostedPathTest, ALinkWithinTheDriveWorks) {
@@ -178,8 +178,8 @@ TEST_F(HostedPathTest, OverLongNamesAndPathsDoNotExist) {
   EXPECT_FALSE(Files().FolderExists(u"C:\\" + String(40000, u'a')));
   String deep = u"C:";
   for (int i = 0; i < 16000; ++i) deep += u"\\a";
-  EXPECT_NE(ErrorOf([&] { Machine().Settings().Write(deep, "x"); }), 0);
-  EXPECT_NE(ErrorOf([&] { Files().CreateFolder(u"C:\\" + String(300, u'a')); }), 0);
+  EXPECT_NE(NumberRaisedBy([&] { Machine().Settings().Write(deep, "x"); }), 0);
+  EXPECT_NE(NumberRaisedBy([&] { Files().CreateFolder(u"C:\\" + String(300, u'a')); }), 0);
 }
 
 TEST_F(HostedPathTest, APathOfThousandsOfNamesEndsAtTheFirstThatIsMissing) {
@@ -194,8 +194,8 @@ TEST_F(HostedPathTest, APathOfThousandsOfNamesEndsAtTheFirstThatIsMissing) {
 TEST_F(HostedPathTest, APipeIsNoFileAndIsNeverWaitedFor) {
   ASSERT_EQ(::mkfifo(Host("C/pipe.m3u").c_str(), 0666), 0);
   EXPECT_EQ(NameOf(u"C:\\pipe.m3u"), "(none)");
-  EXPECT_EQ(ErrorOf([&] { Files().OpenForReading(u"C:\\pipe.m3u"); }), 53);
-  EXPECT_NE(ErrorOf([&] { Files().OpenForAppending(u"C:\\pipe.m3u", true); }), 0);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForReading(u"C:\\pipe.m3u"); }), 53);
+  EXPECT_NE(NumberRaisedBy([&] { Files().OpenForAppending(u"C:\\pipe.m3u", true); }), 0);
   EXPECT_TRUE(Files().ListFolder(u"C:\\", {}).empty());
 }
 

@@ -94,7 +94,7 @@ TEST_F(HostedPlatformTest, SettingsThatAreNoFileAreRefusedByName) {
   }
   std::filesystem::remove(Host("machine.ini"));
   std::filesystem::create_symlink("/dev/zero", Host("machine.ini"));
-  EXPECT_EQ(ErrorOf([&] { Machine(); }), 75);
+  EXPECT_EQ(NumberRaisedBy([&] { Machine(); }), 75);
 }
 
 TEST_F(HostedPlatformTest, SettingsThatAreTooLargeAreRefusedByName) {
@@ -194,21 +194,22 @@ TEST_F(HostedPlatformTest, ALinkedSettingsFileIsReplacedWhereItLies) {
 
 TEST_F(HostedPlatformTest, WritingASettingsFileFails) {
   std::filesystem::create_directories(Host("C/folder"));
-  EXPECT_EQ(ErrorOf([&] { Machine().Settings().Write(u"C:\\folder", "x"); }), 75);
-  EXPECT_EQ(ErrorOf([&] { Machine().Settings().Write(u"C:\\folder\\", "x"); }), 75);
-  EXPECT_EQ(ErrorOf([&] { Machine().Settings().Write(u"X:\\a.ini", "x"); }), 76);
-  EXPECT_EQ(ErrorOf([&] { Machine().Settings().Write(u"\\\\s\\t\\a.ini", "x"); }), 76);
-  EXPECT_EQ(ErrorOf([&] { Machine().Settings().Write(u"", "x"); }), 75);
-  EXPECT_EQ(ErrorOf([&] { Machine().Settings().Write(u"C:\\" + String(256, u'n'), "x"); }), 75);
+  EXPECT_EQ(NumberRaisedBy([&] { Machine().Settings().Write(u"C:\\folder", "x"); }), 75);
+  EXPECT_EQ(NumberRaisedBy([&] { Machine().Settings().Write(u"C:\\folder\\", "x"); }), 75);
+  EXPECT_EQ(NumberRaisedBy([&] { Machine().Settings().Write(u"X:\\a.ini", "x"); }), 76);
+  EXPECT_EQ(NumberRaisedBy([&] { Machine().Settings().Write(u"\\\\s\\t\\a.ini", "x"); }), 76);
+  EXPECT_EQ(NumberRaisedBy([&] { Machine().Settings().Write(u"", "x"); }), 75);
+  EXPECT_EQ(NumberRaisedBy([&] { Machine().Settings().Write(u"C:\\" + String(256, u'n'), "x"); }),
+            75);
   const auto files = std::filesystem::directory_iterator(Host("C"));
   EXPECT_EQ(std::distance(begin(files), end(files)), 1) << "no temporary file is left over";
 }
 
 TEST_F(HostedPlatformTest, ASharePathCreatesNothingOnADrive) {
-  EXPECT_EQ(ErrorOf([&] { Files().CreateFolder(u"\\\\server"); }), 76);
-  EXPECT_EQ(ErrorOf([&] { Files().CreateFolder(u"\\\\server\\share\\a"); }), 76);
-  EXPECT_EQ(ErrorOf([&] { Files().OpenForAppending(u"\\\\server\\a.txt", true); }), 76);
-  EXPECT_EQ(ErrorOf([&] { Files().OpenForReading(u"\\\\server\\a.txt"); }), 76);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().CreateFolder(u"\\\\server"); }), 76);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().CreateFolder(u"\\\\server\\share\\a"); }), 76);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForAppending(u"\\\\server\\a.txt", true); }), 76);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForReading(u"\\\\server\\a.txt"); }), 76);
   EXPECT_TRUE(std::filesystem::is_empty(Host("C")));
 }
 

@@ -245,9 +245,10 @@ TEST_F(HostedRegistryTest, AFileThatIsTooLargeRaisesOutOfMemoryAndIsLeftAlone) {
   EXPECT_EQ(User(u"a"), "(none)");
   constexpr std::uintmax_t kMore = std::uintmax_t{512} * 1024 * 1024 + 1;
   std::filesystem::resize_file(Host("registry.reg"), kMore);  // takes no room on the disk
-  EXPECT_EQ(ErrorOf([&] { Write(u"a", 1); }), 7);
-  EXPECT_EQ(ErrorOf([&] { Write(u"a", 1); }), 7) << "what was read before is not written over it";
-  EXPECT_EQ(ErrorOf([&] { User(u"a"); }), 7);
+  EXPECT_EQ(NumberRaisedBy([&] { Write(u"a", 1); }), 7);
+  EXPECT_EQ(NumberRaisedBy([&] { Write(u"a", 1); }), 7)
+      << "what was read before is not written over it";
+  EXPECT_EQ(NumberRaisedBy([&] { User(u"a"); }), 7);
   EXPECT_EQ(std::filesystem::file_size(Host("registry.reg")), kMore);
 }
 

@@ -12,6 +12,7 @@
 
 #include "automation/RunTimeError.h"
 #include "platform/hosted/HostedPlatform.h"
+#include "support/RaisedErrors.h"
 #include "text/Encoding.h"
 
 namespace norvo {
@@ -53,17 +54,6 @@ class TestMachine : public ::testing::Test {
   /// Forgets all that the platform has learnt.
   void Restart() { platform_.reset(); }
   FileSystem& Files() { return Machine().Files(); }
-
-  /// Number of the run-time error that the work raises; 0 without one.
-  template <class Work>
-  static std::int32_t ErrorOf(Work&& work) {
-    try {
-      work();
-    } catch (const RunTimeError& failure) {
-      return failure.Number();
-    }
-    return 0;
-  }
 
   std::string NameOf(StringView path) {
     const std::optional<FileFacts> facts = Files().FactsOf(path);
