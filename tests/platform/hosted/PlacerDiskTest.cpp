@@ -8,9 +8,12 @@
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
+#include <sys/time.h>
 #include <time.h>
 
 #include <algorithm>
+#include <chrono>
+#include <optional>
 
 #include "PlacerTest.h"
 #include "RefusedCalls.h"
@@ -196,6 +199,22 @@ class StoppedPlacerTest : public PlacerDiskTest {
     return stopped_ || (WIFEXITED(status) && WEXITSTATUS(status) == 0);
   }
 
+  /// The shortest time of some runs that nobody stops: a moment behind the end of a run would
+  /// stop nothing.
+  std::optional<std::chrono::microseconds> TimeOfWholeRun(const std::vector<PlaceJob>& jobs,
+                                                          const std::vector<Refusal>& refusals) {
+    auto shortest = std::chrono::microseconds::max();
+    for (int run = 0; run < 3; ++run) {
+      EmptyNewDrive();
+      const auto start = std::chrono::steady_clock::now();
+      if (!RunUntilStopped(jobs, refusals)) return std::nullopt;
+      EXPECT_FALSE(stopped_);
+      shortest = std::min(shortest, std::chrono::duration_cast<std::chrono::microseconds>(
+                                        std::chrono::steady_clock::now() - start));
+    }
+    return shortest;
+  }
+
   void ExpectCompletedBySecondRun(const std::vector<PlaceJob>& jobs,
                                   const std::vector<Refusal>& refusals,
                                   const std::map<std::string, std::string>& expected) {
@@ -264,22 +283,30 @@ TEST_F(StoppedPlacerTest, AtAnyReportASecondRunCompletesTheFirst) {
 }
 
 TEST_F(StoppedPlacerTest, AtAnyMomentASecondRunCompletesTheFirst) {
+  using namespace std::chrono_literals;
+  constexpr int kMoments = 12;
   const std::vector<PlaceJob> jobs = MakeSongs(60, 20000);
   const std::map<std::string, std::string> expected = TreeAfterOneRun(jobs);
   for (const bool named : {false, true}) {
     const std::vector<Refusal> refusals = named ? WithoutUnnamedFiles() : std::vector<Refusal>();
-    for (long moment = 1; moment <= 12; ++moment) {
+    const auto whole = TimeOfWholeRun(jobs, refusals);
+    if (!whole) GTEST_SKIP() << "no call can be refused here";
+    int stopped = 0;
+    for (int moment = 1; moment <= kMoments; ++moment) {
       EmptyNewDrive();
-      const bool possible = RunUntilStopped(jobs, refusals, [moment](PlaceNotes&) {
+      const std::chrono::microseconds wait = *whole * moment / (kMoments + 1);
+      const bool possible = RunUntilStopped(jobs, refusals, [wait](PlaceNotes&) {
         // The alarm's default is the end of the process, at whatever it is doing.
-        const itimerval soon = {{0, 0}, {0, moment * 2500}};
+        const itimerval soon = {{0, 0}, {wait / 1s, (wait % 1s).count()}};
         ::signal(SIGALRM, SIG_DFL);
         ::setitimer(ITIMER_REAL, &soon, nullptr);
       });
-      if (!possible) GTEST_SKIP() << "no call can be refused here";
+      ASSERT_TRUE(possible);
+      if (stopped_) ++stopped;
       SCOPED_TRACE(moment);
       ExpectCompletedBySecondRun(jobs, refusals, expected);
     }
+    EXPECT_GT(stopped, 0) << "of " << kMoments << " runs of " << whole->count() << " microseconds";
   }
 }
 
