@@ -29,6 +29,7 @@ CHANGING = ["?write", "?pwrite64", "?writev", "?pwritev", "?rename", "?renameat"
             "?chmod", "?fchmod", "?fchmodat", "?fchown"]
 OPENING = ["?open", "?openat", "?openat2"]  # that create cannot be told from those that read
 RANDOM_KILLS = 10
+RUNS_AT_RANDOM = 2  # one after the other, before the one that completes them
 MOST_SHOWN = 8
 MOST_TOLD = 4
 WORKERS = 2
@@ -72,17 +73,21 @@ class Judge:
     def __init__(self, stage, options):
         self.stage, self.options = stage, options
         self.faults = []
-        stage.put_back()
-        first = stage.run(options)
+        first, duration = self.undisturbed()
         if first.returncode not in (0, 1):
             self.faults.append(f"exit code {first.returncode}: {first.stderr.decode()[:500]}")
         self.reference, self.code = stage.state(), first.returncode
-        stage.put_back()
-        start = time.monotonic()
-        stage.run(options)
-        self.duration = time.monotonic() - start
+        # The shorter of two: a moment behind the end of the run would disturb nothing.
+        self.duration = min(duration, self.undisturbed()[1])
         for line in changes(self.reference, stage.state()):
             self.faults.append(f"two undisturbed runs differ: {line}")
+
+    def undisturbed(self):
+        """What a run over the untouched machines gives, and how long it takes."""
+        self.stage.put_back()
+        start = time.monotonic()
+        result = self.stage.run(self.options)
+        return result, time.monotonic() - start
 
     def finish(self, how):
         """Runs the disturbed migration to its end and looks."""
@@ -105,21 +110,23 @@ class Judge:
         return killed
 
     def kill_after(self, seconds):
+        """True when the run was killed; it may be over before."""
         process = subprocess.Popen(self.stage.command(self.options), stdout=subprocess.DEVNULL,
                                    stderr=subprocess.DEVNULL)
         try:
             process.wait(seconds)
         except subprocess.TimeoutExpired:
             process.kill()
-            process.wait()
+        return process.wait() < 0
 
     def kill_at_random(self, number):
+        """Runs one after the other; gives how many of them were killed."""
         moments = random.Random(number)
         self.stage.put_back()
-        waits = [moments.random() * self.duration for _ in range(2)]
-        for seconds in waits:
-            self.kill_after(seconds)
+        waits = [moments.random() * self.duration for _ in range(RUNS_AT_RANDOM)]
+        killed = sum(self.kill_after(seconds) for seconds in waits)
         self.finish("after " + ", ".join(f"{seconds:.4f} s" for seconds in waits))
+        return killed
 
 
 def killer(strace, call, number):
@@ -198,8 +205,9 @@ def work(job):
                     killed = judge.kill_at(call, which)
                     counts["kills at calls" if killed else "runs that were not killed"] += 1
         for moment in range(number, RANDOM_KILLS, WORKERS):
-            judge.kill_at_random(moment)
-            counts["kills at random"] += 1
+            killed = judge.kill_at_random(moment)
+            counts["kills at random"] += killed
+            counts["runs over before their moment"] += RUNS_AT_RANDOM - killed
         return name, counts, judge.faults
 
 
@@ -239,6 +247,8 @@ def main():
               f", {len(faults[name])} faults")
         for fault in faults[name][:MOST_SHOWN]:
             print(f"  {fault}")
+    if not all(each["kills at random"] for each in counts.values()):
+        sys.exit("no run was killed at a random moment: they come too late")
     if options.traces and not all(each["kills at calls"] for each in counts.values()):
         sys.exit("no run was killed at a call: the trace was not understood")
     sys.exit(1 if any(faults.values()) else 0)
