@@ -3,7 +3,8 @@ set(work "${BUILD_DIR}/installed-package-test")
 file(REMOVE_RECURSE "${work}")
 
 function(run)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+  execute_process(COMMAND ${ARGN}
+    RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
   if(NOT result EQUAL 0)
     message(FATAL_ERROR "failed: ${ARGN}\n${output}")
   endif()

@@ -45,8 +45,8 @@ def main():
         name = call.group(1)
         number = re.search(r"= (\d+)$", line)
         first = re.match(r"^\d+\s+\w+\((\d+)", line)
-        if song.search(line) and name in ("statx", "newfstatat", "stat", "lstat", "access", "faccessat2",
-                                          "readlink", "readlinkat"):
+        if song.search(line) and name in ("statx", "newfstatat", "stat", "lstat", "access",
+                                          "faccessat2", "readlink", "readlinkat"):
             counts["look-ups"] += 1
         elif song.search(line) and name in ("openat", "openat2", "open"):
             counts["opens"] += 1
