@@ -13,9 +13,9 @@ TEST_F(OverlayFilesTest, RaisesWhatTheMachineBelowRaises) {
   EXPECT_EQ(NumberRaisedBy([&] { open(u"C:\\Music\\Two.mp3"); }), 53);
   EXPECT_EQ(NumberRaisedBy([&] { open(u"C:\\Music"); }), 53);
   EXPECT_EQ(NumberRaisedBy([&] { open(u"C:\\No\\Two.mp3"); }), 76);
-  EXPECT_EQ(NumberRaisedBy([&] { Files().DeleteFile(u"C:\\Music\\Two.mp3", true); }), 53);
-  EXPECT_EQ(NumberRaisedBy([&] { Files().DeleteFile(u"C:\\No\\Two.mp3", true); }), 76);
-  EXPECT_EQ(NumberRaisedBy([&] { Files().DeleteFile(u"C:\\Music", true); }), 53);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().RemoveFile(u"C:\\Music\\Two.mp3", true); }), 53);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().RemoveFile(u"C:\\No\\Two.mp3", true); }), 76);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().RemoveFile(u"C:\\Music", true); }), 53);
   EXPECT_EQ(NumberRaisedBy([&] { Append(u"C:\\Two.txt", "x", false); }), 53);
   EXPECT_EQ(NumberRaisedBy([&] { Append(u"C:\\No\\Two.txt", "x", false); }), 76);
   EXPECT_EQ(NumberRaisedBy([&] { Append(u"C:\\No\\Two.txt", "x"); }), 76);
@@ -116,11 +116,11 @@ TEST_F(OverlayFilesTest, CreatesAFileToAppendToOnlyWhenAsked) {
 }
 
 TEST_F(OverlayFilesTest, HidesADeletedFile) {
-  Files().DeleteFile(u"c:\\music\\MIX.M3U", false);
+  Files().RemoveFile(u"c:\\music\\MIX.M3U", false);
   EXPECT_FALSE(Files().FileExists(u"C:\\Music\\Mix.m3u"));
   EXPECT_EQ(Names(u"C:\\Music"), (Paths{u"One.mp3"}));
   EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForReading(u"C:\\Music\\Mix.m3u"); }), 53);
-  EXPECT_EQ(NumberRaisedBy([&] { Files().DeleteFile(u"C:\\Music\\Mix.m3u", true); }), 53);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().RemoveFile(u"C:\\Music\\Mix.m3u", true); }), 53);
   EXPECT_EQ(Overlay().Settings().Read(u"C:\\Music\\Mix.m3u"), std::nullopt);
   EXPECT_EQ(Files().FileVersion(u"C:\\Music\\Mix.m3u"), u"");
   EXPECT_TRUE(FilesBelow().FileExists(u"C:\\Music\\Mix.m3u"));
@@ -128,14 +128,14 @@ TEST_F(OverlayFilesTest, HidesADeletedFile) {
   Append(u"C:\\Music\\mix.m3u", "anew");
   EXPECT_EQ(Read(u"C:\\Music\\Mix.m3u"), "anew");
   EXPECT_EQ(Names(u"C:\\Music"), (Paths{u"mix.m3u", u"One.mp3"}));
-  Files().DeleteFile(u"C:\\Music\\Mix.m3u", false);
+  Files().RemoveFile(u"C:\\Music\\Mix.m3u", false);
   EXPECT_FALSE(Files().FileExists(u"C:\\Music\\Mix.m3u"));
   EXPECT_EQ(Overlay().Written(u"C:\\Music\\Mix.m3u"), std::nullopt);
   EXPECT_TRUE(Overlay().WrittenPaths().empty());
 }
 
 TEST_F(OverlayFilesTest, AFolderMayTakeTheNameOfADeletedFile) {
-  Files().DeleteFile(u"C:\\Old.txt", false);
+  Files().RemoveFile(u"C:\\Old.txt", false);
   Files().CreateFolder(u"C:\\Old.txt");
   EXPECT_TRUE(Files().FolderExists(u"C:\\Old.txt"));
   EXPECT_FALSE(Files().FileExists(u"C:\\Old.txt"));
@@ -185,7 +185,7 @@ TEST_F(OverlayFilesTest, TellsWrittenPathsInTheOrderOfWriting) {
   Write(u"C:\\z\\LAST.ini", "4");
   Overlay().Pretend(u"C:\\B.mp3", Planned());
   EXPECT_EQ(Overlay().WrittenPaths(), (Paths{u"C:\\Z\\last.ini", u"C:\\Old.txt", u"C:\\A.ini"}));
-  Files().DeleteFile(u"C:\\Z\\last.ini", false);
+  Files().RemoveFile(u"C:\\Z\\last.ini", false);
   Write(u"C:\\Z\\last.ini", "5");
   EXPECT_EQ(Overlay().WrittenPaths(), (Paths{u"C:\\Old.txt", u"C:\\A.ini", u"C:\\Z\\last.ini"}));
   EXPECT_EQ(Overlay().Written(u"C:\\Z\\last.ini"), "5");

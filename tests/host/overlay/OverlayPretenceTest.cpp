@@ -68,8 +68,8 @@ TEST_F(OverlayPretenceTest, WritingAndDeletingTakeAPretenceBack) {
   Overlay().Pretend(u"C:\\Music\\One.mp3", Planned());
   Overlay().Pretend(u"C:\\Music\\Two.mp3", Planned());
   Overlay().Pretend(u"C:\\Music\\Three.mp3", Planned());
-  Files().DeleteFile(u"C:\\Music\\One.mp3", false);
-  Files().DeleteFile(u"C:\\Music\\Two.mp3", false);
+  Files().RemoveFile(u"C:\\Music\\One.mp3", false);
+  Files().RemoveFile(u"C:\\Music\\Two.mp3", false);
   Write(u"C:\\Music\\Three.mp3", "three");
   EXPECT_EQ(Names(u"C:\\Music"), (Paths{u"Mix.m3u", u"Three.mp3"}));
   EXPECT_EQ(Read(u"C:\\Music\\Three.mp3"), "three");
