@@ -35,8 +35,8 @@ struct OpenedFile {
   HostFacts facts;
 };
 
-/// Raises HostError. A reading that is part of a move leaves no trace in the file's times, so that
-/// a move that is stopped and begun again makes the same copies.
+/// Raises HostCallError. A reading that is part of a move leaves no trace in the file's times, so
+/// that a move that is stopped and begun again makes the same copies.
 OpenedFile Open(HostedFileSystem& files, StringView path) {
   OpenedFile opened;
   opened.file = files.OpenRegular(path, opened.place, opened.facts);
@@ -137,7 +137,7 @@ std::optional<PlaceOutcome> Placing::Place(std::size_t job) {
 OpenedFile Placing::OpenSource(StringView path) {
   try {
     return Open(from_, path);
-  } catch (const HostError& failure) {
+  } catch (const HostCallError& failure) {
     if (failure.Code() != ENOENT) Fail(kNoReading, failure.Code());
     throw Failure{from_.Find(path) ? u"the source is no file" : u"the source is not there"};
   }
@@ -153,7 +153,7 @@ std::optional<HostPlace> Placing::PlaceOf(StringView target) {
     FinishAll();
     if (to_.Find(target)) return std::nullopt;
     return to_.PlaceOfNewFile(target);
-  } catch (const HostError& failure) {
+  } catch (const HostCallError& failure) {
     Fail(kNoWriting, failure.Code());
   }
 }
@@ -171,7 +171,7 @@ PlaceOutcome Placing::Compare(const OpenedFile& source, StringView target, const
   try {
     same = HaveSameContent(source, Open(to_, target), sink);
     reason = errno;
-  } catch (const HostError& failure) {
+  } catch (const HostCallError& failure) {
     same = std::nullopt;
     reason = failure.Code();
   }
@@ -253,7 +253,7 @@ bool FilePlacer::IsSame(StringView source, StringView target) {
   try {
     const auto ignore = [](std::uint64_t) {};
     return HaveSameContent(Open(from_, source), Open(to_, target), ignore).value_or(false);
-  } catch (const HostError&) {
+  } catch (const HostCallError&) {
     return false;
   }
 }

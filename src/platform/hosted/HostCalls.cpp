@@ -240,13 +240,13 @@ std::int32_t ErrorNumber(int code, Subject subject) {
   }
 }
 
-HostError::HostError(int code, Subject subject, StringView path)
+HostCallError::HostCallError(int code, Subject subject, StringView path)
     : RunTimeError(ErrorNumber(code, subject),
                    String(DescriptionOf(ErrorNumber(code, subject))).append(u": ").append(path)),
       code_(code) {}
 
-void RaiseHostError(int code, Subject subject, StringView path) {
-  throw HostError(code, subject, path);
+void RaiseHostCallError(int code, Subject subject, StringView path) {
+  throw HostCallError(code, subject, path);
 }
 
 }  // namespace norvo

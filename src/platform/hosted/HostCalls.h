@@ -88,9 +88,9 @@ enum class Subject { File, Folder };
 std::int32_t ErrorNumber(int code, Subject subject);
 
 /// That error, which still knows what the host said.
-class HostError final : public RunTimeError {
+class HostCallError final : public RunTimeError {
  public:
-  HostError(int code, Subject subject, StringView path);
+  HostCallError(int code, Subject subject, StringView path);
   /// The `errno` of the call that failed.
   int Code() const noexcept { return code_; }
 
@@ -98,7 +98,7 @@ class HostError final : public RunTimeError {
   int code_;
 };
 
-/// Raises a HostError; its description names the path.
-[[noreturn]] void RaiseHostError(int code, Subject subject, StringView path);
+/// Raises a HostCallError; its description names the path.
+[[noreturn]] void RaiseHostCallError(int code, Subject subject, StringView path);
 
 }  // namespace norvo

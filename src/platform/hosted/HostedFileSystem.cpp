@@ -66,27 +66,27 @@ std::optional<FileFacts> HostedFileSystem::FactsOf(StringView path) {
 
 void HostedFileSystem::RaiseMissing(StringView path) {
   const int reason = resolver_.Reason();
-  if (reason == EACCES || reason == EPERM) RaiseHostError(reason, Subject::File, path);
+  if (reason == EACCES || reason == EPERM) RaiseHostCallError(reason, Subject::File, path);
   const String absolute = AbsolutePathName(path);
   const bool folderThere = FolderExists(FolderOf(absolute));
-  RaiseHostError(ENOENT, folderThere ? Subject::File : Subject::Folder, path);
+  RaiseHostCallError(ENOENT, folderThere ? Subject::File : Subject::Folder, path);
 }
 
 /// The place of a name that does not exist yet, as it is spelled in the path.
 HostPlace HostedFileSystem::PlaceOfNew(const HostPlace& folder, StringView path) {
   const String absolute = AbsolutePathName(path);
   const std::optional<std::string> name = ToHostName(LastComponent(WithoutLastSeparator(absolute)));
-  if (!name) RaiseHostError(EINVAL, Subject::File, path);
+  if (!name) RaiseHostCallError(EINVAL, Subject::File, path);
   return {folder.drive, JoinHost(folder.path, *name)};
 }
 
 void HostedFileSystem::CreateFolder(StringView path) {
-  if (resolver_.Find(path)) RaiseHostError(EEXIST, Subject::Folder, path);
+  if (resolver_.Find(path)) RaiseHostCallError(EEXIST, Subject::Folder, path);
   const std::optional<HostPlace> parent = resolver_.FindFolder(FolderOf(AbsolutePathName(path)));
-  if (!parent) RaiseHostError(ENOENT, Subject::Folder, path);
+  if (!parent) RaiseHostCallError(ENOENT, Subject::Folder, path);
   const HostPlace place = PlaceOfNew(*parent, path);
   if (::mkdirat(place.drive->Root(), place.path.c_str(), kNewFolder) != 0) {
-    RaiseHostError(errno, Subject::Folder, path);
+    RaiseHostCallError(errno, Subject::Folder, path);
   }
   resolver_.Changed(*parent->drive, parent->path);
 }
@@ -95,9 +95,11 @@ void HostedFileSystem::RemoveFile(StringView path, bool force) {
   const std::optional<HostEntry> entry = resolver_.Find(path);
   if (!entry || entry->facts.kind != HostFacts::Kind::File) RaiseMissing(path);
   // The host deletes read-only files too; a Windows machine does so only when forced.
-  if (!force && (entry->facts.mode & kAnyWriter) == 0) RaiseHostError(EACCES, Subject::File, path);
+  if (!force && (entry->facts.mode & kAnyWriter) == 0) {
+    RaiseHostCallError(EACCES, Subject::File, path);
+  }
   if (::unlinkat(entry->drive->Root(), entry->place.c_str(), 0) != 0) {
-    RaiseHostError(errno, Subject::File, path);
+    RaiseHostCallError(errno, Subject::File, path);
   }
   resolver_.Changed(*entry->drive, HostParent(entry->place));
 }
@@ -110,7 +112,7 @@ HostFile HostedFileSystem::OpenExisting(StringView path, int flags, HostPlace& p
   std::optional<HostPlace> guess = asFolder ? std::nullopt : resolver_.Guess(path);
   if (guess) {
     HostFile file = OpenInside(guess->drive->Root(), guess->path, flags);
-    if (!file.IsOpen() && errno == EACCES) RaiseHostError(EACCES, Subject::File, path);
+    if (!file.IsOpen() && errno == EACCES) RaiseHostCallError(EACCES, Subject::File, path);
     place = std::move(*guess);
     if (file.IsOpen()) return file;
   }
@@ -118,7 +120,7 @@ HostFile HostedFileSystem::OpenExisting(StringView path, int flags, HostPlace& p
   if (!entry || entry->facts.kind != HostFacts::Kind::File) return {};
   place = {entry->drive, entry->Path()};
   HostFile file = OpenInside(place.drive->Root(), place.path, flags);
-  if (!file.IsOpen()) RaiseHostError(errno, Subject::File, path);
+  if (!file.IsOpen()) RaiseHostCallError(errno, Subject::File, path);
   return file;
 }
 
@@ -130,8 +132,8 @@ std::unique_ptr<BinaryFile> HostedFileSystem::OpenForReading(StringView path) {
   std::optional<std::uint64_t> size;
   if (place.drive != lastSeen_.drive || place.path != lastSeen_.path) {
     const std::optional<HostFacts> facts = LookUp(file);
-    if (!facts) RaiseHostError(errno, Subject::File, path);
-    if (facts->kind != HostFacts::Kind::File) RaiseHostError(ENOENT, Subject::File, path);
+    if (!facts) RaiseHostCallError(errno, Subject::File, path);
+    if (facts->kind != HostFacts::Kind::File) RaiseHostCallError(ENOENT, Subject::File, path);
     size = end = facts->size;
   }
   lastSeen_ = {};  // what is remembered serves one opening, and never grows old
@@ -142,21 +144,21 @@ HostFile HostedFileSystem::OpenRegular(StringView path, HostPlace& place, HostFa
   HostFile file = OpenExisting(path, O_RDONLY, place);
   if (!file.IsOpen()) RaiseMissing(path);
   const std::optional<HostFacts> found = LookUp(file);
-  if (!found) RaiseHostError(errno, Subject::File, path);
-  if (found->kind != HostFacts::Kind::File) RaiseHostError(ENOENT, Subject::File, path);
+  if (!found) RaiseHostCallError(errno, Subject::File, path);
+  if (found->kind != HostFacts::Kind::File) RaiseHostCallError(ENOENT, Subject::File, path);
   facts = *found;
   return file;
 }
 
 HostFile HostedFileSystem::CreateForAppending(StringView path) {
   // What exists and could not be opened is a folder or no file at all.
-  if (resolver_.Find(path)) RaiseHostError(EISDIR, Subject::File, path);
+  if (resolver_.Find(path)) RaiseHostCallError(EISDIR, Subject::File, path);
   const std::optional<HostPlace> folder = resolver_.FindFolder(FolderOf(AbsolutePathName(path)));
-  if (!folder) RaiseHostError(ENOENT, Subject::Folder, path);
+  if (!folder) RaiseHostCallError(ENOENT, Subject::Folder, path);
   const HostPlace place = PlaceOfNew(*folder, path);
   HostFile file = OpenInside(place.drive->Root(), place.path,
                              O_WRONLY | O_APPEND | O_CREAT | O_NONBLOCK | O_NOCTTY, kNewFile);
-  if (!file.IsOpen()) RaiseHostError(errno, Subject::File, path);
+  if (!file.IsOpen()) RaiseHostCallError(errno, Subject::File, path);
   resolver_.Changed(*folder->drive, folder->path);
   return file;
 }
@@ -169,8 +171,8 @@ std::unique_ptr<AppendFile> HostedFileSystem::OpenForAppending(StringView path, 
     file = CreateForAppending(path);
   }
   const std::optional<HostFacts> facts = LookUp(file);
-  if (!facts) RaiseHostError(errno, Subject::File, path);
-  if (facts->kind != HostFacts::Kind::File) RaiseHostError(ENOENT, Subject::File, path);
+  if (!facts) RaiseHostCallError(errno, Subject::File, path);
+  if (facts->kind != HostFacts::Kind::File) RaiseHostCallError(ENOENT, Subject::File, path);
   return std::make_unique<HostedAppendFile>(std::move(file), path);
 }
 
@@ -178,33 +180,33 @@ HostPlace HostedFileSystem::CreateFolders(StringView path) {
   if (const std::optional<HostPlace> folder = resolver_.FindFolder(path)) return *folder;
   const StringView parent = FolderOf(path);
   // Upwards the way ends at a drive's root, which nobody can create.
-  if (parent.empty() || parent == path) RaiseHostError(ENOENT, Subject::Folder, path);
+  if (parent.empty() || parent == path) RaiseHostCallError(ENOENT, Subject::Folder, path);
   CreateFolders(parent);
   CreateFolder(path);
   const std::optional<HostPlace> folder = resolver_.FindFolder(path);
-  if (!folder) RaiseHostError(ENOENT, Subject::Folder, path);
+  if (!folder) RaiseHostCallError(ENOENT, Subject::Folder, path);
   return *folder;
 }
 
 HostPlace HostedFileSystem::MakeFolderOf(StringView path) {
   const String absolute = AbsolutePathName(path);
-  if (path.empty() || absolute.back() == u'\\') RaiseHostError(EISDIR, Subject::File, path);
-  if (absolute.size() > PATH_MAX) RaiseHostError(ENAMETOOLONG, Subject::File, path);
+  if (path.empty() || absolute.back() == u'\\') RaiseHostCallError(EISDIR, Subject::File, path);
+  if (absolute.size() > PATH_MAX) RaiseHostCallError(ENAMETOOLONG, Subject::File, path);
   return CreateFolders(FolderOf(absolute));
 }
 
 HostPlace HostedFileSystem::PlaceOfNewFile(StringView path) {
   HostPlace place = PlaceOfNew(MakeFolderOf(path), path);
   // A link that leads nowhere or out of the drive is in the way; it is not ours to remove.
-  if (LookUp(place.drive->Root(), place.path)) RaiseHostError(EEXIST, Subject::File, path);
-  if (errno != ENOENT) RaiseHostError(errno, Subject::File, path);
+  if (LookUp(place.drive->Root(), place.path)) RaiseHostCallError(EEXIST, Subject::File, path);
+  if (errno != ENOENT) RaiseHostCallError(errno, Subject::File, path);
   return place;
 }
 
 void HostedFileSystem::ReplaceWhole(StringView path, std::string_view bytes) {
   HostPlace place;
   if (const std::optional<HostEntry> entry = resolver_.Find(path)) {
-    if (entry->facts.kind != HostFacts::Kind::File) RaiseHostError(EISDIR, Subject::File, path);
+    if (entry->facts.kind != HostFacts::Kind::File) RaiseHostCallError(EISDIR, Subject::File, path);
     place = {entry->drive, entry->Path()};
   } else {
     place = PlaceOfNewFile(path);
@@ -212,7 +214,7 @@ void HostedFileSystem::ReplaceWhole(StringView path, std::string_view bytes) {
   const int reason = ReplaceFile(place.drive->Root(), place.path, bytes);
   if (reason != 0) {
     resolver_.Changed(*place.drive, HostParent(place.path));
-    RaiseHostError(reason, Subject::File, path);
+    RaiseHostCallError(reason, Subject::File, path);
   }
   resolver_.Written(place);
 }
@@ -222,7 +224,7 @@ HostFile HostedFileSystem::OpenListed(StringView path, HostPlace& place) {
   const String absolute = path.empty() ? String() : AbsolutePathName(path);
   if (std::optional<HostPlace> guess = resolver_.Guess(absolute)) {
     HostFile folder = OpenInside(guess->drive->Root(), guess->path, kFlags);
-    if (!folder.IsOpen() && errno == EACCES) RaiseHostError(EACCES, Subject::Folder, path);
+    if (!folder.IsOpen() && errno == EACCES) RaiseHostCallError(EACCES, Subject::Folder, path);
     if (folder.IsOpen()) {
       resolver_.Remember(absolute, *guess);
       place = std::move(*guess);
@@ -232,10 +234,10 @@ HostFile HostedFileSystem::OpenListed(StringView path, HostPlace& place) {
   const std::optional<HostPlace> found = resolver_.FindFolder(path);
   if (!found) {
     const bool denied = resolver_.Reason() == EACCES;
-    RaiseHostError(denied ? EACCES : ENOENT, Subject::Folder, path);
+    RaiseHostCallError(denied ? EACCES : ENOENT, Subject::Folder, path);
   }
   HostFile folder = OpenInside(found->drive->Root(), found->path, kFlags);
-  if (!folder.IsOpen()) RaiseHostError(errno, Subject::Folder, path);
+  if (!folder.IsOpen()) RaiseHostCallError(errno, Subject::Folder, path);
   resolver_.Remember(absolute, *found);
   place = *found;
   return folder;

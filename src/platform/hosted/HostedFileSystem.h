@@ -39,12 +39,13 @@ class HostedFileSystem final : public FileSystem {
 
   /// What a path names on the host's disk, see HostPathResolver::Find.
   std::optional<HostEntry> Find(StringView path) { return resolver_.Find(path); }
-  /// Opens a regular file for reading; tells where it stands and what it is. Raises HostError.
+  /// Opens a regular file for reading; tells where it stands and what it is. Raises HostCallError.
   HostFile OpenRegular(StringView path, HostPlace& place, HostFacts& facts);
-  /// The folder of a file that a path names; it is created when it is missing. Raises HostError.
+  /// The folder of a file that a path names; it is created when it is missing. Raises
+  /// HostCallError.
   HostPlace MakeFolderOf(StringView path);
   /// Where a file that a path names, and that does not exist, is to stand. Creates the folders that
-  /// are missing. Raises HostError, `EEXIST` when a link that leads nowhere has the name.
+  /// are missing. Raises HostCallError, `EEXIST` when a link that leads nowhere has the name.
   HostPlace PlaceOfNewFile(StringView path);
   /// To be called after a file was put at a place.
   void Written(const HostPlace& place) { resolver_.Written(place); }

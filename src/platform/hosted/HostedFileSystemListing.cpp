@@ -75,7 +75,7 @@ std::vector<FolderItem> HostedFileSystem::ListFolder(StringView path,
       add(name, kind == ListedKind::Folder);
     }
   });
-  if (!whole) RaiseHostError(errno, Subject::Folder, path);
+  if (!whole) RaiseHostCallError(errno, Subject::Folder, path);
   for (const std::string& name : links) {
     const std::optional<HostEntry> entry =
         HostPathResolver::FollowLink(*place.drive, JoinHost(place.path, name));

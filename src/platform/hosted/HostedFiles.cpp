@@ -36,14 +36,14 @@ std::size_t HostedBinaryFile::ReadAt(std::uint64_t offset, std::span<char> buffe
 std::uint64_t HostedBinaryFile::Size() {
   if (!size_) {
     const std::optional<HostFacts> facts = LookUp(file_);
-    if (!facts) RaiseHostError(errno, Subject::File, path_);
+    if (!facts) RaiseHostCallError(errno, Subject::File, path_);
     size_ = facts->size;
   }
   return *size_;
 }
 
 void HostedAppendFile::Append(std::string_view bytes) {
-  if (!WriteAll(file_, bytes)) RaiseHostError(errno, Subject::File, path_);
+  if (!WriteAll(file_, bytes)) RaiseHostCallError(errno, Subject::File, path_);
 }
 
 }  // namespace norvo

@@ -69,15 +69,15 @@ IniDocument ReadSettings(const std::filesystem::path& path) {
   const HostFile file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   if (!file.IsOpen() && errno == ENOENT) return {};
   const String shown = FromUtf8Lossy(path.string());
-  if (!file.IsOpen()) RaiseHostError(errno, Subject::File, shown);
+  if (!file.IsOpen()) RaiseHostCallError(errno, Subject::File, shown);
   const std::optional<HostFacts> facts = LookUp(file);
-  if (!facts) RaiseHostError(errno, Subject::File, shown);
+  if (!facts) RaiseHostCallError(errno, Subject::File, shown);
   // A pipe might be waited for, and a device need not end.
   if (facts->kind != HostFacts::Kind::File) {
-    RaiseHostError(EINVAL, Subject::File, shown + u" is no file");
+    RaiseHostCallError(EINVAL, Subject::File, shown + u" is no file");
   }
   const std::optional<std::string> bytes = ReadToEnd(file, kMostSettingsBytes);
-  if (!bytes) RaiseHostError(errno, Subject::File, shown);
+  if (!bytes) RaiseHostCallError(errno, Subject::File, shown);
   if (DetectEncoding(*bytes) == FileEncoding::CodePage) {
     if (const std::optional<String> text = FromUtf8(*bytes)) return IniDocument(*text);
   }

@@ -80,7 +80,7 @@ bool HostedRegistry::ReadBytes(std::string& bytes) {
   if (!facts_ || facts_->kind != HostFacts::Kind::File) return false;
   std::optional<std::string> read = ReadToEnd(file, kMostBytes);
   if (!read && errno == ENOMEM) {
-    RaiseHostError(ENOMEM, Subject::File, FromUtf8Lossy(file_.string()));
+    RaiseHostCallError(ENOMEM, Subject::File, FromUtf8Lossy(file_.string()));
   }
   if (!read) return false;
   bytes = std::move(*read);

@@ -44,15 +44,15 @@ void TargetFolders::ReadNames(const HostPlace& folder, StringView path) {
         if (IsExpressible(name)) names_.insert(Mixed(seed, HashOfHostName(name)));
       });
   // Without its names another spelling of one of them could not be told from a new name.
-  if (!whole) RaiseHostError(errno, Subject::Folder, path);
+  if (!whole) RaiseHostCallError(errno, Subject::Folder, path);
 }
 
 TargetFolders::Answer TargetFolders::Take(StringView path) {
   const String absolute = files_.AbsolutePathName(path);
   const HostPlace& folder = FolderOf(absolute);
   const std::optional<std::string> name = ToHostName(LastComponent(absolute));
-  if (!name) RaiseHostError(EINVAL, Subject::File, path);
-  if (name->size() > NAME_MAX) RaiseHostError(ENAMETOOLONG, Subject::File, path);
+  if (!name) RaiseHostCallError(EINVAL, Subject::File, path);
+  if (name->size() > NAME_MAX) RaiseHostCallError(ENAMETOOLONG, Subject::File, path);
   const bool isNew = names_.insert(Mixed(HashOf(folder), HashOfHostName(*name))).second;
   return {{folder.drive, JoinHost(folder.path, *name)}, isNew};
 }

@@ -24,7 +24,7 @@ class TargetFolders {
   };
   /// Takes the name of a path, in its folder, which is created if it is missing. A name is new when
   /// none that differs from it in case only stood in the folder or was taken before. Rarely a new
-  /// one passes for an old one. Raises HostError.
+  /// one passes for an old one. Raises HostCallError.
   Answer Take(StringView path);
 
  private:
