@@ -6,6 +6,7 @@
 #include "host/Report.h"
 #include "host/Scanning.h"
 #include "host/Setup.h"
+#include "services/ObserverScope.h"
 #include "text/Encoding.h"
 
 namespace norvo::host {
@@ -44,11 +45,10 @@ Json RunCollect(const CommonArguments& common, const CollectArguments& arguments
   if (common.log) machine.StartLog();
 
   WorkWatcher watcher(console);
-  library.SetObserver(&watcher);
+  const ObserverScope scope(library, watcher);
   const ObjectRef controller = library.Create(u"helperMan");
   const std::vector<ListedPlaylist> listed = Scan(machine, *controller, settings, watcher);
   RunQueue(*controller, kCollectMode);
-  library.SetObserver(nullptr);
 
   TellUnfinished(listed, watcher.Results(), console);
   CollectFigures figures = Count(watcher.Results(), listed.size());

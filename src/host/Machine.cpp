@@ -51,9 +51,7 @@ Machine::Machine(const std::filesystem::path& folder, Console& console)
   for (const String& line : early) tell(line);
 }
 
-Machine::~Machine() {
-  component_->SetObserver(nullptr);
-}
+Machine::~Machine() = default;
 
 String Machine::LogPath() {
   return Utility::AddBackslash(platform_->Product().Folder()) + u"VBLog.txt";

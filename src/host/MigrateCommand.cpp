@@ -97,7 +97,6 @@ Json RunMigrate(const CommonArguments& common, const MigrateArguments& arguments
   try {
     RestoreCarried(machine.Library(), ledger, move, console);
   } catch (const RunTimeError& failure) {
-    machine.Library().SetObserver(nullptr);
     LeaveOutRest(move, failure);
   }
   CheckMove(machine.PlanLibrary(), move, console);

@@ -7,7 +7,7 @@
 #include "host/lists/ListedItems.h"
 #include "host/lists/ReferenceFinder.h"
 #include "model/PlaylistTypes.h"
-#include "services/Observer.h"
+#include "services/ObserverScope.h"
 #include "services/TextStream.h"
 #include "text/WindowsPath.h"
 
@@ -48,10 +48,8 @@ std::int32_t TypeFor(Component& library, const String& path) {
 
 bool ReadByLibrary(Component& library, const String& path, ReferenceWatcher& watcher) {
   const std::int32_t type = TypeFor(library, path);
-  library.SetObserver(&watcher);
-  const bool whole = ReadPlaylist(*library.Create(u"PlayList"), path, type);
-  library.SetObserver(nullptr);
-  return whole;
+  const ObserverScope scope(library, watcher);
+  return ReadPlaylist(*library.Create(u"PlayList"), path, type);
 }
 
 std::vector<CheckedReference> ReadByHost(Component& library, const String& path) {
@@ -92,7 +90,6 @@ std::vector<CheckedReference> CheckNative(Component& library, const String& path
     }
     whole = true;
   } catch (const RunTimeError&) {
-    library.SetObserver(nullptr);
     whole = false;
   }
   return std::move(watcher.references);

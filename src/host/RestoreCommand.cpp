@@ -7,6 +7,7 @@
 #include "host/Report.h"
 #include "host/Settings.h"
 #include "model/PlaylistTypes.h"
+#include "services/ObserverScope.h"
 #include "text/Encoding.h"
 
 namespace norvo::host {
@@ -110,9 +111,8 @@ Json RunRestore(const CommonArguments& common, Console& console) {
   RequireSettings(library);
   if (common.log) machine.StartLog();
   RestoreWatcher watcher(console);
-  library.SetObserver(&watcher);
+  const ObserverScope scope(library, watcher);
   RunQueue(*library.Create(u"helperMan"), kRestoreMode);
-  library.SetObserver(nullptr);
   SayRestored(watcher, console);
   if (!console.IsJson()) return {};
   Json document = RestoredDocument(watcher);

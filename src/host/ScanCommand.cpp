@@ -5,6 +5,7 @@
 #include "host/Report.h"
 #include "host/Scanning.h"
 #include "model/PlaylistTypes.h"
+#include "services/ObserverScope.h"
 #include "text/Encoding.h"
 
 namespace norvo::host {
@@ -42,10 +43,9 @@ Json RunScan(const CommonArguments& common, Console& console) {
   const Settings settings = RequireSettings(library);
   if (common.log) machine.StartLog();
   WorkWatcher watcher(console);
-  library.SetObserver(&watcher);
+  const ObserverScope scope(library, watcher);
   const ObjectRef controller = library.Create(u"helperMan");
   const std::vector<ListedPlaylist> playlists = Scan(machine, *controller, settings, watcher);
-  library.SetObserver(nullptr);
 
   SayByType(playlists, console);
   console.Say("Playlists found: " + std::to_string(playlists.size()));

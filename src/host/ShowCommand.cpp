@@ -9,6 +9,7 @@
 #include "host/Table.h"
 #include "model/PlaylistTypes.h"
 #include "services/DataCop.h"
+#include "services/ObserverScope.h"
 #include "services/Utility.h"
 #include "text/Encoding.h"
 #include "text/Number.h"
@@ -123,7 +124,7 @@ Json RunShow(const CommonArguments& common, const ShowArguments& arguments, Cons
   const std::string path = ToUtf8(machine.Path());
   WorkWatcher watcher(console);
   watcher.BeginOwn(machine.Path());
-  library.SetObserver(&watcher);
+  const ObserverScope scope(library, watcher);
   const std::int32_t type =
       arguments.type != 0 ? arguments.type : TellType(library, machine.Path());
   const ObjectRef playlist = library.Create(u"PlayList");
@@ -141,7 +142,6 @@ Json RunShow(const CommonArguments& common, const ShowArguments& arguments, Cons
     console.Say("Entries kept: " + std::to_string(entries.size()) +
                 ", dropped: " + DropCountsText(watcher.Own().dropped));
   }
-  library.SetObserver(nullptr);
   if (!console.IsJson()) return {};
   return Document(machine, type, *playlist, entries, watcher.Own());
 }

@@ -27,6 +27,12 @@ enum class ItemOutcome {
 };
 
 /// Lets a host follow long work. Every call is optional and must not call back into the library.
+///
+/// An exception out of a call counts as an error of the work that it tells of, and ends just that:
+/// the scan or the queue, with a log line; the reading of a playlist, whose entries so far stay;
+/// the writing of a native file; the settings of a player. The search for media files hands it on
+/// to its caller. Two calls must not throw, since nothing catches it there: OnLogLine, which errors
+/// are told by, and OnNativeFileEnd, which is called by a destructor.
 class Observer {
  public:
   virtual ~Observer() = default;
@@ -40,7 +46,8 @@ class Observer {
   /// `position` is 1-based.
   virtual void OnPlaylistBegin(StringView /*path*/, std::size_t /*position*/,
                                std::size_t /*count*/) {}
-  /// `kept` counts the playlist's entries; `genericFile` is set when it was written.
+  /// `kept` counts the playlist's entries. `genericFile` is its generic file when that was written,
+  /// else empty; of a restored one it is the file that was read, which `path` is too.
   virtual void OnPlaylistEnd(StringView /*path*/, std::int32_t /*type*/, PlaylistOutcome,
                              std::size_t /*kept*/, StringView /*genericFile*/) {}
   /// The next item of the playlist that is being read; `reference` as it was resolved.
@@ -48,8 +55,10 @@ class Observer {
 
   /// Whether the queue shall restore a generic file that it has found.
   virtual bool WantsGenericFile(StringView /*path*/) { return true; }
-  /// A native playlist is about to be created, and is as whole as it will be.
+  /// A native playlist is about to be created. An error out of this call keeps it from that.
   virtual void OnNativeFile(StringView /*path*/, std::int32_t /*type*/) {}
+  /// It is as whole as it will be; `whole` tells whether that is to its end. Also called for one
+  /// that could not be created.
   virtual void OnNativeFileEnd(StringView /*path*/, bool /*whole*/) {}
   /// A player was pointed at the folder of its playlists; `place` names the setting.
   virtual void OnPlayerSetting(StringView /*player*/, StringView /*place*/, StringView /*value*/) {}

@@ -4,6 +4,7 @@
 
 #include "automation/RunTimeError.h"
 #include "services/Logging.h"
+#include "services/ObserverScope.h"
 #include "support/LibraryTest.h"
 
 namespace norvo {
@@ -52,6 +53,20 @@ TEST_F(ComponentTest, AnObserverFollowsUntilItIsReplaced) {
   component.SetObserver(nullptr);
   WriteLog(component, u"second");
   EXPECT_EQ(Utf8(log), (Lines{"first"}));
+}
+
+TEST_F(ComponentTest, AnObserverScopePutsBackTheOneBefore) {
+  std::vector<String> inside;
+  LogCapture inner(inside);
+  try {
+    const ObserverScope scope(component, inner);
+    WriteLog(component, u"first");
+    throw RunTimeError(error::kInvalidArgument);
+  } catch (const RunTimeError&) {
+    WriteLog(component, u"second");
+  }
+  EXPECT_EQ(Utf8(inside), (Lines{"first"}));
+  EXPECT_EQ(Utf8(log), (Lines{"second"}));
 }
 
 TEST_F(ComponentTest, TwoComponentsShareNothing) {

@@ -4,6 +4,7 @@
 #include "host/LibraryCalls.h"
 #include "host/ListFile.h"
 #include "host/LogLines.h"
+#include "services/ObserverScope.h"
 #include "text/Encoding.h"
 
 namespace norvo::host {
@@ -60,14 +61,13 @@ class CollectWatcher final : public Observer {
 std::vector<CollectedFile> Collect(Machine& machine, Console& console) {
   CollectWatcher watcher(console);
   Component& library = machine.Library();
-  library.SetObserver(&watcher);
+  const ObserverScope scope(library, watcher);
   const ObjectRef controller = library.Create(u"helperMan");
   const bool scanned = ToBoolean(controller->Call(u"GetAllPlaylists"));
   for (const ListedPlaylist& listed : ReadListFile(library, ReadSettings(library))) {
     watcher.NoteListed(listed.path);
   }
   if (scanned) RunQueue(*controller, kCollectMode);
-  library.SetObserver(nullptr);
   if (!scanned) {
     throw HostError("The scan of the old machine failed. See that its data area can be written.");
   }

@@ -7,6 +7,7 @@
 #include "automation/RunTimeError.h"
 #include "host/LibraryCalls.h"
 #include "host/LogLines.h"
+#include "services/ObserverScope.h"
 #include "text/Encoding.h"
 
 namespace norvo::host {
@@ -68,9 +69,10 @@ class RestoreWatcher final : public Observer {
 
 void RestoreCarried(Component& library, RestoreLedger& ledger, Move& move, Console& console) {
   RestoreWatcher watcher(ledger, move, console);
-  library.SetObserver(&watcher);
-  RunQueue(*library.Create(u"helperMan"), kRestoreMode);
-  library.SetObserver(nullptr);
+  {
+    const ObserverScope scope(library, watcher);
+    RunQueue(*library.Create(u"helperMan"), kRestoreMode);
+  }
   try {
     ledger.Compact();
   } catch (const RunTimeError&) {
