@@ -78,21 +78,17 @@ bool HasMissing(const std::vector<CheckedReference>& references) {
 
 }  // namespace
 
-std::vector<CheckedReference> CheckNative(Component& library, const String& path, bool& whole) {
+CheckedPlaylist CheckNative(Component& library, const String& path) {
   ReferenceWatcher watcher(library.Files());
-  whole = false;
   try {
-    whole = ReadByLibrary(library, path, watcher);
-    if (whole && !HasMissing(watcher.references)) return std::move(watcher.references);
+    const bool whole = ReadByLibrary(library, path, watcher);
+    if (whole && !HasMissing(watcher.references)) return {std::move(watcher.references), true};
     std::vector<CheckedReference> byHost = ReadByHost(library, path);
-    if (!whole || byHost.size() == watcher.references.size()) {
-      watcher.references = std::move(byHost);
-    }
-    whole = true;
+    if (!whole || byHost.size() == watcher.references.size()) return {std::move(byHost), true};
+    return {std::move(watcher.references), true};
   } catch (const RunTimeError&) {
-    whole = false;
+    return {std::move(watcher.references), false};
   }
-  return std::move(watcher.references);
 }
 
 }  // namespace norvo::host

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <vector>
 
 #include "services/Component.h"
@@ -15,11 +14,16 @@ struct CheckedReference {
   String reference;  ///< of a file the full path
 };
 
+/// What a native playlist refers to, in its order.
+struct CheckedPlaylist {
+  std::vector<CheckedReference> references;
+  bool whole = false;  ///< it could be read to its end
+};
+
 /// Reads a native playlist with the library and looks at each reference, in order. Where the
 /// library's readers give up, the host's own, more patient one has a look: at a list that has more
-/// lines than they take, and at references that they miss, such as "https://" addresses. `whole` is
-/// set to false when it could not be read to its end at all. The component's observer does
-/// not hear of the library's reading.
-std::vector<CheckedReference> CheckNative(Component& library, const String& path, bool& whole);
+/// lines than they take, and at references that they miss, such as "https://" addresses. The
+/// component's observer does not hear of the library's reading.
+CheckedPlaylist CheckNative(Component& library, const String& path);
 
 }  // namespace norvo::host

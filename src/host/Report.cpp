@@ -52,6 +52,20 @@ std::string DropCountsText(const DropCounts& counts) {
   return std::to_string(total) + reasons + (reasons.empty() ? "" : ")");
 }
 
+std::string SettingText(const PlayerSetting& setting) {
+  return ToUtf8(setting.player) + ": " + ToUtf8(setting.place) + " = " + ToUtf8(setting.value);
+}
+
+Json SettingsDocument(const std::vector<PlayerSetting>& settings) {
+  Json rows = Json::array();
+  for (const PlayerSetting& setting : settings) {
+    rows.push_back({{"player", ToUtf8(setting.player)},
+                    {"place", ToUtf8(setting.place)},
+                    {"value", ToUtf8(setting.value)}});
+  }
+  return rows;
+}
+
 void SaySetup(const std::vector<SetupStep>& steps, Console& console) {
   for (const SetupStep& step : steps) {
     console.Say((step.written ? "Written:        " : "Already there:  ") + step.what);

@@ -5,6 +5,7 @@
 
 #include "host/Console.h"
 #include "host/Machine.h"
+#include "host/PlayerSetting.h"
 #include "host/Setup.h"
 #include "host/WorkWatcher.h"
 
@@ -24,6 +25,10 @@ Json DropDocument(const Drop& drop);
 Json DropCountsDocument(const DropCounts& counts);
 /// "19 (15 no such file, 4 not a media file)"
 std::string DropCountsText(const DropCounts& counts);
+
+/// "WinAmp: C:\Program Files\Winamp\Winamp.ini, cwd = C:\My Documents\..."
+std::string SettingText(const PlayerSetting& setting);
+Json SettingsDocument(const std::vector<PlayerSetting>& settings);
 
 /// What a set-up wrote and found.
 void SaySetup(const std::vector<SetupStep>& steps, Console& console);

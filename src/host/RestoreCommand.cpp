@@ -21,12 +21,6 @@ struct Native {
   bool whole = false;
 };
 
-struct Setting {
-  String player;
-  String place;
-  String value;
-};
-
 class RestoreWatcher final : public Observer {
  public:
   explicit RestoreWatcher(Console& console) : console_(console) {}
@@ -62,7 +56,7 @@ class RestoreWatcher final : public Observer {
 
   std::vector<String> neutralFiles;
   std::vector<Native> natives;
-  std::vector<Setting> settings;
+  std::vector<PlayerSetting> settings;
 
  private:
   Console& console_;
@@ -79,28 +73,21 @@ void SayRestored(const RestoreWatcher& watcher, Console& console) {
   }
   for (const Native& native : watcher.natives) console.Say("    " + ToUtf8(native.path));
   console.Say("Player settings changed: " + std::to_string(watcher.settings.size()));
-  for (const Setting& setting : watcher.settings) {
-    console.Say("  " + ToUtf8(setting.player) + ": " + ToUtf8(setting.place) + " = " +
-                ToUtf8(setting.value));
-  }
+  for (const PlayerSetting& setting : watcher.settings) console.Say("  " + SettingText(setting));
 }
 
 Json RestoredDocument(const RestoreWatcher& watcher) {
   Json neutralFiles = Json::array();
   Json natives = Json::array();
-  Json settings = Json::array();
   for (const String& path : watcher.neutralFiles) neutralFiles.push_back(ToUtf8(path));
   for (const Native& native : watcher.natives) {
     natives.push_back({{"path", ToUtf8(native.path)},
                        {"typeName", TypeName(native.type)},
                        {"whole", native.whole}});
   }
-  for (const Setting& setting : watcher.settings) {
-    settings.push_back({{"player", ToUtf8(setting.player)},
-                        {"place", ToUtf8(setting.place)},
-                        {"value", ToUtf8(setting.value)}});
-  }
-  return {{"neutralFiles", neutralFiles}, {"natives", natives}, {"settings", settings}};
+  return {{"neutralFiles", neutralFiles},
+          {"natives", natives},
+          {"settings", SettingsDocument(watcher.settings)}};
 }
 
 }  // namespace

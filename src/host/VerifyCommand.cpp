@@ -16,12 +16,11 @@ namespace {
 
 struct Checked {
   std::string path;
-  bool whole = false;
-  std::vector<CheckedReference> references;
+  CheckedPlaylist playlist;
 
   std::size_t Count(CheckedReference::Kind kind) const {
     return static_cast<std::size_t>(
-        std::count_if(references.begin(), references.end(),
+        std::count_if(playlist.references.begin(), playlist.references.end(),
                       [kind](const CheckedReference& row) { return row.kind == kind; }));
   }
 };
@@ -74,11 +73,11 @@ Json Document(const std::vector<Checked>& playlists) {
   Json rows = Json::array();
   for (const Checked& checked : playlists) {
     Json missing = Json::array();
-    for (const CheckedReference& row : checked.references) {
+    for (const CheckedReference& row : checked.playlist.references) {
       if (row.kind == CheckedReference::Kind::Missing) missing.push_back(ToUtf8(row.reference));
     }
     rows.push_back({{"path", checked.path},
-                    {"whole", checked.whole},
+                    {"whole", checked.playlist.whole},
                     {"found", checked.Count(CheckedReference::Kind::Found)},
                     {"addresses", checked.Count(CheckedReference::Kind::Address)},
                     {"missing", std::move(missing)}});
@@ -91,8 +90,8 @@ void Tell(const Checked& checked, Console& console) {
   console.Print(checked.path + ": " + std::to_string(checked.Count(CheckedReference::Kind::Found)) +
                 " found, " + std::to_string(missing) + " missing, " +
                 std::to_string(checked.Count(CheckedReference::Kind::Address)) + " addresses");
-  if (!checked.whole) console.LeftOut(checked.path + ": cannot be read to its end");
-  for (const CheckedReference& row : checked.references) {
+  if (!checked.playlist.whole) console.LeftOut(checked.path + ": cannot be read to its end");
+  for (const CheckedReference& row : checked.playlist.references) {
     if (row.kind != CheckedReference::Kind::Missing) continue;
     console.LeftOut(checked.path + ": missing: " + ToUtf8(row.reference));
   }
@@ -110,10 +109,8 @@ Json RunVerify(const CommonArguments& common, const VerifyArguments& arguments, 
   std::vector<Checked> playlists;
   for (std::size_t i = 0; i < paths.size(); ++i) {
     console.Bar().Advance("verifying", i + 1, paths.size(), paths[i]);
-    Checked& checked = playlists.emplace_back();
-    checked.path = ToUtf8(paths[i]);
-    checked.references = CheckNative(*library, paths[i], checked.whole);
-    Tell(checked, console);
+    playlists.push_back({ToUtf8(paths[i]), CheckNative(*library, paths[i])});
+    Tell(playlists.back(), console);
   }
   if (!console.IsJson()) return {};
   return Document(playlists);

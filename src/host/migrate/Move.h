@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "host/PlayerSetting.h"
 #include "text/Text.h"
 
 namespace norvo::host {
@@ -64,13 +65,6 @@ struct Adjustment {
 
 /// The reason of an adjustment that only fills in what was missing.
 inline constexpr const char* kFilledIn = "a relative reference gives no file name";
-
-/// A player's setting that was changed.
-struct PlayerSetting {
-  String player;
-  String place;
-  String value;
-};
 
 /// A whole move: what was found, what becomes of it.
 struct Move {

@@ -29,8 +29,7 @@ class Check {
 
  private:
   void Native(const MovedPlaylist& playlist, const String& native) {
-    bool whole = false;
-    const std::vector<CheckedReference> references = CheckNative(library_, native, whole);
+    const auto [references, whole] = CheckNative(library_, native);
     const std::string name = ToUtf8(native);
     if (!library_.Files().FileExists(native)) {
       return console_.LeftOut(name + ": was written, and is gone now");

@@ -188,8 +188,7 @@ void SayTotals(const Move& move, const MoveTerms& terms, Console& console) {
            terms.trial ? "  to be brought:       " : "  not brought:         ", console);
   SaySongs(move, Song::State::LeftOut, "  left out:            ", console);
   for (const PlayerSetting& setting : move.settings) {
-    console.Say("Player setting:        " + ToUtf8(setting.player) + ": " + ToUtf8(setting.place) +
-                " = " + ToUtf8(setting.value));
+    console.Say("Player setting:        " + SettingText(setting));
   }
   console.Say((terms.trial ? "References planned:    " : "References verified:   ") +
               std::to_string(move.checked) + ", found: " + std::to_string(move.found) +
@@ -272,22 +271,16 @@ Json MoveDocument(const Move& move, const MoveTerms& terms) {
   Json playlists = Json::array();
   Json media = Json::array();
   Json adjustments = Json::array();
-  Json settings = Json::array();
   for (const MovedPlaylist& playlist : move.playlists)
     playlists.push_back(PlaylistDocument(playlist));
   for (const Song& song : move.songs) media.push_back(SongDocument(song));
   for (const Adjustment& row : move.adjustments)
     adjustments.push_back(AdjustmentDocument(row, move));
-  for (const PlayerSetting& setting : move.settings) {
-    settings.push_back({{"player", ToUtf8(setting.player)},
-                        {"place", ToUtf8(setting.place)},
-                        {"value", ToUtf8(setting.value)}});
-  }
   Json document{{"from", terms.from}, {"to", terms.to}, {"dryRun", terms.trial}};
   document["playlists"] = std::move(playlists);
   document["media"] = std::move(media);
   document["adjustments"] = std::move(adjustments);
-  document["settings"] = std::move(settings);
+  document["settings"] = SettingsDocument(move.settings);
   document["summary"] = {{"playlists", move.playlists.size()},
                          {"restored", CountOf(move, MovedPlaylist::State::Restored)},
                          {"alreadyRestored", CountOf(move, MovedPlaylist::State::AlreadyRestored)},

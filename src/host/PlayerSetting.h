@@ -1,0 +1,14 @@
+#pragma once
+
+#include "text/Text.h"
+
+namespace norvo::host {
+
+/// A setting by which a player was pointed at its playlists.
+struct PlayerSetting {
+  String player;
+  String place;
+  String value;
+};
+
+}  // namespace norvo::host
