@@ -23,8 +23,9 @@ std::vector<ObjectRef> EntriesOf(AutomationObject& playlist) {
   const std::int32_t count = NumberOf(*entries, u"TotalSongs");
   std::vector<ObjectRef> found;
   found.reserve(static_cast<std::size_t>(count));
-  for (std::int32_t i = 1; i <= count; ++i)
+  for (std::int32_t i = 1; i <= count; ++i) {
     found.push_back(ToObject(CallWith(*entries, u"Item", i)));
+  }
   return found;
 }
 

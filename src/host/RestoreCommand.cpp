@@ -45,10 +45,9 @@ class RestoreWatcher final : public Observer {
   }
   void OnNativeFileEnd(StringView path, bool whole) override {
     natives.back().whole = whole;
-    if (!whole)
-      console_.LeftOut(ToUtf8(path) +
-                       ": not written to its end: see that the disk is "
-                       "writable and not full");
+    if (whole) return;
+    console_.LeftOut(ToUtf8(path) +
+                     ": not written to its end: see that the disk is writable and not full");
   }
   void OnPlayerSetting(StringView player, StringView place, StringView value) override {
     settings.push_back({String(player), String(place), String(value)});

@@ -55,16 +55,19 @@ struct MovedPlaylist {
 
 /// A change of what a carried neutral file says.
 struct Adjustment {
+  enum class Kind {
+    Changed,
+    FilledIn  ///< a relative reference gives no file name
+  };
+
   std::size_t playlist = 0;  ///< 0-based
   std::size_t entry = 0;     ///< 1-based; 0 for the playlist itself
   String key;
   String before;
   String after;
   std::string reason;
+  Kind kind = Kind::Changed;
 };
-
-/// The reason of an adjustment that only fills in what was missing.
-inline constexpr const char* kFilledIn = "a relative reference gives no file name";
 
 /// A whole move: what was found, what becomes of it.
 struct Move {

@@ -29,7 +29,8 @@ const char* NameOf(MovedPlaylist::State state) {
   return "";
 }
 
-const char* TextOf(MovedPlaylist::State state) {
+/// The word for people; NameOf gives that of the document.
+const char* OutcomeText(MovedPlaylist::State state) {
   switch (state) {
     case MovedPlaylist::State::Collected:
       return "collected";
@@ -89,7 +90,7 @@ void SayPlaylists(const Move& move, Console& console) {
     if (!playlist.reason.empty()) remarks.push_back(playlist.reason);
     const std::size_t songs = SongsOf(playlist);
     table.AddRow({ToUtf8(playlist.source), std::to_string(songs),
-                  std::to_string(playlist.items.size() - songs), TextOf(playlist.state),
+                  std::to_string(playlist.items.size() - songs), OutcomeText(playlist.state),
                   Joined(remarks)});
   }
   for (const std::string& line : table.Lines()) console.Say(line);
@@ -98,7 +99,7 @@ void SayPlaylists(const Move& move, Console& console) {
 void SayAdjustments(const Move& move, Console& console) {
   const auto filledIn = static_cast<std::size_t>(
       std::count_if(move.adjustments.begin(), move.adjustments.end(),
-                    [](const Adjustment& row) { return row.reason == kFilledIn; }));
+                    [](const Adjustment& row) { return row.kind == Adjustment::Kind::FilledIn; }));
   if (filledIn > 0) {
     console.Say();
     console.Say("File names filled in, since relative references give none: " +
@@ -109,7 +110,7 @@ void SayAdjustments(const Move& move, Console& console) {
   console.Say("Changed on the way, so that each song has its own place:");
   Table table({{"Neutral file"}, {"Entry", Align::Right}, {"Key"}, {"Was"}, {"Is"}, {"Because"}});
   for (const Adjustment& row : move.adjustments) {
-    if (row.reason == kFilledIn) continue;
+    if (row.kind == Adjustment::Kind::FilledIn) continue;
     table.AddRow({ToUtf8(LastComponent(move.playlists[row.playlist].neutral)),
                   row.entry == 0 ? "-" : std::to_string(row.entry), ToUtf8(row.key),
                   ToUtf8(row.before), ToUtf8(row.after), row.reason});
@@ -271,11 +272,13 @@ Json MoveDocument(const Move& move, const MoveTerms& terms) {
   Json playlists = Json::array();
   Json media = Json::array();
   Json adjustments = Json::array();
-  for (const MovedPlaylist& playlist : move.playlists)
+  for (const MovedPlaylist& playlist : move.playlists) {
     playlists.push_back(PlaylistDocument(playlist));
+  }
   for (const Song& song : move.songs) media.push_back(SongDocument(song));
-  for (const Adjustment& row : move.adjustments)
+  for (const Adjustment& row : move.adjustments) {
     adjustments.push_back(AdjustmentDocument(row, move));
+  }
   Json document{{"from", terms.from}, {"to", terms.to}, {"dryRun", terms.trial}};
   document["playlists"] = std::move(playlists);
   document["media"] = std::move(media);

@@ -68,8 +68,9 @@ void CheckFolder(const fs::path& folder) {
 char16_t Surround(const fs::path& from, const fs::path& work) {
   std::error_code failure;
   fs::create_directories(work, failure);
-  if (failure)
+  if (failure) {
     throw HostError(work.string() + ": " + failure.message() + ". Choose another --work.");
+  }
   LinkedMachine machine(work);
   char16_t own = u'Z';
   if (IsMachineFolder(from)) {

@@ -388,7 +388,10 @@ void Planner::AdjustEntry(Move& move, Draft& draft, std::size_t index) {
   if (names.fileName.empty()) names.fileName = LastComponent(song.source);
   const std::string reason = WhyNot(number, Ask(names).place);
   names.fileName = LastComponent(song.place);
-  Set(move, draft, index + 1, u"FileName", names.fileName, reason.empty() ? kFilledIn : reason);
+  const bool fillsIn = reason.empty();
+  Set(move, draft, index + 1, u"FileName", names.fileName,
+      fillsIn ? "a relative reference gives no file name" : reason,
+      fillsIn ? Adjustment::Kind::FilledIn : Adjustment::Kind::Changed);
   if (EqualsIgnoreCase(Ask(names).place, song.place)) return;
   Set(move, draft, index + 1, u"Artist", chosen_[number].artist, reason);
   Set(move, draft, index + 1, u"Album", chosen_[number].album, reason);
@@ -429,13 +432,13 @@ void Planner::Confirm(Move& move, Draft& draft) {
 }
 
 void Planner::Set(Move& move, Draft& draft, std::size_t entry, StringView key, const String& value,
-                  const std::string& reason) {
+                  const std::string& reason, Adjustment::Kind kind) {
   const std::size_t section =
       draft.document.FindOrAddSection(entry == 0 ? String(kGlobals) : SectionOf(entry));
   const String before(draft.document.Value(section, key).value_or(StringView()));
   if (before == value) return;
   draft.document.SetValue(section, key, value);
-  move.adjustments.push_back({draft.playlist, entry, String(key), before, value, reason});
+  move.adjustments.push_back({draft.playlist, entry, String(key), before, value, reason, kind});
 }
 
 std::string Planner::BytesOf(const Draft& draft) const {

@@ -72,7 +72,7 @@ class Planner {
   std::string WhyNot(std::size_t number, const String& place);
   void Confirm(Move& move, Draft& draft);
   void Set(Move& move, Draft& draft, std::size_t entry, StringView key, const String& value,
-           const std::string& reason);
+           const std::string& reason, Adjustment::Kind kind = Adjustment::Kind::Changed);
   std::string BytesOf(const Draft& draft) const;
 
   Component& old_;
