@@ -7,6 +7,7 @@
 #include "host/migrate/Carrying.h"
 #include "host/migrate/Collecting.h"
 #include "host/migrate/MoveCheck.h"
+#include "host/migrate/MoveDocument.h"
 #include "host/migrate/MoveReport.h"
 #include "host/migrate/NewMachine.h"
 #include "host/migrate/OldMachine.h"

@@ -11,6 +11,14 @@
 
 namespace norvo::host {
 
+/// How a move was asked for.
+struct MoveTerms {
+  std::string from;
+  std::string to;
+  bool trial = false;
+  bool withMedia = true;
+};
+
 /// A media file of the old machine that some playlist names, and its one place on the new one.
 struct Song {
   enum class State { Planned, Copied, Linked, AlreadyThere, LeftOut };
@@ -78,5 +86,15 @@ struct Move {
   std::size_t checked = 0;  ///< local references of native playlists that were looked up
   std::size_t found = 0;    ///< and lead to the right file
 };
+
+/// "restored", "copied", "alreadyThere" and so on, as the document has them.
+const char* NameOf(MovedPlaylist::State state);
+const char* NameOf(Song::State state);
+/// Items of a playlist that are songs.
+std::size_t CountSongs(const MovedPlaylist& playlist);
+/// Playlists in that state.
+std::size_t CountOf(const Move& move, MovedPlaylist::State state);
+/// Playlists of which something was mended.
+std::size_t CountHealed(const Move& move);
 
 }  // namespace norvo::host

@@ -1,7 +1,6 @@
 #include "host/migrate/MoveReport.h"
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 #include <set>
 
 #include "host/Report.h"
@@ -13,23 +12,6 @@
 namespace norvo::host {
 namespace {
 
-const char* NameOf(MovedPlaylist::State state) {
-  switch (state) {
-    case MovedPlaylist::State::Collected:
-      return "collected";
-    case MovedPlaylist::State::Restored:
-      return "restored";
-    case MovedPlaylist::State::AlreadyRestored:
-      return "alreadyRestored";
-    case MovedPlaylist::State::NoSongs:
-      return "noSongs";
-    case MovedPlaylist::State::LeftOut:
-      return "leftOut";
-  }
-  return "";
-}
-
-/// The word for people; NameOf gives that of the document.
 const char* OutcomeText(MovedPlaylist::State state) {
   switch (state) {
     case MovedPlaylist::State::Collected:
@@ -44,28 +26,6 @@ const char* OutcomeText(MovedPlaylist::State state) {
       return "left out";
   }
   return "";
-}
-
-const char* NameOf(Song::State state) {
-  switch (state) {
-    case Song::State::Planned:
-      return "planned";
-    case Song::State::Copied:
-      return "copied";
-    case Song::State::Linked:
-      return "linked";
-    case Song::State::AlreadyThere:
-      return "alreadyThere";
-    case Song::State::LeftOut:
-      return "leftOut";
-  }
-  return "";
-}
-
-std::size_t SongsOf(const MovedPlaylist& playlist) {
-  return static_cast<std::size_t>(
-      std::count_if(playlist.items.begin(), playlist.items.end(),
-                    [](const MovedItem& item) { return item.song.has_value(); }));
 }
 
 std::string Joined(const std::vector<std::string>& texts) {
@@ -88,7 +48,7 @@ void SayPlaylists(const Move& move, Console& console) {
     std::vector<std::string> remarks = playlist.healed;
     for (const std::string& missed : playlist.missed) remarks.push_back("left out " + missed);
     if (!playlist.reason.empty()) remarks.push_back(playlist.reason);
-    const std::size_t songs = SongsOf(playlist);
+    const std::size_t songs = CountSongs(playlist);
     table.AddRow({ToUtf8(playlist.source), std::to_string(songs),
                   std::to_string(playlist.items.size() - songs), OutcomeText(playlist.state),
                   Joined(remarks)});
@@ -141,18 +101,6 @@ void SaySongs(const Move& move, Song::State state, const char* title, Console& c
   if (count > 0) console.Say(title + std::to_string(count) + " (" + Bytes(bytes) + ")");
 }
 
-std::size_t CountOf(const Move& move, MovedPlaylist::State state) {
-  return static_cast<std::size_t>(
-      std::count_if(move.playlists.begin(), move.playlists.end(),
-                    [state](const MovedPlaylist& playlist) { return playlist.state == state; }));
-}
-
-std::size_t CountHealed(const Move& move) {
-  return static_cast<std::size_t>(
-      std::count_if(move.playlists.begin(), move.playlists.end(),
-                    [](const MovedPlaylist& playlist) { return !playlist.healed.empty(); }));
-}
-
 /// Songs on drives that do not move are found again only where the new machine has those drives.
 void SayLeftBehind(const Move& move, Console& console) {
   std::set<String> places;
@@ -198,47 +146,6 @@ void SayTotals(const Move& move, const MoveTerms& terms, Console& console) {
   if (terms.trial) console.Say("A trial: nothing was written on the new machine.");
 }
 
-Json Texts(const std::vector<std::string>& texts) {
-  Json document = Json::array();
-  for (const std::string& text : texts) document.push_back(text);
-  return document;
-}
-
-Json PlaylistDocument(const MovedPlaylist& playlist) {
-  const std::size_t songs = SongsOf(playlist);
-  Json natives = Json::array();
-  for (const String& native : playlist.natives) natives.push_back(ToUtf8(native));
-  Json document{{"path", ToUtf8(playlist.source)},
-                {"typeName", TypeName(playlist.type)},
-                {"outcome", NameOf(playlist.state)},
-                {"songs", songs},
-                {"addresses", playlist.items.size() - songs},
-                {"healed", Texts(playlist.healed)},
-                {"leftOut", Texts(playlist.missed)}};
-  if (!playlist.carried.empty()) document["neutralFile"] = ToUtf8(playlist.carried);
-  document["natives"] = std::move(natives);
-  if (!playlist.reason.empty()) document["reason"] = playlist.reason;
-  return document;
-}
-
-Json SongDocument(const Song& song) {
-  Json document{{"source", ToUtf8(song.source)},
-                {"place", ToUtf8(song.place)},
-                {"bytes", JsonNumber(song.size)},
-                {"outcome", NameOf(song.state)}};
-  if (!song.reason.empty()) document["reason"] = song.reason;
-  return document;
-}
-
-Json AdjustmentDocument(const Adjustment& row, const Move& move) {
-  return {{"neutralFile", ToUtf8(move.playlists[row.playlist].carried)},
-          {"entry", row.entry},
-          {"key", ToUtf8(row.key)},
-          {"before", ToUtf8(row.before)},
-          {"after", ToUtf8(row.after)},
-          {"reason", row.reason}};
-}
-
 }  // namespace
 
 void TellLeftOut(const Move& move, const MoveTerms& terms, Console& console) {
@@ -266,34 +173,6 @@ void SayMove(const Move& move, const MoveTerms& terms, Console& console) {
   SayAdjustments(move, console);
   if (terms.trial) SayPlannedSongs(move, console);
   SayTotals(move, terms, console);
-}
-
-Json MoveDocument(const Move& move, const MoveTerms& terms) {
-  Json playlists = Json::array();
-  Json media = Json::array();
-  Json adjustments = Json::array();
-  for (const MovedPlaylist& playlist : move.playlists) {
-    playlists.push_back(PlaylistDocument(playlist));
-  }
-  for (const Song& song : move.songs) media.push_back(SongDocument(song));
-  for (const Adjustment& row : move.adjustments) {
-    adjustments.push_back(AdjustmentDocument(row, move));
-  }
-  Json document{{"from", terms.from}, {"to", terms.to}, {"dryRun", terms.trial}};
-  document["playlists"] = std::move(playlists);
-  document["media"] = std::move(media);
-  document["adjustments"] = std::move(adjustments);
-  document["settings"] = SettingsDocument(move.settings);
-  document["summary"] = {{"playlists", move.playlists.size()},
-                         {"restored", CountOf(move, MovedPlaylist::State::Restored)},
-                         {"alreadyRestored", CountOf(move, MovedPlaylist::State::AlreadyRestored)},
-                         {"noSongs", CountOf(move, MovedPlaylist::State::NoSongs)},
-                         {"leftOut", CountOf(move, MovedPlaylist::State::LeftOut)},
-                         {"healed", CountHealed(move)},
-                         {"songs", move.songs.size()},
-                         {"referencesChecked", move.checked},
-                         {"referencesFound", move.found}};
-  return document;
 }
 
 }  // namespace norvo::host

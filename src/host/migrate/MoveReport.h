@@ -5,18 +5,10 @@
 
 namespace norvo::host {
 
-/// How a move was asked for.
-struct MoveTerms {
-  std::string from;
-  std::string to;
-  bool trial = false;
-  bool withMedia = true;
-};
-
 /// Tells by name what was left out although it exists on the old machine.
 void TellLeftOut(const Move& move, const MoveTerms& terms, Console& console);
 
+/// The report for people: each playlist, what was changed on the way, and the totals.
 void SayMove(const Move& move, const MoveTerms& terms, Console& console);
-Json MoveDocument(const Move& move, const MoveTerms& terms);
 
 }  // namespace norvo::host
