@@ -2,6 +2,7 @@
 
 #include "automation/RunTimeError.h"
 #include "controller/ScanRules.h"
+#include "model/GenericSections.h"
 #include "services/FolderScanner.h"
 #include "services/Logging.h"
 #include "services/ProfileFile.h"
@@ -17,7 +18,7 @@ bool IsGenericFile(Component& component, const String& path) {
     return false;
   }
   String version;
-  return file.SelectSection(u"Global Properties") && file.ReadValue(u"PavaneVersion", version) == 0;
+  return file.SelectSection(kGlobalSection) && file.ReadValue(u"PavaneVersion", version) == 0;
 }
 
 std::vector<FolderItem> List(Component& component, const String& folder) {

@@ -8,6 +8,7 @@
 #include "controller/HeaderSniffer.h"
 #include "controller/MediaSearch.h"
 #include "controller/PlayerFolders.h"
+#include "controller/QueueMode.h"
 #include "controller/ScanRules.h"
 #include "services/DataCop.h"
 #include "services/Logging.h"
@@ -18,10 +19,6 @@
 
 namespace norvo {
 namespace {
-
-constexpr std::int32_t kCollectMode = 0;
-constexpr std::int32_t kRestoreMode = 1;
-constexpr std::int32_t kDocuments = 5;
 
 bool IsM3uOrAsx(StringView extension) {
   return EqualsIgnoreCase(extension, u"asx") || EqualsIgnoreCase(extension, u"m3u");
@@ -80,8 +77,8 @@ bool HelperMan::GenericQueue(std::int32_t mode) {
     Guarded([&] {
       WriteLog(component_, u"Retrieving List of PlayLists Found");
       const std::vector<String> paths = list_ ? list_->Consume() : std::vector<String>();
-      if (mode == kCollectMode) ConvertListed(paths, processed);
-      if (mode == kRestoreMode) RestoreAll(processed);
+      if (mode == queue_mode::kCollect) ConvertListed(paths, processed);
+      if (mode == queue_mode::kRestore) RestoreAll(processed);
     });
   } catch (const RunTimeError& failure) {
     WriteLog(component_, u"HelperMan::Generic Queue->Error Thrown " + failure.Description());
@@ -97,7 +94,7 @@ void HelperMan::ConvertListed(const std::vector<String>& paths, bool& processed)
 }
 
 void HelperMan::RestoreAll(bool& processed) {
-  const String documents = NVServices::GetCSIDLPath(component_, kDocuments);
+  const String documents = NVServices::GetCSIDLPath(component_, ShellFolders::kDocuments);
   if (documents.empty()) return;
   std::vector<String> files = CollectGenericFiles(component_, documents);
   std::erase_if(

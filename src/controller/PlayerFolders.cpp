@@ -113,9 +113,8 @@ class Players {
 }  // namespace
 
 void SetPlayerPlayListFolders(Component& component) {
-  constexpr int kPlayListSlot = 5;
   String base;
-  Quietly([&] { base = DataCop::GetSubNamePath(component, kPlayListSlot); });
+  Quietly([&] { base = DataCop::GetSubNamePath(component, DataCop::kPlayListSlot); });
   if (base.empty()) return;  // without a destination root no playlist was restored
   Players players(component, base);
   players.MusicMatch();

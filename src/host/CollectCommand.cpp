@@ -1,5 +1,6 @@
 #include <nlohmann/json.hpp>
 
+#include "controller/QueueMode.h"
 #include "host/CollectReport.h"
 #include "host/Commands.h"
 #include "host/LibraryCalls.h"
@@ -11,8 +12,6 @@
 
 namespace norvo::host {
 namespace {
-
-constexpr std::int32_t kCollectMode = 0;
 
 /// The queue stops at a playlist that it cannot count; those behind it are never begun.
 void TellUnfinished(const std::vector<ListedPlaylist>& listed,
@@ -48,7 +47,7 @@ Json RunCollect(const CommonArguments& common, const CollectArguments& arguments
   const ObserverScope scope(library, watcher);
   const ObjectRef controller = library.Create(u"helperMan");
   const std::vector<ListedPlaylist> listed = Scan(machine, *controller, settings, watcher);
-  RunQueue(*controller, kCollectMode);
+  RunQueue(*controller, queue_mode::kCollect);
 
   TellUnfinished(listed, watcher.Results(), console);
   CollectFigures figures = Count(watcher.Results(), listed.size());

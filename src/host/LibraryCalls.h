@@ -26,7 +26,7 @@ bool ReadPlaylist(AutomationObject& playlist, const String& path, std::int32_t t
 /// The type by the file's name and first lines; 0 when they tell none.
 std::int32_t TellType(Component& library, const String& path);
 
-/// Runs the controller's queue: mode 0 on the old machine, 1 on the new one.
+/// Runs the controller's queue; the modes are those of controller/QueueMode.h.
 void RunQueue(AutomationObject& controller, std::int32_t mode);
 
 }  // namespace norvo::host

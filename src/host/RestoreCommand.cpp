@@ -1,6 +1,7 @@
 #include <map>
 #include <nlohmann/json.hpp>
 
+#include "controller/QueueMode.h"
 #include "host/Commands.h"
 #include "host/LibraryCalls.h"
 #include "host/LogLines.h"
@@ -12,8 +13,6 @@
 
 namespace norvo::host {
 namespace {
-
-constexpr std::int32_t kRestoreMode = 1;
 
 struct Native {
   String path;
@@ -98,7 +97,7 @@ Json RunRestore(const CommonArguments& common, Console& console) {
   if (common.log) machine.StartLog();
   RestoreWatcher watcher(console);
   const ObserverScope scope(library, watcher);
-  RunQueue(*library.Create(u"helperMan"), kRestoreMode);
+  RunQueue(*library.Create(u"helperMan"), queue_mode::kRestore);
   SayRestored(watcher, console);
   if (!console.IsJson()) return {};
   Json document = RestoredDocument(watcher);

@@ -59,8 +59,7 @@ std::vector<String> Playlists(const Machine& machine, Component& library,
   std::vector<String> paths;
   for (const std::string& path : arguments.paths) paths.push_back(MachinePath(machine, path));
   if (!paths.empty()) return paths;
-  constexpr int kPlayListSlot = 5;
-  const String root = DataCop::GetSubNamePath(library, kPlayListSlot);
+  const String root = DataCop::GetSubNamePath(library, DataCop::kPlayListSlot);
   if (root.empty() || !library.Files().FolderExists(root)) {
     throw HostError("The machine has no folder of restored playlists" +
                     (root.empty() ? std::string() : ", " + ToUtf8(root)) +

@@ -2,6 +2,7 @@
 
 #include "automation/RunTimeError.h"
 #include "model/AsxEntry.h"
+#include "model/GenericSections.h"
 #include "services/Logging.h"
 #include "services/ProfileFile.h"
 #include "text/Number.h"
@@ -114,7 +115,7 @@ void ReadEntries(Component& component, ProfileFile& file, PlaylistRecord& playli
       return;
     }
     entry->Let(u"Entry_EntryType", playlist.type);
-    file.SelectSection(u"Entry " + FormatInteger(i) + u" Properties");
+    file.SelectSection(EntrySection(i));
     if (HasAsxEntries(playlist.type)) ReadKeys(file, kAsxKeys, *entry);
     ReadKeys(file, kSharedKeys, *entry);
     playlist.entries->Add(entry);
@@ -128,7 +129,7 @@ bool ReadGeneric(Component& component, PlaylistRecord& playlist, StringView path
     Guarded([&] {
       ProfileFile file(component);
       if (!file.OpenFile(path) || !file.Exists()) return;
-      file.SelectSection(u"Global Properties");
+      file.SelectSection(kGlobalSection);
       ReadGlobals(file, playlist);
       if (playlist.type == playlist_type::kWmpAsx) ReadAsxGlobals(file, playlist);
       playlist.entries->SetCollectionType(playlist.type);

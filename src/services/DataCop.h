@@ -61,8 +61,11 @@ String GetGroupRoot(Component& component);
 /// Reads "SubNames.txt" in the group root's folder; true when it could be opened.
 bool LoadSubNames(Component& component);
 
+/// Slot of the root of the native playlists.
+inline constexpr int kPlayListSlot = 5;
+
 /// Group root + sub-name + backslash; empty without a group root. Slots: 1 artist and album,
-/// 2 artist only, 3 album only, 4 neither, 5 the playlists' own root.
+/// 2 artist only, 3 album only, 4 neither, `kPlayListSlot`.
 String GetSubNamePath(Component& component, int slot);
 
 /// What the registration of media needs to know of the group, looked up once for many entries.

@@ -22,8 +22,8 @@ std::optional<FileFacts> FactsOfFile(Component& component, StringView path);
 /// exists at the end. A level that fails is reported and the walk goes on.
 bool CreatePath(Component& component, StringView path);
 
-/// Path of a shell folder (5 is the user's documents) with a trailing backslash, created when
-/// missing. Empty when it is not a folder on a drive or cannot be had.
+/// Path of a shell folder (such as `ShellFolders::kDocuments`) with a trailing backslash, created
+/// when missing. Empty when it is not a folder on a drive or cannot be had.
 String GetCSIDLPath(Component& component, std::int32_t identifier);
 
 /// True, with `result` set, when the file has a version text.

@@ -12,7 +12,7 @@
 
 namespace norvo {
 
-/// Where the system keeps its special folders; 5 is the user's documents.
+/// Where the system keeps its special folders.
 class ShellFolders {
  public:
   virtual ~ShellFolders() = default;
@@ -23,6 +23,8 @@ class ShellFolders {
   };
   static constexpr std::uint32_t kInvalidArgumentStatus = 0x80070057;
   static constexpr std::int32_t kCreateFlag = 0x8000;
+  /// Identifier of the user's documents.
+  static constexpr std::int32_t kDocuments = 5;
 
   /// `SHGetFolderPathA` with no owner window, no token and the current-path flag. Nothing when
   /// the system has no such function.

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "automation/RunTimeError.h"
+#include "model/GenericSections.h"
 #include "services/ProfileFile.h"
 #include "text/Number.h"
 #include "writers/GenericNaming.h"
@@ -71,7 +72,7 @@ void RefuseForeignPath(const PlaylistRecord& playlist) {
 }
 
 void WriteGlobals(ProfileFile& file, const PlaylistRecord& playlist) {
-  file.SelectSection(u"Global Properties");
+  file.SelectSection(kGlobalSection);
   file.WriteValue(u"PavaneVersion", kFormatVersion);
   file.WriteValue(u"PlaylistName", playlist.name);
   file.WriteValue(u"PlaylistType", FormatInteger(playlist.type));
@@ -100,7 +101,7 @@ class EntryWriter {
   }
 
   void Write(AutomationObject& entry, std::int32_t position) {
-    file_.SelectSection(u"Entry " + FormatInteger(position) + u" Properties");
+    file_.SelectSection(EntrySection(position));
     for (Key& key : keys_) {
       String value = ToText(key.read(entry));
       // The last key of a section is always written and leaves an empty line behind it.

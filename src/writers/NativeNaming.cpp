@@ -10,10 +10,9 @@
 namespace norvo {
 
 String GetNewPlayListPath(Component& component, StringView fileName, std::int32_t type) {
-  constexpr int kPlayListSlot = 5;
   const PlaylistType* const row = FindPlaylistType(type);
   const StringView extension = row == nullptr ? StringView() : row->extension;
-  const String root = DataCop::GetSubNamePath(component, kPlayListSlot);
+  const String root = DataCop::GetSubNamePath(component, DataCop::kPlayListSlot);
   if (root.empty()) return {};
   const std::size_t point = fileName.find(u'.');
   if (point == StringView::npos) throw RunTimeError(error::kInvalidArgument);

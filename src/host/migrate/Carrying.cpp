@@ -15,7 +15,6 @@
 namespace norvo::host {
 namespace {
 
-constexpr std::int32_t kDocuments = 5;
 constexpr StringView kSubFolder = u"Norvo PlayLists\\";
 constexpr std::size_t kLongestBase = 120;
 
@@ -55,7 +54,7 @@ std::string KeyOf(Component& old, const MovedPlaylist& playlist, const std::vect
 }  // namespace
 
 void CarryNeutralFiles(Component& old, Component& library, RestoreLedger& ledger, Move& move) {
-  const String documents = NVServices::GetCSIDLPath(library, kDocuments);
+  const String documents = NVServices::GetCSIDLPath(library, ShellFolders::kDocuments);
   if (documents.empty()) {
     throw HostError(
         "The new machine has no documents folder. Name one in its machine.ini, section "

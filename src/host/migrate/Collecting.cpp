@@ -1,6 +1,7 @@
 #include "host/migrate/Collecting.h"
 
 #include "automation/Conversions.h"
+#include "controller/QueueMode.h"
 #include "host/LibraryCalls.h"
 #include "host/ListFile.h"
 #include "host/LogLines.h"
@@ -9,8 +10,6 @@
 
 namespace norvo::host {
 namespace {
-
-constexpr std::int32_t kCollectMode = 0;
 
 class CollectWatcher final : public Observer {
  public:
@@ -67,7 +66,7 @@ std::vector<CollectedFile> Collect(Machine& machine, Console& console) {
   for (const ListedPlaylist& listed : ReadListFile(library, ReadSettings(library))) {
     watcher.NoteListed(listed.path);
   }
-  if (scanned) RunQueue(*controller, kCollectMode);
+  if (scanned) RunQueue(*controller, queue_mode::kCollect);
   if (!scanned) {
     throw HostError("The scan of the old machine failed. See that its data area can be written.");
   }

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "automation/RunTimeError.h"
+#include "host/MachineFolder.h"
 #include "host/Setup.h"
 #include "services/Utility.h"
 
@@ -11,15 +11,6 @@ namespace norvo::host {
 namespace {
 
 namespace fs = std::filesystem;
-
-bool IsMachine(const fs::path& folder) {
-  try {
-    const HostedPlatform opened(folder);
-    return true;
-  } catch (const RunTimeError&) {
-    return false;
-  }
-}
 
 void MakeDrive(const fs::path& folder) {
   std::error_code failure;
@@ -41,7 +32,7 @@ SetupWishes Wishes(Component& library) {
 
 NewMachine::NewMachine(const std::string& to, bool trial, Console& console) : trial_(trial) {
   fs::path folder = to;
-  if (!IsMachine(folder)) {
+  if (!OpenIfMachine(folder)) {
     if (trial) {
       temp_ = std::make_unique<TempFolder>();
       folder = temp_->Path();

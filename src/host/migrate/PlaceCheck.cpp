@@ -7,20 +7,17 @@
 #include <string>
 #include <vector>
 
-#include "automation/RunTimeError.h"
 #include "host/Console.h"
+#include "host/MachineFolder.h"
 #include "host/Settings.h"
 #include "host/overlay/OverlayPlatform.h"
 #include "library/Library.h"
-#include "platform/hosted/HostedPlatform.h"
 #include "services/NVServices.h"
 
 namespace norvo::host {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr std::int32_t kDocuments = 5;
 
 /// A folder, and what it is to the user.
 struct Place {
@@ -54,19 +51,10 @@ Place DrivePlace(const HostedDrive& drive, const char* machine) {
   return {"drive " + letter + " of " + machine + " (" + drive.folder.string() + ")", drive.folder};
 }
 
-/// Null for a folder that is no machine.
-std::shared_ptr<HostedPlatform> Open(const std::string& folder) {
-  try {
-    return std::make_shared<HostedPlatform>(folder);
-  } catch (const RunTimeError&) {
-    return nullptr;
-  }
-}
-
 /// The folders that are scanned for playlists: of what is no machine, the folder itself.
 std::vector<Place> ScannedPlaces(const std::string& from) {
   std::vector<Place> places{{"--from", from}};
-  const std::shared_ptr<HostedPlatform> machine = Open(from);
+  const std::shared_ptr<HostedPlatform> machine = OpenIfMachine(from);
   if (!machine) return places;
   for (const HostedDrive& drive : machine->DriveFolders()) {
     if (drive.type == DriveType::Fixed) places.push_back(DrivePlace(drive, "--from"));
@@ -78,13 +66,13 @@ std::vector<Place> ScannedPlaces(const std::string& from) {
 /// disk may be another drive of both machines, as one is that has moved along.
 std::vector<Place> WrittenPlaces(const std::string& to) {
   std::vector<Place> places{{"--to", to}};
-  const std::shared_ptr<HostedPlatform> machine = Open(to);
+  const std::shared_ptr<HostedPlatform> machine = OpenIfMachine(to);
   if (!machine) return places;
   const auto overlay = std::make_shared<OverlayPlatform>(machine);  // asking may create folders
   const std::unique_ptr<Component> library = OpenLibrary(overlay);
   std::set<char16_t> letters;
-  for (const String& path :
-       {ReadSettings(*library).groupRoot, NVServices::GetCSIDLPath(*library, kDocuments)}) {
+  for (const String& path : {ReadSettings(*library).groupRoot,
+                             NVServices::GetCSIDLPath(*library, ShellFolders::kDocuments)}) {
     letters.insert(path.empty() ? u'C' : ToUpper(path.front()));
   }
   for (const HostedDrive& drive : machine->DriveFolders()) {

@@ -4,6 +4,7 @@
 
 #include "automation/RunTimeError.h"
 #include "host/migrate/PortableNames.h"
+#include "model/GenericSections.h"
 #include "services/DataCop.h"
 #include "services/ProfileFile.h"
 #include "services/Utility.h"
@@ -14,13 +15,12 @@
 namespace norvo::host {
 namespace {
 
-constexpr StringView kGlobals = u"Global Properties";
-constexpr int kPlayListSlot = 5;
 // So many playlists of one name are told apart by the numbers that the restoring adds.
 constexpr int kMostOfOneName = 10;
 
+/// 0 is the playlist itself.
 String SectionOf(std::size_t entry) {
-  return u"Entry " + FormatInteger(static_cast<std::int64_t>(entry)) + u" Properties";
+  return entry == 0 ? String(kGlobalSection) : EntrySection(static_cast<std::int64_t>(entry));
 }
 
 /// One of the elements that readers of ASX files look for, closed or not.
@@ -129,7 +129,7 @@ std::vector<EntryAnswer> Planner::AskAll(const Move& move, const Draft& draft) {
 
 /// The native playlists take their names from what stands before the first point of this one.
 void Planner::AdjustName(Move& move, Draft& draft) {
-  const std::size_t section = draft.document.FindOrAddSection(String(kGlobals));
+  const std::size_t section = draft.document.FindOrAddSection(SectionOf(0));
   const String original(draft.document.Value(section, u"OriginalFileName").value_or(StringView()));
   const std::size_t point = original.find(u'.');
   String base = original.substr(0, point);
@@ -153,7 +153,8 @@ void Planner::AdjustName(Move& move, Draft& draft) {
 String Planner::NativeName(const String& base) {
   // Room for the folder of a player, an extension and some digits.
   constexpr std::size_t kTaken = 48;
-  const std::size_t taken = DataCop::GetSubNamePath(library_, kPlayListSlot).size() + kTaken;
+  const std::size_t taken =
+      DataCop::GetSubNamePath(library_, DataCop::kPlayListSlot).size() + kTaken;
   const std::size_t room = taken < kLongestPath ? kLongestPath - taken : 1;
   String name = PortableName(base, nullptr, std::min(room, kLongestName - kTaken));
   Utility::CleanString(name);
@@ -163,8 +164,7 @@ String Planner::NativeName(const String& base) {
 
 /// Texts go into native ASX files as they are; one that holds an element would become one.
 void Planner::AdjustMarkup(Move& move, Draft& draft, std::size_t entry) {
-  const std::size_t section =
-      draft.document.FindOrAddSection(entry == 0 ? String(kGlobals) : SectionOf(entry));
+  const std::size_t section = draft.document.FindOrAddSection(SectionOf(entry));
   std::vector<String> keys;
   for (const StringView key : draft.document.Keys(section)) keys.emplace_back(key);
   for (const String& key : keys) {
@@ -219,8 +219,7 @@ void Planner::Confirm(Move& move, Draft& draft) {
 
 void Planner::Set(Move& move, Draft& draft, std::size_t entry, StringView key, const String& value,
                   const std::string& reason, Adjustment::Kind kind) {
-  const std::size_t section =
-      draft.document.FindOrAddSection(entry == 0 ? String(kGlobals) : SectionOf(entry));
+  const std::size_t section = draft.document.FindOrAddSection(SectionOf(entry));
   const String before(draft.document.Value(section, key).value_or(StringView()));
   if (before == value) return;
   draft.document.SetValue(section, key, value);

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "automation/RunTimeError.h"
+#include "controller/QueueMode.h"
 #include "host/LibraryCalls.h"
 #include "host/LogLines.h"
 #include "services/ObserverScope.h"
@@ -12,8 +13,6 @@
 
 namespace norvo::host {
 namespace {
-
-constexpr std::int32_t kRestoreMode = 1;
 
 /// Keeps the ledger one step ahead of the queue.
 class RestoreWatcher final : public Observer {
@@ -71,7 +70,7 @@ void RestoreCarried(Component& library, RestoreLedger& ledger, Move& move, Conso
   RestoreWatcher watcher(ledger, move, console);
   {
     const ObserverScope scope(library, watcher);
-    RunQueue(*library.Create(u"helperMan"), kRestoreMode);
+    RunQueue(*library.Create(u"helperMan"), queue_mode::kRestore);
   }
   try {
     ledger.Compact();

@@ -10,7 +10,6 @@ std::optional<ShellFolders::Answer> HostedShell::FolderPath(std::int32_t) {
 }
 
 String HostedShell::SpecialFolderPath(std::int32_t identifier) {
-  constexpr std::int32_t kDocuments = 5;
   const std::size_t section = settings_.FindSection(u"ShellFolders");
   if (section != IniDocument::kNone) {
     const std::optional<StringView> path = settings_.Value(section, FormatInteger(identifier));

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+
+#include "platform/hosted/HostedPlatform.h"
+
+namespace norvo::host {
+
+/// The machine that a folder holds, by whatever tells of one; null for a folder that is none.
+std::shared_ptr<HostedPlatform> OpenIfMachine(const std::filesystem::path& folder);
+
+/// The strict question, for a folder that may as well be a disk: true when its machine.ini tells of
+/// drives or folders, or when it holds drive C, maybe others, and nothing else. HostError when it
+/// cannot be listed.
+bool IsSurelyMachine(const std::filesystem::path& folder);
+
+}  // namespace norvo::host
