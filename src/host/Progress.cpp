@@ -43,10 +43,13 @@ std::string Megabytes(double bytes) {
   return text;
 }
 
-/// ", 1:05 left"; empty for the first second, which tells too little.
-std::string TimeLeft(double elapsed, double done, double rest) {
-  constexpr double kLongest = 359999;  // 99:59:59
+}  // namespace
+
+std::string TimeLeft(double done, double total, double elapsed) {
+  constexpr double kLongest = 359999;
   if (elapsed < 1 || done <= 0) return {};
+  // A file that grows while it is copied is done with more than its size.
+  const double rest = std::max(total - done, 0.0);
   const auto seconds = static_cast<long>(std::min(elapsed / done * rest, kLongest));
   char text[32];
   if (seconds < 3600) {
@@ -57,8 +60,6 @@ std::string TimeLeft(double elapsed, double done, double rest) {
   }
   return text;
 }
-
-}  // namespace
 
 void Progress::TurnOff() {
   Clear();
@@ -97,7 +98,7 @@ void Progress::Bytes(std::string_view what, double done, double total, StringVie
   const auto filled = static_cast<std::size_t>(part * kBarCells);
   const std::chrono::duration<double> elapsed = now - *bytesBegan_;
   Draw(Bar(filled) + std::string(what) + ' ' + Megabytes(done) + " of " + Megabytes(total) + " MB" +
-           TimeLeft(elapsed.count(), done - bytesBefore_, total - done) + ' ',
+           TimeLeft(done - bytesBefore_, total - bytesBefore_, elapsed.count()) + ' ',
        current);
 }
 

@@ -9,6 +9,10 @@
 
 namespace norvo::host {
 
+/// ", 1:05 left" for work of which `done` of `total` has taken so many seconds; empty for the first
+/// second, which tells too little. Never more than 99:59:59.
+std::string TimeLeft(double done, double total, double elapsed);
+
 /// One line on a terminal that tells how far the work is; it is drawn again at most ten times a
 /// second. Draws nothing when it is off.
 class Progress {

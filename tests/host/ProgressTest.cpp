@@ -34,6 +34,33 @@ TEST(ProgressTest, NoTimeIsToldAtFirst) {
   EXPECT_EQ(line.find("left"), std::string::npos) << line;
 }
 
+TEST(ProgressTest, TheRestTakesAsLongAsTheSameShareHasTaken) {
+  struct Row {
+    double done;
+    double total;
+    double elapsed;
+    const char* text;
+  };
+  const Row rows[] = {{0, 100, 10, ""},  // nothing to judge by
+                      {-1, 100, 10, ""},
+                      {50, 100, 0.9, ""},  // too early
+                      {50, 100, 1, ", 0:01 left"},
+                      {10, 100, 1.5, ", 0:13 left"},
+                      {50, 100, 65, ", 1:05 left"},
+                      {1, 3601, 0.9999, ""},
+                      {1, 3600, 1, ", 59:59 left"},
+                      {1, 3601, 1, ", 1:00:00 left"},
+                      {1, 3662, 1, ", 1:01:01 left"},
+                      {1, 360000, 1, ", 99:59:59 left"},
+                      {1, 1e18, 1e6, ", 99:59:59 left"},
+                      {100, 100, 5, ", 0:00 left"},
+                      {300, 100, 5, ", 0:00 left"}};  // it has grown meanwhile
+  for (const Row& row : rows) {
+    EXPECT_EQ(TimeLeft(row.done, row.total, row.elapsed), row.text)
+        << row.done << " of " << row.total << " in " << row.elapsed;
+  }
+}
+
 TEST(ProgressTest, TheBarNeverLeavesItsFrame) {
   EXPECT_EQ(Drawn([](Progress& bar) { bar.Bytes("copying", 0, 1e6, u""); }),
             kClear + "[....................] copying 0.0 of 1.0 MB ");
