@@ -4,6 +4,7 @@
 
 #include "automation/RunTimeError.h"
 #include "host/Commands.h"
+#include "host/Report.h"
 #include "host/migrate/Carrying.h"
 #include "host/migrate/Collecting.h"
 #include "host/migrate/MoveCheck.h"
@@ -72,6 +73,14 @@ void LeaveOutRest(Move& move, const RunTimeError& failure) {
   }
 }
 
+/// Adds where the logs are that stay, by the machine that each is of.
+void AddLogs(Json& document, OldMachine& old, NewMachine& machine) {
+  Json logs = Json::object();
+  if (!old.IsTemporary()) AddLog(logs, old.Get(), "from");
+  AddLog(logs, machine.Get(), "to");
+  if (!logs.empty()) document["logs"] = std::move(logs);
+}
+
 }  // namespace
 
 Json RunMigrate(const CommonArguments& common, const MigrateArguments& arguments,
@@ -106,7 +115,10 @@ Json RunMigrate(const CommonArguments& common, const MigrateArguments& arguments
                         arguments.media != MediaMode::None};
   TellLeftOut(move, terms, console);
   SayMove(move, terms, console);
-  return console.IsJson() ? MoveDocument(move, terms) : Json();
+  if (!console.IsJson()) return {};
+  Json document = MoveDocument(move, terms);
+  AddLogs(document, old, machine);
+  return document;
 }
 
 }  // namespace norvo::host

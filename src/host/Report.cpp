@@ -24,8 +24,8 @@ Json PlaceDocument(const Machine& machine, StringView machinePath) {
           {"system", machine.Layout().HostPathOf(machinePath).string()}};
 }
 
-void AddLog(Json& document, Machine& machine) {
-  if (machine.HasLog()) document["log"] = PlaceDocument(machine, machine.LogPath());
+void AddLog(Json& document, Machine& machine, const char* key) {
+  if (machine.HasLog()) document[key] = PlaceDocument(machine, machine.LogPath());
 }
 
 Json DropDocument(const Drop& drop) {

@@ -19,7 +19,7 @@ std::string TypeTitle(std::int32_t type);
 /// Both forms of a place: the machine's and this system's.
 Json PlaceDocument(const Machine& machine, StringView machinePath);
 /// Adds where the log is, when one is written.
-void AddLog(Json& document, Machine& machine);
+void AddLog(Json& document, Machine& machine, const char* key = "log");
 Json DropDocument(const Drop& drop);
 /// Counts by reason.
 Json DropCountsDocument(const DropCounts& counts);

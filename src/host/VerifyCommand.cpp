@@ -1,14 +1,14 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "automation/RunTimeError.h"
 #include "host/Commands.h"
 #include "host/Machine.h"
 #include "host/NativeCheck.h"
+#include "host/Report.h"
 #include "host/overlay/OverlayPlatform.h"
+#include "library/Library.h"
 #include "services/DataCop.h"
 #include "services/FolderScanner.h"
-#include "services/Utility.h"
 #include "text/Encoding.h"
 
 namespace norvo::host {
@@ -112,7 +112,9 @@ Json RunVerify(const CommonArguments& common, const VerifyArguments& arguments, 
     Tell(playlists.back(), console);
   }
   if (!console.IsJson()) return {};
-  return Document(playlists);
+  Json document = Document(playlists);
+  AddLog(document, machine);
+  return document;
 }
 
 }  // namespace norvo::host

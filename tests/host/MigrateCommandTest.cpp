@@ -310,6 +310,23 @@ TEST_F(MigrateCommandTest, TheLogStandsOnBothMachines) {
   }
 }
 
+TEST_F(MigrateCommandTest, TheDocumentNamesTheLogsOfBothMachines) {
+  const std::string path = R"(C:\Norvo\VBLog.txt)";
+  const nlohmann::json old = {{"machine", path}, {"system", OldPlace(path).string()}};
+  const nlohmann::json made = {{"machine", path}, {"system", NewPlace(path).string()}};
+  EXPECT_EQ(Moved({"--log", "--dry-run"}).at("logs"), (nlohmann::json{{"from", old}}));
+  EXPECT_EQ(Moved({"--log"}).at("logs"), (nlohmann::json{{"from", old}, {"to", made}}));
+  EXPECT_FALSE(Moved().contains("logs"));
+}
+
+TEST_F(MigrateCommandTest, ALogThatGoesWithATemporaryMachineIsNotInTheDocument) {
+  const Outcome outcome =
+      RunHost({"migrate", "--from", Old() + "/C", "--to", New(), "--log", "--json"});
+  const auto logs = outcome.Document().at("logs");
+  EXPECT_FALSE(logs.contains("from"));
+  EXPECT_TRUE(logs.contains("to"));
+}
+
 // ---------------------------------------------------------------------------------- the media ----
 
 TEST_F(MigrateCommandTest, WithoutMediaOnlyThePlaylistsAreMoved) {

@@ -149,6 +149,16 @@ TEST_F(VerifyCommandTest, ReportsAsADocument) {
             std::vector<std::string>{R"(C:\Music\Mix.m3u: missing: Three.mp3)"});
 }
 
+TEST_F(VerifyCommandTest, TheDocumentNamesTheLog) {
+  WriteMix();
+  Init();
+  const auto document = Verify({"--log", "--json", R"(C:\Music\Mix.m3u)"}).Document();
+  const nlohmann::json log = {{"machine", R"(C:\Norvo\VBLog.txt)"},
+                              {"system", Place("C/Norvo/VBLog.txt").string()}};
+  EXPECT_EQ(document.at("log"), log);
+  EXPECT_FALSE(Verify({"--json", R"(C:\Music\Mix.m3u)"}).Document().contains("log"));
+}
+
 TEST_F(VerifyCommandTest, QuietStillTellsTheTable) {
   WriteMix();
   EXPECT_EQ(Verify({"--quiet", R"(C:\Music\Mix.m3u)"}).out,

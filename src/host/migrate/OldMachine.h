@@ -22,6 +22,8 @@ class OldMachine {
   const norvo::host::Settings& Settings() const { return settings_; }
   /// Nothing below the folder is written.
   bool IsReadOnly() const { return readOnly_; }
+  /// The product's data, and so the log, go with this object.
+  bool IsTemporary() const { return temp_ != nullptr; }
 
  private:
   std::unique_ptr<TempFolder> temp_;
