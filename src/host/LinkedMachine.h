@@ -4,7 +4,6 @@
 #include <string>
 
 #include "services/FileSystem.h"
-#include "text/Text.h"
 
 namespace norvo::host {
 

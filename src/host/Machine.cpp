@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "automation/RunTimeError.h"
+#include "library/Library.h"
 #include "services/Logging.h"
 #include "services/Utility.h"
 #include "text/Encoding.h"

@@ -6,8 +6,8 @@
 
 #include "host/Console.h"
 #include "host/MachineLayout.h"
-#include "library/Library.h"
 #include "platform/hosted/HostedPlatform.h"
+#include "services/Component.h"
 
 namespace norvo::host {
 

@@ -4,7 +4,6 @@
 #include "services/DataCop.h"
 #include "services/ProfileFile.h"
 #include "services/Utility.h"
-#include "text/Encoding.h"
 
 namespace norvo::host {
 

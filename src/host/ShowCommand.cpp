@@ -1,7 +1,6 @@
 #include <nlohmann/json.hpp>
 
 #include "automation/Conversions.h"
-#include "automation/RunTimeError.h"
 #include "host/Commands.h"
 #include "host/LibraryCalls.h"
 #include "host/Report.h"
@@ -10,7 +9,6 @@
 #include "model/PlaylistTypes.h"
 #include "services/DataCop.h"
 #include "services/ObserverScope.h"
-#include "services/Utility.h"
 #include "text/Encoding.h"
 #include "text/Number.h"
 

@@ -4,6 +4,7 @@
 #include <set>
 
 #include "automation/RunTimeError.h"
+#include "host/Console.h"
 #include "host/migrate/PortableNames.h"
 #include "services/NVServices.h"
 #include "services/TextStream.h"

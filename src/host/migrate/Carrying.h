@@ -1,6 +1,5 @@
 #pragma once
 
-#include "host/Console.h"
 #include "host/migrate/Move.h"
 #include "host/migrate/RestoreLedger.h"
 #include "services/Component.h"

@@ -1,5 +1,8 @@
 #include "host/migrate/Collecting.h"
 
+#include <unordered_map>
+#include <utility>
+
 #include "automation/Conversions.h"
 #include "controller/QueueMode.h"
 #include "host/LibraryCalls.h"

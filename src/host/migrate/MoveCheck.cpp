@@ -1,6 +1,5 @@
 #include "host/migrate/MoveCheck.h"
 
-#include "automation/RunTimeError.h"
 #include "host/NativeCheck.h"
 #include "text/Encoding.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/Console.h"
+#include "host/Json.h"
 #include "host/migrate/Move.h"
 
 namespace norvo::host {

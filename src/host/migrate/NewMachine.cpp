@@ -5,6 +5,7 @@
 
 #include "host/MachineFolder.h"
 #include "host/Setup.h"
+#include "library/Library.h"
 #include "services/Utility.h"
 
 namespace norvo::host {

@@ -1,7 +1,6 @@
 #include "host/migrate/PortableNames.h"
 
 #include <algorithm>
-#include <array>
 
 #include "text/Encoding.h"
 #include "text/Number.h"

@@ -1,7 +1,6 @@
 #include "host/migrate/RestoreLedger.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <optional>
 #include <utility>
 
