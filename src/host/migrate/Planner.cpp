@@ -5,6 +5,7 @@
 #include "automation/RunTimeError.h"
 #include "host/migrate/PortableNames.h"
 #include "model/GenericSections.h"
+#include "model/PlaylistTypes.h"
 #include "services/DataCop.h"
 #include "services/ProfileFile.h"
 #include "services/Utility.h"
@@ -53,6 +54,7 @@ Planner::Planner(Component& old, Component& library, OverlayPlatform& overlay, F
                  RestoreLedger& ledger, Console& console)
     : old_(old),
       library_(library),
+      placer_(placer),
       console_(console),
       entries_(library, overlay),
       places_(entries_, library, overlay, placer, ledger) {}
@@ -144,9 +146,29 @@ void Planner::AdjustName(Move& move, Draft& draft) {
     name += u' ' + FormatInteger(count);
     reason = "many playlists have this name";
   }
+  const String wished = name;
+  for (int number = 2; IsBlocked(name); ++number) {
+    name = wished + u' ' + FormatInteger(number);
+    reason = "a folder, or a link that leads nowhere, has the name of a native playlist";
+  }
   if (point != String::npos && name == Trim(base)) return;
   const String extension = point == String::npos ? u".m3u" : original.substr(original.rfind(u'.'));
   Set(move, draft, 0, u"OriginalFileName", name + extension, reason);
+}
+
+/// Something that is no file stands where the restoring would put a native playlist of this name,
+/// or one of those with the numbers that it adds.
+bool Planner::IsBlocked(const String& name) {
+  const String root = DataCop::GetSubNamePath(library_, DataCop::kPlayListSlot);
+  String base = name;
+  for (int number = 1; number <= kMostOfOneName; ++number) {
+    for (const PlaylistType& type : PlaylistTypes()) {
+      const String folder = root + String(type.playerFolder) + u'\\';
+      if (placer_.IsBlocked(folder + base + String(type.extension))) return true;
+    }
+    base += FormatInteger(number);  // the numbers pile up
+  }
+  return false;
 }
 
 /// The nearest name that native playlists can have, numbers added.

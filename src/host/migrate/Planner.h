@@ -43,6 +43,7 @@ class Planner {
   void Adjust(Move& move, Draft& draft);
   void AdjustName(Move& move, Draft& draft);
   String NativeName(const String& base);
+  bool IsBlocked(const String& name);
   void AdjustMarkup(Move& move, Draft& draft, std::size_t entry);
   void AdjustEntry(Move& move, Draft& draft, std::size_t entry);
   void Confirm(Move& move, Draft& draft);
@@ -52,6 +53,7 @@ class Planner {
 
   Component& old_;
   Component& library_;
+  FilePlacer& placer_;
   Console& console_;
   EntryQuestions entries_;
   PlaceChooser places_;

@@ -9,6 +9,7 @@
 #include "platform/hosted/HostedFileSystem.h"
 #include "platform/hosted/PlaceBatch.h"
 #include "platform/hosted/TargetFolders.h"
+#include "text/WindowsPath.h"
 
 namespace norvo {
 namespace {
@@ -255,6 +256,19 @@ bool FilePlacer::IsSame(StringView source, StringView target) {
     return HaveSameContent(Open(from_, source), Open(to_, target), ignore).value_or(false);
   } catch (const HostCallError&) {
     return false;
+  }
+}
+
+bool FilePlacer::IsBlocked(StringView target) {
+  if (const std::optional<HostEntry> there = to_.Find(target)) {
+    return there->facts.kind != HostFacts::Kind::File;
+  }
+  if (!to_.FolderExists(ParentFolder(target))) return false;
+  try {
+    to_.PlaceOfNewFile(target);  // creates no folder, since it exists
+    return false;
+  } catch (const HostCallError& failure) {
+    return failure.Code() == EEXIST;
   }
 }
 

@@ -64,6 +64,9 @@ class FilePlacer {
   /// True when both files exist and have the same size and content; false also when one cannot be
   /// read.
   bool IsSame(StringView source, StringView target);
+  /// True when something has the target's name that is no file, so that no file can have it: a
+  /// folder, or a link that leads nowhere. Creates nothing.
+  bool IsBlocked(StringView target);
 
  private:
   HostedFileSystem& from_;

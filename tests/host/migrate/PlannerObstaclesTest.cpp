@@ -136,5 +136,31 @@ TEST_F(PlannerObstaclesTest, AnotherFileAtTheOldAddressDoesNotLendItsName) {
             "on the new machine another file stands at the old address");
 }
 
+TEST_F(PlannerObstaclesTest, WhatIsNoFileAndHasTheNameOfANativePlaylistIsGivenWay) {
+  AddSong(R"(C:\Music\One.mp3)");
+  fs::create_directories(NewPlace(NativePath(kPlayers[0], "Folder")));
+  fs::create_directories(NewPlace(NativePath(kPlayers[3], "Link")).parent_path());
+  fs::create_symlink("nowhere", NewPlace(NativePath(kPlayers[3], "Link")));
+  fs::create_directories(NewPlace(NativePath(kPlayers[1], "Twice1")));
+  for (const char* const path : {"Folder.m3u", "Link.m3u", "a/Twice.m3u", "b/Twice.m3u"}) {
+    WriteOld("C:\\Music\\" + std::string(path), M3u({R"(C:\Music\One.mp3)"}));
+  }
+  const auto planned = Moved({"--dry-run"});
+  const auto moved = Moved();
+  EXPECT_EQ(moved.at("exitCode"), 0) << moved.at("leftOut").dump(1);
+  for (const char* const name : {"Folder 2", "Link 2", "Twice 2", "Twice 21"}) {
+    ExpectMoved(name, {R"(C:\Music\One.mp3)"});
+  }
+  ASSERT_EQ(moved.at("adjustments").size(), 4u);
+  EXPECT_EQ(moved.at("adjustments"), planned.at("adjustments"));
+  for (const auto& row : moved.at("adjustments")) {
+    EXPECT_EQ(row.at("key"), "OriginalFileName");
+    EXPECT_EQ(row.at("reason"),
+              "a folder, or a link that leads nowhere, has the name of a native playlist");
+  }
+  EXPECT_TRUE(fs::is_directory(NewPlace(NativePath(kPlayers[0], "Folder"))));
+  EXPECT_TRUE(fs::is_symlink(NewPlace(NativePath(kPlayers[3], "Link"))));
+}
+
 }  // namespace
 }  // namespace norvo::host

@@ -5,6 +5,8 @@
 #include <sys/resource.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <stdexcept>
 
 #include "PlacerTest.h"
@@ -466,6 +468,19 @@ TEST_F(FilePlacerTest, TheSameMeansSizeAndContent) {
   EXPECT_FALSE(placer.IsSame(u"C:\\missing.mp3", u"C:\\same.mp3"));
   EXPECT_FALSE(placer.IsSame(u"C:\\a.mp3", u"C:\\"));
   EXPECT_FALSE(placer.IsSame(u"", u""));
+}
+
+TEST_F(FilePlacerTest, TellsWhatNoFileCanReplace) {
+  std::filesystem::create_directories(New("C/m/folder.mp3"));
+  std::filesystem::create_symlink("nowhere", New("C/m/link.mp3"));
+  std::ofstream(New("C/m/file.mp3")) << "x";
+  FilePlacer placer(Machine(), NewMachine());
+  EXPECT_TRUE(placer.IsBlocked(u"C:\\m\\FOLDER.mp3"));
+  EXPECT_TRUE(placer.IsBlocked(u"C:\\m\\link.mp3"));
+  EXPECT_FALSE(placer.IsBlocked(u"C:\\m\\file.mp3"));
+  EXPECT_FALSE(placer.IsBlocked(u"C:\\m\\absent.mp3"));
+  EXPECT_FALSE(placer.IsBlocked(u"C:\\absent\\a.mp3"));
+  EXPECT_FALSE(std::filesystem::exists(New("C/absent")));
 }
 
 }  // namespace
