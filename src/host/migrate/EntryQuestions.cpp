@@ -16,7 +16,7 @@ std::vector<EntryAnswer> EntryQuestions::AskFile(const std::string& bytes) {
   overlay_.Settings().Write(draftPath_, bytes);
   const ObjectRef playlist = library_.Create(u"PlayList");
   CallWith(*playlist, u"ReadGeneric", draftPath_);
-  overlay_.Files().DeleteFile(draftPath_, true);
+  overlay_.Files().RemoveFile(draftPath_, true);
   std::vector<EntryAnswer> answers;
   for (const ObjectRef& entry : EntriesOf(*playlist)) {
     EntryAnswer answer;
