@@ -19,7 +19,7 @@ using FileTime = std::int64_t;
 struct FileFacts {
   String name;           ///< the file's own name as the disk spells it, without its folder
   double size = 0;       ///< bytes
-  FileTime created = 0;  ///< creation; never later than the last write
+  FileTime created = 0;  ///< creation, as far as the disk knows it
   /// Last write, in nanoseconds since 1970 as far as the disk counts them.
   std::int64_t modified = 0;
 };

@@ -1,0 +1,75 @@
+#include "platform/windows/WindowsError.h"
+
+#include <windows.h>
+
+#include "automation/RunTimeError.h"
+
+namespace norvo {
+namespace {
+
+// ERROR_DISK_QUOTA_EXCEEDED, which some headers lack.
+constexpr std::uint32_t kDiskQuotaExceeded = 1295;
+
+}  // namespace
+
+std::int32_t ErrorNumber(std::uint32_t code, Subject subject) {
+  switch (code) {
+    case ERROR_FILE_NOT_FOUND:
+      return subject == Subject::File ? error::kFileNotFound : error::kPathNotFound;
+    // Nothing can have such a name, so that it is simply not there; but it cannot be made either.
+    case ERROR_INVALID_NAME:
+      if (subject == Subject::New) return error::kPathFileAccess;
+      return subject == Subject::File ? error::kFileNotFound : error::kPathNotFound;
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_BAD_PATHNAME:
+    case ERROR_DIRECTORY:
+    case ERROR_INVALID_DRIVE:
+    case ERROR_NOT_READY:
+    case ERROR_NO_MEDIA_IN_DRIVE:
+    case ERROR_UNRECOGNIZED_VOLUME:
+    case ERROR_BAD_NETPATH:
+    case ERROR_BAD_NET_NAME:
+    case ERROR_NO_NET_OR_BAD_PATH:
+    case ERROR_NETWORK_UNREACHABLE:
+      return error::kPathNotFound;
+    case ERROR_ACCESS_DENIED:
+    case ERROR_NETWORK_ACCESS_DENIED:
+    case ERROR_PRIVILEGE_NOT_HELD:
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+    case ERROR_WRITE_PROTECT:
+      return error::kPermissionDenied;
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+    case kDiskQuotaExceeded:
+      return error::kDiskFull;
+    case ERROR_CRC:
+    case ERROR_SEEK:
+    case ERROR_SECTOR_NOT_FOUND:
+    case ERROR_READ_FAULT:
+    case ERROR_WRITE_FAULT:
+    case ERROR_GEN_FAILURE:
+    case ERROR_IO_DEVICE:
+    case ERROR_FILE_CORRUPT:
+    case ERROR_DISK_CORRUPT:
+    case ERROR_DEVICE_NOT_CONNECTED:
+    case ERROR_DEV_NOT_EXIST:
+    case ERROR_NETNAME_DELETED:
+    case ERROR_UNEXP_NET_ERR:
+      return error::kDeviceInputOutput;
+    case ERROR_NOT_ENOUGH_MEMORY:
+    case ERROR_OUTOFMEMORY:
+      return error::kOutOfMemory;
+    case ERROR_INVALID_PARAMETER:
+      return error::kInvalidArgument;
+    default:
+      return error::kPathFileAccess;
+  }
+}
+
+void RaiseWindowsError(std::uint32_t code, Subject subject, StringView path) {
+  const std::int32_t number = ErrorNumber(code, subject);
+  throw RunTimeError(number, String(DescriptionOf(number)).append(u": ").append(path));
+}
+
+}  // namespace norvo

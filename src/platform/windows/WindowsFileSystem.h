@@ -1,0 +1,57 @@
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <unordered_set>
+
+#include "platform/windows/UniqueHandle.h"
+#include "platform/windows/WindowsError.h"
+#include "services/FileSystem.h"
+
+namespace norvo {
+
+/// The machine's own disks.
+class WindowsFileSystem final : public FileSystem {
+ public:
+  using WarningSink = std::function<void(StringView)>;
+
+  /// What `warn` refers to must outlive this.
+  explicit WindowsFileSystem(WarningSink warn) : warn_(std::move(warn)) {}
+
+  bool FolderExists(StringView path) override;
+  /// `FindFirstFileExW`. Of a link the facts of the file that it leads to, under the link's name.
+  std::optional<FileFacts> FactsOf(StringView path) override;
+  /// `CreateDirectoryW`.
+  void CreateFolder(StringView path) override;
+  /// `DeleteFileW`.
+  void RemoveFile(StringView path, bool force) override;
+  /// `CreateFileW`; others may read, write and delete the file meanwhile.
+  std::unique_ptr<BinaryFile> OpenForReading(StringView path) override;
+  /// `CreateFileW`; others may read the file and add to it meanwhile.
+  std::unique_ptr<AppendFile> OpenForAppending(StringView path, bool create) override;
+  /// Links to files are listed as files. Junctions, links to folders and mounted disks are left
+  /// out, so that a walk through all folders ends; a path that names one leads into its folder all
+  /// the same.
+  std::vector<FolderItem> ListFolder(StringView path, std::span<const StringView> endings) override;
+  /// From the drive of the process's current folder.
+  String AbsolutePathName(StringView path) override;
+  /// `GetDriveTypeW`; a share is Network.
+  DriveType TypeOfDrive(StringView path) override;
+  /// `GetLogicalDrives`.
+  std::vector<Drive> Drives() override;
+  /// The numbers of the file version, as `GetFileVersionInfoW` finds them: "6.0.2800.1106".
+  String FileVersion(StringView path) override;
+  String SystemFolder() override;
+  Date LocalDate(FileTime time) override;
+
+ private:
+  FileHandle OpenFile(StringView path, DWORD access, DWORD sharing, bool create);
+  [[noreturn]] void RaiseUnusable(DWORD reason, StringView path);
+  void WarnOfName(StringView folder, StringView name);
+
+  WarningSink warn_;
+  std::unordered_set<String> warned_;  // paths that were reported
+};
+
+}  // namespace norvo
