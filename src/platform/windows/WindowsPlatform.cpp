@@ -1,0 +1,65 @@
+#include "platform/windows/WindowsPlatform.h"
+
+#include "platform/windows/AnsiPage.h"
+#include "platform/windows/WindowsFileSystem.h"
+#include "platform/windows/WindowsMessages.h"
+#include "platform/windows/WindowsProduct.h"
+#include "platform/windows/WindowsRegistry.h"
+#include "platform/windows/WindowsSettings.h"
+#include "platform/windows/WindowsShell.h"
+#include "services/FolderScanner.h"
+#include "services/MediaList.h"
+
+namespace norvo {
+
+/// All services, in the order in which they need each other.
+struct WindowsPlatform::Parts {
+  std::function<void(StringView)> warningSink;
+  WindowsFileSystem files{[this](StringView line) {
+    if (warningSink) warningSink(line);
+  }};
+  WindowsRegistry registry;
+  WindowsShell shell;
+  WindowsProduct product{registry};
+  WindowsSettings settings{files};
+  MediaList mediaList{files, settings};
+  FolderScanner scanner{files};
+  WindowsMessages messages;
+};
+
+WindowsPlatform::WindowsPlatform() : parts_(std::make_unique<Parts>()) {}
+
+WindowsPlatform::~WindowsPlatform() = default;
+
+FileSystem& WindowsPlatform::Files() {
+  return parts_->files;
+}
+norvo::Registry& WindowsPlatform::Registry() {
+  return parts_->registry;
+}
+ShellFolders& WindowsPlatform::Shell() {
+  return parts_->shell;
+}
+ProductInformation& WindowsPlatform::Product() {
+  return parts_->product;
+}
+SettingsStorage& WindowsPlatform::Settings() {
+  return parts_->settings;
+}
+MigrationList& WindowsPlatform::Migration() {
+  return parts_->mediaList;
+}
+DriveScanner* WindowsPlatform::Scanner() {
+  return &parts_->scanner;
+}
+MessageDialog& WindowsPlatform::Messages() {
+  return parts_->messages;
+}
+const CodePage& WindowsPlatform::AnsiPage() {
+  return SystemAnsiPage();
+}
+void WindowsPlatform::SetWarningSink(std::function<void(StringView)> sink) {
+  parts_->warningSink = std::move(sink);
+}
+
+}  // namespace norvo

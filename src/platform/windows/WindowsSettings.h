@@ -1,0 +1,20 @@
+#pragma once
+
+#include "services/Platform.h"
+
+namespace norvo {
+
+/// Whole settings files on the machine's disks.
+class WindowsSettings final : public SettingsStorage {
+ public:
+  /// `files` must outlive this.
+  explicit WindowsSettings(FileSystem& files) : files_(files) {}
+  std::optional<std::string> Read(StringView path) override;
+  /// `FlushFileBuffers` and `MoveFileExW`. A read-only file is not replaced: error 70.
+  void Write(StringView path, const std::string& bytes) override;
+
+ private:
+  FileSystem& files_;
+};
+
+}  // namespace norvo
