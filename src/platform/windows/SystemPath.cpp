@@ -85,6 +85,10 @@ std::optional<String> ToSystemPath(StringView path) {
   return result;
 }
 
+bool IsReachableName(StringView name) {
+  return CanBeName(name) && WithoutTrail(name) == name;
+}
+
 String FromSystemPath(StringView path) {
   if (path.starts_with(kShareMark)) return u"\\\\" + String(path.substr(kShareMark.size()));
   return String(path.starts_with(kMark) ? path.substr(kMark.size()) : path);

@@ -19,6 +19,9 @@ String FullPath(StringView path);
 /// (another stream of a file) or another character that no name has.
 std::optional<String> ToSystemPath(StringView path);
 
+/// True for a name on the disk that a path can reach: trailing points and blanks would be dropped.
+bool IsReachableName(StringView name);
+
 /// The usual form of a path that the system has told, with the mark or without it.
 String FromSystemPath(StringView path);
 

@@ -179,10 +179,10 @@ std::vector<FolderItem> WindowsFileSystem::ListFolder(StringView path,
     if (name == u"." || name == u"..") continue;
     const bool isFolder = IsFolder(found.dwFileAttributes);
     if (isFolder ? IsLink(found) : !HasEnding(name, endings)) continue;
-    if (name.back() == u'.' || name.back() == u' ') {
-      WarnOfName(path, name);
-    } else {
+    if (IsReachableName(name)) {
       items.push_back({std::move(name), isFolder});
+    } else {
+      WarnOfName(path, name);
     }
   } while (::FindNextFileW(search.Get(), &found));
   if (::GetLastError() != ERROR_NO_MORE_FILES) {

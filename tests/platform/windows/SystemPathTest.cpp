@@ -56,6 +56,15 @@ TEST(SystemPathTest, APathWithoutADriveStartsAtTheRootOfTheCurrentOne) {
   EXPECT_TEXT(FullPath(u"D:\\b.mp3"), u"D:\\b.mp3");
 }
 
+TEST(SystemPathTest, ANameThatAPathWouldChangeIsNotReachable) {
+  EXPECT_TRUE(IsReachableName(u"a.mp3"));
+  EXPECT_TRUE(IsReachableName(u" .a"));
+  EXPECT_FALSE(IsReachableName(u"a."));
+  EXPECT_FALSE(IsReachableName(u"a "));
+  EXPECT_FALSE(IsReachableName(u"..."));
+  EXPECT_FALSE(IsReachableName(u"a:b"));
+}
+
 TEST(SystemPathTest, TheUsualFormComesBack) {
   EXPECT_TEXT(FromSystemPath(u"\\\\?\\C:\\a"), u"C:\\a");
   EXPECT_TEXT(FromSystemPath(u"\\\\?\\UNC\\server\\share\\a"), u"\\\\server\\share\\a");
