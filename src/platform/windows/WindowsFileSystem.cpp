@@ -159,25 +159,30 @@ void WindowsFileSystem::WarnOfName(StringView folder, StringView name) {
         u"\" cannot be reached by a path; it is left out");
 }
 
-std::vector<FolderItem> WindowsFileSystem::ListFolder(StringView path,
-                                                      std::span<const StringView> endings) {
+/// Starts at the folder's first name; not open when it holds none.
+SearchHandle WindowsFileSystem::OpenListing(StringView path, WIN32_FIND_DATAW& found) {
   const String systemPath = Required(path, Subject::Folder);
-  const QuietDrives quiet;
-  WIN32_FIND_DATAW found = {};
   const StringView separator = systemPath.back() == u'\\' ? u"" : u"\\";
   const String pattern = String(systemPath).append(separator).append(u"*");
-  const SearchHandle search = FindFirst(pattern, found, FIND_FIRST_EX_LARGE_FETCH);
-  if (!search.IsOpen()) {
-    const DWORD reason = ::GetLastError();
-    // The root of an empty disk holds not even the names of itself and its parent.
-    if (reason == ERROR_FILE_NOT_FOUND && FolderExists(path)) return {};
-    RaiseWindowsError(reason, Subject::Folder, path);
-  }
+  SearchHandle search = FindFirst(pattern, found, FIND_FIRST_EX_LARGE_FETCH);
+  const DWORD reason = search.IsOpen() ? ERROR_SUCCESS : ::GetLastError();
+  // The root of an empty disk holds not even the names of itself and its parent.
+  const bool empty = reason == ERROR_FILE_NOT_FOUND && FolderExists(path);
+  if (!search.IsOpen() && !empty) RaiseWindowsError(reason, Subject::Folder, path);
+  return search;
+}
+
+std::vector<FolderItem> WindowsFileSystem::ListFolder(StringView path,
+                                                      std::span<const StringView> endings) {
+  const QuietDrives quiet;
+  WIN32_FIND_DATAW found = {};
+  const SearchHandle search = OpenListing(path, found);
   std::vector<FolderItem> items;
+  if (!search.IsOpen()) return items;
   do {
     String name = FromWide(found.cFileName);
-    if (name == u"." || name == u"..") continue;
     const bool isFolder = IsFolder(found.dwFileAttributes);
+    if (name == u"." || name == u"..") continue;
     if (isFolder ? IsLink(found) : !HasEnding(name, endings)) continue;
     if (IsReachableName(name)) {
       items.push_back({std::move(name), isFolder});

@@ -47,6 +47,7 @@ class WindowsFileSystem final : public FileSystem {
 
  private:
   FileHandle OpenFile(StringView path, DWORD access, DWORD sharing, bool create);
+  SearchHandle OpenListing(StringView path, WIN32_FIND_DATAW& found);
   [[noreturn]] void RaiseUnusable(DWORD reason, StringView path);
   void WarnOfName(StringView folder, StringView name);
 
