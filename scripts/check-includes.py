@@ -18,6 +18,8 @@ def allowed_folders():
     library = list(direct)
     direct["host/lists"] = ["services"]
     direct["host/overlay"] = ["services", "platform/hosted"]
+    direct["com"] = ["library", "platform/windows"]
+    direct["com/dll"] = ["com"]
     allowed = {}
     for name, found in direct.items():
         allowed[name] = {name, *found, *(each for folder in found for each in allowed[folder])}

@@ -1,0 +1,167 @@
+#include "com/Registration.h"
+
+#include <olectl.h>
+
+#include <array>
+#include <vector>
+
+#include "automation/RunTimeError.h"
+#include "com/ComPointer.h"
+#include "com/ErrorInfo.h"
+#include "com/Faces.h"
+#include "com/ModulePath.h"
+#include "com/NorvoPlayList.h"
+#include "platform/windows/WideText.h"
+
+namespace norvo::com {
+namespace {
+
+constexpr StringView kClasses = u"Software\\Classes\\";
+constexpr StringView kLibrary = u"NorvoPlayList";
+constexpr StringView kVersion = u"1.0";
+// The system's own marshaller for interfaces that a type library describes.
+constexpr StringView kMarshaller = u"{00020424-0000-0000-C000-000000000046}";
+constexpr StringView kPlatform = sizeof(void*) == 8 ? u"win64" : u"win32";
+
+String TextOf(const GUID& identifier) {
+  std::array<wchar_t, 64> text{};
+  ::StringFromGUID2(identifier, text.data(), static_cast<int>(text.size()));
+  return FromWide(text.data());
+}
+
+struct Entry {
+  String key;  // below the classes
+  String name;
+  String value;
+};
+
+/// The keys that are the library's own, with all that is below them, and their values.
+struct Plan {
+  std::vector<String> roots;
+  std::vector<Entry> entries;
+
+  void Add(String key, StringView value, StringView name = {}) {
+    entries.push_back({std::move(key), String(name), String(value)});
+  }
+};
+
+void PlanClass(Plan& plan, const PublicClass& described, const String& module,
+               const String& library) {
+  const String name = String(kLibrary) + u'.' + String(described.name);
+  const String identifier = TextOf(described.identifier);
+  const String key = u"CLSID\\" + identifier;
+  plan.roots.push_back(name);
+  plan.roots.push_back(key);
+  plan.Add(name, name);
+  plan.Add(name + u"\\CLSID", identifier);
+  plan.Add(key, name);
+  plan.Add(key + u"\\ProgID", name);
+  plan.Add(key + u"\\InprocServer32", module);
+  plan.Add(key + u"\\InprocServer32", u"Apartment", u"ThreadingModel");
+  plan.Add(key + u"\\Programmable", {});
+  plan.Add(key + u"\\TypeLib", library);
+  plan.Add(key + u"\\Version", kVersion);
+}
+
+void PlanInterface(Plan& plan, ITypeInfo& type, const TYPEATTR& attributes, const String& library) {
+  const String key = u"Interface\\" + TextOf(attributes.guid);
+  BSTR name = nullptr;
+  if (FAILED(type.GetDocumentation(MEMBERID_NIL, &name, nullptr, nullptr, nullptr))) return;
+  plan.roots.push_back(key);
+  plan.Add(key, FromWide(name));
+  ::SysFreeString(name);
+  plan.Add(key + u"\\ProxyStubClsid32", kMarshaller);
+  plan.Add(key + u"\\TypeLib", library);
+  plan.Add(key + u"\\TypeLib", kVersion, u"Version");
+}
+
+void PlanInterfaces(Plan& plan, ITypeLib& library, const String& identifier) {
+  for (UINT i = 0; i < library.GetTypeInfoCount(); ++i) {
+    ComPointer<ITypeInfo> type;
+    TYPEATTR* attributes = nullptr;
+    if (FAILED(library.GetTypeInfo(i, type.Receive()))) continue;
+    if (FAILED(type->GetTypeAttr(&attributes))) continue;
+    if (attributes->typekind == TKIND_DISPATCH) {
+      PlanInterface(plan, *type.Get(), *attributes, identifier);
+    }
+    type->ReleaseTypeAttr(attributes);
+  }
+}
+
+void PlanLibrary(Plan& plan, const String& module, const String& identifier) {
+  const String key = u"TypeLib\\" + identifier;
+  const String version = key + u'\\' + String(kVersion);
+  plan.roots.push_back(key);
+  plan.Add(version, u"Norvo Media Playlist Parser");
+  plan.Add(version + u"\\FLAGS", u"0");
+  plan.Add(version + u"\\0\\" + String(kPlatform), module);
+  plan.Add(version + u"\\HELPDIR", module.substr(0, module.rfind(u'\\')));
+}
+
+Plan MakePlan() {
+  const String module = ModulePath();
+  const String library = TextOf(LIBID_NorvoPlayList);
+  Plan plan;
+  for (const PublicClass& each : PublicClasses()) PlanClass(plan, each, module, library);
+  PlanLibrary(plan, module, library);
+  ComPointer<ITypeLib> types;
+  const HRESULT status = ::LoadTypeLibEx(ToWide(module), REGKIND_NONE, types.Receive());
+  if (FAILED(status)) throw ErrorOf(status);
+  PlanInterfaces(plan, *types.Get(), library);
+  return plan;
+}
+
+HKEY RootFor(RegisteredFor whom) {
+  return whom == RegisteredFor::Machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
+}
+
+LSTATUS Write(HKEY root, const Entry& entry) {
+  const String key = String(kClasses) + entry.key;
+  const auto bytes = static_cast<DWORD>((entry.value.size() + 1) * sizeof(wchar_t));
+  HKEY opened = nullptr;
+  LSTATUS status =
+      ::RegCreateKeyExW(root, ToWide(key), 0, nullptr, 0, KEY_SET_VALUE, nullptr, &opened, nullptr);
+  if (status != ERROR_SUCCESS) return status;
+  status = ::RegSetValueExW(opened, entry.name.empty() ? nullptr : ToWide(entry.name), 0, REG_SZ,
+                            reinterpret_cast<const BYTE*>(entry.value.c_str()), bytes);
+  ::RegCloseKey(opened);
+  return status;
+}
+
+HRESULT Remove(HKEY root, const Plan& plan) {
+  HRESULT outcome = S_OK;
+  for (const String& key : plan.roots) {
+    const LSTATUS status = ::RegDeleteTreeW(root, ToWide(String(kClasses) + key));
+    if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND) outcome = SELFREG_E_CLASS;
+  }
+  return outcome;
+}
+
+template <class Work>
+HRESULT Shielded(Work&& work) {
+  try {
+    return Guarded(work);
+  } catch (const RunTimeError& failure) {
+    return StatusOf(failure);
+  }
+}
+
+}  // namespace
+
+HRESULT Register(RegisteredFor whom) {
+  return Shielded([whom]() -> HRESULT {
+    const Plan plan = MakePlan();
+    for (const Entry& entry : plan.entries) {
+      if (Write(RootFor(whom), entry) == ERROR_SUCCESS) continue;
+      Remove(RootFor(whom), plan);
+      return SELFREG_E_CLASS;
+    }
+    return S_OK;
+  });
+}
+
+HRESULT Unregister(RegisteredFor whom) {
+  return Shielded([whom] { return Remove(RootFor(whom), MakePlan()); });
+}
+
+}  // namespace norvo::com
