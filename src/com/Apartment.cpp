@@ -37,12 +37,19 @@ Apartment::Apartment(std::shared_ptr<Platform> platform)
     : component_(OpenLibrary(std::move(platform))) {}
 
 std::shared_ptr<Apartment> Apartment::Current() {
+  const DWORD thread = ::GetCurrentThreadId();
   std::vector<std::shared_ptr<Apartment>> retired;  // goes after the lock
+  {
+    const std::lock_guard guard(All().lock);
+    retired.swap(All().retired);
+    const auto found = All().byThread.find(thread);
+    if (found != All().byThread.end()) return found->second;
+  }
+  // Not under the lock: this may load a library, and a thread that ends holds the loader's own lock
+  // while it waits for this one.
+  auto made = std::make_shared<Apartment>(std::make_shared<WindowsPlatform>());
   const std::lock_guard guard(All().lock);
-  retired.swap(All().retired);
-  std::shared_ptr<Apartment>& own = All().byThread[::GetCurrentThreadId()];
-  if (!own) own = std::make_shared<Apartment>(std::make_shared<WindowsPlatform>());
-  return own;
+  return All().byThread[thread] = std::move(made);
 }
 
 void Apartment::Retire() {
