@@ -1,6 +1,7 @@
 #!/bin/sh
 # Runs all tests: the checks of format and includes, a short run of each fuzzer, the tests under the
-# address and undefined-behaviour sanitizers, and all of them as released.
+# address and undefined-behaviour sanitizers, all of them as released, and those of Windows under
+# Wine.
 #
 #   scripts/test.sh
 set -eu
@@ -13,7 +14,7 @@ scripts/check-includes.py
 
 scripts/run-fuzzers.sh "${NORVO_FUZZ_SECONDS:-5}"
 
-for preset in asan release; do
+for preset in asan release windows-x64 windows-x86; do
     cmake --preset "$preset" >/dev/null
     cmake --build --preset "$preset" -j "$jobs"
     ctest --preset "$preset" -j "$jobs"
