@@ -73,10 +73,11 @@ ComPointer<IDispatch> Apartment::FaceOf(const ObjectRef& object) {
   if (const auto* foreign = dynamic_cast<const ForeignObject*>(object.get())) {
     return foreign->Face();
   }
-  LibraryObject*& face = faces_[object.get()];
-  if (face != nullptr) return ComPointer<LibraryObject>(face).As<IDispatch>();
+  if (const auto found = faces_.find(object.get()); found != faces_.end()) {
+    return ComPointer<LibraryObject>(found->second).As<IDispatch>();
+  }
   const ComPointer<LibraryObject> made = MakeFace(shared_from_this(), object);
-  face = made.Get();
+  faces_.emplace(object.get(), made.Get());
   return made.As<IDispatch>();
 }
 
