@@ -7,8 +7,8 @@
 #include "com/ErrorInfo.h"
 #include "com/Faces.h"
 #include "com/ForeignObject.h"
-#include "com/ModulePath.h"
 #include "library/Library.h"
+#include "platform/windows/ModulePath.h"
 #include "platform/windows/WideText.h"
 #include "platform/windows/WindowsPlatform.h"
 

@@ -9,8 +9,8 @@
 #include "com/ComPointer.h"
 #include "com/ErrorInfo.h"
 #include "com/Faces.h"
-#include "com/ModulePath.h"
 #include "com/NorvoPlayList.h"
+#include "platform/windows/ModulePath.h"
 #include "platform/windows/WideText.h"
 
 namespace norvo::com {
