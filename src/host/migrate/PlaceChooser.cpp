@@ -148,20 +148,19 @@ bool PlaceChooser::TryNames(std::size_t number, Song& song, const EntryAnswer& n
 
 /// What an earlier move has decided stands, whatever else has come since.
 bool PlaceChooser::KeepPlace(std::size_t number, Song& song) {
-  const KnownPlace* const known = ledger_.PlaceOf(NameInLedger(song));
-  if (known == nullptr || !overlay_.Files().FileExists(known->place)) return false;
-  if (Judge(song, known->place) != Fault::None) return false;
-  Settle(number, song,
-         {known->place, known->artist, known->album, String(LastComponent(known->place))});
-  return true;
+  // A copy: settling adds to what is known.
+  const std::vector<KnownPlace> known = ledger_.PlacesOf(NameInLedger(song));
+  for (const auto& [place, artist, album] : known) {
+    if (!overlay_.Files().FileExists(place) || Judge(song, place) != Fault::None) continue;
+    Settle(number, song, {place, artist, album, String(LastComponent(place))});
+    return true;
+  }
+  return false;
 }
 
 void PlaceChooser::Settle(std::size_t number, Song& song, const EntryAnswer& answer) {
   song.place = answer.place;
-  const KnownPlace* const known = ledger_.PlaceOf(NameInLedger(song));
-  if (known == nullptr || !overlay_.Files().FileExists(known->place)) {
-    ledger_.SetPlace(NameInLedger(song), {answer.place, answer.artist, answer.album});
-  }
+  ledger_.AddPlace(NameInLedger(song), {answer.place, answer.artist, answer.album});
   chosen_[number] = answer;
   places_.emplace(Fold(song.place), number);
   ForEachFolderAbove(song.place, root_.size(),

@@ -86,7 +86,7 @@ void RestoreLedger::Take(const std::vector<String>& fields) {
   if (fields.size() == 4 && fields[0] == kBegin) {
     current_ = Row{fields[2], ToUtf8(fields[3]), ToUtf8(fields[1]), {}};
   } else if (fields.size() == 5 && fields[0] == kSong) {
-    places_[fields[1]] = {fields[2], fields[3], fields[4]};
+    AddPlace(fields[1], {fields[2], fields[3], fields[4]});
   } else if (fields.size() == 2 && fields[0] == kNative && current_) {
     current_->natives.push_back(fields[1]);
   } else if (fields[0] == kDone && current_) {
@@ -131,13 +131,22 @@ String RestoreLedger::CarriedFor(const std::string& key) {
   return known ? row.neutralFile : String();
 }
 
-const KnownPlace* RestoreLedger::PlaceOf(const String& song) const {
+const std::vector<KnownPlace>& RestoreLedger::PlacesOf(const String& song) const {
+  static const std::vector<KnownPlace> none;
   const auto found = places_.find(song);
-  return found == places_.end() ? nullptr : &found->second;
+  return found == places_.end() ? none : found->second;
 }
 
-void RestoreLedger::SetPlace(const String& song, const KnownPlace& place) {
-  places_[song] = place;
+void RestoreLedger::AddPlace(const String& song, const KnownPlace& place) {
+  std::vector<KnownPlace>& known = places_[song];
+  const auto same = std::find_if(known.begin(), known.end(), [&place](const KnownPlace& each) {
+    return EqualsIgnoreCase(each.place, place.place);
+  });
+  if (same == known.end()) {
+    known.push_back(place);
+  } else {
+    *same = place;
+  }
 }
 
 void RestoreLedger::Begin(const String& neutralFile, const std::string& key) {
@@ -193,7 +202,9 @@ void RestoreLedger::Compact() {
     for (const String& native : row.natives) text += NativeLine(native);
     text += EndLine(kDone);
   }
-  for (const auto& [source, known] : places_) text += SongLine(source, known);
+  for (const auto& [song, known] : places_) {
+    for (const KnownPlace& place : known) text += SongLine(song, place);
+  }
   machine_.Machine().Settings().Write(path_, text);
 }
 

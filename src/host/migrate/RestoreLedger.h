@@ -40,10 +40,11 @@ class RestoreLedger {
   /// restored.
   void End(bool whole);
 
-  /// The place of a song, by whatever name the caller gives it; null for none. It may be gone.
-  const KnownPlace* PlaceOf(const String& song) const;
-  /// Is durable after the next `Compact`.
-  void SetPlace(const String& song, const KnownPlace& place);
+  /// The places of a song, by whatever name the caller gives it: several when songs of several old
+  /// machines have one name. Some may be gone.
+  const std::vector<KnownPlace>& PlacesOf(const String& song) const;
+  /// Adds a place, or the names of one that is known. Is durable after the next `Compact`.
+  void AddPlace(const String& song, const KnownPlace& place);
 
   /// Writes the ledger anew, in the order of the names.
   void Compact();
@@ -68,7 +69,7 @@ class RestoreLedger {
   String path_;
   std::map<String, Row> restored_;       // by the folded path, so that the order ignores case
   std::map<std::string, String> byKey_;  // the folded paths of those with a key
-  std::map<String, KnownPlace> places_;
+  std::map<String, std::vector<KnownPlace>> places_;
   std::optional<Row> current_;  // begun and not ended
 };
 

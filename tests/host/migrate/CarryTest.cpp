@@ -237,6 +237,24 @@ TEST_F(CarryTest, ASongThatWasChangedOnTheNewMachineStaysAndIsBroughtBesideIt) {
   ExpectMoved("Mix1", {kOne, kTwo});
 }
 
+TEST_F(CarryTest, ASongOfAnotherMachineWithTheSamePathAndSizeKeepsItsOwnPlace) {
+  ASSERT_EQ(Moved().at("exitCode"), 0);
+  std::string other = ReadFile(OldPlace(kOne));
+  other.back() = '!';
+  WriteFile(OldPlace(kOne), other);
+  const auto second = Moved();
+  EXPECT_EQ(PlaceOf(second, kOne), kRoot + R"(Music\One (2).mp3)");
+  ExpectMoved("Mix1", {kOne, kTwo});
+  for (const char* const name : {"V", "W"}) {
+    WriteOld(std::string("C:\\A\\") + name + ".m3u",
+             "#EXTM3U\r\n#EXTINF:1,Ann - One\r\nC:\\Music\\One.mp3\r\n");
+  }
+  const auto third = Moved();
+  EXPECT_EQ(PlaceOf(third, kOne), kRoot + R"(Music\One (2).mp3)");
+  EXPECT_EQ(PlaylistOf(third, kMix).at("outcome"), "alreadyRestored");
+  EXPECT_EQ(third.at("summary").at("restored"), 2);
+}
+
 TEST_F(CarryTest, AMovedMachineCanBeMovedOn) {
   AddSong(R"(C:\Other\One.mp3)");
   WriteOld(R"(C:\Music\Second.m3u)", M3u({R"(C:\Other\One.mp3)", "https://example.com/x"}));

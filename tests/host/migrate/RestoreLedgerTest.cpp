@@ -274,32 +274,40 @@ TEST_F(RestoreLedgerTest, AnUnfinishedPlaylistIsNotKnownAgain) {
 
 TEST_F(RestoreLedgerTest, PlacesOfSongsAreRememberedOnceItIsCompacted) {
   const String song = u"C:\\Music\\Žluté.mp3";
-  EXPECT_EQ(Ledger().PlaceOf(song), nullptr);
-  Ledger().SetPlace(song, {u"C:\\N\\Music\\Ann\\x.mp3", u"Ann", u""});
+  EXPECT_TRUE(Ledger().PlacesOf(song).empty());
+  Ledger().AddPlace(song, {u"C:\\N\\Music\\Ann\\x.mp3", u"Ann", u""});
   EXPECT_FALSE(fs::exists(File()));
   Ledger().Compact();
   Restart();
-  const KnownPlace* const known = Ledger().PlaceOf(song);
-  ASSERT_NE(known, nullptr);
-  EXPECT_EQ(known->place, u"C:\\N\\Music\\Ann\\x.mp3");
-  EXPECT_EQ(known->artist, u"Ann");
-  EXPECT_EQ(known->album, u"");
-  Ledger().SetPlace(song, {u"C:\\y.mp3", u"", u"B"});
+  ASSERT_EQ(Ledger().PlacesOf(song).size(), 1u);
+  EXPECT_EQ(Ledger().PlacesOf(song)[0].place, u"C:\\N\\Music\\Ann\\x.mp3");
+  EXPECT_EQ(Ledger().PlacesOf(song)[0].artist, u"Ann");
+  EXPECT_EQ(Ledger().PlacesOf(song)[0].album, u"");
+}
+
+TEST_F(RestoreLedgerTest, ASongHasAllItsPlacesAndTheNamesThatCameLast) {
+  const String song = u"C:\\a.mp3";
+  Ledger().AddPlace(song, {u"C:\\x.mp3", u"Ann", u""});
+  Ledger().AddPlace(song, {u"C:\\y.mp3", u"", u"B"});
+  Ledger().AddPlace(song, {u"C:\\X.mp3", u"", u""});
   Ledger().Compact();
   Restart();
-  EXPECT_EQ(Ledger().PlaceOf(song)->place, u"C:\\y.mp3");
+  ASSERT_EQ(Ledger().PlacesOf(song).size(), 2u);
+  EXPECT_EQ(Ledger().PlacesOf(song)[0].place, u"C:\\X.mp3");
+  EXPECT_EQ(Ledger().PlacesOf(song)[0].artist, u"");
+  EXPECT_EQ(Ledger().PlacesOf(song)[1].place, u"C:\\y.mp3");
 }
 
 TEST_F(RestoreLedgerTest, NamesThatALineCannotHoldDoNotSpoilIt) {
   Restore(kMix, {"Mix.asx"});
-  Ledger().SetPlace(u"C:\\a.mp3", {u"C:\\1.mp3", u"tab\there", u""});
-  Ledger().SetPlace(u"C:\\b.mp3", {u"C:\\2.mp3", u"", u"line\r\ndone"});
-  Ledger().SetPlace(u"C:\\c.mp3", {u"C:\\3.mp3", u"", u""});
+  Ledger().AddPlace(u"C:\\a.mp3", {u"C:\\1.mp3", u"tab\there", u""});
+  Ledger().AddPlace(u"C:\\b.mp3", {u"C:\\2.mp3", u"", u"line\r\ndone"});
+  Ledger().AddPlace(u"C:\\c.mp3", {u"C:\\3.mp3", u"", u""});
   Ledger().Compact();
   Restart();
-  EXPECT_EQ(Ledger().PlaceOf(u"C:\\a.mp3"), nullptr);
-  EXPECT_EQ(Ledger().PlaceOf(u"C:\\b.mp3"), nullptr);
-  EXPECT_NE(Ledger().PlaceOf(u"C:\\c.mp3"), nullptr);
+  EXPECT_TRUE(Ledger().PlacesOf(u"C:\\a.mp3").empty());
+  EXPECT_TRUE(Ledger().PlacesOf(u"C:\\b.mp3").empty());
+  EXPECT_FALSE(Ledger().PlacesOf(u"C:\\c.mp3").empty());
   EXPECT_TRUE(IsRestored(kMix));
 }
 
