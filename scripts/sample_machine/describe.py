@@ -21,6 +21,17 @@ would have. The settings of the product itself are not in the machines' registri
 `init` and `migrate` commands write them. `.gitattributes` keeps the line ends of the files as
 they are.
 
+## Programs for the automation library
+
+What is in `automation` needs the automation library registered and the product's settings in the
+registry; without them it says what is missing. [docs/automation.md](../docs/automation.md) tells
+how.
+
+- `source.vbs`, `source.js`, `source.ps1` and `cpp/source.cpp` list the playlists of the machine,
+  print the list, and turn each playlist into a neutral file. The C++ program uses the header
+  `NorvoPlayList.h` of the Windows package: `cmake -S cpp -B build && cmake --build build`.
+- `destination.vbs` turns the neutral files below the user's documents into native playlists.
+
 ## The old machine
 """
 
