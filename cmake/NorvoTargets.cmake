@@ -22,6 +22,13 @@ if(NORVO_SANITIZE)
   target_link_options(norvo_sanitize INTERFACE -fsanitize=${NORVO_SANITIZE})
 endif()
 
+# Folder of the Windows package for programs and libraries of this build's bitness.
+if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+  set(NORVO_WINDOWS_FOLDER x64)
+else()
+  set(NORVO_WINDOWS_FOLDER x86)
+endif()
+
 # norvo_subsystem(NAME [DEPENDS subsystem...]): one folder of src/ as a static library. Its
 # sources are all .cpp files of the folder; it may include only what its dependencies offer.
 function(norvo_subsystem name)

@@ -1,12 +1,19 @@
 #!/bin/sh
 # Installs what building and testing need on a Debian 12 system, if it is missing.
 #
-#   scripts/install-dependencies.sh build|test
+#   scripts/install-dependencies.sh build|windows|test
 set -eu
 
 packages="g++ cmake ninja-build libcli11-dev nlohmann-json3-dev python3 git"
+# For the automation library: compilers and libraries of Windows, the IDL compiler with the files
+# that it imports, and what runs the result.
+windows="g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev
+         wine64 wine googletest"
+if [ "${1:-}" = windows ]; then
+    packages="$packages $windows"
+fi
 if [ "${1:-}" = test ]; then
-    packages="$packages libgtest-dev libbenchmark-dev clang libclang-rt-14-dev
+    packages="$packages $windows libgtest-dev libbenchmark-dev clang libclang-rt-14-dev
               clang-format strace python3-gi gir1.2-totemplparser-1.0"
 fi
 
