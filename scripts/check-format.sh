@@ -6,7 +6,7 @@ set -eu
 cd "$(dirname "$0")/.."
 
 sources() {
-    find src tests bench fuzz \( -name '*.cpp' -o -name '*.h' \) ! -name UpperCaseTable.cpp
+    find src tests bench fuzz examples \( -name '*.cpp' -o -name '*.h' \) ! -name UpperCaseTable.cpp
 }
 if [ "${1:-}" = --fix ]; then
     sources | xargs clang-format -i
