@@ -17,8 +17,12 @@
   STDMETHODIMP putref_##Name(Type value) override { \
     return this->Let(u"" #Name, value);             \
   }
-#define NORVO_PROPERTY(Type, Name) NORVO_GET(Type, Name) NORVO_LET(Type, Name)
-#define NORVO_NODE(Type, Name) NORVO_GET(_ArtistItem*, Name) NORVO_SET(Type, Name)
+#define NORVO_PROPERTY(Type, Name) \
+  NORVO_GET(Type, Name)            \
+  NORVO_LET(Type, Name)
+#define NORVO_NODE(Type, Name)  \
+  NORVO_GET(_ArtistItem*, Name) \
+  NORVO_SET(Type, Name)
 #define NORVO_METHOD(Type, Name)             \
   STDMETHODIMP Name(Type* result) override { \
     return this->Call(u"" #Name, result);    \
@@ -197,10 +201,15 @@ class ArtistItemBinding : public Dispatcher<_ArtistItem> {
   NORVO_PROPERTY(VARIANT, mValue)
   NORVO_SET(VARIANT, mValue)
   NORVO_PROPERTY(VARIANT, mKeyID)
-  NORVO_SET(VARIANT, mKeyID) NORVO_NODE(_ArtistItem*, mNextItem)
-      NORVO_NODE(_ArtistItem*, mPreviousItem) NORVO_GET(long, Value) NORVO_LET(long*, Value)
-          NORVO_GET(BSTR, KeyID) NORVO_LET(BSTR*, KeyID) NORVO_NODE(_ArtistItem**, NextItem)
-              NORVO_NODE(_ArtistItem**, PreviousItem)
+  NORVO_SET(VARIANT, mKeyID)
+  NORVO_NODE(_ArtistItem*, mNextItem)
+  NORVO_NODE(_ArtistItem*, mPreviousItem)
+  NORVO_GET(long, Value)
+  NORVO_LET(long*, Value)
+  NORVO_GET(BSTR, KeyID)
+  NORVO_LET(BSTR*, KeyID)
+  NORVO_NODE(_ArtistItem**, NextItem)
+  NORVO_NODE(_ArtistItem**, PreviousItem)
 };
 
 }  // namespace norvo::com
