@@ -15,9 +15,10 @@ constexpr int kMostNumbers = 100000;
 // Room that is left to artist and album each when the path would be too long otherwise.
 constexpr std::size_t kShortName = 40;
 
-/// Two old machines may have different files of one path; no path holds a "|".
+/// Every playlist may spell the path in another way. Two old machines may have different files of
+/// one path; no path holds a "|".
 String NameInLedger(const Song& song) {
-  return song.source + u"|" + FormatNumber(song.size);
+  return Fold(song.source) + u"|" + FormatNumber(song.size);
 }
 
 /// The folders above a path, the innermost first, down to those below the root.

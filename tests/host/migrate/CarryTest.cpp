@@ -237,6 +237,18 @@ TEST_F(CarryTest, ASongThatWasChangedOnTheNewMachineStaysAndIsBroughtBesideIt) {
   ExpectMoved("Mix1", {kOne, kTwo});
 }
 
+TEST_F(CarryTest, ASongIsKnownAgainHoweverItsPathIsSpelled) {
+  ASSERT_EQ(Moved().at("exitCode"), 0);
+  for (const char* const name : {"V", "W"}) {
+    WriteOld(std::string("C:\\A\\") + name + ".m3u",
+             "#EXTM3U\r\n#EXTINF:1,Ann - One\r\nC:\\MUSIC\\One.mp3\r\n");
+  }
+  const auto again = Moved();
+  EXPECT_EQ(again.at("media")[0].at("place"), kRoot + R"(Music\One.mp3)");
+  EXPECT_EQ(PlaylistOf(again, kMix).at("outcome"), "alreadyRestored");
+  EXPECT_EQ(again.at("summary").at("restored"), 2);
+}
+
 TEST_F(CarryTest, ASongOfAnotherMachineWithTheSamePathAndSizeKeepsItsOwnPlace) {
   ASSERT_EQ(Moved().at("exitCode"), 0);
   std::string other = ReadFile(OldPlace(kOne));
