@@ -22,6 +22,7 @@ constexpr StringView kVersion = u"1.0";
 // The system's own marshaller for interfaces that a type library describes.
 constexpr StringView kMarshaller = u"{00020424-0000-0000-C000-000000000046}";
 constexpr StringView kPlatform = sizeof(void*) == 8 ? u"win64" : u"win32";
+constexpr StringView kOtherPlatform = sizeof(void*) == 8 ? u"win32" : u"win64";
 
 String TextOf(const GUID& identifier) {
   std::array<wchar_t, 64> text{};
@@ -35,9 +36,12 @@ struct Entry {
   String value;
 };
 
-/// The keys that are the library's own, with all that is below them, and their values.
+/// The values that make the library known, and the keys that go, with all that is below them, when
+/// it is not to be known any more.
 struct Plan {
-  std::vector<String> roots;
+  std::vector<String> own;     // of this bitness
+  std::vector<String> shared;  // with the library of the other one
+  String other;                // is there while that one is registered
   std::vector<Entry> entries;
 
   void Add(String key, StringView value, StringView name = {}) {
@@ -50,8 +54,8 @@ void PlanClass(Plan& plan, const PublicClass& described, const String& module,
   const String name = String(kLibrary) + u'.' + String(described.name);
   const String identifier = TextOf(described.identifier);
   const String key = u"CLSID\\" + identifier;
-  plan.roots.push_back(name);
-  plan.roots.push_back(key);
+  plan.shared.push_back(name);
+  plan.own.push_back(key);
   plan.Add(name, name);
   plan.Add(name + u"\\CLSID", identifier);
   plan.Add(key, name);
@@ -67,7 +71,7 @@ void PlanInterface(Plan& plan, ITypeInfo& type, const TYPEATTR& attributes, cons
   const String key = u"Interface\\" + TextOf(attributes.guid);
   BSTR name = nullptr;
   if (FAILED(type.GetDocumentation(MEMBERID_NIL, &name, nullptr, nullptr, nullptr))) return;
-  plan.roots.push_back(key);
+  plan.own.push_back(key);
   plan.Add(key, FromWide(name));
   ::SysFreeString(name);
   plan.Add(key + u"\\ProxyStubClsid32", kMarshaller);
@@ -91,10 +95,13 @@ void PlanInterfaces(Plan& plan, ITypeLib& library, const String& identifier) {
 void PlanLibrary(Plan& plan, const String& module, const String& identifier) {
   const String key = u"TypeLib\\" + identifier;
   const String version = key + u'\\' + String(kVersion);
-  plan.roots.push_back(key);
+  const String files = version + u"\\0\\";
+  plan.own.push_back(files + String(kPlatform));
+  plan.other = files + String(kOtherPlatform);
+  plan.shared.push_back(key);
   plan.Add(version, u"Norvo Media Playlist Parser");
   plan.Add(version + u"\\FLAGS", u"0");
-  plan.Add(version + u"\\0\\" + String(kPlatform), module);
+  plan.Add(files + String(kPlatform), module);
   plan.Add(version + u"\\HELPDIR", module.substr(0, module.rfind(u'\\')));
 }
 
@@ -128,13 +135,29 @@ LSTATUS Write(HKEY root, const Entry& entry) {
   return status;
 }
 
-HRESULT Remove(HKEY root, const Plan& plan) {
-  HRESULT outcome = S_OK;
-  for (const String& key : plan.roots) {
-    const LSTATUS status = ::RegDeleteTreeW(root, ToWide(String(kClasses) + key));
-    if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND) outcome = SELFREG_E_CLASS;
+bool Exists(HKEY root, const String& key) {
+  HKEY opened = nullptr;
+  const String path = String(kClasses) + key;
+  if (::RegOpenKeyExW(root, ToWide(path), 0, KEY_QUERY_VALUE, &opened) != ERROR_SUCCESS) {
+    return false;
   }
-  return outcome;
+  ::RegCloseKey(opened);
+  return true;
+}
+
+bool RemoveAll(HKEY root, const std::vector<String>& keys) {
+  bool whole = true;
+  for (const String& key : keys) {
+    const LSTATUS status = ::RegDeleteTreeW(root, ToWide(String(kClasses) + key));
+    whole = whole && (status == ERROR_SUCCESS || status == ERROR_FILE_NOT_FOUND);
+  }
+  return whole;
+}
+
+HRESULT Remove(HKEY root, const Plan& plan) {
+  bool whole = RemoveAll(root, plan.own);
+  if (!Exists(root, plan.other)) whole = RemoveAll(root, plan.shared) && whole;
+  return whole ? S_OK : SELFREG_E_CLASS;
 }
 
 template <class Work>
