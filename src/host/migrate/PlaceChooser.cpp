@@ -123,12 +123,13 @@ std::string PlaceChooser::WhyNowhere(const Song& song, const EntryAnswer& names)
 /// Varies the file name until the place will do; false when artist or album are in the way.
 bool PlaceChooser::TryNames(std::size_t number, Song& song, const EntryAnswer& names) {
   EntryAnswer answer = entries_.Ask(names);
-  std::size_t most = kLongestName;
+  // What is left to the name, numbers included, when the path shall not be too long.
+  constexpr std::size_t kLeastName = 24;
+  const std::size_t others =
+      answer.place.size() - std::min(answer.place.size(), names.fileName.size());
+  if (others + kLeastName > kLongestPath) return false;
+  const std::size_t most = std::min(kLongestName, kLongestPath - others);
   if (answer.place.size() > kLongestPath) {
-    const std::size_t others = answer.place.size() - names.fileName.size();
-    constexpr std::size_t kLeastName = 24;  // leaves room for a number and an extension
-    if (others + kLeastName > kLongestPath) return false;
-    most = kLongestPath - others;
     answer.fileName = PortableName(names.fileName, &library_.Machine().AnsiPage(), most);
     answer = entries_.Ask(answer);
   }

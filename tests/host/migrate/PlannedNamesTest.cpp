@@ -101,6 +101,19 @@ TEST_F(PlannedNamesTest, LongNamesAreCutUntilThePathIsShortEnough) {
             kRoot + "Music\\" + std::string(40, 'a') + '\\' + std::string(40, 'b') + "\\Short.mp3");
 }
 
+TEST_F(PlannedNamesTest, ANumberFindsRoomInAPathThatIsAsLongAsMayBe) {
+  const std::string folder = kRoot + "Music\\";
+  const std::string name = std::string(kLongestPath - folder.size() - 4, 'n') + ".mp3";
+  const References songs{"C:\\A\\" + name, "C:\\B\\" + name};
+  for (const std::string& song : songs) AddSong(song);
+  WriteOld(kMix, M3u(songs));
+  const auto moved = Moved();
+  EXPECT_EQ(moved.at("exitCode"), 0) << moved.at("leftOut").dump(1);
+  ExpectMoved("Mix", songs);
+  EXPECT_EQ(PlaceOf(moved, songs[0]), folder + name);
+  EXPECT_EQ(PlaceOf(moved, songs[1]), folder + std::string(name.size() - 8, 'n') + " (2).mp3");
+}
+
 TEST_F(PlannedNamesTest, NativePlaylistsGetNamesThatWindowsTakes) {
   AddSong(R"(C:\Music\One.mp3)");
   const std::vector<std::pair<std::string, std::string>> names{
