@@ -180,6 +180,15 @@ void AppendUtf8(std::string& bytes, StringView text) {
   }
 }
 
+bool IsWholeUtf16(StringView text) {
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (!IsHighHalf(text[i]) && !IsLowHalf(text[i])) continue;
+    if (!IsHighHalf(text[i]) || i + 1 == text.size() || !IsLowHalf(text[i + 1])) return false;
+    ++i;
+  }
+  return true;
+}
+
 std::string ToUtf8(StringView text) {
   std::string bytes;
   bytes.reserve(text.size());

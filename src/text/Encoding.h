@@ -32,6 +32,9 @@ std::optional<String> FromUtf8(std::string_view bytes);
 /// Text of UTF-8 bytes; each byte that is not valid becomes U+FFFD.
 String FromUtf8Lossy(std::string_view bytes);
 
+/// False for a text with a unit that is half of no pair.
+bool IsWholeUtf16(StringView text);
+
 /// A unit that is half of no pair becomes U+FFFD.
 std::string ToUtf8(StringView text);
 

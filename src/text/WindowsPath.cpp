@@ -38,13 +38,6 @@ std::vector<StringView> SplitComponents(StringView path) {
   return components;
 }
 
-StringView WithoutTrailingPointsAndBlanks(StringView component) {
-  while (!component.empty() && (component.back() == u'.' || component.back() == u' ')) {
-    component.remove_suffix(1);
-  }
-  return component;
-}
-
 }  // namespace
 
 bool HasDrive(StringView path) noexcept {
@@ -68,6 +61,11 @@ StringView ParentFolder(StringView path) noexcept {
   if (last == StringView::npos) return {};
   const bool root = last == 2 && HasDrive(path);
   return path.substr(0, root ? 3 : last);
+}
+
+StringView WithoutTrail(StringView name) noexcept {
+  while (!name.empty() && (name.back() == u'.' || name.back() == u' ')) name.remove_suffix(1);
+  return name;
 }
 
 bool IsAbsolutePath(StringView path) noexcept {
@@ -94,7 +92,7 @@ String AbsolutePath(StringView path, StringView currentDrive) {
   for (std::size_t i = 0; i < components.size(); ++i) {
     const bool last = i + 1 == components.size() && !trailing;
     result.push_back(u'\\');
-    result += last ? WithoutTrailingPointsAndBlanks(components[i]) : components[i];
+    result += last ? WithoutTrail(components[i]) : components[i];
   }
   if (components.empty() || trailing) result.push_back(u'\\');
   return result;

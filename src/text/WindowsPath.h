@@ -22,6 +22,9 @@ StringView LastComponent(StringView path) noexcept;
 /// What precedes the last separator, without it; a drive's root keeps its own ("C:\").
 StringView ParentFolder(StringView path) noexcept;
 
+/// The name without its trailing points and blanks, which do not matter.
+StringView WithoutTrail(StringView name) noexcept;
+
 /// True for a path that `AbsolutePath` gives back as it is: the usual case, told without a copy.
 bool IsAbsolutePath(StringView path) noexcept;
 

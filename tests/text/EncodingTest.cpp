@@ -108,6 +108,14 @@ TEST(Encoding, HalfAPairIsReplacedInUtf8) {
             "a");
 }
 
+TEST(Encoding, HalfAPairIsNoWholeText) {
+  EXPECT_TRUE(IsWholeUtf16(u""));
+  EXPECT_TRUE(IsWholeUtf16(u"a\U0001D11Eb"));
+  EXPECT_FALSE(IsWholeUtf16(String(u"a") + char16_t{0xD834}));
+  EXPECT_FALSE(IsWholeUtf16(String(1, char16_t{0xDD1E}) + u"a"));
+  EXPECT_FALSE(IsWholeUtf16(String(1, char16_t{0xD834}) + u"a"));
+}
+
 TEST(Encoding, AppendingKeepsWhatIsThere) {
   std::string bytes = "x";
   AppendUtf8(bytes, u"ä");

@@ -55,6 +55,12 @@ TEST(WindowsPath, TheParentHasNoSeparatorAtItsEndButADrivesRoot) {
   for (const Row& row : kRows) EXPECT_TEXT(ParentFolder(row.path), row.expected) << Utf8(row.path);
 }
 
+TEST(WindowsPath, PointsAndBlanksAtTheEndOfANameDoNotMatter) {
+  EXPECT_EQ(WithoutTrail(u"a.b. . "), u"a.b");
+  EXPECT_EQ(WithoutTrail(u" .a"), u" .a");
+  EXPECT_EQ(WithoutTrail(u". ."), u"");
+}
+
 TEST(WindowsPath, AbsolutePathsAreMadeAsWindowsMakesThem) {
   constexpr Row kRows[] = {
       {u"C:\\Music\\a.mp3", u"C:\\Music\\a.mp3"},

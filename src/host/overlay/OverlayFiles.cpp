@@ -4,8 +4,8 @@
 #include <chrono>
 
 #include "automation/RunTimeError.h"
-#include "platform/hosted/HostName.h"
 #include "services/TextStream.h"
+#include "text/Encoding.h"
 #include "text/WindowsPath.h"
 
 namespace norvo::host {
@@ -19,9 +19,15 @@ namespace {
 constexpr std::size_t kLongestPath = 4096;
 constexpr std::size_t kLongestName = 255;  // bytes
 
+bool IsControl(char16_t unit) {
+  return unit < u' ';
+}
+
 void RequirePossibleName(StringView path) {
-  const std::optional<std::string> name = ToHostName(LastComponent(path));
-  const bool possible = name && name->size() <= kLongestName && path.size() <= kLongestPath;
+  const StringView name = WithoutTrail(LastComponent(path));
+  const bool possible = !name.empty() && IsWholeUtf16(name) &&
+                        std::none_of(name.begin(), name.end(), IsControl) &&
+                        ToUtf8(name).size() <= kLongestName && path.size() <= kLongestPath;
   if (!possible) Raise(error::kPathFileAccess, path);
 }
 

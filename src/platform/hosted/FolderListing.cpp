@@ -10,6 +10,7 @@
 #include <tuple>
 
 #include "platform/hosted/HostName.h"
+#include "text/WindowsPath.h"
 
 namespace norvo {
 namespace {

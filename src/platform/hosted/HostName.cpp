@@ -3,29 +3,15 @@
 #include <algorithm>
 
 #include "text/Encoding.h"
+#include "text/WindowsPath.h"
 
 namespace norvo {
 namespace {
 
 constexpr char16_t kReplacement = 0xFFFD;
 
-bool IsTrail(char16_t unit) {
-  return unit == u'.' || unit == u' ';
-}
-
 bool IsControl(char16_t unit) {
   return unit < 0x20;
-}
-
-bool IsWholeUtf16(StringView text) {
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] < 0xD800 || text[i] > 0xDFFF) continue;
-    const bool pair =
-        text[i] <= 0xDBFF && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] <= 0xDFFF;
-    if (!pair) return false;
-    ++i;
-  }
-  return true;
 }
 
 /// Plain characters only, in the sense of one byte per character and none of them special.
@@ -44,11 +30,6 @@ constexpr std::uint64_t kSeed = 0xcbf29ce484222325u;
 }  // namespace
 
 static_assert(static_cast<char>(0x80) < 0, "a byte above 0x7F must not pass for a character");
-
-StringView WithoutTrail(StringView name) {
-  while (!name.empty() && IsTrail(name.back())) name.remove_suffix(1);
-  return name;
-}
 
 std::optional<std::string> ToHostName(StringView component) {
   component = WithoutTrail(component);

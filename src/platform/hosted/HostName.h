@@ -11,9 +11,6 @@ namespace norvo {
 
 /// Names as Windows paths have them, and as the host's disk has them: UTF-8.
 
-/// The name without its trailing points and blanks, which do not matter.
-StringView WithoutTrail(StringView name);
-
 /// How a component of a Windows path is spelled on the disk; nothing when no file can have it: no
 /// whole UTF-16, control characters, or nothing but points and blanks.
 std::optional<std::string> ToHostName(StringView component);

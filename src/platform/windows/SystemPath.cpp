@@ -39,11 +39,6 @@ bool CanBeName(StringView name) {
   });
 }
 
-StringView WithoutTrail(StringView name) {
-  while (!name.empty() && (name.back() == u'.' || name.back() == u' ')) name.remove_suffix(1);
-  return name;
-}
-
 /// Adds the names of a path, each behind one separator; false when one of them can be none.
 bool AppendNames(String& result, StringView path) {
   for (std::size_t at = 0; at < path.size();) {
