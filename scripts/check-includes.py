@@ -17,15 +17,18 @@ def allowed_folders():
         direct[name] = [target.replace("platform_", "platform/") for target in targets]
     library = list(direct)
     direct["host/lists"] = ["services"]
-    direct["host/overlay"] = ["services", "platform/hosted"]
+    direct["host/overlay"] = ["services"]
     direct["com"] = ["library", "platform/windows"]
     direct["com/dll"] = ["com"]
     allowed = {}
     for name, found in direct.items():
         allowed[name] = {name, *found, *(each for folder in found for each in allowed[folder])}
-    # The commands and the move share the machines and the reports.
-    host = {*library, "host", "host/lists", "host/overlay", "host/migrate"}
-    return {**allowed, "host": host, "host/migrate": host}
+    # The commands know no system; the room of each, and the move, know the commands.
+    host = {*library, "host", "host/lists", "host/overlay"} - {"platform/hosted", "platform/windows"}
+    hosted = {*host, "host/hosted", "platform/hosted"}
+    return {**allowed, "host": host, "host/hosted": hosted,
+            "host/migrate": {*hosted, "host/migrate"},
+            "host/windows": {*host, "host/windows", "platform/windows"}}
 
 
 def main():

@@ -33,7 +33,7 @@ void TellUnfinished(const std::vector<ListedPlaylist>& listed,
 
 Json RunCollect(const CommonArguments& common, const CollectArguments& arguments,
                 Console& console) {
-  Machine machine(common.machine, console);
+  Machine machine(OpenMachine(common.machine), console);
   Component& library = machine.Library();
   std::vector<SetupStep> steps;
   if (arguments.init) {

@@ -10,6 +10,7 @@
 #include "host/CommandLine.h"
 #include "host/Commands.h"
 #include "host/Console.h"
+#include "host/SystemWords.h"
 #include "text/Encoding.h"
 
 namespace norvo::host {
@@ -71,10 +72,7 @@ int RunCommand(const CommandLine& line, Console& console) {
   } catch (const HostError& error) {
     return Fail(error.what(), console);
   } catch (const RunTimeError& error) {
-    return FailOn(
-        line,
-        ToUtf8(error.Description()) + ". See that the machine folder can be read and written.",
-        console);
+    return FailOn(line, ToUtf8(error.Description()) + ". " + kWords.checkRights, console);
   } catch (const std::bad_alloc&) {
     return Fail("There is not enough memory for this machine.", console);
   } catch (const std::exception& error) {

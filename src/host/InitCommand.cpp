@@ -8,7 +8,7 @@
 namespace norvo::host {
 
 Json RunInit(const CommonArguments& common, const InitArguments& arguments, Console& console) {
-  Machine machine(common.machine, console);
+  Machine machine(OpenMachine(common.machine), console);
   const SetupWishes wishes{arguments.role, arguments.groupRoot, true};
   const std::vector<SetupStep> steps = SetUp(machine.Library(), wishes, console);
   SaySetup(steps, console);

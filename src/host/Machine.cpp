@@ -1,28 +1,14 @@
 #include "host/Machine.h"
 
+#include <utility>
 #include <vector>
 
-#include "automation/RunTimeError.h"
 #include "library/Library.h"
 #include "services/Logging.h"
 #include "services/Utility.h"
 #include "text/Encoding.h"
 
 namespace norvo::host {
-namespace {
-
-std::shared_ptr<HostedPlatform> OpenPlatform(const std::filesystem::path& folder) {
-  try {
-    return std::make_shared<HostedPlatform>(folder);
-  } catch (const RunTimeError& failure) {
-    throw HostError(ToUtf8(failure.Description()) +
-                    ". A machine folder holds a folder per drive, named by its letter (such as "
-                    "C), or a machine.ini that names the drives. Name one with --machine.");
-  }
-}
-
-}  // namespace
-
 class Machine::ConsoleBox final : public MessageDialog {
  public:
   explicit ConsoleBox(Console& console) : console_(console) {}
@@ -34,34 +20,32 @@ class Machine::ConsoleBox final : public MessageDialog {
   Console& console_;
 };
 
-Machine::Machine(const std::filesystem::path& folder, Console& console)
-    : console_(console),
-      platform_(OpenPlatform(folder)),
-      box_(std::make_unique<ConsoleBox>(console)),
-      layout_(platform_->DriveFolders()) {
-  platform_->SetMessageDialog(*box_);
+Machine::Machine(std::shared_ptr<MachineAccess> access, Console& console)
+    : console_(console), access_(std::move(access)), box_(std::make_unique<ConsoleBox>(console)) {
+  access_->SetMessageDialog(*box_);
+  const std::shared_ptr<norvo::Platform> platform = Platform();
   // What the opening of the machine has to tell comes before there is a log.
   std::vector<String> early;
-  platform_->SetWarningSink([&early](StringView line) { early.emplace_back(line); });
-  component_ = OpenLibrary(platform_);
+  platform->SetWarningSink([&early](StringView line) { early.emplace_back(line); });
+  component_ = OpenLibrary(platform);
   const auto tell = [this](StringView line) {
     WriteLog(*component_, line);
     console_.LeftOut("Warning: " + ToUtf8(line));
   };
-  platform_->SetWarningSink(tell);
+  platform->SetWarningSink(tell);
   for (const String& line : early) tell(line);
 }
 
 Machine::~Machine() = default;
 
 String Machine::LogPath() {
-  return Utility::AddBackslash(platform_->Product().Folder()) + u"VBLog.txt";
+  return Utility::AddBackslash(Platform()->Product().Folder()) + u"VBLog.txt";
 }
 
 void Machine::StartLog() {
   component_->SetLogMode(log_mode::kFile);
-  const String folder = platform_->Product().Folder();
-  hasLog_ = platform_->Files().FolderExists(folder);
+  const String folder = Platform()->Product().Folder();
+  hasLog_ = Platform()->Files().FolderExists(folder);
   if (hasLog_) {
     console_.Note("The log is " + Both(LogPath()));
     return;
@@ -71,8 +55,9 @@ void Machine::StartLog() {
 }
 
 std::string Machine::Both(StringView machinePath) const {
-  const std::filesystem::path place = layout_.HostPathOf(machinePath);
-  return ToUtf8(machinePath) + (place.empty() ? "" : " (" + place.string() + ")");
+  const std::string path = ToUtf8(machinePath);
+  const std::string place = access_->SystemPathOf(machinePath);
+  return path + (place.empty() || place == path ? "" : " (" + place + ")");
 }
 
 }  // namespace norvo::host

@@ -1,12 +1,10 @@
 #include "host/Progress.h"
 
-#include <sys/ioctl.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstdio>
 
 #include "host/Shown.h"
+#include "host/Terminal.h"
 #include "text/Encoding.h"
 
 namespace norvo::host {
@@ -14,13 +12,7 @@ namespace {
 
 constexpr std::chrono::milliseconds kInterval{100};
 constexpr std::size_t kBarCells = 20;
-
-std::size_t TerminalWidth() {
-  constexpr std::size_t kUsual = 80;
-  winsize size{};
-  if (::ioctl(STDERR_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) return kUsual;
-  return size.ws_col;
-}
+constexpr std::size_t kUsualWidth = 80;
 
 /// The end of a text, as much of it as fits.
 std::string TailThatFits(StringView text, std::size_t cells) {
@@ -103,7 +95,7 @@ void Progress::Bytes(std::string_view what, double done, double total, StringVie
 }
 
 void Progress::Draw(const std::string& head, StringView current) {
-  const std::size_t width = TerminalWidth();
+  const std::size_t width = TerminalWidth().value_or(kUsualWidth);
   // The last cell stays free: some terminals would start a new line.
   const std::size_t room = width > head.size() + 1 ? width - head.size() - 1 : 0;
   terminal_ << "\r\x1B[K" << head.substr(0, width - 1) << TailThatFits(current, room) << std::flush;

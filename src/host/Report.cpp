@@ -20,8 +20,7 @@ std::string TypeTitle(std::int32_t type) {
 }
 
 Json PlaceDocument(const Machine& machine, StringView machinePath) {
-  return {{"machine", ToUtf8(machinePath)},
-          {"system", machine.Layout().HostPathOf(machinePath).string()}};
+  return {{"machine", ToUtf8(machinePath)}, {"system", machine.Access().SystemPathOf(machinePath)}};
 }
 
 void AddLog(Json& document, Machine& machine, const char* key) {

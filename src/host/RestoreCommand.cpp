@@ -91,7 +91,7 @@ Json RestoredDocument(const RestoreWatcher& watcher) {
 }  // namespace
 
 Json RunRestore(const CommonArguments& common, Console& console) {
-  Machine machine(common.machine, console);
+  Machine machine(OpenMachine(common.machine), console);
   Component& library = machine.Library();
   RequireSettings(library);
   if (common.log) machine.StartLog();

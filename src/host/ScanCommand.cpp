@@ -38,7 +38,7 @@ Json ListDocument(const std::vector<ListedPlaylist>& playlists) {
 }  // namespace
 
 Json RunScan(const CommonArguments& common, Console& console) {
-  Machine machine(common.machine, console);
+  Machine machine(OpenMachine(common.machine), console);
   Component& library = machine.Library();
   const Settings settings = RequireSettings(library);
   if (common.log) machine.StartLog();

@@ -1,6 +1,7 @@
 #include "host/Settings.h"
 
 #include "host/Console.h"
+#include "host/SystemWords.h"
 #include "services/DataCop.h"
 #include "services/ProfileFile.h"
 #include "services/Utility.h"
@@ -28,13 +29,14 @@ Settings RequireSettings(Component& component) {
     missing += "the group root (SubGroupRootName)";
   }
   if (!missing.empty()) {
-    throw HostError("The machine's registry lacks " + missing +
-                    ". Run norvo-playlists init --machine DIR first, or collect --init.");
+    throw HostError("The machine's registry lacks " + missing + ". Run " + kWords.initCommand +
+                    " first, or collect --init.");
   }
   if (*settings.role == Utility::role::kNeither) {
     throw HostError(
         "The machine's role (mode) is 3: it is neither source nor destination, and nothing can be "
-        "listed. Set mode to 0 in registry.reg.");
+        "listed. Set mode to 0 in " +
+        std::string(kWords.registry) + ".");
   }
   return settings;
 }

@@ -2,6 +2,7 @@
 
 #include "automation/RunTimeError.h"
 #include "host/Settings.h"
+#include "host/SystemWords.h"
 #include "services/DataCop.h"
 #include "services/ProfileFile.h"
 #include "services/Utility.h"
@@ -45,7 +46,8 @@ class Setup {
       Unusable("mode is no number");
     } else if (wish && *wish != *role) {
       console_.LeftOut("The role stays " + std::to_string(*role) +
-                       ": it was there before. Change mode in registry.reg for another one.");
+                       ": it was there before. Change mode in " + kWords.registry +
+                       " for another one.");
     }
   }
 
@@ -61,8 +63,8 @@ class Setup {
     }
     if (wish && !EqualsIgnoreCase(Utility::AddBackslash(*wish), Utility::AddBackslash(*root))) {
       console_.LeftOut("The group root stays " + ToUtf8(*root) +
-                       ": it was there before. Change SubGroupRootName in registry.reg for "
-                       "another one.");
+                       ": it was there before. Change SubGroupRootName in " + kWords.registry +
+                       " for another one.");
     }
     return *root;
   }
@@ -113,15 +115,11 @@ class Setup {
 
   void Unusable(const char* what) {
     console_.LeftOut("The registry value " + std::string(what) +
-                     ". It is left as it is; correct or remove it in registry.reg, then run init "
-                     "again.");
+                     ". It is left as it is; correct or remove it in " + kWords.registry +
+                     ", then run init again.");
   }
 
-  [[noreturn]] void RaiseUnwritable() {
-    throw HostError(
-        "registry.reg of the machine folder cannot be written. Make it writable, and make sure "
-        "that the disk is not full.");
-  }
+  [[noreturn]] void RaiseUnwritable() { throw HostError(kWords.unwritableRegistry); }
 
   /// The value that the library will read; written when there is none. The current user's key hides
   /// the machine's as a whole, so a value that is missing there is repeated there.
@@ -153,8 +151,8 @@ class Setup {
       if (!component_.Files().FolderExists(path)) component_.Files().CreateFolder(path);
     } catch (const RunTimeError& failure) {
       throw HostError("The folder " + ToUtf8(path) +
-                      " cannot be created: " + ToUtf8(failure.Description()) +
-                      ". Make the drive's folder writable, or choose a place on another drive.");
+                      " cannot be created: " + ToUtf8(failure.Description()) + ". " +
+                      kWords.makeWritable + ", or choose a place on another drive.");
     }
   }
 
@@ -191,12 +189,13 @@ std::optional<String> CheckedRoot(Component& component, const SetupWishes& wishe
 void CheckDrive(Component& component, StringView path) {
   if (!HasDrive(path)) {
     throw HostError("The group root " + ToUtf8(path) +
-                    " is no full path of the machine. Correct SubGroupRootName in registry.reg.");
+                    " is no full path of the machine. Correct SubGroupRootName in " +
+                    kWords.registry + ".");
   }
   if (component.Files().FolderExists(String(DriveName(path)) + u"\\")) return;
   throw HostError("The group root " + ToUtf8(path) + " lies on drive " + ToUtf8(DriveName(path)) +
-                  ", which the machine folder does not hold. Choose another place with "
-                  "--group-root PATH.");
+                  ", which " + kWords.lacksDrive +
+                  ". Choose another place with --group-root PATH.");
 }
 
 }  // namespace

@@ -104,7 +104,7 @@ Json EntriesDocument(const std::vector<ShownEntry>& entries) {
 Json Document(const ShowMachine& machine, std::int32_t type, AutomationObject& playlist,
               const std::vector<ShownEntry>& entries, const PlaylistResult& own) {
   Json document{{"path", ToUtf8(machine.Path())},
-                {"machine", machine.RealFolder().string()},
+                {"machine", machine.Folder()},
                 {"type", type},
                 {"typeName", TypeName(type)},
                 {"name", Text(playlist, u"PlayListName")},
@@ -117,20 +117,20 @@ Json Document(const ShowMachine& machine, std::int32_t type, AutomationObject& p
 }  // namespace
 
 Json RunShow(const CommonArguments& common, const ShowArguments& arguments, Console& console) {
-  ShowMachine machine(common, arguments.path, console);
-  Component& library = machine.Library();
-  const std::string path = ToUtf8(machine.Path());
+  const std::unique_ptr<ShowMachine> machine = OpenToShow(common, arguments.path, console);
+  Component& library = machine->Library();
+  const std::string path = ToUtf8(machine->Path());
   WorkWatcher watcher(console);
-  watcher.BeginOwn(machine.Path());
+  watcher.BeginOwn(machine->Path());
   const ObserverScope scope(library, watcher);
   const std::int32_t type =
-      arguments.type != 0 ? arguments.type : TellType(library, machine.Path());
+      arguments.type != 0 ? arguments.type : TellType(library, machine->Path());
   const ObjectRef playlist = library.Create(u"PlayList");
   std::vector<ShownEntry> entries;
   if (type == playlist_type::kUnknown) {
     console.LeftOut(path + ": its first lines tell no playlist type. Name it with --type 1 to 6.");
   } else {
-    if (!ReadPlaylist(*playlist, machine.Path(), type)) {
+    if (!ReadPlaylist(*playlist, machine->Path(), type)) {
       console.LeftOut(path + ": cannot be read to its end as " + TypeTitle(type) +
                       ". Try another --type.");
     }
@@ -141,7 +141,7 @@ Json RunShow(const CommonArguments& common, const ShowArguments& arguments, Cons
                 ", dropped: " + DropCountsText(watcher.Own().dropped));
   }
   if (!console.IsJson()) return {};
-  return Document(machine, type, *playlist, entries, watcher.Own());
+  return Document(*machine, type, *playlist, entries, watcher.Own());
 }
 
 }  // namespace norvo::host

@@ -44,20 +44,12 @@ std::vector<String> PlaylistsBelow(Component& library, const String& root) {
   return found;
 }
 
-String MachinePath(const Machine& machine, const std::string& path) {
-  if (IsMachinePath(path)) return FromUtf8Lossy(path);
-  const std::optional<String> inside = machine.Layout().MachinePathOf(path);
-  if (!inside) {
-    throw HostError(path + " is no file of the machine. Name a path of the machine, such as " +
-                    R"(C:\Music\Mix.m3u, or of a file in its folder.)");
-  }
-  return *inside;
-}
-
 std::vector<String> Playlists(const Machine& machine, Component& library,
                               const VerifyArguments& arguments) {
   std::vector<String> paths;
-  for (const std::string& path : arguments.paths) paths.push_back(MachinePath(machine, path));
+  for (const std::string& path : arguments.paths) {
+    paths.push_back(machine.Access().MachinePathOf(path));
+  }
   if (!paths.empty()) return paths;
   const String root = DataCop::GetSubNamePath(library, DataCop::kPlayListSlot);
   if (root.empty() || !library.Files().FolderExists(root)) {
@@ -99,7 +91,7 @@ void Tell(const Checked& checked, Console& console) {
 }  // namespace
 
 Json RunVerify(const CommonArguments& common, const VerifyArguments& arguments, Console& console) {
-  Machine machine(common.machine, console);
+  Machine machine(OpenMachine(common.machine), console);
   if (common.log) machine.StartLog();
   // Reading a playlist notes its songs in the machine's media list; verifying changes nothing.
   const auto overlay = std::make_shared<OverlayPlatform>(machine.Platform());

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "host/Host.h"
-#include "host/TempFolder.h"
+#include "host/hosted/TempFolder.h"
 
 namespace norvo::host {
 

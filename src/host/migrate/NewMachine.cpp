@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <system_error>
 
-#include "host/MachineFolder.h"
 #include "host/Setup.h"
+#include "host/hosted/MachineFolder.h"
 #include "library/Library.h"
 #include "services/Utility.h"
 
@@ -40,7 +40,8 @@ NewMachine::NewMachine(const std::string& to, bool trial, Console& console) : tr
     }
     MakeDrive(folder);
   }
-  machine_ = std::make_unique<Machine>(folder, console);
+  folder_ = std::make_shared<FolderMachine>(folder);
+  machine_ = std::make_unique<Machine>(folder_, console);
   if (!trial) SetUp(machine_->Library(), Wishes(machine_->Library()), console);
   plan_ = std::make_shared<OverlayPlatform>(machine_->Platform());
   planLibrary_ = OpenLibrary(plan_);

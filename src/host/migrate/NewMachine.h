@@ -6,7 +6,8 @@
 #include "host/Console.h"
 #include "host/Machine.h"
 #include "host/Settings.h"
-#include "host/TempFolder.h"
+#include "host/hosted/FolderMachine.h"
+#include "host/hosted/TempFolder.h"
 #include "host/overlay/OverlayPlatform.h"
 
 namespace norvo::host {
@@ -23,13 +24,14 @@ class NewMachine {
   /// Lies over the machine, and keeps what a plan supposes.
   OverlayPlatform& Plan() { return *plan_; }
   Component& PlanLibrary() { return *planLibrary_; }
-  HostedPlatform& Files() { return *machine_->Platform(); }
+  HostedPlatform& Files() { return folder_->Hosted(); }
   const norvo::host::Settings& Settings() const { return settings_; }
   Machine& Get() { return *machine_; }
 
  private:
   bool trial_;
   std::unique_ptr<TempFolder> temp_;
+  std::shared_ptr<FolderMachine> folder_;
   std::unique_ptr<Machine> machine_;
   std::shared_ptr<OverlayPlatform> plan_;
   std::unique_ptr<Component> planLibrary_;

@@ -2,9 +2,9 @@
 
 #include <optional>
 
-#include "host/LinkedMachine.h"
-#include "host/MachineFolder.h"
 #include "host/Setup.h"
+#include "host/hosted/LinkedMachine.h"
+#include "host/hosted/MachineFolder.h"
 #include "text/Encoding.h"
 
 namespace norvo::host {
@@ -57,7 +57,8 @@ OldMachine::OldMachine(const std::string& from, const std::string& work, Console
     folder = work.empty() ? temp_->Path() : fs::path(work);
     wishes.groupRoot = ToUtf8(String(1, Surround(from, folder))) + ":\\Norvo Media\\";
   }
-  machine_ = std::make_unique<Machine>(folder, console);
+  folder_ = std::make_shared<FolderMachine>(folder);
+  machine_ = std::make_unique<Machine>(folder_, console);
   SetUp(machine_->Library(), wishes, console);
   settings_ = RequireSettings(machine_->Library());
 }

@@ -6,7 +6,8 @@
 #include "host/Console.h"
 #include "host/Machine.h"
 #include "host/Settings.h"
-#include "host/TempFolder.h"
+#include "host/hosted/FolderMachine.h"
+#include "host/hosted/TempFolder.h"
 
 namespace norvo::host {
 
@@ -19,6 +20,7 @@ class OldMachine {
   OldMachine(const std::string& from, const std::string& work, Console& console);
 
   Machine& Get() { return *machine_; }
+  HostedPlatform& Files() { return folder_->Hosted(); }
   const norvo::host::Settings& Settings() const { return settings_; }
   /// Nothing below the folder is written.
   bool IsReadOnly() const { return readOnly_; }
@@ -27,6 +29,7 @@ class OldMachine {
 
  private:
   std::unique_ptr<TempFolder> temp_;
+  std::shared_ptr<FolderMachine> folder_;
   std::unique_ptr<Machine> machine_;
   norvo::host::Settings settings_;
   bool readOnly_ = false;

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "host/Console.h"
-#include "host/MachineFolder.h"
 #include "host/Settings.h"
+#include "host/hosted/MachineFolder.h"
 #include "host/overlay/OverlayPlatform.h"
 #include "library/Library.h"
 #include "services/NVServices.h"

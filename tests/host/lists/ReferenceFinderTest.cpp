@@ -5,7 +5,7 @@
 #include <random>
 
 #include "automation/RunTimeError.h"
-#include "host/TempFolder.h"
+#include "host/hosted/TempFolder.h"
 #include "platform/hosted/HostedPlatform.h"
 #include "support/LibraryTest.h"
 

@@ -2,7 +2,6 @@
 
 #include <filesystem>
 #include <optional>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -29,8 +28,5 @@ class MachineLayout {
  private:
   std::vector<HostedDrive> drives_;
 };
-
-/// True for "C:\..." and "C:/...".
-bool IsMachinePath(std::string_view text);
 
 }  // namespace norvo::host

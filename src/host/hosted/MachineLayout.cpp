@@ -1,4 +1,4 @@
-#include "host/MachineLayout.h"
+#include "host/hosted/MachineLayout.h"
 
 #include <algorithm>
 
@@ -81,11 +81,6 @@ std::optional<String> MachineLayout::MachinePathOf(const fs::path& hostPath) con
     found = String(1, drive.letter) + u':' + *way;
   }
   return found;
-}
-
-bool IsMachinePath(std::string_view text) {
-  return text.size() >= 3 && text[1] == ':' && (text[2] == '\\' || text[2] == '/') &&
-         ((text[0] >= 'A' && text[0] <= 'Z') || (text[0] >= 'a' && text[0] <= 'z'));
 }
 
 }  // namespace norvo::host

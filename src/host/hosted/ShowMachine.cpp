@@ -3,8 +3,12 @@
 #include <cctype>
 
 #include "automation/RunTimeError.h"
+#include "host/Machine.h"
 #include "host/Settings.h"
 #include "host/Setup.h"
+#include "host/hosted/FolderMachine.h"
+#include "host/hosted/LinkedMachine.h"
+#include "host/hosted/TempFolder.h"
 #include "platform/hosted/HostName.h"
 #include "text/Encoding.h"
 
@@ -65,9 +69,31 @@ fs::path ExistingFile(const std::string& path) {
   return file;
 }
 
-}  // namespace
+/// The drives of the real machine (or the playlist's own folder as drive C) and one more drive,
+/// which takes all that the library writes and goes with this object.
+class LinkedShowMachine final : public ShowMachine {
+ public:
+  LinkedShowMachine(const CommonArguments& common, const std::string& path, Console& console);
 
-ShowMachine::ShowMachine(const CommonArguments& common, const std::string& path, Console& console) {
+  Component& Library() override { return machine_->Library(); }
+  const String& Path() const override { return path_; }
+  std::string Folder() const override { return realFolder_.string(); }
+
+ private:
+  void UseMachine(const fs::path& folder, const std::string& path, const CommonArguments& common,
+                  Console& console);
+  void UseOwnFolder(const std::string& path, bool log, Console& console);
+  void Open(char16_t productDrive, const String& logFolder, Console& console);
+
+  TempFolder temp_;
+  LinkedMachine drives_{temp_.Path()};
+  fs::path realFolder_;
+  String path_;
+  std::unique_ptr<Machine> machine_;
+};
+
+LinkedShowMachine::LinkedShowMachine(const CommonArguments& common, const std::string& path,
+                                     Console& console) {
   if (common.machine.empty() && IsMachinePath(path)) {
     throw HostError(path + " is a path of a machine. Name the machine's folder with --machine.");
   }
@@ -80,15 +106,16 @@ ShowMachine::ShowMachine(const CommonArguments& common, const std::string& path,
   }
 }
 
-void ShowMachine::UseMachine(const fs::path& folder, const std::string& path,
-                             const CommonArguments& common, Console& console) {
-  Machine real(folder, console);
+void LinkedShowMachine::UseMachine(const fs::path& folder, const std::string& path,
+                                   const CommonArguments& common, Console& console) {
+  const auto held = std::make_shared<FolderMachine>(folder);
+  Machine real(held, console);
   if (!common.machine.empty()) NameInit(real, console);
   realFolder_ = folder;
   if (IsMachinePath(path)) {
     path_ = FromUtf8Lossy(path);
   } else {
-    const std::optional<String> inside = real.Layout().MachinePathOf(ExistingFile(path));
+    const std::optional<String> inside = held->Layout().MachinePathOf(ExistingFile(path));
     if (!inside) {
       throw HostError(path + " lies in no drive of the machine " + folder.string() +
                       ". Name a path of the machine, or leave --machine out.");
@@ -99,16 +126,16 @@ void ShowMachine::UseMachine(const fs::path& folder, const std::string& path,
     throw HostError(ToUtf8(path_) + " is no file of the machine " + folder.string() +
                     ". Check the path's spelling.");
   }
-  const std::optional<char16_t> letter = real.Layout().FreeLetter();
+  const std::optional<char16_t> letter = held->Layout().FreeLetter();
   if (!letter) throw HostError("The machine has no free drive letter. Leave --machine out.");
-  for (const HostedDrive& drive : real.Layout().Drives()) {
+  for (const HostedDrive& drive : held->Layout().Drives()) {
     drives_.AddDrive(drive.letter, drive.type, drive.folder);
   }
   if (common.log) real.StartLog();
   Open(*letter, common.log ? real.Library().Machine().Product().Folder() : String(), console);
 }
 
-void ShowMachine::UseOwnFolder(const std::string& path, bool log, Console& console) {
+void LinkedShowMachine::UseOwnFolder(const std::string& path, bool log, Console& console) {
   const fs::path file = ExistingFile(path);
   const std::optional<String> name = FromHostName(file.filename().string());
   if (!name) {
@@ -124,12 +151,12 @@ void ShowMachine::UseOwnFolder(const std::string& path, bool log, Console& conso
   }
 }
 
-void ShowMachine::Open(char16_t productDrive, const String& logFolder, Console& console) {
+void LinkedShowMachine::Open(char16_t productDrive, const String& logFolder, Console& console) {
   const String root = String(1, productDrive) + u":\\";
   drives_.AddOwnDrive(productDrive);
   drives_.Finish();
 
-  machine_ = std::make_unique<Machine>(temp_.Path(), console);
+  machine_ = std::make_unique<Machine>(std::make_shared<FolderMachine>(temp_.Path()), console);
   norvo::Registry& registry = Library().Machine().Registry();
   const String key = Library().Machine().Product().BaseKey();
   registry.CreateKey(Hive::LocalMachine, key);
@@ -137,6 +164,13 @@ void ShowMachine::Open(char16_t productDrive, const String& logFolder, Console& 
                  logFolder.empty() ? root + u"Norvo\\" : logFolder);
   SetUp(Library(), {std::nullopt, ToUtf8(root) + "Norvo Media\\", false}, console);
   if (!logFolder.empty()) Library().SetLogMode(log_mode::kFile);
+}
+
+}  // namespace
+
+std::unique_ptr<ShowMachine> OpenToShow(const CommonArguments& common, const std::string& path,
+                                        Console& console) {
+  return std::make_unique<LinkedShowMachine>(common, path, console);
 }
 
 }  // namespace norvo::host

@@ -44,7 +44,7 @@ void DropUnused(Move& move) {
 Move Gather(OldMachine& old, Console& console) {
   Move move;
   Machine& machine = old.Get();
-  SongBook songs(*machine.Platform(), move.songs);
+  SongBook songs(old.Files(), move.songs);
   const std::vector<CollectedFile> files = Collect(machine, console);
   move.playlists = Rescue(machine.Library(), old.Settings(), songs, console).Run(files);
   DropUnused(move);
@@ -97,7 +97,7 @@ Json RunMigrate(const CommonArguments& common, const MigrateArguments& arguments
 
   NewMachine machine(arguments.to, arguments.trial, console);
   if (common.log && !arguments.trial) machine.Get().StartLog();
-  FilePlacer placer(*old.Get().Platform(), machine.Files());
+  FilePlacer placer(old.Files(), machine.Files());
   RestoreLedger ledger(machine.Library(), DataAreaOf(machine.Settings()));
   Planner(old.Get().Library(), machine.PlanLibrary(), machine.Plan(), placer, ledger, console)
       .Run(move);

@@ -1,4 +1,4 @@
-#include "host/TempFolder.h"
+#include "host/hosted/TempFolder.h"
 
 #include <stdlib.h>
 

@@ -1,4 +1,4 @@
-#include "host/MachineFolder.h"
+#include "host/hosted/MachineFolder.h"
 
 #include <cctype>
 #include <fstream>

@@ -1,4 +1,4 @@
-#include "host/LinkedMachine.h"
+#include "host/hosted/LinkedMachine.h"
 
 #include "host/Console.h"
 #include "host/HostFixture.h"
