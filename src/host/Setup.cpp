@@ -85,12 +85,18 @@ class Setup {
 
   void GroupKey(const String& groupRoot) {
     const String key = DataArea(groupRoot) + String(DataCop::kGroup);
+    const auto note = [&](Hive hive, bool written) {
+      Note("registry key " + HiveName(hive) + ToUtf8(key), written);
+    };
     norvo::Registry& registry = component_.Machine().Registry();
-    RegistryKey open(registry);
-    const std::string what = "registry key HKEY_LOCAL_MACHINE\\" + ToUtf8(key);
-    if (open.Open(key)) return Note(what, false);
-    if (!registry.CreateKey(Hive::LocalMachine, key)) RaiseUnwritable();
-    Note(what, true);
+    for (const Hive hive : {Hive::CurrentUser, Hive::LocalMachine}) {
+      if (registry.KeyExists(hive, key)) return note(hive, false);
+    }
+    // The key begins with a drive, and Windows takes no new key right below the machine's hive.
+    for (const Hive hive : {Hive::LocalMachine, Hive::CurrentUser}) {
+      if (registry.CreateKey(hive, key)) return note(hive, true);
+    }
+    RaiseUnwritable();
   }
 
   void Folder(const char* what, StringView path) {

@@ -79,7 +79,9 @@ bool MemoryRegistry::Write(Hive hive, StringView key, StringView name, const Reg
 
 bool MemoryRegistry::CreateKey(Hive hive, StringView key) {
   calls_.Enter(u"Registry.CreateKey", Subject(hive, key));
-  if (refusesWrites_) return false;
+  const StringView top = key.substr(0, key.find(u'\\'));
+  const bool isRefused = refusesTopKeys_ && hive == Hive::LocalMachine && !HasKey(hive, top);
+  if (refusesWrites_ || isRefused) return false;
   AddKey(hive, key);
   return true;
 }

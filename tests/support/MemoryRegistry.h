@@ -20,6 +20,8 @@ class MemoryRegistry final : public Registry {
   std::optional<RegistryValue> ValueOf(Hive hive, StringView key, StringView name) const;
   /// Every write is refused from now on.
   void RefuseWrites() { refusesWrites_ = true; }
+  /// No key is created right below the machine's hive from now on, as on Windows.
+  void RefuseTopKeys() { refusesTopKeys_ = true; }
 
   bool KeyExists(Hive hive, StringView key) override;
   std::optional<RegistryValue> Read(Hive hive, StringView key, StringView name) override;
@@ -33,6 +35,7 @@ class MemoryRegistry final : public Registry {
   CallLog& calls_;
   std::map<KeyName, Values> keys_;
   bool refusesWrites_ = false;
+  bool refusesTopKeys_ = false;
 };
 
 }  // namespace norvo
