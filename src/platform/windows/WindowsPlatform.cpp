@@ -24,7 +24,8 @@ struct WindowsPlatform::Parts {
   WindowsSettings settings{files};
   MediaList mediaList{files, settings};
   FolderScanner scanner{files};
-  WindowsMessages messages;
+  WindowsMessages boxes;
+  MessageDialog* messages = &boxes;
 };
 
 WindowsPlatform::WindowsPlatform() : parts_(std::make_unique<Parts>()) {}
@@ -53,10 +54,13 @@ DriveScanner* WindowsPlatform::Scanner() {
   return &parts_->scanner;
 }
 MessageDialog& WindowsPlatform::Messages() {
-  return parts_->messages;
+  return *parts_->messages;
 }
 const CodePage& WindowsPlatform::AnsiPage() {
   return SystemAnsiPage();
+}
+void WindowsPlatform::SetMessageDialog(MessageDialog& messages) {
+  parts_->messages = &messages;
 }
 void WindowsPlatform::SetWarningSink(std::function<void(StringView)> sink) {
   parts_->warningSink = std::move(sink);

@@ -2,6 +2,7 @@
 
 #include "ScratchFolder.h"
 #include "platform/windows/AnsiPage.h"
+#include "platform/windows/WindowsPlatform.h"
 
 namespace norvo {
 namespace {
@@ -141,6 +142,18 @@ TEST_F(MachineFactsTest, TheScannerWalksTheDisks) {
     if (drive.type == DriveType::Fixed) roots.push_back(String(1, drive.letter) + u":\\");
   }
   EXPECT_EQ(Utf8(visitor.folders), Utf8(roots));
+}
+
+TEST_F(MachineFactsTest, MessagesAreShownByWhomTheHostNames) {
+  class Dialog final : public MessageDialog {
+   public:
+    void Show(StringView, StringView) override {}
+  };
+  Dialog dialog;
+  WindowsPlatform platform;
+  EXPECT_NE(&platform.Messages(), &dialog);
+  platform.SetMessageDialog(dialog);
+  EXPECT_EQ(&platform.Messages(), &dialog);
 }
 
 }  // namespace
