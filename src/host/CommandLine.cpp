@@ -37,6 +37,8 @@ struct Parser {
 
   Parser() {
     app.name("norvo-playlists");
+    // "/Music/Mix.m3u" is a path, on Windows too.
+    app.allow_windows_style_options(false);
     app.set_version_flag("--version", "norvo-playlists " NORVO_VERSION);
     app.footer(kHelp.program);
     app.require_subcommand(1);

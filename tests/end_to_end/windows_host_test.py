@@ -1,0 +1,286 @@
+#!/usr/bin/env python3
+"""Runs the program for Windows under Wine, on a machine of its own: every command that works on the
+machine that the program runs on."""
+
+import argparse
+import json
+import os
+import shutil
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+from report_shapes import SHAPES, shape_fault
+
+OPTIONS = None
+GROUP_ROOT = "C:\\My Documents\\Norvo Media\\"
+PROGRAM = "C:\\Program Files\\Norvo\\norvo-playlists.exe"
+GREEK_AND_CHINESE = "Μουσική 音乐"
+MIX = "C:\\Music\\Mix.m3u"
+# Two songs, and one that is not there.
+MIX_TEXT = ("#EXTM3U\r\n#EXTINF:61,Ann - One\r\nC:\\Music\\One.mp3\r\n"
+            "#EXTINF:62,Bob - Two\r\nTwo.mp3\r\n#EXTINF:63,Cid - Three\r\nThree.mp3\r\n")
+WHOLE_TEXT = "#EXTM3U\r\n#EXTINF:61,Ann - One\r\nC:\\Music\\One.mp3\r\n"
+PLAYERS = ("Windows Media Player", "WinAmp", "MusicMatch Jukebox", "Sonique")
+
+
+class Machine:
+    """A Wine prefix that ends with this object. It has drive C alone: the disk of the system that
+    Wine runs on is no part of it, nor is its user's folder."""
+
+    def __init__(self):
+        self.folder = Path(tempfile.mkdtemp(prefix="norvo-windows-"))
+        self.drive = self.folder / "wine" / "drive_c"
+        for name in ("home", "wine"):
+            (self.folder / name).mkdir()
+        self.environment = {**os.environ, "WINEPREFIX": str(self.folder / "wine"),
+                            "HOME": str(self.folder / "home"), "WINEDEBUG": "-all",
+                            "WINEDLLOVERRIDES": "mscoree,mshtml=", "LC_ALL": "C.UTF-8",
+                            "DISPLAY": ""}
+        # Started apart: whoever starts the first program of a prefix waits for the services, too.
+        for words in (("wineserver", "--persistent"), ("wineboot", "--init")):
+            subprocess.run(words, env=self.environment, stdout=subprocess.DEVNULL,
+                           stderr=subprocess.DEVNULL, timeout=120, check=True)
+        self.wine("reg", "add", r"HKCU\Software\Microsoft\Windows\CurrentVersion\Explorer"
+                  r"\User Shell Folders", "/v", "Personal", "/d", r"C:\My Documents", "/f")
+        self.place(PROGRAM).parent.mkdir(parents=True)
+        shutil.copy(OPTIONS.program, self.place(PROGRAM))
+        (self.folder / "wine" / "dosdevices" / "z:").unlink(missing_ok=True)
+
+    def wine(self, *words):
+        return subprocess.run(["wine", *words], env=self.environment, cwd=self.drive_or_folder(),
+                              stdin=subprocess.DEVNULL, capture_output=True, timeout=120,
+                              check=False)
+
+    def drive_or_folder(self):
+        music = self.drive / "Music"
+        return music if music.exists() else self.folder
+
+    def place(self, path):
+        return self.drive.joinpath(*path[3:].split("\\"))
+
+    def write(self, path, content):
+        place = self.place(path)
+        place.parent.mkdir(parents=True, exist_ok=True)
+        place.write_bytes(content.encode("latin-1") if isinstance(content, str) else content)
+
+    def snapshot(self):
+        """Every file of the machine that is none of the system's own, and its bytes."""
+        system = self.drive / "windows"
+        return {path: path.read_bytes() for path in self.drive.rglob("*")
+                if path.is_file() and system not in path.parents}
+
+    def end(self):
+        subprocess.run(["wineserver", "-k"], env=self.environment, check=False)
+        subprocess.run(["wineserver", "-w"], env=self.environment, check=False)
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+
+class WindowsHostTest(unittest.TestCase):
+    """The methods run in the order of their names, on one machine."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.machine = Machine()
+        cls.addClassCleanup(cls.machine.end)
+        song = bytes(1000)
+        for path in ("C:\\Music\\One.mp3", "C:\\Music\\Two.mp3",
+                     f"C:\\Music\\{GREEK_AND_CHINESE}\\Song.mp3"):
+            cls.machine.write(path, song)
+        cls.machine.write(MIX, MIX_TEXT)
+        cls.machine.write("C:\\Music\\Whole.m3u", WHOLE_TEXT)
+        cls.machine.write(f"C:\\Music\\{GREEK_AND_CHINESE}\\{GREEK_AND_CHINESE}.m3u",
+                          "#EXTM3U\r\n#EXTINF:5,Eve - Song\r\nSong.mp3\r\n")
+
+    def run_program(self, *words):
+        """Exit code, standard output and standard error, the latter both UTF-8."""
+        result = self.machine.wine(PROGRAM, *words)
+        return (result.returncode, result.stdout.decode("utf-8").replace("\r\n", "\n"),
+                result.stderr.decode("utf-8").replace("\r\n", "\n"))
+
+    def document(self, code, *words, shape=None):
+        found, out, err = self.run_program(*words, "--json")
+        self.assertEqual(found, code, err)
+        document = json.loads(out)
+        self.assertIsNone(shape_fault(document, SHAPES[shape or words[0]]))
+        self.assertEqual(document["exitCode"], code)
+        return document
+
+    def refused(self, *words):
+        """What standard error says when the program ends with 2 and no report."""
+        code, out, err = self.run_program(*words)
+        self.assertEqual((code, out), (2, ""), err)
+        return err
+
+    # ---------------------------------------------------------------------------- the usage ----
+
+    def test_00_help_offers_what_this_system_has(self):
+        code, out, err = self.run_program("--help")
+        self.assertEqual((code, err), (0, ""))
+        self.assertNotIn("migrate", out)
+        for command in ("init", "scan", "collect", "show", "restore", "verify"):
+            self.assertIn(f"\n  {command} ", out)
+            code, text, err = self.run_program(command, "--help")
+            self.assertEqual((code, err), (0, ""))
+            self.assertIn(f"Examples:\n  norvo-playlists {command}", text)
+            self.assertNotIn("--machine", text)
+            self.assertNotIn("migrate", text)
+            self.assertNotIn("/mnt", text)
+
+    def test_01_version(self):
+        self.assertRegex(self.run_program("--version")[1], r"^norvo-playlists \d+\.\d+\.\d+\n$")
+
+    def test_02_wrong_usage_ends_with_two(self):
+        for words in ((), ("conquer",), ("show",), ("scan", "surplus"), ("init", "--role", "x"),
+                      ("show", MIX, "--type", "7")):
+            with self.subTest(words):
+                self.assertIn("--help", self.refused(*words))
+
+    def test_03_machines_in_folders_need_the_other_program(self):
+        for words in (("scan", "--machine", "C:\\x"), ("show", MIX, "--machine", "x"),
+                      ("init", "--machine", ""), ("scan", "--machine"), ("migrate",),
+                      ("migrate", "--help"), ("migrate", "--from", "a", "--to", "b", "--dry-run")):
+            with self.subTest(words):
+                err = self.refused(*words)
+                self.assertIn("need the program for Linux", err)
+                self.assertIn("migrate:" if words[0] == "migrate" else "--machine:", err)
+        error = self.document(2, "migrate", shape="failure")["error"]
+        self.assertIn("need the program for Linux", error)
+
+    def test_04_without_settings_init_is_named(self):
+        for command in ("scan", "collect", "restore"):
+            err = self.refused(command)
+            self.assertIn("Run norvo-playlists init first", err)
+            self.assertNotIn("--machine", err)
+        self.document(2, "scan", shape="failure")
+
+    def test_05_show_needs_no_settings_and_changes_nothing(self):
+        before = self.machine.snapshot()
+        report = self.document(1, "show", MIX)
+        self.assertEqual([row["source"] for row in report["entries"]],
+                         ["C:\\Music\\One.mp3", "C:\\Music\\Two.mp3"])
+        self.assertEqual(self.machine.snapshot(), before)
+        self.assertIn("Run norvo-playlists init first", self.refused("scan"))
+
+    # ----------------------------------------------------------------------------- the work ----
+
+    def test_10_init_writes_what_is_missing(self):
+        self.assertIn("which this machine does not have",
+                      self.refused("init", "--group-root", "Q:\\Norvo Media"))
+        report = self.document(0, "init")
+        self.assertEqual(report["alreadyThere"], ["product folder C:\\Program Files\\Norvo\\"])
+        self.assertTrue(self.machine.place(GROUP_ROOT + "SubNames.txt").is_file())
+        value = self.machine.wine("reg", "query", r"HKLM\SOFTWARE\Norvo\Migration\KVS"
+                                  r"\KVMediaPlayLists", "/v", "SubGroupRootName")
+        self.assertIn(GROUP_ROOT, value.stdout.decode("utf-8"))
+        again = self.document(0, "init")
+        self.assertEqual(again["written"], [])
+        self.assertEqual(len(again["alreadyThere"]), 6)
+
+    def test_11_what_init_does_not_change_is_told(self):
+        report = self.document(1, "init", "--role", "destination")
+        self.assertIn("Change mode in the registry", report["leftOut"][0])
+
+    def test_20_scan_lists_the_playlists_of_the_drives(self):
+        report = self.document(0, "scan")
+        # The list is 8-bit text, and has no path that does not fit.
+        self.assertLessEqual({MIX, "C:\\Music\\Whole.m3u"},
+                             {row["path"] for row in report["playlists"]})
+        place = GROUP_ROOT + "KVs\\PlayLists.txt"
+        self.assertEqual(report["listFile"], {"machine": place, "system": place})
+        self.assertTrue(self.machine.place(place).is_file())
+        code, out, _ = self.run_program("scan")
+        self.assertEqual(code, 0)
+        self.assertIn(f"List: {place}\n", out)
+
+    def test_21_collect_writes_neutral_files(self):
+        report = self.document(1, "collect")
+        rows = {row["path"]: row for row in report["playlists"]}
+        self.assertEqual((rows[MIX]["outcome"], rows[MIX]["kept"]), ("written", 2))
+        self.assertEqual(rows[MIX]["dropped"],
+                         [{"reference": "C:\\Music\\Three.mp3", "reason": "missing"}])
+        neutral = self.machine.place(rows[MIX]["neutralFile"]).read_bytes()
+        self.assertIn(b"One.mp3", neutral)
+        media = self.machine.place(GROUP_ROOT + "KVs\\MediaList.txt").read_bytes()
+        self.assertIn(b"C:\\Music\\One.mp3", media)
+
+    def test_22_the_log_stands_beside_the_program(self):
+        code, _, err = self.run_program("collect", "--log", "--quiet")
+        self.assertEqual(code, 1)
+        self.assertIn("no such file", err)
+        log = self.machine.place("C:\\Program Files\\Norvo\\VBLog.txt")
+        self.assertIn(b"File Not Found: C:\\Music\\Three.mp3", log.read_bytes())
+        log.unlink()
+        self.run_program("show", MIX, "--log")
+        self.assertIn(b"File Not Found: C:\\Music\\Three.mp3", log.read_bytes())
+        log.unlink()
+
+    # ------------------------------------------------------------------------------- paths ----
+
+    def test_30_show_takes_every_letter(self):
+        path = f"C:\\Music\\{GREEK_AND_CHINESE}\\{GREEK_AND_CHINESE}.m3u"
+        report = self.document(0, "show", path)
+        self.assertEqual((report["path"], report["machine"]), (path, ""))
+        self.assertEqual(report["entries"][0]["source"],
+                         f"C:\\Music\\{GREEK_AND_CHINESE}\\Song.mp3")
+        code, out, err = self.run_program("show", path)
+        self.assertEqual((code, err), (0, ""))
+        self.assertIn(f"{path}: M3U of WinAmp\n", out)
+        self.assertIn(f"C:\\Music\\{GREEK_AND_CHINESE}\\Song.mp3\n", out)
+
+    def test_31_a_path_is_taken_from_the_current_folder(self):
+        for path in ("Mix.m3u", ".\\Mix.m3u", "..\\music\\mix.m3u", "C:Mix.m3u", "/music/mix.m3u"):
+            with self.subTest(path):
+                report = self.document(1, "show", path)
+                self.assertEqual(report["path"].lower(), MIX.lower())
+                self.assertEqual(len(report["entries"]), 2)
+        self.assertEqual(self.document(0, "verify", "Whole.m3u")["playlists"][0]["found"], 1)
+
+    def test_32_wildcards_are_no_names(self):
+        self.assertIn("M*.m3u is no file of this machine", self.refused("show", "M*.m3u"))
+
+    def test_33_paths_that_lead_nowhere_are_named(self):
+        for path in ("C:\\Music\\Mux.m3u", "Q:\\Mix.m3u", "C:\\Music", "C:\\Music\\a|b.m3u",
+                     f"C:\\{GREEK_AND_CHINESE}.m3u"):
+            with self.subTest(path):
+                self.assertIn(path + " is no file of this machine", self.refused("show", path))
+
+    # ------------------------------------------------------------------------ the new place ----
+
+    def test_40_restore_writes_native_playlists(self):
+        report = self.document(0, "restore")
+        natives = {row["path"]: row for row in report["natives"]}
+        for player in PLAYERS:
+            ending = {"Windows Media Player": ".asx", "Sonique": ".pls"}.get(player, ".m3u")
+            path = f"{GROUP_ROOT}PlayLists\\{player}\\Mix{ending}"
+            self.assertTrue(natives[path]["whole"])
+            self.assertIn(b"Two.mp3", self.machine.place(path).read_bytes())
+
+    def test_41_verify_tells_the_missing_songs(self):
+        report = self.document(1, "verify")
+        self.assertGreaterEqual(len(report["playlists"]), 8)
+        missing = {path for row in report["playlists"] for path in row["missing"]}
+        self.assertIn(GROUP_ROOT + "Music\\Ann\\One.mp3", missing)
+        for path in missing:
+            self.machine.write(path, bytes(1000))
+        report = self.document(0, "verify")
+        self.assertEqual([row["path"] for row in report["playlists"] if row["missing"]], [])
+        self.assertTrue(all(row["found"] for row in report["playlists"]))
+
+    def test_42_verify_changes_nothing(self):
+        before = self.machine.snapshot()
+        self.assertIn("missing: Three.mp3", self.run_program("verify", MIX)[2])
+        self.assertEqual(self.machine.snapshot(), before)
+
+
+def main():
+    global OPTIONS
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--program", required=True)
+    OPTIONS, rest = parser.parse_known_args()
+    unittest.main(argv=["windows_host_test", *rest])
+
+
+if __name__ == "__main__":
+    main()
