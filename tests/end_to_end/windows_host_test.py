@@ -129,7 +129,14 @@ class WindowsHostTest(unittest.TestCase):
             self.assertNotIn("/mnt", text)
 
     def test_01_version(self):
-        self.assertRegex(self.run_program("--version")[1], r"^norvo-playlists \d+\.\d+\.\d+\n$")
+        code, out, err = self.run_program("--version")
+        self.assertEqual((code, err), (0, ""))
+        self.assertRegex(out, r"^norvo-playlists \d+\.\d+\.\d+\n$")
+        program = self.machine.place(PROGRAM).read_bytes()
+        # The file tells the same to whoever looks at its properties.
+        version = out.split()[1].encode("utf-16-le")
+        self.assertRegex(program, "FileVersion".encode("utf-16-le") + rb"\0+" + version)
+        self.assertIn(b'<requestedExecutionLevel level="asInvoker"', program)
 
     def test_02_wrong_usage_ends_with_two(self):
         for words in ((), ("conquer",), ("show",), ("scan", "surplus"), ("init", "--role", "x"),
