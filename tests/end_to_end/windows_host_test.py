@@ -26,18 +26,20 @@ PLAYERS = ("Windows Media Player", "WinAmp", "MusicMatch Jukebox", "Sonique")
 
 
 class Machine:
-    """A Wine prefix that ends with this object. It has drive C alone: the disk of the system that
+    """A Wine prefix of its own, until its end. It has drive C alone: the disk of the system that
     Wine runs on is no part of it, nor is its user's folder."""
 
     def __init__(self):
         self.folder = Path(tempfile.mkdtemp(prefix="norvo-windows-"))
         self.drive = self.folder / "wine" / "drive_c"
-        for name in ("home", "wine"):
-            (self.folder / name).mkdir()
         self.environment = {**os.environ, "WINEPREFIX": str(self.folder / "wine"),
                             "HOME": str(self.folder / "home"), "WINEDEBUG": "-all",
                             "WINEDLLOVERRIDES": "mscoree,mshtml=", "LC_ALL": "C.UTF-8",
                             "DISPLAY": ""}
+
+    def start(self):
+        for name in ("home", "wine"):
+            (self.folder / name).mkdir()
         # Started apart: whoever starts the first program of a prefix waits for the services, too.
         for words in (("wineserver", "--persistent"), ("wineboot", "--init")):
             subprocess.run(words, env=self.environment, stdout=subprocess.DEVNULL,
@@ -49,13 +51,12 @@ class Machine:
         (self.folder / "wine" / "dosdevices" / "z:").unlink(missing_ok=True)
 
     def wine(self, *words):
-        return subprocess.run(["wine", *words], env=self.environment, cwd=self.drive_or_folder(),
+        """Runs a program in the music folder, once there is one."""
+        music = self.drive / "Music"
+        folder = music if music.exists() else self.folder
+        return subprocess.run(["wine", *words], env=self.environment, cwd=folder,
                               stdin=subprocess.DEVNULL, capture_output=True, timeout=120,
                               check=False)
-
-    def drive_or_folder(self):
-        music = self.drive / "Music"
-        return music if music.exists() else self.folder
 
     def place(self, path):
         return self.drive.joinpath(*path[3:].split("\\"))
@@ -84,6 +85,7 @@ class WindowsHostTest(unittest.TestCase):
     def setUpClass(cls):
         cls.machine = Machine()
         cls.addClassCleanup(cls.machine.end)
+        cls.machine.start()
         song = bytes(1000)
         for path in ("C:\\Music\\One.mp3", "C:\\Music\\Two.mp3",
                      f"C:\\Music\\{GREEK_AND_CHINESE}\\Song.mp3"):
