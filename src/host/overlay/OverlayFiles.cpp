@@ -55,7 +55,8 @@ class OverlayFiles::OpenedFile final : public BinaryFile {
 
   std::size_t ReadAt(std::uint64_t offset, std::span<char> buffer) override {
     const std::string& bytes = content_->bytes;
-    return offset >= bytes.size() ? 0 : bytes.copy(buffer.data(), buffer.size(), offset);
+    if (offset >= bytes.size()) return 0;
+    return bytes.copy(buffer.data(), buffer.size(), static_cast<std::size_t>(offset));
   }
   std::uint64_t Size() override { return content_->bytes.size(); }
 
