@@ -1,0 +1,3 @@
+Plan 48
+CheckFormatEntry "M3UEntry"
+Done

@@ -1,0 +1,3 @@
+Plan 48
+CheckFormatEntry "PlsEntry"
+Done

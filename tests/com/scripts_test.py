@@ -1,0 +1,155 @@
+#!/usr/bin/env python3
+"""Proves the automation library with the script hosts of Wine: one prefix with a machine of its
+own, on which the old machine's calls run first, then the new one's, then one script for each
+class."""
+
+import argparse
+import re
+import shutil
+import tempfile
+import unittest
+from pathlib import Path
+
+import music_machine as machine
+import script_output
+from wine_prefix import WinePrefix
+
+SCRIPTS = Path(__file__).resolve().parent / "scripts"
+OPTIONS = None
+PREFIX = None
+
+
+def setUpModule():
+    global PREFIX
+    folder = Path(OPTIONS.prefix)
+    shutil.rmtree(folder, ignore_errors=True)
+    PREFIX = WinePrefix(folder)
+    PREFIX.boot()
+    PREFIX.bring(OPTIONS.dll, "Norvo/NorvoPlayList.dll")
+    for script in [*SCRIPTS.glob("*.vbs"), *SCRIPTS.glob("*.js")]:
+        shared = sorted((SCRIPTS / "shared").glob("*" + script.suffix))
+        text = "\n".join(part.read_text(encoding="ascii") for part in [*shared, script])
+        PREFIX.put("Norvo/" + script.name, text)
+    PREFIX.put("Norvo/ManyScripts.txt", machine.MANY_SCRIPTS)
+    _, status = PREFIX.run("regsvr32", "/s", "C:\\Norvo\\NorvoPlayList.dll")
+    if status != 0:
+        raise RuntimeError(f"regsvr32 gave {status}")
+    PREFIX.set_registry(machine.surroundings())
+
+
+def tearDownModule():
+    if PREFIX is not None:
+        PREFIX.stop()
+
+
+class ScriptCase(unittest.TestCase):
+    maxDiff = None
+
+    def run_script(self, name):
+        output, status = PREFIX.run("cscript", "//nologo", name, folder="Norvo")
+        faults = script_output.faults(output)
+        if faults or status != 0:
+            self.fail("\n".join([f"{name} gave {status}", *faults]))
+
+    def check_files(self, folder, expected):
+        """The files below a folder are these, byte for byte; line ends are the system's."""
+        root = PREFIX.path(folder)
+        found = {str(path.relative_to(root)): read(path) for path in root.rglob("*")
+                 if path.is_file()}
+        self.assertEqual(sorted(found), sorted(expected))
+        for name, text in expected.items():
+            self.assertEqual(found[name], text, name)
+
+
+def read(path):
+    """A file's text with plain line ends; a playlist's time of creation is that of the test."""
+    text = path.read_bytes().decode("utf-8").replace("\n", "\\n").replace("\r\\n", "\n")
+    return re.sub(r"^CreationTime=\d+/\d+/\d{4} \d+:\d\d:\d\d [AP]M$", machine.NOW.strip(), text,
+                  flags=re.MULTILINE)
+
+
+def put_all(files):
+    for name, content in files.items():
+        PREFIX.put(name, content)
+
+
+class TheMove(ScriptCase):
+    """One machine after the other; the steps go in the order of their names."""
+
+    def test_1_the_old_machine_collects(self):
+        put_all(machine.MUSIC_FILES)
+        PREFIX.put("My Documents/Norvo Media/SubNames.txt", machine.OLD_NAMES)
+        PREFIX.set_registry(machine.product(0, machine.OLD_ROOT))
+        self.run_script("Collect.vbs")
+        expected = dict(machine.GENERIC_FILES)
+        expected["MediaList.txt"] = machine.media_list()
+        self.check_files(machine.OLD_AREA, expected)
+        size = PREFIX.registry_value(machine.group_key(machine.OLD_ROOT), "SubGroupSize")
+        self.assertEqual(size, ("REG_BINARY", machine.MEDIA_BYTES))
+        log = read(PREFIX.path("Norvo/VBLog.txt")).splitlines()
+        self.assertEqual(log, machine.COLLECT_LOG[:1] * 2 + machine.COLLECT_LOG[1:])
+
+    def test_2_the_new_machine_restores(self):
+        shutil.rmtree(PREFIX.path("Music"))
+        put_all(machine.PLAYER_FILES)
+        PREFIX.put("Norvo Media/SubNames.txt", machine.NEW_NAMES)
+        PREFIX.set_registry(machine.product(1, machine.NEW_ROOT) + machine.players())
+        self.run_script("Restore.vbs")
+        self.check_files(machine.NATIVE, machine.NATIVE_FILES)
+        for (key, name), folder in machine.PLAYER_SETTINGS.items():
+            self.assertEqual(PREFIX.registry_value(key, name), ("REG_SZ", folder), key)
+        self.assertEqual(read(PREFIX.path("Programs/Winamp/Winamp.ini")), machine.WINAMP_INI)
+
+
+def for_class(name):
+    return lambda case: case.run_script(name)
+
+
+class TheClasses(ScriptCase):
+    """One script for each class and host, on the new machine."""
+
+    @classmethod
+    def setUpClass(cls):
+        put_all(machine.CLASS_FILES)
+        PREFIX.put("Norvo Media/SubNames.txt", machine.NEW_NAMES)
+        PREFIX.set_registry(machine.product(1, machine.NEW_ROOT))
+
+
+for path in sorted(SCRIPTS.iterdir()):
+    if path.is_file() and path.stem not in ("Collect", "Restore"):
+        setattr(TheClasses, f"test_{path.stem}_in_{path.suffix[1:]}", for_class(path.name))
+
+
+class TheJudge(unittest.TestCase):
+    """A script that tells less or other than it planned does not pass."""
+
+    def test_a_whole_output_passes(self):
+        self.assertEqual(script_output.faults("1..2\nok 1 - a\nok 2 - b\ndone\n"), [])
+
+    def test_anything_else_does_not(self):
+        for output in ["", "done\n", "1..1\n", "1..1\nok 1 - a\n", "1..2\nok 1 - a\ndone\n",
+                       "1..1\nnot ok 1 - a: got 1, wanted 2\ndone\n", "1..1\nok 2 - a\ndone\n",
+                       "1..1\nok 1 - a\nok 2 - b\ndone\n", "1..1\nok 1 - a\ndone\nok 2 - b\n",
+                       "ok 1 - a\ndone\n", "1..1\nok 1 - a\nsome error\ndone\n"]:
+            self.assertNotEqual(script_output.faults(output), [], output)
+
+
+def load_tests(loader, _tests, _pattern):
+    """In this order: the playlists of single tests are none of the move."""
+    cases = (TheJudge, TheMove, TheClasses)
+    return unittest.TestSuite(map(loader.loadTestsFromTestCase, cases))
+
+
+def main():
+    global OPTIONS
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--dll", required=True)
+    parser.add_argument("--prefix", help="folder of the machine; made anew and kept")
+    OPTIONS, rest = parser.parse_known_args()
+    with tempfile.TemporaryDirectory(prefix="norvo-scripts-") as folder:
+        OPTIONS.prefix = OPTIONS.prefix or folder + "/machine"
+        unittest.main(argv=["scripts_test.py", *rest])
+
+
+if __name__ == "__main__":
+    main()
