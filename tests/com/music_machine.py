@@ -12,6 +12,7 @@ PLAYER_KEY = "HKEY_CURRENT_USER\\Software\\Microsoft\\MediaPlayer\\Player\\Setti
 SONIQUE_KEY = "HKEY_CURRENT_USER\\Software\\MediaScience\\Sonique\\General Preferences 0.80"
 MUSICMATCH_KEY = "HKEY_LOCAL_MACHINE\\SOFTWARE\\MusicMatch\\MusicMatch Jukebox\\4.0\\"
 APP_PATHS = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\"
+ENTRY_CLASS = "{8EBB6401-6BC6-4589-A380-4D5734B6D533}"
 CLASSES = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Classes\\"
 
 # ------------------------------------------------------------------------------- the registry ----

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Proves the automation library with the script hosts of Wine: one prefix with a machine of its
 own, on which the old machine's calls run first, then the new one's, then one script for each
-class."""
+class, and last that nothing is left when the library is unregistered."""
 
 import argparse
 import re
@@ -24,6 +24,7 @@ def setUpModule():
     folder = Path(OPTIONS.prefix)
     shutil.rmtree(folder, ignore_errors=True)
     PREFIX = WinePrefix(folder)
+    unittest.addModuleCleanup(PREFIX.stop)
     PREFIX.boot()
     PREFIX.bring(OPTIONS.dll, "Norvo/NorvoPlayList.dll")
     for script in [*SCRIPTS.glob("*.vbs"), *SCRIPTS.glob("*.js")]:
@@ -35,11 +36,6 @@ def setUpModule():
     if status != 0:
         raise RuntimeError(f"regsvr32 gave {status}")
     PREFIX.set_registry(machine.surroundings())
-
-
-def tearDownModule():
-    if PREFIX is not None:
-        PREFIX.stop()
 
 
 class ScriptCase(unittest.TestCase):
@@ -116,8 +112,20 @@ class TheClasses(ScriptCase):
 
 
 for path in sorted(SCRIPTS.iterdir()):
-    if path.is_file() and path.stem not in ("Collect", "Restore"):
+    if path.is_file() and path.stem not in ("Collect", "Restore", "Unregistered"):
         setattr(TheClasses, f"test_{path.stem}_in_{path.suffix[1:]}", for_class(path.name))
+
+
+class TheEnd(ScriptCase):
+    """Leaves the machine without the library."""
+
+    def test_unregistering_leaves_no_class_behind(self):
+        server = machine.CLASSES + "CLSID\\" + machine.ENTRY_CLASS + "\\InprocServer32"
+        self.assertEqual(PREFIX.registry_value(server, "ThreadingModel"), ("REG_SZ", "Apartment"))
+        _, status = PREFIX.run("regsvr32", "/s", "/u", "C:\\Norvo\\NorvoPlayList.dll")
+        self.assertEqual(status, 0)
+        self.assertIsNone(PREFIX.registry_value(server, "ThreadingModel"))
+        self.run_script("Unregistered.vbs")
 
 
 class TheJudge(unittest.TestCase):
@@ -136,7 +144,7 @@ class TheJudge(unittest.TestCase):
 
 def load_tests(loader, _tests, _pattern):
     """In this order: the playlists of single tests are none of the move."""
-    cases = (TheJudge, TheMove, TheClasses)
+    cases = (TheJudge, TheMove, TheClasses, TheEnd)
     return unittest.TestSuite(map(loader.loadTestsFromTestCase, cases))
 
 

@@ -1,7 +1,11 @@
-Plan 41
+Plan 43
 
+Dim ended
+ended = 0
 Class Thing
-  Public Name
+  Private Sub Class_Terminate
+    ended = ended + 1
+  End Sub
 End Class
 
 Dim item, following, thing1, value
@@ -34,7 +38,11 @@ value = item.Value
 Raised 94, "a stored Null is no number"
 Set item.mValue = thing1
 Same item.mValue, thing1, "a stored object of the script"
+Set thing1 = Nothing
+Equal ended, CInt(0), "a node keeps its object"
 Set item.mValue = following
+Equal ended, CInt(1), "and lets go of it with another value"
+Set thing1 = New Thing
 Same item.mValue, following, "a stored object of the library"
 value = item.Value
 Raised 13, "a stored object is no number"

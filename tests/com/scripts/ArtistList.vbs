@@ -1,4 +1,4 @@
-Plan 58
+Plan 59
 
 Dim list, key, value, node, sought
 Set list = Made("ArtistList")
@@ -33,6 +33,8 @@ Raised 94, "Null is no value"
 list.Add list, 1
 Raised 13, "an object is no key"
 Equal list.Count, CLng(1), "what raised was not counted"
+list.Add , 1
+Raised 13, "a key is missing"
 list.Add "a"
 Raised 450, "a value is left out"
 list.Add "a", 1, 2

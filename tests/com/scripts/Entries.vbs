@@ -1,4 +1,4 @@
-Plan 61
+Plan 64
 
 Class PlainThing
   Public Entry_EntryType
@@ -16,6 +16,15 @@ Class CountedThing
   Public Property Get Name
     Name = "Counted"
   End Property
+End Class
+
+Dim ended
+ended = 0
+Class MortalThing
+  Public Entry_EntryType
+  Private Sub Class_Terminate
+    ended = ended + 1
+  End Sub
 End Class
 
 Class FailingThing
@@ -158,6 +167,18 @@ Equal entries.Item(1).Entry_SongTitle, "kept", "entries outlive their playlist"
 Set song = entries.Item(1)
 Set entries = Nothing
 Equal song.Entry_SongTitle, "kept", "an entry outlives its collection"
+
+Set entries = Made("Entries")
+Set thing = New MortalThing
+entries.Add thing
+entries.Add thing
+Set thing = Nothing
+Equal ended, CInt(0), "a collection keeps its objects"
+Set thing = entries.Item(2)
+Set entries = Nothing
+Equal ended, CInt(0), "so does a variable"
+Set thing = Nothing
+Equal ended, CInt(1), "nobody keeps an object for longer"
 
 Set entries = Made("Entries")
 entries.Count = 3

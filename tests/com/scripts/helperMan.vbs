@@ -1,4 +1,4 @@
-Plan 38
+Plan 39
 
 Dim controller, mode, patterns, file, header, keys, value
 Set controller = Made("helperMan")
@@ -39,6 +39,8 @@ Equal controller.DataGrabber(file, header, keys), "", "the grabber takes variabl
 Equal file, CInt(1), "a number stays a number"
 Equal header, True, "a boolean stays a boolean"
 Equal keys, "keys", "a text stays as it is"
+value = controller.DataGrabber(file, , keys)
+Raised 13, "a variable in the middle is missing"
 value = controller.DataGrabber(file, header)
 Raised 450, "a variable is left out"
 

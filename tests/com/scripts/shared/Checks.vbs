@@ -32,15 +32,15 @@ End Function
 ' A value with its type.
 Function Shown(value)
   Select Case VarType(value)
-    Case 0 Shown = "Empty"
-    Case 1 Shown = "Null"
-    Case 2 Shown = "Integer " & value
-    Case 3 Shown = "Long " & value
-    Case 5 Shown = "Double " & value
-    Case 7 Shown = "Date " & value
-    Case 8 Shown = "String '" & value & "'"
-    Case 9 Shown = "Object"
-    Case 11 Shown = "Boolean " & CInt(value)
+    Case 0: Shown = "Empty"
+    Case 1: Shown = "Null"
+    Case 2: Shown = "Integer " & value
+    Case 3: Shown = "Long " & value
+    Case 5: Shown = "Double " & value
+    Case 7: Shown = "Date " & value
+    Case 8: Shown = "String '" & value & "'"
+    Case 9: Shown = "Object"
+    Case 11: Shown = "Boolean " & CInt(value)
     Case Else Shown = "type " & VarType(value)
   End Select
 End Function
@@ -89,13 +89,13 @@ End Sub
 
 Function DescriptionOf(number)
   Select Case number
-    Case 5 DescriptionOf = "Invalid procedure call or argument"
-    Case 6 DescriptionOf = "Overflow"
-    Case 13 DescriptionOf = "Type mismatch"
-    Case 93 DescriptionOf = "Invalid pattern string"
-    Case 94 DescriptionOf = "Invalid use of Null"
-    Case 438 DescriptionOf = "Object doesn't support this property or method"
-    Case 450 DescriptionOf = "Wrong number of arguments or invalid property assignment"
+    Case 5: DescriptionOf = "Invalid procedure call or argument"
+    Case 6: DescriptionOf = "Overflow"
+    Case 13: DescriptionOf = "Type mismatch"
+    Case 93: DescriptionOf = "Invalid pattern string"
+    Case 94: DescriptionOf = "Invalid use of Null"
+    Case 438: DescriptionOf = "Object doesn't support this property or method"
+    Case 450: DescriptionOf = "Wrong number of arguments or invalid property assignment"
   End Select
 End Function
 
