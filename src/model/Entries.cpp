@@ -1,7 +1,5 @@
 #include "model/Entries.h"
 
-#include "automation/RunTimeError.h"
-
 namespace norvo {
 
 void Entries::Add(const ObjectRef& entry) {

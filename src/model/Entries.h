@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "automation/MemberTable.h"
+#include "automation/RunTimeError.h"
 #include "model/ObjectList.h"
 
 namespace norvo {
@@ -20,6 +21,18 @@ class Entries final : public TableObject {
 
   /// No object for an index past the end; error 5 for an index below 1.
   ObjectRef Item(std::int32_t index) const { return items_.At(index); }
+
+  /// Calls `visit(entry, index)` for each entry that is there now. Error 91 for one that is gone
+  /// when its turn comes: a host's own object may remove entries while it is asked.
+  template <class Visit>
+  void ForEach(Visit&& visit) const {
+    const std::int16_t count = Count();
+    for (std::int32_t i = 1; i <= count; ++i) {
+      const ObjectRef entry = Item(i);
+      if (!entry) throw RunTimeError(error::kObjectNotSet);
+      visit(*entry, i);
+    }
+  }
 
   /// See `ObjectList::RemoveByName`.
   bool Remove(const String& pattern) { return items_.RemoveByName(pattern); }

@@ -122,8 +122,8 @@ class EntryWriter {
 
 void WriteEntries(ProfileFile& file, const Entries& entries) {
   EntryWriter writer(file, HasAsxEntries(entries.CollectionType()));
-  const std::int16_t count = entries.Count();
-  for (std::int32_t i = 1; i <= count; ++i) writer.Write(*entries.Item(i), i);
+  entries.ForEach(
+      [&](AutomationObject& entry, std::int32_t position) { writer.Write(entry, position); });
 }
 
 }  // namespace

@@ -45,19 +45,12 @@ class NativeFile {
   bool closed_ = false;
 };
 
-template <class Visit>
-void ForEachEntry(const Entries& entries, Visit&& visit) {
-  const std::int16_t count = entries.Count();
-  for (std::int32_t i = 1; i <= count; ++i) visit(*entries.Item(i), i);
-}
-
 void WriteAsx(Component& component, const PlaylistRecord& playlist) {
   NativeFile file(component, playlist, playlist_type::kWmpAsx);
   const auto write = [&file](StringView line) { file.Write(line); };
   AsxLines lines(playlist, write);
   lines.Begin();
-  ForEachEntry(*playlist.entries,
-               [&](AutomationObject& entry, std::int32_t) { lines.Entry(entry); });
+  playlist.entries->ForEach([&](AutomationObject& entry, std::int32_t) { lines.Entry(entry); });
   lines.End();
   file.Close();
 }
@@ -88,7 +81,7 @@ void WriteWinampM3u(Component& component, const PlaylistRecord& playlist) {
   NativeFile file(component, playlist, playlist_type::kWinampM3u);
   EntryFacts facts;
   file.Write(u"#EXTM3U");
-  ForEachEntry(*playlist.entries, [&](AutomationObject& entry, std::int32_t) {
+  playlist.entries->ForEach([&](AutomationObject& entry, std::int32_t) {
     if (facts.IsExtended(entry)) {
       file.Write(u"#EXTINF:" + facts.Seconds(entry) + u"," + facts.Title(entry));
     }
@@ -100,7 +93,7 @@ void WriteWinampM3u(Component& component, const PlaylistRecord& playlist) {
 void WriteMusicMatchM3u(Component& component, const PlaylistRecord& playlist) {
   NativeFile file(component, playlist, playlist_type::kMmjbM3u);
   EntryFacts facts;
-  ForEachEntry(*playlist.entries, [&](AutomationObject& entry, std::int32_t) {
+  playlist.entries->ForEach([&](AutomationObject& entry, std::int32_t) {
     file.Write(facts.Path(entry) + u'\0');  // the player wants the NUL
   });
   file.Close();
@@ -110,7 +103,7 @@ void WritePls(Component& component, const PlaylistRecord& playlist) {
   NativeFile file(component, playlist, playlist_type::kSoniquePls);
   EntryFacts facts;
   file.Write(u"[playlist]");
-  ForEachEntry(*playlist.entries, [&](AutomationObject& entry, std::int32_t i) {
+  playlist.entries->ForEach([&](AutomationObject& entry, std::int32_t i) {
     const String number = FormatInteger(i) + u"=";
     if (facts.IsExtended(entry)) {
       file.Write(u"Length" + number + facts.Seconds(entry));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <initializer_list>
 #include <map>
 #include <string>
@@ -55,6 +56,30 @@ class ForeignObject final : public AutomationObject {
 
  private:
   std::map<String, Variant> properties_;
+};
+
+/// A script's object that does something to its collection while it is asked; each of its values
+/// is its name.
+class Meddler final : public AutomationObject {
+ public:
+  using AutomationObject::Call;
+  using AutomationObject::Get;
+  using AutomationObject::Let;
+
+  Meddler(StringView name, std::function<void()> meddle)
+      : name_(name), meddle_(std::move(meddle)) {}
+
+  StringView ClassName() const override { return u"Meddler"; }
+  Variant Get(StringView, Arguments) override {
+    meddle_();
+    return name_;
+  }
+  void Let(StringView, Arguments, const Variant&) override {}
+  Variant Call(StringView name, Arguments arguments) override { return Get(name, arguments); }
+
+ private:
+  String name_;
+  std::function<void()> meddle_;
 };
 
 /// One line for each member of an object's interface: how it is used, its type and its name, and

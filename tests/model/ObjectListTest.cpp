@@ -1,34 +1,9 @@
 #include "model/ObjectList.h"
 
-#include <functional>
-
 #include "model/ModelTest.h"
 
 namespace norvo {
 namespace {
-
-/// A script's object that does something to the list while it is asked for its name.
-class Meddler final : public AutomationObject {
- public:
-  using AutomationObject::Call;
-  using AutomationObject::Get;
-  using AutomationObject::Let;
-
-  Meddler(StringView name, std::function<void()> meddle)
-      : name_(name), meddle_(std::move(meddle)) {}
-
-  StringView ClassName() const override { return u"Meddler"; }
-  Variant Get(StringView, Arguments) override {
-    meddle_();
-    return name_;
-  }
-  void Let(StringView, Arguments, const Variant&) override {}
-  Variant Call(StringView name, Arguments arguments) override { return Get(name, arguments); }
-
- private:
-  String name_;
-  std::function<void()> meddle_;
-};
 
 ObjectRef Named(StringView name) {
   return std::make_shared<ForeignObject>(Values{{u"Name", String(name)}});

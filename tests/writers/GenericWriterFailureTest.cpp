@@ -113,6 +113,22 @@ TEST_F(GenericWriterErrorTest, AnEntryThatFailsEndsTheWritingAndWhatWasSetStays)
   EXPECT_TRUE(log.empty());
 }
 
+TEST_F(GenericWriterErrorTest, AnEntryThatIsGoneWhenItsTurnComesEndsTheWriting) {
+  PlaylistRecord record;
+  record.type = 3;
+  record.name = u"C:\\Mix";
+  bool armed = false;
+  const auto removeFirst = [&] {
+    if (std::exchange(armed, false)) record.entries->Remove(u"*");
+  };
+  for (int i = 0; i < 2; ++i) record.entries->Add(std::make_shared<Meddler>(u"0", removeFirst));
+  armed = true;
+  EXPECT_FALSE(WriteGeneric(component, record, u""));
+  const std::string written = platform->Bytes(u"C:\\Mix.ini");
+  EXPECT_NE(written.find("\r\n[Entry 1 Properties]\r\nArtist=0\r\n"), std::string::npos);
+  EXPECT_EQ(written.find("[Entry 2 Properties]"), std::string::npos);
+}
+
 TEST_F(GenericWriterErrorTest, PlainEntriesLackTheAsxKeys) {
   PlaylistRecord record;
   record.type = 2;

@@ -54,6 +54,21 @@ TEST_F(NativeWriterFailureTest, AnErrorEndsTheSyntaxInHandAndWhatWasWrittenStays
                    "torn Sonique\\Mix.pls 33"}));
 }
 
+TEST_F(NativeWriterFailureTest, AnEntryThatIsGoneWhenItsTurnComesEndsTheSyntaxInHand) {
+  NewPlayList(3);
+  bool armed = false;
+  const auto removeFirst = [&] {
+    if (!std::exchange(armed, false)) return;
+    std::vector<Variant> anyName{String(u"*")};
+    Entries()->Call(u"Remove", anyName);
+  };
+  for (int i = 0; i < 2; ++i) Add(std::make_shared<Meddler>(u"3", removeFirst));
+  armed = true;
+  EXPECT_EQ(Write(), Variant(false));
+  EXPECT_TRUE(Text(kAsxFile).ends_with("</Entry>\r\n\r\n"));
+  EXPECT_EQ(Text(kWinampFile), "#EXTM3U\r\n#EXTINF:0,3 - 3\r\n3\r\n");
+}
+
 TEST_F(NativeWriterFailureTest, AnEntryOfAnotherKindThanItsTypeSaysEndsTheAsxFileAlone) {
   NewPlayList(1);
   const ObjectRef entry = component.Create(u"PlsEntry");

@@ -1,4 +1,4 @@
-Plan 89
+Plan 91
 
 Const LISTS = "C:\Norvo Media\PlayLists\"
 Const AREA = "C:\Norvo Media\KVs\"
@@ -160,6 +160,35 @@ With files.OpenTextFile(LISTS & "WinAmp\Own.m3u")
   Equal .AtEndOfStream, True, "and no more"
   .Close
 End With
+
+' An object that takes the entries away while it is asked.
+Class VanishingSong
+  Public Entry_EntryType
+  Public Entry_AlbumName
+  Public Entry_ArtistName
+  Public Entry_CreationDate
+  Public Entry_Duration
+  Public Entry_Genre
+  Public Entry_SongName
+  Public Entry_SongTitle
+  Public Entry_TrackNumber
+  Public Name
+  Public HasExtendedInfo
+  Public Function Entry_DestinationPath
+    other.PlayListEntries.Remove ""
+  End Function
+End Class
+Set other = Made("PlayList")
+other.PlayListType = 3
+other.OriginalFileName = "Vanishing.m3u"
+other.PlayListEntries.CollectionType = 3
+For i = 1 To 2
+  Set value = New VanishingSong
+  value.Entry_EntryType = 3
+  other.PlayListEntries.Add value
+Next
+Equal other.WriteRawPlayList, False, "entries may vanish while they are written"
+Equal other.TotalSongs, CInt(0), "each syntax asked one of them"
 
 Set playlist.PlayListEntries = other.PlayListEntries
 Refused "the entries are read only"
