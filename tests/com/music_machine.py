@@ -130,7 +130,9 @@ MUSIC_FILES = {
     "Recycled/Old.m3u": "#EXTM3U\nC:\\Music\\One.mp3\n",
 }
 MEDIA_BYTES = struct.pack("<d", 6 * len(SONG) + 2 * len(PLAIN)).hex().upper()
-COLLECT_LOG = ["Starting Drive Scan...", "Retrieving List of PlayLists Found",
+# Of two scans and one run of the queue.
+COLLECT_LOG = ["Starting Drive Scan...", "Starting Drive Scan...",
+               "Retrieving List of PlayLists Found",
                "NVERR_FILE_NOT_FOUND, PLAYLIST::ReadMMJB, File Not Found: C:\\Music\\gone.mp3"]
 
 
@@ -232,6 +234,10 @@ GENERIC_FILES = {
 
 # ---------------------------------------------------------------------------- what is restored ----
 
+# Of two runs of the queue. The song without a file name is asked for its path in each syntax.
+RESTORE_LOG = ["Retrieving List of PlayLists Found",
+               *4 * ["The FileName Property has not been set"],
+               "Retrieving List of PlayLists Found"]
 ONE = NEW_ROOT + "Both\\Some Artist\\Some Album\\One.mp3"
 TWO = NEW_ROOT + "Neither\\Two.mp3"
 LIVE = "http://host/live"
@@ -305,7 +311,7 @@ NATIVE_FILES = from_pls("Amp") | from_pls("Sonic") | {
                           "NumberOfEntries=1\nVersion=2\n",
 }
 
-# ------------------------------------------------------------------------ what single tests use ----
+# ----------------------------------------------------------------------- what single tests use ----
 
 # A line with Greek, Chinese, and a character outside the first 65536.
 MANY_SCRIPTS = "\u03b1\u4e2d\u6587\U0001d11e\r\n".encode("utf-16")
