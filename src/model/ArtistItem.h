@@ -17,16 +17,18 @@ class ArtistItem final : public TableObject {
   /// Lets go of the nodes behind its links one after the other, however long the chain is.
   ~ArtistItem() override;
 
+  // What was stored before goes when the new value is in place: a script's object may ask for it
+  // while it ends.
   Variant RawValue() { return value_; }
-  void SetRawValue(const Variant& value) { value_ = value; }
+  void SetRawValue(Variant value) { value_.swap(value); }
   Variant RawKeyID() { return keyId_; }
-  void SetRawKeyID(const Variant& value) { keyId_ = value; }
+  void SetRawKeyID(Variant value) { keyId_.swap(value); }
 
   /// Error 13 or 6 for a stored value that does not convert.
   std::int32_t Value() { return ToInt32(value_); }
-  void SetValue(std::int32_t value) { value_ = value; }
+  void SetValue(std::int32_t value) { SetRawValue(value); }
   String KeyID() { return ToText(keyId_); }
-  void SetKeyID(const String& value) { keyId_ = value; }
+  void SetKeyID(const String& value) { SetRawKeyID(value); }
   Ref NextItem() { return next_; }
   void SetNextItem(const Ref& item) { next_ = item; }
   Ref PreviousItem() { return previous_; }

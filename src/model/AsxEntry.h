@@ -35,7 +35,8 @@ class AsxEntry final : public FormatEntry {
   Variant BitRate() { return bitRate_; }
   void SetBitRate(const Variant& value) { bitRate_ = ToInt32(value); }
   Variant DigitallySecure() { return digitallySecure_; }
-  void SetDigitallySecure(const Variant& value) { digitallySecure_ = value; }
+  /// An object that was stored before goes when the new value is in place.
+  void SetDigitallySecure(Variant value) { digitallySecure_.swap(value); }
   Variant MediaAttribute() { return mediaAttribute_; }
   void SetMediaAttribute(const Variant& value) { mediaAttribute_ = ToInt16(value); }
   Variant MediaType() { return mediaType_; }

@@ -291,6 +291,19 @@ TEST_F(ArtistItemTest, ThePlainFieldsTakeAnyValue) {
   EXPECT_EQ(NumberRaisedBy([&] { item->Get(u"KeyID"); }), error::kTypeMismatch);
 }
 
+TEST_F(ArtistItemTest, AnObjectThatEndsSeesTheValueThatReplacedIt) {
+  const std::pair<StringView, StringView> rows[] = {
+      {u"mValue", u"mValue"}, {u"mValue", u"Value"}, {u"mKeyID", u"mKeyID"}, {u"mKeyID", u"KeyID"}};
+  for (const auto& [field, property] : rows) {
+    SCOPED_TRACE(Utf8(property));
+    const ObjectRef item = NewItem();
+    Variant seen;
+    item->Let(field, EndingWith([&, name = field] { seen = item->Get(name); }));
+    item->Let(property, std::int32_t{5});
+    EXPECT_EQ(ToText(seen), u"5");
+  }
+}
+
 TEST_F(ArtistItemTest, WhatDoesNotConvertChangesNothing) {
   const ObjectRef item = NewItem();
   item->Let(u"Value", std::int32_t{1});

@@ -262,6 +262,13 @@ TEST_P(AsxEntryTest, ValuesThatDoNotConvertRaiseAndChangeNothing) {
   }
 }
 
+TEST_P(AsxEntryTest, AnObjectThatEndsSeesTheValueThatReplacedIt) {
+  Variant seen;
+  object.Let(u"DigitallySecure", EndingWith([&] { seen = object.Get(u"DigitallySecure"); }));
+  object.Let(u"DigitallySecure", true);
+  EXPECT_EQ(seen, Variant(true));
+}
+
 TEST_P(AsxEntryTest, DigitallySecureKeepsAnyValueAsGiven) {
   for (const Variant& value : {Variant(true), Variant(String(u" yes ")), Variant(std::int16_t{5}),
                                Variant(2.5), Variant(ObjectRef()), Variant()}) {

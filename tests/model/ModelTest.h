@@ -82,6 +82,14 @@ class Meddler final : public AutomationObject {
   std::function<void()> meddle_;
 };
 
+/// A script's object that does something when nobody holds it any more.
+inline ObjectRef EndingWith(std::function<void()> work) {
+  return ObjectRef(new ForeignObject(Values{}), [work](const ForeignObject* gone) {
+    work();
+    delete gone;
+  });
+}
+
 /// One line for each member of an object's interface: how it is used, its type and its name, and
 /// a method's parameters.
 inline Lines InterfaceOf(const AutomationObject& object) {

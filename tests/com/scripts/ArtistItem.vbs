@@ -1,4 +1,4 @@
-Plan 43
+Plan 44
 
 Dim ended
 ended = 0
@@ -93,6 +93,17 @@ Raised 13, "a number is no node"
 Set item.NextItem = Made("ArtistItem")
 item.NextItem.KeyID = "kept"
 Equal item.NextItem.KeyID, "kept", "a node that nobody else holds is kept"
+
+' An object that looks at its node while it ends.
+Dim seen
+Class LookingThing
+  Private Sub Class_Terminate
+    seen = item.mValue
+  End Sub
+End Class
+Set item.mValue = New LookingThing
+item.mValue = "new"
+Equal seen, "new", "an object that ends sees the value that replaced it"
 
 Equal item.NEXTITEM.keyid, "kept", "names in another case"
 value = item.Nowhere
