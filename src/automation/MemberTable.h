@@ -141,12 +141,14 @@ struct Signature<R (C::*)(A...)> {
   }
 
  private:
-  /// By-reference parameters (plain references in C++) are written back after the call.
+  /// By-reference parameters (plain references in C++) are written back after the call. What the
+  /// function leaves alone stays in the caller's own type: 1.25 does not become 1 by being looked
+  /// at.
   template <class Parameter, class Value>
   static void WriteBack(Variant& argument, Value& value) {
     if constexpr (std::is_lvalue_reference_v<Parameter> &&
                   !std::is_const_v<std::remove_reference_t<Parameter>>) {
-      argument = Wrap(std::move(value));
+      if (Binding<Value>::From(argument) != value) argument = Wrap(std::move(value));
     }
   }
 

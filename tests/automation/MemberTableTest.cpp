@@ -33,6 +33,7 @@ class Sample final : public TableObject {
   void Fill(String& text, const Variant& extra) {
     text = std::holds_alternative<Missing>(extra) ? u"alone" : u"together";
   }
+  void Look(std::int32_t&) {}
   std::int32_t Secret() const { return secret_; }
 
  protected:
@@ -45,7 +46,8 @@ class Sample final : public TableObject {
          Method<&Sample::Join>(u"Join", {In(u"First"), Optional(u"Second")}),
          Method<&Sample::Swap>(u"Swap", {ByRef(u"Text"), ByRef(u"Number"), In(u"Added")}),
          Method<&Sample::Raise>(u"Raise", {ByRef(u"Text")}),
-         Method<&Sample::Fill>(u"Fill", {ByRef(u"Text"), Optional(u"Extra")})});
+         Method<&Sample::Fill>(u"Fill", {ByRef(u"Text"), Optional(u"Extra")}),
+         Method<&Sample::Look>(u"Look", {ByRef(u"Number")})});
     return table;
   }
 
@@ -120,6 +122,12 @@ TEST_F(MemberTableTest, ArgumentsByReferenceAreWrittenBackInTheirOwnType) {
   EXPECT_EQ(arguments[2], Variant(std::int32_t{2}));
 }
 
+TEST_F(MemberTableTest, ArgumentsByReferenceThatAreLeftAloneKeepTheirType) {
+  std::vector<Variant> arguments{1.25};
+  object->Call(u"Look", arguments);
+  EXPECT_EQ(arguments[0], Variant(1.25));
+}
+
 TEST_F(MemberTableTest, ArgumentsByReferenceAreWrittenBackBesideMissingOnes) {
   std::vector<Variant> arguments{String(u"before")};
   object->Call(u"Fill", arguments);
@@ -157,7 +165,7 @@ TEST_F(MemberTableTest, ObjectsMustBeOfTheMembersClassOrNone) {
 
 TEST_F(MemberTableTest, TheTableShowsMembersInTheirOrderWithTheirTypes) {
   const std::vector<Member>& members = object->Members()->All();
-  ASSERT_EQ(members.size(), 8u);
+  ASSERT_EQ(members.size(), 9u);
   EXPECT_TEXT(members[0].name, u"Name");
   EXPECT_EQ(members[0].type, ValueType::Text);
   EXPECT_FALSE(members[0].isMethod);
