@@ -1,6 +1,5 @@
 // Every thread of a client has the library for itself.
 
-#include <barrier>
 #include <thread>
 
 #include "clients/ClientTest.h"
@@ -9,6 +8,21 @@ namespace norvo::clients {
 namespace {
 
 using ThreadsTest = ClientTest;
+
+/// An event that one thread waits for and another sets.
+class Signal {
+ public:
+  Signal() : handle_(::CreateEventW(nullptr, TRUE, FALSE, nullptr)) {}
+  ~Signal() { ::CloseHandle(handle_); }
+  Signal(const Signal&) = delete;
+  Signal& operator=(const Signal&) = delete;
+
+  void Set() { ::SetEvent(handle_); }
+  void Wait() { ::WaitForSingleObject(handle_, INFINITE); }
+
+ private:
+  HANDLE handle_;
+};
 
 /// Makes a collection with objects in it, and looks at all of them.
 void WorkWithCollections() {
@@ -29,35 +43,36 @@ void WorkWithCollections() {
 }
 
 TEST_F(ThreadsTest, TwoThreadsWorkSideBySide) {
-  std::barrier start(2);
+  Signal start;
   const auto work = [&start] {
     const ClientThread own;
     const SideBySide found;
-    start.arrive_and_wait();
+    start.Wait();
     WorkWithCollections();
   };
   std::thread first(work), second(work);
+  start.Set();
   first.join();
   second.join();
 }
 
 TEST_F(ThreadsTest, ObjectsOfTwoThreadsAreCountedTogether) {
-  std::barrier step(2);
+  Signal made, end;
   std::thread other([&] {
     const ClientThread own;
     const SideBySide found;
     const auto entry = Create<::Entry, _Entry>();
-    step.arrive_and_wait();
-    step.arrive_and_wait();
+    made.Set();
+    end.Wait();
   });
   {
     const auto entry = Create<::Entry, _Entry>();
-    step.arrive_and_wait();
+    made.Wait();
     EXPECT_EQ(server.CountObjects(), 2);
   }
   EXPECT_EQ(server.CountObjects(), 1);
   EXPECT_EQ(server.CanUnloadNow(), S_FALSE) << "the other thread has one";
-  step.arrive_and_wait();
+  end.Set();
   other.join();
 }
 
