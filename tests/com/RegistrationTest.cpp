@@ -6,8 +6,8 @@
 
 #include "com/ComTest.h"
 #include "com/Faces.h"
-#include "com/ModulePath.h"
 #include "com/NorvoPlayList.h"
+#include "platform/windows/ModulePath.h"
 
 namespace norvo::com {
 namespace {
@@ -174,6 +174,27 @@ TEST_F(RegistrationTest, OtherProductsKeepTheirs) {
   ASSERT_EQ(Register(RegisteredFor::User), S_OK);
   ASSERT_EQ(Unregister(RegisteredFor::User), S_OK);
   EXPECT_EQ(OfUser(), before);
+}
+
+TEST_F(RegistrationTest, WhatTheLibraryOfTheOtherBitnessNeedsStays) {
+  ASSERT_EQ(Register(RegisteredFor::User), S_OK);
+  const std::wstring library = L"\\TypeLib\\" + TextOf(LIBID_NorvoPlayList);
+  const std::wstring other =
+      library + (sizeof(void*) == 8 ? L"\\1.0\\0\\win32" : L"\\1.0\\0\\win64");
+  HKEY key = nullptr;
+  ::RegCreateKeyExW(user_, (L"Software\\Classes" + other).c_str(), 0, nullptr, 0, KEY_ALL_ACCESS,
+                    nullptr, &key, nullptr);
+  ::RegSetValueExW(key, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(L"x"), 4);
+  ::RegCloseKey(key);
+  ASSERT_EQ(Unregister(RegisteredFor::User), S_OK);
+  const Values left = OfUser();
+  EXPECT_EQ(left.at(other + L"|"), L"x");
+  EXPECT_EQ(left.at(library + L"\\1.0|"), L"Norvo Media Playlist Parser");
+  EXPECT_EQ(left.at(L"\\NorvoPlayList.PlayList|"), L"NorvoPlayList.PlayList");
+  for (const auto& [name, value] : left) {
+    EXPECT_FALSE(name.starts_with(L"\\CLSID") || name.starts_with(L"\\Interface"));
+    EXPECT_NE(value, Wide(ModulePath()));
+  }
 }
 
 TEST_F(RegistrationTest, TakingBackWhatIsNotThereDoesNoHarm) {

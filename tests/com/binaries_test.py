@@ -23,6 +23,7 @@ MACHINES = {"amd64": 0x8664, "x86": 0x014C}
 # What a type library says of the system that it is made for.
 SYSTEM_KINDS = {"amd64": 3, "x86": 1}
 VERSION_RESOURCE = 16
+MANIFEST_RESOURCE = 24
 
 
 class Image:
@@ -116,6 +117,9 @@ class BinariesTest(unittest.TestCase):
         text = version.decode("utf-16-le", errors="replace")
         for expected in ["VS_VERSION_INFO", "Norvo Media Playlist Parser", "NorvoPlayList.dll"]:
             self.assertIn(expected, text)
+
+    def test_it_carries_its_manifest(self):
+        self.assertEqual(self.image.resource(MANIFEST_RESOURCE), MANIFEST.read_bytes())
 
     def test_the_manifest_lists_all_that_the_type_library_has(self):
         idl, manifest = IDL.read_text(), MANIFEST.read_text()
