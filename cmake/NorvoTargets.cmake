@@ -2,11 +2,8 @@
 
 add_library(norvo_warnings INTERFACE)
 target_compile_options(norvo_warnings INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wcast-qual)
-if(NOT WIN32)
-  # Interfaces of the Windows system have no virtual destructor, by its rules.
-  target_compile_options(norvo_warnings INTERFACE -Wnon-virtual-dtor)
-endif()
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
+  -Wold-style-cast -Wcast-qual)
 if(NORVO_WARNINGS_AS_ERRORS)
   target_compile_options(norvo_warnings INTERFACE -Werror)
 endif()
