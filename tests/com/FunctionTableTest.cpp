@@ -1,13 +1,12 @@
-// The three faces of every member: the class's member table, the type library, and the entry in the
-// dual interface's table of functions. One that was forgotten or changed in one of them fails here.
+// Every place in the table of functions of every dual interface, called as early-bound clients call
+// it: a binding that was forgotten, or leads to another member, fails here.
 
 #include <algorithm>
 #include <array>
 #include <utility>
 
-#include "com/ComTest.h"
 #include "com/Face.h"
-#include "com/Faces.h"
+#include "com/TypeLibraryTest.h"
 
 namespace norvo::com {
 namespace {
@@ -64,92 +63,6 @@ class Spy final : public TableObject {
   std::vector<Seen> seen_;
 };
 
-/// A function of an interface as the type library describes it; released at the end.
-class Function {
- public:
-  Function(ITypeInfo& type, UINT index) : type_(type) {
-    EXPECT_EQ(type.GetFuncDesc(index, &description_), S_OK);
-    BSTR names[8] = {};
-    UINT count = 0;
-    EXPECT_EQ(type.GetNames(description_->memid, names, 8, &count), S_OK);
-    for (UINT i = 0; i < count; ++i) {
-      names_.push_back(FromBasicString(names[i]));
-      ::SysFreeString(names[i]);
-    }
-  }
-  ~Function() { type_.ReleaseFuncDesc(description_); }
-  Function(const Function&) = delete;
-  Function& operator=(const Function&) = delete;
-
-  const FUNCDESC* operator->() const { return description_; }
-  /// The member's, then those of its parameters.
-  const std::vector<String>& Names() const { return names_; }
-  std::size_t Parameters() const { return static_cast<std::size_t>(description_->cParams); }
-  const ELEMDESC& Parameter(std::size_t index) const {
-    return description_->lprgelemdescParam[index];
-  }
-  bool HasResult() const {
-    return Parameters() != 0 &&
-           (Parameter(Parameters() - 1).paramdesc.wParamFlags & PARAMFLAG_FRETVAL) != 0;
-  }
-  String Help() const {
-    BasicString help;
-    type_.GetDocumentation(description_->memid, nullptr, help.Receive(), nullptr, nullptr);
-    return FromBasicString(help.Get());
-  }
-
- private:
-  ITypeInfo& type_;
-  FUNCDESC* description_ = nullptr;
-  std::vector<String> names_;
-};
-
-/// "VARIANT", "long" and so on, as the type library has it; "+" before what is referred to.
-std::string TypeText(ITypeInfo& type, const TYPEDESC& description) {
-  switch (description.vt) {
-    case VT_BOOL:
-      return "Boolean";
-    case VT_UI1:
-      return "Byte";
-    case VT_I2:
-      return "Int16";
-    case VT_I4:
-      return "Int32";
-    case VT_R8:
-      return "Double";
-    case VT_BSTR:
-      return "Text";
-    case VT_VARIANT:
-      return "Any";
-    case VT_DISPATCH:
-      return "Object";
-    case VT_SAFEARRAY:
-      return TypeText(type, *description.lptdesc) + "s";
-    case VT_USERDEFINED: {
-      ComPointer<ITypeInfo> other;
-      TYPEATTR* attributes = nullptr;
-      if (FAILED(type.GetRefTypeInfo(description.hreftype, other.Receive()))) return "nothing";
-      if (FAILED(other->GetTypeAttr(&attributes))) return "nothing";
-      const bool isObject =
-          attributes->typekind == TKIND_DISPATCH || attributes->typekind == TKIND_INTERFACE;
-      other->ReleaseTypeAttr(attributes);
-      return isObject ? "interface" : "nothing";
-    }
-    case VT_PTR: {
-      const std::string target = TypeText(type, *description.lptdesc);
-      return target == "interface" ? "Object" : "+" + target;
-    }
-    default:
-      return "type " + std::to_string(description.vt);
-  }
-}
-
-std::string TypeText(ValueType type) {
-  static constexpr std::array kNames{"none",   "Boolean", "Byte",   "Int16", "Int32",
-                                     "Double", "Text",    "Object", "Texts", "Any"};
-  return kNames.at(static_cast<std::size_t>(type));
-}
-
 /// One class with its face over a spy.
 struct Faced {
   ComPointer<IDispatch> face;
@@ -184,161 +97,13 @@ constexpr ClassRow kClasses[] = {
     {u"ArtistItem", FaceOverSpy<ArtistItemBinding, ::ArtistItem>},
 };
 
-class InterfacesAgreeTest : public ComTest {
- protected:
-  InterfacesAgreeTest() {
-    const std::string path = NORVO_DLL;
-    EXPECT_EQ(::LoadTypeLibEx(std::wstring(path.begin(), path.end()).c_str(), REGKIND_NONE,
-                              library.Receive()),
-              S_OK);
-  }
+class FunctionTableTest : public TypeLibraryTest {};
 
-  /// The table of functions of a class's interface, as the DLL's type library describes it.
-  ComPointer<ITypeInfo> TypeOf(StringView className) {
-    const String name = u"_" + String(className);
-    ComPointer<ITypeInfo> dispatch, dual;
-    for (UINT i = 0; i < library->GetTypeInfoCount(); ++i) {
-      if (NameOf(i) == name) library->GetTypeInfo(i, dispatch.Receive());
-      if (dispatch) break;
-    }
-    HREFTYPE reference = 0;
-    // The other side of a dual interface goes by this number.
-    EXPECT_EQ(dispatch->GetRefTypeOfImplType(static_cast<UINT>(-1), &reference), S_OK);
-    EXPECT_EQ(dispatch->GetRefTypeInfo(reference, dual.Receive()), S_OK);
-    return dual;
-  }
-  String NameOf(UINT index) {
-    BasicString name;
-    library->GetDocumentation(static_cast<INT>(index), name.Receive(), nullptr, nullptr, nullptr);
-    return FromBasicString(name.Get());
-  }
-  static UINT CountFunctions(ITypeInfo& type) {
-    TYPEATTR* attributes = nullptr;
-    EXPECT_EQ(type.GetTypeAttr(&attributes), S_OK);
-    const UINT count = attributes->cFuncs;
-    type.ReleaseTypeAttr(attributes);
-    return count;
-  }
-  const MemberTable& TableOf(StringView className) {
-    return *apartment->Create(className)->Members();
-  }
-
-  ComPointer<ITypeLib> library;
-};
-
-/// How a member is used, as either side says it.
-struct Uses {
-  bool call = false, get = false, put = false, set = false;
-
-  void Add(INVOKEKIND kind) {
-    call = call || kind == INVOKE_FUNC;
-    get = get || kind == INVOKE_PROPERTYGET;
-    put = put || kind == INVOKE_PROPERTYPUT;
-    set = set || kind == INVOKE_PROPERTYPUTREF;
-  }
-};
-
-TEST_F(InterfacesAgreeTest, EveryClassIsInTheList) {
+TEST_F(FunctionTableTest, EveryClassIsInTheList) {
   std::vector<String> listed, made;
   for (const ClassRow& row : kClasses) listed.emplace_back(row.name);
   for (const PublicClass& each : PublicClasses()) made.emplace_back(each.name);
   EXPECT_EQ(listed, made);
-}
-
-TEST_F(InterfacesAgreeTest, TheTypeLibraryHasTheClassesAndTheirInterfacesAndNoMore) {
-  std::vector<String> expected{u"__Entry"}, found;
-  for (const ClassRow& row : kClasses) {
-    expected.emplace_back(row.name);
-    expected.push_back(u"_" + String(row.name));
-  }
-  for (UINT i = 0; i < library->GetTypeInfoCount(); ++i) found.push_back(NameOf(i));
-  std::ranges::sort(expected);
-  std::ranges::sort(found);
-  EXPECT_EQ(Utf8(found), Utf8(expected));
-}
-
-TEST_F(InterfacesAgreeTest, MembersAreTheSameInTheSameOrder) {
-  for (const ClassRow& row : kClasses) {
-    const MemberTable& table = TableOf(row.name);
-    const ComPointer<ITypeInfo> type = TypeOf(row.name);
-    std::vector<String> expected, found;
-    for (const Member& member : table.All()) expected.emplace_back(member.name);
-    MEMBERID last = 0;
-    for (UINT i = 0; i < CountFunctions(*type.Get()); ++i) {
-      const Function function(*type.Get(), i);
-      EXPECT_EQ(static_cast<UINT>(function->oVft), (7 + i) * sizeof(void*)) << "IDispatch has 7";
-      if (function->memid != last) {
-        EXPECT_EQ(function->memid, last + 1);
-        found.push_back(function.Names()[0]);
-      }
-      last = function->memid;
-    }
-    EXPECT_EQ(Utf8(found), Utf8(expected)) << Utf8(row.name);
-  }
-}
-
-TEST_F(InterfacesAgreeTest, MembersAreUsedInTheSameWays) {
-  for (const ClassRow& row : kClasses) {
-    const std::vector<Member>& members = TableOf(row.name).All();
-    const ComPointer<ITypeInfo> type = TypeOf(row.name);
-    std::vector<Uses> uses(members.size());
-    for (UINT i = 0; i < CountFunctions(*type.Get()); ++i) {
-      const Function function(*type.Get(), i);
-      uses.at(static_cast<std::size_t>(function->memid) - 1).Add(function->invkind);
-    }
-    for (std::size_t i = 0; i < members.size(); ++i) {
-      SCOPED_TRACE(Utf8(row.name) + "." + Utf8(members[i].name));
-      const bool assignable = members[i].let != nullptr;
-      const bool isObject = members[i].type == ValueType::Object;
-      EXPECT_EQ(uses[i].call, members[i].isMethod);
-      EXPECT_EQ(uses[i].get, !members[i].isMethod && members[i].call != nullptr);
-      EXPECT_EQ(uses[i].put, assignable && !isObject);
-      // A variant takes an object as well.
-      if (members[i].type != ValueType::Any) {
-        EXPECT_EQ(uses[i].set, assignable && isObject);
-      }
-      if (!assignable) {
-        EXPECT_FALSE(uses[i].set);
-      }
-    }
-  }
-}
-
-TEST_F(InterfacesAgreeTest, TypesAndMarksOfParametersAreTheSame) {
-  for (const ClassRow& row : kClasses) {
-    const std::vector<Member>& members = TableOf(row.name).All();
-    const ComPointer<ITypeInfo> type = TypeOf(row.name);
-    for (UINT i = 0; i < CountFunctions(*type.Get()); ++i) {
-      const Function function(*type.Get(), i);
-      const Member& member = members.at(static_cast<std::size_t>(function->memid) - 1);
-      SCOPED_TRACE(Utf8(row.name) + "." + Utf8(member.name));
-      EXPECT_NE(function.Help(), u"");
-      const bool isLet = (function->invkind & (INVOKE_PROPERTYPUT | INVOKE_PROPERTYPUTREF)) != 0;
-      const std::vector<Parameter> expected =
-          isLet ? std::vector<Parameter>{{u"value", member.type, member.letByReference, false}}
-                : member.parameters;
-      const bool hasResult = !isLet && member.type != ValueType::None;
-      ASSERT_EQ(function.HasResult(), hasResult);
-      ASSERT_EQ(function.Parameters(), expected.size() + (hasResult ? 1 : 0));
-      for (std::size_t k = 0; k < expected.size(); ++k) {
-        const ELEMDESC& found = function.Parameter(k);
-        const USHORT flags = found.paramdesc.wParamFlags;
-        EXPECT_EQ(TypeText(*type.Get(), found.tdesc),
-                  (expected[k].byReference ? "+" : "") + TypeText(expected[k].type));
-        EXPECT_NE(flags & PARAMFLAG_FIN, 0);
-        EXPECT_EQ((flags & PARAMFLAG_FOUT) != 0, expected[k].byReference);
-        EXPECT_EQ((flags & PARAMFLAG_FOPT) != 0, expected[k].optional);
-        // The system does not tell what the value of an assignment is called.
-        if (!isLet) {
-          EXPECT_TEXT(function.Names().at(k + 1), expected[k].name);
-        }
-      }
-      if (hasResult) {
-        EXPECT_EQ(TypeText(*type.Get(), function.Parameter(expected.size()).tdesc),
-                  "+" + TypeText(member.type));
-      }
-    }
-  }
 }
 
 /// The value of an argument or a result on its way through an early-bound call.
@@ -506,7 +271,7 @@ class SlotCall {
   std::vector<Variant> changed_;
 };
 
-TEST_F(InterfacesAgreeTest, EveryPlaceInTheTableOfFunctionsReachesItsMember) {
+TEST_F(FunctionTableTest, EveryPlaceInTheTableOfFunctionsReachesItsMember) {
   for (const ClassRow& row : kClasses) {
     const Faced faced = row.make(apartment, TableOf(row.name));
     ASSERT_TRUE(faced.face);
