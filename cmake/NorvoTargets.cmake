@@ -26,6 +26,19 @@ else()
   set(NORVO_WINDOWS_FOLDER x86)
 endif()
 
+# norvo_room(TARGET FOLDER...): lets a target, and those that depend on it, include the headers of
+# these folders of src/ as "folder/Header.h", and of no others: the compiler is shown a folder that
+# holds nothing but links to them. So an include that points up the picture finds no file.
+function(norvo_room target)
+  set(view "${PROJECT_BINARY_DIR}/rooms/${target}")
+  foreach(folder IN LISTS ARGN)
+    get_filename_component(parent "${view}/${folder}" DIRECTORY)
+    file(MAKE_DIRECTORY "${parent}")
+    file(CREATE_LINK "${PROJECT_SOURCE_DIR}/src/${folder}" "${view}/${folder}" SYMBOLIC)
+  endforeach()
+  target_include_directories(${target} PUBLIC "$<BUILD_INTERFACE:${view}>")
+endfunction()
+
 # norvo_subsystem(NAME [DEPENDS subsystem...]): one folder of src/ as a static library. Its
 # sources are all .cpp files of the folder; it may include only what its dependencies offer.
 function(norvo_subsystem name)
@@ -34,8 +47,8 @@ function(norvo_subsystem name)
   file(GLOB headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.h")
   string(REPLACE "/" "_" target "norvo_${name}")
   add_library(${target} STATIC ${sources} ${headers})
+  norvo_room(${target} ${name})
   target_include_directories(${target} PUBLIC
-    "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>"
     "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/NorvoPlayList>")
   target_compile_features(${target} PUBLIC cxx_std_20)
   target_link_libraries(${target}

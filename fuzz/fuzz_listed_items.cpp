@@ -1,8 +1,8 @@
 // Any bytes as a playlist that the host looks at on its own, in every syntax: what is listed can be
 // looked for, and what is found is there.
 #include "FuzzedPlaylist.h"
-#include "host/lists/ListedItems.h"
-#include "host/lists/ReferenceFinder.h"
+#include "lists/ListedItems.h"
+#include "lists/ReferenceFinder.h"
 
 namespace {
 

@@ -15,20 +15,17 @@ def allowed_folders():
     for name, depends in DECLARED.findall((SOURCE / "CMakeLists.txt").read_text()):
         targets = [target.removeprefix("norvo_") for target in depends.split()]
         direct[name] = [target.replace("platform_", "platform/") for target in targets]
-    library = list(direct)
-    direct["host/lists"] = ["services"]
-    direct["host/overlay"] = ["services"]
+    rooms = list(direct)
     direct["com"] = ["library", "platform/windows"]
     direct["com/dll"] = ["com"]
     allowed = {}
     for name, found in direct.items():
         allowed[name] = {name, *found, *(each for folder in found for each in allowed[folder])}
-    # The commands know no system; the room of each, and the move, know the commands.
-    host = {*library, "host", "host/lists", "host/overlay"} - {"platform/hosted", "platform/windows"}
-    hosted = {*host, "host/hosted", "platform/hosted"}
-    return {**allowed, "host": host, "host/hosted": hosted,
-            "host/migrate": {*hosted, "host/migrate"},
-            "host/windows": {*host, "host/windows", "platform/windows"}}
+    # The program's rooms are one library together; one of them knows the system.
+    program = {*rooms, "cli", "move"} - {"platform/hosted", "platform/windows"}
+    posix = {*program, "cli/posix", "machines", "platform/hosted"}
+    return {**allowed, "cli": posix, "cli/posix": posix, "machines": posix, "move": posix,
+            "cli/windows": {*program, "cli/windows", "platform/windows"}}
 
 
 def main():

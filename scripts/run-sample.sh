@@ -23,7 +23,7 @@ cd "$project"
 # Runs the program, which ends with 1 when it has something to name on standard error.
 run_program() {
   status=0
-  build/run/src/host/norvo-playlists "$@" || status=$?
+  build/run/src/cli/norvo-playlists "$@" || status=$?
   [ "$status" -le 1 ] || exit "$status"
 }
 

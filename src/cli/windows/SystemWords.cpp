@@ -1,0 +1,16 @@
+#include "cli/SystemWords.h"
+
+namespace norvo::host {
+
+const SystemWords kWords = {
+    .initCommand = "norvo-playlists init",
+    .registry = "the registry",
+    .unwritableRegistry =
+        "The registry cannot be written below HKEY_LOCAL_MACHINE\\SOFTWARE\\Norvo. "
+        "Run the program as an administrator.",
+    .makeWritable = "See that you may write there",
+    .lacksDrive = "this machine does not have",
+    .checkRights = "See that you may read and write there.",
+};
+
+}  // namespace norvo::host

@@ -1,0 +1,153 @@
+#include "lists/AsxItems.h"
+
+#include <optional>
+#include <utility>
+
+#include "lists/ItemText.h"
+#include "lists/MarkupScanner.h"
+#include "lists/XmlEntities.h"
+
+namespace norvo {
+namespace {
+
+/// An entry on its way through the tags. Names come from elements and from Params, which go first.
+struct OpenEntry {
+  std::vector<String> references;
+  String title;
+  String author;
+  String paramName;
+  String artist;
+  String album;
+  String otherAlbum;
+};
+
+struct ParamRow {
+  StringView name;
+  String OpenEntry::*field;
+};
+constexpr ParamRow kParams[] = {{u"Name", &OpenEntry::paramName},
+                                {u"Artist", &OpenEntry::artist},
+                                {u"Album", &OpenEntry::album},
+                                {u"WM/AlbumTitle", &OpenEntry::otherAlbum}};
+
+String ShownText(StringView raw) {
+  return OnOneLine(DecodeEntities(raw));
+}
+
+/// Neither files nor addresses have angle brackets: from there on it is what a forgotten quote
+/// took in.
+String ReferenceText(StringView raw) {
+  return OnOneLine(String(raw.substr(0, raw.find_first_of(u"<>"))));
+}
+
+ListedItem Finished(OpenEntry entry) {
+  ListedItem item;
+  item.references = std::move(entry.references);
+  item.title = std::move(entry.paramName.empty() ? entry.title : entry.paramName);
+  item.artist = std::move(entry.artist.empty() ? entry.author : entry.artist);
+  item.album = std::move(entry.album.empty() ? entry.otherAlbum : entry.album);
+  return item;
+}
+
+/// Makes items of the tags that no banner hides.
+class EntryCollector {
+ public:
+  void TakeTag(const MarkupScanner& tags) {
+    if (tags.Opens(u"Entry") || tags.Closes(u"Entry")) {
+      EndEntry();
+      if (tags.Opens(u"Entry") && !tags.IsSelfClosing()) entry_.emplace();
+    } else if (entry_ && tags.Opens(u"Ref")) {
+      AddReference(tags.Attribute(u"href"));
+    } else if (entry_ && tags.Opens(u"Param")) {
+      TakeParam(tags.Attribute(u"name"), tags.Attribute(u"value"));
+    } else if (entry_ && !tags.IsSelfClosing()) {
+      if (tags.Opens(u"Title")) element_ = &entry_->title;
+      if (tags.Opens(u"Author")) element_ = &entry_->author;
+    }
+  }
+
+  /// The text in front of a tag, whatever the tag.
+  void TakeText(StringView text) {
+    String* const element = std::exchange(element_, nullptr);
+    if (element != nullptr && element->empty()) *element = ShownText(text);
+  }
+
+  void EndEntry() {
+    element_ = nullptr;
+    if (entry_ && !entry_->references.empty()) items_.push_back(Finished(std::move(*entry_)));
+    entry_.reset();
+  }
+
+  std::size_t Count() const { return items_.size(); }
+  std::vector<ListedItem> Items() && { return std::move(items_); }
+
+ private:
+  void AddReference(StringView href) {
+    String reference = ReferenceText(href);
+    if (!reference.empty()) entry_->references.push_back(std::move(reference));
+  }
+
+  void TakeParam(StringView name, StringView value) {
+    String shown = ShownText(value);
+    for (const ParamRow& row : kParams) {
+      const bool tells = !shown.empty() && EqualsIgnoreCase(CleanText(name), row.name);
+      if (tells) (*entry_).*row.field = std::move(shown);
+    }
+  }
+
+  std::vector<ListedItem> items_;
+  std::optional<OpenEntry> entry_;
+  String* element_ = nullptr;  // of entry_: takes the text that comes next
+};
+
+/// Places of the Banner tags that hide what follows them, up to the next </Banner>: it comes before
+/// another Banner begins, and before the end of the entry that the Banner stands in.
+std::vector<std::size_t> HidingBanners(StringView text) {
+  std::vector<std::size_t> hiding;
+  constexpr std::size_t kNone = StringView::npos;
+  std::size_t open = kNone;
+  std::size_t entries = 0;  // opened since then
+  for (MarkupScanner tags(text); tags.Next() && !tags.Closes(u"Asx");) {
+    if (tags.Opens(u"Banner") && !tags.IsSelfClosing()) {
+      open = tags.Position();
+      entries = 0;
+    } else if (open != kNone && tags.Closes(u"Banner")) {
+      hiding.push_back(open);
+      open = kNone;
+    } else if (tags.Opens(u"Entry") && !tags.IsSelfClosing()) {
+      ++entries;
+    } else if (tags.Closes(u"Entry")) {
+      if (entries == 0) open = kNone;
+      if (entries > 0) --entries;
+    }
+  }
+  return hiding;
+}
+
+void SkipBanner(MarkupScanner& tags) {
+  while (tags.Next() && !tags.Closes(u"Banner")) {
+  }
+}
+
+}  // namespace
+
+std::vector<ListedItem> AsxItems(StringView text, std::size_t most) {
+  const std::vector<std::size_t> hiding = HidingBanners(text);
+  auto banner = hiding.begin();
+  EntryCollector entries;
+  MarkupScanner tags(text);
+  while (tags.Next() && !tags.Closes(u"Asx") && entries.Count() < most) {
+    entries.TakeText(tags.TextBefore());
+    if (banner != hiding.end() && *banner == tags.Position()) {
+      SkipBanner(tags);
+      ++banner;
+    } else {
+      entries.TakeTag(tags);
+    }
+  }
+  entries.TakeText(tags.TextBefore());
+  entries.EndEntry();
+  return std::move(entries).Items();
+}
+
+}  // namespace norvo

@@ -1,0 +1,47 @@
+#include "lists/ItemText.h"
+
+#include <algorithm>
+
+namespace norvo {
+namespace {
+
+bool IsBlank(char16_t unit) {
+  return unit <= u' ' || unit == 0xFEFF;
+}
+
+}  // namespace
+
+StringView TakeLine(StringView& rest) {
+  const std::size_t end = std::min(rest.find_first_of(u"\r\n"), rest.size());
+  const StringView line = rest.substr(0, end);
+  rest.remove_prefix(std::min(end + 1, rest.size()));
+  return line;
+}
+
+StringView CleanText(StringView text) {
+  text = text.substr(0, text.find(u'\0'));
+  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+String OnOneLine(String text) {
+  text.resize(std::min(text.find(u'\0'), text.size()));
+  std::replace_if(
+      text.begin(), text.end(), [](char16_t unit) { return unit < u' '; }, u' ');
+  const StringView clean = CleanText(text);
+  return clean.size() == text.size() ? text : String(clean);
+}
+
+void SetNames(ListedItem& item, StringView shown) {
+  constexpr StringView kBetween = u" - ";
+  const std::size_t at = shown.find(kBetween);
+  if (at == StringView::npos) {
+    item.title = CleanText(shown);
+    return;
+  }
+  item.artist = CleanText(shown.substr(0, at));
+  item.title = CleanText(shown.substr(at + kBetween.size()));
+}
+
+}  // namespace norvo

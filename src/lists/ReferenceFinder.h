@@ -1,0 +1,46 @@
+#pragma once
+
+#include <optional>
+
+#include "services/Component.h"
+#include "text/Text.h"
+
+namespace norvo {
+
+/// What a reference of a playlist turned out to be.
+struct FoundReference {
+  enum class Kind {
+    File,      ///< a song on a fixed drive or RAM disk
+    Address,   ///< stays as it is: internet, a share, a removable, CD-ROM or network drive
+    NotMedia,  ///< a file on a fixed drive or RAM disk, but no song by any means
+    Missing    ///< nothing of these
+  };
+
+  Kind kind = Kind::Missing;
+  /// Of a file the full path on the machine, its last name as the disk spells it. Of an address
+  /// the reference, made a full path when it is not one as written. Of what is missing the
+  /// reference.
+  String path;
+};
+
+/// Finds what the references of playlists mean, by all the ways in which programs write them. None
+/// of its questions raises, and none changes the component's state.
+class ReferenceFinder {
+ public:
+  /// The component must outlive the finder.
+  explicit ReferenceFinder(Component& component) : component_(component) {}
+
+  /// The first meaning that is there, for a reference in a playlist of that folder (a full path,
+  /// with or without a backslash at its end). An address is told by its text, or by the type of
+  /// its drive; it is not looked for on any disk.
+  FoundReference Find(StringView reference, StringView folder);
+
+ private:
+  std::optional<FoundReference> FindText(StringView text, StringView folder);
+  std::optional<FoundReference> FindPath(StringView path, StringView text);
+  std::optional<FoundReference> FindFile(StringView fullPath);
+
+  Component& component_;
+};
+
+}  // namespace norvo

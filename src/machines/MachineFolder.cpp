@@ -1,0 +1,69 @@
+#include "machines/MachineFolder.h"
+
+#include <cctype>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <system_error>
+
+#include "automation/RunTimeError.h"
+#include "cli/Console.h"
+#include "services/IniDocument.h"
+#include "text/CodePage.h"
+#include "text/Encoding.h"
+
+namespace norvo::host {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool IsDriveName(const fs::path& path) {
+  const std::string name = path.filename().string();
+  return name.size() == 1 && std::isalpha(static_cast<unsigned char>(name.front())) != 0;
+}
+
+bool IsHidden(const fs::path& path) {
+  return path.filename().string().front() == '.';
+}
+
+/// True for a machine.ini that tells of a machine; others may have a file of that name.
+bool TellsOfMachine(const fs::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  const std::string bytes((std::istreambuf_iterator<char>(stream)), {});
+  const IniDocument settings(DecodeFile(bytes, Windows1252()));
+  return settings.FindSection(u"Drives") != IniDocument::kNone ||
+         settings.FindSection(u"ShellFolders") != IniDocument::kNone;
+}
+
+/// True for a folder that holds drive C, maybe others, and nothing else but hidden files, such as
+/// one that a stopped run has left. Music that is sorted into folders from A to Z is no machine.
+bool HoldsDrivesAlone(const fs::path& folder) {
+  std::error_code failure;
+  bool hasC = false;
+  for (fs::directory_iterator at(folder, failure), end; at != end; at.increment(failure)) {
+    const fs::path name = at->path().filename();
+    if (IsHidden(name) || name == "registry.reg" || name == "machine.ini") continue;
+    if (!at->is_directory(failure) || !IsDriveName(at->path())) return false;
+    const int letter = std::toupper(static_cast<unsigned char>(at->path().filename().string()[0]));
+    if (letter < 'C') return false;
+    hasC = hasC || letter == 'C';
+  }
+  if (failure) throw HostError(folder.string() + ": " + failure.message());
+  return hasC;
+}
+
+}  // namespace
+
+std::shared_ptr<HostedPlatform> OpenIfMachine(const fs::path& folder) {
+  try {
+    return std::make_shared<HostedPlatform>(folder);
+  } catch (const RunTimeError&) {
+    return nullptr;
+  }
+}
+
+bool IsSurelyMachine(const fs::path& folder) {
+  return TellsOfMachine(folder / "machine.ini") || HoldsDrivesAlone(folder);
+}
+
+}  // namespace norvo::host

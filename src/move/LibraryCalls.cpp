@@ -1,0 +1,49 @@
+#include "move/LibraryCalls.h"
+
+#include "automation/Conversions.h"
+#include "model/PlaylistTypes.h"
+#include "services/Utility.h"
+
+namespace norvo::host {
+
+Variant CallWith(AutomationObject& object, StringView member, Variant argument) {
+  return object.Call(member, Arguments(&argument, 1));
+}
+
+String TextOf(AutomationObject& object, StringView property) {
+  return ToText(object.Get(property));
+}
+
+std::int32_t NumberOf(AutomationObject& object, StringView property) {
+  return ToInt32(object.Get(property));
+}
+
+std::vector<ObjectRef> EntriesOf(AutomationObject& playlist) {
+  const ObjectRef entries = ToObject(playlist.Get(u"PlayListEntries"));
+  const std::int32_t count = NumberOf(*entries, u"TotalSongs");
+  std::vector<ObjectRef> found;
+  found.reserve(static_cast<std::size_t>(count));
+  for (std::int32_t i = 1; i <= count; ++i) {
+    found.push_back(ToObject(CallWith(*entries, u"Item", i)));
+  }
+  return found;
+}
+
+bool ReadPlaylist(AutomationObject& playlist, const String& path, std::int32_t type) {
+  playlist.Let(u"PlayListType", type);
+  return ToBoolean(CallWith(playlist, u"ReadPlayList", path));
+}
+
+std::int32_t TellType(Component& library, const String& path) {
+  const StringView extension = Utility::GetExtension(path);
+  if (EqualsIgnoreCase(extension, u"asx")) return playlist_type::kWmpAsx;
+  const StringView member =
+      EqualsIgnoreCase(extension, u"pls") ? u"ParsePLSHeader" : u"ParseM3UHeader";
+  return ToInt32(CallWith(*library.Create(u"helperMan"), member, path));
+}
+
+void RunQueue(AutomationObject& controller, std::int32_t mode) {
+  CallWith(controller, u"GenericQueue", mode);
+}
+
+}  // namespace norvo::host

@@ -1,0 +1,94 @@
+#include "move/NativeCheck.h"
+
+#include <algorithm>
+
+#include "automation/RunTimeError.h"
+#include "lists/ListedItems.h"
+#include "lists/ReferenceFinder.h"
+#include "model/PlaylistTypes.h"
+#include "move/LibraryCalls.h"
+#include "services/ObserverScope.h"
+#include "services/TextStream.h"
+#include "text/WindowsPath.h"
+
+namespace norvo::host {
+namespace {
+
+class ReferenceWatcher final : public Observer {
+ public:
+  explicit ReferenceWatcher(FileSystem& files) : files_(files) {}
+
+  void OnItem(StringView reference, ItemOutcome outcome) override {
+    using Kind = CheckedReference::Kind;
+    if (outcome == ItemOutcome::Empty) return;
+    Kind kind = Kind::Missing;
+    // A file that is no media to the readers is there all the same.
+    if (outcome != ItemOutcome::Missing) kind = IsOnDisk(reference) ? Kind::Found : Kind::Address;
+    references.push_back({kind, String(reference)});
+  }
+
+  std::vector<CheckedReference> references;
+
+ private:
+  bool IsOnDisk(StringView reference) {
+    if (!HasDrive(reference)) return false;
+    const DriveType type = files_.TypeOfDrive(reference);
+    return type == DriveType::Fixed || type == DriveType::RamDisk;
+  }
+
+  FileSystem& files_;
+};
+
+/// Files that list nothing but addresses tell no type by their first lines.
+std::int32_t TypeFor(Component& library, const String& path) {
+  const std::int32_t type = TellType(library, path);
+  if (type != playlist_type::kUnknown) return type;
+  return EndsWithIgnoreCase(path, u".pls") ? playlist_type::kWinampPls : playlist_type::kMmjbM3u;
+}
+
+bool ReadByLibrary(Component& library, const String& path, ReferenceWatcher& watcher) {
+  const std::int32_t type = TypeFor(library, path);
+  const ObserverScope scope(library, watcher);
+  return ReadPlaylist(*library.Create(u"PlayList"), path, type);
+}
+
+std::vector<CheckedReference> ReadByHost(Component& library, const String& path) {
+  const auto file = library.Files().OpenForReading(path);
+  const String text = DecodePlaylist(ReadWholeFile(*file), library.Machine().AnsiPage());
+  const ListSyntax syntax = SyntaxOf(LastComponent(path), text).value_or(ListSyntax::M3u);
+  ReferenceFinder finder(library);
+  std::vector<CheckedReference> references;
+  for (const ListedItem& item : ListItems(text, syntax)) {
+    if (item.maybeComment) continue;
+    const FoundReference found = finder.Find(item.references.front(), ParentFolder(path));
+    using Kind = CheckedReference::Kind;
+    Kind kind = Kind::Found;
+    if (found.kind == FoundReference::Kind::Address) kind = Kind::Address;
+    if (found.kind == FoundReference::Kind::Missing) kind = Kind::Missing;
+    references.push_back({kind, found.path});
+  }
+  return references;
+}
+
+bool HasMissing(const std::vector<CheckedReference>& references) {
+  return std::any_of(references.begin(), references.end(), [](const CheckedReference& row) {
+    return row.kind == CheckedReference::Kind::Missing;
+  });
+}
+
+}  // namespace
+
+CheckedPlaylist CheckNative(Component& library, const String& path) {
+  ReferenceWatcher watcher(library.Files());
+  try {
+    const bool whole = ReadByLibrary(library, path, watcher);
+    if (whole && !HasMissing(watcher.references)) return {std::move(watcher.references), true};
+    std::vector<CheckedReference> byHost = ReadByHost(library, path);
+    if (!whole || byHost.size() == watcher.references.size()) return {std::move(byHost), true};
+    return {std::move(watcher.references), true};
+  } catch (const RunTimeError&) {
+    return {std::move(watcher.references), false};
+  }
+}
+
+}  // namespace norvo::host

@@ -1,0 +1,226 @@
+#include "move/PlaceChooser.h"
+
+#include <algorithm>
+
+#include "move/PortableNames.h"
+#include "services/DataCop.h"
+#include "text/Encoding.h"
+#include "text/Number.h"
+#include "text/WindowsPath.h"
+
+namespace norvo::host {
+namespace {
+
+constexpr int kMostNumbers = 100000;
+// Room that is left to artist and album each when the path would be too long otherwise.
+constexpr std::size_t kShortName = 40;
+
+/// Every playlist may spell the path in another way. Two old machines may have different files of
+/// one path; no path holds a "|".
+String NameInLedger(const Song& song) {
+  return Fold(song.source) + u"|" + FormatNumber(song.size);
+}
+
+/// The folders above a path, the innermost first, down to those below the root.
+template <class Visit>
+void ForEachFolderAbove(const String& path, std::size_t rootLength, Visit&& visit) {
+  for (std::size_t end = path.rfind(u'\\'); end != String::npos && end > rootLength;
+       end = path.rfind(u'\\', end - 1)) {
+    visit(path.substr(0, end));
+  }
+}
+
+}  // namespace
+
+PlaceChooser::PlaceChooser(EntryQuestions& entries, Component& library, OverlayPlatform& overlay,
+                           FilePlacer& placer, RestoreLedger& ledger)
+    : entries_(entries),
+      library_(library),
+      overlay_(overlay),
+      placer_(placer),
+      ledger_(ledger),
+      root_(DataCop::GetGroupRoot(library)) {}
+
+void PlaceChooser::Vote(std::size_t song, const EntryAnswer& answer) {
+  if (votes_.size() <= song) votes_.resize(song + 1);
+  std::vector<Candidate>& of = votes_[song];
+  const auto same = std::find_if(of.begin(), of.end(), [&](const Candidate& candidate) {
+    return candidate.answer.place == answer.place;
+  });
+  if (same == of.end()) {
+    of.push_back({answer, 1});
+  } else {
+    ++same->count;
+  }
+}
+
+/// Places of earlier moves come first, so that no new song takes one.
+void PlaceChooser::ChooseAll(Move& move, Console& console) {
+  votes_.resize(move.songs.size());
+  chosen_.resize(move.songs.size());
+  std::vector<bool> kept(move.songs.size());
+  for (std::size_t song = 0; song < move.songs.size(); ++song) {
+    kept[song] = !votes_[song].empty() && KeepPlace(song, move.songs[song]);
+  }
+  for (std::size_t song = 0; song < move.songs.size(); ++song) {
+    console.Bar().Advance("planning song", song + 1, move.songs.size(), move.songs[song].source);
+    if (!votes_[song].empty() && !kept[song]) Choose(song, move.songs[song]);
+  }
+}
+
+/// The place that most entries of the song have without a change, if it will do.
+void PlaceChooser::Choose(std::size_t number, Song& song) {
+  std::vector<Candidate>& votes = votes_[number];
+  std::stable_sort(votes.begin(), votes.end(), [](const Candidate& left, const Candidate& right) {
+    return left.count > right.count;
+  });
+  for (const Candidate& vote : votes) {
+    if (Judge(song, vote.answer.place) == Fault::None) return Settle(number, song, vote.answer);
+  }
+  EntryAnswer names = votes.front().answer;
+  const CodePage& page = library_.Machine().AnsiPage();
+  if (names.fileName.empty()) names.fileName = LastComponent(song.source);
+  names.fileName = PortableName(names.fileName, &page);
+  const auto portable = [&page](const String& name, std::size_t most) {
+    return name.empty() ? name : PortableName(name, &page, most);
+  };
+  const auto numbered = [&portable](const String& name) {
+    return name.empty() ? name : NumberedName(portable(name, kShortName), 2);
+  };
+  const EntryAnswer attempts[] = {
+      names,
+      {{},
+       portable(names.artist, kLongestName),
+       portable(names.album, kLongestName),
+       names.fileName},
+      {{}, portable(names.artist, kShortName), portable(names.album, kShortName), names.fileName},
+      {{}, numbered(names.artist), numbered(names.album), names.fileName},
+      {{}, {}, {}, names.fileName}};
+  for (const EntryAnswer& attempt : attempts) {
+    if (TryNames(number, song, attempt)) return;
+  }
+  song.state = Song::State::LeftOut;
+  song.reason = "the new machine has no place for it: " + WhyNowhere(song, attempts[4]);
+}
+
+/// Why a song has no place even under its plainest names.
+std::string PlaceChooser::WhyNowhere(const Song& song, const EntryAnswer& names) {
+  const String place = entries_.Ask(names).place;
+  switch (Judge(song, place)) {
+    case Fault::TooLong:
+      return "the path " + ToUtf8(place) + " would be too long";
+    case Fault::Blocked:
+      return "a file stands where one of the folders of " + ToUtf8(place) + " should be";
+    case Fault::None:
+    case Fault::Taken:
+      return "all numbers of " + ToUtf8(place) + " are taken";
+    case Fault::Illegal:
+      break;
+  }
+  return "see that its group root " + ToUtf8(root_) + " is a path of plain characters";
+}
+
+/// Varies the file name until the place will do; false when artist or album are in the way.
+bool PlaceChooser::TryNames(std::size_t number, Song& song, const EntryAnswer& names) {
+  EntryAnswer answer = entries_.Ask(names);
+  // What is left to the name, numbers included, when the path shall not be too long.
+  constexpr std::size_t kLeastName = 24;
+  const std::size_t others =
+      answer.place.size() - std::min(answer.place.size(), names.fileName.size());
+  if (others + kLeastName > kLongestPath) return false;
+  const std::size_t most = std::min(kLongestName, kLongestPath - others);
+  if (answer.place.size() > kLongestPath) {
+    answer.fileName = PortableName(names.fileName, &library_.Machine().AnsiPage(), most);
+    answer = entries_.Ask(answer);
+  }
+  const String fileName = answer.fileName;
+  int& mark = nextMarks_.try_emplace(Fold(answer.place), 2).first->second;
+  for (; mark < kMostNumbers; ++mark) {
+    const Fault fault = Judge(song, answer.place);
+    if (fault == Fault::None) {
+      Settle(number, song, answer);
+      return true;
+    }
+    if (fault != Fault::Taken) return false;
+    answer.fileName = NumberedName(fileName, mark, most);
+    answer = entries_.Ask(answer);
+  }
+  return false;
+}
+
+/// What an earlier move has decided stands, whatever else has come since.
+bool PlaceChooser::KeepPlace(std::size_t number, Song& song) {
+  // A copy: settling adds to what is known.
+  const std::vector<KnownPlace> known = ledger_.PlacesOf(NameInLedger(song));
+  for (const auto& [place, artist, album] : known) {
+    if (!overlay_.Files().FileExists(place) || Judge(song, place) != Fault::None) continue;
+    Settle(number, song, {place, artist, album, String(LastComponent(place))});
+    return true;
+  }
+  return false;
+}
+
+void PlaceChooser::Settle(std::size_t number, Song& song, const EntryAnswer& answer) {
+  song.place = answer.place;
+  ledger_.AddPlace(NameInLedger(song), {answer.place, answer.artist, answer.album});
+  chosen_[number] = answer;
+  places_.emplace(Fold(song.place), number);
+  ForEachFolderAbove(song.place, root_.size(),
+                     [this](const String& folder) { folders_.insert(Fold(folder)); });
+  const bool there = overlay_.Files().FileExists(song.place);
+  if (there) song.state = Song::State::AlreadyThere;
+  FileFacts facts;
+  facts.name =
+      there ? overlay_.Files().FactsOf(song.place)->name : String(LastComponent(song.place));
+  facts.size = song.size;
+  overlay_.Pretend(song.place, facts);
+}
+
+PlaceChooser::Fault PlaceChooser::Judge(const Song& song, const String& place) {
+  const bool inside = place.size() > root_.size() &&
+                      EqualsIgnoreCase(StringView(place).substr(0, root_.size()), root_);
+  if (!inside || !HasPortableNames(place, library_.Machine().AnsiPage())) return Fault::Illegal;
+  if (place.size() > kLongestPath) return Fault::TooLong;
+  if (IsBlocked(place)) return Fault::Blocked;
+  return IsTaken(song, place) ? Fault::Taken : Fault::None;
+}
+
+bool PlaceChooser::IsBlocked(const String& place) {
+  bool blocked = false;
+  ForEachFolderAbove(place, root_.size(), [&](const String& folder) {
+    const String folded = Fold(folder);
+    if (folders_.contains(folded)) return;
+    blocked = blocked || places_.contains(folded) || overlay_.Files().FileExists(folder);
+  });
+  return blocked;
+}
+
+/// Another song, another file or a folder is there.
+bool PlaceChooser::IsTaken(const Song& song, const String& place) {
+  const String folded = Fold(place);
+  if (places_.contains(folded) || folders_.contains(folded)) return true;
+  FileSystem& files = overlay_.Files();
+  if (files.FolderExists(place)) return true;
+  return files.FileExists(place) && !placer_.IsSame(song.source, place);
+}
+
+std::string PlaceChooser::WhyNot(std::size_t number, const String& place) {
+  const CodePage& page = library_.Machine().AnsiPage();
+  if (!page.Fits(place)) return "playlists cannot tell this path: it does not fit the 8-bit page";
+  if (place.size() > kLongestPath) return "the path would be too long";
+  if (!HasPortableNames(place, page)) return "no path on Windows may be called so";
+  if (!EqualsIgnoreCase(StringView(place).substr(0, root_.size()), root_)) {
+    return "the path would leave the group root";
+  }
+  const auto owner = places_.find(Fold(place));
+  if (owner != places_.end()) {
+    return owner->second == number ? "" : "another song has this place";
+  }
+  if (folders_.contains(Fold(place)) || overlay_.Files().FolderExists(place)) {
+    return "a folder has this name";
+  }
+  if (overlay_.Files().FileExists(place)) return "another file has this place";
+  return "the song has its one place elsewhere";
+}
+
+}  // namespace norvo::host

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <cstddef>
+#include <set>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "cli/Console.h"
+#include "move/EntryQuestions.h"
+#include "move/Move.h"
+#include "move/RestoreLedger.h"
+#include "overlay/OverlayPlatform.h"
+#include "platform/hosted/FilePlacer.h"
+#include "services/Component.h"
+
+namespace norvo::host {
+
+/// Gives every song of a move its one place on the new machine: one that the machine's own entry
+/// computes of the song's names, or of names that differ as little as possible. No place is taken
+/// twice, illegal on Windows, not to be written in the 8-bit page or outside the group root. A song
+/// that an earlier move has brought keeps its place.
+class PlaceChooser {
+ public:
+  /// `overlay` lies over the new machine, and `library` works on it. `placer` serves to compare
+  /// songs. All must outlive this.
+  PlaceChooser(EntryQuestions& entries, Component& library, OverlayPlatform& overlay,
+               FilePlacer& placer, RestoreLedger& ledger);
+
+  /// An entry of the song, by its 0-based number, would have it there. The place that most want
+  /// comes first.
+  void Vote(std::size_t song, const EntryAnswer& answer);
+  /// Chooses for all songs with a vote; those for which there is no place are marked as left out.
+  void ChooseAll(Move& move, Console& console);
+
+  /// The names of which the song's place is computed.
+  const EntryAnswer& ChosenFor(std::size_t song) const { return chosen_[song]; }
+  /// Why a song does not go where its entry would have it; empty when it does.
+  std::string WhyNot(std::size_t song, const String& place);
+
+ private:
+  /// An answer that several entries of one song give.
+  struct Candidate {
+    EntryAnswer answer;
+    std::size_t count = 0;
+  };
+  /// Blocked: a file is where one of the folders should be.
+  enum class Fault { None, Illegal, TooLong, Blocked, Taken };
+
+  void Choose(std::size_t number, Song& song);
+  bool TryNames(std::size_t number, Song& song, const EntryAnswer& names);
+  std::string WhyNowhere(const Song& song, const EntryAnswer& names);
+  bool KeepPlace(std::size_t number, Song& song);
+  void Settle(std::size_t number, Song& song, const EntryAnswer& answer);
+  Fault Judge(const Song& song, const String& place);
+  bool IsBlocked(const String& place);
+  bool IsTaken(const Song& song, const String& place);
+
+  EntryQuestions& entries_;
+  Component& library_;
+  OverlayPlatform& overlay_;
+  FilePlacer& placer_;
+  RestoreLedger& ledger_;
+  String root_;                                     // of the group, with a trailing backslash
+  std::vector<std::vector<Candidate>> votes_;       // by song
+  std::vector<EntryAnswer> chosen_;                 // by song
+  std::unordered_map<String, std::size_t> places_;  // songs by folded place
+  std::set<String> folders_;                        // above the places, folded
+  std::unordered_map<String, int> nextMarks_;       // of the numbered names, by folded first place
+};
+
+}  // namespace norvo::host

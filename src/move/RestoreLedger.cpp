@@ -1,0 +1,211 @@
+#include "move/RestoreLedger.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "automation/RunTimeError.h"
+#include "services/Utility.h"
+#include "text/Encoding.h"
+#include "text/Fingerprint.h"
+
+namespace norvo::host {
+namespace {
+
+constexpr const char* kTitle =
+    "; What was moved to this machine: the neutral files that were restored, the playlists made of "
+    "them, and the songs' places.\r\n";
+
+// The kinds of lines. A line is whole only with its line end.
+constexpr StringView kBegin = u"begin";    // fingerprint, neutral file, key of the playlist
+constexpr StringView kNative = u"native";  // path
+constexpr StringView kDone = u"done";
+constexpr StringView kUndone = u"undone";
+constexpr StringView kSong = u"song";  // its name, place, artist, album
+
+std::vector<String> Fields(StringView line) {
+  std::vector<String> fields;
+  for (std::size_t tab = line.find(u'\t'); tab != StringView::npos; tab = line.find(u'\t')) {
+    fields.emplace_back(line.substr(0, tab));
+    line.remove_prefix(tab + 1);
+  }
+  fields.emplace_back(line);
+  return fields;
+}
+
+std::string BeginLine(const std::string& fingerprint, const String& neutralFile,
+                      const std::string& key) {
+  return ToUtf8(kBegin) + '\t' + fingerprint + '\t' + ToUtf8(neutralFile) + '\t' + key + "\r\n";
+}
+
+/// Empty for names that a line cannot hold; the song is planned anew then.
+std::string SongLine(const String& source, const KnownPlace& known) {
+  const String line = source + u'\t' + known.place + u'\t' + known.artist + u'\t' + known.album;
+  const bool holds = std::count(line.begin(), line.end(), u'\t') == 3 &&
+                     line.find_first_of(u"\r\n") == String::npos;
+  return holds ? ToUtf8(kSong) + '\t' + ToUtf8(line) + "\r\n" : std::string();
+}
+
+std::string NativeLine(const String& path) {
+  return ToUtf8(kNative) + '\t' + ToUtf8(path) + "\r\n";
+}
+
+std::string EndLine(StringView kind) {
+  return ToUtf8(kind) + "\r\n";
+}
+
+}  // namespace
+
+RestoreLedger::RestoreLedger(Component& machine, const String& dataArea)
+    : machine_(machine), path_(dataArea + u"Restored.txt") {
+  const bool whole = Load();
+  if (whole && !current_) return;
+  if (current_) DeleteUnfinished(*current_);
+  current_.reset();
+  try {
+    Compact();
+  } catch (const RunTimeError&) {
+    if (!whole) throw;  // what is added next would run into the torn line
+    // A full disk: the next run will find the same again.
+  }
+}
+
+/// False when the last line is torn.
+bool RestoreLedger::Load() {
+  const std::optional<std::string> bytes = machine_.Machine().Settings().Read(path_);
+  const String text = FromUtf8Lossy(bytes.value_or(std::string()));
+  std::size_t at = 0;
+  for (std::size_t end = text.find(u"\r\n"); end != String::npos; end = text.find(u"\r\n", at)) {
+    Take(Fields(StringView(text).substr(at, end - at)));
+    at = end + 2;
+  }
+  return at == text.size();
+}
+
+void RestoreLedger::Take(const std::vector<String>& fields) {
+  if (fields.size() == 4 && fields[0] == kBegin) {
+    current_ = Row{fields[2], ToUtf8(fields[3]), ToUtf8(fields[1]), {}};
+  } else if (fields.size() == 5 && fields[0] == kSong) {
+    AddPlace(fields[1], {fields[2], fields[3], fields[4]});
+  } else if (fields.size() == 2 && fields[0] == kNative && current_) {
+    current_->natives.push_back(fields[1]);
+  } else if (fields[0] == kDone && current_) {
+    Keep();
+  } else if (fields[0] == kUndone) {
+    current_.reset();
+  }
+}
+
+void RestoreLedger::Keep() {
+  Row row = std::move(*current_);
+  current_.reset();
+  String folded = Fold(row.neutralFile);
+  if (!row.key.empty()) byKey_[row.key] = folded;
+  restored_.insert_or_assign(std::move(folded), std::move(row));
+}
+
+std::string RestoreLedger::FingerprintOf(const String& neutralFile) {
+  const std::optional<std::string> bytes = machine_.Machine().Settings().Read(neutralFile);
+  if (!bytes) return {};
+  // Byte by byte, as it is.
+  return TextOf(Fingerprint().AddExact(String(bytes->begin(), bytes->end())));
+}
+
+bool RestoreLedger::IsRestored(const String& neutralFile) {
+  const auto found = restored_.find(Fold(neutralFile));
+  return found != restored_.end() && found->second.fingerprint == FingerprintOf(neutralFile);
+}
+
+std::vector<String> RestoreLedger::NativesOf(const String& neutralFile) const {
+  const auto found = restored_.find(Fold(neutralFile));
+  return found == restored_.end() ? std::vector<String>() : found->second.natives;
+}
+
+String RestoreLedger::CarriedFor(const std::string& key) {
+  const auto found = byKey_.find(key);
+  if (found == byKey_.end()) return {};
+  const Row& row = restored_.at(found->second);
+  // A neutral file that was deleted since has been restored all the same.
+  const std::string now = FingerprintOf(row.neutralFile);
+  const bool known = row.key == key && (now.empty() || now == row.fingerprint);
+  return known ? row.neutralFile : String();
+}
+
+const std::vector<KnownPlace>& RestoreLedger::PlacesOf(const String& song) const {
+  static const std::vector<KnownPlace> none;
+  const auto found = places_.find(song);
+  return found == places_.end() ? none : found->second;
+}
+
+void RestoreLedger::AddPlace(const String& song, const KnownPlace& place) {
+  std::vector<KnownPlace>& known = places_[song];
+  const auto same = std::find_if(known.begin(), known.end(), [&place](const KnownPlace& each) {
+    return EqualsIgnoreCase(each.place, place.place);
+  });
+  if (same == known.end()) {
+    known.push_back(place);
+  } else {
+    *same = place;
+  }
+}
+
+void RestoreLedger::Begin(const String& neutralFile, const std::string& key) {
+  current_ = Row{neutralFile, key, FingerprintOf(neutralFile), {}};
+  Append(BeginLine(current_->fingerprint, neutralFile, key));
+}
+
+void RestoreLedger::AddNative(const String& path) {
+  if (!current_) return;
+  current_->natives.push_back(path);
+  Append(NativeLine(path));
+}
+
+void RestoreLedger::End(bool whole) {
+  if (!current_) return;
+  if (whole) {
+    Keep();
+  } else {
+    DeleteNatives(*current_);
+    current_.reset();
+  }
+  Append(EndLine(whole ? kDone : kUndone));
+}
+
+void RestoreLedger::Append(const std::string& line) {
+  if (!machine_.Files().FileExists(path_)) {
+    return machine_.Machine().Settings().Write(path_, kTitle + line);
+  }
+  machine_.Files().OpenForAppending(path_, false)->Append(line);
+}
+
+/// A native playlist is noted before it is created. What was not written then is somebody else's.
+void RestoreLedger::DeleteUnfinished(const Row& row) {
+  constexpr std::int64_t kSecond = 1'000'000'000;
+  constexpr std::int64_t kLongest = 3600 * kSecond;
+  const std::optional<FileFacts> ledger = machine_.Files().FactsOf(path_);
+  for (const String& native : row.natives) {
+    const std::optional<FileFacts> facts = machine_.Files().FactsOf(native);
+    if (!ledger || !facts) continue;
+    const std::int64_t after = facts->modified - ledger->modified;
+    if (after < 2 * kSecond && after > -kLongest) Utility::DeleteFileForced(machine_, native);
+  }
+}
+
+void RestoreLedger::DeleteNatives(const Row& row) {
+  for (const String& native : row.natives) Utility::DeleteFileForced(machine_, native);
+}
+
+void RestoreLedger::Compact() {
+  std::string text = kTitle;
+  for (const auto& [folded, row] : restored_) {
+    text += BeginLine(row.fingerprint, row.neutralFile, row.key);
+    for (const String& native : row.natives) text += NativeLine(native);
+    text += EndLine(kDone);
+  }
+  for (const auto& [song, known] : places_) {
+    for (const KnownPlace& place : known) text += SongLine(song, place);
+  }
+  machine_.Machine().Settings().Write(path_, text);
+}
+
+}  // namespace norvo::host

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "services/Platform.h"
+
+namespace norvo {
+
+/// The files of the machine below with what was written and pretended since; see OverlayPlatform.
+class OverlayFiles final : public FileSystem, public SettingsStorage {
+ public:
+  /// `below` must outlive this.
+  explicit OverlayFiles(Platform& below) : below_(below) {}
+
+  void Pretend(StringView path, const FileFacts& facts);
+  void TakeBack(StringView path) { pretended_.erase(PlaceOf(path).key); }
+  void TakeBackAll() { pretended_.clear(); }
+  std::optional<std::string> Written(StringView path) const;
+  std::vector<String> WrittenPaths() const;
+  /// Creates the folder and those above it that are missing. Error 75 when a file is in the way,
+  /// 76 when the machine lacks the drive.
+  void CreateFolders(StringView path);
+
+  bool FolderExists(StringView path) override;
+  std::optional<FileFacts> FactsOf(StringView path) override;
+  void CreateFolder(StringView path) override;
+  void RemoveFile(StringView path, bool force) override;
+  std::unique_ptr<BinaryFile> OpenForReading(StringView path) override;
+  std::unique_ptr<AppendFile> OpenForAppending(StringView path, bool create) override;
+  std::vector<FolderItem> ListFolder(StringView path, std::span<const StringView> endings) override;
+  String AbsolutePathName(StringView path) override {
+    return below_.Files().AbsolutePathName(path);
+  }
+  DriveType TypeOfDrive(StringView path) override { return below_.Files().TypeOfDrive(path); }
+  std::vector<Drive> Drives() override { return below_.Files().Drives(); }
+  String FileVersion(StringView path) override;
+  String SystemFolder() override { return below_.Files().SystemFolder(); }
+  Date LocalDate(FileTime time) override { return below_.Files().LocalDate(time); }
+
+  std::optional<std::string> Read(StringView path) override;
+  void Write(StringView path, const std::string& bytes) override;
+
+ private:
+  /// What a path names, whether or not it exists.
+  struct Place {
+    String path;  ///< in full, without trailing separator, points and blanks; empty for no path
+    String key;   ///< the same in upper case
+    bool asFolder = false;  ///< the path had a trailing separator: it names a folder
+
+    StringView Folder() const;  ///< with a trailing separator; empty above a root
+  };
+  /// Shared with those who have the file open, as on a disk.
+  struct Content {
+    std::string bytes;
+    FileTime created = 0;
+    std::int64_t modified = 0;
+  };
+  struct Node {
+    enum class Kind { Folder, File, Deleted };
+    Kind kind = Kind::Folder;
+    String path;
+    std::shared_ptr<Content> content;  // of a written file
+    FileFacts facts;                   // of a pretended file
+    std::size_t order = 0;             // of writing, from 1
+  };
+  /// By key: what lies below a folder follows upon the folder's key and a separator.
+  using Tree = std::map<String, Node>;
+  class OpenedFile;
+  class GrowingFile;
+
+  Place PlaceOf(StringView path) const;
+  const Node* Find(const Place& place) const;
+  const Node* RequireFile(StringView path);
+  std::vector<Place> MissingFolders(StringView folder);
+  void RequireFreeForFile(StringView path, const Place& place);
+  std::shared_ptr<Content> Keep(const Place& place, Content content);
+  Tree ChildrenOf(const Place& folder) const;
+  [[noreturn]] void RaiseMissing(StringView path);
+
+  Platform& below_;
+  Tree written_;    // with all folders that were created, and all files that were deleted
+  Tree pretended_;  // files alone: the folders above them go with them
+  std::size_t lastOrder_ = 0;
+};
+
+}  // namespace norvo

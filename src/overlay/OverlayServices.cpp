@@ -1,0 +1,52 @@
+#include "overlay/OverlayServices.h"
+
+#include "automation/RunTimeError.h"
+#include "services/Utility.h"
+
+namespace norvo {
+
+bool OverlayShell::Create(StringView path) {
+  try {
+    files_.CreateFolders(path);
+    return true;
+  } catch (const RunTimeError&) {
+    return false;  // the shell answers all the same
+  }
+}
+
+std::optional<ShellFolders::Answer> OverlayShell::FolderPath(std::int32_t identifierAndFlags) {
+  std::optional<Answer> answer = below_.Shell().FolderPath(identifierAndFlags & ~kCreateFlag);
+  const bool create = (identifierAndFlags & kCreateFlag) != 0;
+  if (answer && create && Create(answer->path)) answer->status = 0;
+  return answer;
+}
+
+/// The second way has no flag that could be taken away. It is left to machines that lack the first:
+/// those that are held in a folder, which create nothing.
+String OverlayShell::SpecialFolderPath(std::int32_t identifier) {
+  if (const std::optional<Answer> answer = FolderPath(identifier | kCreateFlag)) {
+    return answer->status == 0 ? answer->path : String();
+  }
+  String path = below_.Shell().SpecialFolderPath(identifier);
+  Create(path);
+  return path;
+}
+
+String OverlayProduct::Folder() {
+  const String folder = Value(u"ProductFolder");
+  return folder.empty() ? below_.Product().Folder() : Utility::AddBackslash(folder);
+}
+
+String OverlayProduct::Name() {
+  const String name = Value(u"ProductName");
+  return name.empty() ? below_.Product().Name() : name;
+}
+
+String OverlayProduct::Value(StringView name) {
+  RegistryKey key(registry_);
+  String value;
+  if (key.Open(BaseKey())) key.Read(name, value);
+  return value;
+}
+
+}  // namespace norvo

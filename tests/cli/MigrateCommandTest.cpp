@@ -1,0 +1,466 @@
+#include <unistd.h>
+
+#include <chrono>
+
+#include "move/MoveFixture.h"
+
+namespace norvo::host {
+namespace {
+
+/// The command as the user meets it: arguments, reports, exit codes, and what it must not touch.
+class MigrateCommandTest : public MoveTest {
+ protected:
+  void SetUp() override {
+    MoveTest::SetUp();
+    AddSong(kOne, {"First", "AC/DC", ""});
+    AddSong(kTwo);
+    WriteOld(kMix, M3u({kOne, "Two.mp3", "gone.mp3", "http://example.com/"}));
+    WriteOld(R"(C:\Music\Empty.m3u)", "");
+  }
+  std::string Beside(const std::string& name) const { return (Root() / name).string(); }
+
+  static void ExpectRefused(const Outcome& outcome, const std::string& message) {
+    EXPECT_EQ(outcome.code, 2);
+    EXPECT_EQ(outcome.err, "norvo-playlists: " + message + '\n');
+    EXPECT_EQ(outcome.out, "");
+  }
+};
+
+// ------------------------------------------------------------------------------ wrong usage ----
+
+TEST_F(MigrateCommandTest, BothMachinesMustBeNamed) {
+  const std::string help = "\nRun norvo-playlists --help, or norvo-playlists COMMAND --help.";
+  ExpectRefused(RunHost({"migrate", "--to", New()}), "--from is required" + help);
+  ExpectRefused(RunHost({"migrate", "--from", Old()}), "--to is required" + help);
+  EXPECT_FALSE(fs::exists(New()));
+}
+
+TEST_F(MigrateCommandTest, TheWaysOfBringingSongsExcludeEachOther) {
+  for (const Texts& ways :
+       {Texts{"--copy", "--link"}, Texts{"--link", "--no-media"}, Texts{"--no-media", "--copy"}}) {
+    const Outcome outcome = Migrate(ways);
+    EXPECT_EQ(outcome.code, 2) << outcome.err;
+    EXPECT_TRUE(Holds(outcome.err, "excludes")) << outcome.err;
+  }
+  EXPECT_FALSE(fs::exists(New()));
+}
+
+TEST_F(MigrateCommandTest, AnOldMachineThatIsNotThereIsRefused) {
+  const std::string absent = Beside("absent");
+  ExpectRefused(RunHost({"migrate", "--from", absent, "--to", New()}),
+                absent +
+                    " is no folder. Name the old machine's folder, or the folder where its disk "
+                    "is mounted, with --from.");
+  EXPECT_FALSE(fs::exists(New()));
+}
+
+TEST_F(MigrateCommandTest, FoldersThatLieInEachOtherAreRefused) {
+  const auto before = Snapshot(Root());
+  struct Row {
+    Texts words;
+    const char* names;
+  };
+  const Row rows[] = {
+      {{"--from", Old(), "--to", Old()}, "--from and --to"},
+      {{"--from", Old(), "--to", Old() + "/C/new"}, "--from and --to"},
+      {{"--from", Old() + "/C", "--to", Old()}, "--from and --to"},
+      {{"--from", Old(), "--to", Old() + "/x/.."}, "--from and --to"},
+      {{"--from", Old(), "--to", New(), "--work", Old() + "/C/data"}, "--from and --work"},
+      {{"--from", Old() + "/C/Music", "--to", New(), "--work", Old()}, "--from and --work"},
+      {{"--from", Old(), "--to", New(), "--work", New() + "/data"}, "--to and --work"},
+      {{"--from", Old(), "--to", New() + "/", "--work", New() + "/data/"}, "--to and --work"},
+      {{"--from", Old(), "--to", New() + "/a", "--work", New()}, "--to and --work"}};
+  for (const Row& row : rows) {
+    Texts words = row.words;
+    words.insert(words.begin(), "migrate");
+    ExpectRefused(RunHost(words),
+                  std::string(row.names) + " lie in each other. Name folders that stand apart.");
+  }
+  EXPECT_EQ(Snapshot(Root()), before);
+}
+
+TEST_F(MigrateCommandTest, ALinkToTheOldMachineIsNoNewOne) {
+  fs::create_directory_symlink(Old(), Beside("link"));
+  ExpectRefused(RunHost({"migrate", "--from", Old(), "--to", Beside("link")}),
+                "--from and --to lie in each other. Name folders that stand apart.");
+}
+
+TEST_F(MigrateCommandTest, ADriveOfBothMachinesIsNotWrittenTo) {
+  const std::string disk = Beside("disk");
+  WriteFile(fs::path(disk) / "Music" / "x.m3u", "");
+  WriteFile(fs::path(Old()) / "machine.ini", "[Drives]\r\nC=fixed\r\nD=fixed," + disk + "\r\n");
+  WriteFile(fs::path(New()) / "machine.ini", "[Drives]\r\nC=fixed," + disk + "\r\n");
+  const auto before = Snapshot(Root());
+  const std::string written = "drive C of --to (" + disk + ")";
+  ExpectRefused(Migrate(), "drive D of --from (" + disk + ") and " + written +
+                               " lie in each other. Name folders that stand apart.");
+  ExpectRefused(RunHost({"migrate", "--from", disk, "--to", New()}),
+                "--from and " + written + " lie in each other. Name folders that stand apart.");
+  EXPECT_EQ(Snapshot(Root()), before);
+}
+
+TEST_F(MigrateCommandTest, ADiskThatHasMovedAlongMayBeADriveOfBothMachines) {
+  const std::string disk = Beside("disk");
+  WriteFile(fs::path(disk) / "Three.mp3", "third");
+  WriteFile(fs::path(Old()) / "machine.ini", "[Drives]\r\nC=fixed\r\nD=fixed," + disk + "\r\n");
+  WriteFile(fs::path(New()) / "machine.ini", "[Drives]\r\nC=fixed\r\nD=fixed," + disk + "\r\n");
+  fs::create_directories(NewPlace("C:\\"));
+  WriteOld(kMix, M3u({R"(D:\Three.mp3)"}));
+  const auto before = Snapshot(disk);
+  EXPECT_EQ(Migrate().code, 0);
+  EXPECT_EQ(ReferencesIn(NativePath(kPlayers[0], "Mix")), References{kRoot + R"(Music\Three.mp3)"});
+  EXPECT_EQ(ReadFile(NewPlace(kRoot + R"(Music\Three.mp3)")), "third");
+  EXPECT_EQ(Snapshot(disk), before);
+}
+
+TEST_F(MigrateCommandTest, LinkingIsRefusedWhereNothingMayBeWritten) {
+  const std::string message =
+      "--link writes to the old disk, which counts the links of a file. Use --copy, or name a "
+      "machine folder with --from and leave --work out.";
+  ExpectRefused(Migrate({"--link", "--work", Beside("work")}), message);
+  ExpectRefused(RunHost({"migrate", "--from", Old() + "/C", "--to", New(), "--link"}), message);
+  EXPECT_FALSE(fs::exists(New()));
+}
+
+TEST_F(MigrateCommandTest, AnotherMachineIsNoWorkFolder) {
+  const std::string settings = "[Drives]\r\nC=fixed,/somewhere\r\n";
+  WriteFile(fs::path(Beside("third")) / "machine.ini", settings);
+  ExpectRefused(Migrate({"--work", Beside("third")}),
+                Beside("third") +
+                    ": holds a machine of its own. Name an empty folder, or that of an earlier "
+                    "run.");
+  EXPECT_EQ(ReadFile(fs::path(Beside("third")) / "machine.ini"), settings);
+}
+
+TEST_F(MigrateCommandTest, ANewMachineThatCannotBeMadeIsRefused) {
+  WriteFile(Beside("file"), "x");
+  const Outcome outcome = RunHost({"migrate", "--from", Old(), "--to", Beside("file") + "/new"});
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_TRUE(Holds(outcome.err, "file/new cannot be made a machine: ")) << outcome.err;
+  EXPECT_TRUE(Holds(outcome.err, ". Name a folder that can be written with --to.\n"));
+}
+
+TEST_F(MigrateCommandTest, ANewMachineThatMayNotBeWrittenIsRefusedAndStays) {
+  if (::geteuid() == 0) GTEST_SKIP() << "the superuser may write everywhere";
+  fs::create_directories(New());
+  fs::permissions(New(), fs::perms::owner_read | fs::perms::owner_exec);
+  const Outcome outcome = Migrate();
+  fs::permissions(New(), fs::perms::owner_all);
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_TRUE(fs::is_empty(New()));
+}
+
+TEST_F(MigrateCommandTest, AFailureIsADocumentToo) {
+  const Outcome outcome = Migrate({"--work", Old() + "/C/work", "--json"});
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_EQ(outcome.Document().at("exitCode"), 2);
+  EXPECT_EQ(outcome.Document().at("error"),
+            "--from and --work lie in each other. Name folders that stand apart.");
+}
+
+// --------------------------------------------------------------------------------- the trial ----
+
+TEST_F(MigrateCommandTest, ADryRunMakesNoNewMachine) {
+  const Outcome outcome = Migrate({"--dry-run"});
+  EXPECT_EQ(outcome.code, 0) << outcome.err;
+  EXPECT_FALSE(fs::exists(New()));
+  EXPECT_TRUE(Holds(outcome.out, "A trial: nothing was written on the new machine.\n"));
+  EXPECT_TRUE(Holds(outcome.out, "  to be moved:         1\n")) << outcome.out;
+  EXPECT_TRUE(Holds(outcome.out, "Places of the songs:\n"));
+  EXPECT_TRUE(Holds(outcome.out, kRoot + "Music\\AC-DC\\One.mp3"));
+  EXPECT_TRUE(Holds(outcome.out, "References planned:    8, found: 8, missing: 0\n"));
+}
+
+TEST_F(MigrateCommandTest, ADryRunWritesNothingOnAMachineThatIsThere) {
+  ASSERT_EQ(Migrate().code, 0);
+  WriteOld(kMix, M3u({kTwo, kOne}));
+  // What a killed run has left is only taken away by a real run.
+  const fs::path ledger = NewPlace(kRoot + R"(KVs\Restored.txt)");
+  WriteFile(ledger, ReadFile(ledger) + "begin\tx\tC:\\x.ini\r\nnative\t" +
+                        NativePath(kPlayers[0], "Mix") + "\r\n");
+  const auto before = Snapshot(New());
+  EXPECT_EQ(Migrate({"--dry-run"}).code, 0);
+  EXPECT_EQ(Snapshot(New()), before);
+}
+
+TEST_F(MigrateCommandTest, ADryRunTellsThePlacesThatARealRunUses) {
+  AddSong(R"(C:\Other\Two.mp3)");
+  AddSong("C:\\Other\\Žluté.mp3");
+  WriteOld(R"(C:\Other\Mix.m3u)",
+           "\xEF\xBB\xBF" + M3u({"Two.mp3", "Žluté.mp3", R"(..\Music\One.mp3)"}));
+  WriteNew(kRoot + R"(Music\Two.mp3)", "of the user");
+  const auto planned = Moved({"--dry-run"});
+  const auto moved = Moved();
+  EXPECT_EQ(planned.at("dryRun"), true);
+  EXPECT_EQ(moved.at("dryRun"), false);
+  EXPECT_EQ(planned.at("adjustments"), moved.at("adjustments"));
+  ASSERT_EQ(planned.at("media").size(), 4u);
+  for (const auto& song : planned.at("media")) {
+    EXPECT_EQ(song.at("outcome"), "planned");
+    EXPECT_EQ(PlaceOf(moved, song.at("source")), song.at("place"));
+    EXPECT_TRUE(fs::exists(NewPlace(song.at("place"))));
+  }
+  for (const auto& playlist : planned.at("playlists")) {
+    const auto real = PlaylistOf(moved, playlist.at("path"));
+    EXPECT_EQ(real.at("natives"), playlist.at("natives"));
+    EXPECT_EQ(real.at("outcome"), playlist.at("outcome"));
+  }
+}
+
+// -------------------------------------------------------------------------------- the reports ----
+
+TEST_F(MigrateCommandTest, TheReportTellsWhatWasMovedHealedAndLeftOut) {
+  const Outcome outcome = Migrate();
+  EXPECT_EQ(outcome.code, 0);
+  EXPECT_EQ(outcome.err, "");
+  const std::string expected =
+      "Playlist            Songs  Others  Outcome   Healed, and what it lists in vain\n"
+      "------------------  -----  ------  --------  ---------------------------------\n"
+      "C:\\Music\\Empty.m3u      0       0  no songs\n"
+      "C:\\Music\\Mix.m3u        2       1  moved     left out \"gone.mp3\": no such file\n"
+      "\n"
+      "File names filled in, since relative references give none: 1\n"
+      "\n"
+      "Changed on the way, so that each song has its own place:\n"
+      "Neutral file  Entry  Key     Was    Is     Because\n"
+      "------------  -----  ------  -----  -----  -----------------------------------\n"
+      "Mix.ini           1  Artist  AC/DC  AC-DC  no path on Windows may be called so\n"
+      "\n"
+      "Playlists found:       2\n"
+      "  moved:               1\n"
+      "  without songs:       1\n"
+      "Songs:                 2\n"
+      "  copied:              2 (178 bytes)\n"
+      "References verified:   8, found: 8, missing: 0\n";
+  EXPECT_EQ(outcome.out, expected);
+}
+
+TEST_F(MigrateCommandTest, TheDocumentHasARecordPerPlaylistMediaFileAndAdjustment) {
+  const auto moved = Moved();
+  EXPECT_EQ(moved.at("command"), "migrate");
+  EXPECT_EQ(moved.at("from"), Old());
+  EXPECT_EQ(moved.at("to"), New());
+  EXPECT_EQ(moved.at("exitCode"), 0);
+  EXPECT_EQ(moved.at("leftOut"), nlohmann::json::array());
+  ASSERT_EQ(moved.at("playlists").size(), 2u);
+  ASSERT_EQ(moved.at("media").size(), 2u);
+  ASSERT_EQ(moved.at("adjustments").size(), 2u);
+  nlohmann::json natives = nlohmann::json::array();
+  for (const PlayerFolder& player : kPlayers) natives.push_back(NativePath(player, "Mix"));
+  const nlohmann::json mix = {{"path", kMix},
+                              {"typeName", "WINAMP_M3U"},
+                              {"outcome", "restored"},
+                              {"songs", 2},
+                              {"addresses", 1},
+                              {"healed", nlohmann::json::array()},
+                              {"leftOut", {R"("gone.mp3": no such file)"}},
+                              {"neutralFile", R"(C:\My Documents\Norvo PlayLists\Mix.ini)"},
+                              {"natives", natives}};
+  EXPECT_EQ(PlaylistOf(moved, kMix), mix);
+  const nlohmann::json one = {{"source", kOne},
+                              {"place", kRoot + R"(Music\AC-DC\One.mp3)"},
+                              {"bytes", 153},
+                              {"outcome", "copied"}};
+  EXPECT_EQ(moved.at("media")[0], one);
+  const nlohmann::json adjustment = {{"neutralFile", R"(C:\My Documents\Norvo PlayLists\Mix.ini)"},
+                                     {"entry", 1},
+                                     {"key", "Artist"},
+                                     {"before", "AC/DC"},
+                                     {"after", "AC-DC"},
+                                     {"reason", "no path on Windows may be called so"}};
+  EXPECT_EQ(moved.at("adjustments")[0], adjustment);
+  const nlohmann::json summary = {
+      {"playlists", 2}, {"restored", 1},          {"alreadyRestored", 0},
+      {"noSongs", 1},   {"leftOut", 0},           {"healed", 0},
+      {"songs", 2},     {"referencesChecked", 8}, {"referencesFound", 8}};
+  EXPECT_EQ(moved.at("summary"), summary);
+}
+
+TEST_F(MigrateCommandTest, QuietSaysNothingButWhatIsLeftOut) {
+  const Outcome outcome = Migrate({"--quiet"});
+  EXPECT_EQ(outcome.code, 0);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, "");
+  WriteOld(kMix, M3u({kOne, kTwo}));
+  fs::remove_all(NewPlace(R"(C:\My Documents\Norvo PlayLists)"));
+  WriteNew(R"(C:\My Documents\Norvo PlayLists)", "in the way");
+  const Outcome second = Migrate({"--quiet"});
+  EXPECT_EQ(second.code, 1);
+  EXPECT_EQ(second.out, "");
+  EXPECT_TRUE(second.err.starts_with(kMix + std::string(": "))) << second.err;
+}
+
+TEST_F(MigrateCommandTest, ProgressIsDrawnOnATerminalOnly) {
+  std::ostringstream out;
+  std::ostringstream terminal;
+  norvo::host::Run({"migrate", "--from", Old(), "--to", New()}, out, terminal, true);
+  EXPECT_TRUE(Holds(terminal.str(), "\r\x1B[K")) << terminal.str();
+  EXPECT_TRUE(terminal.str().ends_with("\r\x1B[K"));
+  EXPECT_FALSE(Holds(Migrate().err, "\x1B"));
+}
+
+TEST_F(MigrateCommandTest, TheLogStandsOnBothMachines) {
+  const Outcome outcome = Migrate({"--log"});
+  EXPECT_EQ(outcome.code, 0);
+  for (const std::string& machine : {Old(), New()}) {
+    const fs::path log = fs::path(machine) / "C/Norvo/VBLog.txt";
+    EXPECT_NE(ReadFile(log), "") << log;
+    EXPECT_TRUE(Holds(outcome.err, "The log is C:\\Norvo\\VBLog.txt (" + log.string() + ")"))
+        << outcome.err;
+  }
+}
+
+TEST_F(MigrateCommandTest, TheDocumentNamesTheLogsOfBothMachines) {
+  const std::string path = R"(C:\Norvo\VBLog.txt)";
+  const nlohmann::json old = {{"machine", path}, {"system", OldPlace(path).string()}};
+  const nlohmann::json made = {{"machine", path}, {"system", NewPlace(path).string()}};
+  EXPECT_EQ(Moved({"--log", "--dry-run"}).at("logs"), (nlohmann::json{{"from", old}}));
+  EXPECT_EQ(Moved({"--log"}).at("logs"), (nlohmann::json{{"from", old}, {"to", made}}));
+  EXPECT_FALSE(Moved().contains("logs"));
+}
+
+TEST_F(MigrateCommandTest, ALogThatGoesWithATemporaryMachineIsNotInTheDocument) {
+  const Outcome outcome =
+      RunHost({"migrate", "--from", Old() + "/C", "--to", New(), "--log", "--json"});
+  const auto logs = outcome.Document().at("logs");
+  EXPECT_FALSE(logs.contains("from"));
+  EXPECT_TRUE(logs.contains("to"));
+}
+
+// ---------------------------------------------------------------------------------- the media ----
+
+TEST_F(MigrateCommandTest, WithoutMediaOnlyThePlaylistsAreMoved) {
+  const Outcome outcome = Migrate({"--no-media"});
+  EXPECT_EQ(outcome.code, 1);  // the songs are not found
+  EXPECT_FALSE(fs::exists(NewPlace(kRoot + "Music")));
+  EXPECT_EQ(ReferencesIn(NativePath(kPlayers[2], "Mix")),
+            (References{kRoot + R"(Music\AC-DC\One.mp3)", kRoot + R"(Music\Two.mp3)",
+                        "http://example.com/"}));
+  EXPECT_TRUE(Holds(outcome.out, "  not brought:         2 (178 bytes)\n")) << outcome.out;
+  EXPECT_TRUE(Holds(outcome.out, "References verified:   8, found: 0, missing: 8\n"));
+  EXPECT_TRUE(Holds(outcome.err,
+                    "The songs were not brought, as asked for: bring them to the places that "
+                    "--json tells, or run again without --no-media.\n"));
+  // The songs can follow; the playlists are there.
+  const auto moved = Moved();
+  EXPECT_EQ(moved.at("exitCode"), 0);
+  EXPECT_EQ(moved.at("summary").at("alreadyRestored"), 1);
+  ExpectMoved("Mix", {kOne, kTwo, "http://example.com/"});
+}
+
+TEST_F(MigrateCommandTest, WithoutMediaSongsThatStandAtTheirPlacesAreFound) {
+  WriteNew(kRoot + R"(Music\AC-DC\One.mp3)", ReadFile(OldPlace(kOne)));
+  WriteNew(kRoot + R"(Music\Two.mp3)", ReadFile(OldPlace(kTwo)));
+  EXPECT_EQ(Migrate({"--no-media"}).code, 0);
+}
+
+TEST_F(MigrateCommandTest, LinkedSongsAreSecondNamesOfTheOldOnes) {
+  const auto moved = Moved({"--link"});
+  EXPECT_EQ(moved.at("exitCode"), 0);
+  EXPECT_EQ(moved.at("media")[0].at("outcome"), "linked");
+  EXPECT_TRUE(fs::equivalent(OldPlace(kOne), NewPlace(kRoot + R"(Music\AC-DC\One.mp3)")));
+  EXPECT_EQ(Moved({"--link"}).at("media")[0].at("outcome"), "alreadyThere");
+}
+
+TEST_F(MigrateCommandTest, CopiesKeepTheirTimesAndAreFilesOfTheirOwn) {
+  const auto time = fs::last_write_time(OldPlace(kOne)) - std::chrono::hours(24 * 365);
+  fs::last_write_time(OldPlace(kOne), time);
+  EXPECT_EQ(Moved({"--copy"}).at("media")[0].at("outcome"), "copied");
+  const fs::path copy = NewPlace(kRoot + R"(Music\AC-DC\One.mp3)");
+  EXPECT_EQ(fs::last_write_time(copy), time);
+  EXPECT_FALSE(fs::equivalent(OldPlace(kOne), copy));
+}
+
+TEST_F(MigrateCommandTest, ASongThatCannotBePlacedIsToldAndTheRestGoesOn) {
+  // A link that leads nowhere is no file to the machine, but it is in the way.
+  fs::create_directories(NewPlace(kRoot + "Music"));
+  fs::create_symlink("nowhere", NewPlace(kRoot + R"(Music\Two.mp3)"));
+  const auto moved = Moved();
+  EXPECT_EQ(moved.at("exitCode"), 1);
+  const auto song = RecordOf(moved.at("media"), "source", kTwo);
+  EXPECT_EQ(song.at("outcome"), "leftOut");
+  EXPECT_EQ(moved.at("leftOut"), Texts{kTwo + (": " + song.at("reason").get<std::string>())});
+  EXPECT_EQ(moved.at("summary").at("referencesFound"), 4);
+  EXPECT_EQ(ReadFile(NewPlace(kRoot + R"(Music\AC-DC\One.mp3)")), ReadFile(OldPlace(kOne)));
+  EXPECT_TRUE(fs::is_symlink(NewPlace(kRoot + R"(Music\Two.mp3)")));
+}
+
+// ---------------------------------------------------------------------------- the old machine ----
+
+TEST_F(MigrateCommandTest, OfAnOldMachineNothingChangesButTheProductsData) {
+  const auto before = Snapshot(OldPlace(R"(C:\Music)"));
+  EXPECT_EQ(Migrate().code, 0);
+  EXPECT_EQ(Snapshot(OldPlace(R"(C:\Music)")), before);
+}
+
+TEST_F(MigrateCommandTest, ToAFolderThatIsNoMachineNothingIsWritten) {
+  const std::string disk = Old() + "/C";
+  const auto before = Snapshot(Old());
+  const Outcome outcome = RunHost({"migrate", "--from", disk, "--to", New()});
+  EXPECT_EQ(outcome.code, 0) << outcome.err;
+  EXPECT_EQ(Snapshot(Old()), before);
+  ExpectMoved("Mix", {kOne, kTwo, "http://example.com/"});
+}
+
+TEST_F(MigrateCommandTest, WithAWorkFolderNothingIsWrittenToAMachineEither) {
+  WriteFile(fs::path(Old()) / "machine.ini", "[Drives]\r\nC=fixed\r\nD=fixed\r\nE=cdrom\r\n");
+  AddSong(R"(D:\Three.mp3)");
+  WriteOld(R"(D:\Other.m3u)", M3u({"Three.mp3", kOne, R"(E:\x.mp3)"}));
+  const auto before = Snapshot(Old());
+  for (int run = 0; run < 2; ++run) {
+    const auto moved = Moved({"--work", Beside("work")});
+    EXPECT_EQ(moved.at("exitCode"), 0) << moved.dump(1);
+    EXPECT_EQ(moved.at("summary").at(run == 0 ? "restored" : "alreadyRestored"), 2);
+    EXPECT_EQ(Snapshot(Old()), before);
+  }
+  ExpectMoved("Mix", {kOne, kTwo, "http://example.com/"});
+  ExpectMoved("Other", {R"(D:\Three.mp3)", kOne, R"(E:\x.mp3)"});
+  EXPECT_TRUE(fs::exists(fs::path(Beside("work")) / "Z/Norvo Media/KVs/Mix.ini"));
+}
+
+TEST_F(MigrateCommandTest, ADiskWithAFolderOfOneLetterIsNoMachine) {
+  // Music is often kept in folders A to Z.
+  const std::string disk = Old() + "/C";
+  AddSong(R"(C:\A\Abba.mp3)");
+  WriteOld(R"(C:\A\Letter.m3u)", M3u({R"(C:\A\Abba.mp3)", R"(..\Music\Two.mp3)"}));
+  const auto before = Snapshot(Old());
+  EXPECT_EQ(RunHost({"migrate", "--from", disk, "--to", New()}).code, 0);
+  EXPECT_EQ(Snapshot(Old()), before);
+  ExpectMoved("Letter", {R"(C:\A\Abba.mp3)", kTwo});
+}
+
+TEST_F(MigrateCommandTest, AnOldMachineWithoutPlaylistsIsNoFailure) {
+  fs::remove_all(OldPlace(R"(C:\Music)"));
+  const auto moved = Moved();
+  EXPECT_EQ(moved.at("exitCode"), 0);
+  EXPECT_EQ(moved.at("playlists"), nlohmann::json::array());
+  EXPECT_EQ(moved.at("media"), nlohmann::json::array());
+}
+
+TEST_F(MigrateCommandTest, AnInterruptedFirstRunLeavesAFolderThatIsAMachineStill) {
+  // Such a file may stand beside the drives.
+  WriteFile(fs::path(Old()) / ".registry.reg.tmp", "torn");
+  EXPECT_EQ(Migrate().code, 0);
+  EXPECT_TRUE(fs::exists(fs::path(Old()) / "registry.reg"));
+}
+
+// ---------------------------------------------------------------------------- the new machine ----
+
+TEST_F(MigrateCommandTest, AFolderThatIsNoMachineIsMadeOne) {
+  WriteFile(fs::path(New()) / "letters" / "x.txt", "of the user");
+  EXPECT_EQ(Migrate().code, 0);
+  EXPECT_EQ(ReadFile(fs::path(New()) / "letters" / "x.txt"), "of the user");
+  const Outcome again = RunHost({"init", "--machine", New(), "--role", "destination", "--json"});
+  EXPECT_EQ(again.code, 0) << again.err;  // it has that role, and all settings
+  EXPECT_EQ(again.Document().at("written"), nlohmann::json::array());
+}
+
+TEST_F(MigrateCommandTest, AMachineKeepsTheRoleThatItHas) {
+  fs::create_directories(NewPlace("C:\\"));
+  ASSERT_EQ(RunHost({"init", "--machine", New(), "--role", "source"}).code, 0);
+  EXPECT_EQ(Migrate().code, 0);
+  EXPECT_EQ(RunHost({"init", "--machine", New(), "--role", "source"}).code, 0);
+}
+
+}  // namespace
+}  // namespace norvo::host

@@ -1,0 +1,86 @@
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "cli/Drop.h"
+#include "cli/Json.h"
+#include "cli/LogLines.h"
+#include "cli/Shown.h"
+#include "cli/Table.h"
+
+namespace norvo::host {
+namespace {
+
+TEST(ShownTest, EscapesWhatSteersATerminal) {
+  EXPECT_EQ(Shown("a\x1B[0m\r\n\t"), "a\\x1B[0m\\x0D\\x0A\\x09");
+  EXPECT_EQ(Shown("\xC2\x9B"), "\\x9B");
+  EXPECT_EQ(Shown("\xE2\x80\xAE"
+                  "gpj"),
+            "\\u202Egpj");
+  EXPECT_EQ(Shown("\xFF"), "\xEF\xBF\xBD");
+}
+
+TEST(ShownTest, LeavesTextsAlone) {
+  const std::string text = "C:\\Musik\\\xC3\x84rzte \xF0\x9F\x8E\xB5 \\x1B";
+  EXPECT_EQ(Shown(text), text);
+}
+
+TEST(ShownTest, AWideCharacterTakesTwoCellsAndACombiningMarkNone) {
+  EXPECT_EQ(DisplayWidth("abc"), 3u);
+  EXPECT_EQ(DisplayWidth("\xC3\x84"), 1u);
+  EXPECT_EQ(DisplayWidth("A\xCC\x88"), 1u);
+  EXPECT_EQ(DisplayWidth("\xE9\x9F\xB3\xE6\xA5\xBD"), 4u);
+}
+
+TEST(TableTest, AlignsColumns) {
+  Table table({{"#", Align::Right}, {"Name"}, {"Last"}});
+  table.AddRow({"1", "\xC3\x84", "x"});
+  table.AddRow({"10", "Longer", ""});
+  const std::vector<std::string> expected = {" #  Name    Last", "--  ------  ----",
+                                             " 1  \xC3\x84       x", "10  Longer"};
+  EXPECT_EQ(table.Lines(), expected);
+}
+
+TEST(TableTest, AVeryWideCellPushesItsOwnLineOnly) {
+  Table table({{"A"}, {"B"}});
+  table.AddRow({std::string(100, 'w'), "x"});
+  table.AddRow({"s", "y"});
+  EXPECT_EQ(table.Lines()[2], std::string(100, 'w') + "  x");
+  EXPECT_EQ(table.Lines()[3], "s" + std::string(41, ' ') + "y");
+}
+
+TEST(JsonTest, EscapesAndStaysTheSameDocument) {
+  const std::string odd = "\x1B \x7F \xC2\x9B \xE2\x80\xAE \"\\ \xC3\x84 \xF0\x9F\x8E\xB5 \n";
+  const Json document{{"text", odd}, {"list", Json::array({1, 2})}};
+  const std::string text = JsonText(document);
+  EXPECT_EQ(text.find('\x1B'), std::string::npos);
+  EXPECT_EQ(text.find('\x7F'), std::string::npos);
+  EXPECT_EQ(text.find("\xC2\x9B"), std::string::npos);
+  EXPECT_EQ(text.find("\xE2\x80\xAE"), std::string::npos);
+  EXPECT_EQ(Json::parse(text), document);
+  EXPECT_EQ(text.back(), '\n');
+}
+
+TEST(JsonTest, WholeNumbersHaveNoPoint) {
+  EXPECT_EQ(JsonNumber(3000000000.0).dump(), "3000000000");
+  EXPECT_EQ(JsonNumber(0.5).dump(), "0.5");
+}
+
+TEST(DropTest, TellsWhyAnItemWasDropped) {
+  EXPECT_EQ(DropReasonOf(ItemOutcome::Kept), std::nullopt);
+  EXPECT_EQ(DropReasonOf(ItemOutcome::Missing), DropReason::Missing);
+  EXPECT_EQ(DropReasonOf(ItemOutcome::NotMedia), DropReason::NotMedia);
+  EXPECT_EQ(DropReasonOf(ItemOutcome::Empty), DropReason::EmptyReference);
+  EXPECT_EQ(DropReasonOf(ItemOutcome::NotRegistered), DropReason::NotRegistered);
+}
+
+TEST(LogLinesTest, FailuresOfTheDiskAreWarningsAndStepsOfTheWorkAreNot) {
+  EXPECT_TRUE(IsWarning(u"HelperMan::GetAllPlayLists -> Cannot list the folder C:\\x: no"));
+  EXPECT_TRUE(
+      IsWarning(u"NVERR_OPFAIL, PLAYLIST::ReadPlayList, The media list could not be written"));
+  EXPECT_FALSE(IsWarning(u"Starting Drive Scan..."));
+  EXPECT_FALSE(IsWarning(u"NVERR_OPFAIL, HelperMan::GenericQueue, Invalid Playlist SubType"));
+}
+
+}  // namespace
+}  // namespace norvo::host

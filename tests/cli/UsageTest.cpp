@@ -1,0 +1,132 @@
+#include <array>
+#include <streambuf>
+
+#include "cli/ProgramFixture.h"
+
+namespace norvo::host {
+namespace {
+
+using UsageTest = HostTest;
+
+TEST_F(UsageTest, WrongUsageEndsWithTwoAndSaysSoOnStandardError) {
+  const std::vector<std::vector<std::string>> lines = {
+      {},
+      {"conquer"},
+      {"scan"},
+      {"show"},
+      {"scan", "--machine"},
+      {"scan", "--machine", Machine(), "--frobnicate"},
+      {"scan", "--machine", Machine(), "surplus"},
+      {"init", "--machine", Machine(), "--role", "bystander"},
+      {"show", "--machine", Machine(), "C:\\x.m3u", "--type", "7"},
+  };
+  for (const auto& words : lines) {
+    const Outcome outcome = RunHost(words);
+    EXPECT_EQ(outcome.code, 2) << ::testing::PrintToString(words);
+    EXPECT_TRUE(outcome.out.empty()) << outcome.out;
+    EXPECT_TRUE(Holds(outcome.err, "--help")) << outcome.err;
+  }
+}
+
+TEST_F(UsageTest, EveryCommandHasHelpWithExamples) {
+  for (const std::string command : {"init", "scan", "collect", "show"}) {
+    const Outcome outcome = RunHost({command, "--help"});
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_TRUE(Holds(outcome.out, "Examples:\n  norvo-playlists " + command)) << outcome.out;
+    EXPECT_TRUE(outcome.err.empty()) << outcome.err;
+  }
+  EXPECT_TRUE(Holds(RunHost({"--help"}).out, "Examples:"));
+}
+
+TEST_F(UsageTest, TellsItsVersion) {
+  const Outcome outcome = RunHost({"--version"});
+  EXPECT_EQ(outcome.code, 0);
+  EXPECT_EQ(outcome.out.rfind("norvo-playlists ", 0), 0u) << outcome.out;
+}
+
+TEST_F(UsageTest, UnusableMachineEndsWithTwoAndNamesTheFolder) {
+  fs::create_directories(Root() / "empty");
+  const std::array<std::string, 2> folders = {(Root() / "empty").string(),
+                                              (Root() / "absent").string()};
+  for (const std::string& folder : folders) {
+    for (const std::string command : {"init", "scan", "collect"}) {
+      const Outcome outcome = RunHost({command, "--machine", folder});
+      EXPECT_EQ(outcome.code, 2);
+      EXPECT_TRUE(Holds(outcome.err, folder)) << outcome.err;
+      EXPECT_TRUE(Holds(outcome.err, "machine.ini")) << outcome.err;
+      EXPECT_TRUE(outcome.out.empty());
+    }
+  }
+  EXPECT_TRUE(fs::is_empty(Root() / "empty"));
+}
+
+TEST_F(UsageTest, AFailureIsADocumentToo) {
+  const Outcome outcome = RunHost({"scan", "--machine", (Root() / "absent").string(), "--json"});
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_EQ(outcome.Document().at("exitCode"), 2);
+  EXPECT_TRUE(Holds(outcome.Document().at("error"), "absent"));
+}
+
+TEST_F(UsageTest, MachineWithoutSettingsNamesInit) {
+  WriteMix();
+  for (const std::string command : {"scan", "collect"}) {
+    const Outcome outcome = RunHost({command, "--machine", Machine()});
+    EXPECT_EQ(outcome.code, 2);
+    EXPECT_TRUE(Holds(outcome.err, "norvo-playlists init")) << outcome.err;
+    EXPECT_TRUE(Holds(outcome.err, "SubGroupRootName")) << outcome.err;
+  }
+  EXPECT_FALSE(fs::exists(Place("registry.reg")));
+}
+
+TEST_F(UsageTest, ARoleThatTakesNoPartIsRefused) {
+  WriteFile(Place("registry.reg"),
+            "Windows Registry Editor Version 5.00\r\n\r\n"
+            "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Norvo\\Migration\\KVS]\r\n\"mode\"=dword:00000003\r\n");
+  EXPECT_TRUE(Init().code == 0);
+  const Outcome outcome = RunHost({"scan", "--machine", Machine()});
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_TRUE(Holds(outcome.err, "mode")) << outcome.err;
+}
+
+TEST_F(UsageTest, ReportThatCannotBeWrittenEndsWithOne) {
+  std::ostringstream out;
+  std::ostringstream err;
+  out.setstate(std::ios::badbit);
+  EXPECT_EQ(norvo::host::Run({"init", "--machine", Machine()}, out, err), 1);
+  EXPECT_TRUE(Holds(err.str(), "Standard output")) << err.str();
+}
+
+TEST_F(UsageTest, StreamsThatThrowEndWithTwo) {
+  class FullBuffer : public std::streambuf {};
+  FullBuffer buffer;
+  std::ostream out(&buffer);
+  std::ostream err(&buffer);
+  out.exceptions(std::ios::badbit);
+  err.exceptions(std::ios::badbit);
+  EXPECT_EQ(norvo::host::Run({"init", "--machine", Machine()}, out, err), 2);
+  EXPECT_EQ(norvo::host::Run({"conquer"}, out, err), 2);
+}
+
+TEST_F(UsageTest, ControlCharactersOfArgumentsAreEscaped) {
+  const Outcome outcome = RunHost({"scan", "--machine", "/absent\x1B[31m"});
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_FALSE(Holds(outcome.err, "\x1B"));
+  EXPECT_TRUE(Holds(outcome.err, "\\x1B[31m")) << outcome.err;
+}
+
+TEST_F(UsageTest, ProgressIsDrawnOnATerminalOnly) {
+  WriteMix();
+  Init();
+  std::ostringstream out;
+  std::ostringstream terminal;
+  norvo::host::Run({"collect", "--machine", Machine()}, out, terminal, true);
+  EXPECT_TRUE(Holds(terminal.str(), "\r\x1B[K")) << terminal.str();
+  EXPECT_FALSE(Holds(out.str(), "\x1B"));
+  std::ostringstream quiet;
+  norvo::host::Run({"collect", "--machine", Machine(), "--quiet"}, out, quiet, true);
+  EXPECT_FALSE(Holds(quiet.str(), "\x1B")) << quiet.str();
+  EXPECT_FALSE(Holds(RunHost({"collect", "--machine", Machine()}).err, "\x1B"));
+}
+
+}  // namespace
+}  // namespace norvo::host
