@@ -6,7 +6,7 @@
 
 namespace {
 
-using namespace norvo::host;
+using namespace norvo;
 
 /// The machine stays the same: looking for files changes nothing.
 norvo::Component& Machine() {

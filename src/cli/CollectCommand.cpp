@@ -10,7 +10,7 @@
 #include "services/ObserverScope.h"
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 /// The queue stops at a playlist that it cannot count; those behind it are never begun.
@@ -60,4 +60,4 @@ Json RunCollect(const CommonArguments& common, const CollectArguments& arguments
   return document;
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -7,7 +7,7 @@
 #include "text/Encoding.h"
 #include "text/Number.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 /// The count in which a playlist is.
@@ -124,4 +124,4 @@ Json CollectedDocument(const CollectFigures& figures, const std::vector<Playlist
   return document;
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -8,7 +8,7 @@
 #include "cli/WorkWatcher.h"
 #include "move/Settings.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// Figures of one collecting run.
 struct CollectFigures {
@@ -31,4 +31,4 @@ void SayCollected(const CollectFigures& figures, const std::vector<PlaylistResul
 Json CollectedDocument(const CollectFigures& figures, const std::vector<PlaylistResult>& results,
                        const Machine& machine, const Settings& settings);
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -8,7 +8,7 @@
 #include "cli/Shown.h"
 #include "services/Utility.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 void AddOutput(CLI::App& command, CommonArguments& common) {
@@ -148,4 +148,4 @@ std::optional<CommandLine> ParseCommandLine(const std::vector<std::string>& word
   }
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -7,7 +7,7 @@
 #include <variant>
 #include <vector>
 
-namespace norvo::host {
+namespace norvo {
 
 /// What every command takes. Texts are the bytes that the shell handed over.
 struct CommonArguments {
@@ -63,4 +63,4 @@ struct CommandLine {
 std::optional<CommandLine> ParseCommandLine(const std::vector<std::string>& words,
                                             std::ostream& out, std::ostream& err, int& code);
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -3,7 +3,7 @@
 #include "cli/CommandLine.h"
 #include "cli/Console.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// Each runs one command and gives its report as a document, which is empty unless one was asked
 /// for. What is left out goes to the console. HostError when the command cannot be run.
@@ -15,4 +15,4 @@ Json RunVerify(const CommonArguments& common, const VerifyArguments& arguments, 
 Json RunMigrate(const CommonArguments& common, const MigrateArguments& arguments, Console& console);
 Json RunShow(const CommonArguments& common, const ShowArguments& arguments, Console& console);
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -4,7 +4,7 @@
 
 #include "cli/Shown.h"
 
-namespace norvo::host {
+namespace norvo {
 
 void Console::SetQuiet() {
   quiet_ = true;
@@ -64,4 +64,4 @@ bool Console::Flush() {
   return taken;
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -9,7 +9,7 @@
 #include "cli/Json.h"
 #include "cli/Progress.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// Exit codes of the program.
 namespace exit_code {
@@ -68,4 +68,4 @@ class Console {
   std::vector<std::string> lines_;  // what was left out
 };
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -1,6 +1,6 @@
 #include "cli/Drop.h"
 
-namespace norvo::host {
+namespace norvo {
 
 const char* DescriptionOf(DropReason reason) {
   switch (reason) {
@@ -46,4 +46,4 @@ std::optional<DropReason> DropReasonOf(ItemOutcome outcome) {
   return std::nullopt;
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

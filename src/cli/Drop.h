@@ -6,7 +6,7 @@
 #include "services/Observer.h"
 #include "text/Text.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// Why an item of a playlist became no entry.
 enum class DropReason { Missing, NotMedia, EmptyReference, NotRegistered };
@@ -25,4 +25,4 @@ struct Drop {
 /// Nothing for an item that was kept.
 std::optional<DropReason> DropReasonOf(ItemOutcome outcome);
 
-}  // namespace norvo::host
+}  // namespace norvo

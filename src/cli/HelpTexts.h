@@ -1,6 +1,6 @@
 #pragma once
 
-namespace norvo::host {
+namespace norvo {
 
 /// What the help says differently on the systems that the program runs on.
 struct HelpTexts {
@@ -20,4 +20,4 @@ struct HelpTexts {
 /// Those of this system.
 extern const HelpTexts kHelp;
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -5,7 +5,7 @@
 #include "cli/Report.h"
 #include "move/Setup.h"
 
-namespace norvo::host {
+namespace norvo {
 
 Json RunInit(const CommonArguments& common, const InitArguments& arguments, Console& console) {
   Machine machine(OpenMachine(common.machine), console);
@@ -18,4 +18,4 @@ Json RunInit(const CommonArguments& common, const InitArguments& arguments, Cons
   return document;
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

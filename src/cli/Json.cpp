@@ -7,7 +7,7 @@
 
 #include "cli/Shown.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 /// Shown() writes \x9B; JSON knows the long form only.
@@ -55,4 +55,4 @@ std::string JsonText(const Json& document) {
   return text;
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 // Starts of the lines that tell of undone work.
@@ -17,4 +17,4 @@ bool IsWarning(StringView logLine) {
                      [logLine](StringView start) { return logLine.starts_with(start); });
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

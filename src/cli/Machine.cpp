@@ -8,7 +8,7 @@
 #include "services/Utility.h"
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 class Machine::ConsoleBox final : public MessageDialog {
  public:
   explicit ConsoleBox(Console& console) : console_(console) {}
@@ -60,4 +60,4 @@ std::string Machine::Both(StringView machinePath) const {
   return path + (place.empty() || place == path ? "" : " (" + place + ")");
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -7,7 +7,7 @@
 #include "cli/MachineAccess.h"
 #include "services/Component.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// The library over one machine, with the machine's messages and warnings on the console.
 class Machine {
@@ -42,4 +42,4 @@ class Machine {
   bool hasLog_ = false;
 };
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -5,7 +5,7 @@
 
 #include "services/Platform.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// A machine that the library can be opened on, and how its paths and those of this system lead to
 /// each other. Paths of this system are UTF-8 where they are texts.
@@ -32,4 +32,4 @@ std::shared_ptr<MachineAccess> OpenMachine(const std::string& folder);
 /// True for "C:\..." and "C:/...".
 bool IsMachinePath(std::string_view text);
 
-}  // namespace norvo::host
+}  // namespace norvo

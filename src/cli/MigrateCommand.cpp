@@ -19,7 +19,7 @@
 #include "move/Restoring.h"
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 /// An alternative that no playlist was given is no song of the move.
@@ -121,4 +121,4 @@ Json RunMigrate(const CommonArguments& common, const MigrateArguments& arguments
   return document;
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

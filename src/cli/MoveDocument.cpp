@@ -5,7 +5,7 @@
 #include "cli/Report.h"
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 Json Texts(const std::vector<std::string>& texts) {
@@ -79,4 +79,4 @@ Json MoveDocument(const Move& move, const MoveTerms& terms) {
   return document;
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -9,7 +9,7 @@
 #include "text/Number.h"
 #include "text/WindowsPath.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 const char* OutcomeText(MovedPlaylist::State state) {
@@ -175,4 +175,4 @@ void SayMove(const Move& move, const MoveTerms& terms, Console& console) {
   SayTotals(move, terms, console);
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

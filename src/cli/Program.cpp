@@ -13,7 +13,7 @@
 #include "cli/SystemWords.h"
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 // In the variant's order.
@@ -115,4 +115,4 @@ int Run(const std::vector<std::string>& words, std::ostream& out, std::ostream& 
   }
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -7,7 +7,7 @@
 #include "cli/Terminal.h"
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 constexpr std::chrono::milliseconds kInterval{100};
@@ -107,4 +107,4 @@ void Progress::Clear() {
   drawn_ = false;
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -5,7 +5,7 @@
 #include "model/PlaylistTypes.h"
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 
 std::string TypeName(std::int32_t type) {
   const PlaylistType* const row = FindPlaylistType(type);
@@ -78,4 +78,4 @@ Json SetupDocument(const std::vector<SetupStep>& steps) {
   return {{"written", written}, {"alreadyThere", there}};
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

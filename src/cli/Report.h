@@ -9,7 +9,7 @@
 #include "move/PlayerSetting.h"
 #include "move/Setup.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// "WMP_ASX" and so on; "unknown" for a code that is none.
 std::string TypeName(std::int32_t type);
@@ -34,4 +34,4 @@ Json SettingsDocument(const std::vector<PlayerSetting>& settings);
 void SaySetup(const std::vector<SetupStep>& steps, Console& console);
 Json SetupDocument(const std::vector<SetupStep>& steps);
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -11,7 +11,7 @@
 #include "services/ObserverScope.h"
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 struct Native {
@@ -105,4 +105,4 @@ Json RunRestore(const CommonArguments& common, Console& console) {
   return document;
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

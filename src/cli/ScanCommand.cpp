@@ -8,7 +8,7 @@
 #include "services/ObserverScope.h"
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 void SayByType(const std::vector<ListedPlaylist>& playlists, Console& console) {
@@ -58,4 +58,4 @@ Json RunScan(const CommonArguments& common, Console& console) {
   return document;
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -12,7 +12,7 @@
 #include "text/Encoding.h"
 #include "text/Number.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 struct ShownEntry {
@@ -144,4 +144,4 @@ Json RunShow(const CommonArguments& common, const ShowArguments& arguments, Cons
   return Document(*machine, type, *playlist, entries, watcher.Own());
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

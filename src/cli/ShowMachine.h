@@ -7,7 +7,7 @@
 #include "cli/Console.h"
 #include "services/Component.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// A machine to read one playlist of, without a trace on the disk but for the log, when that is
 /// asked for: what the library writes goes with this object.
@@ -26,4 +26,4 @@ class ShowMachine {
 std::unique_ptr<ShowMachine> OpenToShow(const CommonArguments& common, const std::string& path,
                                         Console& console);
 
-}  // namespace norvo::host
+}  // namespace norvo

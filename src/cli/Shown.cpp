@@ -5,7 +5,7 @@
 
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 struct Range {
@@ -59,4 +59,4 @@ std::size_t DisplayWidth(std::string_view shown) {
   return width;
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace norvo::host {
+namespace norvo {
 
 /// A text for people: what would steer a terminal (control characters, marks of the writing
 /// direction) becomes an escape such as \x1B or \u202E; a byte that is not UTF-8 becomes U+FFFD.
@@ -14,4 +14,4 @@ std::string Shown(std::string_view text);
 /// Cells that a shown text takes on a terminal.
 std::size_t DisplayWidth(std::string_view shown);
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace norvo::host {
+namespace norvo {
 
 /// What messages say differently on the systems that the program runs on.
 struct SystemWords {
@@ -15,4 +15,4 @@ struct SystemWords {
 /// Those of this system.
 extern const SystemWords kWords;
 
-}  // namespace norvo::host
+}  // namespace norvo

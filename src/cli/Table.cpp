@@ -4,7 +4,7 @@
 
 #include "cli/Shown.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 constexpr std::size_t kWidestAligned = 40;
@@ -52,4 +52,4 @@ std::vector<std::string> Table::Lines() const {
   return lines;
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -11,7 +11,7 @@
 #include "services/FolderScanner.h"
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 struct Checked {
@@ -109,4 +109,4 @@ Json RunVerify(const CommonArguments& common, const VerifyArguments& arguments, 
   return document;
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -3,7 +3,7 @@
 #include "cli/LogLines.h"
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 std::string Entries(const PlaylistResult& result) {
@@ -90,4 +90,4 @@ void WorkWatcher::NoteGenericFile(std::size_t index) {
                    ToUtf8(later.path) + ", which has the same name: rename one of the two");
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -10,7 +10,7 @@
 #include "cli/Drop.h"
 #include "services/Observer.h"
 
-namespace norvo::host {
+namespace norvo {
 
 using DropCounts = std::array<std::size_t, kDropReasons>;
 
@@ -62,4 +62,4 @@ class WorkWatcher final : public Observer {
   std::unordered_map<String, std::size_t, CaselessHash, CaselessEqual> byGenericFile_;
 };
 
-}  // namespace norvo::host
+}  // namespace norvo

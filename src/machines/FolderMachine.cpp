@@ -4,7 +4,7 @@
 #include "cli/Console.h"
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 std::shared_ptr<HostedPlatform> OpenPlatform(const std::filesystem::path& folder) {
@@ -40,4 +40,4 @@ std::shared_ptr<MachineAccess> OpenMachine(const std::string& folder) {
   return std::make_shared<FolderMachine>(folder);
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -6,7 +6,7 @@
 #include "machines/MachineLayout.h"
 #include "platform/hosted/HostedPlatform.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// A machine that is held in a folder.
 class FolderMachine final : public MachineAccess {
@@ -27,4 +27,4 @@ class FolderMachine final : public MachineAccess {
   MachineLayout layout_;
 };
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -5,7 +5,7 @@
 
 #include "cli/Console.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 namespace fs = std::filesystem;
@@ -76,4 +76,4 @@ void LinkedMachine::Finish() {
   if (!file) Fail(path, "cannot be written. See that its folder is writable.");
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -5,7 +5,7 @@
 
 #include "services/FileSystem.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// Makes a machine folder whose drives are links to folders elsewhere, so that every folder will
 /// do, whatever its path holds. HostError when something cannot be made.
@@ -28,4 +28,4 @@ class LinkedMachine {
   std::string folders_;
 };
 
-}  // namespace norvo::host
+}  // namespace norvo

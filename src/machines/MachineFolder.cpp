@@ -12,7 +12,7 @@
 #include "text/CodePage.h"
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 namespace fs = std::filesystem;
@@ -66,4 +66,4 @@ bool IsSurelyMachine(const fs::path& folder) {
   return TellsOfMachine(folder / "machine.ini") || HoldsDrivesAlone(folder);
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -5,7 +5,7 @@
 
 #include "platform/hosted/HostedPlatform.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// The machine that a folder holds, by whatever tells of one; null for a folder that is none.
 std::shared_ptr<HostedPlatform> OpenIfMachine(const std::filesystem::path& folder);
@@ -15,4 +15,4 @@ std::shared_ptr<HostedPlatform> OpenIfMachine(const std::filesystem::path& folde
 /// cannot be listed.
 bool IsSurelyMachine(const std::filesystem::path& folder);
 
-}  // namespace norvo::host
+}  // namespace norvo

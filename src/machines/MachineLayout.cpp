@@ -6,7 +6,7 @@
 #include "text/Encoding.h"
 #include "text/WindowsPath.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 namespace fs = std::filesystem;
@@ -83,4 +83,4 @@ std::optional<String> MachineLayout::MachinePathOf(const fs::path& hostPath) con
   return found;
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

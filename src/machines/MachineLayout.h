@@ -8,7 +8,7 @@
 #include "platform/hosted/HostedPlatform.h"
 #include "text/Text.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// Where the drives of a machine folder are, to go from its paths to those of this system and back.
 class MachineLayout {
@@ -29,4 +29,4 @@ class MachineLayout {
   std::vector<HostedDrive> drives_;
 };
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -8,7 +8,7 @@
 #include "move/Setup.h"
 #include "services/Utility.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 namespace fs = std::filesystem;
@@ -49,4 +49,4 @@ NewMachine::NewMachine(const std::string& to, bool trial, Console& console) : tr
   settings_ = RequireSettings(*planLibrary_);
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

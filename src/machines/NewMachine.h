@@ -10,7 +10,7 @@
 #include "move/Settings.h"
 #include "overlay/OverlayPlatform.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// The machine that a move goes to. A folder that is no machine is made one, and the settings that
 /// it lacks are written. For a trial nothing is written: the machine is shown as it would be.
@@ -25,7 +25,7 @@ class NewMachine {
   OverlayPlatform& Plan() { return *plan_; }
   Component& PlanLibrary() { return *planLibrary_; }
   HostedPlatform& Files() { return folder_->Hosted(); }
-  const norvo::host::Settings& Settings() const { return settings_; }
+  const norvo::Settings& Settings() const { return settings_; }
   Machine& Get() { return *machine_; }
 
  private:
@@ -35,7 +35,7 @@ class NewMachine {
   std::unique_ptr<Machine> machine_;
   std::shared_ptr<OverlayPlatform> plan_;
   std::unique_ptr<Component> planLibrary_;
-  norvo::host::Settings settings_;
+  norvo::Settings settings_;
 };
 
-}  // namespace norvo::host
+}  // namespace norvo

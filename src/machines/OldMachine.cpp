@@ -7,7 +7,7 @@
 #include "move/Setup.h"
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 namespace fs = std::filesystem;
@@ -63,4 +63,4 @@ OldMachine::OldMachine(const std::string& from, const std::string& work, Console
   settings_ = RequireSettings(machine_->Library());
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -9,7 +9,7 @@
 #include "machines/TempFolder.h"
 #include "move/Settings.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// The machine that a move starts from: a machine folder, or any folder as drive C of one. In the
 /// latter case, and with a work folder, nothing is written to it: the product's data go to a drive
@@ -21,7 +21,7 @@ class OldMachine {
 
   Machine& Get() { return *machine_; }
   HostedPlatform& Files() { return folder_->Hosted(); }
-  const norvo::host::Settings& Settings() const { return settings_; }
+  const norvo::Settings& Settings() const { return settings_; }
   /// Nothing below the folder is written.
   bool IsReadOnly() const { return readOnly_; }
   /// The product's data, and so the log, go with this object.
@@ -31,8 +31,8 @@ class OldMachine {
   std::unique_ptr<TempFolder> temp_;
   std::shared_ptr<FolderMachine> folder_;
   std::unique_ptr<Machine> machine_;
-  norvo::host::Settings settings_;
+  norvo::Settings settings_;
   bool readOnly_ = false;
 };
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -14,7 +14,7 @@
 #include "overlay/OverlayPlatform.h"
 #include "services/NVServices.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 namespace fs = std::filesystem;
@@ -92,4 +92,4 @@ void CheckPlaces(const MigrateArguments& arguments) {
   for (const Place& to : written) CheckApart(to, {"--work", arguments.work});
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

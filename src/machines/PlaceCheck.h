@@ -2,10 +2,10 @@
 
 #include "cli/CommandLine.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// HostError when the folders of a move, or a drive of the old machine and one that is written to
 /// on the new one, lie in each other: a scan of one would find the other's files. Changes nothing.
 void CheckPlaces(const MigrateArguments& arguments);
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -7,7 +7,7 @@
 
 #include "cli/Console.h"
 
-namespace norvo::host {
+namespace norvo {
 
 TempFolder::TempFolder() {
   std::error_code failure;
@@ -26,4 +26,4 @@ TempFolder::~TempFolder() {
   std::filesystem::remove_all(path_, ignored);
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-namespace norvo::host {
+namespace norvo {
 
 /// A folder of its own that goes with its owner. Links in it are removed, never followed.
 class TempFolder {
@@ -19,4 +19,4 @@ class TempFolder {
   std::filesystem::path path_;
 };
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -13,7 +13,7 @@
 #include "text/Number.h"
 #include "text/WindowsPath.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 constexpr StringView kSubFolder = u"Norvo PlayLists\\";
@@ -87,4 +87,4 @@ void CarryNeutralFiles(Component& old, Component& library, RestoreLedger& ledger
   }
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -4,7 +4,7 @@
 #include "move/RestoreLedger.h"
 #include "services/Component.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// Brings the adjusted neutral files of a move into the new machine's documents folder, sub-folder
 /// "Norvo PlayLists". One that is there already with the same content is left as it is; another
@@ -15,4 +15,4 @@ namespace norvo::host {
 /// places, is known again by its key and stays as it is. `old` serves to read the playlists.
 void CarryNeutralFiles(Component& old, Component& library, RestoreLedger& ledger, Move& move);
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -11,7 +11,7 @@
 #include "services/ObserverScope.h"
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 class CollectWatcher final : public Observer {
@@ -76,4 +76,4 @@ std::vector<CollectedFile> Collect(Machine& machine, Console& console) {
   return watcher.Files();
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -7,7 +7,7 @@
 #include "cli/Machine.h"
 #include "services/Observer.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// A playlist file that the scan met, and what the queue made of it.
 struct CollectedFile {
@@ -23,4 +23,4 @@ struct CollectedFile {
 /// come to its end.
 std::vector<CollectedFile> Collect(Machine& machine, Console& console);
 
-}  // namespace norvo::host
+}  // namespace norvo

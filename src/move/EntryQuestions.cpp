@@ -5,7 +5,7 @@
 #include "services/DataCop.h"
 #include "services/ProfileFile.h"
 
-namespace norvo::host {
+namespace norvo {
 
 EntryQuestions::EntryQuestions(Component& library, OverlayPlatform& overlay)
     : library_(library),
@@ -38,4 +38,4 @@ EntryAnswer EntryQuestions::Ask(const EntryAnswer& names) {
   return answer;
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -6,7 +6,7 @@
 #include "overlay/OverlayPlatform.h"
 #include "services/Component.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// What an entry of a neutral file says, and the place that the new machine computes of it.
 struct EntryAnswer {
@@ -34,4 +34,4 @@ class EntryQuestions {
   String draftPath_;  // where the overlay holds the neutral file that is being asked about
 };
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -4,7 +4,7 @@
 #include "model/PlaylistTypes.h"
 #include "services/Utility.h"
 
-namespace norvo::host {
+namespace norvo {
 
 Variant CallWith(AutomationObject& object, StringView member, Variant argument) {
   return object.Call(member, Arguments(&argument, 1));
@@ -46,4 +46,4 @@ void RunQueue(AutomationObject& controller, std::int32_t mode) {
   CallWith(controller, u"GenericQueue", mode);
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

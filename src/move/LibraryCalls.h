@@ -5,7 +5,7 @@
 
 #include "services/Component.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// The library's classes, driven by name as a script drives them. Errors of the library come out as
 /// RunTimeError.
@@ -29,4 +29,4 @@ std::int32_t TellType(Component& library, const String& path);
 /// Runs the controller's queue; the modes are those of controller/QueueMode.h.
 void RunQueue(AutomationObject& controller, std::int32_t mode);
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -4,7 +4,7 @@
 #include "services/ProfileFile.h"
 #include "text/Number.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 // The queue takes type 6 before type 5.
@@ -33,4 +33,4 @@ std::vector<ListedPlaylist> ReadListFile(Component& component, const Settings& s
   return playlists;
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -5,7 +5,7 @@
 
 #include "move/Settings.h"
 
-namespace norvo::host {
+namespace norvo {
 
 struct ListedPlaylist {
   std::int32_t type = 0;
@@ -19,4 +19,4 @@ std::vector<ListedPlaylist> ReadListFile(Component& component, const Settings& s
 /// Path of the list file on the machine.
 String ListFilePath(const Settings& settings);
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace norvo::host {
+namespace norvo {
 
 const char* NameOf(MovedPlaylist::State state) {
   switch (state) {
@@ -54,4 +54,4 @@ std::size_t CountHealed(const Move& move) {
                     [](const MovedPlaylist& playlist) { return !playlist.healed.empty(); }));
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -9,7 +9,7 @@
 #include "move/PlayerSetting.h"
 #include "text/Text.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// How a move was asked for.
 struct MoveTerms {
@@ -97,4 +97,4 @@ std::size_t CountOf(const Move& move, MovedPlaylist::State state);
 /// Playlists of which something was mended.
 std::size_t CountHealed(const Move& move);
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -3,7 +3,7 @@
 #include "move/NativeCheck.h"
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 constexpr std::size_t kNatives = 4;
@@ -89,4 +89,4 @@ void CheckMove(Component& library, Move& move, Console& console) {
   }
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

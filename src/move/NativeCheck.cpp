@@ -11,7 +11,7 @@
 #include "services/TextStream.h"
 #include "text/WindowsPath.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 class ReferenceWatcher final : public Observer {
@@ -91,4 +91,4 @@ CheckedPlaylist CheckNative(Component& library, const String& path) {
   }
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -4,7 +4,7 @@
 
 #include "services/Component.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// A reference of a native playlist, as the library reads it back.
 struct CheckedReference {
@@ -26,4 +26,4 @@ struct CheckedPlaylist {
 /// component's observer does not hear of the library's reading.
 CheckedPlaylist CheckNative(Component& library, const String& path);
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -8,7 +8,7 @@
 #include "text/Number.h"
 #include "text/WindowsPath.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 constexpr int kMostNumbers = 100000;
@@ -223,4 +223,4 @@ std::string PlaceChooser::WhyNot(std::size_t number, const String& place) {
   return "the song has its one place elsewhere";
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -14,7 +14,7 @@
 #include "platform/hosted/FilePlacer.h"
 #include "services/Component.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// Gives every song of a move its one place on the new machine: one that the machine's own entry
 /// computes of the song's names, or of names that differ as little as possible. No place is taken
@@ -69,4 +69,4 @@ class PlaceChooser {
   std::unordered_map<String, int> nextMarks_;       // of the numbered names, by folded first place
 };
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -2,7 +2,7 @@
 
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 class SongListener final : public PlaceListener {
@@ -58,4 +58,4 @@ void PlaceSongs(FilePlacer& placer, PlaceMode mode, Move& move, Console& console
   placer.PlaceAll(jobs, mode, listener);
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

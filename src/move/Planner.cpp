@@ -13,7 +13,7 @@
 #include "text/Number.h"
 #include "text/WindowsPath.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 // So many playlists of one name are told apart by the numbers that the restoring adds.
@@ -252,4 +252,4 @@ std::string Planner::BytesOf(const Draft& draft) const {
   return EncodeSettings(draft.document.ToText(), library_.Machine().AnsiPage());
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -14,7 +14,7 @@
 #include "services/Component.h"
 #include "services/IniDocument.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// Gives every song of a move its one place on the new machine, and makes the neutral files say so.
 /// Where an entry would have its song elsewhere, the neutral file is changed as little as possible:
@@ -60,4 +60,4 @@ class Planner {
   std::unordered_map<String, int> nativeNames_;  // how many playlists have each, folded
 };
 
-}  // namespace norvo::host
+}  // namespace norvo

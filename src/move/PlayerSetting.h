@@ -2,7 +2,7 @@
 
 #include "text/Text.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// A setting by which a player was pointed at its playlists.
 struct PlayerSetting {
@@ -11,4 +11,4 @@ struct PlayerSetting {
   String value;
 };
 
-}  // namespace norvo::host
+}  // namespace norvo

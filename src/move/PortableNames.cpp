@@ -6,7 +6,7 @@
 #include "text/Number.h"
 #include "text/WindowsPath.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 constexpr StringView kForbidden = u"<>:\"/\\|?*";
@@ -131,4 +131,4 @@ String NumberedName(StringView name, int number, std::size_t most) {
   return WithMark(name, u" (" + FormatInteger(number) + u")", most);
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

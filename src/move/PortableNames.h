@@ -5,7 +5,7 @@
 #include "text/CodePage.h"
 #include "text/Text.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// Names and paths that every Windows machine can have, and that the players' playlists, which are
 /// text in the 8-bit page, can tell.
@@ -29,4 +29,4 @@ String PortableName(StringView name, const CodePage* page = nullptr,
 /// The name with " (number)" in front of its extension, at most `most` bytes.
 String NumberedName(StringView name, int number, std::size_t most = kLongestName);
 
-}  // namespace norvo::host
+}  // namespace norvo

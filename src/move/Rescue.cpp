@@ -17,7 +17,7 @@
 #include "text/WindowsPath.h"
 #include "writers/GenericNaming.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 // A neutral file counts its entries in 16 bits.
@@ -308,4 +308,4 @@ String Rescue::Write(AutomationObject& read, const String& path, const String& n
   return {};
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

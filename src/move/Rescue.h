@@ -14,7 +14,7 @@
 #include "move/Settings.h"
 #include "move/SongBook.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// Sees to it that every playlist file that the scan met has a neutral file with every song that it
 /// lists. The library's readers take only what their own rules let through; here each file is
@@ -68,4 +68,4 @@ class Rescue {
   std::set<String> taken_;           // neutral files that belong to a playlist, folded
 };
 
-}  // namespace norvo::host
+}  // namespace norvo

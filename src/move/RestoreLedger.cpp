@@ -9,7 +9,7 @@
 #include "text/Encoding.h"
 #include "text/Fingerprint.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 constexpr const char* kTitle =
@@ -208,4 +208,4 @@ void RestoreLedger::Compact() {
   machine_.Machine().Settings().Write(path_, text);
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

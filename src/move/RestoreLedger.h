@@ -7,7 +7,7 @@
 
 #include "services/Component.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// The place that a song has got, and the names by which an entry computes it.
 struct KnownPlace {
@@ -73,4 +73,4 @@ class RestoreLedger {
   std::optional<Row> current_;  // begun and not ended
 };
 
-}  // namespace norvo::host
+}  // namespace norvo

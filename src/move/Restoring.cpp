@@ -11,7 +11,7 @@
 #include "services/ObserverScope.h"
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 /// Keeps the ledger one step ahead of the queue.
@@ -94,4 +94,4 @@ void RestoreCarried(Component& library, RestoreLedger& ledger, Move& move, Conso
   }
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -2,7 +2,7 @@
 
 #include "automation/Conversions.h"
 
-namespace norvo::host {
+namespace norvo {
 
 std::vector<ListedPlaylist> Scan(Machine& machine, AutomationObject& controller,
                                  const Settings& settings, const WorkWatcher& watcher) {
@@ -13,4 +13,4 @@ std::vector<ListedPlaylist> Scan(Machine& machine, AutomationObject& controller,
   return ReadListFile(machine.Library(), settings);
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

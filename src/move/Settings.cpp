@@ -6,7 +6,7 @@
 #include "services/ProfileFile.h"
 #include "services/Utility.h"
 
-namespace norvo::host {
+namespace norvo {
 
 Settings ReadSettings(Component& component) {
   const String base = component.Machine().Product().BaseKey() + u"\\KVS";
@@ -45,4 +45,4 @@ String DataAreaOf(const Settings& settings) {
   return DataArea(settings.groupRoot);
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -5,7 +5,7 @@
 
 #include "services/Component.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// The product's settings that scanning and collecting need.
 struct Settings {
@@ -22,4 +22,4 @@ Settings RequireSettings(Component& component);
 /// Where the list file and the neutral files stand, with a trailing backslash.
 String DataAreaOf(const Settings& settings);
 
-}  // namespace norvo::host
+}  // namespace norvo

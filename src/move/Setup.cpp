@@ -10,7 +10,7 @@
 #include "text/Number.h"
 #include "text/WindowsPath.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 constexpr StringView kDefaultGroupRoot = u"C:\\My Documents\\Norvo Media\\";
@@ -225,4 +225,4 @@ std::vector<SetupStep> SetUp(Component& component, const SetupWishes& wishes, Co
   return setup.Steps();
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -8,7 +8,7 @@
 #include "cli/Console.h"
 #include "services/Component.h"
 
-namespace norvo::host {
+namespace norvo {
 
 struct SetupWishes {
   std::optional<std::int32_t> role;
@@ -28,4 +28,4 @@ struct SetupStep {
 /// something cannot be written.
 std::vector<SetupStep> SetUp(Component& component, const SetupWishes& wishes, Console& console);
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -7,7 +7,7 @@
 #include "text/Encoding.h"
 #include "text/WindowsPath.h"
 
-namespace norvo::host {
+namespace norvo {
 
 std::size_t SongBook::NumberOf(const String& path) {
   const auto [spelling, isNewSpelling] = bySpelling_.try_emplace(path, songs_.size());
@@ -19,4 +19,4 @@ std::size_t SongBook::NumberOf(const String& path) {
   return spelling->second = file->second;
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -8,7 +8,7 @@
 #include "move/Move.h"
 #include "platform/hosted/HostedPlatform.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// Numbers the media files of the old machine, each once, however its path is spelled.
 class SongBook {
@@ -27,4 +27,4 @@ class SongBook {
   std::unordered_map<std::string, std::size_t> byFile_;
 };
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -1,6 +1,6 @@
 #include "cli/ProgramFixture.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 class CollectCommandTest : public HostTest {
@@ -147,4 +147,4 @@ TEST_F(CollectCommandTest, ReferencesCannotSteerTheTerminal) {
 }
 
 }  // namespace
-}  // namespace norvo::host
+}  // namespace norvo

@@ -1,7 +1,7 @@
 #include "cli/ProgramFixture.h"
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 class InitCommandTest : public HostTest {
@@ -170,4 +170,4 @@ TEST_F(InitCommandTest, QuietSaysNothing) {
 }
 
 }  // namespace
-}  // namespace norvo::host
+}  // namespace norvo

@@ -4,7 +4,7 @@
 
 #include "move/MoveFixture.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 /// The command as the user meets it: arguments, reports, exit codes, and what it must not touch.
@@ -293,7 +293,7 @@ TEST_F(MigrateCommandTest, QuietSaysNothingButWhatIsLeftOut) {
 TEST_F(MigrateCommandTest, ProgressIsDrawnOnATerminalOnly) {
   std::ostringstream out;
   std::ostringstream terminal;
-  norvo::host::Run({"migrate", "--from", Old(), "--to", New()}, out, terminal, true);
+  norvo::Run({"migrate", "--from", Old(), "--to", New()}, out, terminal, true);
   EXPECT_TRUE(Holds(terminal.str(), "\r\x1B[K")) << terminal.str();
   EXPECT_TRUE(terminal.str().ends_with("\r\x1B[K"));
   EXPECT_FALSE(Holds(Migrate().err, "\x1B"));
@@ -463,4 +463,4 @@ TEST_F(MigrateCommandTest, AMachineKeepsTheRoleThatItHas) {
 }
 
 }  // namespace
-}  // namespace norvo::host
+}  // namespace norvo

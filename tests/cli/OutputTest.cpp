@@ -8,7 +8,7 @@
 #include "cli/Shown.h"
 #include "cli/Table.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 TEST(ShownTest, EscapesWhatSteersATerminal) {
@@ -83,4 +83,4 @@ TEST(LogLinesTest, FailuresOfTheDiskAreWarningsAndStepsOfTheWorkAreNot) {
 }
 
 }  // namespace
-}  // namespace norvo::host
+}  // namespace norvo

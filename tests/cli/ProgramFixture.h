@@ -14,7 +14,7 @@
 #include "cli/Program.h"
 #include "machines/TempFolder.h"
 
-namespace norvo::host {
+namespace norvo {
 
 namespace fs = std::filesystem;
 
@@ -84,4 +84,4 @@ class HostTest : public ::testing::Test {
   TempFolder folder_;
 };
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -6,7 +6,7 @@
 
 #include "cli/Shown.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 const std::string kClear = "\r\x1B[K";
@@ -126,4 +126,4 @@ TEST(ProgressTest, TheLineIsTakenAwayOnce) {
 }
 
 }  // namespace
-}  // namespace norvo::host
+}  // namespace norvo

@@ -1,6 +1,6 @@
 #include "cli/ProgramFixture.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 class RestoreCommandTest : public HostTest {
@@ -171,4 +171,4 @@ TEST_F(RestoreCommandTest, QuietSaysNothing) {
 }
 
 }  // namespace
-}  // namespace norvo::host
+}  // namespace norvo

@@ -1,6 +1,6 @@
 #include "cli/ProgramFixture.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 /// The sample machine, copied for each test.
@@ -94,4 +94,4 @@ TEST_F(SampleMachineTest, ShowReadsASystemPathWithUmlauts) {
 }
 
 }  // namespace
-}  // namespace norvo::host
+}  // namespace norvo

@@ -1,6 +1,6 @@
 #include "cli/ProgramFixture.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 class ScanCommandTest : public HostTest {
@@ -98,4 +98,4 @@ TEST_F(ScanCommandTest, ControlCharactersOfNamesNeverReachTheReport) {
 }
 
 }  // namespace
-}  // namespace norvo::host
+}  // namespace norvo

@@ -2,7 +2,7 @@
 
 #include "cli/ProgramFixture.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 using ShowCommandTest = HostTest;
@@ -153,4 +153,4 @@ TEST_F(ShowCommandTest, TheLogGoesToTheMachinesProductFolder) {
 }
 
 }  // namespace
-}  // namespace norvo::host
+}  // namespace norvo

@@ -1,6 +1,6 @@
 #include "cli/ProgramFixture.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 class VerifyCommandTest : public HostTest {
@@ -166,4 +166,4 @@ TEST_F(VerifyCommandTest, QuietStillTellsTheTable) {
 }
 
 }  // namespace
-}  // namespace norvo::host
+}  // namespace norvo

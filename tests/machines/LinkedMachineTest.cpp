@@ -4,7 +4,7 @@
 #include "cli/ProgramFixture.h"
 #include "platform/hosted/HostedPlatform.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 class LinkedMachineTest : public HostTest {
@@ -66,4 +66,4 @@ TEST_F(LinkedMachineTest, AFolderThatIsADriveAlreadyIsNotReplaced) {
 }
 
 }  // namespace
-}  // namespace norvo::host
+}  // namespace norvo

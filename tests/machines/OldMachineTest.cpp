@@ -2,7 +2,7 @@
 
 #include "move/MoveFixture.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 class OldMachineTest : public MoveTest {
@@ -38,4 +38,4 @@ TEST_F(OldMachineTest, DrivesAloneAreAMachineAlsoBesideWhatAStoppedRunHasLeft) {
 }
 
 }  // namespace
-}  // namespace norvo::host
+}  // namespace norvo

@@ -1,6 +1,6 @@
 #include "move/MixFixture.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 /// What is written on the new machine, and what a further run does there.
@@ -286,4 +286,4 @@ TEST_F(CarryTest, AMovedMachineCanBeMovedOn) {
 }
 
 }  // namespace
-}  // namespace norvo::host
+}  // namespace norvo

@@ -2,7 +2,7 @@
 
 #include "move/MoveFixture.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// On the old machine is one playlist of two songs.
 class MixTest : public MoveTest {
@@ -15,4 +15,4 @@ class MixTest : public MoveTest {
   }
 };
 
-}  // namespace norvo::host
+}  // namespace norvo

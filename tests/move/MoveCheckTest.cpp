@@ -1,6 +1,6 @@
 #include "move/MixFixture.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 /// What the native playlists turn out to hold when they are read back.
@@ -38,4 +38,4 @@ TEST_F(MoveCheckTest, AnAddressThatDoesNotFitThePageIsTold) {
 }
 
 }  // namespace
-}  // namespace norvo::host
+}  // namespace norvo

@@ -7,7 +7,7 @@
 #include "text/CodePage.h"
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 
 /// The three texts of an ID3v1 tag, each at most 30 bytes in the 8-bit page.
 struct Tag {
@@ -208,4 +208,4 @@ class MoveTest : public HostTest {
   }
 };
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -4,7 +4,7 @@
 #include "move/MoveFixture.h"
 #include "move/PortableNames.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 /// Songs and playlists whose names Windows or the players do not take.
@@ -176,4 +176,4 @@ TEST_F(PlannedNamesTest, ManyPlaylistsOfOneNameAllFindAName) {
 }
 
 }  // namespace
-}  // namespace norvo::host
+}  // namespace norvo

@@ -2,7 +2,7 @@
 
 #include "move/MoveFixture.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 /// What stands on the new machine already, where songs would go.
@@ -163,4 +163,4 @@ TEST_F(PlannerObstaclesTest, WhatIsNoFileAndHasTheNameOfANativePlaylistIsGivenWa
 }
 
 }  // namespace
-}  // namespace norvo::host
+}  // namespace norvo

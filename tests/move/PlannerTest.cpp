@@ -1,6 +1,6 @@
 #include "move/MoveFixture.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 /// Where the songs go, and what the carried neutral files are made to say.
@@ -222,4 +222,4 @@ TEST_F(PlannerTest, TheGroupRootMayBeAnotherDrive) {
 }
 
 }  // namespace
-}  // namespace norvo::host
+}  // namespace norvo

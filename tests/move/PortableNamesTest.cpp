@@ -4,7 +4,7 @@
 
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 const CodePage& Page() {
@@ -204,4 +204,4 @@ TEST(PortableNames, OddPathsAreNotPortable) {
 }
 
 }  // namespace
-}  // namespace norvo::host
+}  // namespace norvo

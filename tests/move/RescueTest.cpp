@@ -1,6 +1,6 @@
 #include "move/MoveFixture.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 /// Ways in which the library's readers and its queue lose songs, each healed.
@@ -363,4 +363,4 @@ TEST_F(RescueTest, TitlesOfAddedEntriesComeFromThePlaylistAndTheTag) {
 }
 
 }  // namespace
-}  // namespace norvo::host
+}  // namespace norvo

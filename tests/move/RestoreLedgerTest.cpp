@@ -7,7 +7,7 @@
 #include "platform/hosted/HostedPlatform.h"
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 /// One machine; each ledger is that of a new run.
@@ -324,4 +324,4 @@ TEST_F(RestoreLedgerTest, LinesThatMakeNoSenseAreSkipped) {
 }
 
 }  // namespace
-}  // namespace norvo::host
+}  // namespace norvo

@@ -4,7 +4,7 @@
 
 #include "support/LibraryTest.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 /// The set-up on a machine in memory.
@@ -14,7 +14,7 @@ class SetupTest : public LibraryTest {
 
   SetupTest() { platform->Registry().AddKey(Hive::LocalMachine, u"SOFTWARE"); }
 
-  std::vector<SetupStep> Run() { return norvo::host::SetUp(component, {}, console_); }
+  std::vector<SetupStep> Run() { return norvo::SetUp(component, {}, console_); }
   /// The step of the group's key.
   static SetupStep GroupStep(const std::vector<SetupStep>& steps) {
     for (const SetupStep& step : steps) {
@@ -50,4 +50,4 @@ TEST_F(SetupTest, ARegistryThatTakesNothingEndsTheSetup) {
 }
 
 }  // namespace
-}  // namespace norvo::host
+}  // namespace norvo

@@ -1,6 +1,6 @@
 #include "cli/FolderOptions.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 constexpr const char* kMigrateFooter = R"(Examples:
@@ -51,4 +51,4 @@ CLI::App* AddMigrateCommand(CLI::App& program, MigrateArguments& migrate) {
   return command;
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -1,6 +1,6 @@
 #include "cli/HelpTexts.h"
 
-namespace norvo::host {
+namespace norvo {
 
 const HelpTexts kHelp = {
     .about = "Moves the playlists of a Windows machine, and their songs, to another one.",
@@ -63,4 +63,4 @@ but for the log that --log asks for. Addresses on the
 internet, shares and removable drives are not looked up. Exit code 1: a file is missing.)",
 };
 
-}  // namespace norvo::host
+}  // namespace norvo

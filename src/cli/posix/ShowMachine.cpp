@@ -12,7 +12,7 @@
 #include "platform/hosted/HostName.h"
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 namespace fs = std::filesystem;
@@ -173,4 +173,4 @@ std::unique_ptr<ShowMachine> OpenToShow(const CommonArguments& common, const std
   return std::make_unique<LinkedShowMachine>(common, path, console);
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

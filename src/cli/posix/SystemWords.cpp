@@ -1,6 +1,6 @@
 #include "cli/SystemWords.h"
 
-namespace norvo::host {
+namespace norvo {
 
 const SystemWords kWords = {
     .initCommand = "norvo-playlists init --machine DIR",
@@ -14,4 +14,4 @@ const SystemWords kWords = {
     .checkRights = "See that the machine folder can be read and written.",
 };
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -1,6 +1,6 @@
 #include "cli/HelpTexts.h"
 
-namespace norvo::host {
+namespace norvo {
 
 const HelpTexts kHelp = {
     .about = "Writes the playlists of this machine as neutral files, and native ones from those.",
@@ -56,4 +56,4 @@ but for the log that --log asks for. Addresses on the
 internet, shares and removable drives are not looked up. Exit code 1: a file is missing.)",
 };
 
-}  // namespace norvo::host
+}  // namespace norvo

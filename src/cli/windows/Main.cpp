@@ -32,7 +32,7 @@ std::vector<std::string> Words() {
 }  // namespace
 
 int main() {
-  const norvo::host::ConsoleMode console;
+  const norvo::ConsoleMode console;
   std::ios::sync_with_stdio(false);
-  return norvo::host::Run(Words(), std::cout, std::cerr, console.CanDraw());
+  return norvo::Run(Words(), std::cout, std::cerr, console.CanDraw());
 }

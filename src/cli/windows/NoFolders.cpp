@@ -5,7 +5,7 @@
 #include "cli/FolderOptions.h"
 
 /// Machines that are held in folders, as far as they are refused.
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 constexpr const char* kRefusal =
@@ -33,4 +33,4 @@ Json RunMigrate(const CommonArguments&, const MigrateArguments&, Console&) {
   throw HostError(std::string("migrate: ") + kRefusal + ".");
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -6,7 +6,7 @@
 #include "platform/windows/WindowsPlatform.h"
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 /// `GetFullPathNameW`: from the process's current folder, also where another drive is named.
@@ -44,4 +44,4 @@ std::shared_ptr<MachineAccess> OpenMachine(const std::string&) {
   return std::make_shared<OwnMachine>();
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -9,7 +9,7 @@
 #include "services/Logging.h"
 #include "text/Encoding.h"
 
-namespace norvo::host {
+namespace norvo {
 namespace {
 
 /// Writes what it is shown to a machine's log.
@@ -61,4 +61,4 @@ std::unique_ptr<ShowMachine> OpenToShow(const CommonArguments& common, const std
   return std::make_unique<OverlayShowMachine>(common, path, console);
 }
 
-}  // namespace norvo::host
+}  // namespace norvo

@@ -1,6 +1,6 @@
 #include "cli/SystemWords.h"
 
-namespace norvo::host {
+namespace norvo {
 
 const SystemWords kWords = {
     .initCommand = "norvo-playlists init",
@@ -13,4 +13,4 @@ const SystemWords kWords = {
     .checkRights = "See that you may read and write there.",
 };
 
-}  // namespace norvo::host
+}  // namespace norvo
