@@ -2,7 +2,6 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/Commands.h"
-#include "cli/LogLines.h"
 #include "cli/Report.h"
 #include "controller/QueueMode.h"
 #include "model/PlaylistTypes.h"
@@ -24,8 +23,8 @@ class RestoreWatcher final : public Observer {
  public:
   explicit RestoreWatcher(Console& console) : console_(console) {}
 
-  void OnLogLine(StringView line) override {
-    if (IsWarning(line)) console_.LeftOut("Warning: " + ToUtf8(line));
+  void OnWarning(const Warning& warning) override {
+    console_.LeftOut("Warning: " + ToUtf8(warning.text));
   }
   void OnPlaylistBegin(StringView path, std::size_t position, std::size_t count) override {
     console_.Bar().Advance("playlist", position, count, path);

@@ -1,6 +1,5 @@
 #include "cli/WorkWatcher.h"
 
-#include "cli/LogLines.h"
 #include "text/Encoding.h"
 
 namespace norvo {
@@ -35,9 +34,8 @@ std::string Failure(const PlaylistResult& result) {
 
 }  // namespace
 
-void WorkWatcher::OnLogLine(StringView line) {
-  if (!IsWarning(line)) return;
-  lastWarning_ = ToUtf8(line);
+void WorkWatcher::OnWarning(const Warning& warning) {
+  lastWarning_ = ToUtf8(warning.text);
   console_.LeftOut("Warning: " + lastWarning_);
 }
 

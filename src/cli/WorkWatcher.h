@@ -32,7 +32,7 @@ class WorkWatcher final : public Observer {
  public:
   explicit WorkWatcher(Console& console) : console_(console) {}
 
-  void OnLogLine(StringView line) override;
+  void OnWarning(const Warning& warning) override;
   void OnItem(StringView reference, ItemOutcome outcome) override;
   void OnFolder(StringView path) override;
   void OnPlaylistBegin(StringView path, std::size_t position, std::size_t count) override;

@@ -47,8 +47,10 @@ void GetFolders(Component& component, StringView folderPath, std::vector<String>
   try {
     subFolders = Guarded([&] { return ListOneFolder(component, folder, found); });
   } catch (const RunTimeError& failure) {
-    WriteLog(component, u"HelperMan::GetFolders->Error: <" + FormatInteger(failure.Number()) +
-                            u" - " + failure.Description() + u"> !Unexpected Error in " + folder);
+    WriteWarning(component,
+                 {WarningKind::FolderNotListed, folder, failure.Description(),
+                  u"HelperMan::GetFolders->Error: <" + FormatInteger(failure.Number()) + u" - " +
+                      failure.Description() + u"> !Unexpected Error in " + folder});
   }
   for (const String& subFolder : subFolders) GetFolders(component, subFolder, found);
 }
@@ -71,7 +73,8 @@ std::vector<String> SearchNow(Component& component, StringView root, StringView 
         waiting.push_back(Utility::AddBackslash(folder + item->name));
       }
     } catch (const RunTimeError& failure) {
-      WriteLog(component, u"HelperMan::SearchNow -> " + failure.Description());
+      WriteWarning(component, {WarningKind::FolderNotListed, folder, u"HelperMan::SearchNow -> "},
+                   failure.Description());
     }
   }
   return found;

@@ -14,7 +14,10 @@ namespace {
 bool IsGenericFile(Component& component, const String& path) {
   ProfileFile file(component);
   if (!file.OpenFile(path)) {
-    WriteLog(component, u"HelperMan::GenericQueue -> The file cannot be read: " + path);
+    WriteWarning(component, {WarningKind::FileNotRead,
+                             path,
+                             {},
+                             u"HelperMan::GenericQueue -> The file cannot be read: " + path});
     return false;
   }
   String version;
@@ -26,8 +29,10 @@ std::vector<FolderItem> List(Component& component, const String& folder) {
   try {
     return Guarded([&] { return ListSorted(component.Files(), folder, kEndings); });
   } catch (const RunTimeError& failure) {
-    WriteLog(component, u"HelperMan::GenericQueue -> Cannot list the folder " + folder + u": " +
-                            failure.Description());
+    WriteWarning(component,
+                 {WarningKind::FolderNotListed, folder,
+                  u"HelperMan::GenericQueue -> Cannot list the folder " + folder + u": "},
+                 failure.Description());
     return {};
   }
 }

@@ -30,7 +30,11 @@ std::int32_t SniffLines(TextStream& stream) {
 std::int32_t TypeByKeys(Component& component, StringView path) {
   ProfileFile file(component);
   if (!file.OpenFile(path)) {
-    WriteLog(component, u"HelperMan::ParsePLSHeader -> The file cannot be read: " + String(path));
+    WriteWarning(component,
+                 {WarningKind::FileNotRead,
+                  String(path),
+                  {},
+                  u"HelperMan::ParsePLSHeader -> The file cannot be read: " + String(path)});
   }
   file.SelectSection(u"playlist");
   String value;
@@ -45,8 +49,9 @@ std::int32_t LogErrors(Component& component, StringView member, StringView path,
   try {
     return Guarded(sniff);
   } catch (const RunTimeError& failure) {
-    WriteLog(component, u"HelperMan::" + String(member) + u" -> " + failure.Description() + u": " +
-                            String(path));
+    WriteWarning(component, {WarningKind::FileNotRead, String(path), failure.Description(),
+                             u"HelperMan::" + String(member) + u" -> " + failure.Description() +
+                                 u": " + String(path)});
     return playlist_type::kUnknown;
   }
 }

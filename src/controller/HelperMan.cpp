@@ -43,8 +43,11 @@ class PlaylistVisitor final : public ScanVisitor {
   }
 
   void CannotList(StringView folder, StringView reason) override {
-    WriteLog(component_, u"HelperMan::GetAllPlayLists -> Cannot list the folder " + String(folder) +
-                             u": " + String(reason));
+    WriteWarning(
+        component_,
+        {WarningKind::FolderNotListed, folder,
+         u"HelperMan::GetAllPlayLists -> Cannot list the folder " + String(folder) + u": "},
+        reason);
   }
 
  private:
@@ -72,17 +75,15 @@ void HelperMan::StartUp() {
 }
 
 bool HelperMan::GenericQueue(std::int32_t mode) {
+  const WarningStart start = {
+      WarningKind::QueueStopped, {}, u"HelperMan::Generic Queue->Error Thrown "};
   bool processed = false;
-  try {
-    Guarded([&] {
-      WriteLog(component_, u"Retrieving List of PlayLists Found");
-      const std::vector<String> paths = list_ ? list_->Consume() : std::vector<String>();
-      if (mode == queue_mode::kCollect) ConvertListed(paths, processed);
-      if (mode == queue_mode::kRestore) RestoreAll(processed);
-    });
-  } catch (const RunTimeError& failure) {
-    WriteLog(component_, u"HelperMan::Generic Queue->Error Thrown " + failure.Description());
-  }
+  AttemptOrWarn(component_, start, [&] {
+    WriteLog(component_, u"Retrieving List of PlayLists Found");
+    const std::vector<String> paths = list_ ? list_->Consume() : std::vector<String>();
+    if (mode == queue_mode::kCollect) ConvertListed(paths, processed);
+    if (mode == queue_mode::kRestore) RestoreAll(processed);
+  });
   return processed;
 }
 
@@ -169,15 +170,11 @@ std::optional<std::int32_t> HelperMan::SniffedType(const String& path) {
 }
 
 StringArray HelperMan::GetPLSList() {
-  try {
-    return Guarded([this] {
-      return std::make_shared<const std::vector<String>>(list_ ? list_->Consume()
-                                                               : std::vector<String>());
-    });
-  } catch (const RunTimeError& failure) {
-    WriteLog(component_, u"HelperMan::GetPLSList -> " + failure.Description());
-    return std::make_shared<const std::vector<String>>();
-  }
+  const WarningStart start = {WarningKind::ListNotRead, {}, u"HelperMan::GetPLSList -> "};
+  std::vector<String> paths = AnswerOrWarn(component_, start, std::vector<String>(), [this] {
+    return list_ ? list_->Consume() : std::vector<String>();
+  });
+  return std::make_shared<const std::vector<String>>(std::move(paths));
 }
 
 String HelperMan::PlayListToIni(const String& fileName) {
@@ -193,40 +190,32 @@ std::int32_t HelperMan::ParseM3UHeader(const String& path) {
 }
 
 void HelperMan::AddPlayList(const String& path, std::optional<std::int32_t> subtype) {
-  try {
-    Guarded([&] {
-      const StringView extension = Utility::GetExtension(path);
-      const bool isAsx = EqualsIgnoreCase(extension, u"asx");
-      const bool isPls = EqualsIgnoreCase(extension, u"pls");
-      if (!isAsx && !isPls && !EqualsIgnoreCase(extension, u"m3u")) return;
-      std::int32_t type = playlist_type::kWmpAsx;
-      if (!isAsx) type = subtype ? *subtype : SniffedType(path).value();
-      const PlaylistType* const row = FindPlaylistType(type);
-      // A subtype that does not go with the extension is not recorded.
-      const bool fits = row != nullptr && (isAsx || (row->readAs == Syntax::Pls) == isPls) &&
-                        (isAsx || type != playlist_type::kWmpAsx);
-      if (fits && list_) list_->Record(path, type);
-    });
-  } catch (const RunTimeError& failure) {
-    WriteLog(component_, u"HelperMan::AddPlayList -> " + failure.Description());
-  }
+  const WarningStart start = {WarningKind::PlaylistNotListed, path, u"HelperMan::AddPlayList -> "};
+  AttemptOrWarn(component_, start, [&] {
+    const StringView extension = Utility::GetExtension(path);
+    const bool isAsx = EqualsIgnoreCase(extension, u"asx");
+    const bool isPls = EqualsIgnoreCase(extension, u"pls");
+    if (!isAsx && !isPls && !EqualsIgnoreCase(extension, u"m3u")) return;
+    std::int32_t type = playlist_type::kWmpAsx;
+    if (!isAsx) type = subtype ? *subtype : SniffedType(path).value();
+    const PlaylistType* const row = FindPlaylistType(type);
+    // A subtype that does not go with the extension is not recorded.
+    const bool fits = row != nullptr && (isAsx || (row->readAs == Syntax::Pls) == isPls) &&
+                      (isAsx || type != playlist_type::kWmpAsx);
+    if (fits && list_) list_->Record(path, type);
+  });
 }
 
 bool HelperMan::GetAllPlaylists() {
-  try {
-    Guarded([this] {
-      if (!list_) throw RunTimeError(error::kObjectNotSet);
-      list_->Restart();
-      WriteLog(component_, u"Starting Drive Scan...");
-      ScanDrives();
-      list_->Save();
-    });
-    return true;
-  } catch (const RunTimeError& failure) {
-    WriteLog(component_,
-             u"HelperMan::GetAllPlayLists -> Exception Thrown: " + failure.Description());
-    return false;
-  }
+  const WarningStart start = {
+      WarningKind::ScanStopped, {}, u"HelperMan::GetAllPlayLists -> Exception Thrown: "};
+  return AttemptOrWarn(component_, start, [this] {
+    if (!list_) throw RunTimeError(error::kObjectNotSet);
+    list_->Restart();
+    WriteLog(component_, u"Starting Drive Scan...");
+    ScanDrives();
+    list_->Save();
+  });
 }
 
 void HelperMan::ScanDrives() {
@@ -248,20 +237,15 @@ void HelperMan::ScanDrives() {
 }
 
 bool HelperMan::UpdateTotalFileSize() {
-  try {
-    return Guarded([this] {
-      RegistryKey key(component_.Machine().Registry());
-      const bool opened = !groupKey_.empty() && key.Open(groupKey_);
-      if (opened && !key.Write(u"SubGroupSize", component_.MediaBytes())) {
-        WriteLog(component_,
-                 u"HelperMan::UpdateTotalFileSize -> The size total could not be written");
-      }
-      return true;
-    });
-  } catch (const RunTimeError& failure) {
-    WriteLog(component_, u"HelperMan::UpdateTotalFileSize -> " + failure.Description());
-    return false;
-  }
+  const WarningStart start = {
+      WarningKind::SizeNotWritten, {}, u"HelperMan::UpdateTotalFileSize -> "};
+  return AttemptOrWarn(component_, start, [&] {
+    RegistryKey key(component_.Machine().Registry());
+    const bool opened = !groupKey_.empty() && key.Open(groupKey_);
+    if (opened && !key.Write(u"SubGroupSize", component_.MediaBytes())) {
+      WriteWarning(component_, start, u"The size total could not be written");
+    }
+  });
 }
 
 bool HelperMan::MigrateMediaByType(const String& mediaTypes) {

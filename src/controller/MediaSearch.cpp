@@ -31,8 +31,11 @@ class MediaVisitor final : public ScanVisitor {
   }
 
   void CannotList(StringView folder, StringView reason) override {
-    WriteLog(component_, u"HelperMan::MigrateMediaByType -> Cannot list the folder " +
-                             String(folder) + u": " + String(reason));
+    WriteWarning(
+        component_,
+        {WarningKind::FolderNotListed, folder,
+         u"HelperMan::MigrateMediaByType -> Cannot list the folder " + String(folder) + u": "},
+        reason);
   }
 
  private:

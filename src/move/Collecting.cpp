@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "automation/Conversions.h"
-#include "cli/LogLines.h"
 #include "controller/QueueMode.h"
 #include "move/LibraryCalls.h"
 #include "move/ListFile.h"
@@ -18,10 +17,10 @@ class CollectWatcher final : public Observer {
  public:
   explicit CollectWatcher(Console& console) : console_(console) {}
 
-  void OnLogLine(StringView line) override {
+  void OnWarning(const Warning& warning) override {
     // What the queue says of single playlists is looked at anew afterwards.
-    const bool ofQueue = line.starts_with(u"HelperMan::Generic Queue->");
-    if (IsWarning(line) && !ofQueue) console_.LeftOut("Old machine: " + ToUtf8(line));
+    const bool ofQueue = warning.kind == WarningKind::QueueStopped;
+    if (!ofQueue) console_.LeftOut("Old machine: " + ToUtf8(warning.text));
   }
   void OnFolder(StringView path) override { console_.Bar().Count("folders", ++folders_, path); }
   void OnPlaylistFile(StringView path) override { FileOf(path); }

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "automation/RunTimeError.h"
-#include "cli/LogLines.h"
 #include "controller/QueueMode.h"
 #include "move/LibraryCalls.h"
 #include "services/ObserverScope.h"
@@ -24,8 +23,8 @@ class RestoreWatcher final : public Observer {
     }
   }
 
-  void OnLogLine(StringView line) override {
-    if (IsWarning(line)) console_.LeftOut("New machine: " + ToUtf8(line));
+  void OnWarning(const Warning& warning) override {
+    console_.LeftOut("New machine: " + ToUtf8(warning.text));
   }
   /// The documents folder may hold other neutral files, whose songs are not of this move.
   bool WantsGenericFile(StringView path) override {

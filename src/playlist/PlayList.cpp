@@ -53,8 +53,11 @@ void PlayList::KeepRegistrations() {
     kept = false;
   }
   if (!kept) {
-    WriteLog(component_,
-             u"NVERR_OPFAIL, PLAYLIST::ReadPlayList, The media list could not be written");
+    WriteWarning(component_,
+                 {WarningKind::MediaListNotWritten,
+                  {},
+                  {},
+                  u"NVERR_OPFAIL, PLAYLIST::ReadPlayList, The media list could not be written"});
   }
 }
 

@@ -45,10 +45,7 @@ void Deliver(Component& component, StringView message) {
   }
 }
 
-}  // namespace
-
-void WriteLog(Component& component, StringView message) {
-  component.Watcher().OnLogLine(message);
+void TryToDeliver(Component& component, StringView message) {
   try {
     Guarded([&] {
       LoadProductFacts(component);
@@ -58,6 +55,24 @@ void WriteLog(Component& component, StringView message) {
   } catch (const RunTimeError&) {
     // No caller ever receives an error from logging.
   }
+}
+
+}  // namespace
+
+void WriteLog(Component& component, StringView message) {
+  component.Watcher().OnLogLine(message);
+  TryToDeliver(component, message);
+}
+
+void WriteWarning(Component& component, const Warning& warning) {
+  component.Watcher().OnLogLine(warning.text);
+  component.Watcher().OnWarning(warning);
+  TryToDeliver(component, warning.text);
+}
+
+void WriteWarning(Component& component, const WarningStart& start, StringView reason) {
+  WriteWarning(component,
+               {start.kind, String(start.path), String(reason), String(start.text).append(reason)});
 }
 
 }  // namespace norvo

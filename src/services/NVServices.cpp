@@ -1,6 +1,5 @@
 #include "services/NVServices.h"
 
-#include "automation/RunTimeError.h"
 #include "services/Logging.h"
 #include "services/Utility.h"
 #include "text/Wildcard.h"
@@ -10,22 +9,12 @@ namespace {
 
 constexpr std::size_t kShellBuffer = 260;  // characters, the closing NUL included
 
-/// Runs one routine; an error is logged behind `message` and turned into the neutral value.
-template <class Result, class Work>
-Result LogErrors(Component& component, StringView message, Result neutral, Work&& work) {
-  try {
-    return Guarded(work);
-  } catch (const RunTimeError& failure) {
-    WriteLog(component, String(message) + failure.Description());
-    return neutral;
-  }
-}
+constexpr StringView kCreatePathError = u" NVServices::CreatePath -> ERROR!!!  ";
 
 /// One level of a folder chain: a failure is reported, and the walk goes on.
 void CreateLevel(Component& component, StringView path) {
-  LogErrors(component, u" NVServices::CreatePath -> ERROR!!!  ", false, [&] {
+  AttemptOrWarn(component, {WarningKind::FolderNotCreated, path, kCreatePathError}, [&] {
     if (!component.Files().FolderExists(path)) component.Files().CreateFolder(path);
-    return true;
   });
 }
 
@@ -48,15 +37,19 @@ String ShellFolder(Component& component, std::int32_t identifier) {
 }  // namespace
 
 bool DoesPathExist(Component& component, StringView path, bool createIfMissing) {
-  return LogErrors(component, u"NVServices::DoesPathExist -> ERROR!!!  ", false, [&] {
+  const WarningStart start = {WarningKind::FolderNotChecked, path,
+                              u"NVServices::DoesPathExist -> ERROR!!!  "};
+  return AnswerOrWarn(component, start, false, [&] {
     if (component.Files().FolderExists(path)) return true;
     return createIfMissing && CreatePath(component, path);
   });
 }
 
 std::optional<FileFacts> FactsOfFile(Component& component, StringView path) {
-  return LogErrors(component, u"NVServices::DoesFileExist -> ERROR!!!  ",
-                   std::optional<FileFacts>(), [&] { return component.Files().FactsOf(path); });
+  const WarningStart start = {WarningKind::FileNotChecked, path,
+                              u"NVServices::DoesFileExist -> ERROR!!!  "};
+  return AnswerOrWarn(component, start, std::optional<FileFacts>(),
+                      [&] { return component.Files().FactsOf(path); });
 }
 
 bool DoesFileExist(Component& component, StringView path) {
@@ -72,12 +65,14 @@ bool CreatePath(Component& component, StringView path) {
     if (end > 0) CreateLevel(component, path.substr(0, first ? end + 1 : end));
   }
   CreateLevel(component, path);
-  return LogErrors(component, u" NVServices::CreatePath -> ERROR!!!  ", false,
-                   [&] { return component.Files().FolderExists(path); });
+  return AnswerOrWarn(component, {WarningKind::FolderNotChecked, path, kCreatePathError}, false,
+                      [&] { return component.Files().FolderExists(path); });
 }
 
 String GetCSIDLPath(Component& component, std::int32_t identifier) {
-  return LogErrors(component, u" NVServices::GetCSIDLPath -> ERROR!!!  ", String(), [&] {
+  const WarningStart start = {
+      WarningKind::ShellFolderNotTold, {}, u" NVServices::GetCSIDLPath -> ERROR!!!  "};
+  return AnswerOrWarn(component, start, String(), [&] {
     const String path = Utility::AddBackslash(ShellFolder(component, identifier));
     const bool local = Matches(path, u"?:\\*\\", Compare::Text);
     return local && DoesPathExist(component, path, true) ? path : String();
@@ -86,7 +81,9 @@ String GetCSIDLPath(Component& component, std::int32_t identifier) {
 
 bool GetFileVersionString(Component& component, StringView path, String& result) {
   if (path.empty()) return false;
-  return LogErrors(component, u"NVServices::GetFileVersionString -> ERROR!!!  ", false, [&] {
+  const WarningStart start = {WarningKind::VersionNotRead, path,
+                              u"NVServices::GetFileVersionString -> ERROR!!!  "};
+  return AnswerOrWarn(component, start, false, [&] {
     String version = component.Files().FileVersion(path);
     if (version.empty()) return false;
     result = std::move(version);
@@ -99,18 +96,23 @@ StringView StripNull(StringView text) {
 }
 
 void GetSubGroupRoot(Component& component, StringView group, String& result) {
-  LogErrors(component, u"NVServices::GetSubGroupRoot -> ERROR!!!  ", false, [&] {
+  const WarningStart start = {
+      WarningKind::GroupRootNotRead, {}, u"NVServices::GetSubGroupRoot -> ERROR!!!  "};
+  AttemptOrWarn(component, start, [&] {
     const String base = component.Machine().Product().BaseKey();
-    if (base.empty()) return false;
+    if (base.empty()) return;
     RegistryKey key(component.Machine().Registry());
-    return key.Open(base + u"\\KVS\\" + String(group)) && key.Read(u"SubGroupRootName", result);
+    if (key.Open(base + u"\\KVS\\" + String(group))) key.Read(u"SubGroupRootName", result);
   });
 }
 
 std::vector<Drive> GetPartitionList(Component& component) {
-  return LogErrors(component,
-                   u" NVServices::GetPartitionList -> Encountered Errors: Error Data is: ",
-                   std::vector<Drive>(), [&] { return component.Files().Drives(); });
+  const WarningStart start = {
+      WarningKind::DrivesNotListed,
+      {},
+      u" NVServices::GetPartitionList -> Encountered Errors: Error Data is: "};
+  return AnswerOrWarn(component, start, std::vector<Drive>(),
+                      [&] { return component.Files().Drives(); });
 }
 
 }  // namespace norvo::NVServices

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "services/Warning.h"
 #include "text/Text.h"
 
 namespace norvo {
@@ -31,13 +32,15 @@ enum class ItemOutcome {
 /// An exception out of a call counts as an error of the work that it tells of, and ends just that:
 /// the scan or the queue, with a log line; the reading of a playlist, whose entries so far stay;
 /// the writing of a native file; the settings of a player. The search for media files hands it on
-/// to its caller. Two calls must not throw, since nothing catches it there: OnLogLine, which errors
-/// are told by, and OnNativeFileEnd, which is called by a destructor.
+/// to its caller. Three calls must not throw, since nothing catches it there: OnLogLine and
+/// OnWarning, which errors are told by, and OnNativeFileEnd, which is called by a destructor.
 class Observer {
  public:
   virtual ~Observer() = default;
   /// Each finished log line, whatever the log switch says.
   virtual void OnLogLine(StringView) {}
+  /// Work that was not done. Follows right behind the log line that tells of it.
+  virtual void OnWarning(const Warning&) {}
   virtual void OnFolder(StringView /*path*/) {}
   /// The scan has met a playlist file, whether it will list it or not.
   virtual void OnPlaylistFile(StringView /*path*/) {}

@@ -4,7 +4,6 @@
 
 #include "cli/Drop.h"
 #include "cli/Json.h"
-#include "cli/LogLines.h"
 #include "cli/Shown.h"
 #include "cli/Table.h"
 
@@ -72,14 +71,6 @@ TEST(DropTest, TellsWhyAnItemWasDropped) {
   EXPECT_EQ(DropReasonOf(ItemOutcome::NotMedia), DropReason::NotMedia);
   EXPECT_EQ(DropReasonOf(ItemOutcome::Empty), DropReason::EmptyReference);
   EXPECT_EQ(DropReasonOf(ItemOutcome::NotRegistered), DropReason::NotRegistered);
-}
-
-TEST(LogLinesTest, FailuresOfTheDiskAreWarningsAndStepsOfTheWorkAreNot) {
-  EXPECT_TRUE(IsWarning(u"HelperMan::GetAllPlayLists -> Cannot list the folder C:\\x: no"));
-  EXPECT_TRUE(
-      IsWarning(u"NVERR_OPFAIL, PLAYLIST::ReadPlayList, The media list could not be written"));
-  EXPECT_FALSE(IsWarning(u"Starting Drive Scan..."));
-  EXPECT_FALSE(IsWarning(u"NVERR_OPFAIL, HelperMan::GenericQueue, Invalid Playlist SubType"));
 }
 
 }  // namespace
