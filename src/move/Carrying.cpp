@@ -39,13 +39,13 @@ String PathFor(Component& library, const String& folder, const MovedPlaylist& pl
 }
 
 /// Stands for a playlist, or a part of one that was split, with its content and its songs' places.
+/// Earlier moves have left such keys, so the fields follow each other without a separator.
 std::string KeyOf(Component& old, const MovedPlaylist& playlist, const std::vector<Song>& songs,
                   std::size_t part) {
   Fingerprint print;
   print.AddExact(playlist.source);
   print.AddExact(FormatInteger(static_cast<std::int64_t>(part)));
-  const std::string bytes = ReadWholeFile(*old.Files().OpenForReading(playlist.source));
-  print.AddExact(String(bytes.begin(), bytes.end()));
+  print.AddBytes(ReadWholeFile(*old.Files().OpenForReading(playlist.source)));
   for (const MovedItem& item : playlist.items) {
     print.AddExact(item.song ? songs[*item.song].place : item.address);
   }

@@ -106,9 +106,7 @@ void RestoreLedger::Keep() {
 
 std::string RestoreLedger::FingerprintOf(const String& neutralFile) {
   const std::optional<std::string> bytes = machine_.Machine().Settings().Read(neutralFile);
-  if (!bytes) return {};
-  // Byte by byte, as it is.
-  return TextOf(Fingerprint().AddExact(String(bytes->begin(), bytes->end())));
+  return bytes ? TextOf(Fingerprint().AddBytes(*bytes)) : std::string();
 }
 
 bool RestoreLedger::IsRestored(const String& neutralFile) {

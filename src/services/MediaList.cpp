@@ -40,7 +40,7 @@ String AsField(StringView text) {
 }  // namespace
 
 Fingerprint MediaList::PrintOf(StringView source, StringView destination) {
-  return Fingerprint().Add(source).Add(u"\t").Add(destination);
+  return Fingerprint().Add(source).Separate().Add(destination);
 }
 
 bool MediaList::EnsureGroup(StringView group, StringView root) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "text/HashMixer.h"
 #include "text/UpperCaseTable.h"
 
 namespace norvo {
@@ -65,11 +66,9 @@ bool LessIgnoreCase(StringView left, StringView right) noexcept {
 }
 
 std::size_t CaselessHash::operator()(StringView text) const noexcept {
-  std::uint64_t hash = 0xcbf29ce484222325u;
-  for (const char16_t unit : text) {
-    hash = (hash ^ ToUpper(unit)) * 0x100000001b3u;
-  }
-  return static_cast<std::size_t>(hash ^ (hash >> 32));
+  std::uint64_t hash = kHashStart;
+  for (const char16_t unit : text) hash = MixIn(hash, ToUpper(unit));
+  return static_cast<std::size_t>(FoldHash(hash));
 }
 
 }  // namespace norvo

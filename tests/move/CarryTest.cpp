@@ -28,6 +28,12 @@ TEST_F(CarryTest, ASecondRunChangesNothing) {
   EXPECT_EQ(Snapshot(New()), tree);
 }
 
+TEST_F(CarryTest, APlaylistHasTheKeyThatEarlierVersionsGaveIt) {
+  ASSERT_EQ(Moved().at("exitCode"), 0);
+  const std::string ledger = ReadFile(NewPlace(kRoot + R"(KVs\Restored.txt)"));
+  EXPECT_TRUE(Holds(ledger, "\t5b76a0ae140784e02254350d23c86b8b\r\n")) << ledger;
+}
+
 TEST_F(CarryTest, AChangedPlaylistIsMovedBesideTheFirst) {
   ASSERT_EQ(Moved().at("exitCode"), 0);
   const auto tree = Snapshot(New());

@@ -3,11 +3,42 @@
 #include <set>
 #include <utility>
 
+#include "support/TextPrinting.h"
 #include "text/FingerprintIndex.h"
 #include "text/Number.h"
 
 namespace norvo {
 namespace {
+
+TEST(Fingerprint, HasThePublishedValuesOfTexts) {
+  const std::pair<StringView, const char*> rows[] = {
+      {u"", "243f6a8885a308d313198a2e03707344"},
+      {u"a", "92bbcb00c009ee9a3299a54e460ad31c"},
+      {u"A", "cbcc93d0d6ba6bfa5579ce41fc2a0db3"},
+      {u"abc", "dbf182519591dad70004359db9c4f213"},
+      {u"C:\\Music\\Ärzte.mp3", "045b4c14471d2a4e04d018a4b412a7d1"},
+      {u"\U0001F3B5", "01effc107eb3e3c6c2a65753c097a2e1"},
+  };
+  for (const auto& [text, print] : rows) {
+    EXPECT_EQ(TextOf(Fingerprint().AddExact(text)), print) << Utf8(text);
+  }
+  EXPECT_EQ(TextOf(Fingerprint().Add(u"a")), "cbcc93d0d6ba6bfa5579ce41fc2a0db3");
+  EXPECT_EQ(TextOf(Fingerprint().AddExact(u"a").Separate().AddExact(u"b")),
+            "2a8f2f01d37281c001eb28478157ea00");
+}
+
+TEST(Fingerprint, HasThePublishedValuesOfBytes) {
+  EXPECT_EQ(TextOf(Fingerprint().AddBytes("abc")), "dbf182519591dad70004359db9c4f213");
+  EXPECT_EQ(TextOf(Fingerprint().AddBytes("\x7F\x80\xFF")), "b0eb2267e1e9e62f8ec42b3237c4a1d4");
+}
+
+TEST(Fingerprint, TellsFieldsApartThatAreOneText) {
+  const Fingerprint whole = Fingerprint().Add(u"ab").Separate().Add(u"c");
+  EXPECT_NE(whole, Fingerprint().Add(u"a").Separate().Add(u"bc"));
+  EXPECT_NE(whole, Fingerprint().Add(u"abc").Separate());
+  EXPECT_NE(whole, Fingerprint().Add(u"abc"));
+  EXPECT_EQ(whole, Fingerprint().Add(u"AB").Separate().Add(u"C"));
+}
 
 TEST(Fingerprint, DoesNotRegardCase) {
   EXPECT_EQ(Fingerprint().Add(u"C:\\Ärzte\\a.MP3"), Fingerprint().Add(u"c:\\äRZTE\\A.mp3"));
