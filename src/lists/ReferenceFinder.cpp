@@ -40,13 +40,13 @@ FoundReference ReferenceFinder::Find(StringView reference, StringView folder) {
     for (const String& text : ReferenceTexts(reference, page)) {
       if (std::optional<FoundReference> meant = FindText(text, folder)) return meant;
     }
-    return FoundReference{Kind::Missing, String(reference)};
+    return FoundReference{Kind::Missing, String(reference), 0};
   });
   return found ? *std::move(found) : FoundReference{};
 }
 
 std::optional<FoundReference> ReferenceFinder::FindText(StringView text, StringView folder) {
-  if (IsInternetAddress(text)) return FoundReference{Kind::Address, String(text)};
+  if (IsInternetAddress(text)) return FoundReference{Kind::Address, String(text), 0};
   const CodePage& page = component_.Machine().AnsiPage();
   for (const String& path : ReferencePaths(text, folder, page)) {
     std::optional<FoundReference> found = NothingOnError([&] { return FindPath(path, text); });
@@ -58,7 +58,7 @@ std::optional<FoundReference> ReferenceFinder::FindText(StringView text, StringV
 /// One path that the text can mean.
 std::optional<FoundReference> ReferenceFinder::FindPath(StringView path, StringView text) {
   String full = component_.Files().AbsolutePathName(path);
-  FoundReference address{Kind::Address, path == text && IsFull(text) ? String(text) : full};
+  FoundReference address{Kind::Address, path == text && IsFull(text) ? String(text) : full, 0};
   if (!HasDrive(full)) return address;
   switch (component_.Files().TypeOfDrive(full)) {
     case DriveType::Fixed:
@@ -80,7 +80,7 @@ std::optional<FoundReference> ReferenceFinder::FindFile(StringView fullPath) {
   const std::size_t folder = fullPath.size() - LastComponent(fullPath).size();
   String path = String(fullPath.substr(0, folder)) + facts->name;
   const Kind kind = IsSongPath(path) ? Kind::File : Kind::NotMedia;
-  return FoundReference{kind, std::move(path)};
+  return FoundReference{kind, std::move(path), facts->size};
 }
 
 }  // namespace norvo

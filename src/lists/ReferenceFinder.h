@@ -21,6 +21,7 @@ struct FoundReference {
   /// the reference, made a full path when it is not one as written. Of what is missing the
   /// reference.
   String path;
+  double size = 0;  ///< bytes of a file
 };
 
 /// Finds what the references of playlists mean, by all the ways in which programs write them. None

@@ -4,11 +4,9 @@
 #include <set>
 
 #include "automation/RunTimeError.h"
-#include "cli/Console.h"
+#include "move/MoveError.h"
 #include "move/PortableNames.h"
 #include "services/NVServices.h"
-#include "services/TextStream.h"
-#include "text/Encoding.h"
 #include "text/Fingerprint.h"
 #include "text/Number.h"
 #include "text/WindowsPath.h"
@@ -21,68 +19,79 @@ constexpr std::size_t kLongestBase = 120;
 
 constexpr StringView kExtension = u".ini";
 
-/// The first path of the name that is free or holds just these bytes.
-String PathFor(Component& library, const String& folder, const MovedPlaylist& playlist,
-               const std::set<String>& taken) {
-  const StringView name = LastComponent(playlist.neutral);
-  const StringView bare = name.substr(0, name.size() - kExtension.size());
-  const String base = bare.empty() ? u"Playlist" : PortableName(bare, nullptr, kLongestBase);
-  String path = folder + base + String(kExtension);
-  for (int number = 2;; ++number) {
-    if (!taken.contains(Fold(path))) {
-      const bool occupied = library.Files().FolderExists(path);
-      const auto there = occupied ? std::nullopt : library.Machine().Settings().Read(path);
-      if (!occupied && (!there || *there == playlist.carriedBytes)) return path;
-    }
-    path = folder + base + u" (" + FormatInteger(number) + u")" + String(kExtension);
-  }
-}
-
 /// Stands for a playlist, or a part of one that was split, with its content and its songs' places.
-/// Earlier moves have left such keys, so the fields follow each other without a separator.
-std::string KeyOf(Component& old, const MovedPlaylist& playlist, const std::vector<Song>& songs,
-                  std::size_t part) {
+std::string KeyOf(const MovedPlaylist& playlist, const PlaylistDraft& draft, std::size_t part,
+                  const std::vector<MovedSong>& songs) {
   Fingerprint print;
-  print.AddExact(playlist.source);
-  print.AddExact(FormatInteger(static_cast<std::int64_t>(part)));
-  print.AddBytes(ReadWholeFile(*old.Files().OpenForReading(playlist.source)));
+  print.AddExact(playlist.source).Separate();
+  print.AddExact(FormatInteger(static_cast<std::int64_t>(part))).Separate();
+  print.AddBytes(TextOf(draft.content));
   for (const MovedItem& item : playlist.items) {
-    print.AddExact(item.song ? songs[*item.song].place : item.address);
+    if (!item.IsCarried()) continue;
+    print.Separate().AddExact(item.IsSong() ? songs[item.song].place : item.reference);
   }
   return TextOf(print);
 }
 
+class Carrier {
+ public:
+  Carrier(Component& library, RestoreLedger& ledger, const String& documents)
+      : library_(library), ledger_(ledger), folder_(documents + String(kSubFolder)) {}
+
+  void Carry(MovedPlaylist& playlist, const PlaylistDraft& draft) {
+    playlist.carried = ledger_.CarriedFor(draft.key);
+    if (playlist.carried.empty()) {
+      Write(playlist, draft.bytes);
+    } else {
+      playlist.natives = ledger_.NativesOf(playlist.carried);
+      playlist.state = MovedPlaylist::State::AlreadyRestored;
+    }
+    taken_.insert(Fold(playlist.carried));
+  }
+
+ private:
+  /// At the first path of the name that is free or holds just these bytes.
+  void Write(MovedPlaylist& playlist, const std::string& bytes) {
+    const StringView name = LastComponent(playlist.collected);
+    const StringView bare = name.substr(0, name.size() - kExtension.size());
+    const String base = bare.empty() ? u"Playlist" : PortableName(bare, nullptr, kLongestBase);
+    SettingsStorage& settings = library_.Machine().Settings();
+    String path = folder_ + base + String(kExtension);
+    for (int number = 2;; ++number) {
+      if (!taken_.contains(Fold(path)) && !library_.Files().FolderExists(path)) {
+        const std::optional<std::string> there = settings.Read(path);
+        if (!there || *there == bytes) {
+          playlist.carried = path;
+          if (!there) settings.Write(path, bytes);
+          return;
+        }
+      }
+      path = folder_ + base + u" (" + FormatInteger(number) + u")" + String(kExtension);
+    }
+  }
+
+  Component& library_;
+  RestoreLedger& ledger_;
+  String folder_;
+  std::set<String> taken_;  // by other playlists of this move
+};
+
 }  // namespace
 
-void CarryNeutralFiles(Component& old, Component& library, RestoreLedger& ledger, Move& move) {
+void CarryGenericFiles(Component& library, RestoreLedger& ledger, MoveWork& work) {
   const String documents = NVServices::GetCSIDLPath(library, ShellFolders::kDocuments);
-  if (documents.empty()) {
-    throw HostError(
-        "The new machine has no documents folder. Name one in its machine.ini, section "
-        "[ShellFolders], such as 5=C:\\My Documents.");
-  }
-  const String folder = documents + String(kSubFolder);
-  std::set<String> taken;  // by other playlists of this move
+  if (documents.empty()) throw MoveError(MoveFault::NoDocumentsFolder);
+  Carrier carrier(library, ledger, documents);
   std::map<String, std::size_t> parts;
-  for (MovedPlaylist& playlist : move.playlists) {
+  for (std::size_t i = 0; i < work.drafts.size(); ++i) {
+    MovedPlaylist& playlist = work.result.playlists[i];
+    PlaylistDraft& draft = work.drafts[i];
     if (playlist.state != MovedPlaylist::State::Collected) continue;
+    draft.key = KeyOf(playlist, draft, parts[playlist.source]++, work.result.songs);
     try {
-      playlist.key = KeyOf(old, playlist, move.songs, parts[playlist.source]++);
-      playlist.carried = ledger.CarriedFor(playlist.key);
-      if (!playlist.carried.empty()) {
-        playlist.natives = ledger.NativesOf(playlist.carried);
-        playlist.state = MovedPlaylist::State::AlreadyRestored;
-        taken.insert(Fold(playlist.carried));
-        continue;
-      }
-      playlist.carried = PathFor(library, folder, playlist, taken);
-      taken.insert(Fold(playlist.carried));
-      SettingsStorage& settings = library.Machine().Settings();
-      if (!settings.Read(playlist.carried)) settings.Write(playlist.carried, playlist.carriedBytes);
+      carrier.Carry(playlist, draft);
     } catch (const RunTimeError& failure) {
-      playlist.state = MovedPlaylist::State::LeftOut;
-      playlist.reason =
-          "its neutral file cannot be written on the new machine: " + ToUtf8(failure.Description());
+      LeaveOut(playlist, MovedPlaylist::Fault::NotCarried, failure.Description());
     }
   }
 }

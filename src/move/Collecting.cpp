@@ -6,73 +6,103 @@
 #include "automation/Conversions.h"
 #include "controller/QueueMode.h"
 #include "move/LibraryCalls.h"
-#include "move/ListFile.h"
+#include "move/MoveError.h"
+#include "move/QueueList.h"
 #include "services/ObserverScope.h"
 #include "text/Encoding.h"
 
 namespace norvo {
 namespace {
 
-class CollectWatcher final : public Observer {
+/// Keeps what the queue makes of each playlist, and tells it at once.
+class CollectWatcher : public LibraryWatcher {
  public:
-  explicit CollectWatcher(Console& console) : console_(console) {}
+  CollectWatcher(WorkReport& report, CollectResult& result)
+      : LibraryWatcher(report, MachineSide::Old, WorkPhase::Collecting), result_(result) {}
 
-  void OnWarning(const Warning& warning) override {
-    // What the queue says of single playlists is looked at anew afterwards.
-    const bool ofQueue = warning.kind == WarningKind::QueueStopped;
-    if (!ofQueue) console_.LeftOut("Old machine: " + ToUtf8(warning.text));
-  }
-  void OnFolder(StringView path) override { console_.Bar().Count("folders", ++folders_, path); }
-  void OnPlaylistFile(StringView path) override { FileOf(path); }
+  void OnPlaylistFile(StringView path) override { result_.met.emplace_back(path); }
+
   void OnPlaylistBegin(StringView path, std::size_t position, std::size_t count) override {
-    console_.Bar().Advance("collecting", position, count, path);
+    LibraryWatcher::OnPlaylistBegin(path, position, count);
+    result_.playlists.emplace_back().path = path;
   }
-  void OnPlaylistEnd(StringView path, std::int32_t type, PlaylistOutcome outcome, std::size_t,
+
+  void OnItem(StringView reference, ItemOutcome outcome) override {
+    if (outcome == ItemOutcome::Kept) return;
+    CollectedPlaylist& playlist = result_.playlists.back();
+    playlist.drops.push_back({outcome, String(reference)});
+    Report().Observer().OnDropped(playlist, playlist.drops.back());
+  }
+
+  void OnPlaylistEnd(StringView, std::int32_t type, PlaylistOutcome outcome, std::size_t kept,
                      StringView genericFile) override {
-    const std::size_t index = FileOf(path);
-    files_[index].type = type;
-    files_[index].outcome = outcome;
-    if (genericFile.empty()) return;
-    files_[index].neutralFile = genericFile;
-    // The neutral file of an earlier playlist of that name is gone now.
-    const auto [owner, isNew] = owners_.try_emplace(String(genericFile), index);
-    if (!isNew) files_[std::exchange(owner->second, index)].neutralFile.clear();
+    CollectedPlaylist& playlist = result_.playlists.back();
+    playlist.type = type;
+    playlist.outcome = outcome;
+    playlist.kept = kept;
+    playlist.genericFile = genericFile;
+    Report().Observer().OnCollected(playlist);
+    if (!genericFile.empty()) NoteGenericFile(result_.playlists.size() - 1);
   }
-
-  void NoteListed(StringView path) { files_[FileOf(path)].isListed = true; }
-
-  std::vector<CollectedFile> Files() { return std::move(files_); }
 
  private:
-  std::size_t FileOf(StringView path) {
-    const auto [found, isNew] = byPath_.try_emplace(String(path), files_.size());
-    if (isNew) files_.emplace_back().path = path;
-    return found->second;
+  /// The generic file of an earlier playlist of that name is gone now.
+  void NoteGenericFile(std::size_t index) {
+    const auto [owner, isNew] = owners_.try_emplace(result_.playlists[index].genericFile, index);
+    if (isNew) return;
+    CollectedPlaylist& earlier = result_.playlists[std::exchange(owner->second, index)];
+    earlier.replacedBy = index;
+    Report().Observer().OnReplaced(earlier, result_.playlists[index]);
   }
 
-  Console& console_;
-  std::size_t folders_ = 0;
-  std::vector<CollectedFile> files_;
-  std::unordered_map<String, std::size_t> byPath_;
+  CollectResult& result_;
   std::unordered_map<String, std::size_t, CaselessHash, CaselessEqual> owners_;
 };
 
-}  // namespace
+class MoveCollectWatcher final : public CollectWatcher {
+ public:
+  using CollectWatcher::CollectWatcher;
+  void OnWarning(const Warning& warning) override {
+    if (warning.kind != WarningKind::QueueStopped) CollectWatcher::OnWarning(warning);
+  }
+};
 
-std::vector<CollectedFile> Collect(Machine& machine, Console& console) {
-  CollectWatcher watcher(console);
-  Component& library = machine.Library();
+template <class Watcher>
+void CollectWith(Component& library, const ProductSettings& settings, WorkReport& report,
+                 CollectResult& result) {
+  Watcher watcher(report, result);
   const ObserverScope scope(library, watcher);
   const ObjectRef controller = library.Create(u"helperMan");
-  const bool scanned = ToBoolean(controller->Call(u"GetAllPlaylists"));
-  for (const ListedPlaylist& listed : ReadListFile(library, ReadSettings(library))) {
-    watcher.NoteListed(listed.path);
-  }
-  if (scanned) RunQueue(*controller, queue_mode::kCollect);
+  result.dataArea = DataAreaOf(settings);
+  Scan(library, *controller, settings, watcher, result.scan);
+  RunQueue(*controller, queue_mode::kCollect);
+  result.mediaBytes = library.MediaBytes();
+  watcher.ThrowIfCancelled();
+}
+
+}  // namespace
+
+void Scan(Component& library, AutomationObject& controller, const ProductSettings& settings,
+          const LibraryWatcher& watcher, ScanResult& result) {
+  const bool scanned = ToBoolean(controller.Call(u"GetAllPlaylists"));
+  watcher.ThrowIfCancelled();
   if (!scanned) {
-    throw HostError("The scan of the old machine failed. See that its data area can be written.");
+    throw MoveError(MoveFault::ScanFailed, ToUtf8(DataAreaOf(settings)),
+                    ToUtf8(watcher.LastWarning()));
   }
-  return watcher.Files();
+  result.playlists = ReadQueueList(library, settings);
+  result.folders = watcher.Folders();
+  result.listFile = QueueListPath(settings);
+}
+
+void Collect(Component& library, const ProductSettings& settings, WorkReport& report,
+             CollectResult& result) {
+  CollectWith<CollectWatcher>(library, settings, report, result);
+}
+
+void CollectForMove(Component& library, const ProductSettings& settings, WorkReport& report,
+                    CollectResult& result) {
+  CollectWith<MoveCollectWatcher>(library, settings, report, result);
 }
 
 }  // namespace norvo

@@ -1,26 +1,25 @@
 #pragma once
 
-#include <optional>
-#include <vector>
-
-#include "cli/Console.h"
-#include "cli/Machine.h"
-#include "services/Observer.h"
+#include "automation/AutomationObject.h"
+#include "move/CollectPlaylists.h"
+#include "move/LibraryWatcher.h"
+#include "move/ProductSettings.h"
+#include "services/Component.h"
 
 namespace norvo {
 
-/// A playlist file that the scan met, and what the queue made of it.
-struct CollectedFile {
-  String path;
-  std::int32_t type = 0;
-  bool isListed = false;                   ///< for the queue
-  std::optional<PlaylistOutcome> outcome;  ///< nothing: the queue never came to its end
-  String neutralFile;                      ///< empty when there is none that is its own
-};
+/// Lets a controller scan the machine and adds what it has listed to the result. `watcher` is the
+/// component's observer. MoveError when the scan does not come to its end.
+void Scan(Component& library, AutomationObject& controller, const ProductSettings& settings,
+          const LibraryWatcher& watcher, ScanResult& result);
 
-/// Scans the old machine and runs the queue there, as the collecting command does, and gives every
-/// playlist file that the scan met, in its order, listed or not. HostError when the scan does not
-/// come to its end.
-std::vector<CollectedFile> Collect(Machine& machine, Console& console);
+/// Scans the machine and runs the queue there, by a component that is open already.
+void Collect(Component& library, const ProductSettings& settings, WorkReport& report,
+             CollectResult& result);
+
+/// The same as the first step of a move. That the queue ended early is not told: what it left is
+/// looked at anew afterwards.
+void CollectForMove(Component& library, const ProductSettings& settings, WorkReport& report,
+                    CollectResult& result);
 
 }  // namespace norvo

@@ -1,14 +1,13 @@
 #pragma once
 
-#include <string>
 #include <vector>
 
-#include "overlay/OverlayPlatform.h"
 #include "services/Component.h"
+#include "services/IniDocument.h"
 
 namespace norvo {
 
-/// What an entry of a neutral file says, and the place that the new machine computes of it.
+/// What an entry of a generic file says, and the place that the new machine computes of it.
 struct EntryAnswer {
   String place;
   String artist;
@@ -19,19 +18,17 @@ struct EntryAnswer {
 /// Asks the new machine's own entries where their songs belong.
 class EntryQuestions {
  public:
-  /// `overlay` lies over the new machine, and `library` works on it. Both must outlive this.
-  EntryQuestions(Component& library, OverlayPlatform& overlay);
+  /// `library` works on an overlay of the new machine, and must outlive this.
+  explicit EntryQuestions(Component& library) : library_(library) {}
 
-  /// All entries of a neutral file with this content. A file name is told only of an entry with an
-  /// address.
-  std::vector<EntryAnswer> AskFile(const std::string& bytes);
+  /// All entries of a generic file, as if no file stood at their old addresses: what stands there
+  /// may have been put there by an earlier run.
+  std::vector<EntryAnswer> AskAll(const IniDocument& genericFile);
   /// An entry with these names.
   EntryAnswer Ask(const EntryAnswer& names);
 
  private:
   Component& library_;
-  OverlayPlatform& overlay_;
-  String draftPath_;  // where the overlay holds the neutral file that is being asked about
 };
 
 }  // namespace norvo

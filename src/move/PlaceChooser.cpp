@@ -4,7 +4,6 @@
 
 #include "move/PortableNames.h"
 #include "services/DataCop.h"
-#include "text/Encoding.h"
 #include "text/Number.h"
 #include "text/WindowsPath.h"
 
@@ -17,7 +16,7 @@ constexpr std::size_t kShortName = 40;
 
 /// Every playlist may spell the path in another way. Two old machines may have different files of
 /// one path; no path holds a "|".
-String NameInLedger(const Song& song) {
+String NameInLedger(const MovedSong& song) {
   return Fold(song.source) + u"|" + FormatNumber(song.size);
 }
 
@@ -33,7 +32,7 @@ void ForEachFolderAbove(const String& path, std::size_t rootLength, Visit&& visi
 }  // namespace
 
 PlaceChooser::PlaceChooser(EntryQuestions& entries, Component& library, OverlayPlatform& overlay,
-                           FilePlacer& placer, RestoreLedger& ledger)
+                           MediaPlacer& placer, RestoreLedger& ledger)
     : entries_(entries),
       library_(library),
       overlay_(overlay),
@@ -55,21 +54,23 @@ void PlaceChooser::Vote(std::size_t song, const EntryAnswer& answer) {
 }
 
 /// Places of earlier moves come first, so that no new song takes one.
-void PlaceChooser::ChooseAll(Move& move, Console& console) {
-  votes_.resize(move.songs.size());
-  chosen_.resize(move.songs.size());
-  std::vector<bool> kept(move.songs.size());
-  for (std::size_t song = 0; song < move.songs.size(); ++song) {
-    kept[song] = !votes_[song].empty() && KeepPlace(song, move.songs[song]);
+void PlaceChooser::ChooseAll(MoveWork& work) {
+  std::vector<MovedSong>& songs = work.result.songs;
+  votes_.resize(songs.size());
+  chosen_.resize(songs.size());
+  std::vector<bool> kept(songs.size());
+  for (std::size_t song = 0; song < songs.size(); ++song) {
+    kept[song] = !votes_[song].empty() && KeepPlace(song, songs[song]);
   }
-  for (std::size_t song = 0; song < move.songs.size(); ++song) {
-    console.Bar().Advance("planning song", song + 1, move.songs.size(), move.songs[song].source);
-    if (!votes_[song].empty() && !kept[song]) Choose(song, move.songs[song]);
+  for (std::size_t song = 0; song < songs.size(); ++song) {
+    work.report.Progress(
+        {WorkPhase::PlanningSongs, song + 1, songs.size(), 0, 0, songs[song].source});
+    if (!votes_[song].empty() && !kept[song]) Choose(song, songs[song]);
   }
 }
 
 /// The place that most entries of the song have without a change, if it will do.
-void PlaceChooser::Choose(std::size_t number, Song& song) {
+void PlaceChooser::Choose(std::size_t number, MovedSong& song) {
   std::vector<Candidate>& votes = votes_[number];
   std::stable_sort(votes.begin(), votes.end(), [](const Candidate& left, const Candidate& right) {
     return left.count > right.count;
@@ -99,25 +100,29 @@ void PlaceChooser::Choose(std::size_t number, Song& song) {
   for (const EntryAnswer& attempt : attempts) {
     if (TryNames(number, song, attempt)) return;
   }
-  song.state = Song::State::LeftOut;
-  song.reason = "the new machine has no place for it: " + WhyNowhere(song, attempts[4]);
+  LeaveNowhere(song, attempts[4]);
 }
 
-/// Why a song has no place even under its plainest names.
-std::string PlaceChooser::WhyNowhere(const Song& song, const EntryAnswer& names) {
-  const String place = entries_.Ask(names).place;
-  switch (Judge(song, place)) {
+/// Says why a song has no place even under its plainest names.
+void PlaceChooser::LeaveNowhere(MovedSong& song, const EntryAnswer& names) {
+  song.state = MovedSong::State::LeftOut;
+  song.faultPath = entries_.Ask(names).place;
+  switch (Judge(song, song.faultPath)) {
     case Fault::TooLong:
-      return "the path " + ToUtf8(place) + " would be too long";
+      song.fault = MovedSong::Fault::PathTooLong;
+      return;
     case Fault::Blocked:
-      return "a file stands where one of the folders of " + ToUtf8(place) + " should be";
+      song.fault = MovedSong::Fault::FolderBlocked;
+      return;
     case Fault::None:
     case Fault::Taken:
-      return "all numbers of " + ToUtf8(place) + " are taken";
+      song.fault = MovedSong::Fault::NumbersTaken;
+      return;
     case Fault::Illegal:
       break;
   }
-  return "see that its group root " + ToUtf8(root_) + " is a path of plain characters";
+  song.fault = MovedSong::Fault::GroupRootUnusable;
+  song.faultPath = root_;
 }
 
 /// Varies the file name until the place will do; false when artist or album are in the way.
@@ -149,7 +154,7 @@ bool PlaceChooser::TryNames(std::size_t number, Song& song, const EntryAnswer& n
 }
 
 /// What an earlier move has decided stands, whatever else has come since.
-bool PlaceChooser::KeepPlace(std::size_t number, Song& song) {
+bool PlaceChooser::KeepPlace(std::size_t number, MovedSong& song) {
   // A copy: settling adds to what is known.
   const std::vector<KnownPlace> known = ledger_.PlacesOf(NameInLedger(song));
   for (const auto& [place, artist, album] : known) {
@@ -167,16 +172,15 @@ void PlaceChooser::Settle(std::size_t number, Song& song, const EntryAnswer& ans
   places_.emplace(Fold(song.place), number);
   ForEachFolderAbove(song.place, root_.size(),
                      [this](const String& folder) { folders_.insert(Fold(folder)); });
-  const bool there = overlay_.Files().FileExists(song.place);
-  if (there) song.state = Song::State::AlreadyThere;
+  const std::optional<FileFacts> there = overlay_.Files().FactsOf(song.place);
+  if (there) song.state = MovedSong::State::AlreadyThere;
   FileFacts facts;
-  facts.name =
-      there ? overlay_.Files().FactsOf(song.place)->name : String(LastComponent(song.place));
+  facts.name = there ? there->name : String(LastComponent(song.place));
   facts.size = song.size;
   overlay_.Pretend(song.place, facts);
 }
 
-PlaceChooser::Fault PlaceChooser::Judge(const Song& song, const String& place) {
+PlaceChooser::Fault PlaceChooser::Judge(const MovedSong& song, const String& place) {
   const bool inside = place.size() > root_.size() &&
                       EqualsIgnoreCase(StringView(place).substr(0, root_.size()), root_);
   if (!inside || !HasPortableNames(place, library_.Machine().AnsiPage())) return Fault::Illegal;
@@ -196,7 +200,7 @@ bool PlaceChooser::IsBlocked(const String& place) {
 }
 
 /// Another song, another file or a folder is there.
-bool PlaceChooser::IsTaken(const Song& song, const String& place) {
+bool PlaceChooser::IsTaken(const MovedSong& song, const String& place) {
   const String folded = Fold(place);
   if (places_.contains(folded) || folders_.contains(folded)) return true;
   FileSystem& files = overlay_.Files();
@@ -204,23 +208,23 @@ bool PlaceChooser::IsTaken(const Song& song, const String& place) {
   return files.FileExists(place) && !placer_.IsSame(song.source, place);
 }
 
-std::string PlaceChooser::WhyNot(std::size_t number, const String& place) {
+Adjustment::Reason PlaceChooser::WhyNot(std::size_t number, const String& place) {
+  using Reason = Adjustment::Reason;
   const CodePage& page = library_.Machine().AnsiPage();
-  if (!page.Fits(place)) return "playlists cannot tell this path: it does not fit the 8-bit page";
-  if (place.size() > kLongestPath) return "the path would be too long";
-  if (!HasPortableNames(place, page)) return "no path on Windows may be called so";
+  if (!page.Fits(place)) return Reason::NotInCodePage;
+  if (place.size() > kLongestPath) return Reason::PathTooLong;
+  if (!HasPortableNames(place, page)) return Reason::IllegalName;
   if (!EqualsIgnoreCase(StringView(place).substr(0, root_.size()), root_)) {
-    return "the path would leave the group root";
+    return Reason::LeavesGroupRoot;
   }
   const auto owner = places_.find(Fold(place));
   if (owner != places_.end()) {
-    return owner->second == number ? "" : "another song has this place";
+    return owner->second == number ? Reason::RelativeReference : Reason::OtherSong;
   }
   if (folders_.contains(Fold(place)) || overlay_.Files().FolderExists(place)) {
-    return "a folder has this name";
+    return Reason::FolderThere;
   }
-  if (overlay_.Files().FileExists(place)) return "another file has this place";
-  return "the song has its one place elsewhere";
+  return overlay_.Files().FileExists(place) ? Reason::OtherFile : Reason::PlaceElsewhere;
 }
 
 }  // namespace norvo

@@ -6,12 +6,11 @@
 #include <unordered_map>
 #include <vector>
 
-#include "cli/Console.h"
 #include "move/EntryQuestions.h"
-#include "move/Move.h"
+#include "move/MediaPlacer.h"
+#include "move/MoveWork.h"
 #include "move/RestoreLedger.h"
 #include "overlay/OverlayPlatform.h"
-#include "platform/hosted/FilePlacer.h"
 #include "services/Component.h"
 
 namespace norvo {
@@ -25,18 +24,19 @@ class PlaceChooser {
   /// `overlay` lies over the new machine, and `library` works on it. `placer` serves to compare
   /// songs. All must outlive this.
   PlaceChooser(EntryQuestions& entries, Component& library, OverlayPlatform& overlay,
-               FilePlacer& placer, RestoreLedger& ledger);
+               MediaPlacer& placer, RestoreLedger& ledger);
 
   /// An entry of the song, by its 0-based number, would have it there. The place that most want
   /// comes first.
   void Vote(std::size_t song, const EntryAnswer& answer);
   /// Chooses for all songs with a vote; those for which there is no place are marked as left out.
-  void ChooseAll(Move& move, Console& console);
+  void ChooseAll(MoveWork& work);
 
   /// The names of which the song's place is computed.
   const EntryAnswer& ChosenFor(std::size_t song) const { return chosen_[song]; }
-  /// Why a song does not go where its entry would have it; empty when it does.
-  std::string WhyNot(std::size_t song, const String& place);
+  /// Why a song does not go where its entry would have it; `RelativeReference` when it does, and the
+  /// entry only lacks the name.
+  Adjustment::Reason WhyNot(std::size_t song, const String& place);
 
  private:
   /// An answer that several entries of one song give.
@@ -47,19 +47,19 @@ class PlaceChooser {
   /// Blocked: a file is where one of the folders should be.
   enum class Fault { None, Illegal, TooLong, Blocked, Taken };
 
-  void Choose(std::size_t number, Song& song);
-  bool TryNames(std::size_t number, Song& song, const EntryAnswer& names);
-  std::string WhyNowhere(const Song& song, const EntryAnswer& names);
-  bool KeepPlace(std::size_t number, Song& song);
-  void Settle(std::size_t number, Song& song, const EntryAnswer& answer);
-  Fault Judge(const Song& song, const String& place);
+  void Choose(std::size_t number, MovedSong& song);
+  bool TryNames(std::size_t number, MovedSong& song, const EntryAnswer& names);
+  void LeaveNowhere(MovedSong& song, const EntryAnswer& names);
+  bool KeepPlace(std::size_t number, MovedSong& song);
+  void Settle(std::size_t number, MovedSong& song, const EntryAnswer& answer);
+  Fault Judge(const MovedSong& song, const String& place);
   bool IsBlocked(const String& place);
-  bool IsTaken(const Song& song, const String& place);
+  bool IsTaken(const MovedSong& song, const String& place);
 
   EntryQuestions& entries_;
   Component& library_;
   OverlayPlatform& overlay_;
-  FilePlacer& placer_;
+  MediaPlacer& placer_;
   RestoreLedger& ledger_;
   String root_;                                     // of the group, with a trailing backslash
   std::vector<std::vector<Candidate>> votes_;       // by song

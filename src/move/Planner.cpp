@@ -1,15 +1,15 @@
 #include "move/Planner.h"
 
 #include <algorithm>
+#include <span>
+#include <utility>
 
-#include "automation/RunTimeError.h"
 #include "model/GenericSections.h"
 #include "model/PlaylistTypes.h"
 #include "move/PortableNames.h"
 #include "services/DataCop.h"
 #include "services/ProfileFile.h"
 #include "services/Utility.h"
-#include "text/Encoding.h"
 #include "text/Number.h"
 #include "text/WindowsPath.h"
 
@@ -50,122 +50,94 @@ String WithoutPoints(StringView name) {
 
 }  // namespace
 
-Planner::Planner(Component& old, Component& library, OverlayPlatform& overlay, FilePlacer& placer,
-                 RestoreLedger& ledger, Console& console)
-    : old_(old),
-      library_(library),
+Planner::Planner(Component& library, OverlayPlatform& overlay, MediaPlacer& placer,
+                 RestoreLedger& ledger, MoveWork& work)
+    : library_(library),
       placer_(placer),
-      console_(console),
-      entries_(library, overlay),
+      work_(work),
+      entries_(library),
       places_(entries_, library, overlay, placer, ledger) {}
 
-void Planner::Run(Move& move) {
-  std::vector<Draft> drafts = ReadAll(move);
-  places_.ChooseAll(move, console_);
-  for (Draft& draft : drafts) Adjust(move, draft);
-  for (Draft& draft : drafts) {
-    Confirm(move, draft);
-    move.playlists[draft.playlist].carriedBytes = BytesOf(draft);
+void Planner::Run() {
+  const std::vector<Asked> all = AskAll();
+  places_.ChooseAll(work_);
+  for (const Asked& asked : all) Adjust(asked);
+  for (const Asked& asked : all) {
+    Confirm(asked.playlist);
+    work_.drafts[asked.playlist].bytes =
+        EncodeSettings(DocumentOf(asked.playlist).ToText(), library_.Machine().AnsiPage());
   }
 }
 
 /// Each entry has a say in the place of its song.
-std::vector<Planner::Draft> Planner::ReadAll(Move& move) {
-  std::vector<Draft> drafts;
-  for (std::size_t i = 0; i < move.playlists.size(); ++i) {
-    MovedPlaylist& playlist = move.playlists[i];
-    console_.Bar().Advance("planning", i + 1, move.playlists.size(), playlist.source);
-    if (playlist.state != MovedPlaylist::State::Collected) continue;
-    Draft draft = Read(move, i);
-    if (playlist.state != MovedPlaylist::State::Collected) continue;
-    for (std::size_t entry = 0; entry < playlist.items.size(); ++entry) {
-      if (playlist.items[entry].song) {
-        places_.Vote(*playlist.items[entry].song, draft.answers[entry]);
-      }
+std::vector<Planner::Asked> Planner::AskAll() {
+  std::vector<MovedPlaylist>& playlists = work_.result.playlists;
+  std::vector<Asked> all;
+  for (std::size_t i = 0; i < playlists.size(); ++i) {
+    work_.report.Progress({WorkPhase::Planning, i + 1, playlists.size(), 0, 0, playlists[i].source});
+    if (playlists[i].state != MovedPlaylist::State::Collected) continue;
+    Asked asked{i, entries_.AskAll(DocumentOf(i))};
+    if (asked.answers.size() != CountSongs(playlists[i]) + CountAddresses(playlists[i])) {
+      LeaveOut(playlists[i], MovedPlaylist::Fault::GenericDoesNotReadBack);
+      continue;
     }
-    drafts.push_back(std::move(draft));
+    for (const MovedItem& item : playlists[i].items) {
+      if (item.IsSong()) places_.Vote(item.song, asked.answers[item.entry - 1]);
+    }
+    all.push_back(std::move(asked));
   }
-  return drafts;
-}
-
-/// Reads a neutral file and asks the new machine about all its entries.
-Planner::Draft Planner::Read(Move& move, std::size_t index) {
-  MovedPlaylist& playlist = move.playlists[index];
-  Draft draft;
-  draft.playlist = index;
-  const auto leaveOut = [&playlist](const std::string& reason) {
-    playlist.state = MovedPlaylist::State::LeftOut;
-    playlist.reason = reason;
-  };
-  try {
-    const auto bytes = old_.Machine().Settings().Read(playlist.neutral);
-    draft.document = IniDocument(DecodeFile(bytes.value_or(""), old_.Machine().AnsiPage()));
-  } catch (const RunTimeError& failure) {
-    leaveOut("its neutral file cannot be read: " + ToUtf8(failure.Description()));
-    return draft;
-  }
-  draft.answers = AskAll(move, draft);
-  if (draft.answers.size() != playlist.items.size()) {
-    leaveOut("its neutral file does not read back");
-  }
-  return draft;
-}
-
-/// The answers as if no file stood at the old addresses: what stands there on the new machine may
-/// have been put there by an earlier run, and the plan shall be the same every time.
-std::vector<EntryAnswer> Planner::AskAll(const Move& move, const Draft& draft) {
-  IniDocument copy(draft.document.ToText());
-  const std::vector<MovedItem>& items = move.playlists[draft.playlist].items;
-  for (std::size_t i = 0; i < items.size(); ++i) {
-    if (items[i].song) copy.SetValue(copy.FindOrAddSection(SectionOf(i + 1)), u"SourceURL", {});
-  }
-  std::vector<EntryAnswer> answers =
-      entries_.AskFile(EncodeSettings(copy.ToText(), library_.Machine().AnsiPage()));
-  // Without an address an entry does not tell its file name, though it uses it.
-  for (std::size_t i = 0; i < answers.size(); ++i) {
-    const std::size_t section = copy.FindOrAddSection(SectionOf(i + 1));
-    answers[i].fileName = copy.Value(section, u"FileName").value_or(StringView());
-  }
-  return answers;
+  return all;
 }
 
 /// The native playlists take their names from what stands before the first point of this one.
-void Planner::AdjustName(Move& move, Draft& draft) {
-  const std::size_t section = draft.document.FindOrAddSection(SectionOf(0));
-  const String original(draft.document.Value(section, u"OriginalFileName").value_or(StringView()));
+void Planner::AdjustName(std::size_t playlist) {
+  IniDocument& document = DocumentOf(playlist);
+  const std::size_t section = document.FindOrAddSection(SectionOf(0));
+  const String original(document.Value(section, u"OriginalFileName").value_or(StringView()));
   const std::size_t point = original.find(u'.');
   String base = original.substr(0, point);
   Utility::CleanString(base);  // as the restoring will do
   String whole = WithoutPoints(original.substr(0, original.rfind(u'.')));
   Utility::CleanString(whole);
   String name = NativeName(whole);
-  std::string reason = "its native playlists would lose the name, or have none that Windows takes";
+  Reason reason = Reason::NameUnusable;
   const int count = ++nativeNames_[Fold(name)];
   if (count > kMostOfOneName) {
     // The numbers that the restoring adds pile up, until no disk takes the name.
     name += u' ' + FormatInteger(count);
-    reason = "many playlists have this name";
+    reason = Reason::ManyOfOneName;
   }
   const String wished = name;
-  for (int number = 2; IsBlocked(name); ++number) {
+  for (int number = 2; IsBlocked(name, count); ++number) {
     name = wished + u' ' + FormatInteger(number);
-    reason = "a folder, or a link that leads nowhere, has the name of a native playlist";
+    reason = Reason::NativeBlocked;
   }
   if (point != String::npos && name == Trim(base)) return;
   const String extension = point == String::npos ? u".m3u" : original.substr(original.rfind(u'.'));
-  Set(move, draft, 0, u"OriginalFileName", name + extension, reason);
+  Set(playlist, 0, u"OriginalFileName", name + extension, reason);
 }
 
-/// Something that is no file stands where the restoring would put a native playlist of this name,
-/// or one of those with the numbers that it adds.
-bool Planner::IsBlocked(const String& name) {
+/// Something that is no file stands where the restoring would put one of so many native playlists of
+/// this name.
+bool Planner::IsBlocked(const String& name, int playlists) {
   const String root = DataCop::GetSubNamePath(library_, DataCop::kPlayListSlot);
+  const std::span<const PlaylistType> types = PlaylistTypes();
+  return std::any_of(types.begin(), types.end(), [&](const PlaylistType& type) {
+    return IsBlockedIn(root + String(type.playerFolder) + u'\\', name, type.extension, playlists);
+  });
+}
+
+/// Names that are taken by files make the restoring go on to the next number.
+bool Planner::IsBlockedIn(const String& folder, const String& name, StringView extension,
+                          int playlists) {
+  const auto [known, isNew] = playerFolders_.try_emplace(folder, false);
+  if (isNew) known->second = library_.Files().FolderExists(folder);
+  if (!known->second) return false;
   String base = name;
-  for (int number = 1; number <= kMostOfOneName; ++number) {
-    for (const PlaylistType& type : PlaylistTypes()) {
-      const String folder = root + String(type.playerFolder) + u'\\';
-      if (placer_.IsBlocked(folder + base + String(type.extension))) return true;
-    }
+  for (int number = 1, free = 0; number <= kMostOfOneName && free < playlists; ++number) {
+    const String path = folder + base + String(extension);
+    if (placer_.IsBlocked(path)) return true;
+    if (!library_.Files().FileExists(path)) ++free;
     base += FormatInteger(number);  // the numbers pile up
   }
   return false;
@@ -185,71 +157,79 @@ String Planner::NativeName(const String& base) {
 }
 
 /// Texts go into native ASX files as they are; one that holds an element would become one.
-void Planner::AdjustMarkup(Move& move, Draft& draft, std::size_t entry) {
-  const std::size_t section = draft.document.FindOrAddSection(SectionOf(entry));
-  std::vector<String> keys;
-  for (const StringView key : draft.document.Keys(section)) keys.emplace_back(key);
-  for (const String& key : keys) {
-    String value(*draft.document.Value(section, key));
+void Planner::AdjustMarkup(std::size_t playlist, std::size_t entry) {
+  const IniDocument& document = DocumentOf(playlist);
+  const std::size_t section = document.FindSection(SectionOf(entry));
+  if (section == IniDocument::kNone) return;
+  std::vector<std::pair<String, String>> changes;
+  for (const StringView key : document.Keys(section)) {
+    String value(*document.Value(section, key));
     if (!HoldsElement(value)) continue;
     std::replace(value.begin(), value.end(), u'<', u'(');
     std::replace(value.begin(), value.end(), u'>', u')');
-    Set(move, draft, entry, key, value, "ASX files would take it for markup");
+    changes.emplace_back(key, std::move(value));
+  }
+  for (const auto& [key, value] : changes) Set(playlist, entry, key, value, Reason::Markup);
+}
+
+void Planner::Adjust(const Asked& asked) {
+  AdjustName(asked.playlist);
+  for (std::size_t i = 0; i <= asked.answers.size(); ++i) AdjustMarkup(asked.playlist, i);
+  for (const MovedItem& item : work_.result.playlists[asked.playlist].items) {
+    if (item.IsSong()) AdjustEntry(asked.playlist, item, asked.answers[item.entry - 1]);
   }
 }
 
-void Planner::Adjust(Move& move, Draft& draft) {
-  AdjustName(move, draft);
-  const std::vector<MovedItem>& items = move.playlists[draft.playlist].items;
-  for (std::size_t i = 0; i <= items.size(); ++i) AdjustMarkup(move, draft, i);
-  for (std::size_t i = 0; i < items.size(); ++i) {
-    if (items[i].song) AdjustEntry(move, draft, i);
-  }
-}
-
-void Planner::AdjustEntry(Move& move, Draft& draft, std::size_t index) {
-  const std::size_t number = *move.playlists[draft.playlist].items[index].song;
-  const Song& song = move.songs[number];
-  const EntryAnswer& answer = draft.answers[index];
+void Planner::AdjustEntry(std::size_t playlist, const MovedItem& item, const EntryAnswer& answer) {
+  const MovedSong& song = work_.result.songs[item.song];
   if (song.place.empty() || EqualsIgnoreCase(answer.place, song.place)) return;
   EntryAnswer names = answer;
   if (names.fileName.empty()) names.fileName = LastComponent(song.source);
-  const std::string reason = places_.WhyNot(number, entries_.Ask(names).place);
+  const Reason reason = places_.WhyNot(item.song, entries_.Ask(names).place);
   names.fileName = LastComponent(song.place);
-  const bool fillsIn = reason.empty();
-  Set(move, draft, index + 1, u"FileName", names.fileName,
-      fillsIn ? "a relative reference gives no file name" : reason,
-      fillsIn ? Adjustment::Kind::FilledIn : Adjustment::Kind::Changed);
+  Set(playlist, item.entry, u"FileName", names.fileName, reason);
   if (EqualsIgnoreCase(entries_.Ask(names).place, song.place)) return;
-  Set(move, draft, index + 1, u"Artist", places_.ChosenFor(number).artist, reason);
-  Set(move, draft, index + 1, u"Album", places_.ChosenFor(number).album, reason);
+  Set(playlist, item.entry, u"Artist", places_.ChosenFor(item.song).artist, reason);
+  Set(playlist, item.entry, u"Album", places_.ChosenFor(item.song).album, reason);
 }
 
-/// Asks once more, now that all places are known: an entry whose old address is some file's place
-/// on the new machine would take that file's name.
-void Planner::Confirm(Move& move, Draft& draft) {
-  const std::vector<MovedItem>& items = move.playlists[draft.playlist].items;
-  const std::vector<EntryAnswer> answers = entries_.AskFile(BytesOf(draft));
-  for (std::size_t i = 0; i < items.size() && i < answers.size(); ++i) {
-    if (!items[i].song) continue;
-    const String& place = move.songs[*items[i].song].place;
-    if (place.empty() || EqualsIgnoreCase(answers[i].place, place)) continue;
-    Set(move, draft, i + 1, u"SourceURL", place,
-        "on the new machine another file stands at the old address");
+/// Now that all places are known: an entry whose old address is some file's place on the new machine
+/// would take that file's name.
+void Planner::Confirm(std::size_t playlist) {
+  const IniDocument& document = DocumentOf(playlist);
+  for (const MovedItem& item : work_.result.playlists[playlist].items) {
+    if (!item.IsSong()) continue;
+    const String& place = work_.result.songs[item.song].place;
+    const std::size_t section = document.FindSection(SectionOf(item.entry));
+    const auto value = [&](StringView key) {
+      return String(document.Value(section, key).value_or(StringView()));
+    };
+    const String& name = NameAtOldAddress(value(u"SourceURL"));
+    if (place.empty() || name.empty()) continue;
+    const EntryAnswer answer = entries_.Ask({{}, value(u"Artist"), value(u"Album"), name});
+    if (EqualsIgnoreCase(answer.place, place)) continue;
+    Set(playlist, item.entry, u"SourceURL", place, Reason::OldAddressTaken);
   }
 }
 
-void Planner::Set(Move& move, Draft& draft, std::size_t entry, StringView key, const String& value,
-                  const std::string& reason, Adjustment::Kind kind) {
-  const std::size_t section = draft.document.FindOrAddSection(SectionOf(entry));
-  const String before(draft.document.Value(section, key).value_or(StringView()));
-  if (before == value) return;
-  draft.document.SetValue(section, key, value);
-  move.adjustments.push_back({draft.playlist, entry, String(key), before, value, reason, kind});
+/// Empty when no file stands there on the new machine.
+const String& Planner::NameAtOldAddress(const String& address) {
+  const auto [known, isNew] = oldAddresses_.try_emplace(address);
+  if (isNew && !address.empty()) {
+    const std::optional<FileFacts> facts = library_.Files().FactsOf(address);
+    if (facts) known->second = facts->name;
+  }
+  return known->second;
 }
 
-std::string Planner::BytesOf(const Draft& draft) const {
-  return EncodeSettings(draft.document.ToText(), library_.Machine().AnsiPage());
+void Planner::Set(std::size_t playlist, std::size_t entry, StringView key, const String& value,
+                  Reason reason) {
+  IniDocument& document = DocumentOf(playlist);
+  const std::size_t section = document.FindOrAddSection(SectionOf(entry));
+  const String before(document.Value(section, key).value_or(StringView()));
+  if (before == value) return;
+  document.SetValue(section, key, value);
+  work_.result.adjustments.push_back({playlist, entry, String(key), before, value, reason});
 }
 
 }  // namespace norvo

@@ -4,60 +4,59 @@
 #include <unordered_map>
 #include <vector>
 
-#include "cli/Console.h"
 #include "move/EntryQuestions.h"
-#include "move/Move.h"
+#include "move/MediaPlacer.h"
+#include "move/MoveWork.h"
 #include "move/PlaceChooser.h"
-#include "move/RestoreLedger.h"
-#include "overlay/OverlayPlatform.h"
-#include "platform/hosted/FilePlacer.h"
 #include "services/Component.h"
-#include "services/IniDocument.h"
 
 namespace norvo {
 
-/// Gives every song of a move its one place on the new machine, and makes the neutral files say so.
-/// Where an entry would have its song elsewhere, the neutral file is changed as little as possible:
+/// Gives every song of a move its one place on the new machine, and makes the generic files say so.
+/// Where an entry would have its song elsewhere, the generic file is changed as little as possible:
 /// its file name; if that cannot do, its artist and album.
 class Planner {
  public:
-  /// `overlay` lies over the new machine, and `library` works on it. `old` and `placer` serve to
-  /// read neutral files and to compare songs. All must outlive this.
-  Planner(Component& old, Component& library, OverlayPlatform& overlay, FilePlacer& placer,
-          RestoreLedger& ledger, Console& console);
+  /// `library` works on an overlay of the new machine. `placer` serves to compare songs. All must
+  /// outlive this.
+  Planner(Component& library, OverlayPlatform& overlay, MediaPlacer& placer, RestoreLedger& ledger,
+          MoveWork& work);
 
-  /// Plans for all playlists that have a neutral file; songs and playlists for which there is no
+  /// Plans for all playlists that have a generic file; songs and playlists for which there is no
   /// way are marked as left out.
-  void Run(Move& move);
+  void Run();
 
  private:
-  struct Draft {
+  using Reason = Adjustment::Reason;
+
+  /// The 0-based numbers of the playlists that are planned for, and what their entries say.
+  struct Asked {
     std::size_t playlist = 0;
-    IniDocument document;
     std::vector<EntryAnswer> answers;  ///< one per entry
   };
 
-  std::vector<Draft> ReadAll(Move& move);
-  Draft Read(Move& move, std::size_t playlist);
-  std::vector<EntryAnswer> AskAll(const Move& move, const Draft& draft);
-  void Adjust(Move& move, Draft& draft);
-  void AdjustName(Move& move, Draft& draft);
+  std::vector<Asked> AskAll();
+  void Adjust(const Asked& asked);
+  void AdjustName(std::size_t playlist);
   String NativeName(const String& base);
-  bool IsBlocked(const String& name);
-  void AdjustMarkup(Move& move, Draft& draft, std::size_t entry);
-  void AdjustEntry(Move& move, Draft& draft, std::size_t entry);
-  void Confirm(Move& move, Draft& draft);
-  void Set(Move& move, Draft& draft, std::size_t entry, StringView key, const String& value,
-           const std::string& reason, Adjustment::Kind kind = Adjustment::Kind::Changed);
-  std::string BytesOf(const Draft& draft) const;
+  bool IsBlocked(const String& name, int playlists);
+  bool IsBlockedIn(const String& folder, const String& name, StringView extension, int playlists);
+  void AdjustMarkup(std::size_t playlist, std::size_t entry);
+  void AdjustEntry(std::size_t playlist, const MovedItem& item, const EntryAnswer& answer);
+  void Confirm(std::size_t playlist);
+  const String& NameAtOldAddress(const String& address);
+  void Set(std::size_t playlist, std::size_t entry, StringView key, const String& value,
+           Reason reason);
+  IniDocument& DocumentOf(std::size_t playlist) { return work_.drafts[playlist].document; }
 
-  Component& old_;
   Component& library_;
-  FilePlacer& placer_;
-  Console& console_;
+  MediaPlacer& placer_;
+  MoveWork& work_;
   EntryQuestions entries_;
   PlaceChooser places_;
-  std::unordered_map<String, int> nativeNames_;  // how many playlists have each, folded
+  std::unordered_map<String, int> nativeNames_;        // how many playlists have each, folded
+  std::unordered_map<String, bool> playerFolders_;     // whether each is there
+  std::unordered_map<String, String> oldAddresses_;    // names of the files that stand there
 };
 
 }  // namespace norvo

@@ -3,11 +3,14 @@
 #include <algorithm>
 #include <deque>
 #include <map>
+#include <unordered_map>
+#include <utility>
 
 #include "automation/Conversions.h"
 #include "automation/RunTimeError.h"
 #include "lists/XmlEntities.h"
 #include "model/PlaylistTypes.h"
+#include "model/GenericSections.h"
 #include "move/LibraryCalls.h"
 #include "move/PortableNames.h"
 #include "services/DataCop.h"
@@ -20,7 +23,7 @@
 namespace norvo {
 namespace {
 
-// A neutral file counts its entries in 16 bits.
+// A generic file counts its entries in 16 bits.
 constexpr std::size_t kMostEntries = 32767;
 
 StringView EntryClass(std::int32_t type) {
@@ -28,34 +31,11 @@ StringView EntryClass(std::int32_t type) {
   return FindPlaylistType(type)->readAs == Syntax::Pls ? u"PlsEntry" : u"M3UEntry";
 }
 
-/// What identifies an item, whatever its spelling.
+/// What identifies an item that goes along, whatever its spelling.
 String KeyOf(const MovedItem& item) {
-  if (item.song) return u"#" + FormatInteger(static_cast<std::int64_t>(*item.song));
-  const bool isUrl = item.address.find(u"://") != String::npos;
-  return Fold(isUrl ? item.address : AbsolutePath(item.address, u"C:"));
-}
-
-/// Why the queue left a playlist without a whole neutral file.
-std::string WhyLost(const CollectedFile& file) {
-  if (!file.isListed) return "its first lines tell no type, so it was not listed";
-  if (!file.outcome) return "the queue ended before it had a neutral file";
-  switch (*file.outcome) {
-    case PlaylistOutcome::Unnamed:
-      return "it had no name for its neutral file";
-    case PlaylistOutcome::NotWritten:
-      return "its neutral file could not be written under its name";
-    case PlaylistOutcome::Empty:
-      return "none of its lines was understood";
-    case PlaylistOutcome::UnknownType:
-      return "its first lines tell no type";
-    case PlaylistOutcome::Unreadable:
-      return "it was not read to its end";
-    case PlaylistOutcome::Written:
-    case PlaylistOutcome::Restored:
-      break;
-  }
-  if (file.neutralFile.empty()) return "another playlist's neutral file took its name";
-  return "its neutral file does not tell all that it lists";
+  if (item.IsSong()) return u"#" + FormatInteger(static_cast<std::int64_t>(item.song));
+  const bool isUrl = item.reference.find(u"://") != String::npos;
+  return Fold(isUrl ? item.reference : AbsolutePath(item.reference, u"C:"));
 }
 
 /// Of a part of a playlist that is split, from its first entry, which is 0-based.
@@ -70,59 +50,94 @@ String BaseOf(StringView path) {
 
 }  // namespace
 
-Rescue::Rescue(Component& library, const Settings& settings, SongBook& songs, Console& console)
+Rescue::Rescue(Component& library, const ProductSettings& settings, SongBook& songs, MoveWork& work)
     : library_(library),
       dataArea_(DataAreaOf(settings)),
       songs_(songs),
-      console_(console),
+      work_(work),
       finder_(library) {}
 
-std::vector<MovedPlaylist> Rescue::Run(const std::vector<CollectedFile>& files) {
+/// In the order in which the scan met them.
+std::vector<Rescue::CollectedFile> Rescue::FilesOf(const CollectResult& collected) {
+  std::vector<CollectedFile> files;
+  std::unordered_map<StringView, std::size_t> byPath;
+  const auto fileOf = [&](const String& path) -> CollectedFile& {
+    const auto [found, isNew] = byPath.try_emplace(path, files.size());
+    if (isNew) files.emplace_back().path = path;
+    return files[found->second];
+  };
+  for (const String& path : collected.met) fileOf(path);
+  for (const ListedPlaylist& listed : collected.scan.playlists) fileOf(listed.path).isListed = true;
+  for (const CollectedPlaylist& playlist : collected.playlists) {
+    CollectedFile& file = fileOf(playlist.path);
+    file.type = playlist.type;
+    file.outcome = playlist.outcome;
+    if (!playlist.replacedBy) file.genericFile = playlist.genericFile;
+  }
+  return files;
+}
+
+void Rescue::Run(const CollectResult& collected) {
+  const std::vector<CollectedFile> files = FilesOf(collected);
   for (const CollectedFile& file : files) {
-    if (!file.neutralFile.empty()) taken_.insert(Fold(file.neutralFile));
+    if (!file.genericFile.empty()) taken_.insert(Fold(file.genericFile));
   }
-  std::vector<MovedPlaylist> playlists;
   for (std::size_t i = 0; i < files.size(); ++i) {
-    const CollectedFile& file = files[i];
-    console_.Bar().Advance("checking", i + 1, files.size(), file.path);
-    MovedPlaylist playlist;
-    playlist.source = file.path;
-    playlist.type = file.type;
-    try {
-      const Listing listing = Look(file.path);
-      playlist.missed = listing.missed;
-      if (listing.wanted.empty() && file.neutralFile.empty()) {
-        playlist.state = MovedPlaylist::State::NoSongs;
-      } else if (IsComplete(file, listing, playlist.items)) {
-        playlist.neutral = file.neutralFile;
-      } else {
-        Rewrite(file, listing, playlists);
-        continue;
-      }
-    } catch (const RunTimeError& failure) {
-      playlist.state = MovedPlaylist::State::LeftOut;
-      playlist.reason = "cannot be read: " + ToUtf8(failure.Description());
-    }
-    playlists.push_back(std::move(playlist));
+    work_.report.Progress({WorkPhase::Checking, i + 1, files.size(), 0, 0, files[i].path});
+    Take(files[i]);
   }
-  return playlists;
+}
+
+void Rescue::Add(MovedPlaylist playlist, PlaylistDraft draft) {
+  work_.result.playlists.push_back(std::move(playlist));
+  work_.drafts.push_back(std::move(draft));
+}
+
+void Rescue::Take(const CollectedFile& file) {
+  MovedPlaylist playlist;
+  playlist.source = file.path;
+  playlist.type = file.type;
+  PlaylistDraft draft;
+  try {
+    const Listing listing = Look(file.path);
+    draft.content = listing.content;
+    if (!file.genericFile.empty()) draft.document = ReadGenericFile(file.genericFile);
+    if (!listing.hasSongs && file.genericFile.empty()) {
+      playlist.state = MovedPlaylist::State::NoSongs;
+      for (const FoundItem& found : listing.items) playlist.items.push_back(found.item);
+    } else if (!file.genericFile.empty() && IsComplete(draft.document, listing, playlist.items)) {
+      playlist.collected = file.genericFile;
+    } else {
+      return Rewrite(file, listing);
+    }
+  } catch (const RunTimeError& failure) {
+    LeaveOut(playlist, MovedPlaylist::Fault::Unreadable, failure.Description());
+  }
+  Add(std::move(playlist), std::move(draft));
 }
 
 Rescue::Listing Rescue::Look(const String& path) {
-  const auto file = library_.Files().OpenForReading(path);
-  const String text = DecodePlaylist(ReadWholeFile(*file), library_.Machine().AnsiPage());
+  const std::string bytes = ReadWholeFile(*library_.Files().OpenForReading(path));
+  const String text = DecodePlaylist(bytes, library_.Machine().AnsiPage());
   Listing listing;
+  listing.content.AddBytes(bytes);
   // The scan goes by the last three characters, whether or not a point stands before them.
   const String ending = u"." + path.substr(path.size() - 3);
   listing.syntax = SyntaxOf(ending, text).value_or(ListSyntax::M3u);
   listing.hasTitles = ContainsIgnoreCase(text, u"#EXT");
   const String folder(ParentFolder(path));
-  for (const ListedItem& item : ListItems(text, listing.syntax)) Find(item, folder, listing);
+  const bool isMarkup = listing.syntax == ListSyntax::Asx;
+  for (const ListedItem& item : ListItems(text, listing.syntax)) {
+    FoundItem found = Find(item, folder, isMarkup);
+    if (item.maybeComment && !found.item.IsSong()) continue;
+    listing.hasSongs = listing.hasSongs || found.item.IsCarried();
+    listing.items.push_back(std::move(found));
+  }
   return listing;
 }
 
-/// The first of an item's references that is a song; else the first address.
-void Rescue::Find(const ListedItem& listed, const String& folder, Listing& listing) {
+/// By the first of an item's references that is a song; else by the first address.
+Rescue::FoundItem Rescue::Find(const ListedItem& listed, const String& folder, bool isMarkup) {
   using Kind = FoundReference::Kind;
   std::optional<FoundReference> best;
   for (const String& reference : listed.references) {
@@ -131,44 +146,70 @@ void Rescue::Find(const ListedItem& listed, const String& folder, Listing& listi
                         (found.kind == Kind::Address && best->kind > Kind::Address);
     if (better) best = std::move(found);
   }
-  if (!best || (listed.maybeComment && best->kind != Kind::File)) return;
-  if (best->kind == Kind::File || best->kind == Kind::Address) {
-    Wanted& wanted = listing.wanted.emplace_back();
-    wanted.listed = listed;
-    if (best->kind == Kind::File) wanted.item.song = songs_.NumberOf(best->path);
-    if (best->kind == Kind::Address) {
-      const bool isMarkup = listing.syntax == ListSyntax::Asx;
-      wanted.item.address = isMarkup ? DecodeEntities(best->path) : best->path;
-    }
-  } else {
-    const char* const why = best->kind == Kind::Missing ? "no such file" : "not a media file";
-    listing.missed.push_back('"' + ToUtf8(listed.references.front()) + "\": " + why);
+  FoundItem found;
+  found.listed = listed;
+  found.item.reference = listed.references.front();
+  switch (best->kind) {
+    case Kind::File:
+      found.item.song = songs_.NumberOf(best->path, best->size);
+      found.item.fate = MovedItem::Fate::Song;
+      break;
+    case Kind::Address:
+      found.item.reference = isMarkup ? DecodeEntities(best->path) : best->path;
+      found.item.fate = MovedItem::Fate::Address;
+      break;
+    case Kind::NotMedia:
+      found.item.fate = MovedItem::Fate::NotMedia;
+      break;
+    case Kind::Missing:
+      found.item.fate = MovedItem::Fate::NoSuchFile;
+      break;
   }
+  return found;
 }
 
-MovedItem Rescue::ItemOf(AutomationObject& entry) {
+MovedItem Rescue::ItemOf(const String& address, std::int32_t urlType) {
   MovedItem item;
-  item.address = TextOf(entry, u"Entry_SourceURL");
-  if (NumberOf(entry, u"Entry_URLType") < url_type::kRemovable) {
-    item.song = songs_.NumberOf(item.address);
-  }
+  item.reference = address;
+  const bool isSong = urlType < url_type::kRemovable;
+  item.fate = isSong ? MovedItem::Fate::Song : MovedItem::Fate::Address;
+  if (isSong) item.song = songs_.NumberOf(address);
   return item;
 }
 
-/// The queue's neutral file has all the items that the playlist lists, in their order. What it has
-/// beyond them counts too: then it was the reader who understood more.
-bool Rescue::IsComplete(const CollectedFile& file, const Listing& listing,
+IniDocument Rescue::ReadGenericFile(const String& path) {
+  const std::optional<std::string> bytes = library_.Machine().Settings().Read(path);
+  return IniDocument(DecodeFile(bytes.value_or(""), library_.Machine().AnsiPage()));
+}
+
+/// The generic file has all the items that the playlist lists, in their order. What it has beyond
+/// them counts too: then it was the reader who understood more.
+bool Rescue::IsComplete(const IniDocument& document, const Listing& listing,
                         std::vector<MovedItem>& items) {
-  if (file.neutralFile.empty()) return false;
-  const ObjectRef playlist = library_.Create(u"PlayList");
-  CallWith(*playlist, u"ReadGeneric", file.neutralFile);
-  auto next = listing.wanted.begin();
-  for (const ObjectRef& entry : EntriesOf(*playlist)) {
-    items.push_back(ItemOf(*entry));
-    const bool isNext = next != listing.wanted.end() && KeyOf(items.back()) == KeyOf(next->item);
-    if (isNext) ++next;
+  auto next = listing.items.begin();
+  const auto takeLeftOut = [&] {
+    for (; next != listing.items.end() && !next->item.IsCarried(); ++next) {
+      items.push_back(next->item);
+    }
+  };
+  for (std::size_t entry = 1;; ++entry) {
+    const std::size_t section =
+        document.FindSection(EntrySection(static_cast<std::int64_t>(entry)));
+    if (section == IniDocument::kNone) break;
+    const auto value = [&](StringView key) {
+      return String(document.Value(section, key).value_or(StringView()));
+    };
+    const double urlType = ParseNumber(value(u"URLType")).value_or(0);
+    MovedItem item = ItemOf(value(u"SourceURL"), static_cast<std::int32_t>(urlType));
+    item.entry = entry;
+    takeLeftOut();
+    if (next != listing.items.end() && KeyOf(item) == KeyOf(next->item)) ++next;
+    items.push_back(std::move(item));
   }
-  return next == listing.wanted.end();
+  takeLeftOut();
+  if (next == listing.items.end()) return true;
+  items.clear();
+  return false;
 }
 
 std::int32_t Rescue::FittingType(const String& path, const Listing& listing) {
@@ -186,38 +227,70 @@ std::int32_t Rescue::FittingType(const String& path, const Listing& listing) {
   return listing.hasTitles ? playlist_type::kWinampM3u : playlist_type::kMmjbM3u;
 }
 
-void Rescue::Rewrite(const CollectedFile& file, const Listing& listing,
-                     std::vector<MovedPlaylist>& playlists) {
+/// Why the queue left a playlist without a whole generic file.
+Mending::Kind Rescue::WhyLost(const CollectedFile& file) {
+  if (!file.isListed) return Mending::Kind::NotListed;
+  if (!file.outcome) return Mending::Kind::QueueEnded;
+  switch (*file.outcome) {
+    case PlaylistOutcome::Unnamed:
+      return Mending::Kind::Unnamed;
+    case PlaylistOutcome::NotWritten:
+      return Mending::Kind::NotWritten;
+    case PlaylistOutcome::Empty:
+      return Mending::Kind::NothingUnderstood;
+    case PlaylistOutcome::UnknownType:
+      return Mending::Kind::UnknownType;
+    case PlaylistOutcome::Unreadable:
+      return Mending::Kind::NotReadToEnd;
+    case PlaylistOutcome::Written:
+    case PlaylistOutcome::Restored:
+      break;
+  }
+  return file.genericFile.empty() ? Mending::Kind::NameTaken : Mending::Kind::Incomplete;
+}
+
+MovedPlaylist Rescue::NewPart(const CollectedFile& file, std::int32_t type, std::size_t added,
+                              bool isSplit) {
+  MovedPlaylist playlist;
+  playlist.source = file.path;
+  playlist.type = type;
+  playlist.mendings.push_back({WhyLost(file), 0});
+  if (added > 0) playlist.mendings.push_back({Mending::Kind::EntriesAdded, added});
+  if (isSplit) playlist.mendings.push_back({Mending::Kind::Split, 0});
+  return playlist;
+}
+
+void Rescue::Rewrite(const CollectedFile& file, const Listing& listing) {
   const std::int32_t type = FittingType(file.path, listing);
   const ObjectRef read = library_.Create(u"PlayList");
   ReadPlaylist(*read, file.path, type);
   std::size_t added = 0;
   const std::vector<ObjectRef> entries = CompleteEntries(EntriesOf(*read), listing, type, added);
   // What was written for it before is replaced.
-  if (!file.neutralFile.empty()) taken_.erase(Fold(file.neutralFile));
+  if (!file.genericFile.empty()) taken_.erase(Fold(file.genericFile));
+  auto found = listing.items.begin();
   for (std::size_t at = 0; at < entries.size(); at += kMostEntries) {
     const auto part = std::span(entries).subspan(at, std::min(kMostEntries, entries.size() - at));
-    MovedPlaylist& playlist = playlists.emplace_back();
-    playlist.source = file.path;
-    playlist.type = type;
-    playlist.missed = listing.missed;
-    playlist.healed.push_back("read anew: " + WhyLost(file));
-    if (added > 0) {
-      playlist.healed.push_back(std::to_string(added) +
-                                " of its entries added: the readers do "
-                                "not take them");
+    MovedPlaylist playlist = NewPart(file, type, added, entries.size() > kMostEntries);
+    for (std::size_t entry = 0; entry < part.size() && found != listing.items.end(); ++found) {
+      MovedItem& item = playlist.items.emplace_back(found->item);
+      if (!item.IsCarried()) continue;
+      item.reference = TextOf(*part[entry], u"Entry_SourceURL");  // the reader may spell it anew
+      item.entry = ++entry;
     }
-    if (entries.size() > kMostEntries) {
-      playlist.healed.push_back("split, since a playlist holds at most 32767 entries");
+    if (at + part.size() == entries.size()) {
+      for (; found != listing.items.end(); ++found) playlist.items.push_back(found->item);
     }
-    for (const ObjectRef& entry : part) playlist.items.push_back(ItemOf(*entry));
     const String number = at == 0 ? String() : u' ' + FormatInteger(PartNumber(at));
-    playlist.neutral = Write(*read, file.path, number, type, part);
-    if (!playlist.neutral.empty()) continue;
-    playlist.state = MovedPlaylist::State::LeftOut;
-    playlist.reason =
-        "its neutral file cannot be written: see that the old machine's data area is "
-        "writable and its disk not full";
+    playlist.collected = Write(*read, file.path, number, type, part);
+    PlaylistDraft draft;
+    draft.content = listing.content;
+    if (playlist.collected.empty()) {
+      LeaveOut(playlist, MovedPlaylist::Fault::GenericNotWritten);
+    } else {
+      draft.document = ReadGenericFile(playlist.collected);
+    }
+    Add(std::move(playlist), std::move(draft));
   }
 }
 
@@ -226,12 +299,17 @@ std::vector<ObjectRef> Rescue::CompleteEntries(const std::vector<ObjectRef>& rea
                                                const Listing& listing, std::int32_t type,
                                                std::size_t& added) {
   std::map<String, std::deque<ObjectRef>> byKey;
-  for (const ObjectRef& entry : read) byKey[KeyOf(ItemOf(*entry))].push_back(entry);
+  for (const ObjectRef& entry : read) {
+    const MovedItem item =
+        ItemOf(TextOf(*entry, u"Entry_SourceURL"), NumberOf(*entry, u"Entry_URLType"));
+    byKey[KeyOf(item)].push_back(entry);
+  }
   std::vector<ObjectRef> entries;
-  for (const Wanted& wanted : listing.wanted) {
-    std::deque<ObjectRef>& same = byKey[KeyOf(wanted.item)];
+  for (const FoundItem& found : listing.items) {
+    if (!found.item.IsCarried()) continue;
+    std::deque<ObjectRef>& same = byKey[KeyOf(found.item)];
     if (same.empty()) {
-      entries.push_back(NewEntry(wanted, type));
+      entries.push_back(NewEntry(found, type));
       ++added;
     } else {
       entries.push_back(same.front());
@@ -241,14 +319,14 @@ std::vector<ObjectRef> Rescue::CompleteEntries(const std::vector<ObjectRef>& rea
   return entries;
 }
 
-ObjectRef Rescue::NewEntry(const Wanted& wanted, std::int32_t type) {
+ObjectRef Rescue::NewEntry(const FoundItem& found, std::int32_t type) {
   const ObjectRef entry = library_.Create(EntryClass(type));
-  const bool isSong = wanted.item.song.has_value();
+  const bool isSong = found.item.IsSong();
   entry->Let(u"Entry_URLType", isSong ? url_type::kFixedDrive : url_type::kInternet);
-  entry->Let(u"Entry_SourceURL", isSong ? songs_.SourceOf(*wanted.item.song) : wanted.item.address);
-  entry->Let(u"Entry_SongName", wanted.listed.title);
-  entry->Let(u"Entry_ArtistName", wanted.listed.artist);
-  entry->Let(u"Entry_AlbumName", wanted.listed.album);
+  entry->Let(u"Entry_SourceURL", isSong ? songs_.SourceOf(found.item.song) : found.item.reference);
+  entry->Let(u"Entry_SongName", found.listed.title);
+  entry->Let(u"Entry_ArtistName", found.listed.artist);
+  entry->Let(u"Entry_AlbumName", found.listed.album);
   if (isSong) entry->Call(u"Entry_GetID3TagInfo");
   const String artist = TextOf(*entry, u"Entry_ArtistName");
   const String song = TextOf(*entry, u"Entry_SongName");
@@ -271,7 +349,7 @@ ObjectRef Rescue::NewPlaylist(AutomationObject& read, const String& fileName, st
   return playlist;
 }
 
-/// Gives the playlist the attempt's name; false when no neutral file can be written under it.
+/// Gives the playlist the attempt's name; false when no generic file can be written under it.
 bool Rescue::Name(AutomationObject& playlist, const String& path, std::int32_t type, int attempt) {
   String base = BaseOf(path);
   if (attempt > 1) {
@@ -285,7 +363,7 @@ bool Rescue::Name(AutomationObject& playlist, const String& path, std::int32_t t
   return taken_.insert(Fold(dataArea_ + PlayListToIni(name))).second;
 }
 
-/// The path of the neutral file; empty when none can be written.
+/// The path of the generic file; empty when none can be written.
 String Rescue::Write(AutomationObject& read, const String& path, const String& number,
                      std::int32_t type, std::span<const ObjectRef> entries) {
   const String fileName(LastComponent(path));

@@ -6,52 +6,67 @@
 #include <string>
 #include <vector>
 
-#include "cli/Console.h"
 #include "lists/ListedItems.h"
 #include "lists/ReferenceFinder.h"
-#include "move/Collecting.h"
-#include "move/Move.h"
-#include "move/Settings.h"
+#include "move/CollectPlaylists.h"
+#include "move/MoveWork.h"
+#include "move/ProductSettings.h"
 #include "move/SongBook.h"
 
 namespace norvo {
 
-/// Sees to it that every playlist file that the scan met has a neutral file with every song that it
+/// Sees to it that every playlist file that the scan met has a generic file with every song that it
 /// lists. The library's readers take only what their own rules let through; here each file is
-/// looked at once more, with more patience, and where the two differ, its neutral file is written
+/// looked at once more, with more patience, and where the two differ, its generic file is written
 /// anew through a `PlayList` that has all entries.
 class Rescue {
  public:
   /// What is referred to must outlive this.
-  Rescue(Component& library, const Settings& settings, SongBook& songs, Console& console);
+  Rescue(Component& library, const ProductSettings& settings, SongBook& songs, MoveWork& work);
 
-  /// The playlists in the order of the files; one with too many entries for one neutral file gives
-  /// several.
-  std::vector<MovedPlaylist> Run(const std::vector<CollectedFile>& files);
+  /// Adds the playlists in the order of the files; one with too many entries for one generic file
+  /// gives several.
+  void Run(const CollectResult& collected);
 
  private:
-  /// An item that was found, with what the playlist tells of it.
-  struct Wanted {
+  /// A playlist file that the scan met, and what the queue made of it.
+  struct CollectedFile {
+    String path;
+    std::int32_t type = 0;
+    bool isListed = false;                   // for the queue
+    std::optional<PlaylistOutcome> outcome;  // nothing: the queue never came to its end
+    String genericFile;                      // empty when there is none that is its own
+  };
+  /// An item with what the playlist tells of it.
+  struct FoundItem {
     MovedItem item;
     ListedItem listed;
   };
-  /// One playlist file as the host itself understands it.
+  /// One playlist file as the patient reader understands it.
   struct Listing {
     ListSyntax syntax = ListSyntax::M3u;
-    bool hasTitles = false;  ///< an M3U with "#EXT" lines
-    std::vector<Wanted> wanted;
-    std::vector<std::string> missed;
+    bool hasTitles = false;  // an M3U with "#EXT" lines
+    bool hasSongs = false;   // or addresses
+    std::vector<FoundItem> items;
+    Fingerprint content;
   };
 
+  static std::vector<CollectedFile> FilesOf(const CollectResult& collected);
+  static Mending::Kind WhyLost(const CollectedFile& file);
+  void Take(const CollectedFile& file);
+  void Add(MovedPlaylist playlist, PlaylistDraft draft);
   Listing Look(const String& path);
-  void Find(const ListedItem& listed, const String& folder, Listing& listing);
-  bool IsComplete(const CollectedFile& file, const Listing& listing, std::vector<MovedItem>& items);
-  void Rewrite(const CollectedFile& file, const Listing& listing,
-               std::vector<MovedPlaylist>& playlists);
+  FoundItem Find(const ListedItem& listed, const String& folder, bool isMarkup);
+  IniDocument ReadGenericFile(const String& path);
+  bool IsComplete(const IniDocument& document, const Listing& listing,
+                  std::vector<MovedItem>& items);
+  void Rewrite(const CollectedFile& file, const Listing& listing);
+  MovedPlaylist NewPart(const CollectedFile& file, std::int32_t type, std::size_t added,
+                        bool isSplit);
   std::vector<ObjectRef> CompleteEntries(const std::vector<ObjectRef>& read, const Listing& listing,
                                          std::int32_t type, std::size_t& added);
-  ObjectRef NewEntry(const Wanted& wanted, std::int32_t type);
-  MovedItem ItemOf(AutomationObject& entry);
+  ObjectRef NewEntry(const FoundItem& found, std::int32_t type);
+  MovedItem ItemOf(const String& address, std::int32_t urlType);
   std::int32_t FittingType(const String& path, const Listing& listing);
   ObjectRef NewPlaylist(AutomationObject& read, const String& fileName, std::int32_t type);
   bool Name(AutomationObject& playlist, const String& path, std::int32_t type, int attempt);
@@ -62,10 +77,10 @@ class Rescue {
   Component& library_;
   String dataArea_;
   SongBook& songs_;
-  Console& console_;
+  MoveWork& work_;
   ReferenceFinder finder_;
   std::map<String, int> nextNames_;  // number of the next name to try, by the playlist's own
-  std::set<String> taken_;           // neutral files that belong to a playlist, folded
+  std::set<String> taken_;           // generic files that belong to a playlist, folded
 };
 
 }  // namespace norvo

@@ -7,31 +7,31 @@
 #include "automation/RunTimeError.h"
 #include "controller/QueueMode.h"
 #include "move/LibraryCalls.h"
+#include "move/LibraryWatcher.h"
 #include "services/ObserverScope.h"
-#include "text/Encoding.h"
 
 namespace norvo {
 namespace {
 
 /// Keeps the ledger one step ahead of the queue.
-class RestoreWatcher final : public Observer {
+class LedgerWatcher final : public LibraryWatcher {
  public:
-  RestoreWatcher(RestoreLedger& ledger, Move& move, Console& console)
-      : ledger_(ledger), move_(move), console_(console) {
-    for (const MovedPlaylist& playlist : move.playlists) {
-      if (!playlist.key.empty()) keys_[Fold(playlist.carried)] = playlist.key;
+  LedgerWatcher(RestoreLedger& ledger, MoveWork& work)
+      : LibraryWatcher(work.report, MachineSide::New, WorkPhase::Restoring),
+        ledger_(ledger),
+        result_(work.result) {
+    for (std::size_t i = 0; i < work.drafts.size(); ++i) {
+      if (work.drafts[i].key.empty()) continue;
+      keys_[Fold(work.result.playlists[i].carried)] = work.drafts[i].key;
     }
   }
 
-  void OnWarning(const Warning& warning) override {
-    console_.LeftOut("New machine: " + ToUtf8(warning.text));
-  }
-  /// The documents folder may hold other neutral files, whose songs are not of this move.
+  /// The documents folder may hold other generic files, whose songs are not of this move.
   bool WantsGenericFile(StringView path) override {
     return keys_.contains(Fold(path)) && !ledger_.IsRestored(String(path));
   }
   void OnPlaylistBegin(StringView path, std::size_t position, std::size_t count) override {
-    console_.Bar().Advance("restoring", position, count, path);
+    LibraryWatcher::OnPlaylistBegin(path, position, count);
     whole_ = true;
     const auto key = keys_.find(Fold(path));
     ledger_.Begin(String(path), key == keys_.end() ? std::string() : key->second);
@@ -48,25 +48,35 @@ class RestoreWatcher final : public Observer {
     if (whole_) restored_.insert(Fold(path));
   }
   void OnPlayerSetting(StringView player, StringView place, StringView value) override {
-    move_.settings.push_back({String(player), String(place), String(value)});
+    result_.settings.push_back({String(player), String(place), String(value)});
   }
 
-  /// The neutral files that were restored, folded.
-  const std::set<String>& Restored() const { return restored_; }
+  /// Whether this run has restored a generic file.
+  bool HasRestored(const String& path) const { return restored_.contains(Fold(path)); }
 
  private:
   RestoreLedger& ledger_;
-  Move& move_;
-  Console& console_;
-  std::map<String, std::string> keys_;  // of the move's playlists, by folded neutral file
-  std::set<String> restored_;
+  MoveResult& result_;
+  std::map<String, std::string> keys_;  // of the move's playlists, by folded generic file
+  std::set<String> restored_;           // generic files, folded
   bool whole_ = true;
 };
 
+void Settle(MovedPlaylist& playlist, RestoreLedger& ledger, const LedgerWatcher& watcher) {
+  playlist.natives = ledger.NativesOf(playlist.carried);
+  if (watcher.HasRestored(playlist.carried)) {
+    playlist.state = MovedPlaylist::State::Restored;
+  } else if (ledger.IsRestored(playlist.carried)) {
+    playlist.state = MovedPlaylist::State::AlreadyRestored;
+  } else {
+    LeaveOut(playlist, MovedPlaylist::Fault::NotRestored);
+  }
+}
+
 }  // namespace
 
-void RestoreCarried(Component& library, RestoreLedger& ledger, Move& move, Console& console) {
-  RestoreWatcher watcher(ledger, move, console);
+void RestoreCarried(Component& library, RestoreLedger& ledger, MoveWork& work) {
+  LedgerWatcher watcher(ledger, work);
   {
     const ObserverScope scope(library, watcher);
     RunQueue(*library.Create(u"helperMan"), queue_mode::kRestore);
@@ -76,20 +86,9 @@ void RestoreCarried(Component& library, RestoreLedger& ledger, Move& move, Conso
   } catch (const RunTimeError&) {
     // On a full disk it stays as it grew; only the songs' places are not remembered.
   }
-
-  for (MovedPlaylist& playlist : move.playlists) {
-    if (playlist.state != MovedPlaylist::State::Collected) continue;
-    playlist.natives = ledger.NativesOf(playlist.carried);
-    if (watcher.Restored().contains(Fold(playlist.carried))) {
-      playlist.state = MovedPlaylist::State::Restored;
-    } else if (ledger.IsRestored(playlist.carried)) {
-      playlist.state = MovedPlaylist::State::AlreadyRestored;
-    } else {
-      playlist.state = MovedPlaylist::State::LeftOut;
-      playlist.reason =
-          "its native playlists cannot be written: see that the new machine's disk is writable and "
-          "not full, and run again";
-    }
+  watcher.ThrowIfCancelled();
+  for (MovedPlaylist& playlist : work.result.playlists) {
+    if (playlist.state == MovedPlaylist::State::Collected) Settle(playlist, ledger, watcher);
   }
 }
 

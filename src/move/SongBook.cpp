@@ -1,21 +1,21 @@
 #include "move/SongBook.h"
 
-#include <optional>
-
-#include "platform/hosted/HostName.h"
-#include "platform/hosted/HostedFileSystem.h"
-#include "text/Encoding.h"
-#include "text/WindowsPath.h"
-
 namespace norvo {
 
-std::size_t SongBook::NumberOf(const String& path) {
+std::size_t SongBook::NumberOf(const String& path, std::optional<double> size) {
   const auto [spelling, isNewSpelling] = bySpelling_.try_emplace(path, songs_.size());
   if (!isNewSpelling) return spelling->second;
-  const std::optional<HostEntry> found = machine_.HostedFiles().Find(AbsolutePath(path, u"C:"));
-  const std::string name = found ? JoinHost(found->drive->Folder(), found->Path()) : ToUtf8(path);
-  const auto [file, isNewFile] = byFile_.try_emplace(name, songs_.size());
-  if (isNewFile) songs_.emplace_back().source = path;
+  const auto [file, isNewFile] =
+      byIdentity_.try_emplace(placer_.IdentityOf(path), songs_.size());
+  if (isNewFile) {
+    if (!size) {
+      const std::optional<FileFacts> facts = files_.FactsOf(path);
+      size = facts ? facts->size : 0;
+    }
+    MovedSong& song = songs_.emplace_back();
+    song.source = path;
+    song.size = *size;
+  }
   return spelling->second = file->second;
 }
 

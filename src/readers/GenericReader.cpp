@@ -1,5 +1,7 @@
 #include "readers/GenericReader.h"
 
+#include <utility>
+
 #include "automation/RunTimeError.h"
 #include "model/AsxEntry.h"
 #include "model/GenericSections.h"
@@ -122,23 +124,38 @@ void ReadEntries(Component& component, ProfileFile& file, PlaylistRecord& playli
   }
 }
 
+void ReadAll(Component& component, ProfileFile& file, PlaylistRecord& playlist) {
+  file.SelectSection(kGlobalSection);
+  ReadGlobals(file, playlist);
+  if (playlist.type == playlist_type::kWmpAsx) ReadAsxGlobals(file, playlist);
+  playlist.entries->SetCollectionType(playlist.type);
+  ReadEntries(component, file, playlist, DeclaredCount(file));
+}
+
 }  // namespace
 
 bool ReadGeneric(Component& component, PlaylistRecord& playlist, StringView path) {
   try {
     Guarded([&] {
       ProfileFile file(component);
-      if (!file.OpenFile(path) || !file.Exists()) return;
-      file.SelectSection(kGlobalSection);
-      ReadGlobals(file, playlist);
-      if (playlist.type == playlist_type::kWmpAsx) ReadAsxGlobals(file, playlist);
-      playlist.entries->SetCollectionType(playlist.type);
-      ReadEntries(component, file, playlist, DeclaredCount(file));
+      if (file.OpenFile(path) && file.Exists()) ReadAll(component, file, playlist);
     });
   } catch (const RunTimeError&) {
     // What was read until then stays.
   }
   return false;
+}
+
+void ReadGeneric(Component& component, PlaylistRecord& playlist, IniDocument document) {
+  try {
+    Guarded([&] {
+      ProfileFile file(component);
+      file.Hold(std::move(document));
+      ReadAll(component, file, playlist);
+    });
+  } catch (const RunTimeError&) {
+    // What was read until then stays.
+  }
 }
 
 }  // namespace norvo

@@ -2,6 +2,7 @@
 
 #include "model/PlaylistRecord.h"
 #include "services/Component.h"
+#include "services/IniDocument.h"
 
 namespace norvo {
 
@@ -11,5 +12,8 @@ namespace norvo {
 /// complete read; what was read before an error (a missing file, a number that is none) stays, and
 /// nothing is logged. All intended.
 bool ReadGeneric(Component& component, PlaylistRecord& playlist, StringView path);
+
+/// The same from a generic file's text, which stands on no disk.
+void ReadGeneric(Component& component, PlaylistRecord& playlist, IniDocument document);
 
 }  // namespace norvo

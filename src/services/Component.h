@@ -3,10 +3,12 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <typeindex>
 #include <typeinfo>
 #include <unordered_map>
+#include <utility>
 
 #include "automation/AutomationObject.h"
 #include "services/Observer.h"
@@ -71,6 +73,11 @@ class Component {
   /// Sets the log mode for this component, whatever the machine's debug switch says.
   void SetLogMode(std::int32_t mode);
 
+  /// From now on the machine's group root is this, whatever its registry says: a host whose work
+  /// hangs together wants one root from its beginning to its end, and asks the registry once.
+  void PinGroupRoot(String root) { pinnedGroupRoot_ = std::move(root); }
+  const std::optional<String>& PinnedGroupRoot() const { return pinnedGroupRoot_; }
+
   LogState& Log() { return log_; }
   SubNameTable& SubNames() { return subNames_; }
   /// State of another subsystem that lives as long as the component; made when first asked for.
@@ -92,6 +99,7 @@ class Component {
   LogState log_;
   SubNameTable subNames_;
   double mediaBytes_ = 0;
+  std::optional<String> pinnedGroupRoot_;
   std::unordered_map<std::type_index, std::shared_ptr<void>> owned_;
 };
 

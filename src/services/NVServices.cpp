@@ -96,6 +96,10 @@ StringView StripNull(StringView text) {
 }
 
 void GetSubGroupRoot(Component& component, StringView group, String& result) {
+  if (const std::optional<String>& pinned = component.PinnedGroupRoot()) {
+    result = *pinned;
+    return;
+  }
   const WarningStart start = {
       WarningKind::GroupRootNotRead, {}, u"NVServices::GetSubGroupRoot -> ERROR!!!  "};
   AttemptOrWarn(component, start, [&] {

@@ -1,6 +1,7 @@
 #include "services/ProfileFile.h"
 
 #include <exception>
+#include <utility>
 
 #include "automation/RunTimeError.h"
 #include "services/DataCop.h"
@@ -67,6 +68,14 @@ bool ProfileFile::CreateNew(StringView path) {
   return Bind(path);
 }
 
+void ProfileFile::Hold(IniDocument document) {
+  Close();
+  document_ = std::move(document);
+  exists_ = open_ = held_ = true;
+  selected_ = false;
+  position_ = IniDocument::kNone;
+}
+
 bool ProfileFile::SelectSection(StringView name) {
   section_ = name;
   selected_ = true;
@@ -97,15 +106,15 @@ void ProfileFile::WriteValue(StringView key, StringView value) {
 }
 
 void ProfileFile::Close() {
-  const bool write = open_ && changed_;
-  open_ = changed_ = false;
+  const bool write = open_ && changed_ && !held_;
+  open_ = changed_ = held_ = false;
   if (!write) return;
   component_.Machine().Settings().Write(
       path_, EncodeSettings(document_.ToText(), component_.Machine().AnsiPage()));
 }
 
 void ProfileFile::Abandon() {
-  open_ = changed_ = false;
+  open_ = changed_ = held_ = false;
 }
 
 }  // namespace norvo

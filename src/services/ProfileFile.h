@@ -26,6 +26,8 @@ class ProfileFile {
   bool OpenFile(StringView path);
   /// Binds to a file without reading it: what is written replaces it whole.
   bool CreateNew(StringView path);
+  /// Binds to a text that is no file: it can be read, and what is set in it is never written.
+  void Hold(IniDocument document);
   /// The file was there when it was opened.
   bool Exists() const { return exists_; }
 
@@ -54,6 +56,7 @@ class ProfileFile {
   bool exists_ = false;
   bool selected_ = false;
   bool changed_ = false;
+  bool held_ = false;  // bound to no file
 };
 
 /// Bytes of a settings file with this text, in the encoding that fits it; see `ProfileFile`.

@@ -1,4 +1,4 @@
-#include "move/NativeCheck.h"
+#include "move/NativeReading.h"
 
 #include <algorithm>
 
@@ -19,7 +19,7 @@ class ReferenceWatcher final : public Observer {
   explicit ReferenceWatcher(FileSystem& files) : files_(files) {}
 
   void OnItem(StringView reference, ItemOutcome outcome) override {
-    using Kind = CheckedReference::Kind;
+    using Kind = VerifiedReference::Kind;
     if (outcome == ItemOutcome::Empty) return;
     Kind kind = Kind::Missing;
     // A file that is no media to the readers is there all the same.
@@ -27,7 +27,7 @@ class ReferenceWatcher final : public Observer {
     references.push_back({kind, String(reference)});
   }
 
-  std::vector<CheckedReference> references;
+  std::vector<VerifiedReference> references;
 
  private:
   bool IsOnDisk(StringView reference) {
@@ -52,16 +52,16 @@ bool ReadByLibrary(Component& library, const String& path, ReferenceWatcher& wat
   return ReadPlaylist(*library.Create(u"PlayList"), path, type);
 }
 
-std::vector<CheckedReference> ReadByHost(Component& library, const String& path) {
+std::vector<VerifiedReference> ReadPatiently(Component& library, const String& path) {
   const auto file = library.Files().OpenForReading(path);
   const String text = DecodePlaylist(ReadWholeFile(*file), library.Machine().AnsiPage());
   const ListSyntax syntax = SyntaxOf(LastComponent(path), text).value_or(ListSyntax::M3u);
   ReferenceFinder finder(library);
-  std::vector<CheckedReference> references;
+  std::vector<VerifiedReference> references;
   for (const ListedItem& item : ListItems(text, syntax)) {
     if (item.maybeComment) continue;
     const FoundReference found = finder.Find(item.references.front(), ParentFolder(path));
-    using Kind = CheckedReference::Kind;
+    using Kind = VerifiedReference::Kind;
     Kind kind = Kind::Found;
     if (found.kind == FoundReference::Kind::Address) kind = Kind::Address;
     if (found.kind == FoundReference::Kind::Missing) kind = Kind::Missing;
@@ -70,24 +70,28 @@ std::vector<CheckedReference> ReadByHost(Component& library, const String& path)
   return references;
 }
 
-bool HasMissing(const std::vector<CheckedReference>& references) {
-  return std::any_of(references.begin(), references.end(), [](const CheckedReference& row) {
-    return row.kind == CheckedReference::Kind::Missing;
+bool HasMissing(const std::vector<VerifiedReference>& references) {
+  return std::any_of(references.begin(), references.end(), [](const VerifiedReference& row) {
+    return row.kind == VerifiedReference::Kind::Missing;
   });
 }
 
 }  // namespace
 
-CheckedPlaylist CheckNative(Component& library, const String& path) {
+VerifiedPlaylist ReadNative(Component& library, const String& path) {
   ReferenceWatcher watcher(library.Files());
   try {
     const bool whole = ReadByLibrary(library, path, watcher);
-    if (whole && !HasMissing(watcher.references)) return {std::move(watcher.references), true};
-    std::vector<CheckedReference> byHost = ReadByHost(library, path);
-    if (!whole || byHost.size() == watcher.references.size()) return {std::move(byHost), true};
-    return {std::move(watcher.references), true};
+    if (whole && !HasMissing(watcher.references)) {
+      return {path, std::move(watcher.references), true};
+    }
+    std::vector<VerifiedReference> patient = ReadPatiently(library, path);
+    if (!whole || patient.size() == watcher.references.size()) {
+      return {path, std::move(patient), true};
+    }
+    return {path, std::move(watcher.references), true};
   } catch (const RunTimeError&) {
-    return {std::move(watcher.references), false};
+    return {path, std::move(watcher.references), false};
   }
 }
 

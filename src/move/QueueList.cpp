@@ -1,4 +1,4 @@
-#include "move/ListFile.h"
+#include "move/QueueList.h"
 
 #include "model/PlaylistTypes.h"
 #include "services/ProfileFile.h"
@@ -14,14 +14,14 @@ constexpr std::int32_t kQueueOrder[] = {playlist_type::kWmpAsx,    playlist_type
 
 }  // namespace
 
-String ListFilePath(const Settings& settings) {
+String QueueListPath(const ProductSettings& settings) {
   return DataAreaOf(settings) + u"PlayLists.txt";
 }
 
-std::vector<ListedPlaylist> ReadListFile(Component& component, const Settings& settings) {
+std::vector<ListedPlaylist> ReadQueueList(Component& component, const ProductSettings& settings) {
   std::vector<ListedPlaylist> playlists;
   ProfileFile file(component);
-  file.OpenFile(ListFilePath(settings));
+  file.OpenFile(QueueListPath(settings));
   for (const std::int32_t type : kQueueOrder) {
     if (!file.SelectSection(FindPlaylistType(type)->name)) continue;
     ListedPlaylist listed{type, {}};

@@ -1,14 +1,13 @@
 #pragma once
 
-#include "cli/Console.h"
-#include "move/Move.h"
+#include "move/MoveWork.h"
 #include "services/Component.h"
 
 namespace norvo {
 
 /// Reads every native playlist of a move back, through a component that leaves the machine as it
 /// is, and holds it against what the playlist listed on the old machine: every song, in order, at
-/// its place and with its size, and every address as it was. What is not so is left out, by name.
-void CheckMove(Component& library, Move& move, Console& console);
+/// its place and with its size, and every address as it was. What is not so is warned of.
+void VerifyMove(Component& library, MoveWork& work);
 
 }  // namespace norvo

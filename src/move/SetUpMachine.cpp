@@ -1,8 +1,10 @@
-#include "move/Setup.h"
+#include "move/SetUpMachine.h"
 
 #include "automation/RunTimeError.h"
-#include "cli/SystemWords.h"
-#include "move/Settings.h"
+#include "move/MachineSetup.h"
+#include "move/MoveError.h"
+#include "move/OpenedLibrary.h"
+#include "move/ProductSettings.h"
 #include "services/DataCop.h"
 #include "services/ProfileFile.h"
 #include "services/Utility.h"
@@ -23,31 +25,20 @@ constexpr SubName kSubNames[] = {{u"SzID001", u"Music"},     {u"SzID002", u"Musi
                                  {u"SzID003", u"Music"},     {u"SzID004", u"Music"},
                                  {u"szID005", u"PlayLists"}, {u"szID006", u""}};
 
-std::string ValueText(const RegistryValue& value) {
-  if (const auto* const text = std::get_if<String>(&value)) return '"' + ToUtf8(*text) + '"';
-  if (const auto* const number = std::get_if<std::int32_t>(&value)) return std::to_string(*number);
-  return ToUtf8(FormatNumber(std::get<double>(value)));
-}
-
-std::string HiveName(Hive hive) {
-  return hive == Hive::CurrentUser ? "HKEY_CURRENT_USER\\" : "HKEY_LOCAL_MACHINE\\";
-}
-
 /// One run of the set-up.
 class Setup {
  public:
-  Setup(Component& component, Console& console) : component_(component), console_(console) {}
+  Setup(Component& component, WorkReport& report, MachineSide side)
+      : component_(component), report_(report), side_(side) {}
 
   void Role(std::optional<std::int32_t> wish) {
     const RegistryValue found =
         Value(BaseKey() + u"\\KVS", u"mode", wish.value_or(Utility::role::kSource));
     const auto* const role = std::get_if<std::int32_t>(&found);
     if (role == nullptr) {
-      Unusable("mode is no number");
+      Warn(WorkWarning::Kind::SettingUnusable, u"mode");
     } else if (wish && *wish != *role) {
-      console_.LeftOut("The role stays " + std::to_string(*role) +
-                       ": it was there before. Change mode in " + kWords.registry +
-                       " for another one.");
+      Warn(WorkWarning::Kind::RoleKept, FormatInteger(*role));
     }
   }
 
@@ -58,13 +49,11 @@ class Setup {
         Value(key, u"SubGroupRootName", wish.value_or(String(kDefaultGroupRoot)));
     const auto* const root = std::get_if<String>(&found);
     if (root == nullptr || root->empty()) {
-      Unusable("SubGroupRootName is no text, or empty");
+      Warn(WorkWarning::Kind::SettingUnusable, u"SubGroupRootName");
       return {};
     }
     if (wish && !EqualsIgnoreCase(Utility::AddBackslash(*wish), Utility::AddBackslash(*root))) {
-      console_.LeftOut("The group root stays " + ToUtf8(*root) +
-                       ": it was there before. Change SubGroupRootName in " + kWords.registry +
-                       " for another one.");
+      Warn(WorkWarning::Kind::GroupRootKept, *root);
     }
     return *root;
   }
@@ -77,16 +66,16 @@ class Setup {
           Value(BaseKey(), u"ProductFolder", String(DriveName(groupRoot)) + u"\\Norvo\\");
       const auto* const folder = std::get_if<String>(&found);
       if (folder == nullptr || folder->empty()) {
-        return Unusable("ProductFolder is no text, or empty");
+        return Warn(WorkWarning::Kind::SettingUnusable, u"ProductFolder");
       }
     }
-    Folder("product folder", component_.Machine().Product().Folder());
+    Folder(SetupStep::Kind::ProductFolder, component_.Machine().Product().Folder());
   }
 
   void GroupKey(const String& groupRoot) {
     const String key = DataArea(groupRoot) + String(DataCop::kGroup);
     const auto note = [&](Hive hive, bool written) {
-      Note("registry key " + HiveName(hive) + ToUtf8(key), written);
+      Note({SetupStep::Kind::RegistryKey, hive, key, {}, {}, written});
     };
     norvo::Registry& registry = component_.Machine().Registry();
     for (const Hive hive : {Hive::CurrentUser, Hive::LocalMachine}) {
@@ -96,20 +85,20 @@ class Setup {
     for (const Hive hive : {Hive::LocalMachine, Hive::CurrentUser}) {
       if (registry.CreateKey(hive, key)) return note(hive, true);
     }
-    RaiseUnwritable();
+    throw MoveError(MoveFault::RegistryUnwritable);
   }
 
-  void Folder(const char* what, StringView path) {
+  void Folder(SetupStep::Kind kind, const String& path) {
     const bool there = component_.Files().FolderExists(path);
     if (!there) CreateChain(path);
-    Note(std::string(what) + ' ' + ToUtf8(path), !there);
+    Note({kind, {}, path, {}, {}, !there});
   }
 
   void SubNames(const String& groupRoot) {
     const String path = Utility::AddBackslash(groupRoot) + u"SubNames.txt";
     const bool there = component_.Files().FileExists(path);
     if (!there) WriteSubNames(path);
-    Note("file " + ToUtf8(path), !there);
+    Note({SetupStep::Kind::SubNamesFile, {}, path, {}, {}, !there});
   }
 
   std::vector<SetupStep> Steps() { return std::move(steps_); }
@@ -117,15 +106,15 @@ class Setup {
  private:
   String BaseKey() { return component_.Machine().Product().BaseKey(); }
 
-  void Note(std::string what, bool written) { steps_.push_back({std::move(what), written}); }
+  void Note(SetupStep step) { steps_.push_back(std::move(step)); }
 
-  void Unusable(const char* what) {
-    console_.LeftOut("The registry value " + std::string(what) +
-                     ". It is left as it is; correct or remove it in " + kWords.registry +
-                     ", then run init again.");
+  void Warn(WorkWarning::Kind kind, const String& subject) {
+    WorkWarning warning;
+    warning.kind = kind;
+    warning.side = side_;
+    warning.subject = subject;
+    report_.Warn(std::move(warning));
   }
-
-  [[noreturn]] void RaiseUnwritable() { throw HostError(kWords.unwritableRegistry); }
 
   /// The value that the library will read; written when there is none. The current user's key hides
   /// the machine's as a whole, so a value that is missing there is repeated there.
@@ -138,12 +127,10 @@ class Setup {
     if (!there) {
       value = registry.Read(Hive::LocalMachine, key, name).value_or(initial);
       if (!registry.CreateKey(hive, key) || !registry.Write(hive, key, name, *value)) {
-        RaiseUnwritable();
+        throw MoveError(MoveFault::RegistryUnwritable);
       }
     }
-    Note("registry value " + HiveName(hive) + ToUtf8(key) + ", " + ToUtf8(name) + " = " +
-             ValueText(*value),
-         !there);
+    Note({SetupStep::Kind::RegistryValue, hive, key, String(name), *value, !there});
     return *value;
   }
 
@@ -156,9 +143,7 @@ class Setup {
       }
       if (!component_.Files().FolderExists(path)) component_.Files().CreateFolder(path);
     } catch (const RunTimeError& failure) {
-      throw HostError("The folder " + ToUtf8(path) +
-                      " cannot be created: " + ToUtf8(failure.Description()) + ". " +
-                      kWords.makeWritable + ", or choose a place on another drive.");
+      throw MoveError(MoveFault::FolderNotCreated, ToUtf8(path), ToUtf8(failure.Description()));
     }
   }
 
@@ -170,59 +155,65 @@ class Setup {
       for (const SubName& row : kSubNames) file.WriteValue(row.key, row.value);
       file.Close();
     } catch (const RunTimeError& failure) {
-      throw HostError("The file " + ToUtf8(path) + " cannot be written: " +
-                      ToUtf8(failure.Description()) + ". Make its folder writable.");
+      throw MoveError(MoveFault::FileNotWritten, ToUtf8(path), ToUtf8(failure.Description()));
     }
   }
 
   Component& component_;
-  Console& console_;
+  WorkReport& report_;
+  MachineSide side_;
   std::vector<SetupStep> steps_;
 };
 
-/// The wished group root in full; HostError when it is no place on a drive.
+/// The wished group root in full; MoveError when it is no place on a drive.
 std::optional<String> CheckedRoot(Component& component, const SetupWishes& wishes) {
   if (!wishes.groupRoot) return std::nullopt;
   const std::optional<String> text = FromUtf8(*wishes.groupRoot);
   const bool full = text && text->size() > 3 && HasDrive(*text) && IsSeparator((*text)[2]);
-  if (!full) {
-    throw HostError("--group-root " + *wishes.groupRoot +
-                    R"( is no full path of the machine, such as D:\Norvo Media\)");
-  }
+  if (!full) throw MoveError(MoveFault::GroupRootNotFull, *wishes.groupRoot);
   return Utility::AddBackslash(component.Files().AbsolutePathName(*text));
 }
 
 void CheckDrive(Component& component, StringView path) {
-  if (!HasDrive(path)) {
-    throw HostError("The group root " + ToUtf8(path) +
-                    " is no full path of the machine. Correct SubGroupRootName in " +
-                    kWords.registry + ".");
-  }
+  if (!HasDrive(path)) throw MoveError(MoveFault::GroupRootUnusable, ToUtf8(path));
   if (component.Files().FolderExists(String(DriveName(path)) + u"\\")) return;
-  throw HostError("The group root " + ToUtf8(path) + " lies on drive " + ToUtf8(DriveName(path)) +
-                  ", which " + kWords.lacksDrive +
-                  ". Choose another place with --group-root PATH.");
+  throw MoveError(MoveFault::GroupRootNowhere, ToUtf8(path), ToUtf8(DriveName(path)));
 }
 
 }  // namespace
 
-std::vector<SetupStep> SetUp(Component& component, const SetupWishes& wishes, Console& console) {
+std::vector<SetupStep> SetUp(Component& component, const SetupWishes& wishes, MachineSide side,
+                             WorkReport& report) {
   const std::optional<String> wish = CheckedRoot(component, wishes);
-  const Settings before = ReadSettings(component);
+  const ProductSettings before = ReadProductSettings(component);
   // Checked before anything is written.
   const String planned = wish.value_or(String(kDefaultGroupRoot));
   CheckDrive(component, before.groupRoot.empty() ? planned : before.groupRoot);
 
-  Setup setup(component, console);
+  Setup setup(component, report, side);
   setup.Role(wishes.role);
   const String root = setup.GroupRoot(wish);
   if (!root.empty()) setup.GroupKey(root);
   if (wishes.withProductFolder) setup.ProductFolder(root);
   if (!root.empty()) {
-    setup.Folder("group root folder", root);
+    setup.Folder(SetupStep::Kind::GroupRootFolder, root);
     setup.SubNames(root);
   }
   return setup.Steps();
+}
+
+SetupResult SetUpMachine(const std::shared_ptr<Platform>& machine, const SetupWishes& wishes) {
+  WorkObserver nobody;
+  return SetUpMachine(machine, wishes, nobody);
+}
+
+SetupResult SetUpMachine(const std::shared_ptr<Platform>& machine, const SetupWishes& wishes,
+                         WorkObserver& observer) {
+  SetupResult result;
+  WorkReport report(observer, result.warnings);
+  OpenedLibrary library(machine, MachineSide::Old, report);
+  result.steps = SetUp(library.Get(), wishes, MachineSide::Old, report);
+  return result;
 }
 
 }  // namespace norvo

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+
+#include "text/Text.h"
+
+namespace norvo {
+
+/// Whether a file is copied to its new machine, or gets a second name there. A file that cannot
+/// have a second name, since the machines lie on two disks for instance, is copied all the same.
+enum class PlaceMode { Copy, Link };
+
+/// One file and where it is to stand: full paths, each on its own machine.
+struct PlaceJob {
+  String source;
+  String target;
+};
+
+enum class PlaceResult {
+  Copied,
+  Linked,
+  AlreadyThere,  ///< the target has the source's size and content; it was left as it was
+  Failed
+};
+
+/// Why a file was not placed.
+enum class PlaceFailure {
+  None,
+  SourceUnreadable,
+  SourceMissing,
+  SourceIsNoFile,
+  SourceChanged,     ///< while it was read
+  TargetUnwritable,
+  NotCopied,
+  FolderThere,       ///< a folder has the target's name
+  OtherFileThere,    ///< another file has the target's name
+  FileNotCompared    ///< a file has the target's name, and cannot be read
+};
+
+/// What became of a job.
+struct PlaceOutcome {
+  PlaceResult result = PlaceResult::Failed;
+  PlaceFailure failure = PlaceFailure::None;
+  String systemReason;  ///< what the system says of the failure; empty where it has no part in it
+};
+
+/// Watches files being placed. What it throws ends the work.
+class PlaceListener {
+ public:
+  virtual ~PlaceListener() = default;
+  /// So many bytes more are done, whether they were copied, linked or only compared; at least once
+  /// per megabyte unless the disk copies at one stroke. Of a file that fails half-way, those that
+  /// went before stay counted.
+  virtual void OnBytes(std::uint64_t more) = 0;
+  /// A job is over; `job` is its 0-based place among all. Copied files are told of in batches, when
+  /// they are on the disk, so not in the order of the jobs.
+  virtual void OnPlaced(std::size_t job, const PlaceOutcome& outcome) = 0;
+};
+
+/// Brings files of one machine to another: whole or not at all. What stands at a target already is
+/// never replaced.
+class MediaPlacer {
+ public:
+  virtual ~MediaPlacer() = default;
+
+  /// Tells of each job once. A job that fails does not keep the others; nothing is raised for it.
+  /// Missing folders are created.
+  virtual void PlaceAll(std::span<const PlaceJob> jobs, PlaceMode mode,
+                        PlaceListener& listener) = 0;
+  /// True when both files exist and have the same size and content; false also when one cannot be
+  /// read.
+  virtual bool IsSame(StringView source, StringView target) = 0;
+  /// True when something has the target's name that is no file, so that no file can have it. Creates
+  /// nothing.
+  virtual bool IsBlocked(StringView target) = 0;
+  /// The same text for every path that leads to one file of the first machine.
+  virtual std::string IdentityOf(StringView source) = 0;
+};
+
+}  // namespace norvo

@@ -1,0 +1,74 @@
+#include "move/MoveError.h"
+
+#include <utility>
+
+namespace norvo {
+namespace {
+
+/// What follows the subject.
+const char* StatementOf(MoveFault fault) {
+  switch (fault) {
+    case MoveFault::GroupRootNotFull:
+    case MoveFault::GroupRootUnusable:
+      return "is no full path of the machine, and cannot be the group root";
+    case MoveFault::GroupRootNowhere:
+      return "cannot be the group root: the machine lacks its drive";
+    case MoveFault::RegistryUnwritable:
+      return "the machine's registry cannot be written";
+    case MoveFault::FolderNotCreated:
+      return "cannot be created";
+    case MoveFault::FileNotWritten:
+      return "cannot be written";
+    case MoveFault::RoleMissing:
+      return "the machine's registry lacks its role";
+    case MoveFault::GroupRootMissing:
+      return "the machine's registry lacks the group root";
+    case MoveFault::RoleAndGroupRootMissing:
+      return "the machine's registry lacks its role and the group root";
+    case MoveFault::RoleTakesNoPart:
+      return "the machine's role is neither source nor destination";
+    case MoveFault::ScanFailed:
+      return "cannot take the list: the scan failed";
+    case MoveFault::NoPlaylistFolder:
+      return "the machine has no folder of restored playlists";
+    case MoveFault::NoDocumentsFolder:
+      return "the new machine has no documents folder";
+    case MoveFault::NoMachine:
+      return "holds no machine";
+    case MoveFault::NoFolder:
+      return "is no folder";
+    case MoveFault::NotListed:
+      return "cannot be listed";
+    case MoveFault::WorkNotCreated:
+    case MoveFault::MachineNotMade:
+      return "cannot be made";
+    case MoveFault::WorkTaken:
+      return "holds a machine of its own, and cannot be the work folder";
+    case MoveFault::NoFreeLetter:
+      return "has no free drive letter";
+    case MoveFault::LinkWritesToSource:
+      return "linking songs would write to the old disk, which counts the links of a file";
+    case MoveFault::FoldersOverlap:
+      return "lies in, or around,";
+    case MoveFault::NoTemporaryFolder:
+      return "takes no temporary folder";
+  }
+  return "";
+}
+
+std::string Sentence(MoveFault fault, const std::string& subject, const std::string& detail) {
+  std::string text = subject.empty() ? "" : subject + ' ';
+  text += StatementOf(fault);
+  if (detail.empty()) return text;
+  return text + (fault == MoveFault::FoldersOverlap ? " " : ": ") + detail;
+}
+
+}  // namespace
+
+MoveError::MoveError(MoveFault fault, std::string subject, std::string detail)
+    : std::runtime_error(Sentence(fault, subject, detail)),
+      fault_(fault),
+      subject_(std::move(subject)),
+      detail_(std::move(detail)) {}
+
+}  // namespace norvo

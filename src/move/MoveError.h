@@ -1,0 +1,54 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace norvo {
+
+/// Why a call on machines cannot be done at all. What `Subject` and `Detail` are stands beside each;
+/// what is not named is empty.
+enum class MoveFault {
+  // Settings of the product.
+  GroupRootNotFull,   ///< the wished group root (subject) is no full path of the machine
+  GroupRootUnusable,  ///< the machine's group root (subject) is no full path
+  GroupRootNowhere,   ///< the group root (subject) lies on a drive (detail) that there is not
+  RegistryUnwritable,
+  FolderNotCreated,  ///< subject: the folder; detail: why
+  FileNotWritten,    ///< subject: the file; detail: why
+  RoleMissing,
+  GroupRootMissing,
+  RoleAndGroupRootMissing,
+  RoleTakesNoPart,  ///< the machine's role is neither source nor destination
+  // Work on one machine.
+  ScanFailed,         ///< subject: the data area; detail: the last warning, may be empty
+  NoPlaylistFolder,   ///< subject: the folder of restored playlists; empty when it is not known
+  NoDocumentsFolder,  ///< the new machine has none
+  // Machines that are held in folders.
+  NoMachine,          ///< subject: a folder that holds none; detail: why
+  NoFolder,           ///< subject: what should be the old machine's folder
+  NotListed,          ///< subject: a folder; detail: why it cannot be listed
+  WorkNotCreated,     ///< subject: the work folder; detail: why
+  WorkTaken,          ///< subject: the work folder, which holds a machine of its own
+  NoFreeLetter,       ///< subject: the old machine's folder, which has all 24 drives
+  MachineNotMade,     ///< subject: the new machine's folder; detail: why
+  LinkWritesToSource, ///< linking would write to a machine that is only to be read
+  FoldersOverlap,     ///< subject and detail: two folders that lie in each other
+  NoTemporaryFolder   ///< subject: the folder that takes none
+};
+
+/// Ends a call. `what()` is a sentence about it in English, in UTF-8.
+class MoveError : public std::runtime_error {
+ public:
+  explicit MoveError(MoveFault fault, std::string subject = {}, std::string detail = {});
+
+  MoveFault Fault() const noexcept { return fault_; }
+  const std::string& Subject() const noexcept { return subject_; }
+  const std::string& Detail() const noexcept { return detail_; }
+
+ private:
+  MoveFault fault_;
+  std::string subject_;
+  std::string detail_;
+};
+
+}  // namespace norvo

@@ -1,0 +1,171 @@
+#include "move/MovePlaylists.h"
+
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "automation/RunTimeError.h"
+#include "library/Library.h"
+#include "move/Carrying.h"
+#include "move/Collecting.h"
+#include "move/MachineSetup.h"
+#include "move/MoveVerification.h"
+#include "move/MoveWork.h"
+#include "move/OpenedLibrary.h"
+#include "move/Planner.h"
+#include "move/Rescue.h"
+#include "move/RestoreLedger.h"
+#include "move/Restoring.h"
+#include "move/SongBringing.h"
+#include "move/StreamPlacer.h"
+#include "overlay/OverlayPlatform.h"
+#include "services/Utility.h"
+
+namespace norvo {
+namespace {
+
+/// The machine that a move comes from, set up.
+class OldMachine {
+ public:
+  OldMachine(const MoveMachines& machines, WorkReport& report)
+      : library_(machines.from, MachineSide::Old, report) {
+    SetupWishes wishes;
+    if (!machines.groupRootOfSource.empty()) wishes.groupRoot = machines.groupRootOfSource;
+    SetUp(library_.Get(), wishes, MachineSide::Old, report);
+    settings_ = RequireProductSettings(library_.Get());
+    library_.Get().PinGroupRoot(settings_.groupRoot);
+  }
+
+  OpenedLibrary& Opened() { return library_; }
+  Component& Library() { return library_.Get(); }
+  const ProductSettings& Settings() const { return settings_; }
+
+ private:
+  OpenedLibrary library_;
+  ProductSettings settings_;
+};
+
+/// The machine that a move goes to, set up; of a dry run as it would be.
+class NewMachine {
+ public:
+  NewMachine(const MoveMachines& machines, bool dryRun, WorkReport& report)
+      : dryRun_(dryRun), library_(machines.to, MachineSide::New, report) {
+    const auto setUp = [&](Component& library) {
+      SetupWishes wishes;  // a machine that has a role already keeps it
+      if (!ReadProductSettings(library).role) wishes.role = Utility::role::kDestination;
+      SetUp(library, wishes, MachineSide::New, report);
+    };
+    if (!dryRun) setUp(library_.Get());
+    if (dryRun) setUp(*planLibrary_);
+    settings_ = RequireProductSettings(*planLibrary_);
+    library_.Get().PinGroupRoot(settings_.groupRoot);
+    planLibrary_->PinGroupRoot(settings_.groupRoot);
+  }
+
+  OpenedLibrary& Opened() { return library_; }
+  /// Works on the machine itself, or of a dry run on what it would be.
+  Component& Library() { return dryRun_ ? *planLibrary_ : library_.Get(); }
+  /// Lies over the machine, and keeps what a plan supposes.
+  OverlayPlatform& Plan() { return *plan_; }
+  Component& PlanLibrary() { return *planLibrary_; }
+  const ProductSettings& Settings() const { return settings_; }
+
+ private:
+  bool dryRun_;
+  OpenedLibrary library_;
+  std::shared_ptr<OverlayPlatform> plan_ = std::make_shared<OverlayPlatform>(library_.Machine());
+  std::unique_ptr<Component> planLibrary_ = OpenLibrary(plan_);
+  ProductSettings settings_;
+};
+
+/// An alternative that no playlist was given is no song of the move.
+void DropUnused(MoveResult& move) {
+  std::vector<std::optional<std::size_t>> numbers(move.songs.size());
+  std::vector<MovedSong> songs;
+  for (MovedPlaylist& playlist : move.playlists) {
+    for (MovedItem& item : playlist.items) {
+      if (!item.IsSong()) continue;
+      std::optional<std::size_t>& number = numbers[item.song];
+      if (!number) {
+        number = songs.size();
+        songs.push_back(std::move(move.songs[item.song]));
+      }
+      item.song = *number;
+    }
+  }
+  move.songs = std::move(songs);
+}
+
+/// Finds what there is to move on the old machine.
+void Gather(OldMachine& old, MediaPlacer& placer, MoveWork& work) {
+  CollectResult collected;
+  CollectForMove(old.Library(), old.Settings(), work.report, collected);
+  SongBook songs(old.Library().Files(), placer, work.result.songs);
+  Rescue(old.Library(), old.Settings(), songs, work).Run(collected);
+  DropUnused(work.result);
+}
+
+/// Those that are not on their way: there already, left out, or not to be brought.
+void TellSettledSongs(const MoveWork& work, bool bringing) {
+  for (const MovedSong& song : work.result.songs) {
+    const bool onItsWay =
+        bringing && song.state == MovedSong::State::Planned && !song.place.empty();
+    if (!onItsWay) work.report.Observer().OnSong(song);
+  }
+}
+
+void Restore(NewMachine& machine, RestoreLedger& ledger, MoveWork& work) {
+  try {
+    RestoreCarried(machine.Library(), ledger, work);
+  } catch (const RunTimeError& failure) {
+    // Without its ledger nothing can be restored; what is done until then is told all the same.
+    for (MovedPlaylist& playlist : work.result.playlists) {
+      if (playlist.state != MovedPlaylist::State::Collected) continue;
+      LeaveOut(playlist, MovedPlaylist::Fault::NotNoted, failure.Description());
+    }
+  }
+  for (const MovedPlaylist& playlist : work.result.playlists) {
+    work.report.Observer().OnPlaylist(playlist);
+  }
+}
+
+void Run(const MoveMachines& machines, const MoveOptions& options, MediaPlacer& placer,
+         MoveWork& work) {
+  const auto startLog = [&](OpenedLibrary& machine, MachineSide side) {
+    const String path = machine.StartLog();
+    if (!path.empty()) work.result.logs.push_back({side, path});
+  };
+  OldMachine old(machines, work.report);
+  if (options.log) startLog(old.Opened(), MachineSide::Old);
+  Gather(old, placer, work);
+
+  NewMachine machine(machines, options.dryRun, work.report);
+  if (options.log && !options.dryRun) startLog(machine.Opened(), MachineSide::New);
+  RestoreLedger ledger(machine.Library(), DataAreaOf(machine.Settings()));
+  Planner(machine.PlanLibrary(), machine.Plan(), placer, ledger, work).Run();
+  CarryGenericFiles(machine.Library(), ledger, work);
+  const bool bringing = !options.dryRun && options.media != MediaMode::None;
+  TellSettledSongs(work, bringing);
+  if (bringing) {
+    BringSongs(placer, options.media == MediaMode::Link ? PlaceMode::Link : PlaceMode::Copy, work);
+  }
+  if (!options.dryRun) machine.Plan().TakeBackAll();
+  Restore(machine, ledger, work);
+  VerifyMove(machine.PlanLibrary(), work);
+}
+
+}  // namespace
+
+MoveResult MovePlaylists(const MoveMachines& machines, const MoveOptions& options,
+                         WorkObserver& observer) {
+  MoveResult result;
+  WorkReport report(observer, result.warnings);
+  MoveWork work{result, report, {}};
+  StreamPlacer streams(machines.from->Files(), machines.to->Files());
+  MediaPlacer& placer = machines.placer != nullptr ? *machines.placer : streams;
+  result.cancelled = WasCancelled([&] { Run(machines, options, placer, work); });
+  return result;
+}
+
+}  // namespace norvo

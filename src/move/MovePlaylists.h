@@ -1,0 +1,48 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "move/MediaPlacer.h"
+#include "move/MoveResult.h"
+#include "move/WorkObserver.h"
+#include "services/Platform.h"
+
+namespace norvo {
+
+/// How songs are brought to the new machine.
+enum class MediaMode {
+  Copy,
+  Link,  ///< where both machines are on one disk; copied elsewhere
+  None   ///< they stay where they are; their places are planned all the same
+};
+
+struct MoveOptions {
+  MediaMode media = MediaMode::Copy;
+  bool dryRun = false;  ///< plan, and write nothing on the new machine
+  bool log = false;     ///< write the debug log of both machines; of a dry run the old one's only
+};
+
+/// The two machines of a move.
+struct MoveMachines {
+  std::shared_ptr<Platform> from;
+  std::shared_ptr<Platform> to;
+  /// Brings the songs from one to the other. Without one they are read and written through the
+  /// services of the two platforms, which keep no times and put the bytes under a song's name as
+  /// they come: a move that is killed may then leave a part of a song.
+  MediaPlacer* placer = nullptr;
+  /// Group root, in UTF-8, of an old machine that has none; empty for the usual one.
+  std::string groupRootOfSource;
+};
+
+/// Moves the playlists of one machine to another, and their songs: collects, heals what the
+/// library's own rules would lose, chooses one place for each song, carries generic files and songs
+/// over, restores native playlists, points the players at them, and verifies every one.
+///
+/// Machines that lack the product's settings are given them. What stands on the new machine is never
+/// overwritten. A move that was stopped at any moment, or that comes later once more, goes on where
+/// it was. MoveError when it cannot be done at all; everything else is in the result.
+MoveResult MovePlaylists(const MoveMachines& machines, const MoveOptions& options,
+                         WorkObserver& observer);
+
+}  // namespace norvo

@@ -1,0 +1,42 @@
+#include "move/MoveResult.h"
+
+#include <algorithm>
+
+namespace norvo {
+namespace {
+
+template <class Rows, class Test>
+std::size_t Count(const Rows& rows, Test&& test) {
+  return static_cast<std::size_t>(std::count_if(rows.begin(), rows.end(), test));
+}
+
+}  // namespace
+
+bool MoveResult::IsWhole() const {
+  const auto isLeftOut = [](const auto& row) {
+    return row.state == std::remove_cvref_t<decltype(row)>::State::LeftOut;
+  };
+  return !cancelled && warnings.empty() && Count(playlists, isLeftOut) == 0 &&
+         Count(songs, isLeftOut) == 0;
+}
+
+std::size_t CountSongs(const MovedPlaylist& playlist) {
+  return Count(playlist.items, [](const MovedItem& item) { return item.IsSong(); });
+}
+
+std::size_t CountAddresses(const MovedPlaylist& playlist) {
+  return Count(playlist.items,
+               [](const MovedItem& item) { return item.fate == MovedItem::Fate::Address; });
+}
+
+std::size_t CountOf(const MoveResult& move, MovedPlaylist::State state) {
+  return Count(move.playlists,
+               [state](const MovedPlaylist& playlist) { return playlist.state == state; });
+}
+
+std::size_t CountMended(const MoveResult& move) {
+  return Count(move.playlists,
+               [](const MovedPlaylist& playlist) { return !playlist.mendings.empty(); });
+}
+
+}  // namespace norvo

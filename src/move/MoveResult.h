@@ -1,0 +1,178 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "move/MediaPlacer.h"
+#include "move/PlayerSetting.h"
+#include "move/WorkObserver.h"
+#include "text/Text.h"
+
+namespace norvo {
+
+/// A media file of the old machine that some playlist names, and its one place on the new one.
+struct MovedSong {
+  enum class State {
+    Planned,  ///< its place is chosen; it was not to be brought, or not yet
+    Copied,
+    Linked,
+    AlreadyThere,  ///< its place held it before
+    LeftOut
+  };
+  /// Why a song was left out.
+  enum class Fault {
+    None,
+    PathTooLong,       ///< `faultPath` would be too long
+    FolderBlocked,     ///< a file stands where a folder of `faultPath` should be
+    NumbersTaken,      ///< all numbered names of `faultPath` are taken
+    GroupRootUnusable, ///< the group root `faultPath` is no path of plain characters
+    NotBrought         ///< `failure` tells why
+  };
+
+  String source;    ///< full path on the old machine
+  double size = 0;  ///< bytes
+  String place;     ///< full path on the new machine; empty when there is none
+  State state = State::Planned;
+  Fault fault = Fault::None;
+  String faultPath;
+  PlaceFailure failure = PlaceFailure::None;
+  String systemReason;  ///< what the system said of the failure; may be empty
+};
+
+/// One item of a playlist and what becomes of it.
+struct MovedItem {
+  enum class Fate {
+    Song,        ///< a song of the move, by its number; its own state tells the rest
+    Address,     ///< stays as it is: internet, a share, a removable or network drive
+    NoSuchFile,  ///< left out: it leads to nothing
+    NotMedia     ///< left out: it leads to a file that no player plays
+  };
+
+  Fate fate = Fate::Song;
+  std::size_t song = 0;   ///< 0-based number among the move's songs
+  String reference;       ///< of an address as it goes along; of what is left out as it was listed
+  std::size_t entry = 0;  ///< 1-based number in the new playlist; 0 for what is left out
+
+  bool IsSong() const { return fate == Fate::Song; }
+  bool IsCarried() const { return fate == Fate::Song || fate == Fate::Address; }
+};
+
+/// What was mended about a playlist that the library's own rules would have cut.
+struct Mending {
+  enum class Kind {
+    NotListed,         ///< read anew: its first lines tell no type, so it was not listed
+    QueueEnded,        ///< read anew: the queue ended before it had a generic file
+    Unnamed,           ///< read anew: it had no name for its generic file
+    NotWritten,        ///< read anew: its generic file could not be written under its name
+    NothingUnderstood, ///< read anew: none of its lines was understood
+    UnknownType,       ///< read anew: its first lines tell no type
+    NotReadToEnd,      ///< read anew
+    NameTaken,         ///< read anew: another playlist's generic file took its name
+    Incomplete,        ///< read anew: its generic file does not tell all that it lists
+    EntriesAdded,      ///< `count` entries that the readers do not take
+    Split              ///< into several, since a playlist holds at most 32767 entries
+  };
+
+  Kind kind = Kind::Incomplete;
+  std::size_t count = 0;
+};
+
+/// One playlist and what became of it.
+struct MovedPlaylist {
+  enum class State {
+    Collected,        ///< on the old machine, and no further
+    Restored,         ///< by this run
+    AlreadyRestored,  ///< by an earlier one
+    NoSongs,          ///< it lists nothing that exists
+    LeftOut
+  };
+  /// Why a playlist was left out; `systemReason` says more of those that a reading or writing ended.
+  enum class Fault {
+    None,
+    Unreadable,
+    GenericNotWritten,      ///< on the old machine
+    GenericUnreadable,      ///< on the old machine
+    GenericDoesNotReadBack,
+    NotCarried,             ///< its generic file cannot be written on the new machine
+    NotRestored,            ///< its native playlists cannot be written
+    NotNoted                ///< the new machine cannot note what is restored
+  };
+
+  String source;  ///< full path on the old machine
+  std::int32_t type = 0;
+  State state = State::Collected;
+  Fault fault = Fault::None;
+  String systemReason;
+  std::vector<Mending> mendings;
+  std::vector<MovedItem> items;  ///< every one, in the playlist's order
+  String collected;              ///< its generic file on the old machine; empty without one
+  String carried;                ///< its generic file on the new machine; empty without one
+  std::vector<String> natives;   ///< the playlists of the players made of it
+};
+
+/// A change of what a carried generic file says.
+struct Adjustment {
+  enum class Reason {
+    NameUnusable,       ///< native playlists would lose the name, or have none that Windows takes
+    ManyOfOneName,      ///< many playlists have this name
+    NativeBlocked,      ///< a folder, or a dangling link, has the name of a native playlist
+    Markup,             ///< ASX files would take the text for markup
+    RelativeReference,  ///< a relative reference gives no file name
+    NotInCodePage,      ///< playlists cannot tell the path in the 8-bit page
+    PathTooLong,
+    IllegalName,        ///< no path on Windows may be called so
+    LeavesGroupRoot,
+    OtherSong,          ///< another song has the place
+    FolderThere,        ///< a folder has the name
+    OtherFile,          ///< another file has the place
+    PlaceElsewhere,     ///< the song has its one place elsewhere
+    OldAddressTaken     ///< on the new machine another file stands at the old address
+  };
+
+  std::size_t playlist = 0;  ///< 0-based number among the move's playlists
+  std::size_t entry = 0;     ///< 1-based; 0 for the playlist itself
+  String key;
+  String before;
+  String after;
+  Reason reason = Reason::NameUnusable;
+};
+
+/// What the reading back of all native playlists gave; what was wrong is among the warnings.
+struct Verification {
+  std::size_t checked = 0;  ///< local references of native playlists that were looked up
+  std::size_t found = 0;    ///< and lead to the right file
+};
+
+/// A log that the move has written.
+struct MoveLog {
+  MachineSide side = MachineSide::Old;
+  String path;
+};
+
+/// A whole move as data: what was found, what became of it.
+struct MoveResult {
+  std::vector<MovedPlaylist> playlists;  ///< in the order of the scan
+  std::vector<MovedSong> songs;
+  std::vector<Adjustment> adjustments;
+  std::vector<PlayerSetting> settings;  ///< that point the players at their playlists
+  Verification verification;
+  std::vector<WorkWarning> warnings;  ///< in the order in which they came up
+  std::vector<MoveLog> logs;
+  bool cancelled = false;  ///< the observer ended it; what is done stays, another run completes it
+
+  /// True when nothing that exists was left behind: no warning, and no song or playlist left out.
+  bool IsWhole() const;
+};
+
+/// Items of a playlist that are songs, and addresses that stay.
+std::size_t CountSongs(const MovedPlaylist& playlist);
+std::size_t CountAddresses(const MovedPlaylist& playlist);
+/// Playlists in that state.
+std::size_t CountOf(const MoveResult& move, MovedPlaylist::State state);
+/// Playlists of which something was mended.
+std::size_t CountMended(const MoveResult& move);
+
+}  // namespace norvo

@@ -1,0 +1,109 @@
+#include "move/MoveVerification.h"
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "move/NativeReading.h"
+
+namespace norvo {
+namespace {
+
+using Kind = WorkWarning::Kind;
+
+constexpr std::size_t kNatives = 4;
+
+class Verifier {
+ public:
+  Verifier(Component& library, MoveWork& work)
+      : library_(library), result_(work.result), report_(work.report), rightSize_(Songs()) {}
+
+  void Playlist(const MovedPlaylist& playlist) {
+    if (playlist.natives.size() != kNatives) {
+      Warn(Kind::NativesMissing, playlist.source, {}, {}, playlist.natives.size(), kNatives);
+    }
+    std::vector<const MovedItem*> items;
+    for (const MovedItem& item : playlist.items) {
+      if (item.IsCarried()) items.push_back(&item);
+    }
+    for (const String& native : playlist.natives) Native(items, native);
+    for (const MovedItem* const item : items) {
+      if (item->IsSong() || library_.Machine().AnsiPage().Fits(item->reference)) continue;
+      Warn(Kind::UntellableAddress, playlist.source, item->reference);
+    }
+  }
+
+ private:
+  std::size_t Songs() const { return result_.songs.size(); }
+
+  void Native(const std::vector<const MovedItem*>& items, const String& native) {
+    const VerifiedPlaylist found = ReadNative(library_, native);
+    if (!found.whole && !library_.Files().FileExists(native)) return Warn(Kind::NativeGone, native);
+    if (!found.whole || found.references.size() != items.size()) {
+      Warn(Kind::NativeIncomplete, native, {}, {}, found.references.size(), items.size());
+    }
+    for (std::size_t i = 0; i < items.size(); ++i) {
+      if (i < found.references.size()) {
+        Reference(*items[i], found.references[i], native);
+      } else if (items[i]->IsSong()) {
+        ++result_.verification.checked;
+      }
+    }
+  }
+
+  void Reference(const MovedItem& item, const VerifiedReference& found, const String& native) {
+    if (!item.IsSong()) return Address(item.reference, found, native);
+    ++result_.verification.checked;
+    const MovedSong& song = result_.songs[item.song];
+    const bool right = found.kind == VerifiedReference::Kind::Found &&
+                       EqualsIgnoreCase(found.reference, song.place) && HasRightSize(item.song);
+    if (right) {
+      ++result_.verification.found;
+    } else if (song.state != MovedSong::State::LeftOut) {  // which has been told already
+      Warn(Kind::WrongSong, native, found.reference, song.source);
+    }
+  }
+
+  void Address(const String& address, const VerifiedReference& found, const String& native) {
+    const CodePage& page = library_.Machine().AnsiPage();
+    if (found.reference == page.Decode(page.Encode(address))) return;
+    Warn(Kind::ChangedAddress, native, found.reference, address);
+  }
+
+  /// Looked up once, however many playlists have the song.
+  bool HasRightSize(std::size_t number) {
+    std::optional<bool>& known = rightSize_[number];
+    if (!known) {
+      const MovedSong& song = result_.songs[number];
+      const std::optional<FileFacts> facts = library_.Files().FactsOf(song.place);
+      known = facts && facts->size == song.size;
+    }
+    return *known;
+  }
+
+  void Warn(Kind kind, const String& subject, const String& detail = {}, const String& wanted = {},
+            std::size_t found = 0, std::size_t expected = 0) {
+    report_.Warn({kind, MachineSide::New, {}, subject, detail, wanted, found, expected});
+  }
+
+  Component& library_;
+  MoveResult& result_;
+  WorkReport& report_;
+  std::vector<std::optional<bool>> rightSize_;  // by song
+};
+
+}  // namespace
+
+void VerifyMove(Component& library, MoveWork& work) {
+  Verifier verifier(library, work);
+  const std::vector<MovedPlaylist>& playlists = work.result.playlists;
+  for (std::size_t i = 0; i < playlists.size(); ++i) {
+    work.report.Progress(
+        {WorkPhase::Verifying, i + 1, playlists.size(), 0, 0, playlists[i].source});
+    const bool restored = playlists[i].state == MovedPlaylist::State::Restored ||
+                          playlists[i].state == MovedPlaylist::State::AlreadyRestored;
+    if (restored) verifier.Playlist(playlists[i]);
+  }
+}
+
+}  // namespace norvo

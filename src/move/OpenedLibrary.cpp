@@ -1,0 +1,50 @@
+#include "move/OpenedLibrary.h"
+
+#include <utility>
+#include <vector>
+
+#include "library/Library.h"
+#include "services/Logging.h"
+#include "services/Utility.h"
+
+namespace norvo {
+
+OpenedLibrary::OpenedLibrary(std::shared_ptr<Platform> machine, MachineSide side, WorkReport& report)
+    : machine_(std::move(machine)), side_(side), report_(report) {
+  // What the opening of the machine has to tell comes before there is a log.
+  std::vector<String> early;
+  machine_->SetWarningSink([&early](StringView line) { early.emplace_back(line); });
+  component_ = OpenLibrary(machine_);
+  const auto tell = [this](StringView line) {
+    WriteLog(*component_, line);
+    WorkWarning warning;
+    warning.kind = WorkWarning::Kind::Oddity;
+    warning.side = side_;
+    warning.warning.text = line;
+    report_.Warn(std::move(warning));
+  };
+  machine_->SetWarningSink(tell);
+  for (const String& line : early) tell(line);
+}
+
+OpenedLibrary::~OpenedLibrary() {
+  machine_->SetWarningSink({});
+}
+
+String OpenedLibrary::StartLog() {
+  component_->SetLogMode(log_mode::kFile);
+  const String folder = machine_->Product().Folder();
+  if (machine_->Files().FolderExists(folder)) {
+    String path = Utility::AddBackslash(folder) + u"VBLog.txt";
+    report_.Observer().OnLog(side_, path);
+    return path;
+  }
+  WorkWarning warning;
+  warning.kind = WorkWarning::Kind::NoLogFolder;
+  warning.side = side_;
+  warning.subject = folder;
+  report_.Warn(std::move(warning));
+  return {};
+}
+
+}  // namespace norvo

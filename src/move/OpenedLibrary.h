@@ -1,0 +1,34 @@
+#pragma once
+
+#include <memory>
+
+#include "move/WorkReport.h"
+#include "services/Component.h"
+
+namespace norvo {
+
+/// The component over one machine for the length of a call. What the machine's platform finds odd
+/// goes to the log and to the report.
+class OpenedLibrary {
+ public:
+  /// `report` must outlive this.
+  OpenedLibrary(std::shared_ptr<Platform> machine, MachineSide side, WorkReport& report);
+  ~OpenedLibrary();
+  OpenedLibrary(const OpenedLibrary&) = delete;
+  OpenedLibrary& operator=(const OpenedLibrary&) = delete;
+
+  Component& Get() { return *component_; }
+  const std::shared_ptr<Platform>& Machine() { return machine_; }
+
+  /// Turns the debug log on and tells where it is; gives its path, empty when it cannot be written
+  /// because the product folder is missing, which is warned of.
+  String StartLog();
+
+ private:
+  std::shared_ptr<Platform> machine_;
+  MachineSide side_;
+  WorkReport& report_;
+  std::unique_ptr<Component> component_;
+};
+
+}  // namespace norvo

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "move/WorkObserver.h"
+#include "move/WorkResult.h"
+#include "services/Platform.h"
+
+namespace norvo {
+
+/// What a machine's settings shall be where it has none yet.
+struct SetupWishes {
+  std::optional<std::int32_t> role;      ///< see Utility::role; source without a wish
+  std::optional<std::string> groupRoot;  ///< UTF-8; a full path on a drive of the machine
+  bool withProductFolder = true;         ///< the folder that takes the log
+};
+
+/// What the set-up found or made.
+struct SetupStep {
+  enum class Kind { RegistryValue, RegistryKey, ProductFolder, GroupRootFolder, SubNamesFile };
+
+  Kind kind = Kind::RegistryValue;
+  Hive hive = Hive::LocalMachine;  ///< of a registry key or value
+  String path;                     ///< the key's, the folder's or the file's
+  String name;                     ///< of a value
+  RegistryValue value;             ///< as it holds now
+  bool written = false;            ///< it was missing before
+};
+
+struct SetupResult : WorkResult {
+  std::vector<SetupStep> steps;  ///< in their order
+};
+
+/// Writes what is missing of the product's settings and changes nothing that is there. What is there
+/// and cannot be used, or differs from the wishes, is warned of. A group root on another drive than
+/// C takes the product's folder along, so that drive C need not be writable. MoveError when
+/// something cannot be written.
+///
+/// Without these settings a machine's playlists read as empty: every song that a playlist refers to
+/// is registered in the group's data area, which only they name.
+SetupResult SetUpMachine(const std::shared_ptr<Platform>& machine, const SetupWishes& wishes = {});
+SetupResult SetUpMachine(const std::shared_ptr<Platform>& machine, const SetupWishes& wishes,
+                         WorkObserver& observer);
+
+}  // namespace norvo

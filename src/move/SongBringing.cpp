@@ -1,0 +1,70 @@
+#include "move/SongBringing.h"
+
+#include <utility>
+#include <vector>
+
+namespace norvo {
+namespace {
+
+class SongListener final : public PlaceListener {
+ public:
+  SongListener(std::vector<MovedSong*> songs, WorkReport& report)
+      : songs_(std::move(songs)), report_(report) {
+    for (const MovedSong* const song : songs_) total_ += song->size;
+  }
+
+  void OnBytes(std::uint64_t more) override {
+    bytes_ += static_cast<double>(more);
+    report_.Progress({WorkPhase::BringingSongs, done_ + 1, songs_.size(), bytes_, total_, {}});
+  }
+
+  void OnPlaced(std::size_t job, const PlaceOutcome& outcome) override {
+    ++done_;
+    MovedSong& song = *songs_[job];
+    song.state = StateOf(outcome.result);
+    if (outcome.result == PlaceResult::Failed) {
+      song.fault = MovedSong::Fault::NotBrought;
+      song.failure = outcome.failure;
+      song.systemReason = outcome.systemReason;
+    }
+    report_.Observer().OnSong(song);
+  }
+
+ private:
+  static MovedSong::State StateOf(PlaceResult result) {
+    switch (result) {
+      case PlaceResult::Copied:
+        return MovedSong::State::Copied;
+      case PlaceResult::Linked:
+        return MovedSong::State::Linked;
+      case PlaceResult::AlreadyThere:
+        return MovedSong::State::AlreadyThere;
+      case PlaceResult::Failed:
+        break;
+    }
+    return MovedSong::State::LeftOut;
+  }
+
+  std::vector<MovedSong*> songs_;
+  WorkReport& report_;
+  std::size_t done_ = 0;
+  double bytes_ = 0;
+  double total_ = 0;
+};
+
+}  // namespace
+
+void BringSongs(MediaPlacer& placer, PlaceMode mode, MoveWork& work) {
+  std::vector<MovedSong*> songs;
+  std::vector<PlaceJob> jobs;
+  for (MovedSong& song : work.result.songs) {
+    if (song.state != MovedSong::State::Planned || song.place.empty()) continue;
+    songs.push_back(&song);
+    jobs.push_back({song.source, song.place});
+  }
+  if (jobs.empty()) return;
+  SongListener listener(std::move(songs), work.report);
+  placer.PlaceAll(jobs, mode, listener);
+}
+
+}  // namespace norvo

@@ -1,0 +1,101 @@
+#include "move/StreamPlacer.h"
+
+#include <memory>
+#include <vector>
+
+#include "automation/RunTimeError.h"
+#include "text/Encoding.h"
+#include "text/WindowsPath.h"
+
+namespace norvo {
+namespace {
+
+constexpr std::size_t kPiece = std::size_t{256} * 1024;
+
+PlaceOutcome Failed(PlaceFailure failure, String reason = {}) {
+  return {PlaceResult::Failed, failure, std::move(reason)};
+}
+
+bool HaveSameContent(BinaryFile& left, BinaryFile& right) {
+  if (left.Size() != right.Size()) return false;
+  std::vector<char> first(kPiece);
+  std::vector<char> second(kPiece);
+  for (std::uint64_t at = 0;; at += kPiece) {
+    const std::size_t got = left.ReadAt(at, first);
+    if (right.ReadAt(at, second) != got) return false;
+    if (!std::equal(first.begin(), first.begin() + static_cast<std::ptrdiff_t>(got),
+                    second.begin())) {
+      return false;
+    }
+    if (got < kPiece) return true;
+  }
+}
+
+}  // namespace
+
+void StreamPlacer::PlaceAll(std::span<const PlaceJob> jobs, PlaceMode, PlaceListener& listener) {
+  for (std::size_t job = 0; job < jobs.size(); ++job) {
+    listener.OnPlaced(job, Place(jobs[job], listener));
+  }
+}
+
+PlaceOutcome StreamPlacer::Place(const PlaceJob& job, PlaceListener& listener) {
+  std::unique_ptr<BinaryFile> source;
+  try {
+    if (!from_.FileExists(job.source)) return Failed(PlaceFailure::SourceMissing);
+    source = from_.OpenForReading(job.source);
+  } catch (const RunTimeError& failure) {
+    return Failed(PlaceFailure::SourceUnreadable, failure.Description());
+  }
+  try {
+    if (to_.FolderExists(job.target)) return Failed(PlaceFailure::FolderThere);
+    if (to_.FileExists(job.target)) return Compare(job);
+    Copy(*source, job.target, listener);
+    return {PlaceResult::Copied, PlaceFailure::None, {}};
+  } catch (const RunTimeError& failure) {
+    return Failed(PlaceFailure::NotCopied, failure.Description());
+  }
+}
+
+PlaceOutcome StreamPlacer::Compare(const PlaceJob& job) {
+  if (!IsSame(job.source, job.target)) return Failed(PlaceFailure::OtherFileThere);
+  return {PlaceResult::AlreadyThere, PlaceFailure::None, {}};
+}
+
+void StreamPlacer::Copy(BinaryFile& source, StringView target, PlaceListener& listener) {
+  CreateFolders(ParentFolder(target));
+  try {
+    const std::unique_ptr<AppendFile> file = to_.OpenForAppending(target, true);
+    std::vector<char> piece(kPiece);
+    for (std::uint64_t at = 0;; at += kPiece) {
+      const std::size_t got = source.ReadAt(at, piece);
+      file->Append({piece.data(), got});
+      listener.OnBytes(got);
+      if (got < kPiece) return;
+    }
+  } catch (...) {
+    if (to_.FileExists(target)) to_.RemoveFile(target, true);
+    throw;
+  }
+}
+
+void StreamPlacer::CreateFolders(StringView path) {
+  if (path.empty() || to_.FolderExists(path)) return;
+  const StringView parent = ParentFolder(path);
+  if (parent != path) CreateFolders(parent);
+  to_.CreateFolder(path);
+}
+
+bool StreamPlacer::IsSame(StringView source, StringView target) {
+  try {
+    return HaveSameContent(*from_.OpenForReading(source), *to_.OpenForReading(target));
+  } catch (const RunTimeError&) {
+    return false;
+  }
+}
+
+std::string StreamPlacer::IdentityOf(StringView source) {
+  return ToUtf8(Fold(from_.AbsolutePathName(source)));
+}
+
+}  // namespace norvo

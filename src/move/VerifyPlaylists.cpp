@@ -1,0 +1,75 @@
+#include "move/VerifyPlaylists.h"
+
+#include <algorithm>
+
+#include "library/Library.h"
+#include "move/MoveError.h"
+#include "move/NativeReading.h"
+#include "move/OpenedLibrary.h"
+#include "overlay/OverlayPlatform.h"
+#include "services/DataCop.h"
+#include "services/FolderScanner.h"
+#include "text/Encoding.h"
+
+namespace norvo {
+namespace {
+
+/// All playlists in a folder and below.
+std::vector<String> PlaylistsBelow(Component& library, const String& root) {
+  constexpr StringView kEndings[] = {u".asx", u".m3u", u".pls"};
+  std::vector<String> found;
+  std::vector<String> waiting{root};
+  while (!waiting.empty()) {
+    const String folder = std::move(waiting.back());
+    waiting.pop_back();
+    const std::vector<FolderItem> items = ListSorted(library.Files(), folder, kEndings);
+    for (const FolderItem& item : items) {
+      if (!item.isFolder) found.push_back(folder + item.name);
+    }
+    for (auto item = items.rbegin(); item != items.rend(); ++item) {
+      if (item->isFolder) waiting.push_back(folder + item->name + u"\\");
+    }
+  }
+  return found;
+}
+
+std::vector<String> RestoredPlaylists(Component& library) {
+  const String root = DataCop::GetSubNamePath(library, DataCop::kPlayListSlot);
+  if (root.empty() || !library.Files().FolderExists(root)) {
+    throw MoveError(MoveFault::NoPlaylistFolder, ToUtf8(root));
+  }
+  return PlaylistsBelow(library, root);
+}
+
+}  // namespace
+
+std::size_t VerifiedPlaylist::Count(VerifiedReference::Kind kind) const {
+  return static_cast<std::size_t>(
+      std::count_if(references.begin(), references.end(),
+                    [kind](const VerifiedReference& row) { return row.kind == kind; }));
+}
+
+VerifyResult VerifyPlaylists(const std::shared_ptr<Platform>& machine,
+                             const std::vector<std::string>& paths, const WorkOptions& options,
+                             WorkObserver& observer) {
+  VerifyResult result;
+  WorkReport report(observer, result.warnings);
+  OpenedLibrary opened(machine, MachineSide::Old, report);
+  if (options.log) result.log = opened.StartLog();
+  // Reading a playlist notes its songs in the machine's media list; verifying changes nothing.
+  const std::unique_ptr<Component> library =
+      OpenLibrary(std::make_shared<OverlayPlatform>(machine));
+  std::vector<String> playlists;
+  for (const std::string& path : paths) playlists.push_back(FromUtf8Lossy(path));
+  if (playlists.empty()) playlists = RestoredPlaylists(*library);
+  result.cancelled = WasCancelled([&] {
+    for (std::size_t i = 0; i < playlists.size(); ++i) {
+      report.Progress({WorkPhase::Verifying, i + 1, playlists.size(), 0, 0, playlists[i]});
+      result.playlists.push_back(ReadNative(*library, playlists[i]));
+      observer.OnVerified(result.playlists.back());
+    }
+  });
+  return result;
+}
+
+}  // namespace norvo

@@ -1,0 +1,102 @@
+#pragma once
+
+#include <cstddef>
+
+#include "services/Warning.h"
+#include "text/Text.h"
+
+namespace norvo {
+
+struct CollectedPlaylist;
+struct DroppedItem;
+struct MovedPlaylist;
+struct MovedSong;
+struct NativePlaylist;
+struct RestoredPlaylist;
+struct VerifiedPlaylist;
+
+/// Which machine of a move is meant; calls on a single machine say `Old`.
+enum class MachineSide { Old, New };
+
+/// What a call is busy with.
+enum class WorkPhase {
+  Scanning,       ///< looking for playlists, folder by folder
+  Collecting,     ///< making generic files of them
+  Checking,       ///< looking for what that has lost
+  Planning,       ///< reading the generic files
+  PlanningSongs,  ///< choosing the places of songs
+  BringingSongs,
+  Restoring,  ///< making native playlists of generic files
+  Verifying   ///< reading native playlists back
+};
+
+/// How far a phase is.
+struct WorkProgress {
+  WorkPhase phase = WorkPhase::Scanning;
+  std::size_t position = 0;  ///< 1-based number of the file that is begun; folders while scanning
+  std::size_t count = 0;     ///< files to do; 0 where that is not known
+  double bytesDone = 0;      ///< only while songs are brought
+  double bytesTotal = 0;
+  StringView current;  ///< the file or folder; may be empty
+};
+
+/// Something that a call could not do, or not whole, or found to be other than it should be. What
+/// the texts and counts are stands beside each kind; what is not named is empty or 0.
+struct WorkWarning {
+  enum class Kind {
+    Library,            ///< `warning` tells what the library could not do
+    Oddity,             ///< of the machine itself: `warning.text`
+    SettingUnusable,    ///< the registry value `subject` is of no use; it is left as it is
+    RoleKept,           ///< another role was wished for, but `subject` was there before
+    GroupRootKept,      ///< another group root was wished for, but `subject` was there before
+    NoLogFolder,        ///< no log is written: the product folder `subject` is missing
+    NativesMissing,     ///< of playlist `subject` only `found` of `expected` native ones were written
+    UntellableAddress,  ///< of playlist `subject`: `detail` does not fit the 8-bit page
+    NativeGone,         ///< the native playlist `subject` was written and is gone now
+    NativeIncomplete,   ///< `subject` reads back with `found` of `expected` references
+    WrongSong,          ///< in `subject` stands `detail`, which does not lead to the song `wanted`
+    ChangedAddress      ///< in `subject` stands `detail`, which was `wanted`
+  };
+
+  Kind kind = Kind::Library;
+  MachineSide side = MachineSide::Old;
+  Warning warning;
+  String subject;
+  String detail;
+  String wanted;
+  std::size_t found = 0;
+  std::size_t expected = 0;
+};
+
+/// Lets a caller follow long work, and end it. Every call is optional, comes on the thread of the
+/// work, and must neither throw nor call back into the work.
+class WorkObserver {
+ public:
+  virtual ~WorkObserver() = default;
+
+  virtual void OnProgress(const WorkProgress&) {}
+  virtual void OnWarning(const WorkWarning&) {}
+  /// A log is written from now on; `path` is on that machine.
+  virtual void OnLog(MachineSide, StringView /*path*/) {}
+  /// True ends the work at the next file or megabyte; what is done until then is whole.
+  virtual bool IsCancelled() { return false; }
+
+  // Of a collecting.
+  virtual void OnDropped(const CollectedPlaylist&, const DroppedItem&) {}
+  virtual void OnCollected(const CollectedPlaylist&) {}
+  /// The second playlist's generic file has just replaced that of the first.
+  virtual void OnReplaced(const CollectedPlaylist&, const CollectedPlaylist&) {}
+
+  // Of a restoring.
+  virtual void OnRestored(const RestoredPlaylist&) {}
+  virtual void OnNative(const NativePlaylist&) {}
+
+  // Of a verifying.
+  virtual void OnVerified(const VerifiedPlaylist&) {}
+
+  // Of a move: each song and each playlist once, when it is settled what becomes of it.
+  virtual void OnSong(const MovedSong&) {}
+  virtual void OnPlaylist(const MovedPlaylist&) {}
+};
+
+}  // namespace norvo
