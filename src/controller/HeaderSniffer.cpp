@@ -1,5 +1,6 @@
 #include "controller/HeaderSniffer.h"
 
+#include "automation/Attempt.h"
 #include "automation/RunTimeError.h"
 #include "model/PlaylistTypes.h"
 #include "services/Logging.h"
@@ -43,30 +44,30 @@ std::int32_t TypeByKeys(Component& component, StringView path) {
   return value == u"2" ? playlist_type::kWinampPls : playlist_type::kUnknown;
 }
 
-/// Runs one sniffer; an error is logged and gives the unknown type.
+/// Runs one sniffer; an error is told as a warning and gives the unknown type.
 template <class Sniff>
-std::int32_t LogErrors(Component& component, StringView member, StringView path, Sniff&& sniff) {
-  try {
-    return Guarded(sniff);
-  } catch (const RunTimeError& failure) {
+std::int32_t UnknownOnError(Component& component, StringView member, StringView path,
+                            Sniff&& sniff) {
+  return AnswerOrElse(sniff, [&](const RunTimeError& failure) {
     WriteWarning(component, {WarningKind::FileNotRead, String(path), failure.Description(),
                              u"HelperMan::" + String(member) + u" -> " + failure.Description() +
                                  u": " + String(path)});
     return playlist_type::kUnknown;
-  }
+  });
 }
 
 }  // namespace
 
 std::int32_t SniffM3uHeader(Component& component, StringView path) {
-  return LogErrors(component, u"ParseM3UHeader", path, [&] {
+  return UnknownOnError(component, u"ParseM3UHeader", path, [&] {
     TextStream stream(component.Files(), path, component.Machine().AnsiPage());
     return SniffLines(stream);
   });
 }
 
 std::int32_t SniffPlsHeader(Component& component, StringView path) {
-  return LogErrors(component, u"ParsePLSHeader", path, [&] { return TypeByKeys(component, path); });
+  return UnknownOnError(component, u"ParsePLSHeader", path,
+                        [&] { return TypeByKeys(component, path); });
 }
 
 }  // namespace norvo

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "automation/Attempt.h"
 #include "automation/RunTimeError.h"
 #include "controller/FolderWalk.h"
 #include "controller/GenericCollector.h"
@@ -58,11 +59,8 @@ class PlaylistVisitor final : public ScanVisitor {
 }  // namespace
 
 HelperMan::HelperMan(Component& component) : component_(component) {
-  try {
-    Guarded([this] { StartUp(); });
-  } catch (const RunTimeError&) {
-    // The object stays without a list; its operations then find nothing.
-  }
+  // After an error the object stays without a list; its operations then find nothing.
+  Attempt([this] { StartUp(); });
 }
 
 void HelperMan::StartUp() {

@@ -1,6 +1,6 @@
 #include "controller/PlayerFolders.h"
 
-#include "automation/RunTimeError.h"
+#include "automation/Attempt.h"
 #include "services/DataCop.h"
 #include "services/NVServices.h"
 #include "services/ProfileFile.h"
@@ -43,16 +43,7 @@ constexpr FolderValue kMediaPlayerValues[] = {
      u"SaveAsDir"},
 };
 
-/// Runs the setting of one player; an error skips what is left of it.
-template <class Work>
-void Quietly(Work&& work) {
-  try {
-    Guarded(work);
-  } catch (const RunTimeError&) {
-    // The player is skipped.
-  }
-}
-
+/// An error skips what is left of the setting of one player.
 class Players {
  public:
   Players(Component& component, String base) : component_(component), base_(std::move(base)) {}
@@ -78,7 +69,7 @@ class Players {
     const String folder = Utility::GetShellOpenFolder(component_, u"Winamp.File", u"Winamp.exe");
     if (!IsInstalled(folder, u"Winamp.ini")) return;
     const String path = folder + u"Winamp.ini";
-    Quietly([&] {
+    Attempt([&] {
       ProfileFile file(component_);
       if (!file.OpenFile(path)) return;
       file.SelectSection(kWinamp);
@@ -94,7 +85,7 @@ class Players {
   }
 
   void Set(const FolderValue& value) {
-    Quietly([&] {
+    Attempt([&] {
       RegistryKey key(component_.Machine().Registry());
       if (!key.OpenIn(value.hive, value.key)) return;
       if (!key.Write(value.name, base_ + String(value.player))) return;
@@ -113,8 +104,8 @@ class Players {
 }  // namespace
 
 void SetPlayerPlayListFolders(Component& component) {
-  String base;
-  Quietly([&] { base = DataCop::GetSubNamePath(component, DataCop::kPlayListSlot); });
+  const String base = AnswerOr(
+      String(), [&] { return DataCop::GetSubNamePath(component, DataCop::kPlayListSlot); });
   if (base.empty()) return;  // without a destination root no playlist was restored
   Players players(component, base);
   players.MusicMatch();

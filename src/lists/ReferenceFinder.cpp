@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "automation/RunTimeError.h"
+#include "automation/Attempt.h"
 #include "lists/ItemText.h"
 #include "lists/ReferencePaths.h"
 #include "lists/ReferenceTexts.h"
@@ -17,11 +17,7 @@ using Kind = FoundReference::Kind;
 /// Nothing where the work raises: a meaning that cannot be looked at is not there.
 template <class Work>
 std::optional<FoundReference> NothingOnError(Work&& work) {
-  try {
-    return Guarded(work);
-  } catch (const RunTimeError&) {
-    return std::nullopt;
-  }
+  return AnswerOr(std::optional<FoundReference>(), work);
 }
 
 /// True for a path on a drive or share that every player takes as it is.

@@ -1,21 +1,20 @@
 #include "model/Entries.h"
 
+#include "automation/Attempt.h"
+
 namespace norvo {
 
 void Entries::Add(const ObjectRef& entry) {
   constexpr StringView kType = u"Entry_EntryType";
-  try {
-    Guarded([&] {
-      if (!entry) throw RunTimeError(error::kObjectNotSet);
-      if (ToInt32(entry->Get(kType)) != collectionType_) {
-        entry->Get(kType);  // read once more and discarded: a script's object sees two reads
-        return;
-      }
-      items_.Append(entry);
-    });
-  } catch (const RunTimeError&) {
-    // What cannot be added leaves no trace.
-  }
+  // What cannot be added leaves no trace.
+  Attempt([&] {
+    if (!entry) throw RunTimeError(error::kObjectNotSet);
+    if (ToInt32(entry->Get(kType)) != collectionType_) {
+      entry->Get(kType);  // read once more and discarded: a script's object sees two reads
+      return;
+    }
+    items_.Append(entry);
+  });
 }
 
 const MemberTable& Entries::Interface() {

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "automation/Attempt.h"
 #include "model/PlaylistTypes.h"
 #include "services/DataCop.h"
 #include "services/Logging.h"
@@ -118,14 +119,11 @@ String Entry::DestinationPath() {
 
 bool Entry::GetID3TagInfo() {
   if (sourceUrl_.empty()) return false;
-  AudioTag tag;
-  try {
-    // What the look-up told serves once: later the file may be another one.
-    const std::optional<FileStamp> stamp = std::exchange(stamp_, std::nullopt);
-    tag = Guarded([&] { return ReadAudioTag(component_, sourceUrl_, stamp); });
-  } catch (const RunTimeError&) {
-    // A failing step is skipped: there simply is no tag.
-  }
+  // What the look-up told serves once: later the file may be another one.
+  const std::optional<FileStamp> stamp = std::exchange(stamp_, std::nullopt);
+  // A failing step is skipped: there simply is no tag.
+  const AudioTag tag =
+      AnswerOr(AudioTag(), [&] { return ReadAudioTag(component_, sourceUrl_, stamp); });
   if (tag.kind == AudioTag::Kind::None) return false;
   LongerWins(albumName_, tag.album);
   LongerWins(artistName_, tag.artist);

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "automation/Attempt.h"
 #include "automation/Conversions.h"
 #include "automation/RunTimeError.h"
 #include "text/Number.h"
@@ -59,28 +60,18 @@ String SecondsOf(StringView clock) {
   return FormatNumber(static_cast<double>(hours) + minutes + seconds);
 }
 
-/// Both conversions turn every error into the empty text.
-template <class Work>
-String OrEmpty(Work&& work) {
-  try {
-    return work();
-  } catch (const RunTimeError&) {
-    return {};
-  }
-}
-
 }  // namespace
 
 String FormatAsxTime(StringView seconds) {
   if (seconds.empty() || seconds == u"-1" || seconds.find(u':') != StringView::npos) {
     return u"00:00:00.000";
   }
-  return OrEmpty([&] { return ClockOf(Int16FromText(seconds)); });
+  return AnswerOr(String(), [&] { return ClockOf(Int16FromText(seconds)); });
 }
 
 String ParseAsxTime(StringView clock) {
   if (clock.find(u':') == StringView::npos) return u"0";
-  return OrEmpty([&] { return SecondsOf(clock); });
+  return AnswerOr(String(), [&] { return SecondsOf(clock); });
 }
 
 }  // namespace norvo

@@ -1,17 +1,13 @@
 #include "overlay/OverlayServices.h"
 
-#include "automation/RunTimeError.h"
+#include "automation/Attempt.h"
 #include "services/Utility.h"
 
 namespace norvo {
 
 bool OverlayShell::Create(StringView path) {
-  try {
-    files_.CreateFolders(path);
-    return true;
-  } catch (const RunTimeError&) {
-    return false;  // the shell answers all the same
-  }
+  // After an error the shell answers all the same.
+  return Attempt([&] { files_.CreateFolders(path); });
 }
 
 std::optional<ShellFolders::Answer> OverlayShell::FolderPath(std::int32_t identifierAndFlags) {

@@ -1,5 +1,6 @@
 #include "playlist/PlayList.h"
 
+#include "automation/Attempt.h"
 #include "readers/AsxReader.h"
 #include "readers/GenericReader.h"
 #include "readers/M3uReader.h"
@@ -46,12 +47,7 @@ bool PlayList::ReadAs(Syntax syntax, StringView folder) {
 
 /// Makes durable what the read has registered; the list keeps what cannot be written for later.
 void PlayList::KeepRegistrations() {
-  bool kept = false;
-  try {
-    kept = Guarded([this] { return component_.Machine().Migration().Flush(); });
-  } catch (const RunTimeError&) {
-    kept = false;
-  }
+  const bool kept = AnswerOr(false, [this] { return component_.Machine().Migration().Flush(); });
   if (!kept) {
     WriteWarning(component_,
                  {WarningKind::MediaListNotWritten,

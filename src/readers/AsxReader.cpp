@@ -1,6 +1,6 @@
 #include "readers/AsxReader.h"
 
-#include "automation/RunTimeError.h"
+#include "automation/Attempt.h"
 #include "readers/AsxLine.h"
 #include "readers/AsxParams.h"
 #include "readers/ItemResolver.h"
@@ -158,11 +158,8 @@ bool ReadASX(Component& component, PlaylistRecord& playlist, StringView fileName
              u"NVERR_OPFAIL, PLAYLIST::ReadASX, Failed to recieve the TextStream Reference!");
     return false;
   }
-  try {
-    return Guarded([&] { return WalkLines(component, playlist, *stream, fileName, folder); });
-  } catch (const RunTimeError&) {
-    return false;  // the entries added so far stay
-  }
+  // After an error the entries added so far stay.
+  return AnswerOr(false, [&] { return WalkLines(component, playlist, *stream, fileName, folder); });
 }
 
 }  // namespace norvo

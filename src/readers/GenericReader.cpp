@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "automation/RunTimeError.h"
+#include "automation/Attempt.h"
 #include "model/AsxEntry.h"
 #include "model/GenericSections.h"
 #include "services/Logging.h"
@@ -135,27 +135,20 @@ void ReadAll(Component& component, ProfileFile& file, PlaylistRecord& playlist) 
 }  // namespace
 
 bool ReadGeneric(Component& component, PlaylistRecord& playlist, StringView path) {
-  try {
-    Guarded([&] {
-      ProfileFile file(component);
-      if (file.OpenFile(path) && file.Exists()) ReadAll(component, file, playlist);
-    });
-  } catch (const RunTimeError&) {
-    // What was read until then stays.
-  }
+  // After an error what was read until then stays.
+  Attempt([&] {
+    ProfileFile file(component);
+    if (file.OpenFile(path) && file.Exists()) ReadAll(component, file, playlist);
+  });
   return false;
 }
 
 void ReadGeneric(Component& component, PlaylistRecord& playlist, IniDocument document) {
-  try {
-    Guarded([&] {
-      ProfileFile file(component);
-      file.Hold(std::move(document));
-      ReadAll(component, file, playlist);
-    });
-  } catch (const RunTimeError&) {
-    // What was read until then stays.
-  }
+  Attempt([&] {
+    ProfileFile file(component);
+    file.Hold(std::move(document));
+    ReadAll(component, file, playlist);
+  });
 }
 
 }  // namespace norvo

@@ -1,5 +1,6 @@
 #include "readers/M3uReader.h"
 
+#include "automation/Attempt.h"
 #include "automation/RunTimeError.h"
 #include "readers/ItemResolver.h"
 #include "readers/TextLines.h"
@@ -66,11 +67,8 @@ bool ReadWith(Resolve resolve, StringView openFailure, Component& component,
     WriteLog(component, openFailure);
     return false;
   }
-  try {
-    return Guarded([&] { return resolve(component, playlist, *stream, folder); });
-  } catch (const RunTimeError&) {
-    return false;  // the entries added so far stay
-  }
+  // After an error the entries added so far stay.
+  return AnswerOr(false, [&] { return resolve(component, playlist, *stream, folder); });
 }
 
 }  // namespace

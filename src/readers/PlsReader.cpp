@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "automation/RunTimeError.h"
+#include "automation/Attempt.h"
 #include "readers/ItemResolver.h"
 #include "services/NVServices.h"
 #include "services/ProfileFile.h"
@@ -83,12 +83,8 @@ void ReadItems(Component& component, PlaylistRecord& playlist, StringView fileNa
 
 bool ReadPLS(Component& component, PlaylistRecord& playlist, StringView fileName,
              StringView folder) {
-  try {
-    Guarded([&] { ReadItems(component, playlist, fileName, Utility::AddBackslash(folder)); });
-    return true;
-  } catch (const RunTimeError&) {
-    return false;  // the entries added so far stay
-  }
+  // After an error the entries added so far stay.
+  return Attempt([&] { ReadItems(component, playlist, fileName, Utility::AddBackslash(folder)); });
 }
 
 }  // namespace norvo

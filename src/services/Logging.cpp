@@ -1,6 +1,6 @@
 #include "services/Logging.h"
 
-#include "automation/RunTimeError.h"
+#include "automation/Attempt.h"
 #include "services/TextStream.h"
 
 namespace norvo {
@@ -45,16 +45,13 @@ void Deliver(Component& component, StringView message) {
   }
 }
 
+/// No caller ever receives an error from logging.
 void TryToDeliver(Component& component, StringView message) {
-  try {
-    Guarded([&] {
-      LoadProductFacts(component);
-      LoadSwitch(component);
-      Deliver(component, message);
-    });
-  } catch (const RunTimeError&) {
-    // No caller ever receives an error from logging.
-  }
+  Attempt([&] {
+    LoadProductFacts(component);
+    LoadSwitch(component);
+    Deliver(component, message);
+  });
 }
 
 }  // namespace

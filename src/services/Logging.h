@@ -1,6 +1,6 @@
 #pragma once
 
-#include "automation/RunTimeError.h"
+#include "automation/Attempt.h"
 #include "services/Component.h"
 #include "services/Warning.h"
 #include "text/Text.h"
@@ -27,12 +27,11 @@ void WriteWarning(Component& component, const WarningStart& start, StringView re
 /// The answer of `work`; an error is told as a warning and answered with `neutral`.
 template <class Answer, class Work>
 Answer AnswerOrWarn(Component& component, const WarningStart& start, Answer neutral, Work&& work) {
-  try {
-    return Guarded(work);
-  } catch (const RunTimeError& failure) {
-    WriteWarning(component, start, failure.Description());
-    return neutral;
-  }
+  return AnswerOrElse([&work]() -> Answer { return work(); },
+                      [&](const RunTimeError& failure) {
+                        WriteWarning(component, start, failure.Description());
+                        return std::move(neutral);
+                      });
 }
 
 /// Runs `work`; false, with a warning, when an error ends it.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bitset>
 
+#include "automation/Attempt.h"
 #include "automation/RunTimeError.h"
 #include "services/Logging.h"
 #include "text/Wildcard.h"
@@ -43,16 +44,6 @@ String ReadText(Component& component, Hive hive, StringView key, StringView name
 
 bool IsOnDrive(StringView path) {
   return Matches(path, u"?:\\*", Compare::Text);
-}
-
-/// Runs a look-up; an error gives the neutral value without a word.
-template <class Result, class Work>
-Result Quietly(Result neutral, Work&& work) {
-  try {
-    return Guarded(work);
-  } catch (const RunTimeError&) {
-    return neutral;
-  }
 }
 
 }  // namespace
@@ -101,7 +92,7 @@ String CleanString(String& text) {
 }
 
 String GetAppPath(Component& component, StringView programFile) {
-  return Quietly(String(), [&] {
+  return AnswerOr(String(), [&] {
     const String folder =
         ReadText(component, Hive::LocalMachine, String(kAppPaths) + String(programFile), u"Path");
     return IsOnDrive(folder) ? AddBackslash(folder) : String();
@@ -109,7 +100,7 @@ String GetAppPath(Component& component, StringView programFile) {
 }
 
 String GetShellOpenFolder(Component& component, StringView fileClass, StringView programFile) {
-  return Quietly(String(), [&] {
+  return AnswerOr(String(), [&] {
     const String command =
         ReadText(component, Hive::ClassesRoot, String(fileClass) + u"\\shell\\open\\command", {});
     const std::size_t program = FindIgnoreCase(command, programFile);
@@ -120,10 +111,7 @@ String GetShellOpenFolder(Component& component, StringView fileClass, StringView
 }
 
 void DeleteFileForced(Component& component, StringView path) {
-  Quietly(false, [&] {
-    component.Files().RemoveFile(path, true);
-    return true;
-  });
+  Attempt([&] { component.Files().RemoveFile(path, true); });
 }
 
 double GetFileSize(Component& component, StringView path) {
@@ -133,21 +121,20 @@ double GetFileSize(Component& component, StringView path) {
              u"size!");
     return 0;
   }
-  try {
-    return Guarded([&] {
-      const std::optional<FileFacts> facts = component.Files().FactsOf(path);
-      if (!facts) throw RunTimeError(error::kFileNotFound);
-      return facts->size;
-    });
-  } catch (const RunTimeError& failure) {
+  const auto size = [&] {
+    const std::optional<FileFacts> facts = component.Files().FactsOf(path);
+    if (!facts) throw RunTimeError(error::kFileNotFound);
+    return facts->size;
+  };
+  return AnswerOrElse(size, [&](const RunTimeError& failure) {
     WriteLog(component, u"GetFileSize threw an exception: " + failure.Description() +
                             u", For file: " + String(path));
     return 0;
-  }
+  });
 }
 
 std::int32_t GetMachineRole(Component& component) {
-  return Quietly(role::kNeither, [&] {
+  return AnswerOr(role::kNeither, [&] {
     std::int32_t mode = role::kNeither;
     RegistryKey key(component.Machine().Registry());
     if (key.Open(component.Machine().Product().BaseKey() + u"\\KVS")) key.Read(u"mode", mode);

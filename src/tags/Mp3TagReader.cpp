@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "automation/Attempt.h"
 #include "automation/Conversions.h"
 #include "automation/RunTimeError.h"
 #include "services/NVServices.h"
@@ -49,11 +50,7 @@ std::int32_t FrameSize(std::string_view bytes) {
 
 template <class Number, class Convert>
 Number NumberOrZero(const String& text, Convert&& convert) {
-  try {
-    return text.empty() ? Number{0} : convert(text);
-  } catch (const RunTimeError&) {
-    return 0;
-  }
+  return AnswerOr(Number{0}, [&] { return text.empty() ? Number{0} : convert(text); });
 }
 
 }  // namespace
@@ -69,12 +66,7 @@ void Mp3TagReader::Reset() {
 bool Mp3TagReader::ReadFile(StringView fileName, Extent extent) {
   Reset();
   fileName_ = LastComponent(component_.Files().AbsolutePathName(fileName));
-  try {
-    Guarded([&] { ReadTags(fileName, extent); });
-  } catch (const RunTimeError&) {
-    return false;
-  }
-  return hasId3_ || hasTag_;
+  return Attempt([&] { ReadTags(fileName, extent); }) && (hasId3_ || hasTag_);
 }
 
 void Mp3TagReader::ReadTags(StringView path, Extent extent) {

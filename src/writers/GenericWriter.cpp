@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "automation/Attempt.h"
 #include "automation/RunTimeError.h"
 #include "model/GenericSections.h"
 #include "services/ProfileFile.h"
@@ -129,21 +130,17 @@ void WriteEntries(ProfileFile& file, const Entries& entries) {
 }  // namespace
 
 bool WriteGeneric(Component& component, PlaylistRecord& playlist, StringView fileName) {
-  try {
-    return Guarded([&] {
-      if (playlist.entries->Count() == 0) return false;
-      SetDefaultName(playlist, fileName);
-      RefuseForeignPath(playlist);
-      ProfileFile file(component);
-      if (!file.CreateNew(PlayListToIni(playlist.name))) return false;
-      WriteGlobals(file, playlist);
-      WriteEntries(file, *playlist.entries);
-      file.Close();
-      return true;
-    });
-  } catch (const RunTimeError&) {
-    return false;
-  }
+  return AnswerOr(false, [&] {
+    if (playlist.entries->Count() == 0) return false;
+    SetDefaultName(playlist, fileName);
+    RefuseForeignPath(playlist);
+    ProfileFile file(component);
+    if (!file.CreateNew(PlayListToIni(playlist.name))) return false;
+    WriteGlobals(file, playlist);
+    WriteEntries(file, *playlist.entries);
+    file.Close();
+    return true;
+  });
 }
 
 }  // namespace norvo

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "automation/RunTimeError.h"
+#include "automation/Attempt.h"
 #include "model/TimeValues.h"
 #include "text/Number.h"
 #include "writers/AsxLines.h"
@@ -121,14 +121,10 @@ void FormatM3u(Component& component, const PlaylistRecord& playlist) {
   WriteMusicMatchM3u(component, playlist);
 }
 
-/// Writes one target syntax; an error ends it.
+/// Writes one target syntax; an error ends it. What was written stays; the watcher knows.
 void FormatFile(Component& component, const PlaylistRecord& playlist,
                 void (*target)(Component&, const PlaylistRecord&)) {
-  try {
-    Guarded([&] { target(component, playlist); });
-  } catch (const RunTimeError&) {
-    // What was written stays; the watcher knows.
-  }
+  Attempt([&] { target(component, playlist); });
 }
 
 }  // namespace
