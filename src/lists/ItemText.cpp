@@ -5,8 +5,8 @@
 namespace norvo {
 namespace {
 
-bool IsBlank(char16_t unit) {
-  return unit <= u' ' || unit == 0xFEFF;
+bool IsNoText(char16_t unit) {
+  return IsBlankOrControl(unit) || unit == 0xFEFF;
 }
 
 }  // namespace
@@ -19,16 +19,12 @@ StringView TakeLine(StringView& rest) {
 }
 
 StringView CleanText(StringView text) {
-  text = text.substr(0, text.find(u'\0'));
-  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
-  return text;
+  return Trim(BeforeNul(text), IsNoText);
 }
 
 String OnOneLine(String text) {
-  text.resize(std::min(text.find(u'\0'), text.size()));
-  std::replace_if(
-      text.begin(), text.end(), [](char16_t unit) { return unit < u' '; }, u' ');
+  text.resize(BeforeNul(text).size());
+  std::replace_if(text.begin(), text.end(), IsAsciiControl, u' ');
   const StringView clean = CleanText(text);
   return clean.size() == text.size() ? text : String(clean);
 }

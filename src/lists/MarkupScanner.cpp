@@ -16,12 +16,8 @@ bool IsLetter(char16_t unit) {
   return lower >= u'a' && lower <= u'z';
 }
 
-bool IsBlank(char16_t unit) {
-  return unit <= u' ';
-}
-
 bool EndsName(char16_t unit) {
-  return IsBlank(unit) || StringView(u"<>/=\"'").find(unit) != StringView::npos;
+  return IsBlankOrControl(unit) || StringView(u"<>/=\"'").find(unit) != StringView::npos;
 }
 
 }  // namespace
@@ -116,7 +112,8 @@ StringView MarkupScanner::ReadValue() {
   if (AtEnd()) return {};
   if (text_[at_] == u'"' || text_[at_] == u'\'') return ReadQuoted(text_[at_]);
   const std::size_t start = at_;
-  while (!AtEnd() && !IsBlank(text_[at_]) && text_[at_] != u'<' && text_[at_] != u'>') ++at_;
+  while (!AtEnd() && !IsBlankOrControl(text_[at_]) && text_[at_] != u'<' && text_[at_] != u'>')
+    ++at_;
   // The slash of "/>" is the tag's.
   const bool slash = at_ > start && text_[at_ - 1] == u'/' && text_.substr(at_, 1) == u">";
   if (slash) --at_;
@@ -155,7 +152,7 @@ StringView MarkupScanner::ReadName() {
 }
 
 void MarkupScanner::SkipBlanks() {
-  while (!AtEnd() && IsBlank(text_[at_])) ++at_;
+  while (!AtEnd() && IsBlankOrControl(text_[at_])) ++at_;
 }
 
 }  // namespace norvo

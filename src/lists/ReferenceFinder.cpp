@@ -30,7 +30,7 @@ bool IsFull(StringView path) {
 
 FoundReference ReferenceFinder::Find(StringView reference, StringView folder) {
   reference = CleanText(reference);
-  while (!folder.empty() && IsSeparator(folder.back())) folder.remove_suffix(1);
+  folder = TrimEnd(folder, IsSeparator);
   const CodePage& page = component_.Machine().AnsiPage();
   std::optional<FoundReference> found = NothingOnError([&]() -> std::optional<FoundReference> {
     for (const String& text : ReferenceTexts(reference, page)) {

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "text/Utf16.h"
+
 namespace norvo {
 namespace {
 
@@ -33,8 +35,8 @@ char32_t NumberedPoint(StringView number) {
     if (DigitValue(unit) >= base) return 0;
     point = point * base + DigitValue(unit);
   }
-  const bool isHalf = point >= 0xD800 && point <= 0xDFFF;
-  return point > 0x10FFFF || isHalf ? 0 : static_cast<char32_t>(point);
+  const bool isNone = point > 0x10FFFF || IsSurrogate(static_cast<char32_t>(point));
+  return isNone ? 0 : static_cast<char32_t>(point);
 }
 
 /// The character that an entity's name stands for; 0 for none.
@@ -44,16 +46,6 @@ char32_t PointOf(StringView name) {
     if (EqualsIgnoreCase(name, entity.name)) return entity.point;
   }
   return 0;
-}
-
-void Append(String& text, char32_t point) {
-  if (point < 0x10000) {
-    text.push_back(static_cast<char16_t>(point));
-    return;
-  }
-  point -= 0x10000;
-  text.push_back(static_cast<char16_t>(0xD800 + (point >> 10)));
-  text.push_back(static_cast<char16_t>(0xDC00 + (point & 0x3FF)));
 }
 
 }  // namespace
@@ -68,7 +60,7 @@ String DecodeEntities(StringView text) {
     if (point == 0) {
       decoded.push_back(text[at++]);
     } else {
-      Append(decoded, point);
+      AppendCodePoint(decoded, point);
       at += end + 1;
     }
   }

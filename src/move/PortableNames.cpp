@@ -4,6 +4,7 @@
 
 #include "text/Encoding.h"
 #include "text/Number.h"
+#include "text/Utf16.h"
 #include "text/WindowsPath.h"
 
 namespace norvo {
@@ -57,14 +58,11 @@ String Likeness(char16_t unit, const CodePage* page) {
   if (page == nullptr || page->Fits(StringView(&unit, 1))) return String(1, unit);
   if (unit >= 0x0100 && unit < 0x0180) return String(1, kPlainLatin[unit - 0x0100U]);
   const bool isMark = unit >= 0x0300 && unit < 0x0370;
-  const bool isSecondHalf = unit >= 0xDC00 && unit < 0xE000;
-  return isMark || isSecondHalf ? u"" : u"_";
+  return isMark || IsLowSurrogate(unit) ? u"" : u"_";
 }
 
 StringView TrimmedEnds(StringView name) {
-  while (!name.empty() && name.front() == u' ') name.remove_prefix(1);
-  while (!name.empty() && (name.back() == u' ' || name.back() == u'.')) name.remove_suffix(1);
-  return name;
+  return WithoutTrail(TrimStart(name, [](char16_t unit) { return unit == u' '; }));
 }
 
 /// The extension with its point; empty for a name without one, or with one that is none.
@@ -87,7 +85,7 @@ String WithMark(StringView name, const String& mark, std::size_t most) {
   const std::size_t taken = ByteCount(mark) + ByteCount(extension);
   while (base.size() > 1 && ByteCount(base) + taken > most) base.remove_suffix(1);
   // No half of a character at the cut.
-  if (base.size() > 1 && base.back() >= 0xD800 && base.back() < 0xDC00) base.remove_suffix(1);
+  if (base.size() > 1 && IsHighSurrogate(base.back())) base.remove_suffix(1);
   base = TrimmedEnds(base);
   return String(base.empty() ? StringView(u"_") : base).append(mark).append(extension);
 }

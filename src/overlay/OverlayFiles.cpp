@@ -19,14 +19,10 @@ namespace {
 constexpr std::size_t kLongestPath = 4096;
 constexpr std::size_t kLongestName = 255;  // bytes
 
-bool IsControl(char16_t unit) {
-  return unit < u' ';
-}
-
 void RequirePossibleName(StringView path) {
   const StringView name = WithoutTrail(LastComponent(path));
   const bool possible = !name.empty() && IsWholeUtf16(name) &&
-                        std::none_of(name.begin(), name.end(), IsControl) &&
+                        std::none_of(name.begin(), name.end(), IsAsciiControl) &&
                         ToUtf8(name).size() <= kLongestName && path.size() <= kLongestPath;
   if (!possible) Raise(error::kPathFileAccess, path);
 }

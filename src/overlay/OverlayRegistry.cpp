@@ -4,8 +4,7 @@ namespace norvo {
 namespace {
 
 String Folded(StringView key) {
-  while (key.ends_with(u'\\')) key.remove_suffix(1);
-  return Fold(key);
+  return Fold(TrimEnd(key, [](char16_t unit) { return unit == u'\\'; }));
 }
 
 std::pair<Hive, String> NameOf(Hive hive, StringView key) {

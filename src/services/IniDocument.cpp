@@ -11,11 +11,12 @@ constexpr std::size_t kSearchedLines = 32;
 // A section of a generic file has about so many.
 constexpr std::size_t kUsualLines = 14;
 
+bool IsLineEnd(char16_t unit) {
+  return unit == u'\r' || unit == u'\n';
+}
+
 StringView TrimBlanksAndTabs(StringView text) {
-  const auto isBlank = [](char16_t unit) { return unit == u' ' || unit == u'\t'; };
-  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
-  return text;
+  return Trim(text, IsBlankOrTab);
 }
 
 StringView WithoutLineEnd(StringView value) {
@@ -30,8 +31,7 @@ String OnOneLine(StringView value) {
   line.reserve(value.size());
   for (std::size_t i = 0; i < value.size(); ++i) {
     if (value[i] == u'\r' && i + 1 < value.size() && value[i + 1] == u'\n') continue;
-    const bool lineEnd = value[i] == u'\r' || value[i] == u'\n';
-    line.push_back(lineEnd ? u' ' : value[i]);
+    line.push_back(IsLineEnd(value[i]) ? u' ' : value[i]);
   }
   return line;
 }
@@ -133,8 +133,7 @@ void IniDocument::SetValue(std::size_t section, StringView key, StringView value
   Section& target = sections_.at(section);
   key = TrimBlanksAndTabs(key);
   const StringView content = WithoutLineEnd(value);
-  const bool oneLine = std::none_of(content.begin(), content.end(),
-                                    [](char16_t unit) { return unit == u'\r' || unit == u'\n'; });
+  const bool oneLine = std::none_of(content.begin(), content.end(), IsLineEnd);
   const String joined = oneLine ? String() : OnOneLine(content);
   const StringView stored = TrimBlanksAndTabs(oneLine ? content : StringView(joined));
   if (const std::size_t position = FindKey(target, key); position != kNone) {

@@ -5,6 +5,7 @@
 #include "automation/RunTimeError.h"
 #include "services/ProfileFile.h"
 #include "text/Encoding.h"
+#include "text/Utf16.h"
 
 namespace norvo {
 namespace {
@@ -13,25 +14,18 @@ constexpr std::string_view kMark = "\xEF\xBB\xBF";
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr char kSeparator = '\t';
 
-bool IsHighHalf(char16_t unit) {
-  return unit >= 0xD800 && unit <= 0xDBFF;
-}
-bool IsLowHalf(char16_t unit) {
-  return unit >= 0xDC00 && unit <= 0xDFFF;
-}
-
 /// The text as a field of a line can hold it. A destination carries names out of tags, which may
 /// hold anything: a control character, a line end among them, becomes a blank, and half a
 /// character the replacement character, which is what it would be when the file is read again.
 String AsField(StringView text) {
   String field(text);
   for (std::size_t i = 0; i < field.size(); ++i) {
-    if (field[i] < u' ') {
+    if (IsAsciiControl(field[i])) {
       field[i] = u' ';
-    } else if (IsHighHalf(field[i]) && i + 1 < field.size() && IsLowHalf(field[i + 1])) {
+    } else if (IsPairAt(field, i)) {
       ++i;
-    } else if (IsHighHalf(field[i]) || IsLowHalf(field[i])) {
-      field[i] = 0xFFFD;
+    } else if (IsSurrogate(field[i])) {
+      field[i] = kReplacementCharacter;
     }
   }
   return field;

@@ -31,7 +31,7 @@ String ShellFolder(Component& component, std::int32_t identifier) {
       answer && !answer->path.empty() && answer->status != ShellFolders::kInvalidArgumentStatus;
   String path = usable ? std::move(answer->path) : shell.SpecialFolderPath(identifier);
   if (path.size() >= kShellBuffer) path.resize(kShellBuffer - 1);
-  return path.substr(0, path.find(u'\0'));
+  return String(BeforeNul(path));
 }
 
 }  // namespace
@@ -92,7 +92,7 @@ bool GetFileVersionString(Component& component, StringView path, String& result)
 }
 
 StringView StripNull(StringView text) {
-  return Trim(text.substr(0, text.find(u'\0')));
+  return Trim(BeforeNul(text));
 }
 
 void GetSubGroupRoot(Component& component, StringView group, String& result) {

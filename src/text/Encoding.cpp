@@ -3,21 +3,14 @@
 #include <algorithm>
 
 #include "text/Ascii.h"
+#include "text/Utf16.h"
 
 namespace norvo {
 namespace {
 
-constexpr char16_t kReplacement = 0xFFFD;
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kUtf16LittleMark = "\xFF\xFE";
 constexpr std::string_view kUtf16BigMark = "\xFE\xFF";
-
-bool IsHighHalf(char32_t unit) {
-  return unit >= 0xD800 && unit <= 0xDBFF;
-}
-bool IsLowHalf(char32_t unit) {
-  return unit >= 0xDC00 && unit <= 0xDFFF;
-}
 
 unsigned ByteAt(std::string_view bytes, std::size_t i) {
   return static_cast<unsigned char>(bytes[i]);
@@ -40,18 +33,8 @@ std::size_t DecodeSequence(std::string_view bytes, std::size_t at, char32_t& poi
     point = (point << 6) | (next & 0x3Fu);
   }
   const bool tooLong = (length == 3 && point < 0x800) || (length == 4 && point < 0x10000);
-  const bool outside = point > 0x10FFFF || (point >= 0xD800 && point <= 0xDFFF);
+  const bool outside = point > 0x10FFFF || IsSurrogate(point);
   return tooLong || outside ? 0 : length;
-}
-
-void AppendUtf16(String& text, char32_t point) {
-  if (point < 0x10000) {
-    text.push_back(static_cast<char16_t>(point));
-    return;
-  }
-  point -= 0x10000;
-  text.push_back(static_cast<char16_t>(0xD800 + (point >> 10)));
-  text.push_back(static_cast<char16_t>(0xDC00 + (point & 0x3FF)));
 }
 
 /// Decodes UTF-8; false when `strict` and a byte is not valid.
@@ -65,8 +48,8 @@ bool DecodeUtf8(std::string_view bytes, bool strict, String& text) {
     char32_t point = 0;
     const std::size_t length = DecodeSequence(bytes, at, point);
     if (length == 0 && strict) return false;
-    if (length == 0) point = kReplacement;
-    AppendUtf16(text, point);
+    if (length == 0) point = kReplacementCharacter;
+    AppendCodePoint(text, point);
     at += length == 0 ? 1 : length;
   }
   return true;
@@ -171,10 +154,11 @@ void AppendUtf8(std::string& bytes, StringView text) {
   }
   for (std::size_t i = 0; i < text.size(); ++i) {
     char32_t point = text[i];
-    if (IsHighHalf(point) && i + 1 < text.size() && IsLowHalf(text[i + 1])) {
-      point = 0x10000 + ((point - 0xD800) << 10) + (text[++i] - 0xDC00u);
-    } else if (IsHighHalf(point) || IsLowHalf(point)) {
-      point = kReplacement;
+    if (IsPairAt(text, i)) {
+      point = CodePointOf(text[i], text[i + 1]);
+      ++i;
+    } else if (IsSurrogate(point)) {
+      point = kReplacementCharacter;
     }
     AppendPoint(bytes, point);
   }
@@ -182,8 +166,8 @@ void AppendUtf8(std::string& bytes, StringView text) {
 
 bool IsWholeUtf16(StringView text) {
   for (std::size_t i = 0; i < text.size(); ++i) {
-    if (!IsHighHalf(text[i]) && !IsLowHalf(text[i])) continue;
-    if (!IsHighHalf(text[i]) || i + 1 == text.size() || !IsLowHalf(text[i + 1])) return false;
+    if (!IsSurrogate(text[i])) continue;
+    if (!IsPairAt(text, i)) return false;
     ++i;
   }
   return true;

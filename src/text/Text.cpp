@@ -48,12 +48,6 @@ std::size_t FindIgnoreCase(StringView text, StringView sought, std::size_t from)
   return StringView::npos;
 }
 
-StringView Trim(StringView text) noexcept {
-  while (!text.empty() && text.front() == u' ') text.remove_prefix(1);
-  while (!text.empty() && text.back() == u' ') text.remove_suffix(1);
-  return text;
-}
-
 bool LessIgnoreCase(StringView left, StringView right) noexcept {
   const std::size_t shared = std::min(left.size(), right.size());
   for (std::size_t i = 0; i < shared; ++i) {

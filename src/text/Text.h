@@ -41,8 +41,43 @@ inline bool ContainsIgnoreCase(StringView text, StringView sought) noexcept {
   return FindIgnoreCase(text, sought) != StringView::npos;
 }
 
+/// Kinds of units around names and values; each format has its own idea of what is not part of
+/// them.
+constexpr bool IsBlankOrTab(char16_t unit) noexcept {
+  return unit == u' ' || unit == u'\t';
+}
+constexpr bool IsAsciiControl(char16_t unit) noexcept {
+  return unit < u' ';
+}
+constexpr bool IsBlankOrControl(char16_t unit) noexcept {
+  return unit <= u' ';
+}
+
+/// The text without the units at its start, at its end, or at both, that `isDropped` accepts.
+template <class IsDropped>
+constexpr StringView TrimStart(StringView text, IsDropped isDropped) noexcept {
+  while (!text.empty() && isDropped(text.front())) text.remove_prefix(1);
+  return text;
+}
+template <class IsDropped>
+constexpr StringView TrimEnd(StringView text, IsDropped isDropped) noexcept {
+  while (!text.empty() && isDropped(text.back())) text.remove_suffix(1);
+  return text;
+}
+template <class IsDropped>
+constexpr StringView Trim(StringView text, IsDropped isDropped) noexcept {
+  return TrimEnd(TrimStart(text, isDropped), isDropped);
+}
+
 /// The text without its leading and trailing blanks (character 32 only).
-StringView Trim(StringView text) noexcept;
+constexpr StringView Trim(StringView text) noexcept {
+  return Trim(text, [](char16_t unit) { return unit == u' '; });
+}
+
+/// The text before its first NUL character.
+constexpr StringView BeforeNul(StringView text) noexcept {
+  return text.substr(0, text.find(u'\0'));
+}
 
 /// Orders texts by their folded forms, and texts that differ only in case by their units, so that
 /// an order is always complete.

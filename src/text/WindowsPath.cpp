@@ -64,8 +64,7 @@ StringView ParentFolder(StringView path) noexcept {
 }
 
 StringView WithoutTrail(StringView name) noexcept {
-  while (!name.empty() && (name.back() == u'.' || name.back() == u' ')) name.remove_suffix(1);
-  return name;
+  return TrimEnd(name, [](char16_t unit) { return unit == u'.' || unit == u' '; });
 }
 
 bool IsAbsolutePath(StringView path) noexcept {

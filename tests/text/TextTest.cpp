@@ -87,6 +87,23 @@ TEST(Text, TrimTakesBlanksOnly) {
   EXPECT_TEXT(Trim(u"\xA0x\xA0"), u"\xA0x\xA0");
 }
 
+TEST(Text, TrimmingTakesWhatItIsToldTo) {
+  EXPECT_TEXT(Trim(u"\t a\tb \t", IsBlankOrTab), u"a\tb");
+  EXPECT_TEXT(Trim(u"\r\n a\x01", IsBlankOrControl), u"a");
+  EXPECT_TEXT(Trim(u"\t a \t", IsAsciiControl), u" a ");
+  EXPECT_TEXT(TrimStart(u"  a  ", IsBlankOrTab), u"a  ");
+  EXPECT_TEXT(TrimEnd(u"  a  ", IsBlankOrTab), u"  a");
+  EXPECT_TEXT(Trim(u" \t ", IsBlankOrTab), u"");
+  EXPECT_TEXT(Trim(u"", IsBlankOrTab), u"");
+}
+
+TEST(Text, ANulEndsAText) {
+  EXPECT_TEXT(BeforeNul(u"ab"), u"ab");
+  EXPECT_TEXT(BeforeNul(StringView(u"a \0b\0", 5)), u"a ");
+  EXPECT_TEXT(BeforeNul(StringView(u"\0a", 2)), u"");
+  EXPECT_TEXT(BeforeNul(u""), u"");
+}
+
 TEST(Text, OrderIgnoresCaseAndIsComplete) {
   EXPECT_TRUE(LessIgnoreCase(u"a", u"B"));
   EXPECT_TRUE(LessIgnoreCase(u"A", u"b"));

@@ -75,7 +75,7 @@ std::optional<RegistryValue> NumberFrom(const std::string& bytes) {
 String TextFrom(const std::string& bytes) {
   String text(bytes.size() / sizeof(char16_t), u'\0');
   std::memcpy(text.data(), bytes.data(), text.size() * sizeof(char16_t));
-  return text.substr(0, text.find(u'\0'));
+  return String(BeforeNul(text));
 }
 
 template <class Number>
@@ -92,8 +92,7 @@ RawValue ToRaw(const RegistryValue& value) {
   if (const auto* const number = std::get_if<double>(&value)) {
     return RawNumber(REG_BINARY, *number);
   }
-  const StringView whole = std::get<String>(value);
-  const String text(whole.substr(0, whole.find(u'\0')));
+  const String text(BeforeNul(std::get<String>(value)));
   // The NUL behind the text is part of the value.
   const std::size_t size = (text.size() + 1) * sizeof(char16_t);
   return {REG_SZ, std::string(reinterpret_cast<const char*>(text.c_str()), size)};
