@@ -64,6 +64,17 @@ IniDocument::IniDocument(StringView text) {
   }
 }
 
+IniDocument::IniDocument(const IniDocument& other)
+    : pool_(other.pool_), preamble_(other.preamble_), sections_(other.sections_) {
+  // The names that the index views are those of the copy.
+  byName_.reserve(sections_.size());
+  for (std::size_t i = 0; i < sections_.size(); ++i) byName_.emplace(sections_[i].name, i);
+}
+
+IniDocument& IniDocument::operator=(const IniDocument& other) {
+  return *this = IniDocument(other);
+}
+
 void IniDocument::AddLine(std::size_t& section, StringView line) {
   const StringView content = TrimBlanksAndTabs(line);
   const std::size_t close = content.rfind(u']');

@@ -19,8 +19,8 @@ class IniDocument {
   static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
   IniDocument() = default;
-  IniDocument(const IniDocument&) = delete;
-  IniDocument& operator=(const IniDocument&) = delete;
+  IniDocument(const IniDocument& other);
+  IniDocument& operator=(const IniDocument& other);
   IniDocument(IniDocument&&) = default;
   IniDocument& operator=(IniDocument&&) = default;
   /// CR LF, LF and a lone CR end a line; ";" starts a comment line; blanks around names and values

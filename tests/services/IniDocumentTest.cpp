@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <random>
 
 #include "support/TextPrinting.h"
@@ -166,6 +167,41 @@ TEST(IniDocument, AnyTextIsStableOnceWritten) {
     const String once = IniDocument(text).ToText();
     ASSERT_TEXT(IniDocument(once).ToText(), once) << "from " << Utf8(text);
   }
+}
+
+TEST(IniDocument, ACopyIsADocumentOfItsOwn) {
+  String many = u"; top\r\n[A]\r\nx=1\r\n[Many]\r\n";
+  for (int i = 0; i < 100; ++i) many += u"k" + FormatInteger(i) + u"=" + FormatInteger(i) + u"\r\n";
+  auto original = std::make_unique<IniDocument>(many);
+  ASSERT_TEXT(ValueOf(*original, u"many", u"K99"), u"99");  // its keys are indexed now
+  IniDocument copy(*original);
+  EXPECT_TEXT(copy.ToText(), many);
+  original->SetValue(original->FindSection(u"A"), u"x", u"2");
+  copy.SetValue(copy.FindSection(u"many"), u"K99", u"other");
+  copy.SetValue(copy.FindOrAddSection(u"B"), u"y", u"3");
+  EXPECT_TEXT(ValueOf(*original, u"A", u"x"), u"2");
+  EXPECT_TEXT(ValueOf(*original, u"Many", u"k99"), u"99");
+  EXPECT_EQ(original->FindSection(u"B"), IniDocument::kNone);
+  original.reset();
+  EXPECT_TEXT(ValueOf(copy, u"A", u"x"), u"1");
+  EXPECT_TEXT(ValueOf(copy, u"Many", u"k99"), u"other");
+  EXPECT_TEXT(ValueOf(copy, u"Many", u"k0"), u"0");
+  EXPECT_TEXT(ValueOf(copy, u"b", u"y"), u"3");
+}
+
+TEST(IniDocument, AnAssignedDocumentReplacesTheOneBefore) {
+  IniDocument target(u"[Old]\r\na=1\r\n");
+  {
+    const IniDocument source(u"[New]\r\na=2\r\n[Other]\r\nb=3\r\n");
+    target = source;
+    EXPECT_TEXT(source.ToText(), u"[New]\r\na=2\r\n[Other]\r\nb=3\r\n");
+  }
+  EXPECT_EQ(target.FindSection(u"Old"), IniDocument::kNone);
+  EXPECT_TEXT(ValueOf(target, u"new", u"a"), u"2");
+  EXPECT_TEXT(ValueOf(target, u"other", u"b"), u"3");
+  const IniDocument& itself = target;
+  target = itself;
+  EXPECT_TEXT(ValueOf(target, u"other", u"b"), u"3");
 }
 
 TEST(IniDocument, NulsAndHugeLinesAreOrdinaryText) {
