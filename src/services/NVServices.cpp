@@ -3,6 +3,7 @@
 #include "services/Logging.h"
 #include "services/Utility.h"
 #include "text/Wildcard.h"
+#include "text/WindowsPath.h"
 
 namespace norvo::NVServices {
 namespace {
@@ -58,12 +59,7 @@ bool DoesFileExist(Component& component, StringView path) {
 
 bool CreatePath(Component& component, StringView path) {
   if (!path.empty() && path.back() == u'\\') path.remove_suffix(1);
-  for (std::size_t end = path.find(u'\\'); end != StringView::npos;
-       end = path.find(u'\\', end + 1)) {
-    // The first piece keeps its backslash: a drive's root is "C:\".
-    const bool first = path.find(u'\\') == end;
-    if (end > 0) CreateLevel(component, path.substr(0, first ? end + 1 : end));
-  }
+  for (const StringView folder : FoldersAbove(path)) CreateLevel(component, folder);
   CreateLevel(component, path);
   return AnswerOrWarn(component, {WarningKind::FolderNotChecked, path, kCreatePathError}, false,
                       [&] { return component.Files().FolderExists(path); });

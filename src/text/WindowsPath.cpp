@@ -1,7 +1,5 @@
 #include "text/WindowsPath.h"
 
-#include <vector>
-
 namespace norvo {
 namespace {
 
@@ -61,6 +59,16 @@ StringView ParentFolder(StringView path) noexcept {
   if (last == StringView::npos) return {};
   const bool root = last == 2 && HasDrive(path);
   return path.substr(0, root ? 3 : last);
+}
+
+std::vector<StringView> FoldersAbove(StringView path) {
+  std::vector<StringView> folders;
+  const std::size_t first = path.find(u'\\');
+  for (std::size_t end = first; end != StringView::npos; end = path.find(u'\\', end + 1)) {
+    // The first piece keeps its backslash: a drive's root is "C:\".
+    if (end > 0) folders.push_back(path.substr(0, end == first ? end + 1 : end));
+  }
+  return folders;
 }
 
 StringView WithoutTrail(StringView name) noexcept {

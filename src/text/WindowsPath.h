@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "text/Text.h"
 
 namespace norvo {
@@ -21,6 +23,10 @@ StringView LastComponent(StringView path) noexcept;
 
 /// What precedes the last separator, without it; a drive's root keeps its own ("C:\").
 StringView ParentFolder(StringView path) noexcept;
+
+/// The folders above a path, the outermost first, by its backslashes alone: "C:\a\b" lies in "C:\"
+/// and "C:\a". Only the first keeps its backslash. The views point into `path`.
+std::vector<StringView> FoldersAbove(StringView path);
 
 /// The name without its trailing points and blanks, which do not matter.
 StringView WithoutTrail(StringView name) noexcept;

@@ -100,6 +100,22 @@ TEST_F(NVServicesTest, APassingErrorAtOneLevelDoesNotSpoilTheResult) {
   EXPECT_EQ(Utf8(log), (Lines{" NVServices::CreatePath -> ERROR!!!  Device I/O error"}));
 }
 
+TEST_F(NVServicesTest, EachLevelOfAChainIsAskedForOnceAndTheWholeOnceMore) {
+  const std::pair<StringView, Lines> rows[] = {
+      {u"C:\\", {"C:", "C:"}},
+      {u"C:\\a\\\\", {"C:\\", "C:\\a", "C:\\a\\", "C:\\a\\"}},
+      {u"\\\\server\\share", {"\\", "\\\\server", "\\\\server\\share", "\\\\server\\share"}},
+      {u"", {"", ""}}};
+  platform->AddFolder(u"C:\\a");
+  for (const auto& [path, asked] : rows) {
+    platform->Log().Clear();
+    CreatePath(component, path);
+    Lines expected;
+    for (const std::string& folder : asked) expected.push_back("FolderExists " + folder);
+    EXPECT_EQ(TraceOf(u"FolderExists"), expected) << Utf8(path);
+  }
+}
+
 TEST_F(NVServicesTest, WhatCannotBeAFolderIsNotCreated) {
   platform->AddFile(u"C:\\file", "x");
   for (const StringView path :

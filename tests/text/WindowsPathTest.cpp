@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <vector>
 
 #include "support/TextPrinting.h"
 
@@ -93,6 +94,28 @@ TEST(WindowsPath, AbsolutePathsAreMadeAsWindowsMakesThem) {
   for (const Row& row : kRows) {
     EXPECT_TEXT(AbsolutePath(row.path, u"D:"), row.expected) << Utf8(row.path);
   }
+}
+
+struct AboveRow {
+  StringView path;
+  std::vector<StringView> folders;
+};
+
+TEST(WindowsPath, TheFoldersAboveAPathComeFromTheRootOutwards) {
+  const AboveRow rows[] = {
+      {u"", {}},
+      {u"a", {}},
+      {u"C:", {}},
+      {u"C:\\", {u"C:\\"}},
+      {u"C:\\a", {u"C:\\"}},
+      {u"C:\\a\\b\\c", {u"C:\\", u"C:\\a", u"C:\\a\\b"}},
+      {u"C:\\a\\", {u"C:\\", u"C:\\a"}},
+      {u"C:/a\\b", {u"C:/a\\"}},
+      {u"C:\\\\a", {u"C:\\", u"C:\\"}},
+      {u"\\a\\b", {u"\\a"}},
+      {u"\\\\server\\share\\a", {u"\\", u"\\\\server", u"\\\\server\\share"}},
+  };
+  for (const AboveRow& row : rows) EXPECT_EQ(FoldersAbove(row.path), row.folders) << Utf8(row.path);
 }
 
 TEST(WindowsPath, AnAbsolutePathStaysAsItIs) {
