@@ -12,13 +12,7 @@ bool MatchesAny(StringView name, std::span<const StringView> patterns) {
 }
 
 std::vector<StringView> SplitPatterns(StringView list) {
-  std::vector<StringView> patterns;
-  for (std::size_t comma = list.find(u','); comma != StringView::npos; comma = list.find(u',')) {
-    patterns.push_back(list.substr(0, comma));
-    list.remove_prefix(comma + 1);
-  }
-  patterns.push_back(list);
-  return patterns;
+  return Split(list, u',');
 }
 
 bool IsSkippedFolder(StringView name) {

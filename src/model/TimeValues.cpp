@@ -39,18 +39,8 @@ String ClockOf(std::int16_t seconds) {
                    static_cast<std::int16_t>(rest % kSecondsPerMinute));
 }
 
-std::vector<StringView> SplitAtColons(StringView text) {
-  std::vector<StringView> parts;
-  for (std::size_t colon = text.find(u':'); colon != StringView::npos; colon = text.find(u':')) {
-    parts.push_back(text.substr(0, colon));
-    text.remove_prefix(colon + 1);
-  }
-  parts.push_back(text);
-  return parts;
-}
-
 String SecondsOf(StringView clock) {
-  const std::vector<StringView> parts = SplitAtColons(clock);
+  const std::vector<StringView> parts = Split(clock, u':');
   if (parts.size() < 3) throw RunTimeError(error::kSubscriptOutOfRange);
   const std::int16_t hours = NarrowToInt16(Int16FromText(parts[0]) * kSecondsPerHour);
   const std::int16_t minutes = NarrowToInt16(Int16FromText(parts[1]) * kSecondsPerMinute);

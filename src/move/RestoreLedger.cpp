@@ -24,13 +24,8 @@ constexpr StringView kUndone = u"undone";
 constexpr StringView kSong = u"song";  // its name, place, artist, album
 
 std::vector<String> Fields(StringView line) {
-  std::vector<String> fields;
-  for (std::size_t tab = line.find(u'\t'); tab != StringView::npos; tab = line.find(u'\t')) {
-    fields.emplace_back(line.substr(0, tab));
-    line.remove_prefix(tab + 1);
-  }
-  fields.emplace_back(line);
-  return fields;
+  const std::vector<StringView> fields = Split(line, u'\t');
+  return {fields.begin(), fields.end()};
 }
 
 std::string BeginLine(const std::string& fingerprint, const String& neutralFile,

@@ -37,12 +37,6 @@ FileTime InSeconds(std::int64_t nanoseconds) {
   return nanoseconds / 1'000'000'000;
 }
 
-bool HasEnding(StringView name, std::span<const StringView> endings) {
-  return endings.empty() || std::any_of(endings.begin(), endings.end(), [name](StringView ending) {
-           return EndsWithIgnoreCase(name, ending);
-         });
-}
-
 }  // namespace
 
 class OverlayFiles::OpenedFile final : public BinaryFile {
@@ -289,7 +283,7 @@ std::vector<FolderItem> OverlayFiles::ListFolder(StringView path,
   });
   for (const auto& [key, child] : children) {
     if (child.kind == Node::Kind::File) {
-      if (HasEnding(child.path, endings)) items.push_back({child.path, false});
+      if (HasWantedEnding(child.path, endings)) items.push_back({child.path, false});
     } else if (child.kind == Node::Kind::Folder &&
                // Whether a folder below is listed is for the machine to say.
                !below_.Files().FolderExists(folder.path + u'\\' + child.path)) {

@@ -29,20 +29,13 @@ String OverlayShell::SpecialFolderPath(std::int32_t identifier) {
 }
 
 String OverlayProduct::Folder() {
-  const String folder = Value(u"ProductFolder");
+  const String folder = ReadText(registry_, BaseKey(), product_values::kFolder);
   return folder.empty() ? below_.Product().Folder() : Utility::AddBackslash(folder);
 }
 
 String OverlayProduct::Name() {
-  const String name = Value(u"ProductName");
+  const String name = ReadText(registry_, BaseKey(), product_values::kName);
   return name.empty() ? below_.Product().Name() : name;
-}
-
-String OverlayProduct::Value(StringView name) {
-  RegistryKey key(registry_);
-  String value;
-  if (key.Open(BaseKey())) key.Read(name, value);
-  return value;
 }
 
 }  // namespace norvo

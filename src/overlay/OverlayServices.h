@@ -32,8 +32,6 @@ class OverlayProduct final : public ProductInformation {
   String Name() override;
 
  private:
-  String Value(StringView name);
-
   Platform& below_;
   Registry& registry_;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -96,5 +97,11 @@ class FileSystem {
   /// The same moment in the machine's local time.
   virtual Date LocalDate(FileTime time) = 0;
 };
+
+/// Whether `ListFolder` gives a file of that name.
+inline bool HasWantedEnding(StringView name, std::span<const StringView> endings) {
+  const auto ends = [name](StringView ending) { return EndsWithIgnoreCase(name, ending); };
+  return endings.empty() || std::any_of(endings.begin(), endings.end(), ends);
+}
 
 }  // namespace norvo

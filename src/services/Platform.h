@@ -33,6 +33,13 @@ class ShellFolders {
   virtual String SpecialFolderPath(std::int32_t identifier) = 0;
 };
 
+/// Where the product's own facts stand in the registry, and how they are named there.
+namespace product_values {
+inline constexpr StringView kBaseKey = u"SOFTWARE\\Norvo\\Migration";
+inline constexpr StringView kFolder = u"ProductFolder";
+inline constexpr StringView kName = u"ProductName";
+}  // namespace product_values
+
 /// The product's own facts. Each may raise.
 class ProductInformation {
  public:

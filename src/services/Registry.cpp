@@ -39,4 +39,18 @@ bool RegistryKey::Write(StringView name, const RegistryValue& value) const {
   return hive_ && registry_.Write(*hive_, key_, name, value);
 }
 
+String ReadText(Registry& registry, StringView key, StringView name) {
+  String value;
+  RegistryKey open(registry);
+  if (open.Open(key)) open.Read(name, value);
+  return value;
+}
+
+String ReadTextIn(Registry& registry, Hive hive, StringView key, StringView name) {
+  String value;
+  RegistryKey open(registry);
+  if (open.OpenIn(hive, key)) open.Read(name, value);
+  return value;
+}
+
 }  // namespace norvo

@@ -52,4 +52,8 @@ class RegistryKey {
   String key_;
 };
 
+/// A text of the key that a plain open finds, or of a key of one hive; empty when there is none.
+String ReadText(Registry& registry, StringView key, StringView name);
+String ReadTextIn(Registry& registry, Hive hive, StringView key, StringView name);
+
 }  // namespace norvo

@@ -165,4 +165,15 @@ std::string ReadWholeFile(BinaryFile& file) {
   }
 }
 
+std::optional<std::string> ReadFileIfThere(FileSystem& files, StringView path) {
+  try {
+    return ReadWholeFile(*files.OpenForReading(path));
+  } catch (const RunTimeError& failure) {
+    const bool missing =
+        failure.Number() == error::kFileNotFound || failure.Number() == error::kPathNotFound;
+    if (!missing) throw;
+    return std::nullopt;
+  }
+}
+
 }  // namespace norvo

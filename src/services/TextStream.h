@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "services/FileSystem.h"
@@ -67,5 +68,8 @@ class TextWriter {
 /// All bytes of a file, read in pieces of growing size. Error 7 for a file of more than 64 MiB: no
 /// playlist and no settings file comes near that. `TextStream` has the same limit.
 std::string ReadWholeFile(BinaryFile& file);
+
+/// The same of the file at a path; nothing when there is none.
+std::optional<std::string> ReadFileIfThere(FileSystem& files, StringView path);
 
 }  // namespace norvo

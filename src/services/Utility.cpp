@@ -35,13 +35,6 @@ class AsciiCandidates {
   std::bitset<128> sought_;
 };
 
-String ReadText(Component& component, Hive hive, StringView key, StringView name) {
-  String value;
-  RegistryKey open(component.Machine().Registry());
-  if (open.OpenIn(hive, key)) open.Read(name, value);
-  return value;
-}
-
 bool IsOnDrive(StringView path) {
   return Matches(path, u"?:\\*", Compare::Text);
 }
@@ -93,16 +86,16 @@ String CleanString(String& text) {
 
 String GetAppPath(Component& component, StringView programFile) {
   return AnswerOr(String(), [&] {
-    const String folder =
-        ReadText(component, Hive::LocalMachine, String(kAppPaths) + String(programFile), u"Path");
+    const String folder = ReadTextIn(component.Machine().Registry(), Hive::LocalMachine,
+                                     String(kAppPaths) + String(programFile), u"Path");
     return IsOnDrive(folder) ? AddBackslash(folder) : String();
   });
 }
 
 String GetShellOpenFolder(Component& component, StringView fileClass, StringView programFile) {
   return AnswerOr(String(), [&] {
-    const String command =
-        ReadText(component, Hive::ClassesRoot, String(fileClass) + u"\\shell\\open\\command", {});
+    const String command = ReadTextIn(component.Machine().Registry(), Hive::ClassesRoot,
+                                      String(fileClass) + u"\\shell\\open\\command", {});
     const std::size_t program = FindIgnoreCase(command, programFile);
     // A command in quotes does not begin with a drive and is therefore not taken.
     if (program == StringView::npos || !IsOnDrive(command)) return String();

@@ -48,6 +48,17 @@ std::size_t FindIgnoreCase(StringView text, StringView sought, std::size_t from)
   return StringView::npos;
 }
 
+std::vector<StringView> Split(StringView text, char16_t separator) {
+  std::vector<StringView> pieces;
+  for (std::size_t end = text.find(separator); end != StringView::npos;
+       end = text.find(separator)) {
+    pieces.push_back(text.substr(0, end));
+    text.remove_prefix(end + 1);
+  }
+  pieces.push_back(text);
+  return pieces;
+}
+
 bool LessIgnoreCase(StringView left, StringView right) noexcept {
   const std::size_t shared = std::min(left.size(), right.size());
   for (std::size_t i = 0; i < shared; ++i) {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace norvo {
 
@@ -78,6 +79,9 @@ constexpr StringView Trim(StringView text) noexcept {
 constexpr StringView BeforeNul(StringView text) noexcept {
   return text.substr(0, text.find(u'\0'));
 }
+
+/// The pieces between the separators, as views of `text`: one more than there are separators.
+std::vector<StringView> Split(StringView text, char16_t separator);
 
 /// Orders texts by their folded forms, and texts that differ only in case by their units, so that
 /// an order is always complete.

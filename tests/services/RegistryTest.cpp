@@ -40,6 +40,17 @@ TEST_F(RegistryTest, AnOpenInOneHiveLooksNowhereElse) {
   EXPECT_TEXT(text, u"default");
 }
 
+TEST_F(RegistryTest, ATextIsReadInOneStepAndEmptyWhenThereIsNone) {
+  platform->SetRegistry(Hive::LocalMachine, u"X", u"v", String(u"machine"));
+  platform->SetRegistry(Hive::ClassesRoot, u"X", u"v", String(u"class"));
+  platform->SetRegistry(Hive::LocalMachine, u"X", u"n", std::int32_t{7});
+  EXPECT_TEXT(ReadText(platform->Registry(), u"X", u"v"), u"machine");
+  EXPECT_TEXT(ReadTextIn(platform->Registry(), Hive::ClassesRoot, u"X", u"v"), u"class");
+  EXPECT_TEXT(ReadTextIn(platform->Registry(), Hive::CurrentUser, u"X", u"v"), u"");
+  EXPECT_TEXT(ReadText(platform->Registry(), u"X", u"n"), u"");
+  EXPECT_TEXT(ReadText(platform->Registry(), u"Y", u"v"), u"");
+}
+
 TEST_F(RegistryTest, OpeningNeverCreatesAKey) {
   EXPECT_FALSE(key.Open(u"Software\\X"));
   EXPECT_FALSE(key.OpenIn(Hive::CurrentUser, u"Software\\X"));

@@ -299,6 +299,16 @@ TEST_F(TextStreamTest, WholeFilesOfAnySizeAreReadByteForByte) {
   }
 }
 
+TEST_F(TextStreamTest, AFileThatIsMissingIsNoneAndOneThatCannotBeReadIsAnError) {
+  platform->AddFile(u"C:\\a.bin", "bytes");
+  EXPECT_EQ(ReadFileIfThere(platform->Files(), u"C:\\a.bin"), "bytes");
+  EXPECT_EQ(ReadFileIfThere(platform->Files(), u"C:\\b.bin"), std::nullopt);
+  EXPECT_EQ(ReadFileIfThere(platform->Files(), u"C:\\x\\b.bin"), std::nullopt);
+  platform->FailOn(u"OpenForReading", 1, error::kPermissionDenied);
+  EXPECT_EQ(NumberRaisedBy([&] { ReadFileIfThere(platform->Files(), u"C:\\a.bin"); }),
+            error::kPermissionDenied);
+}
+
 TEST_F(TextStreamTest, AFileOfSixtyFourMebibytesIsTheLargest) {
   constexpr std::size_t kLargest = 64u * 1024 * 1024;
   for (const std::size_t size : {kLargest, kLargest + 1}) {

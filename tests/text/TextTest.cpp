@@ -104,6 +104,14 @@ TEST(Text, ANulEndsAText) {
   EXPECT_TEXT(BeforeNul(u""), u"");
 }
 
+TEST(Text, ASplitTextHasOnePieceMoreThanSeparators) {
+  using Pieces = std::vector<StringView>;
+  EXPECT_EQ(Split(u"a:b::c", u':'), (Pieces{u"a", u"b", u"", u"c"}));
+  EXPECT_EQ(Split(u":a:", u':'), (Pieces{u"", u"a", u""}));
+  EXPECT_EQ(Split(u"a", u':'), (Pieces{u"a"}));
+  EXPECT_EQ(Split(u"", u':'), (Pieces{u""}));
+}
+
 TEST(Text, OrderIgnoresCaseAndIsComplete) {
   EXPECT_TRUE(LessIgnoreCase(u"a", u"B"));
   EXPECT_TRUE(LessIgnoreCase(u"A", u"b"));

@@ -59,13 +59,6 @@ SearchHandle FindFirst(const String& pattern, WIN32_FIND_DATAW& found, DWORD fla
                                          FindExSearchNameMatch, nullptr, flags));
 }
 
-bool HasEnding(StringView name, std::span<const StringView> endings) {
-  for (const StringView ending : endings) {
-    if (EndsWithIgnoreCase(name, ending)) return true;
-  }
-  return endings.empty();
-}
-
 }  // namespace
 
 bool WindowsFileSystem::FolderExists(StringView path) {
@@ -183,7 +176,7 @@ std::vector<FolderItem> WindowsFileSystem::ListFolder(StringView path,
     String name = FromWide(found.cFileName);
     const bool isFolder = IsFolder(found.dwFileAttributes);
     if (name == u"." || name == u"..") continue;
-    if (isFolder ? IsLink(found) : !HasEnding(name, endings)) continue;
+    if (isFolder ? IsLink(found) : !HasWantedEnding(name, endings)) continue;
     if (IsReachableName(name)) {
       items.push_back({std::move(name), isFolder});
     } else {

@@ -7,24 +7,17 @@
 namespace norvo {
 
 String WindowsProduct::BaseKey() {
-  return u"SOFTWARE\\Norvo\\Migration";
-}
-
-String WindowsProduct::Value(StringView name) {
-  RegistryKey key(registry_);
-  String value;
-  if (key.Open(BaseKey())) key.Read(name, value);
-  return value;
+  return String(product_values::kBaseKey);
 }
 
 String WindowsProduct::Folder() {
-  const String folder = Value(u"ProductFolder");
+  const String folder = ReadText(registry_, product_values::kBaseKey, product_values::kFolder);
   if (!folder.empty()) return Utility::AddBackslash(folder);
   return Utility::AddBackslash(ParentFolder(ModulePath()));
 }
 
 String WindowsProduct::Name() {
-  return Value(u"ProductName");
+  return ReadText(registry_, product_values::kBaseKey, product_values::kName);
 }
 
 }  // namespace norvo

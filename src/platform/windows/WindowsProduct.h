@@ -15,8 +15,6 @@ class WindowsProduct final : public ProductInformation {
   String Name() override;
 
  private:
-  String Value(StringView name);
-
   Registry& registry_;
 };
 

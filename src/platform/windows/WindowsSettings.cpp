@@ -4,7 +4,6 @@
 
 #include <utility>
 
-#include "automation/RunTimeError.h"
 #include "platform/windows/QuietDrives.h"
 #include "platform/windows/SystemPath.h"
 #include "platform/windows/UniqueHandle.h"
@@ -70,14 +69,7 @@ class Replacement {
 }  // namespace
 
 std::optional<std::string> WindowsSettings::Read(StringView path) {
-  try {
-    return ReadWholeFile(*files_.OpenForReading(path));
-  } catch (const RunTimeError& failure) {
-    const bool missing =
-        failure.Number() == error::kFileNotFound || failure.Number() == error::kPathNotFound;
-    if (!missing) throw;
-    return std::nullopt;
-  }
+  return ReadFileIfThere(files_, path);
 }
 
 void WindowsSettings::Write(StringView path, const std::string& bytes) {
