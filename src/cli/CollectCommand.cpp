@@ -1,63 +1,98 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/CollectReport.h"
-#include "cli/Commands.h"
-#include "cli/Report.h"
-#include "controller/QueueMode.h"
-#include "move/LibraryCalls.h"
-#include "move/Scanning.h"
-#include "move/Setup.h"
-#include "services/ObserverScope.h"
+#include "cli/CommonOptions.h"
+#include "cli/ConsoleObserver.h"
+#include "cli/NamedMachine.h"
+#include "cli/PathDocument.h"
+#include "cli/PlaylistWords.h"
+#include "cli/ScanFailure.h"
+#include "cli/SetupReport.h"
+#include "move/CollectPlaylists.h"
 #include "text/Encoding.h"
 
-namespace norvo {
+namespace norvo::cli {
 namespace {
 
-/// The queue stops at a playlist that it cannot count; those behind it are never begun.
-void TellUnfinished(const std::vector<ListedPlaylist>& listed,
-                    const std::vector<PlaylistResult>& results, Console& console) {
-  const std::string reason = ": not processed, the queue ended before: see the warning above";
-  for (const PlaylistResult& result : results) {
-    if (!result.outcome) {
-      console.LeftOut(ToUtf8(result.path) +
-                      ": not processed, and the queue ended here: it may have too many entries; "
-                      "move it away and run again");
-    }
+constexpr HelpText kHelp = {R"(Examples:
+  norvo-playlists collect --machine /mnt/old-disk
+  norvo-playlists collect --init --machine /mnt/old-disk --log
+  norvo-playlists collect --machine /mnt/old-disk --json > report.json)",
+                            R"(Examples:
+  norvo-playlists collect
+  norvo-playlists collect --init --log
+  norvo-playlists collect --json > report.json)"};
+
+/// Tells at once what is left out.
+class CollectObserver final : public ConsoleObserver {
+ public:
+  using ConsoleObserver::ConsoleObserver;
+
+  void OnDropped(const CollectedPlaylist& playlist, const DroppedItem& drop) override {
+    Console().LeftOut(ToUtf8(playlist.path) + ": " + LeftOutText(drop));
   }
-  for (std::size_t i = results.size(); i < listed.size(); ++i) {
-    console.LeftOut(ToUtf8(listed[i].path) + reason);
+  void OnCollected(const CollectedPlaylist& playlist) override {
+    const std::string failure = FailureText(playlist);
+    if (!failure.empty()) Console().LeftOut(ToUtf8(playlist.path) + ": " + failure);
+  }
+  void OnReplaced(const CollectedPlaylist& earlier, const CollectedPlaylist& later) override {
+    Console().LeftOut(ToUtf8(earlier.path) + ": its neutral file is replaced by that of " +
+                      ToUtf8(later.path) + ", which has the same name: rename one of the two");
+  }
+};
+
+/// The queue stops at a playlist that it cannot count; those behind it are never begun.
+void TellUnfinished(const CollectResult& result, Console& console) {
+  for (const CollectedPlaylist& playlist : result.playlists) {
+    if (playlist.outcome) continue;
+    console.LeftOut(ToUtf8(playlist.path) +
+                    ": not processed, and the queue ended here: it may have too many entries; "
+                    "move it away and run again");
+  }
+  for (std::size_t i = result.playlists.size(); i < result.scan.playlists.size(); ++i) {
+    console.LeftOut(ToUtf8(result.scan.playlists[i].path) +
+                    ": not processed, the queue ended before: see the warning above");
   }
 }
+
+class CollectCommand final : public Command {
+ public:
+  CLI::App* AddTo(CLI::App& program, CommonArguments& common) override {
+    CLI::App* const app =
+        program.add_subcommand("collect", "Find the playlists and write their neutral files");
+    AddCommonOptions(*app, common, true);
+    app->add_flag("--init", init_, "First write the settings that are missing");
+    app->footer(kHelp.Here());
+    return app;
+  }
+
+  Json Run(const CommonArguments& common, Console& console) override {
+    const auto machine = OpenMachine(common.machine, console)->Platform();
+    CollectObserver observer(console);
+    SetupResult setup;
+    if (init_) {
+      setup = SetUpMachine(machine, {}, {}, observer);
+      SaySetup(setup.steps, console);
+    }
+    const CollectResult result = NamingScanFailure(
+        *machine, [&] { return CollectPlaylists(machine, {common.log}, observer); });
+    TellUnfinished(result, console);
+    SayCollected(result, *machine, console);
+    if (!console.IsJson()) return {};
+    Json document = CollectedDocument(result, *machine);
+    AddLog(document, result.log);
+    if (init_) document["init"] = SetupDocument(setup.steps);
+    return document;
+  }
+
+ private:
+  bool init_ = false;
+};
 
 }  // namespace
 
-Json RunCollect(const CommonArguments& common, const CollectArguments& arguments,
-                Console& console) {
-  Machine machine(OpenMachine(common.machine), console);
-  Component& library = machine.Library();
-  std::vector<SetupStep> steps;
-  if (arguments.init) {
-    steps = SetUp(library, {}, console);
-    SaySetup(steps, console);
-  }
-  const Settings settings = RequireSettings(library);
-  if (common.log) machine.StartLog();
-
-  WorkWatcher watcher(console);
-  const ObserverScope scope(library, watcher);
-  const ObjectRef controller = library.Create(u"helperMan");
-  const std::vector<ListedPlaylist> listed = Scan(machine, *controller, settings, watcher);
-  RunQueue(*controller, queue_mode::kCollect);
-
-  TellUnfinished(listed, watcher.Results(), console);
-  CollectFigures figures = Count(watcher.Results(), listed.size());
-  figures.mediaBytes = library.MediaBytes();
-  SayCollected(figures, watcher.Results(), machine, settings, console);
-  if (!console.IsJson()) return {};
-  Json document = CollectedDocument(figures, watcher.Results(), machine, settings);
-  AddLog(document, machine);
-  if (arguments.init) document["init"] = SetupDocument(steps);
-  return document;
+std::unique_ptr<Command> NewCollectCommand() {
+  return std::make_unique<CollectCommand>();
 }
 
-}  // namespace norvo
+}  // namespace norvo::cli

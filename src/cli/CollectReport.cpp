@@ -3,38 +3,32 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "cli/Report.h"
+#include "cli/NamedMachine.h"
+#include "cli/PathDocument.h"
+#include "cli/PlaylistWords.h"
 #include "text/Encoding.h"
 #include "text/Number.h"
 
-namespace norvo {
+namespace norvo::cli {
 namespace {
 
-/// The count in which a playlist is.
-std::size_t& Bucket(CollectFigures& figures, const PlaylistResult& result) {
-  if (!result.outcome) return figures.notProcessed;
-  switch (*result.outcome) {
-    case PlaylistOutcome::Written:
-      return result.replacedBy ? figures.replaced : figures.written;
-    case PlaylistOutcome::Unnamed:
-    case PlaylistOutcome::NotWritten:
-      return figures.notWritten;
-    case PlaylistOutcome::Empty:
-      return figures.empty;
-    case PlaylistOutcome::UnknownType:
-      return figures.unknownType;
-    case PlaylistOutcome::Unreadable:
-    case PlaylistOutcome::Restored:  // never of a collecting run
-      break;
-  }
-  return figures.unreadable;
-}
+/// How the report calls what became of a playlist, in its own order.
+struct OutcomeRow {
+  const char* name;   // in the document
+  const char* title;  // in the text
+};
+constexpr OutcomeRow kSkipped[] = {{"empty", "  without entries:   "},
+                                   {"replaced", "  replaced:          "},
+                                   {"notWritten", "  not written:       "},
+                                   {"unknownType", "  of no known type:  "},
+                                   {"unreadable", "  not readable:      "},
+                                   {"notProcessed", "  not processed:     "}};
 
-const char* OutcomeName(const PlaylistResult& result) {
-  if (!result.outcome) return "notProcessed";
-  switch (*result.outcome) {
+std::string OutcomeName(const CollectedPlaylist& playlist) {
+  if (!playlist.outcome) return "notProcessed";
+  switch (*playlist.outcome) {
     case PlaylistOutcome::Written:
-      return result.replacedBy ? "replaced" : "written";
+      return playlist.replacedBy ? "replaced" : "written";
     case PlaylistOutcome::Unnamed:
     case PlaylistOutcome::NotWritten:
       return "notWritten";
@@ -43,85 +37,114 @@ const char* OutcomeName(const PlaylistResult& result) {
     case PlaylistOutcome::UnknownType:
       return "unknownType";
     case PlaylistOutcome::Unreadable:
-    case PlaylistOutcome::Restored:
+    case PlaylistOutcome::Restored:  // never of a collecting run
       break;
   }
   return "unreadable";
 }
 
-Json ResultDocument(const PlaylistResult& result, const std::vector<PlaylistResult>& all) {
-  Json document{{"path", ToUtf8(result.path)},
-                {"type", result.type},
-                {"typeName", TypeName(result.type)},
-                {"outcome", OutcomeName(result)},
-                {"kept", result.kept}};
+std::size_t FoundCount(const CollectResult& result) {
+  return std::max(result.scan.playlists.size(), result.playlists.size());
+}
+
+/// Playlists of one outcome; those that the queue never began were not processed.
+std::size_t Count(const CollectResult& result, std::string_view outcome) {
+  const auto count = static_cast<std::size_t>(std::count_if(
+      result.playlists.begin(), result.playlists.end(),
+      [outcome](const CollectedPlaylist& row) { return OutcomeName(row) == outcome; }));
+  return count + (outcome == "notProcessed" ? FoundCount(result) - result.playlists.size() : 0);
+}
+
+std::size_t KeptCount(const CollectResult& result) {
+  std::size_t kept = 0;
+  for (const CollectedPlaylist& playlist : result.playlists) kept += playlist.kept;
+  return kept;
+}
+
+DropCounts Dropped(const CollectResult& result) {
+  DropCounts counts;
+  for (const CollectedPlaylist& playlist : result.playlists) counts.Add(playlist.drops);
+  return counts;
+}
+
+Json PlaylistDocument(const CollectedPlaylist& playlist, const CollectResult& result) {
+  Json document{{"path", ToUtf8(playlist.path)},
+                {"type", playlist.type},
+                {"typeName", TypeName(playlist.type)},
+                {"outcome", OutcomeName(playlist)},
+                {"kept", playlist.kept}};
   document["dropped"] = Json::array();
-  for (const Drop& drop : result.drops) document["dropped"].push_back(DropDocument(drop));
-  if (!result.genericFile.empty()) document["neutralFile"] = ToUtf8(result.genericFile);
-  if (result.replacedBy) document["replacedBy"] = ToUtf8(all[*result.replacedBy].path);
+  for (const DroppedItem& drop : playlist.drops) document["dropped"].push_back(DropDocument(drop));
+  if (!playlist.genericFile.empty()) document["neutralFile"] = ToUtf8(playlist.genericFile);
+  if (playlist.replacedBy) {
+    document["replacedBy"] = ToUtf8(result.playlists[*playlist.replacedBy].path);
+  }
   return document;
 }
 
-/// The playlists of one outcome; those that the queue never began are in the count only.
-void SaySkipped(const std::vector<PlaylistResult>& results, std::string_view outcome,
-                std::size_t count, const char* title, Console& console) {
-  if (count == 0) return;
-  console.Say(title + std::to_string(count));
-  for (const PlaylistResult& result : results) {
-    if (OutcomeName(result) == outcome) console.Say("    " + ToUtf8(result.path));
-  }
+std::string Entries(const CollectedPlaylist& playlist) {
+  return "has " + std::to_string(playlist.kept) + (playlist.kept == 1 ? " entry" : " entries");
 }
 
 }  // namespace
 
-CollectFigures Count(const std::vector<PlaylistResult>& results, std::size_t found) {
-  CollectFigures figures;
-  figures.found = std::max(found, results.size());
-  figures.notProcessed = figures.found - results.size();
-  for (const PlaylistResult& result : results) {
-    ++Bucket(figures, result);
-    figures.kept += result.kept;
-    for (std::size_t i = 0; i < result.dropped.size(); ++i) figures.dropped[i] += result.dropped[i];
+std::string FailureText(const CollectedPlaylist& playlist) {
+  if (!playlist.outcome) return {};
+  switch (*playlist.outcome) {
+    case PlaylistOutcome::Written:
+    case PlaylistOutcome::Empty:
+      return {};
+    case PlaylistOutcome::Unnamed:
+      return Entries(playlist) +
+             " but no name for its neutral file: rename it so that its name holds \".m3u\"";
+    case PlaylistOutcome::NotWritten:
+      return Entries(playlist) +
+             " but its neutral file cannot be written: see that its name can stand in a path, that "
+             "the folder KVs of the group root is writable and the disk not full";
+    case PlaylistOutcome::UnknownType:
+      return "its first lines tell no playlist type: look into the file";
+    case PlaylistOutcome::Restored:
+      break;
+    case PlaylistOutcome::Unreadable:
+      return "cannot be read to its end: see that it is whole and readable";
   }
-  return figures;
+  return {};
 }
 
-void SayCollected(const CollectFigures& figures, const std::vector<PlaylistResult>& results,
-                  const Machine& machine, const Settings& settings, Console& console) {
-  console.Say("Playlists found:     " + std::to_string(figures.found));
-  console.Say("  written:           " + std::to_string(figures.written));
-  SaySkipped(results, "empty", figures.empty, "  without entries:   ", console);
-  SaySkipped(results, "replaced", figures.replaced, "  replaced:          ", console);
-  SaySkipped(results, "notWritten", figures.notWritten, "  not written:       ", console);
-  SaySkipped(results, "unknownType", figures.unknownType, "  of no known type:  ", console);
-  SaySkipped(results, "unreadable", figures.unreadable, "  not readable:      ", console);
-  SaySkipped(results, "notProcessed", figures.notProcessed, "  not processed:     ", console);
-  console.Say("Entries kept:        " + std::to_string(figures.kept));
-  console.Say("Entries dropped:     " + DropCountsText(figures.dropped));
-  console.Say("Media:               " + ToUtf8(FormatNumber(figures.mediaBytes)) +
+void SayCollected(const CollectResult& result, Platform& machine, Console& console) {
+  console.Say("Playlists found:     " + std::to_string(FoundCount(result)));
+  console.Say("  written:           " + std::to_string(Count(result, "written")));
+  for (const OutcomeRow& row : kSkipped) {
+    const std::size_t count = Count(result, row.name);
+    if (count == 0) continue;
+    console.Say(row.title + std::to_string(count));
+    for (const CollectedPlaylist& playlist : result.playlists) {
+      if (OutcomeName(playlist) == row.name) console.Say("    " + ToUtf8(playlist.path));
+    }
+  }
+  console.Say("Entries kept:        " + std::to_string(KeptCount(result)));
+  console.Say("Entries dropped:     " + Dropped(result).Text());
+  console.Say("Media:               " + ToUtf8(FormatNumber(result.mediaBytes)) +
               " bytes in the files that entries name, repeats included");
-  console.Say("Neutral files:       " + machine.Both(DataAreaOf(settings)));
+  console.Say("Neutral files:       " + BothPaths(machine, result.dataArea));
 }
 
-Json CollectedDocument(const CollectFigures& figures, const std::vector<PlaylistResult>& results,
-                       const Machine& machine, const Settings& settings) {
+Json CollectedDocument(const CollectResult& result, Platform& machine) {
   Json playlists = Json::array();
-  for (const PlaylistResult& result : results) playlists.push_back(ResultDocument(result, results));
+  for (const CollectedPlaylist& playlist : result.playlists) {
+    playlists.push_back(PlaylistDocument(playlist, result));
+  }
   Json document;
   document["playlists"] = std::move(playlists);
-  document["summary"] = {{"found", figures.found},
-                         {"written", figures.written},
-                         {"empty", figures.empty},
-                         {"replaced", figures.replaced},
-                         {"notWritten", figures.notWritten},
-                         {"unknownType", figures.unknownType},
-                         {"unreadable", figures.unreadable},
-                         {"notProcessed", figures.notProcessed},
-                         {"entriesKept", figures.kept},
-                         {"entriesDropped", DropCountsDocument(figures.dropped)},
-                         {"mediaBytes", JsonNumber(figures.mediaBytes)}};
-  document["neutralFiles"] = PlaceDocument(machine, DataAreaOf(settings));
+  Json& summary = document["summary"];
+  summary["found"] = FoundCount(result);
+  summary["written"] = Count(result, "written");
+  for (const OutcomeRow& row : kSkipped) summary[row.name] = Count(result, row.name);
+  summary["entriesKept"] = KeptCount(result);
+  summary["entriesDropped"] = Dropped(result).Document();
+  summary["mediaBytes"] = JsonNumber(result.mediaBytes);
+  document["neutralFiles"] = PathDocument(machine, result.dataArea);
   return document;
 }
 
-}  // namespace norvo
+}  // namespace norvo::cli

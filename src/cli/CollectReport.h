@@ -1,34 +1,16 @@
 #pragma once
 
-#include <cstddef>
-#include <vector>
-
 #include "cli/Console.h"
-#include "cli/Machine.h"
-#include "cli/WorkWatcher.h"
-#include "move/Settings.h"
+#include "move/CollectPlaylists.h"
+#include "services/Platform.h"
 
-namespace norvo {
+namespace norvo::cli {
 
-/// Figures of one collecting run.
-struct CollectFigures {
-  std::size_t found = 0;
-  std::size_t written = 0;  ///< without those that were replaced
-  std::size_t replaced = 0;
-  std::size_t empty = 0;
-  std::size_t notWritten = 0;
-  std::size_t unknownType = 0;
-  std::size_t unreadable = 0;
-  std::size_t notProcessed = 0;
-  std::size_t kept = 0;
-  DropCounts dropped{};
-  double mediaBytes = 0;
-};
-CollectFigures Count(const std::vector<PlaylistResult>& results, std::size_t found);
+/// Why a playlist has no generic file; empty for an outcome that is no failure, and for one that the
+/// queue did not come to.
+std::string FailureText(const CollectedPlaylist& playlist);
 
-void SayCollected(const CollectFigures& figures, const std::vector<PlaylistResult>& results,
-                  const Machine& machine, const Settings& settings, Console& console);
-Json CollectedDocument(const CollectFigures& figures, const std::vector<PlaylistResult>& results,
-                       const Machine& machine, const Settings& settings);
+void SayCollected(const CollectResult& result, Platform& machine, Console& console);
+Json CollectedDocument(const CollectResult& result, Platform& machine);
 
-}  // namespace norvo
+}  // namespace norvo::cli

@@ -2,9 +2,10 @@
 
 #include <nlohmann/json.hpp>
 
-#include "cli/Shown.h"
+#include "cli/TerminalText.h"
+#include "text/Encoding.h"
 
-namespace norvo {
+namespace norvo::cli {
 
 void Console::SetQuiet() {
   quiet_ = true;
@@ -22,7 +23,7 @@ void Console::Say(std::string_view line) {
 void Console::Print(std::string_view line) {
   if (json_) return;
   progress_.Clear();
-  out_ << Shown(line) << '\n';
+  out_ << TerminalText(line) << '\n';
 }
 
 void Console::Note(std::string_view line) {
@@ -30,9 +31,13 @@ void Console::Note(std::string_view line) {
 }
 
 void Console::LeftOut(const std::string& line) {
+  KeepLeftOut(line);
+  Tell(line);
+}
+
+void Console::KeepLeftOut(const std::string& line) {
   leftOut_ = true;
   if (json_) lines_.push_back(line);
-  Tell(line);
 }
 
 void Console::Fail(std::string_view line) {
@@ -41,7 +46,11 @@ void Console::Fail(std::string_view line) {
 
 void Console::Tell(std::string_view line) {
   progress_.Clear();
-  err_ << Shown(line) + '\n';  // in one write, as the stream is not buffered
+  err_ << TerminalText(line) + '\n';  // in one write, as the stream is not buffered
+}
+
+void Console::Show(StringView title, StringView text) {
+  Tell(title.empty() ? ToUtf8(text) : ToUtf8(title) + ": " + ToUtf8(text));
 }
 
 void Console::Write(Json document, int code) {
@@ -64,4 +73,4 @@ bool Console::Flush() {
   return taken;
 }
 
-}  // namespace norvo
+}  // namespace norvo::cli

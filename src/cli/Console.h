@@ -8,8 +8,9 @@
 
 #include "cli/Json.h"
 #include "cli/Progress.h"
+#include "services/Platform.h"
 
-namespace norvo {
+namespace norvo::cli {
 
 /// Exit codes of the program.
 namespace exit_code {
@@ -19,14 +20,14 @@ inline constexpr int kUnusable = 2;  ///< wrong usage, or a machine that cannot 
 }  // namespace exit_code
 
 /// Ends a command with exit code 2. The text, in UTF-8, names what is wrong and what to do.
-class HostError : public std::runtime_error {
+class CommandError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
 /// Where a command's words go: the report to standard output, everything else to standard error.
 /// Lines are UTF-8 and are made safe for a terminal on their way out.
-class Console {
+class Console : public MessageDialog {
  public:
   Console(std::ostream& out, std::ostream& err, bool errIsTerminal)
       : out_(out), err_(err), progress_(err, errIsTerminal) {}
@@ -44,10 +45,14 @@ class Console {
   void Note(std::string_view line);
   /// Something that was not done, or not whole: the exit code will tell.
   void LeftOut(const std::string& line);
+  /// The same for what has been told already.
+  void KeepLeftOut(const std::string& line);
   /// Why the command ends here.
   void Fail(std::string_view line);
   /// A line on standard error, quiet or not.
   void Tell(std::string_view line);
+  /// A message of a machine.
+  void Show(StringView title, StringView text) override;
 
   /// The report as a document, with the exit code and what was left out added to it. Written once.
   void Write(Json document, int code);
@@ -68,4 +73,4 @@ class Console {
   std::vector<std::string> lines_;  // what was left out
 };
 
-}  // namespace norvo
+}  // namespace norvo::cli

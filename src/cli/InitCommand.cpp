@@ -1,21 +1,75 @@
 #include <nlohmann/json.hpp>
+#include <optional>
 
-#include "cli/Commands.h"
-#include "cli/Machine.h"
-#include "cli/Report.h"
-#include "move/Setup.h"
+#include "cli/CommonOptions.h"
+#include "cli/ConsoleObserver.h"
+#include "cli/NamedMachine.h"
+#include "cli/PathDocument.h"
+#include "cli/SetupReport.h"
+#include "services/Utility.h"
 
-namespace norvo {
+namespace norvo::cli {
+namespace {
 
-Json RunInit(const CommonArguments& common, const InitArguments& arguments, Console& console) {
-  Machine machine(OpenMachine(common.machine), console);
-  const SetupWishes wishes{arguments.role, arguments.groupRoot, true};
-  const std::vector<SetupStep> steps = SetUp(machine.Library(), wishes, console);
-  SaySetup(steps, console);
-  if (common.log) machine.StartLog();
-  Json document = SetupDocument(steps);
-  AddLog(document, machine);
-  return document;
+constexpr HelpText kHelp = {R"(Examples:
+  norvo-playlists init --machine /mnt/old-disk
+  norvo-playlists init --machine /mnt/new-disk --role destination
+  norvo-playlists init --machine /mnt/old-disk --group-root 'D:\Norvo Media\'
+
+Writes only what is missing: settings that are there stay as they are. A group root on
+another drive than C takes the product's folder, with the debug log, along to that drive.)",
+                            R"(Examples:
+  norvo-playlists init
+  norvo-playlists init --role destination
+  norvo-playlists init --group-root "D:\Norvo Media"
+
+Writes only what is missing: settings that are there stay as they are. They stand in the registry
+below HKEY_LOCAL_MACHINE\SOFTWARE\Norvo, which an administrator may write. A group root on
+another drive than C takes the product's folder, with the debug log, along to that drive.)"};
+
+class InitCommand final : public Command {
+ public:
+  CLI::App* AddTo(CLI::App& program, CommonArguments& common) override {
+    app_ = program.add_subcommand("init", "Write the settings that are missing");
+    AddCommonOptions(*app_, common, true);
+    app_->add_option("--role", role_, "What the machine is: source (the default) or destination")
+        ->type_name("ROLE")
+        ->check(CLI::IsMember({"source", "destination"}));
+    app_->add_option("--group-root", groupRoot_, R"(Default: C:\My Documents\Norvo Media\)")
+        ->type_name("PATH");
+    app_->footer(kHelp.Here());
+    return app_;
+  }
+
+  Json Run(const CommonArguments& common, Console& console) override {
+    const auto machine = OpenMachine(common.machine, console)->Platform();
+    ConsoleObserver observer(console);
+    const SetupResult result = SetUpMachine(machine, Wishes(), {common.log}, observer);
+    SaySetup(result.steps, console);
+    Json document = SetupDocument(result.steps);
+    AddLog(document, result.log);
+    return document;
+  }
+
+ private:
+  SetupWishes Wishes() const {
+    SetupWishes wishes;
+    if (app_->count("--role") > 0) {
+      wishes.role = role_ == "source" ? Utility::role::kSource : Utility::role::kDestination;
+    }
+    if (app_->count("--group-root") > 0) wishes.groupRoot = groupRoot_;
+    return wishes;
+  }
+
+  CLI::App* app_ = nullptr;
+  std::string role_;
+  std::string groupRoot_;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> NewInitCommand() {
+  return std::make_unique<InitCommand>();
 }
 
-}  // namespace norvo
+}  // namespace norvo::cli

@@ -5,12 +5,12 @@
 #include <cstdint>
 #include <nlohmann/json.hpp>
 
-#include "cli/Shown.h"
+#include "cli/TerminalText.h"
 
-namespace norvo {
+namespace norvo::cli {
 namespace {
 
-/// Shown() writes \x9B; JSON knows the long form only.
+/// TerminalText() writes \x9B; JSON knows the long form only.
 std::string EscapeForJson(const std::string& line) {
   std::string text;
   for (std::size_t i = 0; i < line.size();) {
@@ -21,7 +21,7 @@ std::string EscapeForJson(const std::string& line) {
     }
     const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
     const std::string character = line.substr(i, length);
-    const std::string shown = Shown(character);
+    const std::string shown = TerminalText(character);
     if (shown == character) {
       text += character;
     } else {
@@ -55,4 +55,4 @@ std::string JsonText(const Json& document) {
   return text;
 }
 
-}  // namespace norvo
+}  // namespace norvo::cli

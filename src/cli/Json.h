@@ -5,7 +5,7 @@
 
 #include "text/Text.h"
 
-namespace norvo {
+namespace norvo::cli {
 
 /// Keeps the order in which members were added. Whoever looks into a document includes
 /// <nlohmann/json.hpp>.
@@ -17,4 +17,4 @@ Json JsonNumber(double number);
 /// The document in UTF-8. What would steer a terminal is escaped.
 std::string JsonText(const Json& document);
 
-}  // namespace norvo
+}  // namespace norvo::cli

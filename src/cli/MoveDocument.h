@@ -1,11 +1,21 @@
 #pragma once
 
-#include "cli/Json.h"
-#include "move/Move.h"
+#include <string>
 
-namespace norvo {
+#include "cli/Json.h"
+#include "move/MoveResult.h"
+
+namespace norvo::cli {
+
+/// How a move was asked for.
+struct MoveTerms {
+  std::string from;
+  std::string to;
+  bool dryRun = false;
+  bool withMedia = true;
+};
 
 /// A move for other programs: a record per playlist, song, adjustment and setting, and the totals.
-Json MoveDocument(const Move& move, const MoveTerms& terms);
+Json MoveDocument(const MoveResult& move, const MoveTerms& terms);
 
-}  // namespace norvo
+}  // namespace norvo::cli

@@ -4,44 +4,104 @@
 #include <exception>
 #include <new>
 #include <nlohmann/json.hpp>
-#include <type_traits>
+#include <optional>
 
 #include "automation/RunTimeError.h"
-#include "cli/CommandLine.h"
 #include "cli/Commands.h"
+#include "cli/CommonOptions.h"
 #include "cli/Console.h"
-#include "cli/SystemWords.h"
+#include "cli/ErrorWords.h"
+#include "cli/TerminalText.h"
 #include "text/Encoding.h"
 
-namespace norvo {
+namespace norvo::cli {
 namespace {
 
-// In the variant's order.
-constexpr const char* kCommandNames[] = {"init",    "scan",   "collect", "show",
-                                         "restore", "verify", "migrate"};
+constexpr HelpText kAbout = {
+    "Moves the playlists of a Windows machine, and their songs, to another one.",
+    "Writes the playlists of this machine as neutral files, and native ones from those."};
 
-Json Dispatch(const CommandLine& line, Console& console) {
-  return std::visit(
-      [&](const auto& command) {
-        using Command = std::remove_cvref_t<decltype(command)>;
-        if constexpr (std::is_same_v<Command, InitArguments>) {
-          return RunInit(line.common, command, console);
-        } else if constexpr (std::is_same_v<Command, ScanArguments>) {
-          return RunScan(line.common, console);
-        } else if constexpr (std::is_same_v<Command, CollectArguments>) {
-          return RunCollect(line.common, command, console);
-        } else if constexpr (std::is_same_v<Command, RestoreArguments>) {
-          return RunRestore(line.common, console);
-        } else if constexpr (std::is_same_v<Command, VerifyArguments>) {
-          return RunVerify(line.common, command, console);
-        } else if constexpr (std::is_same_v<Command, MigrateArguments>) {
-          return RunMigrate(line.common, command, console);
-        } else {
-          return RunShow(line.common, command, console);
-        }
-      },
-      line.command);
-}
+constexpr HelpText kHelp = {R"(Examples:
+  norvo-playlists migrate --from /mnt/old-pc --to /mnt/new-pc
+  norvo-playlists init --machine /mnt/old-disk
+  norvo-playlists scan --machine /mnt/old-disk
+  norvo-playlists collect --init --machine /mnt/old-disk
+  norvo-playlists show --machine /mnt/old-disk 'C:\Music\Mix.m3u'
+
+A machine folder holds a folder per drive, named by its letter (C, D, ...), and may hold
+machine.ini (types and places of the drives) and registry.reg (the machine's registry).
+
+Exit codes: 0 done; 1 done, but something was left out, which is named on standard error;
+2 wrong usage, or a machine that cannot be worked on.)",
+                            R"(Examples:
+  norvo-playlists init
+  norvo-playlists scan
+  norvo-playlists collect --init
+  norvo-playlists show C:\Music\Mix.m3u
+  norvo-playlists restore
+  norvo-playlists verify
+
+The program works on the machine that it runs on: its drives, its registry, its players.
+
+Exit codes: 0 done; 1 done, but something was left out, which is named on standard error;
+2 wrong usage, or a machine that cannot be worked on.)"};
+
+/// The program's command line, which its commands declare.
+class CommandLine {
+ public:
+  CommandLine() : app_(kAbout.Here()) {
+    app_.name("norvo-playlists");
+    // "/Music/Mix.m3u" is a path, on Windows too.
+    app_.allow_windows_style_options(false);
+    app_.set_version_flag("--version", "norvo-playlists " NORVO_VERSION);
+    app_.footer(kHelp.Here());
+    app_.require_subcommand(1);
+    for (const NewCommand make : AllCommands()) {
+      Row& row = rows_.emplace_back();
+      row.command = make();
+      row.app = row.command->AddTo(app_, common_);
+    }
+  }
+
+  /// False when there is no command to run: the help or the version was asked for and stands on
+  /// `out`, or the usage is wrong, which `err` tells; then `code` is the exit code.
+  bool Parse(const std::vector<std::string>& words, std::ostream& out, std::ostream& err,
+             int& code) {
+    try {
+      app_.parse(std::vector<std::string>(words.rbegin(), words.rend()));
+      return true;
+    } catch (const CLI::ParseError& error) {
+      const bool isHelp = error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success);
+      code = isHelp ? exit_code::kDone : exit_code::kUnusable;
+      if (isHelp) {
+        app_.exit(error, out, err);
+      } else {
+        err << "norvo-playlists: " << TerminalText(error.what())
+            << "\nRun norvo-playlists --help, or norvo-playlists COMMAND --help.\n";
+      }
+      return false;
+    }
+  }
+
+  const CommonArguments& Common() const { return common_; }
+  std::string Name() const { return ChosenRow().app->get_name(); }
+  Command& Chosen() { return *ChosenRow().command; }
+
+ private:
+  struct Row {
+    std::unique_ptr<Command> command;
+    CLI::App* app = nullptr;
+  };
+
+  const Row& ChosenRow() const {
+    return *std::find_if(rows_.begin(), rows_.end(),
+                         [](const Row& row) { return row.app->parsed(); });
+  }
+
+  CommonArguments common_;
+  std::vector<Row> rows_;
+  CLI::App app_;
+};
 
 int Fail(const std::string& message, Console& console) {
   console.Fail(message);
@@ -54,23 +114,25 @@ int Fail(const std::string& message, Console& console) {
 
 /// What went wrong, with the machine where the command names one.
 int FailOn(const CommandLine& line, const std::string& reason, Console& console) {
-  const std::string& machine = line.common.machine;
+  const std::string& machine = line.Common().machine;
   return Fail((machine.empty() ? "" : machine + ": ") + reason, console);
 }
 
-int RunCommand(const CommandLine& line, Console& console) {
+int RunCommand(CommandLine& line, Console& console) {
   try {
-    const Json report = Dispatch(line, console);
+    const Json report = line.Chosen().Run(line.Common(), console);
     const int code = console.HasLeftOut() ? exit_code::kLeftOut : exit_code::kDone;
     if (console.IsJson()) {
-      Json document{{"command", kCommandNames[line.command.index()]}};
-      if (!line.common.machine.empty()) document["machine"] = line.common.machine;
+      Json document{{"command", line.Name()}};
+      if (!line.Common().machine.empty()) document["machine"] = line.Common().machine;
       document.update(report);
       console.Write(std::move(document), code);
     }
     return code;
-  } catch (const HostError& error) {
+  } catch (const CommandError& error) {
     return Fail(error.what(), console);
+  } catch (const MoveError& error) {
+    return Fail(TextOf(error), console);
   } catch (const RunTimeError& error) {
     return FailOn(line, ToUtf8(error.Description()) + ". " + kWords.checkRights, console);
   } catch (const std::bad_alloc&) {
@@ -83,11 +145,12 @@ int RunCommand(const CommandLine& line, Console& console) {
 int RunLine(const std::vector<std::string>& words, std::ostream& out, std::ostream& err,
             bool errIsTerminal) {
   Console console(out, err, errIsTerminal);
+  CommandLine line;
   int code = exit_code::kDone;
-  if (const std::optional<CommandLine> line = ParseCommandLine(words, out, err, code)) {
-    if (line->common.quiet) console.SetQuiet();
-    if (line->common.json) console.SetJson();
-    code = RunCommand(*line, console);
+  if (line.Parse(words, out, err, code)) {
+    if (line.Common().quiet) console.SetQuiet();
+    if (line.Common().json) console.SetJson();
+    code = RunCommand(line, console);
   }
   return console.Flush() ? code : std::max(code, exit_code::kLeftOut);
 }
@@ -115,4 +178,4 @@ int Run(const std::vector<std::string>& words, std::ostream& out, std::ostream& 
   }
 }
 
-}  // namespace norvo
+}  // namespace norvo::cli

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace norvo {
+namespace norvo::cli {
 
 /// The whole program: runs the command line (UTF-8, without the program's name) and gives the exit
 /// code. Progress is drawn only when `err` is a terminal. Whatever
@@ -12,4 +12,4 @@ namespace norvo {
 int Run(const std::vector<std::string>& words, std::ostream& out, std::ostream& err,
         bool errIsTerminal = false) noexcept;
 
-}  // namespace norvo
+}  // namespace norvo::cli

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "cli/Shown.h"
+#include "cli/TerminalText.h"
 #include "cli/Terminal.h"
 #include "text/Encoding.h"
 
-namespace norvo {
+namespace norvo::cli {
 namespace {
 
 constexpr std::chrono::milliseconds kInterval{100};
@@ -16,10 +16,10 @@ constexpr std::size_t kUsualWidth = 80;
 
 /// The end of a text, as much of it as fits.
 std::string TailThatFits(StringView text, std::size_t cells) {
-  std::string shown = Shown(ToUtf8(text));
+  std::string shown = TerminalText(ToUtf8(text));
   while (!text.empty() && DisplayWidth(shown) > cells) {
     text.remove_prefix(1);
-    shown = Shown(ToUtf8(text));
+    shown = TerminalText(ToUtf8(text));
   }
   return shown;
 }
@@ -107,4 +107,4 @@ void Progress::Clear() {
   drawn_ = false;
 }
 
-}  // namespace norvo
+}  // namespace norvo::cli

@@ -7,7 +7,7 @@
 
 #include "text/Text.h"
 
-namespace norvo {
+namespace norvo::cli {
 
 /// ", 1:05 left" for work of which `done` of `total` has taken so many seconds; empty for the first
 /// second, which tells too little. Never more than 99:59:59.
@@ -46,4 +46,4 @@ class Progress {
   double bytesBefore_ = 0;  // done when the work began
 };
 
-}  // namespace norvo
+}  // namespace norvo::cli

@@ -1,15 +1,29 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "cli/Commands.h"
-#include "cli/Report.h"
+#include "cli/CommonOptions.h"
+#include "cli/ConsoleObserver.h"
+#include "cli/NamedMachine.h"
+#include "cli/PathDocument.h"
+#include "cli/PlaylistWords.h"
+#include "cli/ScanFailure.h"
 #include "model/PlaylistTypes.h"
-#include "move/Scanning.h"
-#include "services/ObserverScope.h"
+#include "move/ScanPlaylists.h"
 #include "text/Encoding.h"
 
-namespace norvo {
+namespace norvo::cli {
 namespace {
+
+constexpr HelpText kHelp = {R"(Examples:
+  norvo-playlists scan --machine /mnt/old-disk
+  norvo-playlists scan --machine /mnt/old-disk --json | jq '.playlists[].path'
+
+The list stays in PlayLists.txt of the machine's data area.)",
+                            R"(Examples:
+  norvo-playlists scan
+  norvo-playlists scan --json > playlists.json
+
+The list stays in PlayLists.txt of the machine's data area.)"};
 
 void SayByType(const std::vector<ListedPlaylist>& playlists, Console& console) {
   for (const PlaylistType& type : PlaylistTypes()) {
@@ -35,27 +49,36 @@ Json ListDocument(const std::vector<ListedPlaylist>& playlists) {
   return {{"playlists", list}, {"byType", byType}};
 }
 
+class ScanCommand final : public Command {
+ public:
+  CLI::App* AddTo(CLI::App& program, CommonArguments& common) override {
+    CLI::App* const app = program.add_subcommand("scan", "Find and list the playlists");
+    AddCommonOptions(*app, common, true);
+    app->footer(kHelp.Here());
+    return app;
+  }
+
+  Json Run(const CommonArguments& common, Console& console) override {
+    const auto machine = OpenMachine(common.machine, console)->Platform();
+    ConsoleObserver observer(console);
+    const ScanResult result = NamingScanFailure(
+        *machine, [&] { return ScanPlaylists(machine, {common.log}, observer); });
+    SayByType(result.playlists, console);
+    console.Say("Playlists found: " + std::to_string(result.playlists.size()));
+    if (!result.playlists.empty()) console.Say("List: " + BothPaths(*machine, result.listFile));
+    if (!console.IsJson()) return {};
+    Json document = ListDocument(result.playlists);
+    document["folders"] = result.folders;
+    document["listFile"] = PathDocument(*machine, result.listFile);
+    AddLog(document, result.log);
+    return document;
+  }
+};
+
 }  // namespace
 
-Json RunScan(const CommonArguments& common, Console& console) {
-  Machine machine(OpenMachine(common.machine), console);
-  Component& library = machine.Library();
-  const Settings settings = RequireSettings(library);
-  if (common.log) machine.StartLog();
-  WorkWatcher watcher(console);
-  const ObserverScope scope(library, watcher);
-  const ObjectRef controller = library.Create(u"helperMan");
-  const std::vector<ListedPlaylist> playlists = Scan(machine, *controller, settings, watcher);
-
-  SayByType(playlists, console);
-  console.Say("Playlists found: " + std::to_string(playlists.size()));
-  if (!playlists.empty()) console.Say("List: " + machine.Both(ListFilePath(settings)));
-  if (!console.IsJson()) return {};
-  Json document = ListDocument(playlists);
-  document["folders"] = watcher.Folders();
-  document["listFile"] = PlaceDocument(machine, ListFilePath(settings));
-  AddLog(document, machine);
-  return document;
+std::unique_ptr<Command> NewScanCommand() {
+  return std::make_unique<ScanCommand>();
 }
 
-}  // namespace norvo
+}  // namespace norvo::cli

@@ -1,32 +1,47 @@
 #include <nlohmann/json.hpp>
 
-#include "automation/Conversions.h"
-#include "cli/Commands.h"
-#include "cli/Report.h"
-#include "cli/ShowMachine.h"
+#include "cli/CommonOptions.h"
+#include "cli/ConsoleObserver.h"
+#include "cli/NamedMachine.h"
+#include "cli/PlaylistWords.h"
 #include "cli/Table.h"
 #include "model/PlaylistTypes.h"
-#include "move/LibraryCalls.h"
+#include "move/ReadPlaylist.h"
 #include "services/DataCop.h"
-#include "services/ObserverScope.h"
 #include "text/Encoding.h"
 #include "text/Number.h"
 
-namespace norvo {
+namespace norvo::cli {
 namespace {
 
-struct ShownEntry {
-  std::int32_t urlType = 0;
-  std::string artist;
-  std::string title;
-  std::string duration;
-  double size = 0;
-  std::string source;
-};
+constexpr HelpText kHelp = {R"(Examples:
+  norvo-playlists show --machine /mnt/old-disk 'C:\Music\Mix.m3u'
+  norvo-playlists show /mnt/old-disk/C/Music/Mix.m3u
+  norvo-playlists show ~/Music/Mix.m3u --type 3
 
-std::string Text(AutomationObject& object, StringView property) {
-  return ToUtf8(TextOf(object, property));
-}
+Types: 1 ASX of Windows Media Player, 2 M3U of Windows Media Player, 3 M3U of Winamp,
+4 PLS of Winamp, 5 PLS of Sonique, 6 M3U of MusicMatch Jukebox.
+Nothing on the disk is changed, but for the log that --log asks for. A file that lies in no
+machine folder is read as if its own folder were drive C.)",
+                            R"(Examples:
+  norvo-playlists show C:\Music\Mix.m3u
+  norvo-playlists show Mix.m3u --type 3
+
+Types: 1 ASX of Windows Media Player, 2 M3U of Windows Media Player, 3 M3U of Winamp,
+4 PLS of Winamp, 5 PLS of Sonique, 6 M3U of MusicMatch Jukebox.
+Nothing on the disk is changed, but for the log that --log asks for.)"};
+
+constexpr HelpText kPathHelp = {"Path on the machine (C:\\...) or on this system",
+                                "The playlist's path"};
+
+/// Tells at once what is left out.
+class ShowObserver final : public ConsoleObserver {
+ public:
+  using ConsoleObserver::ConsoleObserver;
+  void OnDropped(const CollectedPlaylist& playlist, const DroppedItem& drop) override {
+    Console().LeftOut(ToUtf8(playlist.path) + ": " + LeftOutText(drop));
+  }
+};
 
 /// "0 drive" and so on. The readers give all references that they take unchecked the type 9.
 std::string UrlTypeText(std::int32_t type) {
@@ -48,31 +63,7 @@ std::string UrlTypeText(std::int32_t type) {
   }
 }
 
-std::string TitleOf(AutomationObject& entry) {
-  std::string title = Text(entry, u"Entry_SongName");
-  if (title.empty() && entry.ClassName() == u"AsxEntry") title = Text(entry, u"ASX_Title");
-  if (title.empty()) title = Text(entry, u"Entry_SongTitle");
-  return title;
-}
-
-ShownEntry Read(AutomationObject& entry) {
-  ShownEntry shown;
-  shown.urlType = NumberOf(entry, u"Entry_URLType");
-  shown.artist = Text(entry, u"Entry_ArtistName");
-  shown.title = TitleOf(entry);
-  shown.duration = Text(entry, u"Entry_Duration");
-  shown.size = ToDouble(entry.Get(u"Entry_FileSize"));
-  shown.source = Text(entry, u"Entry_SourceURL");
-  return shown;
-}
-
-std::vector<ShownEntry> ReadEntries(AutomationObject& playlist) {
-  std::vector<ShownEntry> shown;
-  for (const ObjectRef& entry : EntriesOf(playlist)) shown.push_back(Read(*entry));
-  return shown;
-}
-
-void PrintTable(const std::vector<ShownEntry>& entries, Console& console) {
+void PrintTable(const std::vector<ReadEntry>& entries, Console& console) {
   Table table({{"#", Align::Right},
                {"Type"},
                {"Artist"},
@@ -81,67 +72,97 @@ void PrintTable(const std::vector<ShownEntry>& entries, Console& console) {
                {"Size", Align::Right},
                {"Source"}});
   for (std::size_t i = 0; i < entries.size(); ++i) {
-    const ShownEntry& entry = entries[i];
-    table.AddRow({std::to_string(i + 1), UrlTypeText(entry.urlType), entry.artist, entry.title,
-                  entry.duration, ToUtf8(FormatNumber(entry.size)), entry.source});
+    const ReadEntry& entry = entries[i];
+    table.AddRow({std::to_string(i + 1), UrlTypeText(entry.urlType), ToUtf8(entry.artist),
+                  ToUtf8(entry.title), ToUtf8(entry.duration), ToUtf8(FormatNumber(entry.size)),
+                  ToUtf8(entry.source)});
   }
   for (const std::string& line : table.Lines()) console.Print(line);
 }
 
-Json EntriesDocument(const std::vector<ShownEntry>& entries) {
-  Json document = Json::array();
-  for (const ShownEntry& entry : entries) {
-    document.push_back({{"urlType", entry.urlType},
-                        {"artist", entry.artist},
-                        {"title", entry.title},
-                        {"duration", entry.duration},
-                        {"size", JsonNumber(entry.size)},
-                        {"source", entry.source}});
-  }
+Json EntryDocument(const ReadEntry& entry) {
+  return {{"urlType", entry.urlType},
+          {"artist", ToUtf8(entry.artist)},
+          {"title", ToUtf8(entry.title)},
+          {"duration", ToUtf8(entry.duration)},
+          {"size", JsonNumber(entry.size)},
+          {"source", ToUtf8(entry.source)}};
+}
+
+Json Document(const ReadResult& result, const std::string& folder) {
+  Json document{{"path", ToUtf8(result.path)},
+                {"machine", folder},
+                {"type", result.type},
+                {"typeName", TypeName(result.type)},
+                {"name", ToUtf8(result.name)}};
+  Json& entries = document["entries"] = Json::array();
+  for (const ReadEntry& entry : result.entries) entries.push_back(EntryDocument(entry));
+  Json& dropped = document["dropped"] = Json::array();
+  for (const DroppedItem& drop : result.drops) dropped.push_back(DropDocument(drop));
   return document;
 }
 
-Json Document(const ShowMachine& machine, std::int32_t type, AutomationObject& playlist,
-              const std::vector<ShownEntry>& entries, const PlaylistResult& own) {
-  Json document{{"path", ToUtf8(machine.Path())},
-                {"machine", machine.Folder()},
-                {"type", type},
-                {"typeName", TypeName(type)},
-                {"name", Text(playlist, u"PlayListName")},
-                {"entries", EntriesDocument(entries)}};
-  document["dropped"] = Json::array();
-  for (const Drop& drop : own.drops) document["dropped"].push_back(DropDocument(drop));
-  return document;
+void Print(const ReadResult& result, Console& console) {
+  const std::string path = ToUtf8(result.path);
+  if (result.type == playlist_type::kUnknown) {
+    return console.LeftOut(path +
+                           ": its first lines tell no playlist type. Name it with --type 1 to 6.");
+  }
+  if (!result.whole) {
+    console.LeftOut(path + ": cannot be read to its end as " + TypeTitle(result.type) +
+                    ". Try another --type.");
+  }
+  DropCounts dropped;
+  dropped.Add(result.drops);
+  console.Say(path + ": " + TypeTitle(result.type));
+  PrintTable(result.entries, console);
+  console.Say("Entries kept: " + std::to_string(result.entries.size()) +
+              ", dropped: " + dropped.Text());
 }
+
+class ShowCommand final : public Command {
+ public:
+  CLI::App* AddTo(CLI::App& program, CommonArguments& common) override {
+    CLI::App* const app = program.add_subcommand("show", "Print the entries of one playlist");
+    AddCommonOptions(*app, common, false);
+    app->add_option("PATH", path_, kPathHelp.Here())->required();
+    app->add_option("--type", type_, "Type of the playlist: auto, or 1 to 6")
+        ->type_name("TYPE")
+        ->check(CLI::IsMember({"auto", "1", "2", "3", "4", "5", "6"}));
+    app->footer(kHelp.Here());
+    return app;
+  }
+
+  Json Run(const CommonArguments& common, Console& console) override {
+    const NamedPlaylist playlist = OpenPlaylist(common.machine, path_, console);
+    if (playlist.lacksSettings) {
+      console.Note(
+          "This machine has no settings of the product yet; before scan or collect run "
+          "norvo-playlists init --machine DIR.");
+    }
+    const bool canLog = playlist.hasLog;
+    ShowObserver observer(console);
+    const std::int32_t type = type_ == "auto" ? playlist_type::kUnknown : std::stoi(type_);
+    const ReadResult result = ReadPlaylist(playlist.machine, playlist.path, type,
+                                           {common.log && canLog}, observer);
+    if (common.log && !canLog) {
+      console.LeftOut("No log is written: " + path_ +
+                      " belongs to no machine folder. Name one with --machine.");
+    }
+    Print(result, console);
+    if (!console.IsJson()) return {};
+    return Document(result, playlist.folder);
+  }
+
+ private:
+  std::string path_;
+  std::string type_ = "auto";
+};
 
 }  // namespace
 
-Json RunShow(const CommonArguments& common, const ShowArguments& arguments, Console& console) {
-  const std::unique_ptr<ShowMachine> machine = OpenToShow(common, arguments.path, console);
-  Component& library = machine->Library();
-  const std::string path = ToUtf8(machine->Path());
-  WorkWatcher watcher(console);
-  watcher.BeginOwn(machine->Path());
-  const ObserverScope scope(library, watcher);
-  const std::int32_t type =
-      arguments.type != 0 ? arguments.type : TellType(library, machine->Path());
-  const ObjectRef playlist = library.Create(u"PlayList");
-  std::vector<ShownEntry> entries;
-  if (type == playlist_type::kUnknown) {
-    console.LeftOut(path + ": its first lines tell no playlist type. Name it with --type 1 to 6.");
-  } else {
-    if (!ReadPlaylist(*playlist, machine->Path(), type)) {
-      console.LeftOut(path + ": cannot be read to its end as " + TypeTitle(type) +
-                      ". Try another --type.");
-    }
-    entries = ReadEntries(*playlist);
-    console.Say(path + ": " + TypeTitle(type));
-    PrintTable(entries, console);
-    console.Say("Entries kept: " + std::to_string(entries.size()) +
-                ", dropped: " + DropCountsText(watcher.Own().dropped));
-  }
-  if (!console.IsJson()) return {};
-  return Document(*machine, type, *playlist, entries, watcher.Own());
+std::unique_ptr<Command> NewShowCommand() {
+  return std::make_unique<ShowCommand>();
 }
 
-}  // namespace norvo
+}  // namespace norvo::cli

@@ -1,9 +1,10 @@
 #pragma once
 
-namespace norvo {
+namespace norvo::cli {
 
-/// What messages say differently on the systems that the program runs on.
+/// What the program says differently on the systems that it runs on.
 struct SystemWords {
+  bool machinesAreFolders;         ///< and are named; else the machine is the one it runs on
   const char* initCommand;         ///< how the settings are written
   const char* registry;            ///< where values are corrected
   const char* unwritableRegistry;  ///< a message
@@ -15,4 +16,4 @@ struct SystemWords {
 /// Those of this system.
 extern const SystemWords kWords;
 
-}  // namespace norvo
+}  // namespace norvo::cli

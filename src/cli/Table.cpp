@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "cli/Shown.h"
+#include "cli/TerminalText.h"
 
-namespace norvo {
+namespace norvo::cli {
 namespace {
 
 constexpr std::size_t kWidestAligned = 40;
@@ -20,7 +20,7 @@ std::string Padded(const std::string& cell, std::size_t width, Align align) {
 
 void Table::AddRow(const std::vector<std::string>& cells) {
   std::vector<std::string>& row = rows_.emplace_back();
-  for (const std::string& cell : cells) row.push_back(Shown(cell));
+  for (const std::string& cell : cells) row.push_back(TerminalText(cell));
 }
 
 std::string Table::Line(const std::vector<std::string>& cells,
@@ -52,4 +52,4 @@ std::vector<std::string> Table::Lines() const {
   return lines;
 }
 
-}  // namespace norvo
+}  // namespace norvo::cli

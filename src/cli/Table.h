@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-namespace norvo {
+namespace norvo::cli {
 
 enum class Align { Left, Right };
 
@@ -30,4 +30,4 @@ class Table {
   std::vector<std::vector<std::string>> rows_;
 };
 
-}  // namespace norvo
+}  // namespace norvo::cli

@@ -1,112 +1,101 @@
-#include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "cli/Commands.h"
-#include "cli/Machine.h"
-#include "cli/Report.h"
-#include "library/Library.h"
-#include "move/NativeCheck.h"
-#include "overlay/OverlayPlatform.h"
-#include "services/DataCop.h"
-#include "services/FolderScanner.h"
+#include "cli/CommonOptions.h"
+#include "cli/ConsoleObserver.h"
+#include "cli/NamedMachine.h"
+#include "cli/PathDocument.h"
+#include "move/VerifyPlaylists.h"
 #include "text/Encoding.h"
 
-namespace norvo {
+namespace norvo::cli {
 namespace {
 
-struct Checked {
-  std::string path;
-  CheckedPlaylist playlist;
+constexpr HelpText kHelp = {R"(Examples:
+  norvo-playlists verify --machine /mnt/new-disk
+  norvo-playlists verify --machine /mnt/new-disk 'C:\Music\Mix.m3u'
 
-  std::size_t Count(CheckedReference::Kind kind) const {
-    return static_cast<std::size_t>(
-        std::count_if(playlist.references.begin(), playlist.references.end(),
-                      [kind](const CheckedReference& row) { return row.kind == kind; }));
+Without PATH all playlists in the folder of the restored ones. Nothing on the machine is changed,
+but for the log that --log asks for. Addresses on the
+internet, shares and removable drives are not looked up. Exit code 1: a file is missing.)",
+                            R"(Examples:
+  norvo-playlists verify
+  norvo-playlists verify C:\Music\Mix.m3u
+
+Without PATH all playlists in the folder of the restored ones. Nothing on the machine is changed,
+but for the log that --log asks for. Addresses on the
+internet, shares and removable drives are not looked up. Exit code 1: a file is missing.)"};
+
+constexpr HelpText kPathHelp = {"Playlists: paths on the machine or on this system",
+                                "Paths of playlists"};
+
+using Kind = VerifiedReference::Kind;
+
+/// Prints each playlist as it is read.
+class VerifyObserver final : public ConsoleObserver {
+ public:
+  using ConsoleObserver::ConsoleObserver;
+
+  void OnVerified(const VerifiedPlaylist& playlist) override {
+    const std::string path = ToUtf8(playlist.path);
+    Console().Print(path + ": " + std::to_string(playlist.Count(Kind::Found)) + " found, " +
+                    std::to_string(playlist.Count(Kind::Missing)) + " missing, " +
+                    std::to_string(playlist.Count(Kind::Address)) + " addresses");
+    if (!playlist.whole) Console().LeftOut(path + ": cannot be read to its end");
+    for (const VerifiedReference& row : playlist.references) {
+      if (row.kind != Kind::Missing) continue;
+      Console().LeftOut(path + ": missing: " + ToUtf8(row.reference));
+    }
   }
 };
 
-/// All playlists in a folder and below.
-std::vector<String> PlaylistsBelow(Component& library, const String& root) {
-  constexpr StringView kEndings[] = {u".asx", u".m3u", u".pls"};
-  std::vector<String> found;
-  std::vector<String> waiting{root};
-  while (!waiting.empty()) {
-    const String folder = std::move(waiting.back());
-    waiting.pop_back();
-    const std::vector<FolderItem> items = ListSorted(library.Files(), folder, kEndings);
-    for (const FolderItem& item : items) {
-      if (!item.isFolder) found.push_back(folder + item.name);
-    }
-    for (auto item = items.rbegin(); item != items.rend(); ++item) {
-      if (item->isFolder) waiting.push_back(folder + item->name + u"\\");
-    }
+Json PlaylistDocument(const VerifiedPlaylist& playlist) {
+  Json missing = Json::array();
+  for (const VerifiedReference& row : playlist.references) {
+    if (row.kind == Kind::Missing) missing.push_back(ToUtf8(row.reference));
   }
-  return found;
+  return {{"path", ToUtf8(playlist.path)},
+          {"whole", playlist.whole},
+          {"found", playlist.Count(Kind::Found)},
+          {"addresses", playlist.Count(Kind::Address)},
+          {"missing", std::move(missing)}};
 }
 
-std::vector<String> Playlists(const Machine& machine, Component& library,
-                              const VerifyArguments& arguments) {
-  std::vector<String> paths;
-  for (const std::string& path : arguments.paths) {
-    paths.push_back(machine.Access().MachinePathOf(path));
+class VerifyCommand final : public Command {
+ public:
+  CLI::App* AddTo(CLI::App& program, CommonArguments& common) override {
+    CLI::App* const app =
+        program.add_subcommand("verify", "Check that the songs of native playlists exist");
+    AddCommonOptions(*app, common, true);
+    app->add_option("PATH", paths_, kPathHelp.Here());
+    app->footer(kHelp.Here());
+    return app;
   }
-  if (!paths.empty()) return paths;
-  const String root = DataCop::GetSubNamePath(library, DataCop::kPlayListSlot);
-  if (root.empty() || !library.Files().FolderExists(root)) {
-    throw HostError("The machine has no folder of restored playlists" +
-                    (root.empty() ? std::string() : ", " + ToUtf8(root)) +
-                    ". Name the playlists to verify, or run norvo-playlists restore first.");
-  }
-  return PlaylistsBelow(library, root);
-}
 
-Json Document(const std::vector<Checked>& playlists) {
-  Json rows = Json::array();
-  for (const Checked& checked : playlists) {
-    Json missing = Json::array();
-    for (const CheckedReference& row : checked.playlist.references) {
-      if (row.kind == CheckedReference::Kind::Missing) missing.push_back(ToUtf8(row.reference));
+  Json Run(const CommonArguments& common, Console& console) override {
+    const std::shared_ptr<NamedMachine> machine = OpenMachine(common.machine, console);
+    std::vector<std::string> paths;
+    for (const std::string& path : paths_) paths.push_back(ToUtf8(machine->MachinePathOf(path)));
+    VerifyObserver observer(console);
+    const VerifyResult result =
+        VerifyPlaylists(machine->Platform(), paths, {common.log}, observer);
+    if (!console.IsJson()) return {};
+    Json rows = Json::array();
+    for (const VerifiedPlaylist& playlist : result.playlists) {
+      rows.push_back(PlaylistDocument(playlist));
     }
-    rows.push_back({{"path", checked.path},
-                    {"whole", checked.playlist.whole},
-                    {"found", checked.Count(CheckedReference::Kind::Found)},
-                    {"addresses", checked.Count(CheckedReference::Kind::Address)},
-                    {"missing", std::move(missing)}});
+    Json document{{"playlists", std::move(rows)}};
+    AddLog(document, result.log);
+    return document;
   }
-  return {{"playlists", std::move(rows)}};
-}
 
-void Tell(const Checked& checked, Console& console) {
-  const std::size_t missing = checked.Count(CheckedReference::Kind::Missing);
-  console.Print(checked.path + ": " + std::to_string(checked.Count(CheckedReference::Kind::Found)) +
-                " found, " + std::to_string(missing) + " missing, " +
-                std::to_string(checked.Count(CheckedReference::Kind::Address)) + " addresses");
-  if (!checked.playlist.whole) console.LeftOut(checked.path + ": cannot be read to its end");
-  for (const CheckedReference& row : checked.playlist.references) {
-    if (row.kind != CheckedReference::Kind::Missing) continue;
-    console.LeftOut(checked.path + ": missing: " + ToUtf8(row.reference));
-  }
-}
+ private:
+  std::vector<std::string> paths_;
+};
 
 }  // namespace
 
-Json RunVerify(const CommonArguments& common, const VerifyArguments& arguments, Console& console) {
-  Machine machine(OpenMachine(common.machine), console);
-  if (common.log) machine.StartLog();
-  // Reading a playlist notes its songs in the machine's media list; verifying changes nothing.
-  const auto overlay = std::make_shared<OverlayPlatform>(machine.Platform());
-  const std::unique_ptr<Component> library = OpenLibrary(overlay);
-  const std::vector<String> paths = Playlists(machine, *library, arguments);
-  std::vector<Checked> playlists;
-  for (std::size_t i = 0; i < paths.size(); ++i) {
-    console.Bar().Advance("verifying", i + 1, paths.size(), paths[i]);
-    playlists.push_back({ToUtf8(paths[i]), CheckNative(*library, paths[i])});
-    Tell(playlists.back(), console);
-  }
-  if (!console.IsJson()) return {};
-  Json document = Document(playlists);
-  AddLog(document, machine);
-  return document;
+std::unique_ptr<Command> NewVerifyCommand() {
+  return std::make_unique<VerifyCommand>();
 }
 
-}  // namespace norvo
+}  // namespace norvo::cli

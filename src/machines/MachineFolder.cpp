@@ -7,7 +7,7 @@
 #include <system_error>
 
 #include "automation/RunTimeError.h"
-#include "cli/Console.h"
+#include "move/MoveError.h"
 #include "services/IniDocument.h"
 #include "text/CodePage.h"
 #include "text/Encoding.h"
@@ -48,7 +48,7 @@ bool HoldsDrivesAlone(const fs::path& folder) {
     if (letter < 'C') return false;
     hasC = hasC || letter == 'C';
   }
-  if (failure) throw HostError(folder.string() + ": " + failure.message());
+  if (failure) throw MoveError(MoveFault::NotListed, folder.string(), failure.message());
   return hasC;
 }
 
@@ -59,6 +59,14 @@ std::shared_ptr<HostedPlatform> OpenIfMachine(const fs::path& folder) {
     return std::make_shared<HostedPlatform>(folder);
   } catch (const RunTimeError&) {
     return nullptr;
+  }
+}
+
+std::shared_ptr<HostedPlatform> OpenMachineFolder(const fs::path& folder) {
+  try {
+    return std::make_shared<HostedPlatform>(folder);
+  } catch (const RunTimeError& failure) {
+    throw MoveError(MoveFault::NoMachine, folder.string(), ToUtf8(failure.Description()));
   }
 }
 

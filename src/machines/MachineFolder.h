@@ -10,8 +10,11 @@ namespace norvo {
 /// The machine that a folder holds, by whatever tells of one; null for a folder that is none.
 std::shared_ptr<HostedPlatform> OpenIfMachine(const std::filesystem::path& folder);
 
+/// The same; MoveError for a folder that is none.
+std::shared_ptr<HostedPlatform> OpenMachineFolder(const std::filesystem::path& folder);
+
 /// The strict question, for a folder that may as well be a disk: true when its machine.ini tells of
-/// drives or folders, or when it holds drive C, maybe others, and nothing else. HostError when it
+/// drives or folders, or when it holds drive C, maybe others, and nothing else. MoveError when it
 /// cannot be listed.
 bool IsSurelyMachine(const std::filesystem::path& folder);
 

@@ -16,11 +16,6 @@ class MachineLayout {
   explicit MachineLayout(std::vector<HostedDrive> drives) : drives_(std::move(drives)) {}
 
   const std::vector<HostedDrive>& Drives() const { return drives_; }
-  /// A letter that no drive has; nothing when all are taken.
-  std::optional<char16_t> FreeLetter() const;
-
-  /// Where a machine path is on this system, as far as it exists; for messages.
-  std::filesystem::path HostPathOf(StringView machinePath) const;
   /// What the machine calls an existing file of this system; nothing when it lies in no drive or
   /// its name cannot be a Windows name.
   std::optional<String> MachinePathOf(const std::filesystem::path& hostPath) const;

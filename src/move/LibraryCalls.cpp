@@ -29,7 +29,7 @@ std::vector<ObjectRef> EntriesOf(AutomationObject& playlist) {
   return found;
 }
 
-bool ReadPlaylist(AutomationObject& playlist, const String& path, std::int32_t type) {
+bool ReadInto(AutomationObject& playlist, const String& path, std::int32_t type) {
   playlist.Let(u"PlayListType", type);
   return ToBoolean(CallWith(playlist, u"ReadPlayList", path));
 }

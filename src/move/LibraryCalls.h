@@ -21,7 +21,7 @@ std::vector<ObjectRef> EntriesOf(AutomationObject& playlist);
 
 /// Reads a native playlist as one of that type. False when it could not be read to its end; what
 /// was read before stays.
-bool ReadPlaylist(AutomationObject& playlist, const String& path, std::int32_t type);
+bool ReadInto(AutomationObject& playlist, const String& path, std::int32_t type);
 
 /// The type by the file's name and first lines; 0 when they tell none.
 std::int32_t TellType(Component& library, const String& path);

@@ -26,25 +26,26 @@ enum class PlaceResult {
   Failed
 };
 
-/// Why a file was not placed.
 enum class PlaceFailure {
   None,
-  SourceUnreadable,
   SourceMissing,
-  SourceIsNoFile,
-  SourceChanged,     ///< while it was read
+  SourceNoFile,
+  SourceUnreadable,
+  SourceChanged,  ///< while it was read
   TargetUnwritable,
-  NotCopied,
-  FolderThere,       ///< a folder has the target's name
-  OtherFileThere,    ///< another file has the target's name
-  FileNotCompared    ///< a file has the target's name, and cannot be read
+  FolderThere,     ///< one that has the target's name
+  OtherFileThere,  ///< one that has the target's name and another content
+  NotComparable,   ///< a file has the target's name and cannot be compared
+  NotCopied
 };
 
 /// What became of a job.
 struct PlaceOutcome {
   PlaceResult result = PlaceResult::Failed;
   PlaceFailure failure = PlaceFailure::None;
-  String systemReason;  ///< what the system says of the failure; empty where it has no part in it
+  /// Why the system refused, in words that end a sentence: "the disk is full". Empty for a failure
+  /// that says all.
+  String detail;
 };
 
 /// Watches files being placed. What it throws ends the work.
@@ -60,8 +61,7 @@ class PlaceListener {
   virtual void OnPlaced(std::size_t job, const PlaceOutcome& outcome) = 0;
 };
 
-/// Brings files of one machine to another: whole or not at all. What stands at a target already is
-/// never replaced.
+/// Places files of one machine on another.
 class MediaPlacer {
  public:
   virtual ~MediaPlacer() = default;
@@ -70,11 +70,12 @@ class MediaPlacer {
   /// Missing folders are created.
   virtual void PlaceAll(std::span<const PlaceJob> jobs, PlaceMode mode,
                         PlaceListener& listener) = 0;
+
   /// True when both files exist and have the same size and content; false also when one cannot be
   /// read.
   virtual bool IsSame(StringView source, StringView target) = 0;
-  /// True when something has the target's name that is no file, so that no file can have it. Creates
-  /// nothing.
+  /// True when something has the target's name that is no file, so that no file can have it: a
+  /// folder, or a link that leads nowhere. Creates nothing.
   virtual bool IsBlocked(StringView target) = 0;
   /// The same text for every path that leads to one file of the first machine.
   virtual std::string IdentityOf(StringView source) = 0;

@@ -133,8 +133,8 @@ void Restore(NewMachine& machine, RestoreLedger& ledger, MoveWork& work) {
 void Run(const MoveMachines& machines, const MoveOptions& options, MediaPlacer& placer,
          MoveWork& work) {
   const auto startLog = [&](OpenedLibrary& machine, MachineSide side) {
-    const String path = machine.StartLog();
-    if (!path.empty()) work.result.logs.push_back({side, path});
+    LogFile file = machine.StartLog();
+    if (!file.path.empty()) work.result.logs.push_back({side, std::move(file)});
   };
   OldMachine old(machines, work.report);
   if (options.log) startLog(old.Opened(), MachineSide::Old);

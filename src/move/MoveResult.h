@@ -94,7 +94,6 @@ struct MovedPlaylist {
     None,
     Unreadable,
     GenericNotWritten,      ///< on the old machine
-    GenericUnreadable,      ///< on the old machine
     GenericDoesNotReadBack,
     NotCarried,             ///< its generic file cannot be written on the new machine
     NotRestored,            ///< its native playlists cannot be written
@@ -149,7 +148,7 @@ struct Verification {
 /// A log that the move has written.
 struct MoveLog {
   MachineSide side = MachineSide::Old;
-  String path;
+  LogFile file;
 };
 
 /// A whole move as data: what was found, what became of it.

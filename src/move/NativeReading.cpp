@@ -49,7 +49,7 @@ std::int32_t TypeFor(Component& library, const String& path) {
 bool ReadByLibrary(Component& library, const String& path, ReferenceWatcher& watcher) {
   const std::int32_t type = TypeFor(library, path);
   const ObserverScope scope(library, watcher);
-  return ReadPlaylist(*library.Create(u"PlayList"), path, type);
+  return ReadInto(*library.Create(u"PlayList"), path, type);
 }
 
 std::vector<VerifiedReference> ReadPatiently(Component& library, const String& path) {

@@ -31,13 +31,14 @@ OpenedLibrary::~OpenedLibrary() {
   machine_->SetWarningSink({});
 }
 
-String OpenedLibrary::StartLog() {
+LogFile OpenedLibrary::StartLog() {
   component_->SetLogMode(log_mode::kFile);
   const String folder = machine_->Product().Folder();
   if (machine_->Files().FolderExists(folder)) {
-    String path = Utility::AddBackslash(folder) + u"VBLog.txt";
-    report_.Observer().OnLog(side_, path);
-    return path;
+    LogFile file{Utility::AddBackslash(folder) + u"VBLog.txt", {}};
+    file.systemPath = machine_->SystemPathOf(file.path);
+    report_.Observer().OnLog(side_, file);
+    return file;
   }
   WorkWarning warning;
   warning.kind = WorkWarning::Kind::NoLogFolder;

@@ -20,9 +20,9 @@ class OpenedLibrary {
   Component& Get() { return *component_; }
   const std::shared_ptr<Platform>& Machine() { return machine_; }
 
-  /// Turns the debug log on and tells where it is; gives its path, empty when it cannot be written
-  /// because the product folder is missing, which is warned of.
-  String StartLog();
+  /// Turns the debug log on and tells where it is; gives none when it cannot be written because the
+  /// product folder is missing, which is warned of.
+  LogFile StartLog();
 
  private:
   std::shared_ptr<Platform> machine_;

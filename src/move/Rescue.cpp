@@ -263,7 +263,7 @@ MovedPlaylist Rescue::NewPart(const CollectedFile& file, std::int32_t type, std:
 void Rescue::Rewrite(const CollectedFile& file, const Listing& listing) {
   const std::int32_t type = FittingType(file.path, listing);
   const ObjectRef read = library_.Create(u"PlayList");
-  ReadPlaylist(*read, file.path, type);
+  ReadInto(*read, file.path, type);
   std::size_t added = 0;
   const std::vector<ObjectRef> entries = CompleteEntries(EntriesOf(*read), listing, type, added);
   // What was written for it before is replaced.

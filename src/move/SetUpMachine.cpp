@@ -202,18 +202,19 @@ std::vector<SetupStep> SetUp(Component& component, const SetupWishes& wishes, Ma
   return setup.Steps();
 }
 
-SetupResult SetUpMachine(const std::shared_ptr<Platform>& machine, const SetupWishes& wishes) {
-  WorkObserver nobody;
-  return SetUpMachine(machine, wishes, nobody);
-}
-
 SetupResult SetUpMachine(const std::shared_ptr<Platform>& machine, const SetupWishes& wishes,
-                         WorkObserver& observer) {
+                         const WorkOptions& options, WorkObserver& observer) {
   SetupResult result;
   WorkReport report(observer, result.warnings);
   OpenedLibrary library(machine, MachineSide::Old, report);
   result.steps = SetUp(library.Get(), wishes, MachineSide::Old, report);
+  if (options.log) result.log = library.StartLog();
   return result;
+}
+
+SetupResult SetUpMachine(const std::shared_ptr<Platform>& machine, const SetupWishes& wishes) {
+  WorkObserver nobody;
+  return SetUpMachine(machine, wishes, {}, nobody);
 }
 
 }  // namespace norvo

@@ -42,8 +42,8 @@ struct SetupResult : WorkResult {
 ///
 /// Without these settings a machine's playlists read as empty: every song that a playlist refers to
 /// is registered in the group's data area, which only they name.
-SetupResult SetUpMachine(const std::shared_ptr<Platform>& machine, const SetupWishes& wishes = {});
 SetupResult SetUpMachine(const std::shared_ptr<Platform>& machine, const SetupWishes& wishes,
-                         WorkObserver& observer);
+                         const WorkOptions& options, WorkObserver& observer);
+SetupResult SetUpMachine(const std::shared_ptr<Platform>& machine, const SetupWishes& wishes = {});
 
 }  // namespace norvo

@@ -25,7 +25,7 @@ class SongListener final : public PlaceListener {
     if (outcome.result == PlaceResult::Failed) {
       song.fault = MovedSong::Fault::NotBrought;
       song.failure = outcome.failure;
-      song.systemReason = outcome.systemReason;
+      song.systemReason = outcome.detail;
     }
     report_.Observer().OnSong(song);
   }

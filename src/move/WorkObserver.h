@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 
 #include "services/Warning.h"
 #include "text/Text.h"
@@ -17,6 +18,12 @@ struct VerifiedPlaylist;
 
 /// Which machine of a move is meant; calls on a single machine say `Old`.
 enum class MachineSide { Old, New };
+
+/// A debug log that a call writes.
+struct LogFile {
+  String path;             ///< on the machine; empty when none is written
+  std::string systemPath;  ///< where that is on this system, in UTF-8; empty where it cannot be told
+};
 
 /// What a call is busy with.
 enum class WorkPhase {
@@ -76,8 +83,8 @@ class WorkObserver {
 
   virtual void OnProgress(const WorkProgress&) {}
   virtual void OnWarning(const WorkWarning&) {}
-  /// A log is written from now on; `path` is on that machine.
-  virtual void OnLog(MachineSide, StringView /*path*/) {}
+  /// A log of that machine is written from now on.
+  virtual void OnLog(MachineSide, const LogFile&) {}
   /// True ends the work at the next file or megabyte; what is done until then is whole.
   virtual bool IsCancelled() { return false; }
 

@@ -14,7 +14,7 @@ struct WorkOptions {
 /// What every call on a machine gives.
 struct WorkResult {
   std::vector<WorkWarning> warnings;  ///< in the order in which they came up
-  String log;                         ///< path of the log on the machine; empty when none is written
+  LogFile log;
   bool cancelled = false;             ///< the observer ended it; what is done stays
 };
 

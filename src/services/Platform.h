@@ -122,6 +122,9 @@ class Platform {
   virtual DriveScanner* Scanner() = 0;
   virtual MessageDialog& Messages() = 0;
   virtual const CodePage& AnsiPage() = 0;
+  /// Where a path of the machine is on the system that the process runs on, in UTF-8, as far as it
+  /// exists; for messages. Empty when it can be nowhere, or the platform cannot tell.
+  virtual std::string SystemPathOf(StringView) { return {}; }
   /// Where the platform tells what it had to leave out, such as names that no path can reach, one
   /// line each. The component takes them into the log; a host may set another place afterwards.
   virtual void SetWarningSink(std::function<void(StringView)>) {}

@@ -4,7 +4,7 @@
 
 #include "cli/Drop.h"
 #include "cli/Json.h"
-#include "cli/Shown.h"
+#include "cli/TerminalText.h"
 #include "cli/Table.h"
 
 namespace norvo {

@@ -4,7 +4,7 @@
 
 #include <sstream>
 
-#include "cli/Shown.h"
+#include "cli/TerminalText.h"
 
 namespace norvo {
 namespace {

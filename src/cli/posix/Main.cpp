@@ -29,6 +29,6 @@ int main(int count, char** words) {
   std::ios::sync_with_stdio(false);
   char** const end = words + count;
   // Who starts the program may leave out even its name.
-  return norvo::Run({std::min(words + 1, end), end}, std::cout, std::cerr,
+  return norvo::cli::Run({std::min(words + 1, end), end}, std::cout, std::cerr,
                     ::isatty(STDERR_FILENO) == 1);
 }

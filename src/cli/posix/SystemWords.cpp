@@ -1,8 +1,9 @@
 #include "cli/SystemWords.h"
 
-namespace norvo {
+namespace norvo::cli {
 
 const SystemWords kWords = {
+    .machinesAreFolders = true,
     .initCommand = "norvo-playlists init --machine DIR",
     .registry = "registry.reg",
     .unwritableRegistry =
@@ -14,4 +15,4 @@ const SystemWords kWords = {
     .checkRights = "See that the machine folder can be read and written.",
 };
 
-}  // namespace norvo
+}  // namespace norvo::cli

@@ -3,7 +3,7 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
-namespace norvo {
+namespace norvo::cli {
 
 std::optional<std::size_t> TerminalWidth() {
   winsize size{};
@@ -11,4 +11,4 @@ std::optional<std::size_t> TerminalWidth() {
   return size.ws_col;
 }
 
-}  // namespace norvo
+}  // namespace norvo::cli

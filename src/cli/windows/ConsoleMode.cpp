@@ -4,7 +4,7 @@
 
 #include <cstdio>
 
-namespace norvo {
+namespace norvo::cli {
 
 ConsoleMode::ConsoleMode() : codePage_(::GetConsoleOutputCP()) {
   if (codePage_ != 0) ::SetConsoleOutputCP(CP_UTF8);
@@ -19,4 +19,4 @@ ConsoleMode::~ConsoleMode() {
   if (codePage_ != 0) ::SetConsoleOutputCP(codePage_);
 }
 
-}  // namespace norvo
+}  // namespace norvo::cli

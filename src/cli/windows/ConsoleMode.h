@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-namespace norvo {
+namespace norvo::cli {
 
 /// While it lives, the console takes UTF-8, and what draws the progress on standard error. The
 /// console stays when the program ends, so it gets its own ways back.
@@ -22,4 +22,4 @@ class ConsoleMode {
   bool canDraw_ = false;
 };
 
-}  // namespace norvo
+}  // namespace norvo::cli

@@ -32,7 +32,7 @@ std::vector<std::string> Words() {
 }  // namespace
 
 int main() {
-  const norvo::ConsoleMode console;
+  const norvo::cli::ConsoleMode console;
   std::ios::sync_with_stdio(false);
-  return norvo::Run(Words(), std::cout, std::cerr, console.CanDraw());
+  return norvo::cli::Run(Words(), std::cout, std::cerr, console.CanDraw());
 }

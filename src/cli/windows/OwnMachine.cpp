@@ -1,12 +1,13 @@
 #include <windows.h>
 
-#include "cli/Console.h"
-#include "cli/MachineAccess.h"
+#include "cli/CommonOptions.h"
+#include "cli/NamedMachine.h"
+#include "cli/windows/FolderRefusal.h"
 #include "platform/windows/WideText.h"
 #include "platform/windows/WindowsPlatform.h"
 #include "text/Encoding.h"
 
-namespace norvo {
+namespace norvo::cli {
 namespace {
 
 /// `GetFullPathNameW`: from the process's current folder, also where another drive is named.
@@ -21,16 +22,16 @@ String FromCurrentFolder(const String& path) {
 }
 
 /// The machine that the program runs on: its paths are those of this system.
-class OwnMachine final : public MachineAccess {
+class OwnMachine final : public NamedMachine {
  public:
+  explicit OwnMachine(MessageDialog& messages) { platform_->SetMessageDialog(messages); }
+
   std::shared_ptr<norvo::Platform> Platform() override { return platform_; }
-  void SetMessageDialog(MessageDialog& messages) override { platform_->SetMessageDialog(messages); }
-  std::string SystemPathOf(StringView machinePath) const override { return ToUtf8(machinePath); }
   String MachinePathOf(const std::string& named) const override {
     const String path = FromUtf8Lossy(named);
     if (IsMachinePath(named)) return path;
     const String full = FromCurrentFolder(path);
-    if (full.empty()) throw HostError("\"" + named + "\" is no path. Name a playlist.");
+    if (full.empty()) throw CommandError("\"" + named + "\" is no path. Name a playlist.");
     return full;
   }
 
@@ -40,8 +41,27 @@ class OwnMachine final : public MachineAccess {
 
 }  // namespace
 
-std::shared_ptr<MachineAccess> OpenMachine(const std::string&) {
-  return std::make_shared<OwnMachine>();
+std::shared_ptr<NamedMachine> OpenMachine(const std::string&, MessageDialog& messages) {
+  return std::make_shared<OwnMachine>(messages);
 }
 
-}  // namespace norvo
+NamedPlaylist OpenPlaylist(const std::string&, const std::string& path, MessageDialog& messages) {
+  OwnMachine machine(messages);
+  NamedPlaylist playlist{machine.Platform(), machine.MachinePathOf(path), {}};
+  if (!playlist.machine->Files().FileExists(playlist.path)) {
+    throw CommandError(ToUtf8(playlist.path) +
+                       " is no file of this machine. Check the path's spelling.");
+  }
+  return playlist;
+}
+
+void AddMachineOption(CLI::App& command, CommonArguments&, bool) {
+  const auto refuse = [](const std::string&) {
+    throw CLI::ValidationError("--machine", kFolderRefusal);
+  };
+  command.add_option_function<std::string>("--machine", refuse)
+      ->expected(0, 1)
+      ->group("");  // no group, no help
+}
+
+}  // namespace norvo::cli

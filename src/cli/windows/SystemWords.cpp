@@ -1,8 +1,9 @@
 #include "cli/SystemWords.h"
 
-namespace norvo {
+namespace norvo::cli {
 
 const SystemWords kWords = {
+    .machinesAreFolders = false,
     .initCommand = "norvo-playlists init",
     .registry = "the registry",
     .unwritableRegistry =
@@ -13,4 +14,4 @@ const SystemWords kWords = {
     .checkRights = "See that you may read and write there.",
 };
 
-}  // namespace norvo
+}  // namespace norvo::cli

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-namespace norvo {
+namespace norvo::cli {
 
 std::optional<std::size_t> TerminalWidth() {
   CONSOLE_SCREEN_BUFFER_INFO screen{};
@@ -11,4 +11,4 @@ std::optional<std::size_t> TerminalWidth() {
   return width > 0 ? std::optional<std::size_t>(width) : std::nullopt;
 }
 
-}  // namespace norvo
+}  // namespace norvo::cli

@@ -1,0 +1,17 @@
+#include "cli/CommonOptions.h"
+
+namespace norvo::cli {
+
+void AddOutputOptions(CLI::App& command, CommonArguments& common) {
+  command.add_flag("--log", common.log, "Write the debug log, VBLog.txt in the product's folder");
+  command.add_flag("--json", common.json, "Report as one JSON document on standard output");
+  command.add_flag("--quiet", common.quiet,
+                   "No progress and no summary; show and verify still print their tables");
+}
+
+void AddCommonOptions(CLI::App& command, CommonArguments& common, bool machineRequired) {
+  AddMachineOption(command, common, machineRequired);
+  AddOutputOptions(command, common);
+}
+
+}  // namespace norvo::cli

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include "cli/Command.h"
+#include "cli/SystemWords.h"
+
+namespace norvo::cli {
+
+/// `--log`, `--json` and `--quiet`.
+void AddOutputOptions(CLI::App& command, CommonArguments& common);
+
+/// The same, and `--machine DIR`, which the machines of this system may not need, and then refuse.
+void AddCommonOptions(CLI::App& command, CommonArguments& common, bool machineRequired);
+
+/// `--machine DIR` alone; each system has its own.
+void AddMachineOption(CLI::App& command, CommonArguments& common, bool required);
+
+/// A text of the help that differs on systems whose machines are held in folders, and on those where
+/// the machine is the one that the program runs on.
+struct HelpText {
+  const char* folders;
+  const char* own;
+
+  const char* Here() const { return kWords.machinesAreFolders ? folders : own; }
+};
+
+}  // namespace norvo::cli

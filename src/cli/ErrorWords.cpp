@@ -1,0 +1,115 @@
+#include "cli/ErrorWords.h"
+
+#include "cli/SystemWords.h"
+
+namespace norvo::cli {
+namespace {
+
+std::string MissingSettings(const char* missing) {
+  return std::string("The machine's registry lacks ") + missing + ". Run " + kWords.initCommand +
+         " first, or collect --init.";
+}
+
+/// Of the product's settings.
+std::string SettingsText(const MoveError& error) {
+  const std::string& subject = error.Subject();
+  switch (error.Fault()) {
+    case MoveFault::GroupRootNotFull:
+      return "--group-root " + subject +
+             R"( is no full path of the machine, such as D:\Norvo Media\)";
+    case MoveFault::GroupRootUnusable:
+      return "The group root " + subject +
+             " is no full path of the machine. Correct SubGroupRootName in " + kWords.registry +
+             ".";
+    case MoveFault::GroupRootNowhere:
+      return "The group root " + subject + " lies on drive " + error.Detail() + ", which " +
+             kWords.lacksDrive + ". Choose another place with --group-root PATH.";
+    case MoveFault::RegistryUnwritable:
+      return kWords.unwritableRegistry;
+    case MoveFault::FolderNotCreated:
+      return "The folder " + subject + " cannot be created: " + error.Detail() + ". " +
+             kWords.makeWritable + ", or choose a place on another drive.";
+    case MoveFault::FileNotWritten:
+      return "The file " + subject + " cannot be written: " + error.Detail() +
+             ". Make its folder writable.";
+    case MoveFault::RoleMissing:
+      return MissingSettings("the machine's role (mode)");
+    case MoveFault::GroupRootMissing:
+      return MissingSettings("the group root (SubGroupRootName)");
+    case MoveFault::RoleAndGroupRootMissing:
+      return MissingSettings("the machine's role (mode) and the group root (SubGroupRootName)");
+    case MoveFault::RoleTakesNoPart:
+      return "The machine's role (mode) is 3: it is neither source nor destination, and nothing can "
+             "be listed. Set mode to 0 in " +
+             std::string(kWords.registry) + ".";
+    default:
+      return {};
+  }
+}
+
+/// Of work on machines.
+std::string WorkText(const MoveError& error) {
+  const std::string& subject = error.Subject();
+  switch (error.Fault()) {
+    case MoveFault::ScanFailed:
+      return "The scan of the old machine failed. See that its data area can be written.";
+    case MoveFault::NoPlaylistFolder:
+      return "The machine has no folder of restored playlists" +
+             (subject.empty() ? std::string() : ", " + subject) +
+             ". Name the playlists to verify, or run norvo-playlists restore first.";
+    case MoveFault::NoDocumentsFolder:
+      return "The new machine has no documents folder. Name one in its machine.ini, section "
+             "[ShellFolders], such as 5=C:\\My Documents.";
+    default:
+      return {};
+  }
+}
+
+/// Of machines that are held in folders.
+std::string FolderText(const MoveError& error) {
+  const std::string& subject = error.Subject();
+  const std::string& detail = error.Detail();
+  switch (error.Fault()) {
+    case MoveFault::NoMachine:
+      return detail +
+             ". A machine folder holds a folder per drive, named by its letter (such as C), or a "
+             "machine.ini that names the drives. Name one with --machine.";
+    case MoveFault::NoFolder:
+      return subject +
+             " is no folder. Name the old machine's folder, or the folder where its disk is "
+             "mounted, with --from.";
+    case MoveFault::NotListed:
+      return subject + ": " + detail;
+    case MoveFault::WorkNotCreated:
+      return subject + ": " + detail + ". Choose another --work.";
+    case MoveFault::WorkTaken:
+      return subject +
+             ": holds a machine of its own. Name an empty folder, or that of an earlier run.";
+    case MoveFault::NoFreeLetter:
+      return subject + " has no free drive letter. Leave --work out.";
+    case MoveFault::MachineNotMade:
+      return subject + " cannot be made a machine: " + detail +
+             ". Name a folder that can be written with --to.";
+    case MoveFault::LinkWritesToSource:
+      return "--link writes to the old disk, which counts the links of a file. Use --copy, or name a "
+             "machine folder with --from and leave --work out.";
+    case MoveFault::FoldersOverlap:
+      return subject + " and " + detail + " lie in each other. Name folders that stand apart.";
+    case MoveFault::NoTemporaryFolder:
+      return "No folder can be made in " + subject + ". Set TMPDIR to a folder that can be written.";
+    default:
+      return {};
+  }
+}
+
+}  // namespace
+
+std::string TextOf(const MoveError& error) {
+  for (const auto text : {SettingsText, WorkText, FolderText}) {
+    std::string words = text(error);
+    if (!words.empty()) return words;
+  }
+  return error.what();
+}
+
+}  // namespace norvo::cli

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "services/Platform.h"
+
+namespace norvo::cli {
+
+/// The machine that a command works on, and how its paths and those of this system lead to each
+/// other. Paths of this system are UTF-8 where they are texts.
+class NamedMachine {
+ public:
+  virtual ~NamedMachine() = default;
+
+  virtual std::shared_ptr<norvo::Platform> Platform() = 0;
+  /// What the machine calls the file that the user has named, by a path of the machine or of this
+  /// system. CommandError when the machine cannot have it.
+  virtual String MachinePathOf(const std::string& named) const = 0;
+};
+
+/// The machine that `--machine` names; on Windows, where nothing names one, the machine that the
+/// program runs on. Its messages go to `messages`, which must outlive it. MoveError when it is no
+/// machine.
+std::shared_ptr<NamedMachine> OpenMachine(const std::string& folder, MessageDialog& messages);
+
+/// A playlist that is to be shown, on its machine.
+struct NamedPlaylist {
+  std::shared_ptr<norvo::Platform> machine;
+  String path;
+  std::string folder;        ///< of the machine; empty for a playlist that belongs to none
+  bool lacksSettings = false;  ///< a machine was named that has no settings of the product yet
+  bool hasLog = true;          ///< there is a product folder that could take a log
+};
+
+/// The playlist at a path of a machine or of this system. `folder` may be empty: then a playlist of
+/// this system is shown where it lies. CommandError when the path names none that can be reached.
+NamedPlaylist OpenPlaylist(const std::string& folder, const std::string& path,
+                           MessageDialog& messages);
+
+/// True for "C:\..." and "C:/...".
+bool IsMachinePath(std::string_view text);
+
+/// "C:\Norvo\VBLog.txt (/mnt/old-disk/C/Norvo/VBLog.txt)": a path of the machine, and where that is
+/// on this system; once where both are one.
+std::string BothPaths(Platform& machine, StringView path);
+
+}  // namespace norvo::cli

@@ -1,0 +1,68 @@
+#include "cli/WarningWords.h"
+
+#include "cli/SystemWords.h"
+#include "text/Encoding.h"
+
+namespace norvo::cli {
+namespace {
+
+using Kind = WorkWarning::Kind;
+
+std::string KeptText(const std::string& what, const WorkWarning& warning, const char* value) {
+  return "The " + what + " stays " + ToUtf8(warning.subject) + ": it was there before. Change " +
+         value + " in " + kWords.registry + " for another one.";
+}
+
+std::string UnusableText(const std::string& value) {
+  const char* const why = value == "mode" ? " is no number" : " is no text, or empty";
+  return "The registry value " + value + why + ". It is left as it is; correct or remove it in " +
+         kWords.registry + ", then run init again.";
+}
+
+/// Of what the reading back of a native playlist has found.
+std::string FindingText(const WorkWarning& warning) {
+  const std::string subject = ToUtf8(warning.subject) + ": ";
+  const std::string detail = '"' + ToUtf8(warning.detail) + '"';
+  const std::string counts =
+      std::to_string(warning.found) + " of " + std::to_string(warning.expected) + " references";
+  switch (warning.kind) {
+    case Kind::NativesMissing:
+      return subject + std::to_string(warning.found) + " of its " +
+             std::to_string(warning.expected) + " native playlists were written";
+    case Kind::UntellableAddress:
+      return subject + "its native playlists cannot tell " + detail +
+             ", which does not fit the 8-bit page";
+    case Kind::NativeGone:
+      return subject + "was written, and is gone now";
+    case Kind::NativeIncomplete:
+      return subject + "reads back with " + counts;
+    case Kind::WrongSong:
+      return subject + detail + " does not lead to " + ToUtf8(warning.wanted);
+    default:
+      return subject + detail + " was " + ToUtf8(warning.wanted);
+  }
+}
+
+}  // namespace
+
+std::string TextOf(const WorkWarning& warning, const char* library) {
+  switch (warning.kind) {
+    case Kind::Library:
+      return library + ToUtf8(warning.warning.text);
+    case Kind::Oddity:
+      return "Warning: " + ToUtf8(warning.warning.text);
+    case Kind::SettingUnusable:
+      return UnusableText(ToUtf8(warning.subject));
+    case Kind::RoleKept:
+      return KeptText("role", warning, "mode");
+    case Kind::GroupRootKept:
+      return KeptText("group root", warning, "SubGroupRootName");
+    case Kind::NoLogFolder:
+      return "No log is written: the product folder " + ToUtf8(warning.subject) +
+             " is missing. norvo-playlists init creates it.";
+    default:
+      return FindingText(warning);
+  }
+}
+
+}  // namespace norvo::cli

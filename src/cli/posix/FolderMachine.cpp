@@ -1,0 +1,151 @@
+#include <cctype>
+#include <filesystem>
+
+#include "automation/RunTimeError.h"
+#include "cli/CommonOptions.h"
+#include "cli/NamedMachine.h"
+#include "library/Library.h"
+#include "machines/MachineFolder.h"
+#include "machines/MachinePaths.h"
+#include "move/ProductSettings.h"
+#include "text/Encoding.h"
+
+namespace norvo::cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A machine that is held in a folder.
+class FolderMachine final : public NamedMachine {
+ public:
+  FolderMachine(const fs::path& folder, MessageDialog& messages)
+      : platform_(OpenMachineFolder(folder)) {
+    platform_->SetMessageDialog(messages);
+  }
+
+  HostedPlatform& Hosted() { return *platform_; }
+  std::shared_ptr<norvo::Platform> Platform() override { return platform_; }
+  String MachinePathOf(const std::string& named) const override {
+    if (IsMachinePath(named)) return FromUtf8Lossy(named);
+    const std::optional<String> inside = PathOnMachine(*platform_, named);
+    if (!inside) {
+      throw CommandError(named + " is no file of the machine. Name a path of the machine, such as " +
+                         R"(C:\Music\Mix.m3u, or of a file in its folder.)");
+    }
+    return *inside;
+  }
+
+ private:
+  std::shared_ptr<HostedPlatform> platform_;
+};
+
+bool IsSingleLetter(const fs::path& name) {
+  const std::string text = name.string();
+  return text.size() == 1 && std::isalpha(static_cast<unsigned char>(text.front())) != 0;
+}
+
+bool HoldsFile(const fs::path& folder, const fs::path& file) {
+  const std::shared_ptr<HostedPlatform> machine = OpenIfMachine(folder);
+  return machine && PathOnMachine(*machine, file).has_value();
+}
+
+/// The machine folder that a file lies in: the nearest folder above that has a machine's own files,
+/// else the outermost one that holds a drive's folder (music is often kept in folders A to Z).
+/// Empty when there is none.
+fs::path MachineAbove(const fs::path& file) {
+  fs::path outermost;
+  fs::path below = file;
+  for (fs::path folder = file.parent_path(); folder != below; folder = folder.parent_path()) {
+    std::error_code ignored;
+    const bool marked =
+        fs::exists(folder / "machine.ini", ignored) || fs::exists(folder / "registry.reg", ignored);
+    const bool holdsDrive = below != file && IsSingleLetter(below.filename());
+    if ((marked || holdsDrive) && HoldsFile(folder, file)) {
+      if (marked) return folder;
+      outermost = folder;
+    }
+    below = folder;
+  }
+  return outermost;
+}
+
+/// The file behind a path of this system.
+fs::path ExistingFile(const std::string& path) {
+  std::error_code failure;
+  const fs::path file = fs::canonical(path, failure);
+  if (failure) throw CommandError(path + ": " + failure.message() + ". Check the path's spelling.");
+  if (!fs::is_regular_file(file, failure)) {
+    throw CommandError(path + " is no file. Name a playlist.");
+  }
+  return file;
+}
+
+String PathInside(const HostedPlatform& machine, const fs::path& folder, const std::string& path) {
+  if (IsMachinePath(path)) return FromUtf8Lossy(path);
+  const std::optional<String> inside = PathOnMachine(machine, ExistingFile(path));
+  if (inside) return *inside;
+  throw CommandError(path + " lies in no drive of the machine " + folder.string() +
+                     ". Name a path of the machine, or leave --machine out.");
+}
+
+/// A playlist of a machine.
+NamedPlaylist OnMachine(const fs::path& folder, const std::string& path, MessageDialog& messages) {
+  FolderMachine machine(folder, messages);
+  NamedPlaylist playlist{machine.Platform(), PathInside(machine.Hosted(), folder, path),
+                         folder.string()};
+  if (!machine.Hosted().Files().FileExists(playlist.path)) {
+    throw CommandError(ToUtf8(playlist.path) + " is no file of the machine " + folder.string() +
+                       ". Check the path's spelling.");
+  }
+  return playlist;
+}
+
+/// A playlist that lies in no machine: its own folder is drive C of one.
+NamedPlaylist OnItsOwn(const std::string& path, MessageDialog& messages) {
+  const fs::path file = ExistingFile(path);
+  const std::optional<String> name = NameOnMachine(file);
+  if (!name) {
+    throw CommandError(file.string() + ": the name cannot be a Windows name. Copy the file to " +
+                       "another name, in the same folder.");
+  }
+  HostedLayout layout;
+  layout.drives.push_back({u'C', DriveType::Fixed, file.parent_path()});
+  const auto machine = std::make_shared<HostedPlatform>(std::move(layout));
+  machine->SetMessageDialog(messages);
+  NamedPlaylist playlist{machine, u"C:\\" + *name, {}};
+  playlist.hasLog = false;
+  return playlist;
+}
+
+bool LacksSettings(const std::shared_ptr<Platform>& machine) {
+  const ProductSettings settings = ReadProductSettings(*OpenLibrary(machine));
+  return !settings.role || settings.groupRoot.empty();
+}
+
+}  // namespace
+
+std::shared_ptr<NamedMachine> OpenMachine(const std::string& folder, MessageDialog& messages) {
+  return std::make_shared<FolderMachine>(folder, messages);
+}
+
+NamedPlaylist OpenPlaylist(const std::string& folder, const std::string& path,
+                           MessageDialog& messages) {
+  if (!folder.empty()) {
+    NamedPlaylist playlist = OnMachine(folder, path, messages);
+    playlist.lacksSettings = LacksSettings(playlist.machine);
+    return playlist;
+  }
+  if (IsMachinePath(path)) {
+    throw CommandError(path + " is a path of a machine. Name the machine's folder with --machine.");
+  }
+  const fs::path above = MachineAbove(ExistingFile(path));
+  return above.empty() ? OnItsOwn(path, messages) : OnMachine(above, path, messages);
+}
+
+void AddMachineOption(CLI::App& command, CommonArguments& common, bool required) {
+  command.add_option("--machine", common.machine, "Folder that holds the machine")
+      ->type_name("DIR")
+      ->required(required);
+}
+
+}  // namespace norvo::cli

@@ -1,0 +1,90 @@
+#include "machines/SourceFolder.h"
+
+#include <algorithm>
+#include <fstream>
+#include <optional>
+#include <string_view>
+#include <system_error>
+
+#include "machines/MachineFolder.h"
+#include "move/MoveError.h"
+
+namespace norvo {
+namespace {
+
+namespace fs = std::filesystem;
+
+void RequireFolder(const fs::path& folder) {
+  std::error_code failure;
+  if (!fs::is_directory(folder, failure)) throw MoveError(MoveFault::NoFolder, folder.string());
+}
+
+/// The drives that are read, by a machine's own description or as one disk.
+std::vector<HostedDrive> DrivesOf(const fs::path& from) {
+  if (IsSurelyMachine(from)) return ReadLayout(from).drives;
+  return {{u'C', DriveType::Fixed, from}};
+}
+
+/// A letter that no drive has; nothing when all are taken.
+std::optional<char16_t> FreeLetter(const std::vector<HostedDrive>& drives) {
+  for (char16_t letter = u'Z'; letter >= u'C'; --letter) {
+    const bool taken = std::any_of(drives.begin(), drives.end(), [letter](const HostedDrive& drive) {
+      return drive.letter == letter;
+    });
+    if (!taken) return letter;
+  }
+  return std::nullopt;
+}
+
+/// An earlier version of this program made a machine of the work folder, by links to the drives; this
+/// was the first line of its settings.
+constexpr std::string_view kOldMark = "; Made anew by each run of norvo-playlists.";
+
+/// True for a folder that holds a machine which is not the leaving of an earlier run.
+bool HoldsOtherMachine(const fs::path& work, char16_t own) {
+  std::ifstream settings(work / "machine.ini", std::ios::binary);
+  std::string line;
+  if (settings.is_open()) return !std::getline(settings, line) || !line.starts_with(kOldMark);
+  for (char16_t letter = u'C'; letter <= u'Z'; ++letter) {
+    const fs::path drive = work / std::string(1, static_cast<char>(letter));
+    if (letter != own && fs::is_directory(fs::symlink_status(drive))) return true;
+  }
+  return false;
+}
+
+/// Makes the work folder, with the folder of the drive that takes the product's data.
+void MakeWork(const fs::path& work, char16_t own) {
+  std::error_code failure;
+  fs::create_directories(work, failure);
+  if (failure) throw MoveError(MoveFault::WorkNotCreated, work.string(), failure.message());
+  if (HoldsOtherMachine(work, own)) throw MoveError(MoveFault::WorkTaken, work.string());
+  const fs::path drive = work / std::string(1, static_cast<char>(own));
+  fs::create_directory(drive, failure);
+  if (failure) throw MoveError(MoveFault::WorkNotCreated, drive.string(), failure.message());
+}
+
+}  // namespace
+
+SourceFolder::SourceFolder(const fs::path& from, const fs::path& work) {
+  RequireFolder(from);
+  readOnly_ = !work.empty() || !IsSurelyMachine(from);
+  if (!readOnly_) {
+    machine_ = OpenMachineFolder(from);
+    return;
+  }
+  if (work.empty()) temporary_ = std::make_unique<TemporaryFolder>();
+  const fs::path folder = work.empty() ? temporary_->Path() : work;
+  HostedLayout layout;
+  layout.drives = DrivesOf(from);
+  const std::optional<char16_t> letter = FreeLetter(layout.drives);
+  if (!letter) throw MoveError(MoveFault::NoFreeLetter, from.string());
+  MakeWork(folder, *letter);
+  const std::string name(1, static_cast<char>(*letter));
+  layout.drives.push_back({*letter, DriveType::Fixed, folder / name});
+  layout.registryFile = folder / "registry.reg";
+  layout.shellFolders[ShellFolders::kDocuments] = String(1, *letter) + u":\\My Documents";
+  groupRoot_ = name + ":\\Norvo Media\\";
+  machine_ = std::make_shared<HostedPlatform>(std::move(layout));
+}
+
+}  // namespace norvo

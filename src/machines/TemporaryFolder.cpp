@@ -1,0 +1,52 @@
+#include "machines/TemporaryFolder.h"
+
+#include <random>
+#include <string>
+#include <system_error>
+
+#include "move/MoveError.h"
+
+namespace norvo {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kCharacters = "abcdefghijklmnopqrstuvwxyz0123456789";
+constexpr int kMarkLength = 10;
+constexpr int kMostAttempts = 100;
+
+std::string NewName() {
+  std::random_device random;
+  std::uniform_int_distribution<std::size_t> place(0, kCharacters.size() - 1);
+  std::string name = "norvo-";
+  for (int i = 0; i < kMarkLength; ++i) name += kCharacters[place(random)];
+  return name;
+}
+
+}  // namespace
+
+TemporaryFolder::TemporaryFolder() {
+  std::error_code failure;
+  fs::path parent = fs::temp_directory_path(failure);
+  if (failure) parent = "/tmp";
+  for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
+    const fs::path path = parent / NewName();
+    // False for one that somebody else has made.
+    if (!fs::create_directory(path, failure)) {
+      if (failure) break;
+      continue;
+    }
+    path_ = path;
+    // What is written there is about a person's files; nobody else need read it.
+    fs::permissions(path, fs::perms::owner_all, failure);
+    return;
+  }
+  throw MoveError(MoveFault::NoTemporaryFolder, parent.string());
+}
+
+TemporaryFolder::~TemporaryFolder() {
+  std::error_code ignored;
+  fs::remove_all(path_, ignored);
+}
+
+}  // namespace norvo
