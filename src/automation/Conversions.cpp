@@ -1,11 +1,11 @@
 #include "automation/Conversions.h"
 
 #include <cmath>
-#include <cstdio>
 #include <limits>
 #include <optional>
 #include <utility>
 
+#include "automation/Dates.h"
 #include "automation/RunTimeError.h"
 #include "text/Number.h"
 #include "text/Wildcard.h"
@@ -33,25 +33,6 @@ double NumberFromText(StringView text) {
 /// A true boolean is the number with all bits set.
 double NumberOf(bool value) {
   return value ? -1 : 0;
-}
-
-struct CivilDate {
-  int year, month, day;
-};
-
-/// Calendar date of a count of days since 1 January 1970.
-CivilDate CivilFromDays(std::int64_t days) {
-  days += 719468;  // days since 1 March of year 0: leap days then end each year
-  const std::int64_t era = (days >= 0 ? days : days - 146096) / 146097;
-  const std::int64_t dayOfEra = days - era * 146097;
-  const std::int64_t yearOfEra =
-      (dayOfEra - dayOfEra / 1460 + dayOfEra / 36524 - dayOfEra / 146096) / 365;
-  const std::int64_t dayOfYear = dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);
-  const std::int64_t shifted = (5 * dayOfYear + 2) / 153;
-  const std::int64_t month = shifted < 10 ? shifted + 3 : shifted - 9;
-  const std::int64_t year = yearOfEra + era * 400 + (month <= 2 ? 1 : 0);
-  return {static_cast<int>(year), static_cast<int>(month),
-          static_cast<int>(dayOfYear - (153 * shifted + 2) / 5 + 1)};
 }
 
 }  // namespace
@@ -120,27 +101,6 @@ ObjectRef ToObject(const Variant& value) {
 
 String BooleanText(bool value) {
   return value ? u"True" : u"False";
-}
-
-String DateText(Date date) {
-  constexpr std::int64_t kSecondsPerDay = 86400;
-  constexpr std::int64_t kDaysFrom1899To1970 = 25569;
-  // The fraction is the time of day also before 1899, where it does not count backwards.
-  const double wholeDays = std::trunc(date.days);
-  auto days = static_cast<std::int64_t>(wholeDays);
-  std::int64_t time = std::llround(std::fabs(date.days - wholeDays) * kSecondsPerDay);
-  if (time == kSecondsPerDay) {
-    time = 0;
-    ++days;
-  }
-  const CivilDate civil = CivilFromDays(days - kDaysFrom1899To1970);
-  const int hour = static_cast<int>(time / 3600);
-  char buffer[64];
-  const int length =
-      std::snprintf(buffer, sizeof buffer, "%d/%d/%d %d:%02d:%02d %s", civil.month, civil.day,
-                    civil.year, hour % 12 == 0 ? 12 : hour % 12, static_cast<int>(time / 60 % 60),
-                    static_cast<int>(time % 60), hour < 12 ? "AM" : "PM");
-  return String(buffer, buffer + length);
 }
 
 String ToText(const Variant& value) {

@@ -32,7 +32,6 @@ std::int16_t CountToInt16(std::size_t count);
 std::int32_t CountToInt32(std::size_t count);
 
 String BooleanText(bool value);
-String DateText(Date date);
 
 /// Pattern match that raises error 93 for a pattern that is not valid.
 bool Like(StringView text, StringView pattern, Compare compare);

@@ -1,6 +1,7 @@
 #include "playlist/PlayList.h"
 
 #include "automation/Attempt.h"
+#include "automation/Dates.h"
 #include "readers/AsxReader.h"
 #include "readers/GenericReader.h"
 #include "readers/M3uReader.h"

@@ -22,20 +22,13 @@ String HostedProduct::BaseKey() {
   return u"SOFTWARE\\Norvo\\Migration";
 }
 
-String HostedProduct::Value(StringView name) {
-  RegistryKey key(registry_);
-  String value;
-  if (key.Open(BaseKey())) key.Read(name, value);
-  return value;
-}
-
 String HostedProduct::Folder() {
-  const String folder = Value(u"ProductFolder");
+  const String folder = TextValue(registry_, BaseKey(), u"ProductFolder");
   return folder.empty() ? u"C:\\Norvo\\" : Utility::AddBackslash(folder);
 }
 
 String HostedProduct::Name() {
-  return Value(u"ProductName");
+  return TextValue(registry_, BaseKey(), u"ProductName");
 }
 
 }  // namespace norvo

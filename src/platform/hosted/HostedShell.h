@@ -28,8 +28,6 @@ class HostedProduct final : public ProductInformation {
   String Name() override;
 
  private:
-  String Value(StringView name);
-
   Registry& registry_;
 };
 

@@ -2,13 +2,10 @@
 
 #include <cstdint>
 
+#include "services/Subject.h"
 #include "text/Text.h"
 
 namespace norvo {
-
-/// What a failed call was about. What is missing has another number for a file than for a folder;
-/// for something new it is the folder around it that is missing.
-enum class Subject { File, Folder, New };
 
 /// Number of the run-time error that stands for a system error code (`GetLastError`).
 std::int32_t ErrorNumber(std::uint32_t code, Subject subject);

@@ -1,16 +1,20 @@
 #include "platform/windows/WindowsTime.h"
 
 #include <algorithm>
+#include <chrono>
 #include <limits>
 #include <optional>
+
+#include "automation/Dates.h"
 
 namespace norvo {
 namespace {
 
 constexpr std::int64_t kTicksPerSecond = 10'000'000;
-constexpr std::int64_t kTicksPerDay = 86400 * kTicksPerSecond;
-constexpr std::int64_t kTicksTo1970 = 11'644'473'600 * kTicksPerSecond;
-constexpr std::int64_t kDaysToDateZero = 109'205;  // from 1601 to 30 December 1899
+
+constexpr std::chrono::sys_seconds k1601 =
+    std::chrono::sys_days(std::chrono::year{1601} / std::chrono::January / 1);
+constexpr std::int64_t kTicksTo1970 = -k1601.time_since_epoch().count() * kTicksPerSecond;
 
 std::int64_t TicksOf(const FILETIME& time) {
   const std::uint64_t ticks = std::uint64_t{time.dwHighDateTime} << 32 | time.dwLowDateTime;
@@ -59,11 +63,8 @@ Date ToLocalDate(FileTime time) {
   if (time < kEarliest || time > kLatest) return {};
   const std::optional<std::int64_t> ticks = LocalTicks(time * kTicksPerSecond + kTicksTo1970);
   if (!ticks) return {};
-  const auto days = static_cast<double>(*ticks / kTicksPerDay - kDaysToDateZero);
-  const double part =
-      static_cast<double>(*ticks % kTicksPerDay) / static_cast<double>(kTicksPerDay);
-  // Before date zero the fraction still counts forward from midnight, but is written backward.
-  return {days < 0 ? days - part : days + part};
+  return DateOf(std::chrono::local_seconds(
+      std::chrono::seconds((*ticks - kTicksTo1970) / kTicksPerSecond)));
 }
 
 }  // namespace norvo
