@@ -22,8 +22,9 @@ def allowed_folders():
     for name, found in direct.items():
         allowed[name] = {name, *found, *(each for folder in found for each in allowed[folder])}
     # The program's rooms are one library together; one of them knows the system.
-    program = {*rooms, "cli", "move"} - {"platform/hosted", "platform/windows"}
-    posix = {*program, "cli/posix", "machines", "platform/hosted"}
+    program = {each for each in rooms if not each.startswith("platform/")} | {"cli", "move"}
+    posix = {*program, "cli/posix", "machines", "placing", "platform/hosted", "platform/files"}
+    allowed["placing"] = {*allowed["platform/hosted"], "placing", "move"}
     return {**allowed, "cli": posix, "cli/posix": posix, "machines": posix, "move": posix,
             "cli/windows": {*program, "cli/windows", "platform/windows"}}
 

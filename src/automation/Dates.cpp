@@ -44,11 +44,10 @@ String DateText(Date date) {
   const std::int64_t year = int{civil.year()} + cycle.count() * 400;
   const int hour = static_cast<int>(time / 3600);
   char buffer[64];
-  const int length =
-      std::snprintf(buffer, sizeof buffer, "%u/%u/%d %d:%02d:%02d %s", unsigned{civil.month()},
-                    unsigned{civil.day()}, static_cast<int>(year), hour % 12 == 0 ? 12 : hour % 12,
-                    static_cast<int>(time / 60 % 60), static_cast<int>(time % 60),
-                    hour < 12 ? "AM" : "PM");
+  const int length = std::snprintf(
+      buffer, sizeof buffer, "%u/%u/%d %d:%02d:%02d %s", unsigned{civil.month()},
+      unsigned{civil.day()}, static_cast<int>(year), hour % 12 == 0 ? 12 : hour % 12,
+      static_cast<int>(time / 60 % 60), static_cast<int>(time % 60), hour < 12 ? "AM" : "PM");
   return String(buffer, buffer + length);
 }
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/hosted/HostName.h"
+#include "platform/hosted/DiskName.h"
 #include "text/Encoding.h"
 #include "text/WindowsPath.h"
 
@@ -23,7 +23,7 @@ fs::path Step(const fs::path& folder, const String& name) {
   std::error_code ignored;
   if (fs::exists(exact, ignored)) return exact;
   for (fs::directory_iterator at(folder, ignored), end; at != end; at.increment(ignored)) {
-    const std::optional<String> other = FromHostName(at->path().filename().string());
+    const std::optional<String> other = FromDiskName(at->path().filename().string());
     if (other && EqualsIgnoreCase(*other, name)) return at->path();
   }
   return exact;
@@ -36,7 +36,7 @@ std::optional<String> WayInto(const fs::path& folder, const fs::path& path) {
   if (reached != folder.end() || rest == path.end()) return std::nullopt;
   String way;
   for (auto part = rest; part != path.end(); ++part) {
-    const std::optional<String> name = FromHostName(part->string());
+    const std::optional<String> name = FromDiskName(part->string());
     if (!name) return std::nullopt;
     way += u'\\' + *name;
   }

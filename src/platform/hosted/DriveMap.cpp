@@ -1,110 +1,57 @@
 #include "platform/hosted/DriveMap.h"
 
-#include "platform/hosted/HostName.h"
-#include "text/Encoding.h"
+#include "platform/files/DiskPath.h"
+#include "platform/files/SystemCalls.h"
 
 namespace norvo {
 namespace {
 
-struct TypeName {
-  StringView name;
-  DriveType type;
-};
+constexpr std::size_t kNoDrive = 26;
 
-constexpr TypeName kTypeNames[] = {{u"fixed", DriveType::Fixed},
-                                   {u"removable", DriveType::Removable},
-                                   {u"cdrom", DriveType::CdRom},
-                                   {u"network", DriveType::Network},
-                                   {u"ramdisk", DriveType::RamDisk}};
-
-DriveType TypeByName(StringView name) {
-  for (const TypeName& row : kTypeNames) {
-    if (EqualsIgnoreCase(row.name, name)) return row.type;
-  }
-  return DriveType::Unknown;
-}
-
-bool IsFolder(const std::filesystem::path& path) {
-  std::error_code ignored;
-  return std::filesystem::is_directory(path, ignored);
-}
-
-/// The folder of a drive in the machine's folder; the upper-case spelling goes before the other.
-std::filesystem::path DefaultFolder(const std::filesystem::path& machineFolder, char upper) {
-  const std::filesystem::path folder = machineFolder / std::string(1, upper);
-  const std::filesystem::path lower = machineFolder / std::string(1, static_cast<char>(upper + 32));
-  return !IsFolder(folder) && IsFolder(lower) ? lower : folder;
-}
-
-/// "cdrom,/mnt/disc" or just "cdrom".
-std::unique_ptr<HostDrive> FromSetting(const std::filesystem::path& machineFolder, char letter,
-                                       StringView setting, std::vector<String>& warnings) {
-  const std::size_t comma = setting.find(u',');
-  const StringView typeName = Trim(setting.substr(0, comma));
-  const StringView place =
-      comma == StringView::npos ? StringView() : Trim(setting.substr(comma + 1));
-  const DriveType type = TypeByName(typeName);
-  const char16_t wide = static_cast<char16_t>(letter);
-  if (type == DriveType::Unknown) {
-    warnings.push_back(String(u"machine.ini: drive ") + wide + u": has the unknown type \"" +
-                       String(typeName) + u"\"");
-  }
-  const std::filesystem::path folder =
-      place.empty() ? DefaultFolder(machineFolder, letter) : machineFolder / ToUtf8(place);
-  return std::make_unique<HostDrive>(wide, type, folder.string());
+/// 0-based place of a letter in the alphabet.
+std::size_t NumberOf(char16_t letter) {
+  const char16_t lower = ToLowerAscii(letter);
+  return lower < u'a' || lower > u'z' ? kNoDrive : static_cast<std::size_t>(lower - u'a');
 }
 
 }  // namespace
 
-int HostDrive::Root() const {
-  if (root_.IsOpen()) return root_.Get();
-  std::optional<std::string> real = RealPath(folder_);
-  if (!real) return -1;
-  realFolder_ = *real == "/" ? std::string() : std::move(*real);
-  root_ = OpenRoot(folder_);
-  return root_.Get();
+const SystemFile& DriveFolder::Root() const {
+  if (root_.IsOpen()) return root_;
+  FileResult<std::string> real = RealPath(folder_);
+  if (!real) return root_;
+  realFolder_ = std::move(*real);
+  if (realFolder_.ends_with('/')) realFolder_.pop_back();  // that of a whole disk
+  FileResult<SystemFile> opened = OpenRoot(folder_);
+  if (opened) root_ = std::move(*opened);
+  return root_;
 }
 
-std::optional<std::string> HostDrive::Canonical(const std::string& path) const {
-  if (Root() < 0) return std::nullopt;
-  const std::optional<std::string> real = RealPath(realFolder_ + "/" + path);
+std::optional<std::string> DriveFolder::Canonical(const std::string& path) const {
+  if (!Root().IsOpen()) return std::nullopt;
+  const FileResult<std::string> real = RealPath(realFolder_ + "/" + path);
   if (!real || !LiesWithin(*real, realFolder_)) return std::nullopt;
   return real->size() <= realFolder_.size() ? std::string() : real->substr(realFolder_.size() + 1);
 }
 
-DriveMap::DriveMap(const std::filesystem::path& machineFolder, const IniDocument& settings,
-                   std::vector<String>& warnings) {
-  const std::size_t section = settings.FindSection(u"Drives");
-  for (char letter = 'A'; letter <= 'Z'; ++letter) {
-    std::unique_ptr<HostDrive>& drive = drives_[static_cast<std::size_t>(letter - 'A')];
-    const char16_t wide = static_cast<char16_t>(letter);
-    if (section != IniDocument::kNone) {
-      const std::optional<StringView> setting = settings.Value(section, StringView(&wide, 1));
-      if (setting) drive = FromSetting(machineFolder, letter, *setting, warnings);
-      continue;
-    }
-    const std::filesystem::path folder = DefaultFolder(machineFolder, letter);
-    if (IsFolder(folder)) {
-      drive = std::make_unique<HostDrive>(wide, DriveType::Fixed, folder.string());
-    }
+DriveMap::DriveMap(const std::vector<HostedDrive>& drives) {
+  for (const HostedDrive& each : drives) {
+    const std::size_t number = NumberOf(each.letter);
+    if (number == kNoDrive || drives_[number]) continue;
+    const char16_t letter = static_cast<char16_t>(u'A' + number);
+    drives_[number] =
+        std::make_unique<DriveFolder>(letter, each.type, DiskPathOf(FullSystemPath(each.folder)));
   }
 }
 
-bool DriveMap::HasDriveFolder(const std::filesystem::path& machineFolder) {
-  for (char letter = 'A'; letter <= 'Z'; ++letter) {
-    if (IsFolder(DefaultFolder(machineFolder, letter))) return true;
-  }
-  return false;
-}
-
-const HostDrive* DriveMap::Find(char16_t letter) const {
-  const char16_t lower = ToLowerAscii(letter);
-  return lower < u'a' || lower > u'z' ? nullptr : drives_[lower - u'a'].get();
+const DriveFolder* DriveMap::Find(char16_t letter) const {
+  const std::size_t number = NumberOf(letter);
+  return number == kNoDrive ? nullptr : drives_[number].get();
 }
 
 std::vector<Drive> DriveMap::List() const {
   std::vector<Drive> list;
-  for (const std::unique_ptr<HostDrive>& drive : drives_) {
+  for (const std::unique_ptr<DriveFolder>& drive : drives_) {
     if (drive) list.push_back({drive->Letter(), drive->Type()});
   }
   return list;

@@ -1,15 +1,10 @@
 #include "platform/hosted/FolderListing.h"
 
-#include <dirent.h>
-#include <fcntl.h>
-
 #include <algorithm>
-#include <cerrno>
 #include <limits>
-#include <memory>
 #include <tuple>
 
-#include "platform/hosted/HostName.h"
+#include "platform/hosted/DiskName.h"
 #include "text/WindowsPath.h"
 
 namespace norvo {
@@ -23,41 +18,7 @@ constexpr std::size_t kMostListings = 8;
 constexpr std::int64_t kFineStep = 100'000'000;      // nanoseconds
 constexpr std::int64_t kCoarseStep = 2'000'000'000;  // nanoseconds
 
-ListedKind KindOf(unsigned char type) {
-  switch (type) {
-    case DT_REG:
-      return ListedKind::File;
-    case DT_DIR:
-      return ListedKind::Folder;
-    case DT_LNK:
-      return ListedKind::Link;
-    default:
-      return ListedKind::Other;
-  }
-}
-
-/// For disks that do not tell the kind along with the name.
-ListedKind KindByLookUp(int folder, const char* name) {
-  const std::optional<HostFacts> facts = LookUp(folder, name);
-  if (!facts) return ListedKind::Other;
-  switch (facts->kind) {
-    case HostFacts::Kind::File:
-      return ListedKind::File;
-    case HostFacts::Kind::Folder:
-      return ListedKind::Folder;
-    case HostFacts::Kind::Link:
-      return ListedKind::Link;
-    case HostFacts::Kind::Other:
-      break;
-  }
-  return ListedKind::Other;
-}
-
-bool IsDots(const char* name) {
-  return name[0] == '.' && (name[1] == '\0' || (name[1] == '.' && name[2] == '\0'));
-}
-
-bool IsOlder(const HostTime& time, const HostTime& now) {
+bool IsOlder(const DiskTime& time, const DiskTime& now) {
   const std::int64_t step = time.nanoseconds == 0 ? kCoarseStep : kFineStep;
   const std::int64_t seconds = now.seconds - time.seconds;
   if (seconds < 0 || seconds > 10) return seconds > 0;
@@ -66,31 +27,16 @@ bool IsOlder(const HostTime& time, const HostTime& now) {
 
 }  // namespace
 
-bool ForEachName(HostFile folder,
-                 const std::function<void(std::string_view name, ListedKind kind)>& visit) {
-  const std::unique_ptr<DIR, int (*)(DIR*)> stream(::fdopendir(folder.Get()), &::closedir);
-  if (!stream) return false;
-  const int descriptor = folder.Release();  // the stream owns it now
-  for (;;) {
-    errno = 0;
-    const dirent* const entry = ::readdir(stream.get());
-    if (entry == nullptr) return errno == 0;
-    if (IsDots(entry->d_name)) continue;
-    visit(entry->d_name, entry->d_type == DT_UNKNOWN ? KindByLookUp(descriptor, entry->d_name)
-                                                     : KindOf(entry->d_type));
-  }
-}
-
-std::optional<FolderListing> FolderListing::Of(HostFile folder) {
+std::optional<FolderListing> FolderListing::Of(SystemFile folder) {
   FolderListing listing;
   // The times are taken before the names, so that a change in between makes the listing old.
-  const std::optional<HostFacts> facts = LookUp(folder);
-  if (!facts) return std::nullopt;
-  listing.Note(*facts);
-  const bool whole = ForEachName(std::move(folder), [&listing](std::string_view name, ListedKind) {
+  const FileResult<FileRecord> record = LookUp(folder);
+  if (!record) return std::nullopt;
+  listing.Note(*record);
+  const auto add = [&listing](std::string_view name, ListedKind) {
     if (const std::optional<Row> row = listing.Append(name)) listing.rows_.push_back(*row);
-  });
-  if (!whole) return std::nullopt;
+  };
+  if (ForEachName(std::move(folder), add)) return std::nullopt;  // not all of them
   std::sort(
       listing.rows_.begin(), listing.rows_.end(),
       [&listing](const Row& left, const Row& right) { return listing.IsBefore(left, right); });
@@ -103,7 +49,7 @@ std::optional<FolderListing::Row> FolderListing::Append(std::string_view name) {
     return std::nullopt;
   }
   names_ += name;
-  return Row{HashOfHostName(name), static_cast<std::uint32_t>(offset),
+  return Row{HashOfDiskName(name), static_cast<std::uint32_t>(offset),
              static_cast<std::uint32_t>(name.size())};
 }
 
@@ -111,7 +57,7 @@ bool FolderListing::IsBefore(const Row& left, const Row& right) const {
   return std::tuple(left.hash, NameOf(left)) < std::tuple(right.hash, NameOf(right));
 }
 
-void FolderListing::Insert(std::string_view name, const HostFacts& folder) {
+void FolderListing::Insert(std::string_view name, const FileRecord& folder) {
   const std::optional<Row> row = Append(name);
   if (!row) return;
   const auto place =
@@ -129,8 +75,8 @@ void FolderListing::Insert(std::string_view name, const HostFacts& folder) {
   lasting_ = true;
 }
 
-void FolderListing::Note(const HostFacts& folder) {
-  const HostTime now = HostNow();
+void FolderListing::Note(const FileRecord& folder) {
+  const DiskTime now = DiskNow();
   modified_ = folder.modified;
   changed_ = folder.changed;
   lasting_ = IsOlder(modified_, now) && IsOlder(changed_, now);
@@ -147,24 +93,24 @@ std::string_view FolderListing::Find(StringView name) const {
       std::lower_bound(rows_.begin(), rows_.end(), hash,
                        [](const Row& each, std::uint64_t value) { return each.hash < value; });
   for (; row != rows_.end() && row->hash == hash; ++row) {
-    const std::optional<String> text = FromHostName(NameOf(*row));
+    const std::optional<String> text = FromDiskName(NameOf(*row));
     if (text && EqualsIgnoreCase(WithoutTrail(*text), name)) return NameOf(*row);
   }
   return {};
 }
 
-bool FolderListing::IsCurrent(const HostFacts& folder) const {
+bool FolderListing::IsCurrent(const FileRecord& folder) const {
   return lasting_ && folder.modified == modified_ && folder.changed == changed_;
 }
 
-ListingCache::Slot* ListingCache::SlotOf(const HostDrive& drive, std::string_view folder) {
+ListingCache::Slot* ListingCache::SlotOf(const DriveFolder& drive, std::string_view folder) {
   const auto slot = std::find_if(slots_.begin(), slots_.end(), [&](const Slot& each) {
     return each.drive == &drive && each.folder == folder;
   });
   return slot == slots_.end() ? nullptr : &*slot;
 }
 
-ListingCache::Slot& ListingCache::Keep(const HostDrive& drive, const std::string& folder,
+ListingCache::Slot& ListingCache::Keep(const DriveFolder& drive, const std::string& folder,
                                        FolderListing listing) {
   Slot* slot = SlotOf(drive, folder);
   if (slot == nullptr && slots_.size() < kMostListings) {
@@ -178,16 +124,17 @@ ListingCache::Slot& ListingCache::Keep(const HostDrive& drive, const std::string
   return *slot;
 }
 
-std::string ListingCache::Find(const HostDrive& drive, const std::string& folder, StringView name) {
+std::string ListingCache::Find(const DriveFolder& drive, const std::string& folder,
+                               StringView name) {
   Slot* slot = SlotOf(drive, folder);
   if (slot != nullptr) {
-    const std::optional<HostFacts> facts = LookUp(drive.Root(), folder);
-    if (!facts || !slot->listing.IsCurrent(*facts)) slot = nullptr;
+    const FileResult<FileRecord> record = LookUp(drive.Root(), folder);
+    if (!record || !slot->listing.IsCurrent(*record)) slot = nullptr;
   }
   if (slot == nullptr) {
-    HostFile opened = OpenInside(drive.Root(), folder, O_RDONLY | O_DIRECTORY | O_NONBLOCK);
-    if (!opened.IsOpen()) return {};
-    std::optional<FolderListing> listing = FolderListing::Of(std::move(opened));
+    FileResult<SystemFile> opened = OpenBeneath(drive.Root(), folder, OpenMode::List);
+    if (!opened) return {};
+    std::optional<FolderListing> listing = FolderListing::Of(std::move(*opened));
     if (!listing) return {};
     slot = &Keep(drive, folder, std::move(*listing));
   }
@@ -195,18 +142,19 @@ std::string ListingCache::Find(const HostDrive& drive, const std::string& folder
   return std::string(slot->listing.Find(name));
 }
 
-void ListingCache::Written(const HostDrive& drive, std::string_view folder, std::string_view name) {
+void ListingCache::Written(const DriveFolder& drive, std::string_view folder,
+                           std::string_view name) {
   Slot* const slot = SlotOf(drive, folder);
   if (slot == nullptr) return;
-  const std::optional<HostFacts> facts = LookUp(drive.Root(), slot->folder);
-  if (facts) {
-    slot->listing.Insert(name, *facts);
+  const FileResult<FileRecord> record = LookUp(drive.Root(), slot->folder);
+  if (record) {
+    slot->listing.Insert(name, *record);
   } else {
     Forget(drive, folder);
   }
 }
 
-void ListingCache::Forget(const HostDrive& drive, std::string_view folder) {
+void ListingCache::Forget(const DriveFolder& drive, std::string_view folder) {
   if (const Slot* const slot = SlotOf(drive, folder))
     slots_.erase(slots_.begin() + (slot - slots_.data()));
 }

@@ -1,38 +1,29 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "platform/files/SystemCalls.h"
 #include "platform/hosted/DriveMap.h"
-#include "platform/hosted/HostCalls.h"
 
 namespace norvo {
-
-/// What the host tells of a name while it lists a folder.
-enum class ListedKind { File, Folder, Link, Other };
-
-/// Calls `visit` for every name of an open folder but "." and "..", in the disk's order. False,
-/// with the reason in `errno`, when the folder cannot be read to its end.
-bool ForEachName(HostFile folder,
-                 const std::function<void(std::string_view name, ListedKind kind)>& visit);
 
 /// The names of one folder, to be found without regard to case.
 class FolderListing {
  public:
   /// Reads an open folder; nothing when that fails.
-  static std::optional<FolderListing> Of(HostFile folder);
+  static std::optional<FolderListing> Of(SystemFile folder);
 
   /// The name that differs from the sought one only in case and trailing points and blanks; of
   /// several the first in byte order. Empty when there is none. The view lives as long as this.
   std::string_view Find(StringView name) const;
-  /// Takes in a name that this platform has just put into the folder, and the folder's facts
+  /// Takes in a name that this platform has just put into the folder, and the folder's record
   /// after that.
-  void Insert(std::string_view name, const HostFacts& folder);
-  /// True when a folder with these facts still holds the same names.
-  bool IsCurrent(const HostFacts& folder) const;
+  void Insert(std::string_view name, const FileRecord& folder);
+  /// True when a folder with this record still holds the same names.
+  bool IsCurrent(const FileRecord& folder) const;
 
  private:
   struct Row {
@@ -44,12 +35,12 @@ class FolderListing {
   std::string_view NameOf(const Row& row) const;
   std::optional<Row> Append(std::string_view name);
   bool IsBefore(const Row& left, const Row& right) const;
-  void Note(const HostFacts& folder);
+  void Note(const FileRecord& folder);
 
   std::string names_;
   std::vector<Row> rows_;  // by hash, then by name
-  HostTime modified_;
-  HostTime changed_;
+  DiskTime modified_;
+  DiskTime changed_;
   bool lasting_ = false;  // every later change of the folder shows in its times
 };
 
@@ -58,22 +49,22 @@ class ListingCache {
  public:
   /// The name as the disk spells it, see FolderListing::Find. Empty when there is none or the
   /// folder cannot be read.
-  std::string Find(const HostDrive& drive, const std::string& folder, StringView name);
+  std::string Find(const DriveFolder& drive, const std::string& folder, StringView name);
   /// To be called after this platform has written a file: a folder that gets many new files is so
   /// listed once, not once for each.
-  void Written(const HostDrive& drive, std::string_view folder, std::string_view name);
+  void Written(const DriveFolder& drive, std::string_view folder, std::string_view name);
   /// To be called after every other change to a folder that this platform makes itself.
-  void Forget(const HostDrive& drive, std::string_view folder);
+  void Forget(const DriveFolder& drive, std::string_view folder);
 
  private:
   struct Slot {
-    const HostDrive* drive = nullptr;
+    const DriveFolder* drive = nullptr;
     std::string folder;
     FolderListing listing;
     std::uint64_t used = 0;
   };
-  Slot* SlotOf(const HostDrive& drive, std::string_view folder);
-  Slot& Keep(const HostDrive& drive, const std::string& folder, FolderListing listing);
+  Slot* SlotOf(const DriveFolder& drive, std::string_view folder);
+  Slot& Keep(const DriveFolder& drive, const std::string& folder, FolderListing listing);
 
   std::vector<Slot> slots_;
   std::uint64_t uses_ = 0;

@@ -3,11 +3,19 @@
 #include <functional>
 #include <unordered_set>
 
+#include "platform/files/SystemCalls.h"
 #include "platform/hosted/DriveMap.h"
-#include "platform/hosted/HostPath.h"
+#include "platform/hosted/PathResolver.h"
 #include "services/FileSystem.h"
 
 namespace norvo {
+
+/// A regular file, open for reading.
+struct OpenedFile {
+  SystemFile file;
+  DrivePath path;  ///< where it stands
+  FileRecord record;
+};
 
 /// The file system service over the drives of a machine that is held in a folder.
 class HostedFileSystem final : public FileSystem {
@@ -37,33 +45,36 @@ class HostedFileSystem final : public FileSystem {
   /// Replaces a file whole, after creating the folders that are missing. Raises.
   void ReplaceWhole(StringView path, std::string_view bytes);
 
-  /// What a path names on the host's disk, see HostPathResolver::Find.
-  std::optional<HostEntry> Find(StringView path) { return resolver_.Find(path); }
-  /// Opens a regular file for reading; tells where it stands and what it is. Raises HostCallError.
-  HostFile OpenRegular(StringView path, HostPlace& place, HostFacts& facts);
-  /// The folder of a file that a path names; it is created when it is missing. Raises
-  /// HostCallError.
-  HostPlace MakeFolderOf(StringView path);
+  /// What a path names on the disk, see PathResolver::Find.
+  std::optional<DiskEntry> Find(StringView path) { return resolver_.Find(path); }
+  /// Opens a regular file for reading. Raises FileError.
+  OpenedFile OpenRegular(StringView path);
+  /// The folder of a file that a path names; it is created when it is missing. Raises FileError.
+  DrivePath MakeFolderOf(StringView path);
   /// Where a file that a path names, and that does not exist, is to stand. Creates the folders that
-  /// are missing. Raises HostCallError, `EEXIST` when a link that leads nowhere has the name.
-  HostPlace PlaceOfNewFile(StringView path);
-  /// To be called after a file was put at a place.
-  void Written(const HostPlace& place) { resolver_.Written(place); }
+  /// are missing. Raises FileError, AlreadyExists when a link that leads nowhere has the name.
+  DrivePath PathOfNewFile(StringView path);
+  /// To be called after a file was put somewhere.
+  void Written(const DrivePath& file) { resolver_.Written(file); }
 
  private:
-  HostFile OpenExisting(StringView path, int flags, HostPlace& place);
-  HostFile CreateForAppending(StringView path);
-  HostFile OpenListed(StringView path, HostPlace& place);
-  HostPlace CreateFolders(StringView path);
-  HostPlace PlaceOfNew(const HostPlace& folder, StringView path);
+  struct Opened {
+    DrivePath path;
+    SystemFile file;
+  };
+  std::optional<Opened> OpenExisting(StringView path, OpenMode mode);
+  SystemFile CreateForAppending(StringView path);
+  Opened OpenListed(StringView path);
+  DrivePath CreateFolders(StringView path);
+  DrivePath PathOfNew(const DrivePath& folder, StringView path);
   void WarnOfName(StringView folder, std::string_view name);
   [[noreturn]] void RaiseMissing(StringView path);
 
   const DriveMap& drives_;
-  HostPathResolver resolver_;
+  PathResolver resolver_;
   WarningSink warn_;
   /// The regular file that was looked at last: often it is the next one to be opened.
-  HostPlace lastSeen_;
+  DrivePath lastSeen_;
   std::uint64_t lastSize_ = 0;
   std::unordered_set<std::string> warned_;  // names that were reported
 };

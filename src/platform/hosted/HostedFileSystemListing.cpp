@@ -1,7 +1,8 @@
 #include <algorithm>
-#include <cerrno>
 
-#include "platform/hosted/HostName.h"
+#include "platform/files/DiskPath.h"
+#include "platform/files/FileError.h"
+#include "platform/hosted/DiskName.h"
 #include "platform/hosted/HostedFileSystem.h"
 #include "text/Encoding.h"
 
@@ -51,22 +52,21 @@ void HostedFileSystem::WarnOfName(StringView folder, std::string_view name) {
       !warned_.insert(ToUtf8(folder) + '/' + std::string(name)).second) {
     return;
   }
-  warn_(String(folder) + u": the name \"" + ShownHostName(name) +
+  warn_(String(folder) + u": the name \"" + ShownDiskName(name) +
         u"\" cannot be a Windows name; it is left out");
 }
 
 std::vector<FolderItem> HostedFileSystem::ListFolder(StringView path,
                                                      std::span<const StringView> endings) {
-  HostPlace place;
-  HostFile folder = OpenListed(path, place);
+  Opened folder = OpenListed(path);
   const EndingFilter filter(endings);
   std::vector<FolderItem> items;
   std::vector<std::string> odd;
   const auto add = [&](std::string_view name, bool isFolder) {
-    if (isFolder || filter.Passes(name)) items.push_back({*FromHostName(name), isFolder});
+    if (isFolder || filter.Passes(name)) items.push_back({*FromDiskName(name), isFolder});
   };
   std::vector<std::string> links;  // followed when the folder's own reading is over
-  const bool whole = ForEachName(std::move(folder), [&](std::string_view name, ListedKind kind) {
+  const auto visit = [&](std::string_view name, ListedKind kind) {
     if (!IsExpressible(name)) {
       odd.emplace_back(name);
     } else if (kind == ListedKind::Link) {
@@ -74,14 +74,16 @@ std::vector<FolderItem> HostedFileSystem::ListFolder(StringView path,
     } else if (kind != ListedKind::Other) {
       add(name, kind == ListedKind::Folder);
     }
-  });
-  if (!whole) RaiseHostCallError(errno, Subject::Folder, path);
+  };
+  if (const FileFailure failure = ForEachName(std::move(folder.file), visit)) {
+    RaiseFileError(failure, Subject::Folder, path);
+  }
   for (const std::string& name : links) {
-    const std::optional<HostEntry> entry =
-        HostPathResolver::FollowLink(*place.drive, JoinHost(place.path, name));
+    const std::optional<DiskEntry> entry =
+        PathResolver::FollowLink(*folder.path.drive, JoinDiskPath(folder.path.path, name));
     // The folder that a link leads to lies on the same drive and is met there under its own path:
     // who walks through all folders comes to each of them once, however the links cross.
-    if (entry && entry->facts.kind == HostFacts::Kind::File) add(name, false);
+    if (entry && entry->record.kind == FileRecord::Kind::File) add(name, false);
   }
   for (const std::string& name : odd) WarnOfName(path, name);
   return items;

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "platform/hosted/HostCalls.h"
+#include "platform/files/SystemFile.h"
 #include "services/FileSystem.h"
 
 namespace norvo {
@@ -13,7 +13,7 @@ class HostedBinaryFile final : public BinaryFile {
  public:
   /// `expectedEnd` is where an earlier look-up saw the file end: a reading that stops just there
   /// needs no further call. `size` is what the open file itself told, when it was asked.
-  HostedBinaryFile(HostFile file, std::uint64_t expectedEnd, std::optional<std::uint64_t> size,
+  HostedBinaryFile(SystemFile file, std::uint64_t expectedEnd, std::optional<std::uint64_t> size,
                    StringView path)
       : file_(std::move(file)), expectedEnd_(expectedEnd), size_(size), path_(path) {}
 
@@ -21,7 +21,7 @@ class HostedBinaryFile final : public BinaryFile {
   std::uint64_t Size() override;
 
  private:
-  HostFile file_;
+  SystemFile file_;
   std::uint64_t expectedEnd_;
   std::optional<std::uint64_t> size_;
   String path_;
@@ -30,11 +30,11 @@ class HostedBinaryFile final : public BinaryFile {
 /// A regular file open for appending.
 class HostedAppendFile final : public AppendFile {
  public:
-  HostedAppendFile(HostFile file, StringView path) : file_(std::move(file)), path_(path) {}
+  HostedAppendFile(SystemFile file, StringView path) : file_(std::move(file)), path_(path) {}
   void Append(std::string_view bytes) override;
 
  private:
-  HostFile file_;
+  SystemFile file_;
   String path_;
 };
 

@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "platform/hosted/HostedLayout.h"
 #include "services/FileSystem.h"
 #include "services/Platform.h"
 
@@ -12,19 +13,12 @@ namespace norvo {
 
 class HostedFileSystem;
 
-/// A drive of a machine that is held in a folder.
-struct HostedDrive {
-  char16_t letter = u'C';  ///< upper case
-  DriveType type = DriveType::Unknown;
-  std::filesystem::path folder;  ///< holds the drive's contents; missing while nothing is inserted
-};
-
-/// A Windows machine that is held in a folder: its drives are folders, its registry is a text file
-/// ("registry.reg"), and an optional "machine.ini" tells the types and places of the drives and the
-/// shell's folders. Used on one thread at a time; two machines share nothing.
+/// A Windows machine that is held in folders: its drives are folders, its registry is a text file.
+/// Used on one thread at a time; two machines share nothing.
 class HostedPlatform final : public Platform {
  public:
-  /// Error 76, naming the folder, when it is no folder or holds no machine.
+  explicit HostedPlatform(HostedLayout layout);
+  /// The machine that one folder holds, see ReadLayout; raises as that does.
   explicit HostedPlatform(const std::filesystem::path& machineFolder);
   ~HostedPlatform() override;
 
@@ -34,8 +28,7 @@ class HostedPlatform final : public Platform {
   /// express; also what was found before the call. Until it is set nobody is told.
   void SetWarningSink(std::function<void(StringView)> sink) override;
 
-  /// The drives as the machine's settings or else its folders gave them when it was opened, in the
-  /// order of their letters.
+  /// The drives of the layout, in the order of their letters.
   std::vector<HostedDrive> DriveFolders() const;
 
   /// The same service as `Files`, with what it offers beyond the interface.

@@ -1,11 +1,9 @@
 #include "platform/hosted/HostedRegistry.h"
 
-#include <fcntl.h>
-
-#include <cerrno>
-
-#include "automation/RunTimeError.h"
-#include "platform/hosted/AtomicFile.h"
+#include "platform/files/DiskPath.h"
+#include "platform/files/FileBytes.h"
+#include "platform/files/FileError.h"
+#include "platform/files/ReplaceWhole.h"
 #include "text/CodePage.h"
 #include "text/Encoding.h"
 
@@ -25,13 +23,18 @@ String InMachineClasses(StringView key) {
 }
 
 /// The file itself, if its name is a link.
-std::filesystem::path WithoutLinks(const std::filesystem::path& file) {
+std::string WithoutLinks(const std::filesystem::path& file) {
   std::error_code failure;
-  std::filesystem::path real = std::filesystem::canonical(file, failure);
-  return failure ? file : real;
+  const std::filesystem::path real = std::filesystem::canonical(file, failure);
+  return DiskPathOf(failure ? file : real);
 }
 
-bool IsSame(const std::optional<HostFacts>& left, const std::optional<HostFacts>& right) {
+/// Nothing for a file that cannot be asked about.
+std::optional<FileRecord> RecordOf(const FileResult<FileRecord>& found) {
+  return found ? std::optional(*found) : std::nullopt;
+}
+
+bool IsSame(const std::optional<FileRecord>& left, const std::optional<FileRecord>& right) {
   if (!left || !right) return left.has_value() == right.has_value();
   return left->size == right->size && left->modified == right->modified &&
          left->changed == right->changed;
@@ -39,7 +42,8 @@ bool IsSame(const std::optional<HostFacts>& left, const std::optional<HostFacts>
 
 }  // namespace
 
-HostedRegistry::HostedRegistry(std::filesystem::path file, std::function<void(StringView)> warn)
+HostedRegistry::HostedRegistry(const std::filesystem::path& file,
+                               std::function<void(StringView)> warn)
     : file_(WithoutLinks(file)), warn_(std::move(warn)) {}
 
 String HostedRegistry::Decode(std::string_view bytes, Encoding& encoding) {
@@ -74,13 +78,13 @@ std::string HostedRegistry::Encode(StringView text, const Encoding& encoding) {
 }
 
 bool HostedRegistry::ReadBytes(std::string& bytes) {
-  const HostFile file(::open(file_.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-  facts_ = file.IsOpen() ? LookUp(file) : std::nullopt;
-  if (!file.IsOpen()) return errno == ENOENT;
-  if (!facts_ || facts_->kind != HostFacts::Kind::File) return false;
-  std::optional<std::string> read = ReadToEnd(file, kMostBytes);
-  if (!read && errno == ENOMEM) {
-    RaiseHostCallError(ENOMEM, Subject::File, FromUtf8Lossy(file_.string()));
+  const FileResult<SystemFile> file = OpenSystemPath(file_);
+  record_ = file ? RecordOf(LookUp(*file)) : std::nullopt;
+  if (!file) return file.Failure().kind == FileFailure::Kind::NotFound;
+  if (!record_ || record_->kind != FileRecord::Kind::File) return false;
+  FileResult<std::string> read = ReadWhole(*file, kMostBytes);
+  if (read.Failure().kind == FileFailure::Kind::OutOfMemory) {
+    RaiseFileError(read.Failure(), Subject::File, FromUtf8Lossy(file_));
   }
   if (!read) return false;
   bytes = std::move(*read);
@@ -94,7 +98,7 @@ void HostedRegistry::Load() {
   encoding_ = {};
   text_ = std::make_unique<RegistryText>(bytes.empty() ? String() : Decode(bytes, encoding_));
   if (usable_ && text_->IsValid()) return;
-  warn_(String(u"The registry file ") + FromUtf8Lossy(file_.string()) +
+  warn_(String(u"The registry file ") + FromUtf8Lossy(file_) +
         (usable_ ? u" is not in the registry editor's form; it is left alone"
                  : u" cannot be read; it is left alone"));
   usable_ = false;
@@ -107,8 +111,7 @@ RegistryText& HostedRegistry::Loaded() {
 
 /// Somebody else may have changed the file since it was read; that must not be lost.
 void HostedRegistry::LoadAnewIfChanged() {
-  const std::optional<HostFacts> now = LookUp(AT_FDCWD, file_.string());
-  if (!text_ || !IsSame(now, facts_)) Load();
+  if (!text_ || !IsSame(RecordOf(LookUpSystemPath(file_)), record_)) Load();
 }
 
 bool HostedRegistry::Save() {
@@ -118,11 +121,11 @@ bool HostedRegistry::Save() {
     text_->UpgradeHeader();
     text = text_->Text();
   }
-  const std::string name = file_.filename().string();
-  const HostFile folder = OpenRoot(file_.parent_path().string());
-  const bool saved =
-      folder.IsOpen() && ReplaceFile(folder.Get(), name, Encode(text, encoding_)) == 0;
-  facts_ = LookUp(AT_FDCWD, file_.string());
+  const std::filesystem::path file = SystemPathOf(file_);
+  const FileResult<SystemFile> folder = OpenRoot(DiskPathOf(file.parent_path()));
+  const std::string name = DiskPathOf(file.filename());
+  const bool saved = folder && !ReplaceWhole(*folder, name, Encode(text, encoding_));
+  record_ = RecordOf(LookUpSystemPath(file_));
   if (!saved) text_.reset();  // what is in the file holds
   return saved;
 }

@@ -3,8 +3,10 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <string>
 
-#include "platform/hosted/HostCalls.h"
+#include "platform/files/FileRecord.h"
 #include "platform/hosted/RegistryText.h"
 #include "services/Registry.h"
 
@@ -17,7 +19,7 @@ namespace norvo {
 /// registry raises error 7.
 class HostedRegistry final : public Registry {
  public:
-  HostedRegistry(std::filesystem::path file, std::function<void(StringView)> warn);
+  HostedRegistry(const std::filesystem::path& file, std::function<void(StringView)> warn);
 
   bool KeyExists(Hive hive, StringView key) override;
   std::optional<RegistryValue> Read(Hive hive, StringView key, StringView name) override;
@@ -41,11 +43,11 @@ class HostedRegistry final : public Registry {
   void LoadAnewIfChanged();
   bool Save();
 
-  std::filesystem::path file_;
+  std::string file_;  // the system's path, as files/DiskPath.h has it
   std::function<void(StringView)> warn_;
   std::unique_ptr<RegistryText> text_;  // null until the first question
   Encoding encoding_;
-  std::optional<HostFacts> facts_;  // of the file when it was read or written
+  std::optional<FileRecord> record_;  // of the file when it was read or written
   bool usable_ = true;
 };
 

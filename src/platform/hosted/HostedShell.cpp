@@ -1,7 +1,6 @@
 #include "platform/hosted/HostedShell.h"
 
 #include "services/Utility.h"
-#include "text/Number.h"
 
 namespace norvo {
 
@@ -10,11 +9,8 @@ std::optional<ShellFolders::Answer> HostedShell::FolderPath(std::int32_t) {
 }
 
 String HostedShell::SpecialFolderPath(std::int32_t identifier) {
-  const std::size_t section = settings_.FindSection(u"ShellFolders");
-  if (section != IniDocument::kNone) {
-    const std::optional<StringView> path = settings_.Value(section, FormatInteger(identifier));
-    if (path) return String(*path);
-  }
+  const auto folder = folders_.find(identifier);
+  if (folder != folders_.end()) return folder->second;
   return identifier == kDocuments ? u"C:\\My Documents" : String();
 }
 
@@ -23,12 +19,12 @@ String HostedProduct::BaseKey() {
 }
 
 String HostedProduct::Folder() {
-  const String folder = TextValue(registry_, BaseKey(), u"ProductFolder");
+  const String folder = ReadText(registry_, BaseKey(), u"ProductFolder");
   return folder.empty() ? u"C:\\Norvo\\" : Utility::AddBackslash(folder);
 }
 
 String HostedProduct::Name() {
-  return TextValue(registry_, BaseKey(), u"ProductName");
+  return ReadText(registry_, BaseKey(), u"ProductName");
 }
 
 }  // namespace norvo

@@ -1,21 +1,21 @@
 #pragma once
 
-#include "services/IniDocument.h"
+#include <map>
+
 #include "services/Platform.h"
 
 namespace norvo {
 
-/// The special folders that the machine's settings name.
+/// The special folders that the machine's layout names.
 class HostedShell final : public ShellFolders {
  public:
-  /// `settings` must outlive this.
-  explicit HostedShell(const IniDocument& settings) : settings_(settings) {}
+  explicit HostedShell(std::map<std::int32_t, String> folders) : folders_(std::move(folders)) {}
   /// Nothing: a machine in a folder has no such function.
   std::optional<Answer> FolderPath(std::int32_t identifierAndFlags) override;
   String SpecialFolderPath(std::int32_t identifier) override;
 
  private:
-  const IniDocument& settings_;
+  std::map<std::int32_t, String> folders_;
 };
 
 /// The product's facts, from the machine's registry.

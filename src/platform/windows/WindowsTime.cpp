@@ -63,8 +63,8 @@ Date ToLocalDate(FileTime time) {
   if (time < kEarliest || time > kLatest) return {};
   const std::optional<std::int64_t> ticks = LocalTicks(time * kTicksPerSecond + kTicksTo1970);
   if (!ticks) return {};
-  return DateOf(std::chrono::local_seconds(
-      std::chrono::seconds((*ticks - kTicksTo1970) / kTicksPerSecond)));
+  return DateOf(
+      std::chrono::local_seconds(std::chrono::seconds((*ticks - kTicksTo1970) / kTicksPerSecond)));
 }
 
 }  // namespace norvo

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "TestMachine.h"
+#include "support/TestMachine.h"
 
 namespace norvo {
 namespace {
@@ -36,24 +36,24 @@ class HostedFileSystemTest : public TestMachine {
 using Names = std::vector<std::string>;
 
 TEST_F(HostedFileSystemTest, ListsSubFoldersAndFiles) {
-  Put(Host("C/Music/b.mp3"), "");
-  Put(Host("C/Music/Ä.m3u"), "");
-  Put(Host("C/Music/Sub.x/c"), "");
+  Put(Disk("C/Music/b.mp3"), "");
+  Put(Disk("C/Music/Ä.m3u"), "");
+  Put(Disk("C/Music/Sub.x/c"), "");
   EXPECT_EQ(List(u"C:\\Music"), (Names{"Sub.x/", "b.mp3", "Ä.m3u"}));
   EXPECT_EQ(List(u"c:\\MUSIC\\"), (Names{"Sub.x/", "b.mp3", "Ä.m3u"}));
 }
 
 TEST_F(HostedFileSystemTest, EndingsChooseFilesAndNeverFolders) {
-  Put(Host("C/a.M3U"), "");
-  Put(Host("C/b.m3u8"), "");
-  Put(Host("C/m3u"), "");
-  Put(Host("C/ä.asx"), "");
-  Put(Host("C/folder/x"), "");
+  Put(Disk("C/a.M3U"), "");
+  Put(Disk("C/b.m3u8"), "");
+  Put(Disk("C/m3u"), "");
+  Put(Disk("C/ä.asx"), "");
+  Put(Disk("C/folder/x"), "");
   EXPECT_EQ(List(u"C:\\", {u".m3u", u".ASX"}), (Names{"a.M3U", "folder/", "ä.asx"}));
 }
 
 TEST_F(HostedFileSystemTest, ListingWhatIsNoFolderFails) {
-  Put(Host("C/file"), "");
+  Put(Disk("C/file"), "");
   EXPECT_EQ(NumberRaisedBy([&] { List(u"C:\\missing"); }), 76);
   EXPECT_EQ(NumberRaisedBy([&] { List(u"C:\\file"); }), 76);
   EXPECT_EQ(NumberRaisedBy([&] { List(u"X:\\"); }), 76);
@@ -67,19 +67,19 @@ TEST_F(HostedFileSystemTest, ListingWhatIsNoFolderFails) {
 
 TEST_F(HostedFileSystemTest, AFolderWithoutPermissionRaisesPermissionDenied) {
   if (::geteuid() == 0) GTEST_SKIP() << "nothing is denied to root";
-  std::filesystem::create_directory(Host("C/closed"));
-  std::filesystem::permissions(Host("C/closed"), std::filesystem::perms::none);
+  std::filesystem::create_directory(Disk("C/closed"));
+  std::filesystem::permissions(Disk("C/closed"), std::filesystem::perms::none);
   EXPECT_EQ(NumberRaisedBy([&] { List(u"C:\\closed"); }), 70);
   EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForReading(u"C:\\closed\\a"); }), 70);
-  std::filesystem::permissions(Host("C/closed"), std::filesystem::perms::owner_all);
+  std::filesystem::permissions(Disk("C/closed"), std::filesystem::perms::owner_all);
 }
 
 TEST_F(HostedFileSystemTest, NamesThatNoPathCanExpressCostOneWarningEach) {
-  Put(Host("C/m") / "bad\xFF.mp3", "x");
-  Put(Host("C/m") / "two\nlines.mp3", "x");
-  Put(Host("C/m") / "back\\slash.mp3", "x");
-  Put(Host("C/m") / "...", "x");
-  Put(Host("C/m/good.mp3"), "x");
+  Put(Disk("C/m") / "bad\xFF.mp3", "x");
+  Put(Disk("C/m") / "two\nlines.mp3", "x");
+  Put(Disk("C/m") / "back\\slash.mp3", "x");
+  Put(Disk("C/m") / "...", "x");
+  Put(Disk("C/m/good.mp3"), "x");
   EXPECT_EQ(List(u"C:\\m"), Names{"good.mp3"});
   EXPECT_EQ(warnings_.size(), 4u);
   for (const std::string& line : warnings_) {
@@ -91,22 +91,22 @@ TEST_F(HostedFileSystemTest, NamesThatNoPathCanExpressCostOneWarningEach) {
 }
 
 TEST_F(HostedFileSystemTest, LinksToFilesAreListedAndLinksToFoldersAreNot) {
-  Put(Host("C/real/a.mp3"), "");
-  std::filesystem::create_directory_symlink("real", Host("C/alias"));
-  std::filesystem::create_symlink("real/a.mp3", Host("C/b.mp3"));
-  std::filesystem::create_symlink("nowhere", Host("C/dangling"));
+  Put(Disk("C/real/a.mp3"), "");
+  std::filesystem::create_directory_symlink("real", Disk("C/alias"));
+  std::filesystem::create_symlink("real/a.mp3", Disk("C/b.mp3"));
+  std::filesystem::create_symlink("nowhere", Disk("C/dangling"));
   EXPECT_EQ(List(u"C:\\"), (Names{"b.mp3", "real/"}));
   EXPECT_EQ(List(u"C:\\", {u".m3u"}), Names{"real/"});
   EXPECT_EQ(List(u"C:\\alias"), Names{"a.mp3"}) << "a path still leads through the link";
 }
 
 TEST_F(HostedFileSystemTest, LinksToFoldersAboveEndAScan) {
-  Put(Host("C/a/x/1.mp3"), "");
-  Put(Host("C/b/y/2.mp3"), "");
-  std::filesystem::create_directory_symlink("..", Host("C/a/up"));
-  std::filesystem::create_directory_symlink(".", Host("C/here"));
-  std::filesystem::create_directory_symlink("../../b", Host("C/a/x/to-b"));
-  std::filesystem::create_directory_symlink("../../a", Host("C/b/y/to-a"));
+  Put(Disk("C/a/x/1.mp3"), "");
+  Put(Disk("C/b/y/2.mp3"), "");
+  std::filesystem::create_directory_symlink("..", Disk("C/a/up"));
+  std::filesystem::create_directory_symlink(".", Disk("C/here"));
+  std::filesystem::create_directory_symlink("../../b", Disk("C/a/x/to-b"));
+  std::filesystem::create_directory_symlink("../../a", Disk("C/b/y/to-a"));
   const Counter counter = Scan();
   EXPECT_EQ(counter.folders, 5);
   EXPECT_EQ(counter.files, 2);
@@ -116,10 +116,10 @@ TEST_F(HostedFileSystemTest, LinksToFoldersAboveEndAScan) {
 TEST_F(HostedFileSystemTest, FoldersThatLinkToEachOtherAreScannedOnceEach) {
   const std::string names[] = {"a", "b", "c"};
   for (const std::string& name : names) {
-    Put(Host("C/" + name + "/1.mp3"), "");
+    Put(Disk("C/" + name + "/1.mp3"), "");
     for (const std::string& other : names) {
       if (other == name) continue;
-      std::filesystem::create_directory_symlink("../" + other, Host("C/" + name + "/to-" + other));
+      std::filesystem::create_directory_symlink("../" + other, Disk("C/" + name + "/to-" + other));
     }
   }
   const Counter counter = Scan();
@@ -131,41 +131,41 @@ TEST_F(HostedFileSystemTest, FoldersThatLinkToEachOtherAreScannedOnceEach) {
 
 TEST_F(HostedFileSystemTest, CreatesOneFolderAsItIsSpelled) {
   Files().CreateFolder(u"C:\\New Folder. ");
-  EXPECT_TRUE(std::filesystem::is_directory(Host("C/New Folder")));
+  EXPECT_TRUE(std::filesystem::is_directory(Disk("C/New Folder")));
   Files().CreateFolder(u"c:\\NEW FOLDER\\Sub\\");
-  EXPECT_TRUE(std::filesystem::is_directory(Host("C/New Folder/Sub")));
+  EXPECT_TRUE(std::filesystem::is_directory(Disk("C/New Folder/Sub")));
   EXPECT_TRUE(Files().FolderExists(u"C:\\new folder\\sub"));
 }
 
 TEST_F(HostedFileSystemTest, CreatingAFolderFails) {
-  Put(Host("C/file"), "");
+  Put(Disk("C/file"), "");
   EXPECT_EQ(NumberRaisedBy([&] { Files().CreateFolder(u"C:\\a\\b"); }), 76);
   EXPECT_EQ(NumberRaisedBy([&] { Files().CreateFolder(u"X:\\a"); }), 76);
   EXPECT_EQ(NumberRaisedBy([&] { Files().CreateFolder(u"C:\\FILE"); }), 75);
   EXPECT_EQ(NumberRaisedBy([&] { Files().CreateFolder(u"C:\\"); }), 75);
   EXPECT_NE(NumberRaisedBy([&] { Files().CreateFolder(StringView(u"C:\\a\0b", 6)); }), 0);
-  EXPECT_FALSE(std::filesystem::exists(Host("C/a")));
+  EXPECT_FALSE(std::filesystem::exists(Disk("C/a")));
 }
 
 TEST_F(HostedFileSystemTest, DeletesReadOnlyFilesOnlyWhenForced) {
-  Put(Host("C/a.txt"), "");
-  ASSERT_EQ(::chmod(Host("C/a.txt").c_str(), 0444), 0);
+  Put(Disk("C/a.txt"), "");
+  ASSERT_EQ(::chmod(Disk("C/a.txt").c_str(), 0444), 0);
   EXPECT_EQ(NumberRaisedBy([&] { Files().RemoveFile(u"C:\\a.txt", false); }), 70);
-  EXPECT_TRUE(std::filesystem::exists(Host("C/a.txt")));
+  EXPECT_TRUE(std::filesystem::exists(Disk("C/a.txt")));
   Files().RemoveFile(u"C:\\A.TXT", true);
-  EXPECT_FALSE(std::filesystem::exists(Host("C/a.txt")));
+  EXPECT_FALSE(std::filesystem::exists(Disk("C/a.txt")));
 }
 
 TEST_F(HostedFileSystemTest, DeletingWhatIsNoFileFails) {
-  Put(Host("C/folder/a"), "");
+  Put(Disk("C/folder/a"), "");
   EXPECT_EQ(NumberRaisedBy([&] { Files().RemoveFile(u"C:\\b", true); }), 53);
   EXPECT_EQ(NumberRaisedBy([&] { Files().RemoveFile(u"C:\\folder", true); }), 53);
   EXPECT_EQ(NumberRaisedBy([&] { Files().RemoveFile(u"C:\\nowhere\\b", true); }), 76);
-  EXPECT_TRUE(std::filesystem::exists(Host("C/folder/a")));
+  EXPECT_TRUE(std::filesystem::exists(Disk("C/folder/a")));
 }
 
 TEST_F(HostedFileSystemTest, ReadsAtAnyPlace) {
-  Put(Host("C/a.bin"), "0123456789");
+  Put(Disk("C/a.bin"), "0123456789");
   const std::unique_ptr<BinaryFile> file = Files().OpenForReading(u"C:\\a.bin");
   char buffer[4] = {};
   EXPECT_EQ(file->Size(), 10u);
@@ -177,7 +177,7 @@ TEST_F(HostedFileSystemTest, ReadsAtAnyPlace) {
 }
 
 TEST_F(HostedFileSystemTest, AFileThatGrewSinceItsFactsWereAskedIsReadWhole) {
-  Put(Host("C/a.bin"), "0123");
+  Put(Disk("C/a.bin"), "0123");
   ASSERT_EQ(Files().FactsOf(u"C:\\a.bin")->size, 4);
   Files().OpenForAppending(u"C:\\a.bin", false)->Append("456789");
   ASSERT_EQ(Files().OpenForReading(u"C:\\a.bin")->Size(), 10u);
@@ -185,7 +185,7 @@ TEST_F(HostedFileSystemTest, AFileThatGrewSinceItsFactsWereAskedIsReadWhole) {
 }
 
 TEST_F(HostedFileSystemTest, OpeningWhatIsNoFileFails) {
-  Put(Host("C/folder/a"), "");
+  Put(Disk("C/folder/a"), "");
   EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForReading(u"C:\\b"); }), 53);
   EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForReading(u"C:\\folder"); }), 53);
   EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForReading(u"C:\\folder\\a\\"); }), 53);
@@ -199,8 +199,8 @@ TEST_F(HostedFileSystemTest, AppendsToTheFileInWhateverSpelling) {
   Files().OpenForAppending(u"C:\\Log.txt", true)->Append("one\r\n");
   Files().OpenForAppending(u"C:\\LOG.TXT", true)->Append("two\r\n");
   Files().OpenForAppending(u"C:\\Log.txt", false)->Append("three\r\n");
-  EXPECT_EQ(Get(Host("C/Log.txt")), "one\r\ntwo\r\nthree\r\n");
-  EXPECT_FALSE(std::filesystem::exists(Host("C/LOG.TXT")));
+  EXPECT_EQ(Get(Disk("C/Log.txt")), "one\r\ntwo\r\nthree\r\n");
+  EXPECT_FALSE(std::filesystem::exists(Disk("C/LOG.TXT")));
 }
 
 TEST_F(HostedFileSystemTest, AbsolutePathNamesStartAtDriveC) {
@@ -218,22 +218,22 @@ std::string Program(std::size_t padding, const std::string& resource) {
 const std::string kResource("\xBD\x04\xEF\xFE\0\0\1\0\2\0\5\0\x04\0\x93\x08", 16);
 
 TEST_F(HostedFileSystemTest, ReadsTheVersionOfAProgram) {
-  Put(Host("C/a.dll"), Program(100, kResource));
+  Put(Disk("C/a.dll"), Program(100, kResource));
   EXPECT_EQ(Files().FileVersion(u"C:\\a.dll"), u"5.2.2195.4");
 }
 
 TEST_F(HostedFileSystemTest, FindsAVersionThatLiesAcrossTwoPieces) {
   for (std::size_t cut = 1; cut < 16; ++cut) {
-    Put(Host("C/a.dll"), Program(256 * 1024 - 68 - cut, kResource));
+    Put(Disk("C/a.dll"), Program(256 * 1024 - 68 - cut, kResource));
     EXPECT_EQ(Files().FileVersion(u"C:\\a.dll"), u"5.2.2195.4") << cut;
   }
 }
 
 TEST_F(HostedFileSystemTest, OtherFilesHaveNoVersion) {
-  Put(Host("C/plain.dll"), kResource);
-  Put(Host("C/none.dll"), Program(100, ""));
-  Put(Host("C/cut.dll"), Program(100, kResource.substr(0, 15)));
-  Put(Host("C/short.dll"), "MZ");
+  Put(Disk("C/plain.dll"), kResource);
+  Put(Disk("C/none.dll"), Program(100, ""));
+  Put(Disk("C/cut.dll"), Program(100, kResource.substr(0, 15)));
+  Put(Disk("C/short.dll"), "MZ");
   for (const StringView path :
        {u"C:\\plain.dll", u"C:\\none.dll", u"C:\\cut.dll", u"C:\\short.dll", u"C:\\missing.dll"}) {
     EXPECT_EQ(Files().FileVersion(path), u"") << ToUtf8(path);
@@ -242,9 +242,9 @@ TEST_F(HostedFileSystemTest, OtherFilesHaveNoVersion) {
 
 TEST_F(HostedFileSystemTest, TheSystemFolderFollowsTheMachine) {
   EXPECT_EQ(Files().SystemFolder(), u"C:\\Windows\\System32\\");
-  std::filesystem::create_directory(Host("C/WINNT"));
+  std::filesystem::create_directory(Disk("C/WINNT"));
   EXPECT_EQ(Files().SystemFolder(), u"C:\\WINNT\\System32\\");
-  std::filesystem::create_directory(Host("C/WINDOWS"));
+  std::filesystem::create_directory(Disk("C/WINDOWS"));
   EXPECT_EQ(Files().SystemFolder(), u"C:\\Windows\\System32\\");
 }
 
@@ -265,15 +265,15 @@ TEST_F(HostedFileSystemTest, LocalDatesCountDaysFromTheEndOf1899) {
 TEST_F(HostedFileSystemTest, WhatAStoppedWriteLeftBehindIsTakenOverByTheNextOne) {
   const auto names = [this] {
     std::vector<std::string> found;
-    for (const auto& entry : std::filesystem::directory_iterator(Host("C"))) {
+    for (const auto& entry : std::filesystem::directory_iterator(Disk("C"))) {
       found.push_back(entry.path().filename().string());
     }
     return found;
   };
-  Put(Host("C/.norvo-" + std::to_string(std::hash<std::string_view>()("Mix.ini")) + ".tmp"), "old");
+  Put(Disk("C/.norvo-" + std::to_string(std::hash<std::string_view>()("Mix.ini")) + ".tmp"), "old");
   Machine().Settings().Write(u"C:\\Mix.ini", "new");
   EXPECT_EQ(names(), std::vector<std::string>{"Mix.ini"});
-  EXPECT_EQ(Get(Host("C/Mix.ini")), "new");
+  EXPECT_EQ(Get(Disk("C/Mix.ini")), "new");
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "TestMachine.h"
+#include "support/TestMachine.h"
 
 namespace norvo {
 namespace {
@@ -40,9 +40,9 @@ TEST_F(HostedPlatformTest, AMachineCanConsistOfItsSettingsOnly) {
 }
 
 TEST_F(HostedPlatformTest, EverySingleLetterFolderIsAFixedDrive) {
-  Put(Host("d/Disc.txt"), "x");
-  Put(Host("EE/a"), "x");
-  Put(Host("F"), "a file");
+  Put(Disk("d/Disc.txt"), "x");
+  Put(Disk("EE/a"), "x");
+  Put(Disk("F"), "a file");
   EXPECT_EQ(DriveList(), "C2D2");
   EXPECT_EQ(NameOf(u"D:\\disc.txt"), "Disc.txt");
   EXPECT_EQ(Files().TypeOfDrive(u"d:"), DriveType::Fixed);
@@ -52,10 +52,10 @@ TEST_F(HostedPlatformTest, EverySingleLetterFolderIsAFixedDrive) {
 
 TEST_F(HostedPlatformTest, TheSettingsNameDrivesTypesAndPlaces) {
   Put(Outside("disc/Track.cda"), "x");
-  Put(Host("machine.ini"), "[drives]\r\nC=fixed\r\nd = CDROM , " + Outside("disc").string() +
+  Put(Disk("machine.ini"), "[drives]\r\nC=fixed\r\nd = CDROM , " + Outside("disc").string() +
                                "\r\nE=removable\r\nN=network,shares\r\nR=ramdisk\r\nZ=floppy\r\n");
-  Put(Host("shares/n.txt"), "x");
-  std::filesystem::create_directory(Host("G"));
+  Put(Disk("shares/n.txt"), "x");
+  std::filesystem::create_directory(Disk("G"));
   EXPECT_EQ(DriveList(), "C2D4E1N3R5Z0");
   EXPECT_EQ(NameOf(u"D:\\track.cda"), "Track.cda");
   EXPECT_EQ(NameOf(u"N:\\n.txt"), "n.txt");
@@ -74,17 +74,17 @@ TEST_F(HostedPlatformTest, TellsWhichFolderHoldsEachDrive) {
     }
     return list;
   };
-  std::filesystem::create_directories(Host("d"));
-  const std::string c = "C2=" + Host("C").string() + ";";
-  EXPECT_EQ(folders(Machine()), c + "D2=" + Host("d").string() + ";");
+  std::filesystem::create_directories(Disk("d"));
+  const std::string c = "C2=" + Disk("C").string() + ";";
+  EXPECT_EQ(folders(Machine()), c + "D2=" + Disk("d").string() + ";");
   const std::string disc = Outside("disc").string();
-  Put(Host("machine.ini"), "[Drives]\nN=network,shares\nE=cdrom," + disc + "\nC=fixed\n");
+  Put(Disk("machine.ini"), "[Drives]\nN=network,shares\nE=cdrom," + disc + "\nC=fixed\n");
   Restart();
-  EXPECT_EQ(folders(Machine()), c + "E4=" + disc + ";N3=" + Host("shares").string() + ";");
+  EXPECT_EQ(folders(Machine()), c + "E4=" + disc + ";N3=" + Disk("shares").string() + ";");
 }
 
 TEST_F(HostedPlatformTest, SettingsThatAreNoFileAreRefusedByName) {
-  ASSERT_EQ(::mkfifo(Host("machine.ini").c_str(), 0666), 0);
+  ASSERT_EQ(::mkfifo(Disk("machine.ini").c_str(), 0666), 0);
   try {
     Machine();
     FAIL() << "a pipe";
@@ -92,17 +92,17 @@ TEST_F(HostedPlatformTest, SettingsThatAreNoFileAreRefusedByName) {
     EXPECT_EQ(failure.Number(), 75);
     EXPECT_NE(failure.Description().find(u"machine.ini is no file"), String::npos);
   }
-  std::filesystem::remove(Host("machine.ini"));
-  std::filesystem::create_symlink("/dev/zero", Host("machine.ini"));
+  std::filesystem::remove(Disk("machine.ini"));
+  std::filesystem::create_symlink("/dev/zero", Disk("machine.ini"));
   EXPECT_EQ(NumberRaisedBy([&] { Machine(); }), 75);
 }
 
 TEST_F(HostedPlatformTest, SettingsThatAreTooLargeAreRefusedByName) {
   constexpr std::uintmax_t kMost = 16 * 1024 * 1024;
-  Put(Host("machine.ini"), "[Drives]\nC=cdrom\n");
-  std::filesystem::resize_file(Host("machine.ini"), kMost);
+  Put(Disk("machine.ini"), "[Drives]\nC=cdrom\n");
+  std::filesystem::resize_file(Disk("machine.ini"), kMost);
   EXPECT_EQ(DriveList(), "C4");
-  std::filesystem::resize_file(Host("machine.ini"), kMost + 1);
+  std::filesystem::resize_file(Disk("machine.ini"), kMost + 1);
   Restart();
   try {
     Machine();
@@ -114,9 +114,9 @@ TEST_F(HostedPlatformTest, SettingsThatAreTooLargeAreRefusedByName) {
 }
 
 TEST_F(HostedPlatformTest, ADiscThatIsInsertedLaterIsSeen) {
-  Put(Host("machine.ini"), "[Drives]\nC=fixed\nD=cdrom\n");
+  Put(Disk("machine.ini"), "[Drives]\nC=fixed\nD=cdrom\n");
   EXPECT_FALSE(Files().FolderExists(u"D:\\"));
-  Put(Host("D/a.mp3"), "x");
+  Put(Disk("D/a.mp3"), "x");
   EXPECT_EQ(NameOf(u"D:\\a.mp3"), "a.mp3");
 }
 
@@ -124,7 +124,7 @@ TEST_F(HostedPlatformTest, TheSettingsPlaceTheShellsFolders) {
   EXPECT_FALSE(Machine().Shell().FolderPath(5));
   EXPECT_EQ(Machine().Shell().SpecialFolderPath(5), u"C:\\My Documents");
   EXPECT_EQ(Machine().Shell().SpecialFolderPath(13), u"");
-  Put(Host("machine.ini"), "[ShellFolders]\n5=D:\\Büro\n13=C:\\Music\n");
+  Put(Disk("machine.ini"), "[ShellFolders]\n5=D:\\Büro\n13=C:\\Music\n");
   Restart();
   EXPECT_EQ(Machine().Shell().SpecialFolderPath(5), u"D:\\Büro");
   EXPECT_EQ(Machine().Shell().SpecialFolderPath(13), u"C:\\Music");
@@ -135,8 +135,8 @@ TEST_F(HostedPlatformTest, TheRegistryNamesTheProductAndItsFolder) {
   EXPECT_EQ(Machine().Product().BaseKey(), u"SOFTWARE\\Norvo\\Migration");
   EXPECT_EQ(Machine().Product().Folder(), u"C:\\Norvo\\");
   EXPECT_EQ(Machine().Product().Name(), u"");
-  EXPECT_FALSE(std::filesystem::exists(Host("registry.reg"))) << "questions create nothing";
-  Put(Host("registry.reg"),
+  EXPECT_FALSE(std::filesystem::exists(Disk("registry.reg"))) << "questions create nothing";
+  Put(Disk("registry.reg"),
       "Windows Registry Editor Version 5.00\n\n[HKLM\\Software\\Norvo\\Migration]\n"
       "\"ProductFolder\"=\"D:\\\\Norvo\"\n\"ProductName\"=\"Mover\"\n");
   Restart();
@@ -162,38 +162,38 @@ TEST_F(HostedPlatformTest, SettingsFilesAreReadWhole) {
   EXPECT_EQ(Machine().Settings().Read(u"C:\\nowhere\\a.ini"), std::nullopt);
   EXPECT_EQ(Machine().Settings().Read(u"X:\\a.ini"), std::nullopt);
   const std::string bytes(100000, 'x');
-  Put(Host("C/A.ini"), bytes);
+  Put(Disk("C/A.ini"), bytes);
   EXPECT_EQ(Machine().Settings().Read(u"C:\\a.ini"), bytes);
 }
 
 TEST_F(HostedPlatformTest, SettingsFilesAreWrittenWithTheirFolders) {
   Machine().Settings().Write(u"C:\\New\\Sub\\a.ini", "one");
-  EXPECT_EQ(Get(Host("C/New/Sub/a.ini")), "one");
+  EXPECT_EQ(Get(Disk("C/New/Sub/a.ini")), "one");
   Machine().Settings().Write(u"C:\\NEW\\sub\\A.INI", "two");
-  EXPECT_EQ(Get(Host("C/New/Sub/a.ini")), "two") << "replaced under its own spelling";
-  const auto files = std::filesystem::directory_iterator(Host("C/New/Sub"));
+  EXPECT_EQ(Get(Disk("C/New/Sub/a.ini")), "two") << "replaced under its own spelling";
+  const auto files = std::filesystem::directory_iterator(Disk("C/New/Sub"));
   EXPECT_EQ(std::distance(begin(files), end(files)), 1) << "nothing is left over";
 }
 
 TEST_F(HostedPlatformTest, AReplacedSettingsFileKeepsItsPermissions) {
-  Put(Host("C/a.ini"), "one");
-  ASSERT_EQ(::chmod(Host("C/a.ini").c_str(), 0640), 0);
+  Put(Disk("C/a.ini"), "one");
+  ASSERT_EQ(::chmod(Disk("C/a.ini").c_str(), 0640), 0);
   Machine().Settings().Write(u"C:\\a.ini", "two");
   struct stat facts = {};
-  ASSERT_EQ(::stat(Host("C/a.ini").c_str(), &facts), 0);
+  ASSERT_EQ(::stat(Disk("C/a.ini").c_str(), &facts), 0);
   EXPECT_EQ(facts.st_mode & 07777u, 0640u);
 }
 
 TEST_F(HostedPlatformTest, ALinkedSettingsFileIsReplacedWhereItLies) {
-  Put(Host("C/real/a.ini"), "one");
-  std::filesystem::create_symlink("real/a.ini", Host("C/a.ini"));
+  Put(Disk("C/real/a.ini"), "one");
+  std::filesystem::create_symlink("real/a.ini", Disk("C/a.ini"));
   Machine().Settings().Write(u"C:\\a.ini", "two");
-  EXPECT_EQ(Get(Host("C/real/a.ini")), "two");
-  EXPECT_TRUE(std::filesystem::is_symlink(Host("C/a.ini")));
+  EXPECT_EQ(Get(Disk("C/real/a.ini")), "two");
+  EXPECT_TRUE(std::filesystem::is_symlink(Disk("C/a.ini")));
 }
 
 TEST_F(HostedPlatformTest, WritingASettingsFileFails) {
-  std::filesystem::create_directories(Host("C/folder"));
+  std::filesystem::create_directories(Disk("C/folder"));
   EXPECT_EQ(NumberRaisedBy([&] { Machine().Settings().Write(u"C:\\folder", "x"); }), 75);
   EXPECT_EQ(NumberRaisedBy([&] { Machine().Settings().Write(u"C:\\folder\\", "x"); }), 75);
   EXPECT_EQ(NumberRaisedBy([&] { Machine().Settings().Write(u"X:\\a.ini", "x"); }), 76);
@@ -201,7 +201,7 @@ TEST_F(HostedPlatformTest, WritingASettingsFileFails) {
   EXPECT_EQ(NumberRaisedBy([&] { Machine().Settings().Write(u"", "x"); }), 75);
   EXPECT_EQ(NumberRaisedBy([&] { Machine().Settings().Write(u"C:\\" + String(256, u'n'), "x"); }),
             75);
-  const auto files = std::filesystem::directory_iterator(Host("C"));
+  const auto files = std::filesystem::directory_iterator(Disk("C"));
   EXPECT_EQ(std::distance(begin(files), end(files)), 1) << "no temporary file is left over";
 }
 
@@ -210,7 +210,7 @@ TEST_F(HostedPlatformTest, ASharePathCreatesNothingOnADrive) {
   EXPECT_EQ(NumberRaisedBy([&] { Files().CreateFolder(u"\\\\server\\share\\a"); }), 76);
   EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForAppending(u"\\\\server\\a.txt", true); }), 76);
   EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForReading(u"\\\\server\\a.txt"); }), 76);
-  EXPECT_TRUE(std::filesystem::is_empty(Host("C")));
+  EXPECT_TRUE(std::filesystem::is_empty(Disk("C")));
 }
 
 TEST_F(HostedPlatformTest, TheMigrationListIsKeptOnTheDrive) {
@@ -218,7 +218,7 @@ TEST_F(HostedPlatformTest, TheMigrationListIsKeptOnTheDrive) {
   ASSERT_TRUE(list.EnsureGroup(u"Group", u"C:\\Root"));
   EXPECT_TRUE(list.Add({u"C:\\a.mp3", u"x,y", u"Cat"}));
   EXPECT_TRUE(list.Flush());
-  EXPECT_EQ(Get(Host("C/Root/KVs/MediaList.txt")),
+  EXPECT_EQ(Get(Disk("C/Root/KVs/MediaList.txt")),
             "\xEF\xBB\xBF"
             "Cat\tC:\\a.mp3\tx,y\r\n");
 }
@@ -226,7 +226,7 @@ TEST_F(HostedPlatformTest, TheMigrationListIsKeptOnTheDrive) {
 TEST_F(HostedPlatformTest, TwoMachinesShareNothing) {
   std::filesystem::create_directories(Outside("second/C"));
   HostedPlatform second(Outside("second"));
-  Put(Host("C/a.mp3"), "x");
+  Put(Disk("C/a.mp3"), "x");
   EXPECT_TRUE(Files().FileExists(u"C:\\a.mp3"));
   EXPECT_FALSE(second.Files().FileExists(u"C:\\a.mp3"));
 }

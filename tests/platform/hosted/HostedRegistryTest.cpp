@@ -1,6 +1,6 @@
 #include <sys/stat.h>
 
-#include "TestMachine.h"
+#include "support/TestMachine.h"
 
 namespace norvo {
 namespace {
@@ -10,10 +10,10 @@ constexpr char kHeader[] = "Windows Registry Editor Version 5.00\r\n\r\n";
 class HostedRegistryTest : public TestMachine {
  protected:
   void Registry(const std::string& bytes) {
-    Put(Host("registry.reg"), bytes);
+    Put(Disk("registry.reg"), bytes);
     Restart();
   }
-  std::string File() { return Get(Host("registry.reg")); }
+  std::string File() { return Get(Disk("registry.reg")); }
 
   std::string Show(Hive hive, StringView key, StringView name) {
     const std::optional<RegistryValue> value = Machine().Registry().Read(hive, key, name);
@@ -149,7 +149,7 @@ TEST_F(HostedRegistryTest, WhatIsWrittenIsReadBack) {
 TEST_F(HostedRegistryTest, AMissingFileIsAnEmptyRegistryAndIsCreatedByTheFirstKey) {
   EXPECT_FALSE(Machine().Registry().KeyExists(Hive::CurrentUser, u"K"));
   EXPECT_FALSE(Write(u"a", 1)) << "writing creates no key";
-  EXPECT_FALSE(std::filesystem::exists(Host("registry.reg")));
+  EXPECT_FALSE(std::filesystem::exists(Disk("registry.reg")));
   ASSERT_TRUE(Machine().Registry().CreateKey(Hive::CurrentUser, u"K\\Sub"));
   EXPECT_EQ(File().substr(0, 4), std::string("\xFF\xFEW\0", 4));
   EXPECT_EQ(ToUtf8(DecodeFile(File(), Windows1252())),
@@ -244,18 +244,18 @@ TEST_F(HostedRegistryTest, AFileThatIsTooLargeRaisesOutOfMemoryAndIsLeftAlone) {
   Registry(std::string(kHeader) + "[HKCU\\K]\r\n");
   EXPECT_EQ(User(u"a"), "(none)");
   constexpr std::uintmax_t kMore = std::uintmax_t{512} * 1024 * 1024 + 1;
-  std::filesystem::resize_file(Host("registry.reg"), kMore);  // takes no room on the disk
+  std::filesystem::resize_file(Disk("registry.reg"), kMore);  // takes no room on the disk
   EXPECT_EQ(NumberRaisedBy([&] { Write(u"a", 1); }), 7);
   EXPECT_EQ(NumberRaisedBy([&] { Write(u"a", 1); }), 7)
       << "what was read before is not written over it";
   EXPECT_EQ(NumberRaisedBy([&] { User(u"a"); }), 7);
-  EXPECT_EQ(std::filesystem::file_size(Host("registry.reg")), kMore);
+  EXPECT_EQ(std::filesystem::file_size(Disk("registry.reg")), kMore);
 }
 
 TEST_F(HostedRegistryTest, WhatSomebodyElseWroteMeanwhileIsNotLost) {
   Registry(std::string(kHeader) + "[HKCU\\K]\r\n");
   EXPECT_EQ(User(u"other"), "(none)");
-  Put(Host("registry.reg"), std::string(kHeader) + "[HKCU\\K]\r\n\"other\"=\"o\"\r\n");
+  Put(Disk("registry.reg"), std::string(kHeader) + "[HKCU\\K]\r\n\"other\"=\"o\"\r\n");
   ASSERT_TRUE(Write(u"own", 1));
   Restart();
   EXPECT_EQ(User(u"other"), "text o");
@@ -265,10 +265,10 @@ TEST_F(HostedRegistryTest, WhatSomebodyElseWroteMeanwhileIsNotLost) {
 TEST_F(HostedRegistryTest, AFailedWriteChangesNothing) {
   Registry(std::string(kHeader) + "[HKCU\\K]\r\n\"a\"=\"1\"\r\n");
   EXPECT_EQ(User(u"a"), "text 1");
-  std::filesystem::remove(Host("registry.reg"));
-  std::filesystem::create_directory(Host("registry.reg"));
+  std::filesystem::remove(Disk("registry.reg"));
+  std::filesystem::create_directory(Disk("registry.reg"));
   EXPECT_FALSE(Write(u"a", String(u"2")));
-  EXPECT_TRUE(std::filesystem::is_directory(Host("registry.reg")));
+  EXPECT_TRUE(std::filesystem::is_directory(Disk("registry.reg")));
 }
 
 TEST_F(HostedRegistryTest, TruncationsOfAFileAreReadWithoutHarm) {

@@ -1,0 +1,67 @@
+#include "platform/files/NewFile.h"
+
+#include <utility>
+
+#include "platform/files/DiskPath.h"
+#include "platform/files/SystemCalls.h"
+#include "platform/files/TemporaryFile.h"
+
+namespace norvo {
+
+NewFile::NewFile(NewFile&& other) noexcept
+    : root_(std::exchange(other.root_, nullptr)),
+      path_(std::move(other.path_)),
+      temporary_(std::exchange(other.temporary_, {})),
+      file_(std::move(other.file_)) {}
+
+NewFile& NewFile::operator=(NewFile&& other) noexcept {
+  if (this != &other) {
+    Discard();
+    root_ = std::exchange(other.root_, nullptr);
+    path_ = std::move(other.path_);
+    temporary_ = std::exchange(other.temporary_, {});
+    file_ = std::move(other.file_);
+  }
+  return *this;
+}
+
+FileResult<NewFile> NewFile::At(const SystemFile& root, std::string path, unsigned permissions) {
+  NewFile made;
+  made.root_ = &root;
+  made.path_ = std::move(path);
+  FileResult<SystemFile> file = CreateUnnamed(root, std::string(ParentOf(made.path_)), permissions);
+  if (!file) {
+    // Whatever the reason was: the plain way succeeds, or has one that is worth telling.
+    std::string temporary = TemporaryPath(made.path_);
+    file = CreateTemporary(root, temporary, permissions);
+    if (!file) return file.Failure();
+    made.temporary_ = std::move(temporary);
+  }
+  made.file_ = std::move(*file);
+  return made;
+}
+
+FileFailure NewFile::NameIn(const SystemFile& folder) {
+  const std::string name(LeafOf(path_));
+  if (temporary_.empty()) return GiveName(file_, folder, name);
+  const FileFailure failure = RenameNew(folder, std::string(LeafOf(temporary_)), name);
+  if (!failure) temporary_.clear();
+  return failure;
+}
+
+FileFailure NewFile::PutInPlace() {
+  const FileResult<SystemFile> folder =
+      OpenBeneath(*root_, std::string(ParentOf(path_)), OpenMode::Start);
+  const FileFailure failure = folder ? NameIn(*folder) : folder.Failure();
+  Discard();
+  return failure;
+}
+
+void NewFile::Discard() {
+  file_.Close();
+  if (temporary_.empty()) return;
+  RemoveFile(*root_, temporary_);
+  temporary_.clear();
+}
+
+}  // namespace norvo

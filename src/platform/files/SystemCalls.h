@@ -1,0 +1,119 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/files/FileFailure.h"
+#include "platform/files/FileRecord.h"
+#include "platform/files/SystemFile.h"
+
+namespace norvo {
+
+/// What each system defines: these functions and SystemFile::Close. The system is chosen by what is
+/// linked.
+///
+/// A path is UTF-8 with "/" between its names. One that comes with an open folder is relative to it
+/// and may be empty, which means the folder itself. Nothing here leads out of that folder by
+/// opening; where only the last name of a path is safe from links, it is said.
+
+/// One system call. Of a link, not of its target.
+FileResult<FileRecord> LookUp(const SystemFile& root, const std::string& path);
+FileResult<FileRecord> LookUp(const SystemFile& file);
+FileResult<FileRecord> LookUpSystemPath(const std::string& path);
+
+/// The path in full with all links resolved.
+FileResult<std::string> RealPath(const std::string& path);
+
+/// None waits: a pipe is opened at once.
+enum class OpenMode {
+  Read,
+  Append,              ///< to a file that exists
+  CreateForAppending,  ///< or one that is made by it
+  List,                ///< a folder, for its names
+  Start                ///< a folder, only to be the start of other paths
+};
+
+/// Opens a path below the folder. No link is followed, neither at the path's end nor within
+/// (LinkInTheWay).
+FileResult<SystemFile> OpenBeneath(const SystemFile& root, const std::string& path, OpenMode mode);
+/// A folder anywhere, opened only to be the start of other paths. Links are followed.
+FileResult<SystemFile> OpenRoot(const std::string& path);
+/// A file anywhere, opened for reading. Links are followed.
+FileResult<SystemFile> OpenSystemPath(const std::string& path);
+
+/// Makes a file that must not exist, open for writing; no link is followed. `permissions` are as in
+/// FileRecord, without those that the process's mask takes away.
+FileResult<SystemFile> CreateNew(const SystemFile& root, const std::string& path,
+                                 unsigned permissions);
+/// Makes a file in a folder that has no name yet, open for writing. It fails where the disk has no
+/// files without names, or none that could get one.
+FileResult<SystemFile> CreateUnnamed(const SystemFile& root, const std::string& folder,
+                                     unsigned permissions);
+/// Names a file without a name, in an open folder. AlreadyExists when something has that name.
+FileFailure GiveName(const SystemFile& unnamed, const SystemFile& folder, const std::string& name);
+/// Gives an open file, found at `from`, one more name. AlreadyExists when something has it.
+FileFailure LinkFile(const SystemFile& file, const SystemFile& fromRoot, const std::string& from,
+                     const SystemFile& toRoot, const std::string& to);
+/// Renames within a folder. AlreadyExists when something has that name.
+FileFailure RenameNew(const SystemFile& folder, const std::string& from, const std::string& to);
+/// Renames in one step, in place of what has that name. Only the last names are safe from links.
+FileFailure RenameOver(const SystemFile& root, const std::string& from, const std::string& to);
+/// Only the last name is safe from links.
+FileFailure MakeFolder(const SystemFile& root, const std::string& path);
+/// Removes a file or a link, whatever its permissions. Only the last name is safe from links.
+FileFailure RemoveFile(const SystemFile& root, const std::string& path);
+FileFailure SetPermissions(const SystemFile& file, std::uint32_t permissions);
+
+/// What the disk tells of a name while it lists a folder.
+enum class ListedKind { File, Folder, Link, Other };
+
+/// Calls `visit` for every name of an open folder but "." and "..", in the disk's order.
+FileFailure ForEachName(SystemFile folder,
+                        const std::function<void(std::string_view name, ListedKind kind)>& visit);
+
+/// Bytes from a 0-based offset, as many as one call gives; 0 at the file's end.
+FileResult<std::size_t> ReadSome(const SystemFile& file, std::uint64_t offset,
+                                 std::span<char> buffer);
+/// In one call wherever the system takes all bytes at once.
+FileFailure WriteAll(const SystemFile& file, std::string_view bytes);
+
+/// Is told how many bytes more are done, at least once per megabyte.
+using ByteSink = std::function<void(std::uint64_t more)>;
+
+/// Copies so many bytes into a new file, by the quickest way that the system has between the two.
+/// SourceChanged when there are fewer. The bytes are on their way to the disk afterwards.
+FileFailure CopyBytes(const SystemFile& source, const SystemFile& target, std::uint64_t size,
+                      const ByteSink& sink);
+/// Sets both times of a file, with all their digits.
+FileFailure SetTimes(const SystemFile& file, const DiskTime& accessed, const DiskTime& modified);
+/// Lets the file's last access be as it is when it is read, where the system lets us.
+void KeepAccessTime(const SystemFile& file);
+/// Claims the space that a file is going to take. Fails when the disk says that it has not got it;
+/// a disk that cannot say so has it.
+FileFailure ClaimSpace(const SystemFile& file, std::uint64_t size);
+
+/// Waits until what was written to open files is on the disk; an answer for each. Many files of one
+/// disk are flushed at once, along with all else that waits to be written to it. May run on a
+/// thread of its own.
+std::vector<FileFailure> FlushToDisk(std::span<const SystemFile* const> files);
+
+/// How many files the process may have open; 0 when the system does not say.
+std::size_t MostOpenFiles();
+
+/// The moment as the disks' clock has it.
+DiskTime DiskNow();
+/// The moment on this system's clock, by the rules for its zone; in seconds since 1970, UTC.
+/// Nothing for a moment outside the system's calendar.
+std::optional<std::chrono::local_seconds> LocalTime(std::int64_t moment);
+
+/// What one of the system's numbers means, in its own words, UTF-8.
+std::string SystemMessage(int code);
+
+}  // namespace norvo

@@ -1,0 +1,81 @@
+#include "platform/hosted/DiskName.h"
+
+#include <algorithm>
+
+#include "text/Encoding.h"
+#include "text/WindowsPath.h"
+
+namespace norvo {
+namespace {
+
+constexpr char16_t kReplacement = 0xFFFD;
+
+bool IsControl(char16_t unit) {
+  return unit < 0x20;
+}
+
+/// Plain characters only, in the sense of one byte per character and none of them special.
+bool IsPlainAscii(std::string_view name) {
+  return std::all_of(name.begin(), name.end(), [](char c) {
+    // A char is negative from 0x80 on with some compilers, and large with others.
+    const auto byte = static_cast<unsigned char>(c);
+    return byte >= 0x20 && byte < 0x80 && byte != '\\';
+  });
+}
+
+std::uint64_t Mix(std::uint64_t hash, char16_t unit) {
+  return (hash ^ ToUpper(unit)) * 0x100000001b3u;
+}
+
+constexpr std::uint64_t kSeed = 0xcbf29ce484222325u;
+
+}  // namespace
+
+std::optional<std::string> ToDiskName(StringView component) {
+  component = WithoutTrail(component);
+  if (component.empty() || std::any_of(component.begin(), component.end(), IsControl) ||
+      !IsWholeUtf16(component)) {
+    return std::nullopt;
+  }
+  return ToUtf8(component);
+}
+
+std::optional<String> FromDiskName(std::string_view name) {
+  if (IsPlainAscii(name)) {
+    String text(name.begin(), name.end());
+    return WithoutTrail(text).empty() ? std::nullopt : std::optional<String>(std::move(text));
+  }
+  std::optional<String> text = FromUtf8(name);
+  if (!text || text->find(u'\\') != String::npos || WithoutTrail(*text).empty() ||
+      std::any_of(text->begin(), text->end(), IsControl)) {
+    return std::nullopt;
+  }
+  return text;
+}
+
+bool IsExpressible(std::string_view name) {
+  if (!name.empty() && name.back() != '.' && name.back() != ' ' && IsPlainAscii(name)) return true;
+  return FromDiskName(name).has_value();
+}
+
+String ShownDiskName(std::string_view name) {
+  String text = FromUtf8Lossy(name);
+  std::replace_if(text.begin(), text.end(), IsControl, kReplacement);
+  return text;
+}
+
+std::uint64_t HashOfName(StringView name) {
+  std::uint64_t hash = kSeed;
+  for (const char16_t unit : WithoutTrail(name)) hash = Mix(hash, unit);
+  return hash;
+}
+
+std::uint64_t HashOfDiskName(std::string_view name) {
+  if (!IsPlainAscii(name)) return HashOfName(FromUtf8Lossy(name));
+  while (!name.empty() && (name.back() == '.' || name.back() == ' ')) name.remove_suffix(1);
+  std::uint64_t hash = kSeed;
+  for (const char c : name) hash = Mix(hash, static_cast<char16_t>(c));
+  return hash;
+}
+
+}  // namespace norvo

@@ -1,0 +1,163 @@
+#include "platform/hosted/HostedLayout.h"
+
+#include <limits>
+#include <optional>
+#include <system_error>
+
+#include "automation/RunTimeError.h"
+#include "platform/files/DiskPath.h"
+#include "platform/files/FileBytes.h"
+#include "platform/files/FileError.h"
+#include "services/IniDocument.h"
+#include "text/CodePage.h"
+#include "text/Encoding.h"
+#include "text/Number.h"
+
+namespace norvo {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Drives and shell folders fill a few hundred lines at most; what is larger was put there by
+// mistake, and would be held in memory as a whole.
+constexpr std::size_t kMostSettingsBytes = std::size_t{16} * 1024 * 1024;
+
+struct TypeName {
+  StringView name;
+  DriveType type;
+};
+
+constexpr TypeName kTypeNames[] = {{u"fixed", DriveType::Fixed},
+                                   {u"removable", DriveType::Removable},
+                                   {u"cdrom", DriveType::CdRom},
+                                   {u"network", DriveType::Network},
+                                   {u"ramdisk", DriveType::RamDisk}};
+
+DriveType TypeByName(StringView name) {
+  for (const TypeName& row : kTypeNames) {
+    if (EqualsIgnoreCase(row.name, name)) return row.type;
+  }
+  return DriveType::Unknown;
+}
+
+String Shown(const fs::path& path) {
+  return FromUtf8Lossy(DiskPathOf(path));
+}
+
+bool IsFolder(const fs::path& path) {
+  std::error_code ignored;
+  return fs::is_directory(path, ignored);
+}
+
+/// The folder of a drive in the machine's folder; the upper-case spelling goes before the other.
+fs::path DefaultFolder(const fs::path& machineFolder, char upper) {
+  const fs::path folder = machineFolder / std::string(1, upper);
+  const fs::path lower = machineFolder / std::string(1, static_cast<char>(upper + 32));
+  return !IsFolder(folder) && IsFolder(lower) ? lower : folder;
+}
+
+bool HasDriveFolder(const fs::path& machineFolder) {
+  for (char letter = 'A'; letter <= 'Z'; ++letter) {
+    if (IsFolder(DefaultFolder(machineFolder, letter))) return true;
+  }
+  return false;
+}
+
+[[noreturn]] void RaiseNoMachine(const fs::path& folder, StringView reason) {
+  throw RunTimeError(error::kPathNotFound, String(DescriptionOf(error::kPathNotFound)) + u": " +
+                                               Shown(folder) + String(reason));
+}
+
+fs::path CheckedFolder(const fs::path& folder) {
+  std::error_code failure;
+  if (!fs::is_directory(folder, failure)) RaiseNoMachine(folder, u" is no folder");
+  if (!fs::exists(folder / "machine.ini", failure) && !HasDriveFolder(folder)) {
+    RaiseNoMachine(folder, u" holds neither machine.ini nor a drive's folder");
+  }
+  return FullSystemPath(folder);
+}
+
+/// The machine's settings, empty without a file. They are UTF-8 text, or else 8-bit text.
+IniDocument ReadSettings(const fs::path& path) {
+  const FileResult<SystemFile> file = OpenSystemPath(DiskPathOf(path));
+  if (file.Failure().kind == FileFailure::Kind::NotFound) return {};
+  const String shown = Shown(path);
+  if (!file) RaiseFileError(file.Failure(), Subject::File, shown);
+  const FileResult<FileRecord> record = LookUp(*file);
+  if (!record) RaiseFileError(record.Failure(), Subject::File, shown);
+  // A pipe might be waited for, and a device need not end.
+  if (record->kind != FileRecord::Kind::File) {
+    RaiseFileError(FileFailure::Kind::InvalidName, Subject::File, shown + u" is no file");
+  }
+  const FileResult<std::string> bytes = ReadWhole(*file, kMostSettingsBytes);
+  if (!bytes) RaiseFileError(bytes.Failure(), Subject::File, shown);
+  if (DetectEncoding(*bytes) == FileEncoding::CodePage) {
+    if (const std::optional<String> text = FromUtf8(*bytes)) return IniDocument(*text);
+  }
+  return IniDocument(DecodeFile(*bytes, Windows1252()));
+}
+
+/// "cdrom,/mnt/disc" or just "cdrom".
+HostedDrive DriveOf(const fs::path& machineFolder, char letter, StringView setting,
+                    std::vector<String>& warnings) {
+  const std::size_t comma = setting.find(u',');
+  const StringView typeName = Trim(setting.substr(0, comma));
+  const StringView folder =
+      comma == StringView::npos ? StringView() : Trim(setting.substr(comma + 1));
+  const DriveType type = TypeByName(typeName);
+  const char16_t wide = static_cast<char16_t>(letter);
+  if (type == DriveType::Unknown) {
+    warnings.push_back(String(u"machine.ini: drive ") + wide + u": has the unknown type \"" +
+                       String(typeName) + u"\"");
+  }
+  return {wide, type,
+          folder.empty() ? DefaultFolder(machineFolder, letter)
+                         : machineFolder / SystemPathOf(ToUtf8(folder))};
+}
+
+void ReadDrives(const fs::path& machineFolder, const IniDocument& settings, HostedLayout& layout) {
+  const std::size_t section = settings.FindSection(u"Drives");
+  for (char letter = 'A'; letter <= 'Z'; ++letter) {
+    const char16_t wide = static_cast<char16_t>(letter);
+    if (section != IniDocument::kNone) {
+      const std::optional<StringView> setting = settings.Value(section, StringView(&wide, 1));
+      if (!setting) continue;
+      layout.drives.push_back(DriveOf(machineFolder, letter, *setting, layout.warnings));
+    } else if (fs::path folder = DefaultFolder(machineFolder, letter); IsFolder(folder)) {
+      layout.drives.push_back({wide, DriveType::Fixed, std::move(folder)});
+    }
+  }
+}
+
+/// Nothing for a key that spells no number, or spells it in another way than we do ("05").
+std::optional<std::int32_t> IdentifierOf(StringView key) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  const std::optional<double> number = ParseNumber(key);
+  if (!number || *number < Limits::min() || *number > Limits::max()) return std::nullopt;
+  const auto identifier = static_cast<std::int32_t>(*number);
+  return FormatInteger(identifier) == key ? std::optional(identifier) : std::nullopt;
+}
+
+void ReadShellFolders(const IniDocument& settings, HostedLayout& layout) {
+  const std::size_t section = settings.FindSection(u"ShellFolders");
+  if (section == IniDocument::kNone) return;
+  for (const StringView key : settings.Keys(section)) {
+    if (const std::optional<std::int32_t> identifier = IdentifierOf(key)) {
+      layout.shellFolders.emplace(*identifier, settings.Value(section, key).value_or(StringView()));
+    }
+  }
+}
+
+}  // namespace
+
+HostedLayout ReadLayout(const fs::path& machineFolder) {
+  const fs::path folder = CheckedFolder(machineFolder);
+  const IniDocument settings = ReadSettings(folder / "machine.ini");
+  HostedLayout layout;
+  ReadDrives(folder, settings, layout);
+  ReadShellFolders(settings, layout);
+  layout.registryFile = folder / "registry.reg";
+  return layout;
+}
+
+}  // namespace norvo

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "platform/files/FileFailure.h"
+#include "platform/files/FileRecord.h"
+#include "platform/hosted/DriveMap.h"
+#include "platform/hosted/FolderListing.h"
+
+namespace norvo {
+
+/// A path in a drive as the disk has it: relative to the drive's folder, separated by "/", the
+/// drive's folder itself empty.
+struct DrivePath {
+  const DriveFolder* drive = nullptr;
+  std::string path;
+};
+
+/// Something that exists.
+struct DiskEntry {
+  const DriveFolder* drive = nullptr;
+  std::string path;    ///< where its name stands; no link on the way
+  std::string target;  ///< of a link: the path that it leads to
+  bool isLink = false;
+  FileRecord record;  ///< never of a link itself
+
+  /// Where it stands itself.
+  const std::string& RealPath() const { return isLink ? target : path; }
+};
+
+/// Finds out what Windows paths name on the disk. The exact spelling of a name wins over one
+/// that differs in case; of those the first in byte order. A link that leads out of its drive, and
+/// one that leads nowhere, does not exist. Nothing here raises.
+class PathResolver {
+ public:
+  explicit PathResolver(const DriveMap& drives) : drives_(drives) {}
+
+  /// The file or folder that a path names. A path with a trailing separator names a folder. A path
+  /// that is spelled as the disk spells it, in a folder that was met before, costs one system call.
+  std::optional<DiskEntry> Find(StringView path);
+  std::optional<DrivePath> FindFolder(StringView path);
+
+  /// Where a name stands if it is spelled as on the disk, without a look at it; nothing when its
+  /// folder does not exist or the name can be no name. What stands there may be missing, spelled
+  /// otherwise, or a link.
+  std::optional<DrivePath> Guess(StringView path);
+
+  /// Of the look-up that ended the last search in vain.
+  FileFailure::Kind Reason() const { return reason_; }
+
+  /// To be called after this platform has written that file.
+  void Written(const DrivePath& file);
+  /// To be called after every other change that this platform makes to a folder.
+  void Changed(const DriveFolder& drive, std::string_view folder) {
+    listings_.Forget(drive, folder);
+  }
+  /// Remembers that a folder's Windows path leads there.
+  void Remember(StringView folder, const DrivePath& path);
+
+  /// Follows a link; nothing when it leads nowhere or out of the drive.
+  static std::optional<DiskEntry> FollowLink(const DriveFolder& drive, std::string path);
+
+ private:
+  struct Hash {
+    using is_transparent = void;
+    std::size_t operator()(StringView text) const { return std::hash<StringView>()(text); }
+  };
+
+  const DrivePath* Known(StringView folder);
+  std::optional<DrivePath> Walk(StringView folder, bool fromRoot);
+  std::optional<DiskEntry> Step(const DrivePath& folder, StringView name);
+  std::optional<DiskEntry> StepAnew(StringView folder, DrivePath known, StringView name);
+
+  const DriveMap& drives_;
+  ListingCache listings_;
+  /// Folders by the path that was asked for. To be here means no more than that the path led there;
+  /// the folder may be gone.
+  using Folders = std::unordered_map<String, DrivePath, Hash, std::equal_to<>>;
+  Folders known_;
+  Folders::const_iterator lastKnown_ = known_.end();  // the one that was asked for last
+  FileFailure::Kind reason_ = FileFailure::Kind::None;
+};
+
+}  // namespace norvo

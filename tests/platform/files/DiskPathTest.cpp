@@ -1,0 +1,41 @@
+#include "platform/files/DiskPath.h"
+
+#include <gtest/gtest.h>
+
+namespace norvo {
+namespace {
+
+TEST(DiskPath, NamesAreJoinedByASlash) {
+  EXPECT_EQ(JoinDiskPath("a/b", "c"), "a/b/c");
+  EXPECT_EQ(JoinDiskPath("", "c"), "c");
+}
+
+TEST(DiskPath, FallsIntoItsFolderAndItsLastName) {
+  EXPECT_EQ(LeafOf("a/b/c"), "c");
+  EXPECT_EQ(ParentOf("a/b/c"), "a/b");
+  EXPECT_EQ(LeafOf("c"), "c");
+  EXPECT_EQ(ParentOf("c"), "");
+}
+
+TEST(DiskPath, LiesWithinFoldersAndNotBesideThem) {
+  EXPECT_TRUE(LiesWithin("/a/b", "/a"));
+  EXPECT_TRUE(LiesWithin("/a", "/a"));
+  EXPECT_TRUE(LiesWithin("/a", ""));
+  EXPECT_FALSE(LiesWithin("/ab", "/a"));
+  EXPECT_FALSE(LiesWithin("/a", "/a/b"));
+}
+
+TEST(DiskPath, GoesThroughTheStandardLibraryUnchanged) {
+  for (const char* const path : {"/a/b", "a b, c.", "/M\xC3\xBCsik/\xE2\x82\xAC", ""}) {
+    EXPECT_EQ(DiskPathOf(SystemPathOf(path)), path);
+  }
+}
+
+TEST(DiskPath, IsMadeFullUnlessItIsNone) {
+  EXPECT_EQ(FullSystemPath("a"), std::filesystem::current_path() / "a");
+  EXPECT_EQ(FullSystemPath(std::filesystem::current_path()), std::filesystem::current_path());
+  EXPECT_EQ(FullSystemPath(""), "");
+}
+
+}  // namespace
+}  // namespace norvo

@@ -1,0 +1,54 @@
+#include "platform/hosted/DiskName.h"
+
+#include <gtest/gtest.h>
+
+#include "support/TextPrinting.h"
+
+namespace norvo {
+namespace {
+
+std::string Text(std::string_view name) {
+  const std::optional<String> text = FromDiskName(name);
+  EXPECT_EQ(text.has_value(), IsExpressible(name)) << name;
+  return text ? Utf8(*text) : "(none)";
+}
+
+TEST(DiskName, IsTheUtf8OfAWindowsName) {
+  EXPECT_EQ(Text("One.mp3"), "One.mp3");
+  EXPECT_EQ(Text("M\xC3\xBCsik"), "Müsik");
+  EXPECT_EQ(ToDiskName(u"Müsik"), "M\xC3\xBCsik");
+  EXPECT_EQ(ToDiskName(u"One. ."), "One") << "trailing points and blanks do not matter";
+  EXPECT_EQ(Text("One. ."), "One. .") << "the disk may have them all the same";
+}
+
+TEST(DiskName, WhatNoWindowsPathCanExpressHasNoText) {
+  for (const char* const name :
+       {"", ".", " . ", "a\\b", "a\nb", "\x1F", "M\xFCsik", "\xC3", "\x80", "\xED\xA0\x80"}) {
+    EXPECT_EQ(Text(name), "(none)") << name;
+  }
+}
+
+TEST(DiskName, WhatCanBeNoFileHasNoNameOnTheDisk) {
+  EXPECT_FALSE(ToDiskName(u""));
+  EXPECT_FALSE(ToDiskName(u". ."));
+  EXPECT_FALSE(ToDiskName(u"a\tb"));
+  EXPECT_FALSE(ToDiskName(String(1, char16_t{0xD800}) + u"a"));
+}
+
+TEST(DiskName, BothFormsHaveOneHashWhateverTheCase) {
+  const StringView names[] = {u"One.mp3", u"MÜSIK. ", u"€", u"x y. "};
+  for (const StringView name : names) {
+    EXPECT_EQ(HashOfName(name), HashOfDiskName(*ToDiskName(name))) << Utf8(name);
+  }
+  EXPECT_EQ(HashOfDiskName("m\xC3\xBCsik"), HashOfDiskName("M\xC3\x9CSIK.."));
+  EXPECT_EQ(HashOfDiskName("one"), HashOfDiskName("ONE. "));
+  EXPECT_NE(HashOfDiskName("one"), HashOfDiskName("two"));
+}
+
+TEST(DiskName, IsShownWithMarksForWhatHasNoText) {
+  EXPECT_TEXT(ShownDiskName("a\nb"), u"a\uFFFDb");
+  EXPECT_TEXT(ShownDiskName("M\xFCsik"), u"M\uFFFDsik");
+}
+
+}  // namespace
+}  // namespace norvo

@@ -1,0 +1,213 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <chrono>
+
+#include "support/TestMachine.h"
+
+namespace norvo {
+namespace {
+
+class PathResolverTest : public TestMachine {};
+
+TEST_F(PathResolverTest, FindsAFileAsItIsSpelled) {
+  Put(Disk("C/Music/Pop/Song.mp3"), "12345");
+  const std::optional<FileFacts> facts = Files().FactsOf(u"C:\\Music\\Pop\\Song.mp3");
+  ASSERT_TRUE(facts);
+  EXPECT_EQ(facts->name, u"Song.mp3");
+  EXPECT_EQ(facts->size, 5);
+}
+
+TEST_F(PathResolverTest, SpellingsThatMeanTheSameFile) {
+  Put(Disk("C/Music/Änderung Pop/Song.mp3"), "x");
+  const StringView paths[] = {
+      u"c:\\music\\änderung pop\\SONG.MP3",       u"C:/MUSIC/ÄNDERUNG POP/song.mp3",
+      u"C:\\Music. .\\Änderung Pop \\Song.mp3. ", u"C:\\Music\\.\\x\\..\\Änderung Pop\\\\Song.mp3",
+      u"\\Music\\Änderung Pop\\Song.mp3",         u"Music\\Änderung Pop\\Song.mp3"};
+  for (const StringView path : paths) {
+    EXPECT_EQ(NameOf(path), "Song.mp3") << ToUtf8(path);
+    EXPECT_EQ(NameOf(path), "Song.mp3") << "again: " << ToUtf8(path);
+  }
+}
+
+TEST_F(PathResolverTest, APathThatNamesNoFileFindsNothing) {
+  Put(Disk("C/Music/a.mp3"), "x");
+  const StringView paths[] = {u"",
+                              u"C:",
+                              u"C:\\",
+                              u"C:\\Music",
+                              u"C:\\Music\\a.mp3\\",
+                              u"C:\\Music\\a.mp3\\b",
+                              u"C:\\Music\\b.mp3",
+                              u"C:\\Nowhere\\a.mp3",
+                              u"X:\\Music\\a.mp3",
+                              u"\\\\server\\share\\a.mp3",
+                              u"//server/share/a.mp3",
+                              u"C:\\Music\\...",
+                              u"C:\\Music\\ \\a.mp3",
+                              StringView(u"C:\\Music\\a.mp3\0", 15),
+                              StringView(u"C:\\Mu\0sic\\a.mp3", 15),
+                              u"C:\\Music\\a\n.mp3",
+                              u"C:\\Music\\\xD800"};
+  for (const StringView path : paths) EXPECT_EQ(NameOf(path), "(none)") << ToUtf8(path);
+}
+
+TEST_F(PathResolverTest, ExactSpellingWinsOverCaseVariants) {
+  Put(Disk("C/m/SONG.mp3"), "1");
+  Put(Disk("C/m/Song.mp3"), "22");
+  Put(Disk("C/m/song.mp3"), "333");
+  EXPECT_EQ(NameOf(u"C:\\m\\song.mp3"), "song.mp3");
+  EXPECT_EQ(NameOf(u"C:\\m\\Song.mp3"), "Song.mp3");
+  EXPECT_EQ(NameOf(u"C:\\m\\sOnG.mp3"), "SONG.mp3") << "the first in byte order";
+}
+
+TEST_F(PathResolverTest, ANameWithTrailingPointsOnTheDiskIsFound) {
+  Put(Disk("C/Artists/Mr. T./a.mp3"), "x");
+  EXPECT_EQ(NameOf(u"C:\\Artists\\Mr. T.\\a.mp3"), "a.mp3");
+  EXPECT_EQ(NameOf(u"C:\\artists\\mr. t\\A.mp3"), "a.mp3");
+}
+
+TEST_F(PathResolverTest, FilesThatComeGoAndChangeCaseAreSeenAtOnce) {
+  Put(Disk("C/m/other"), "x");
+  EXPECT_EQ(NameOf(u"C:\\m\\new.mp3"), "(none)");
+  Put(Disk("C/m/NEW.mp3"), "x");
+  EXPECT_EQ(NameOf(u"C:\\m\\new.mp3"), "NEW.mp3");
+  std::filesystem::rename(Disk("C/m/NEW.mp3"), Disk("C/m/New.mp3"));
+  EXPECT_EQ(NameOf(u"C:\\m\\new.mp3"), "New.mp3");
+  std::filesystem::rename(Disk("C/m"), Disk("C/M"));
+  EXPECT_EQ(NameOf(u"C:\\m\\new.mp3"), "New.mp3");
+  std::filesystem::remove_all(Disk("C/M"));
+  EXPECT_EQ(NameOf(u"C:\\m\\new.mp3"), "(none)");
+}
+
+TEST_F(PathResolverTest, AFileThatThePlatformItselfCreatesIsFoundInAnyCase) {
+  Put(Disk("C/m/other"), "x");
+  EXPECT_FALSE(Files().FileExists(u"C:\\m\\LOG.TXT"));
+  Files().OpenForAppending(u"C:\\m\\log.txt", true)->Append("x");
+  EXPECT_EQ(NameOf(u"C:\\m\\LOG.TXT"), "log.txt");
+  Files().RemoveFile(u"C:\\m\\LOG.txt", false);
+  EXPECT_FALSE(Files().FileExists(u"C:\\m\\log.TXT"));
+}
+
+TEST_F(PathResolverTest, MissingFilesInAnOldFolderDoNotHideNewOnes) {
+  Put(Disk("C/m/other"), "x");
+  std::filesystem::last_write_time(
+      Disk("C/m"), std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
+  for (int i = 0; i < 50; ++i) {
+    EXPECT_EQ(NameOf(u"C:\\m\\new.mp3"), "(none)");
+    Put(Disk("C/m/NEW.mp3"), "x");
+    ASSERT_EQ(NameOf(u"C:\\m\\new.mp3"), "NEW.mp3");
+    std::filesystem::remove(Disk("C/m/NEW.mp3"));
+  }
+}
+
+TEST_F(PathResolverTest, NeverLeavesTheDriveByPoints) {
+  Put(Outside("secret.txt"), "x");
+  Put(Disk("secret.txt"), "x");
+  for (const StringView path :
+       {u"C:\\..\\secret.txt", u"C:\\..\\..\\secret.txt", u"..\\secret.txt",
+        u"C:\\m\\..\\..\\secret.txt", u"C:/../secret.txt", u"C:\\.. \\secret.txt"}) {
+    EXPECT_EQ(NameOf(path), "(none)") << ToUtf8(path);
+  }
+}
+
+TEST_F(PathResolverTest, ALinkOutOfTheDriveDoesNotExist) {
+  Put(Outside("away/secret.txt"), "x");
+  std::filesystem::create_directory_symlink(Outside("away"), Disk("C/away"));
+  std::filesystem::create_symlink(Outside("away/secret.txt"), Disk("C/file.txt"));
+  std::filesystem::create_symlink("../../away/secret.txt", Disk("C/relative.txt"));
+  EXPECT_FALSE(Files().FolderExists(u"C:\\away"));
+  EXPECT_EQ(NameOf(u"C:\\away\\secret.txt"), "(none)");
+  EXPECT_EQ(NameOf(u"C:\\file.txt"), "(none)");
+  EXPECT_EQ(NameOf(u"C:\\relative.txt"), "(none)");
+  EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForReading(u"C:\\file.txt"); }), 53);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForReading(u"C:\\away\\secret.txt"); }), 76);
+  EXPECT_EQ(NumberRaisedBy([&] { Files().RemoveFile(u"C:\\file.txt", true); }), 53);
+  EXPECT_NE(NumberRaisedBy([&] { Files().OpenForAppending(u"C:\\file.txt", true); }), 0);
+  EXPECT_NE(NumberRaisedBy([&] { Machine().Settings().Write(u"C:\\file.txt", "y"); }), 0);
+  EXPECT_NE(NumberRaisedBy([&] { Machine().Settings().Write(u"C:\\away\\new.txt", "y"); }), 0);
+  EXPECT_TRUE(Files().ListFolder(u"C:\\", {}).empty());
+  EXPECT_EQ(Get(Outside("away/secret.txt")), "x");
+  EXPECT_FALSE(std::filesystem::exists(Outside("away/new.txt")));
+}
+
+TEST_F(PathResolverTest, AFolderThatBecomesALinkOutOfTheDriveIsNotFollowedByAnOpening) {
+  Put(Outside("away/a.txt"), "secret");
+  Put(Disk("C/m/a.txt"), "own");
+  EXPECT_EQ(Read(u"C:\\m\\a.txt"), "own");
+  std::filesystem::remove_all(Disk("C/m"));
+  std::filesystem::create_directory_symlink(Outside("away"), Disk("C/m"));
+  EXPECT_NE(NumberRaisedBy([&] { Files().OpenForReading(u"C:\\m\\a.txt"); }), 0);
+  EXPECT_NE(NumberRaisedBy([&] { Files().ListFolder(u"C:\\m", {}); }), 0);
+}
+
+TEST_F(PathResolverTest, ALinkWithinTheDriveWorks) {
+  Put(Disk("C/real/Song.mp3"), "123");
+  std::filesystem::create_directory_symlink("real", Disk("C/Relative"));
+  std::filesystem::create_directory_symlink(Disk("C/real"), Disk("C/Absolute"));
+  std::filesystem::create_symlink("real/Song.mp3", Disk("C/Alias.mp3"));
+  EXPECT_EQ(NameOf(u"C:\\relative\\song.mp3"), "Song.mp3");
+  EXPECT_EQ(NameOf(u"C:\\Absolute\\Song.mp3"), "Song.mp3");
+  EXPECT_EQ(NameOf(u"C:\\Alias.mp3"), "Alias.mp3");
+  EXPECT_EQ(Files().FactsOf(u"C:\\Alias.mp3")->size, 3);
+  EXPECT_EQ(Read(u"C:\\Alias.mp3"), "123");
+  EXPECT_EQ(Read(u"C:\\Absolute\\Song.mp3"), "123");
+  Files().RemoveFile(u"C:\\Alias.mp3", false);
+  EXPECT_TRUE(Files().FileExists(u"C:\\real\\Song.mp3")) << "only the link is deleted";
+}
+
+TEST_F(PathResolverTest, LinksThatGoRoundInACircleDoNotExist) {
+  std::filesystem::create_symlink("b", Disk("C/a"));
+  std::filesystem::create_symlink("a", Disk("C/b"));
+  std::filesystem::create_symlink("self", Disk("C/self"));
+  EXPECT_EQ(NameOf(u"C:\\a"), "(none)");
+  EXPECT_FALSE(Files().FolderExists(u"C:\\self"));
+  EXPECT_TRUE(Files().ListFolder(u"C:\\", {}).empty());
+}
+
+TEST_F(PathResolverTest, NamesThatNoPathCanExpressAreOpenedByNone) {
+  Put(Disk("C") / "bad\xFFname.mp3", "x");
+  Put(Disk("C") / "back\\slash.mp3", "x");
+  EXPECT_EQ(NameOf(u"C:\\bad\xFFFDname.mp3"), "(none)");
+  EXPECT_EQ(NameOf(u"C:\\back\\slash.mp3"), "(none)");
+}
+
+TEST_F(PathResolverTest, OverLongNamesAndPathsDoNotExist) {
+  EXPECT_EQ(NameOf(u"C:\\" + String(300, u'a')), "(none)");
+  EXPECT_FALSE(Files().FolderExists(u"C:\\" + String(40000, u'a')));
+  String deep = u"C:";
+  for (int i = 0; i < 16000; ++i) deep += u"\\a";
+  EXPECT_NE(NumberRaisedBy([&] { Machine().Settings().Write(deep, "x"); }), 0);
+  EXPECT_NE(NumberRaisedBy([&] { Files().CreateFolder(u"C:\\" + String(300, u'a')); }), 0);
+}
+
+TEST_F(PathResolverTest, APathOfThousandsOfNamesEndsAtTheFirstThatIsMissing) {
+  Put(Disk("C/a/a/song.mp3"), "x");
+  String deep = u"C:";
+  while (deep.size() < 32000) deep += u"\\a";
+  // To look up each of the 16,000 folders that it names would hash half a gigabyte every time.
+  for (int i = 0; i < 500; ++i) ASSERT_EQ(NameOf(deep), "(none)");
+  EXPECT_EQ(NameOf(u"C:\\A\\a\\SONG.mp3"), "song.mp3");
+}
+
+TEST_F(PathResolverTest, APipeIsNoFileAndIsNeverWaitedFor) {
+  ASSERT_EQ(::mkfifo(Disk("C/pipe.m3u").c_str(), 0666), 0);
+  EXPECT_EQ(NameOf(u"C:\\pipe.m3u"), "(none)");
+  EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForReading(u"C:\\pipe.m3u"); }), 53);
+  EXPECT_NE(NumberRaisedBy([&] { Files().OpenForAppending(u"C:\\pipe.m3u", true); }), 0);
+  EXPECT_TRUE(Files().ListFolder(u"C:\\", {}).empty());
+}
+
+TEST_F(PathResolverTest, CreationIsNeverLaterThanTheLastWrite) {
+  Put(Disk("C/a.mp3"), "x");
+  const timespec times[2] = {{1000000000, 0}, {1000000000, 999}};
+  ASSERT_EQ(::utimensat(AT_FDCWD, Disk("C/a.mp3").c_str(), times, 0), 0);
+  EXPECT_EQ(Files().FactsOf(u"C:\\a.mp3")->created, 1000000000);
+  const timespec later[2] = {{4000000000, 0}, {4000000000, 0}};
+  ASSERT_EQ(::utimensat(AT_FDCWD, Disk("C/a.mp3").c_str(), later, 0), 0);
+  EXPECT_LT(Files().FactsOf(u"C:\\a.mp3")->created, 4000000000);
+}
+
+}  // namespace
+}  // namespace norvo
