@@ -23,8 +23,8 @@ struct Refusal {
   std::uint32_t allBits = 0;  ///< else only those whose argument has all these bits
 };
 
-/// Makes this process's system a poorer one from now on, for good: for processes made by a test only.
-/// False where that cannot be.
+/// Makes this process's system a poorer one from now on, for good: for processes made by a test
+/// only. False where that cannot be.
 inline bool RefuseCalls(const std::vector<Refusal>& refusals) {
   const auto load = [](std::size_t offset) {
     return sock_filter{BPF_LD | BPF_W | BPF_ABS, 0, 0, static_cast<std::uint32_t>(offset)};

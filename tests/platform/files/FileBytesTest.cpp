@@ -10,8 +10,8 @@ class FileBytesTest : public FilesTest {
   /// As text; counts the bytes that were told.
   std::string Compare(std::uint64_t size) {
     told_ = 0;
-    const FileResult<bool> same = SameBytes(Open("left"), Open("right"), size,
-                                            [this](std::uint64_t more) { told_ += more; });
+    const FileResult<bool> same =
+        SameBytes(Open("left"), Open("right"), size, [this](std::uint64_t more) { told_ += more; });
     return !same ? "failed" : *same ? "same" : "other";
   }
 
