@@ -10,7 +10,7 @@
 #include "library/Library.h"
 #include "model/AsxEntry.h"
 #include "platform/hosted/HostedPlatform.h"
-#include "readers/AsxLine.h"
+#include "readers/AsxLineParser.h"
 #include "readers/ExtendedInfo.h"
 #include "readers/M3uReader.h"
 #include "readers/TextLines.h"

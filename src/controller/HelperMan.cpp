@@ -69,7 +69,7 @@ void HelperMan::StartUp() {
   if (!groupRoot_.empty()) {
     groupKey_ = DataArea(groupRoot_) + String(DataCop::kGroup) + u"\\";
   }
-  list_ = std::make_unique<PlaylistList>(component_, groupRoot_);
+  list_ = std::make_unique<ListFile>(component_, groupRoot_);
 }
 
 bool HelperMan::GenericQueue(std::int32_t mode) {

@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "automation/MemberTable.h"
-#include "controller/PlaylistList.h"
+#include "controller/ListFile.h"
 #include "playlist/PlayList.h"
 
 namespace norvo {
@@ -67,7 +67,7 @@ class HelperMan final : public TableObject {
   Component& component_;
   String groupRoot_;
   String groupKey_;
-  std::unique_ptr<PlaylistList> list_;  // set once the start-up succeeded
+  std::unique_ptr<ListFile> list_;  // set once the start-up succeeded
 };
 
 }  // namespace norvo

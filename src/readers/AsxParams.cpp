@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "readers/AsxLine.h"
+#include "readers/AsxLineParser.h"
 
 namespace norvo {
 namespace {

@@ -1,7 +1,7 @@
 #include "readers/AsxReader.h"
 
 #include "automation/Attempt.h"
-#include "readers/AsxLine.h"
+#include "readers/AsxLineParser.h"
 #include "readers/AsxParams.h"
 #include "readers/ItemResolver.h"
 #include "readers/TextLines.h"
@@ -46,21 +46,21 @@ class AsxWalk {
  private:
   void VisitInsideEntry(StringView line) {
     switch (KindInsideEntry(line)) {
-      case AsxLine::Param:
+      case AsxLineKind::Param:
         return ApplyEntryParam(line, *entry_);
-      case AsxLine::Abstract:
+      case AsxLineKind::Abstract:
         return entry_->SetAbstract(ElementValue(line));
-      case AsxLine::Ref:
+      case AsxLineKind::Ref:
         return entry_->SetHref(AttributeValue(line, u"href"));
-      case AsxLine::Duration:
+      case AsxLineKind::Duration:
         return entry_->SetDuration(AttributeValue(line, u"value"));
-      case AsxLine::Author:
+      case AsxLineKind::Author:
         return entry_->SetAuthor(ElementText(line));
-      case AsxLine::Title:
+      case AsxLineKind::Title:
         return SetEntryTitle(ElementText(line));
-      case AsxLine::Copyright:
+      case AsxLineKind::Copyright:
         return entry_->SetCopyright(ElementText(line));
-      case AsxLine::EntryEnd:
+      case AsxLineKind::EntryEnd:
         return EndEntry();
       default:
         return;
@@ -69,26 +69,26 @@ class AsxWalk {
 
   void VisitOutsideEntry(StringView line) {
     switch (KindOutsideEntry(line)) {
-      case AsxLine::EntryStart:
+      case AsxLineKind::EntryStart:
         // An ASX entry gets no playlist name: intended.
         entry_ = std::make_shared<AsxEntry>(component_);
         return entry_->SetEntryType(entryType_);
-      case AsxLine::Param:
+      case AsxLineKind::Param:
         return ApplyPlaylistParam(line, playlist_);
-      case AsxLine::Banner:
+      case AsxLineKind::Banner:
         // What a banner holds is never read.
         insideBanner_ = !HoldsBannerEnd(line);
         return;
-      case AsxLine::AsxVersion:
+      case AsxLineKind::AsxVersion:
         playlist_.asxVersion = AttributeValue(line, u"Version");
         return;
-      case AsxLine::Title:
+      case AsxLineKind::Title:
         playlist_.asxTitle = ElementText(line);
         return;
-      case AsxLine::Author:
+      case AsxLineKind::Author:
         playlist_.asxAuthor = ElementText(line);
         return;
-      case AsxLine::AsxEnd:
+      case AsxLineKind::AsxEnd:
         insidePlaylist_ = false;
         return;
       default:

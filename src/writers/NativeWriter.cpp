@@ -5,7 +5,7 @@
 #include "automation/Attempt.h"
 #include "model/TimeValues.h"
 #include "text/Number.h"
-#include "writers/AsxLines.h"
+#include "writers/AsxFormatter.h"
 #include "writers/NativeNaming.h"
 
 namespace norvo {
@@ -48,7 +48,7 @@ class NativeFile {
 void WriteAsx(Component& component, const PlaylistRecord& playlist) {
   NativeFile file(component, playlist, playlist_type::kWmpAsx);
   const auto write = [&file](StringView line) { file.Write(line); };
-  AsxLines lines(playlist, write);
+  AsxFormatter lines(playlist, write);
   lines.Begin();
   playlist.entries->ForEach([&](AutomationObject& entry, std::int32_t) { lines.Entry(entry); });
   lines.End();

@@ -11,10 +11,10 @@ namespace norvo {
 
 /// The list file "PlayLists.txt": a header section with the totals, and one section per playlist
 /// type with the full paths. Reading it consumes it.
-class PlaylistList {
+class ListFile {
  public:
   /// `groupRoot` also names the header section; without one there is no list file.
-  PlaylistList(Component& component, StringView groupRoot);
+  ListFile(Component& component, StringView groupRoot);
 
   /// Deletes the file, also when it is read-only, and starts a new list. Error 76 without a group
   /// root.

@@ -8,12 +8,12 @@ namespace norvo {
 
 /// The lines of a native ASX file. Values that are empty give no line, but for an entry's
 /// reference. Texts go in as they are: nothing is escaped, as the player that reads them expects.
-class AsxLines {
+class AsxFormatter {
  public:
   using Write = std::function<void(StringView line)>;
 
   /// The playlist must outlive this.
-  AsxLines(const PlaylistRecord& playlist, Write write);
+  AsxFormatter(const PlaylistRecord& playlist, Write write);
 
   void Begin();
   /// The entry's values are read by name; those of an entry of another kind than `AsxEntry` from

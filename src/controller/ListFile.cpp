@@ -1,4 +1,4 @@
-#include "controller/PlaylistList.h"
+#include "controller/ListFile.h"
 
 #include <limits>
 
@@ -41,18 +41,18 @@ std::int32_t CheckedSum(const std::vector<std::int32_t>& totals) {
 
 }  // namespace
 
-PlaylistList::PlaylistList(Component& component, StringView groupRoot)
+ListFile::ListFile(Component& component, StringView groupRoot)
     : component_(component),
       headerSection_(groupRoot),
       folder_(DataArea(groupRoot)),
       file_(component) {}
 
-String PlaylistList::PathOfFile() const {
+String ListFile::PathOfFile() const {
   if (folder_.empty()) throw RunTimeError(error::kPathNotFound);
   return folder_ + String(kFileName);
 }
 
-void PlaylistList::Restart() {
+void ListFile::Restart() {
   const String path = PathOfFile();
   file_.Abandon();
   if (NVServices::DoesFileExist(component_, path)) {
@@ -62,11 +62,11 @@ void PlaylistList::Restart() {
   open_ = file_.CreateNew(path);
 }
 
-void PlaylistList::OpenIfClosed() {
+void ListFile::OpenIfClosed() {
   if (!open_) open_ = file_.OpenFile(PathOfFile());
 }
 
-void PlaylistList::Record(StringView path, std::int32_t type) {
+void ListFile::Record(StringView path, std::int32_t type) {
   const PlaylistType* const row = FindPlaylistType(type);
   if (row == nullptr) return;
   OpenIfClosed();
@@ -77,12 +77,12 @@ void PlaylistList::Record(StringView path, std::int32_t type) {
   file_.WriteValue(FileKey(number), path);
 }
 
-void PlaylistList::Save() {
+void ListFile::Save() {
   open_ = false;
   file_.Close();
 }
 
-std::vector<std::int32_t> PlaylistList::ReadTotals() {
+std::vector<std::int32_t> ListFile::ReadTotals() {
   std::vector<std::int32_t> totals;
   for (const std::int32_t type : kListOrder) {
     String total = u"0";
@@ -92,7 +92,7 @@ std::vector<std::int32_t> PlaylistList::ReadTotals() {
   return totals;
 }
 
-std::vector<String> PlaylistList::ReadPaths() {
+std::vector<String> ListFile::ReadPaths() {
   const std::vector<std::int32_t> totals = ReadTotals();
   std::vector<String> paths(static_cast<std::size_t>(CheckedSum(totals)));
   auto slot = paths.begin();
@@ -107,7 +107,7 @@ std::vector<String> PlaylistList::ReadPaths() {
   return paths;
 }
 
-std::vector<String> PlaylistList::Consume() {
+std::vector<String> ListFile::Consume() {
   if (folder_.empty()) return {};
   OpenIfClosed();
   // However the reading ends, the next call looks at the file anew.

@@ -1,4 +1,4 @@
-#include "readers/AsxLine.h"
+#include "readers/AsxLineParser.h"
 
 #include <algorithm>
 #include <span>
@@ -10,30 +10,30 @@ namespace {
 
 struct PatternRow {
   StringView mark;  // the pattern is this text anywhere in the line
-  AsxLine kind;
+  AsxLineKind kind;
 };
 
 // In the order of trial.
 constexpr PatternRow kInsideEntry[] = {
-    {u"<Param Name", AsxLine::Param},    {u"<Abstract", AsxLine::Abstract},
-    {u"<Ref Href", AsxLine::Ref},        {u"<Duration", AsxLine::Duration},
-    {u"<Author", AsxLine::Author},       {u"<Title", AsxLine::Title},
-    {u"<Copyright", AsxLine::Copyright}, {u"</Entry>", AsxLine::EntryEnd},
+    {u"<Param Name", AsxLineKind::Param},    {u"<Abstract", AsxLineKind::Abstract},
+    {u"<Ref Href", AsxLineKind::Ref},        {u"<Duration", AsxLineKind::Duration},
+    {u"<Author", AsxLineKind::Author},       {u"<Title", AsxLineKind::Title},
+    {u"<Copyright", AsxLineKind::Copyright}, {u"</Entry>", AsxLineKind::EntryEnd},
 };
 constexpr PatternRow kOutsideEntry[] = {
-    {u"<Entry>", AsxLine::EntryStart},      {u"<Param name", AsxLine::Param},
-    {u"</Entry>", AsxLine::EntryEnd},       {u"<Banner", AsxLine::Banner},
-    {u"<Asx Version", AsxLine::AsxVersion}, {u"<Title", AsxLine::Title},
-    {u"<Author", AsxLine::Author},          {u"</Asx>", AsxLine::AsxEnd},
+    {u"<Entry>", AsxLineKind::EntryStart},      {u"<Param name", AsxLineKind::Param},
+    {u"</Entry>", AsxLineKind::EntryEnd},       {u"<Banner", AsxLineKind::Banner},
+    {u"<Asx Version", AsxLineKind::AsxVersion}, {u"<Title", AsxLineKind::Title},
+    {u"<Author", AsxLineKind::Author},          {u"</Asx>", AsxLineKind::AsxEnd},
 };
 
-AsxLine KindOf(StringView line, std::span<const PatternRow> rows) {
+AsxLineKind KindOf(StringView line, std::span<const PatternRow> rows) {
   // Every pattern begins with this; most lines of other files lack it.
-  if (line.find(u'<') == StringView::npos) return AsxLine::Other;
+  if (line.find(u'<') == StringView::npos) return AsxLineKind::Other;
   const auto row = std::find_if(rows.begin(), rows.end(), [line](const PatternRow& candidate) {
     return ContainsIgnoreCase(line, candidate.mark);
   });
-  return row == rows.end() ? AsxLine::Other : row->kind;
+  return row == rows.end() ? AsxLineKind::Other : row->kind;
 }
 
 String ElementName(StringView line) {
@@ -54,10 +54,10 @@ constexpr ElementRow kElements[] = {
 
 }  // namespace
 
-AsxLine KindInsideEntry(StringView line) {
+AsxLineKind KindInsideEntry(StringView line) {
   return KindOf(line, kInsideEntry);
 }
-AsxLine KindOutsideEntry(StringView line) {
+AsxLineKind KindOutsideEntry(StringView line) {
   return KindOf(line, kOutsideEntry);
 }
 bool HoldsBannerEnd(StringView line) {

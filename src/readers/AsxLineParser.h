@@ -6,7 +6,7 @@ namespace norvo {
 
 /// What a line of an ASX file is taken for: the first pattern that it matches decides, whatever
 /// else stands on the line.
-enum class AsxLine {
+enum class AsxLineKind {
   Other,
   Param,
   Abstract,
@@ -23,9 +23,9 @@ enum class AsxLine {
 };
 
 /// Kind of a line inside an entry.
-AsxLine KindInsideEntry(StringView line);
+AsxLineKind KindInsideEntry(StringView line);
 /// Kind of a line outside entries and banners.
-AsxLine KindOutsideEntry(StringView line);
+AsxLineKind KindOutsideEntry(StringView line);
 /// True for a line that holds "</Banner>" anywhere.
 bool HoldsBannerEnd(StringView line);
 /// True for a line that is "</Banner>" and nothing else.

@@ -1,4 +1,4 @@
-#include "writers/AsxLines.h"
+#include "writers/AsxFormatter.h"
 
 #include "automation/Conversions.h"
 #include "model/TimeValues.h"
@@ -19,21 +19,21 @@ String Text(AutomationObject& entry, StringView property) {
 
 }  // namespace
 
-AsxLines::AsxLines(const PlaylistRecord& playlist, Write write)
+AsxFormatter::AsxFormatter(const PlaylistRecord& playlist, Write write)
     : playlist_(playlist), write_(std::move(write)), fromAsx_(HasAsxEntries(playlist.type)) {}
 
-void AsxLines::Element(StringView opening, const String& text, StringView closing) {
+void AsxFormatter::Element(StringView opening, const String& text, StringView closing) {
   if (text.empty()) return;
   write_(String(opening).append(text).append(closing).append(kLineEnd));
 }
 
-void AsxLines::Param(StringView name, const String& value) {
+void AsxFormatter::Param(StringView name, const String& value) {
   if (value.empty()) return;
   write_(u"<Param Name = " + Quoted(name) + u" Value = " + Quoted(value) + u" />" +
          String(kLineEnd));
 }
 
-void AsxLines::Begin() {
+void AsxFormatter::Begin() {
   const String version = fromAsx_ ? playlist_.asxVersion : u"3.0";
   write_(u"<ASX Version = " + Quoted(version) + u" >");
   Element(u"<Author > ", playlist_.asxAuthor, u"</Author>");
@@ -41,7 +41,7 @@ void AsxLines::Begin() {
   PlaylistParams();
 }
 
-void AsxLines::PlaylistParams() {
+void AsxFormatter::PlaylistParams() {
   Param(u"Name", playlist_.name);
   Param(u"AllowShuffle", fromAsx_ ? playlist_.asxAllowShuffle : u"yes");
   Param(u"Artist", playlist_.asxArtist);
@@ -50,7 +50,7 @@ void AsxLines::PlaylistParams() {
   Param(u"PlayListAttribute", playlist_.asxPlayListAttribute);
 }
 
-void AsxLines::Entry(AutomationObject& entry) {
+void AsxFormatter::Entry(AutomationObject& entry) {
   write_(u"<Entry>");
   const String path = ToText(entry.Call(u"Entry_DestinationPath"));
   write_(u"<Ref href = " + Quoted(path) + u"/>" + String(kLineEnd));
@@ -69,14 +69,14 @@ void AsxLines::Entry(AutomationObject& entry) {
   write_(u"</Entry>" + String(kLineEnd));
 }
 
-void AsxLines::AsxTexts(AutomationObject& entry) {
+void AsxFormatter::AsxTexts(AutomationObject& entry) {
   Element(u"<Author > ", Text(entry, u"ASX_Author"), u"</Author>");
   Element(u"<Abstract > ", Text(entry, u"Abstract"), u"</Abstract>");
   Element(u"<CopyRight > ", Text(entry, u"Copyright"), u"</CopyRight>");
   Element(u"<Title> ", Text(entry, u"ASX_Title"), u"</Title>");
 }
 
-void AsxLines::AsxParams(AutomationObject& entry, const String& path) {
+void AsxFormatter::AsxParams(AutomationObject& entry, const String& path) {
   Param(u"Name", Text(entry, u"ASX_SongName"));
   Param(u"Artist", Text(entry, u"ASX_Artist"));
   Param(u"Album", Text(entry, u"ASX_Album"));
@@ -92,7 +92,7 @@ void AsxLines::AsxParams(AutomationObject& entry, const String& path) {
   Param(u"CreationDate", Text(entry, u"Entry_CreationDate"));
 }
 
-void AsxLines::PlainParams(AutomationObject& entry, const String& path) {
+void AsxFormatter::PlainParams(AutomationObject& entry, const String& path) {
   Param(u"Name", Text(entry, u"Entry_SongName"));
   Param(u"Artist", Text(entry, u"Entry_ArtistName"));
   Param(u"Album", Text(entry, u"Entry_AlbumName"));

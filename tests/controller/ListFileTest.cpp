@@ -1,17 +1,17 @@
-#include "controller/PlaylistList.h"
+#include "controller/ListFile.h"
 
 #include "controller/HelperManFixture.h"
 
 namespace norvo {
 namespace {
 
-class PlaylistListTest : public HelperManFixture {
+class ListFileTest : public HelperManFixture {
  protected:
   std::string Header() { return "[" + Utf8(kGroupRoot) + "]\r\n"; }
   bool ListStands() { return platform->HasFile(kListFile); }
 };
 
-TEST_F(PlaylistListTest, TypesComeInTheOrderOfTheListWithSixBeforeFive) {
+TEST_F(ListFileTest, TypesComeInTheOrderOfTheListWithSixBeforeFive) {
   AddList({"WMP_ASX Total=1", "WMP_M3U Total=1", "WINAMP_M3U Total=2", "WINAMP_PLS Total=1",
            "MMJB_M3U Total=1", "SONIQUE_PLS Total=1", "[SONIQUE_PLS]", "File1=5", "[MMJB_M3U]",
            "File1=6", "[WINAMP_PLS]", "File1=4", "[WINAMP_M3U]", "File2=3b", "File1=3a",
@@ -20,7 +20,7 @@ TEST_F(PlaylistListTest, TypesComeInTheOrderOfTheListWithSixBeforeFive) {
   EXPECT_EQ(LogLines(), Lines());
 }
 
-TEST_F(PlaylistListTest, ReadingTheListConsumesIt) {
+TEST_F(ListFileTest, ReadingTheListConsumesIt) {
   AddList({"WMP_ASX Total=1", "[WMP_ASX]", "File1=C:\\a.asx"});
   platform->Files().SetReadOnly(kListFile);
   EXPECT_EQ(GetPLSList(Controller()), Lines({"C:\\a.asx"}));
@@ -30,7 +30,7 @@ TEST_F(PlaylistListTest, ReadingTheListConsumesIt) {
   EXPECT_FALSE(ListStands());
 }
 
-TEST_F(PlaylistListTest, AListOfAnotherControllerIsFoundAfterAnEmptyOne) {
+TEST_F(ListFileTest, AListOfAnotherControllerIsFoundAfterAnEmptyOne) {
   const ObjectRef other = NewController();
   EXPECT_EQ(GetPLSList(Controller()), Lines());
   platform->AddFile(u"C:\\a.asx", "x");
@@ -38,13 +38,13 @@ TEST_F(PlaylistListTest, AListOfAnotherControllerIsFoundAfterAnEmptyOne) {
   EXPECT_EQ(GetPLSList(Controller()), Lines({"C:\\a.asx"}));
 }
 
-TEST_F(PlaylistListTest, WithoutAFileThereIsNothingListed) {
+TEST_F(ListFileTest, WithoutAFileThereIsNothingListed) {
   EXPECT_EQ(GetPLSList(Controller()), Lines());
   EXPECT_FALSE(ListStands());
   EXPECT_EQ(LogLines(), Lines());
 }
 
-TEST_F(PlaylistListTest, AFileWithoutTheHeaderSectionListsNothingAndStays) {
+TEST_F(ListFileTest, AFileWithoutTheHeaderSectionListsNothingAndStays) {
   for (const std::string& text :
        {std::string(), std::string("[WMP_ASX]\r\nFile1=C:\\a.asx\r\n"),
         std::string("[D:\\Other\\]\r\nWMP_ASX Total=1\r\n[WMP_ASX]\r\nFile1=C:\\a.asx\r\n")}) {
@@ -55,23 +55,23 @@ TEST_F(PlaylistListTest, AFileWithoutTheHeaderSectionListsNothingAndStays) {
   }
 }
 
-TEST_F(PlaylistListTest, MissingAndZeroTotalsListNothingAndTheFileIsConsumed) {
+TEST_F(ListFileTest, MissingAndZeroTotalsListNothingAndTheFileIsConsumed) {
   AddList({"WMP_ASX Total=0", "[WMP_ASX]", "File1=C:\\a.asx"});
   EXPECT_EQ(GetPLSList(Controller()), Lines());
   EXPECT_FALSE(ListStands());
 }
 
-TEST_F(PlaylistListTest, FilesBeyondTheTotalAreNotListed) {
+TEST_F(ListFileTest, FilesBeyondTheTotalAreNotListed) {
   AddList({"WMP_ASX Total=1", "[WMP_ASX]", "File1=one", "File2=two"});
   EXPECT_EQ(GetPLSList(Controller()), Lines({"one"}));
 }
 
-TEST_F(PlaylistListTest, AMissingFileKeyLeavesItsSlotEmpty) {
+TEST_F(ListFileTest, AMissingFileKeyLeavesItsSlotEmpty) {
   AddList({"WMP_ASX Total=3", "[WMP_ASX]", "File1=one", "File3=three"});
   EXPECT_EQ(GetPLSList(Controller()), Lines({"one", "", "three"}));
 }
 
-TEST_F(PlaylistListTest, NamesOfSectionsAndKeysIgnoreCase) {
+TEST_F(ListFileTest, NamesOfSectionsAndKeysIgnoreCase) {
   platform->AddFile(
       kListFile,
       "[c:\\MY DOCUMENTS\\norvo media\\]\r\nwmp_asx TOTAL=1\r\n[wmp_asx]\r\nFILE1=one\r\n");
@@ -83,7 +83,7 @@ struct DamageRow {
   const char* reason;
 };
 
-TEST_F(PlaylistListTest, ADamagedTotalListsNothingIsLoggedAndLeavesTheFile) {
+TEST_F(ListFileTest, ADamagedTotalListsNothingIsLoggedAndLeavesTheFile) {
   const DamageRow rows[] = {
       {{"WMP_ASX Total=many"}, "Type mismatch"},
       {{"WMP_ASX Total="}, "Type mismatch"},
@@ -101,7 +101,7 @@ TEST_F(PlaylistListTest, ADamagedTotalListsNothingIsLoggedAndLeavesTheFile) {
   }
 }
 
-TEST_F(PlaylistListTest, TheResultHasNeverMoreSlotsThanTheSumOfTheTotals) {
+TEST_F(ListFileTest, TheResultHasNeverMoreSlotsThanTheSumOfTheTotals) {
   for (const Lines& totals : {Lines{"WMP_ASX Total=-1", "WMP_M3U Total=2"},
                               Lines{"WMP_M3U Total=2", "WINAMP_M3U Total=-1"}}) {
     Lines lines = totals;
@@ -111,14 +111,14 @@ TEST_F(PlaylistListTest, TheResultHasNeverMoreSlotsThanTheSumOfTheTotals) {
   }
 }
 
-TEST_F(PlaylistListTest, AnUnreadableListListsNothingAndStays) {
+TEST_F(ListFileTest, AnUnreadableListListsNothingAndStays) {
   AddList({"WMP_ASX Total=1", "[WMP_ASX]", "File1=one"});
   platform->Files().Deny(kListFile);
   EXPECT_EQ(GetPLSList(Controller()), Lines());
   EXPECT_TRUE(ListStands());
 }
 
-TEST_F(PlaylistListTest, WithoutAGroupRootThereIsNoList) {
+TEST_F(ListFileTest, WithoutAGroupRootThereIsNoList) {
   const auto bare = std::make_shared<MemoryPlatform>();
   bare->SetRegistry(Hive::LocalMachine, String(kBaseKey) + u"\\KVS", u"mode", std::int32_t{0});
   bare->AddFile(u"C:\\a.asx", "x");
@@ -130,7 +130,7 @@ TEST_F(PlaylistListTest, WithoutAGroupRootThereIsNoList) {
   EXPECT_EQ(Utf8(bare->Files().AllFiles()), Lines({"C:\\a.asx"}));
 }
 
-TEST_F(PlaylistListTest, OnlyAMachineThatIsNeitherSourceNorDestinationHasNoList) {
+TEST_F(ListFileTest, OnlyAMachineThatIsNeitherSourceNorDestinationHasNoList) {
   for (const std::int32_t role : {0, 1, 2, 4, 3}) {
     platform->SetRegistry(Hive::LocalMachine, String(kBaseKey) + u"\\KVS", u"mode", role);
     AddList({"WMP_ASX Total=1", "[WMP_ASX]", "File1=one"});
@@ -139,8 +139,8 @@ TEST_F(PlaylistListTest, OnlyAMachineThatIsNeitherSourceNorDestinationHasNoList)
   }
 }
 
-TEST_F(PlaylistListTest, RecordsAreNumberedByTypeAndOtherTypesAreNotRecorded) {
-  PlaylistList list(component, kGroupRoot);
+TEST_F(ListFileTest, RecordsAreNumberedByTypeAndOtherTypesAreNotRecorded) {
+  ListFile list(component, kGroupRoot);
   list.Restart();
   list.Record(u"C:\\a.asx", 1);
   list.Record(u"C:\\b.xyz", 7);

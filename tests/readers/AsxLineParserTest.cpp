@@ -1,4 +1,4 @@
-#include "readers/AsxLine.h"
+#include "readers/AsxLineParser.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@ struct ValueRow {
   StringView value;
 };
 
-TEST(AsxLineTest, AnElementYieldsTheValueThatGoesWithItsName) {
+TEST(AsxLineParserTest, AnElementYieldsTheValueThatGoesWithItsName) {
   constexpr ValueRow kRows[] = {
       {u"<Abstract>a text</Abstract>", u"a text"},
       {u"<Author>Me</Author>", u"Me"},
@@ -43,7 +43,7 @@ TEST(AsxLineTest, AnElementYieldsTheValueThatGoesWithItsName) {
   }
 }
 
-TEST(AsxLineTest, AnAttributeIsTheFirstDoubleQuotedTextBehindItsName) {
+TEST(AsxLineParserTest, AnAttributeIsTheFirstDoubleQuotedTextBehindItsName) {
   constexpr ValueRow kRows[] = {
       {u"<Ref href=\"a.mp3\" />", u"a.mp3"},
       {u"<Ref HREF=\"a.mp3\" />", u"a.mp3"},
@@ -63,7 +63,7 @@ TEST(AsxLineTest, AnAttributeIsTheFirstDoubleQuotedTextBehindItsName) {
   }
 }
 
-TEST(AsxLineTest, ElementTextRunsFromTheFirstClosingToTheNextOpeningBracket) {
+TEST(AsxLineParserTest, ElementTextRunsFromTheFirstClosingToTheNextOpeningBracket) {
   constexpr ValueRow kRows[] = {
       {u"<Title>Song</Title>", u"Song"},
       {u"<Title>a > b</Title>", u"a > b"},
@@ -78,74 +78,74 @@ TEST(AsxLineTest, ElementTextRunsFromTheFirstClosingToTheNextOpeningBracket) {
 
 struct KindRow {
   StringView line;
-  AsxLine kind;
+  AsxLineKind kind;
 };
 
-TEST(AsxLineTest, TheFirstPatternInOrderDecidesInsideAnEntry) {
+TEST(AsxLineParserTest, TheFirstPatternInOrderDecidesInsideAnEntry) {
   constexpr KindRow kRows[] = {
-      {u"<Param Name=\"Artist\" Value=\"X\" />", AsxLine::Param},
-      {u"<PARAM NAME=\"Artist\" VALUE=\"X\" />", AsxLine::Param},
-      {u"<Param  Name=\"two blanks\" />", AsxLine::Other},
-      {u"<Abstract>", AsxLine::Abstract},
-      {u"<Ref Href=\"a\"/>", AsxLine::Ref},
-      {u"<ref href=\"a\"/>", AsxLine::Ref},
-      {u"<Duration value=\"1\"/>", AsxLine::Duration},
-      {u"<Author>", AsxLine::Author},
-      {u"<Title>", AsxLine::Title},
-      {u"<Copyright>", AsxLine::Copyright},
-      {u"</Entry>", AsxLine::EntryEnd},
-      {u"  text </ENTRY> text", AsxLine::EntryEnd},
-      {u"<Entry>", AsxLine::Other},
-      {u"<Banner>", AsxLine::Other},
-      {u"</Asx>", AsxLine::Other},
-      {u"<MoreInfo href=\"x\"/>", AsxLine::Other},
-      {u"Param Name", AsxLine::Other},
-      {u"", AsxLine::Other},
+      {u"<Param Name=\"Artist\" Value=\"X\" />", AsxLineKind::Param},
+      {u"<PARAM NAME=\"Artist\" VALUE=\"X\" />", AsxLineKind::Param},
+      {u"<Param  Name=\"two blanks\" />", AsxLineKind::Other},
+      {u"<Abstract>", AsxLineKind::Abstract},
+      {u"<Ref Href=\"a\"/>", AsxLineKind::Ref},
+      {u"<ref href=\"a\"/>", AsxLineKind::Ref},
+      {u"<Duration value=\"1\"/>", AsxLineKind::Duration},
+      {u"<Author>", AsxLineKind::Author},
+      {u"<Title>", AsxLineKind::Title},
+      {u"<Copyright>", AsxLineKind::Copyright},
+      {u"</Entry>", AsxLineKind::EntryEnd},
+      {u"  text </ENTRY> text", AsxLineKind::EntryEnd},
+      {u"<Entry>", AsxLineKind::Other},
+      {u"<Banner>", AsxLineKind::Other},
+      {u"</Asx>", AsxLineKind::Other},
+      {u"<MoreInfo href=\"x\"/>", AsxLineKind::Other},
+      {u"Param Name", AsxLineKind::Other},
+      {u"", AsxLineKind::Other},
       // Two patterns on a line: the earlier of the list, not of the line.
-      {u"</Entry><Copyright>", AsxLine::Copyright},
-      {u"<Copyright><Title>", AsxLine::Title},
-      {u"<Title><Author>", AsxLine::Author},
-      {u"<Author><Duration>", AsxLine::Duration},
-      {u"<Duration><Ref Href>", AsxLine::Ref},
-      {u"<Ref Href><Abstract>", AsxLine::Abstract},
-      {u"<Abstract><Param Name>", AsxLine::Param},
-      {u"<Ref Href=\"a\"/></Entry>", AsxLine::Ref},
+      {u"</Entry><Copyright>", AsxLineKind::Copyright},
+      {u"<Copyright><Title>", AsxLineKind::Title},
+      {u"<Title><Author>", AsxLineKind::Author},
+      {u"<Author><Duration>", AsxLineKind::Duration},
+      {u"<Duration><Ref Href>", AsxLineKind::Ref},
+      {u"<Ref Href><Abstract>", AsxLineKind::Abstract},
+      {u"<Abstract><Param Name>", AsxLineKind::Param},
+      {u"<Ref Href=\"a\"/></Entry>", AsxLineKind::Ref},
   };
   for (const KindRow& row : kRows) {
     EXPECT_EQ(KindInsideEntry(row.line), row.kind) << "line: " << Utf8(row.line);
   }
 }
 
-TEST(AsxLineTest, TheFirstPatternInOrderDecidesOutsideEntries) {
+TEST(AsxLineParserTest, TheFirstPatternInOrderDecidesOutsideEntries) {
   constexpr KindRow kRows[] = {
-      {u"<Entry>", AsxLine::EntryStart},
-      {u"<entry>", AsxLine::EntryStart},
-      {u"<Entry ClientSkip=\"no\">", AsxLine::Other},
-      {u"<Param name=\"Name\" value=\"x\"/>", AsxLine::Param},
-      {u"</Entry>", AsxLine::EntryEnd},
-      {u"<Banner href=\"x\">", AsxLine::Banner},
-      {u"<Asx Version=\"3\">", AsxLine::AsxVersion},
-      {u"<Asx>", AsxLine::Other},
-      {u"<Title>", AsxLine::Title},
-      {u"<Author>", AsxLine::Author},
-      {u"</Asx>", AsxLine::AsxEnd},
-      {u"<Abstract>", AsxLine::Other},
-      {u"<Ref Href=\"a\"/>", AsxLine::Other},
-      {u"</Asx><Author>", AsxLine::Author},
-      {u"<Author><Title>", AsxLine::Title},
-      {u"<Title><Asx Version>", AsxLine::AsxVersion},
-      {u"<Asx Version><Banner", AsxLine::Banner},
-      {u"<Banner></Entry>", AsxLine::EntryEnd},
-      {u"</Entry><Param name", AsxLine::Param},
-      {u"<Param name><Entry>", AsxLine::EntryStart},
-      {u"<Entry><Ref Href=\"a\"/></Entry>", AsxLine::EntryStart},
+      {u"<Entry>", AsxLineKind::EntryStart},
+      {u"<entry>", AsxLineKind::EntryStart},
+      {u"<Entry ClientSkip=\"no\">", AsxLineKind::Other},
+      {u"<Param name=\"Name\" value=\"x\"/>", AsxLineKind::Param},
+      {u"</Entry>", AsxLineKind::EntryEnd},
+      {u"<Banner href=\"x\">", AsxLineKind::Banner},
+      {u"<Asx Version=\"3\">", AsxLineKind::AsxVersion},
+      {u"<Asx>", AsxLineKind::Other},
+      {u"<Title>", AsxLineKind::Title},
+      {u"<Author>", AsxLineKind::Author},
+      {u"</Asx>", AsxLineKind::AsxEnd},
+      {u"<Abstract>", AsxLineKind::Other},
+      {u"<Ref Href=\"a\"/>", AsxLineKind::Other},
+      {u"</Asx><Author>", AsxLineKind::Author},
+      {u"<Author><Title>", AsxLineKind::Title},
+      {u"<Title><Asx Version>", AsxLineKind::AsxVersion},
+      {u"<Asx Version><Banner", AsxLineKind::Banner},
+      {u"<Banner></Entry>", AsxLineKind::EntryEnd},
+      {u"</Entry><Param name", AsxLineKind::Param},
+      {u"<Param name><Entry>", AsxLineKind::EntryStart},
+      {u"<Entry><Ref Href=\"a\"/></Entry>", AsxLineKind::EntryStart},
   };
   for (const KindRow& row : kRows) {
     EXPECT_EQ(KindOutsideEntry(row.line), row.kind) << "line: " << Utf8(row.line);
   }
 }
 
-TEST(AsxLineTest, ABannerEndCanStandAmongOtherTextOrAlone) {
+TEST(AsxLineParserTest, ABannerEndCanStandAmongOtherTextOrAlone) {
   EXPECT_TRUE(HoldsBannerEnd(u"x</BANNER>y"));
   EXPECT_TRUE(IsBannerEnd(u"</BANNER>"));
   EXPECT_FALSE(IsBannerEnd(u" </Banner>"));
