@@ -6,7 +6,7 @@
 #include "com/Bindings.h"
 #include "com/EventSource.h"
 #include "com/ReferenceCount.h"
-#include "model/FormatEntry.h"
+#include "model/Entry.h"
 
 namespace norvo::com {
 
@@ -137,9 +137,9 @@ class EntryFacet final : public EntryBinding {
 template <class Binding, class Class>
 class FormatEntryFace final : public Face<Binding, Class> {
  public:
-  FormatEntryFace(Shown shown, norvo::Entry& inner)
+  explicit FormatEntryFace(const Shown& shown)
       : Face<Binding, Class>(shown),
-        facet_({shown.apartment, shown.target, inner, norvo::Entry::Interface()},
+        facet_({shown.apartment, shown.target, shown.object, norvo::Entry::Interface()},
                static_cast<LibraryObject&>(*this)) {}
 
  private:

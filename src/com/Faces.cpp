@@ -3,7 +3,6 @@
 #include "com/Face.h"
 #include "controller/HelperMan.h"
 #include "model/ArtistList.h"
-#include "model/AsxEntry.h"
 #include "model/PlayLists.h"
 
 namespace norvo::com {
@@ -22,8 +21,7 @@ LibraryObject* MakeEntry(const Shown& shown) {
 
 template <class Binding, class Class>
 LibraryObject* MakeFormatEntry(const Shown& shown) {
-  return new FormatEntryFace<Binding, Class>(shown,
-                                             static_cast<FormatEntry&>(shown.object).Inner());
+  return new FormatEntryFace<Binding, Class>(shown);
 }
 
 struct Row {

@@ -3,6 +3,7 @@
 #include "controller/HelperMan.h"
 #include "model/ArtistList.h"
 #include "model/AsxEntry.h"
+#include "model/Entry.h"
 #include "model/PlayLists.h"
 #include "playlist/PlayList.h"
 

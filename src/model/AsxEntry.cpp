@@ -9,8 +9,8 @@ void AsxEntry::SetSongName(const String& value) {
 }
 
 String AsxEntry::Artist() {
-  String inner = ArtistName();
-  return inner.size() >= artist_.size() ? inner : artist_;
+  String plain = ArtistName();
+  return plain.size() >= artist_.size() ? plain : artist_;
 }
 
 void AsxEntry::SetArtist(const String& value) {
@@ -19,8 +19,8 @@ void AsxEntry::SetArtist(const String& value) {
 }
 
 String AsxEntry::Album() {
-  String inner = AlbumName();
-  return inner.size() >= album_.size() ? inner : album_;
+  String plain = AlbumName();
+  return plain.size() >= album_.size() ? plain : album_;
 }
 
 void AsxEntry::SetAlbum(const String& value) {
@@ -30,27 +30,24 @@ void AsxEntry::SetAlbum(const String& value) {
 
 const MemberTable& AsxEntry::Interface() {
   using E = AsxEntry;
-  static const MemberTable table = [] {
-    std::vector<Member> members = SharedMembers();
-    const Member own[] = {
-        Property<&E::Author, &E::SetAuthor>(u"ASX_Author"),
-        Property<&E::Artist, &E::SetArtist>(u"ASX_Artist"),
-        Property<&E::Album, &E::SetAlbum>(u"ASX_Album"),
-        Property<&E::Copyright, &E::SetCopyright>(u"Copyright"),
-        Property<&E::Href, &E::SetHref>(u"HREF"),
-        Property<&E::AsxSongName, &E::SetAsxSongName>(u"ASX_SongName"),
-        Property<&E::Title, &E::SetTitle>(u"ASX_Title"),
-        Property<&E::BitRate, &E::SetBitRate>(u"BitRate"),
-        Property<&E::DigitallySecure, &E::SetDigitallySecure>(u"DigitallySecure"),
-        Property<&E::MediaAttribute, &E::SetMediaAttribute>(u"MediaAttribute"),
-        Property<&E::MediaType, &E::SetMediaType>(u"MediaType"),
-        Property<&E::PlaylistAttribute, &E::SetPlaylistAttribute>(u"PlaylistAttribute"),
-        Property<&E::PlayCount, &E::SetPlayCount>(u"PlayCount"),
-        Property<&E::Abstract, &E::SetAbstract>(u"Abstract"),
-    };
-    members.insert(members.end(), std::begin(own), std::end(own));
-    return MemberTable(u"AsxEntry", std::move(members));
-  }();
+  static const MemberTable table =
+      TableWith(u"AsxEntry",
+                {
+                    Property<&E::Author, &E::SetAuthor>(u"ASX_Author"),
+                    Property<&E::Artist, &E::SetArtist>(u"ASX_Artist"),
+                    Property<&E::Album, &E::SetAlbum>(u"ASX_Album"),
+                    Property<&E::Copyright, &E::SetCopyright>(u"Copyright"),
+                    Property<&E::Href, &E::SetHref>(u"HREF"),
+                    Property<&E::AsxSongName, &E::SetAsxSongName>(u"ASX_SongName"),
+                    Property<&E::Title, &E::SetTitle>(u"ASX_Title"),
+                    Property<&E::BitRate, &E::SetBitRate>(u"BitRate"),
+                    Property<&E::DigitallySecure, &E::SetDigitallySecure>(u"DigitallySecure"),
+                    Property<&E::MediaAttribute, &E::SetMediaAttribute>(u"MediaAttribute"),
+                    Property<&E::MediaType, &E::SetMediaType>(u"MediaType"),
+                    Property<&E::PlaylistAttribute, &E::SetPlaylistAttribute>(u"PlaylistAttribute"),
+                    Property<&E::PlayCount, &E::SetPlayCount>(u"PlayCount"),
+                    Property<&E::Abstract, &E::SetAbstract>(u"Abstract"),
+                });
   return table;
 }
 

@@ -13,9 +13,9 @@ class AsxEntry final : public FormatEntry {
 
   String Author() { return author_; }
   void SetAuthor(const String& value) { author_ = value; }
-  /// The inner artist name when it is at least as long as the one set here, else the latter.
+  /// The plain artist name when it is at least as long as the one set here, else the latter.
   String Artist();
-  /// Also sets the inner artist name.
+  /// Also sets the plain artist name.
   void SetArtist(const String& value);
   /// Album: the same two rules.
   String Album();

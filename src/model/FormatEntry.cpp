@@ -2,9 +2,9 @@
 
 namespace norvo {
 
-std::vector<Member> FormatEntry::SharedMembers() {
+MemberTable FormatEntry::TableWith(StringView className, std::vector<Member> own) {
   using E = FormatEntry;
-  return {
+  std::vector<Member> members = {
       Property<&E::AlbumName, &E::SetAlbumName>(u"Entry_AlbumName"),
       Property<&E::ArtistName, &E::SetArtistName>(u"Entry_ArtistName"),
       Property<&E::CreationDate, &E::SetCreationDate>(u"Entry_CreationDate"),
@@ -24,15 +24,17 @@ std::vector<Member> FormatEntry::SharedMembers() {
       Property<&E::Urltype, &E::SetUrltype>(u"Entry_URLType"),
       Property<&E::HasExtendedInfo, &E::SetHasExtendedInfo>(u"HasExtendedInfo"),
   };
+  members.insert(members.end(), own.begin(), own.end());
+  return MemberTable(className, std::move(members));
 }
 
 const MemberTable& M3UEntry::Interface() {
-  static const MemberTable table(u"M3UEntry", SharedMembers());
+  static const MemberTable table = TableWith(u"M3UEntry");
   return table;
 }
 
 const MemberTable& PlsEntry::Interface() {
-  static const MemberTable table(u"PlsEntry", SharedMembers());
+  static const MemberTable table = TableWith(u"PlsEntry");
   return table;
 }
 

@@ -1,6 +1,7 @@
 #include "model/FormatEntry.h"
 
 #include "model/AsxEntry.h"
+#include "model/Entry.h"
 #include "model/ModelTest.h"
 #include "tags/TagBuilder.h"
 
@@ -9,7 +10,7 @@ namespace {
 
 constexpr StringView kClasses[] = {u"AsxEntry", u"M3UEntry", u"PlsEntry"};
 
-/// A public member of the format entries and the inner member behind it.
+/// A public member of the format entries and the plain name of the same field.
 struct Forward {
   StringView outer;
   StringView inner;
@@ -35,11 +36,12 @@ const Forward kForwards[] = {
 class FormatEntryTest : public LibraryTest, public ::testing::WithParamInterface<StringView> {
  protected:
   String Text(StringView name) { return TextOf(object, name); }
+  /// A member of the plain entry, which works on a format entry too.
+  static const Member& Plain(StringView name) { return *Entry::Interface().Find(name); }
 
   const ObjectRef reference = component.Create(GetParam());
   AutomationObject& object = *reference;
   FormatEntry& entry = dynamic_cast<FormatEntry&>(object);
-  Entry& inner = entry.Inner();
 };
 
 std::string NameOfClass(const ::testing::TestParamInfo<StringView>& info) {
@@ -47,19 +49,19 @@ std::string NameOfClass(const ::testing::TestParamInfo<StringView>& info) {
 }
 INSTANTIATE_TEST_SUITE_P(Classes, FormatEntryTest, ::testing::ValuesIn(kClasses), NameOfClass);
 
-TEST_P(FormatEntryTest, WhatIsSetByNameReachesTheInnerEntry) {
+TEST_P(FormatEntryTest, WhatIsSetByNameIsReadUnderThePlainNameOfAnEntry) {
   for (const Forward& row : kForwards) {
     SCOPED_TRACE(Utf8(row.outer));
     object.Let(row.outer, row.value);
-    EXPECT_EQ(inner.Get(row.inner), row.value);
+    EXPECT_EQ(Plain(row.inner).call(object, {}), row.value);
     EXPECT_EQ(object.Get(row.outer), row.value);
   }
 }
 
-TEST_P(FormatEntryTest, WhatTheInnerEntryHoldsIsReadByName) {
+TEST_P(FormatEntryTest, WhatIsSetUnderThePlainNameOfAnEntryIsReadByName) {
   for (const Forward& row : kForwards) {
     SCOPED_TRACE(Utf8(row.outer));
-    inner.Let(row.inner, row.value);
+    Plain(row.inner).let(object, row.value);
     EXPECT_EQ(object.Get(row.outer), row.value);
   }
 }
@@ -78,8 +80,8 @@ TEST_P(FormatEntryTest, NoMemberTouchesAnotherField) {
   }
 }
 
-TEST_P(FormatEntryTest, TheEntryInterfaceReachesTheSameFields) {
-  EntryInterface& face = entry;
+TEST_P(FormatEntryTest, TheFieldsAreThoseOfAnEntry) {
+  EntryFields& face = entry;
   face.SetAlbumName(u" album ");
   face.SetArtistName(u" artist ");
   face.SetSongName(u" song ");
@@ -101,16 +103,15 @@ TEST_P(FormatEntryTest, TheEntryInterfaceReachesTheSameFields) {
       {u"Entry_TrackNumber", u"7"},      {u"Entry_URLType", u"4"},
       {u"Entry_SourceURL", u"x\\f.mp3"}, {u"Entry_FileName", u"f.mp3"}};
   for (const auto& [name, text] : rows) EXPECT_TEXT(Text(name), text);
-  EXPECT_EQ(inner.NativeFormat(), 8);
   EXPECT_EQ(face.NativeFormat(), 8);
   face.SetPlayListName(u"Mix.m3u");
   EXPECT_TEXT(face.PlayListName(), u"");
-  EXPECT_TEXT(inner.StoredPlayListName(), u"Mix");
+  EXPECT_TEXT(entry.StoredPlayListName(), u"Mix");
 }
 
 TEST_P(FormatEntryTest, TheNativeFormatCanOnlyBeSetByName) {
   object.Let(u"Entry_NativeFormat", std::int32_t{12});
-  EXPECT_EQ(inner.NativeFormat(), 12);
+  EXPECT_EQ(entry.NativeFormat(), 12);
   EXPECT_EQ(NumberRaisedBy([&] { object.Get(u"Entry_NativeFormat"); }), error::kNoSuchMember);
 }
 
@@ -126,7 +127,7 @@ TEST_P(FormatEntryTest, ThePlayListNameIsStoredAndReadAsEmpty) {
   SetAll(object,
          {{u"Entry_EntryType", std::int32_t{4}}, {u"Entry_PlayListName", String(u"Mix.pls")}});
   EXPECT_TEXT(Text(u"Entry_PlayListName"), u"");
-  EXPECT_TEXT(inner.StoredPlayListName(), u"Mix");
+  EXPECT_TEXT(entry.StoredPlayListName(), u"Mix");
 }
 
 TEST_P(FormatEntryTest, MethodsAreForwardedWithTheirResults) {
@@ -166,9 +167,9 @@ TEST_P(AsxEntryTest, PlainFieldsAreTheirOwn) {
     object.Let(name, String(u" of ") + String(name));
   }
   for (const StringView name : names) EXPECT_TEXT(Text(name), String(u" of ") + String(name));
-  EXPECT_TEXT(inner.SongName(), u"");
-  EXPECT_TEXT(inner.SongTitle(), u"");
-  EXPECT_TEXT(inner.ArtistName(), u"");
+  EXPECT_TEXT(entry.SongName(), u"");
+  EXPECT_TEXT(entry.SongTitle(), u"");
+  EXPECT_TEXT(entry.ArtistName(), u"");
 }
 
 TEST_P(AsxEntryTest, TheLongerOfBothArtistsWinsAndTheInnerOneOnEqualLength) {
@@ -202,10 +203,10 @@ TEST_P(AsxEntryTest, ASongNameIsKeptOnceHoweverItReadsBack) {
     object.Let(u"Entry_SongName", String(name));
     EXPECT_TEXT(Text(u"Entry_SongName"), name == u"song" ? u"song" : u"");
   }
-  inner.SetArtistName(u"A");
+  entry.SetArtistName(u"A");
   object.Let(u"Entry_SongName", String(u"  "));
-  inner.SongTitle();
-  EXPECT_TEXT(inner.SongTitle(), u"A -   ");
+  entry.SongTitle();
+  EXPECT_TEXT(entry.SongTitle(), u"A -   ");
 }
 
 TEST_P(AsxEntryTest, FreshValuesAreZeroOrEmptyOfTheirTypes) {

@@ -135,14 +135,14 @@ TEST_F(InterfacesTest, EveryEntryClassCanBeUsedWhereverAnEntryIsExpected) {
   for (const StringView name : {u"Entry", u"AsxEntry", u"M3UEntry", u"PlsEntry"}) {
     SCOPED_TRACE(Utf8(name));
     const ObjectRef object = component.Create(name);
-    const auto entry = std::dynamic_pointer_cast<EntryInterface>(object);
+    const auto entry = std::dynamic_pointer_cast<EntryFields>(object);
     ASSERT_NE(entry, nullptr);
     entry->SetGenre(u"Rock");
     EXPECT_TEXT(entry->Genre(), u"Rock");
     entry->SetNativeFormat(9);
     EXPECT_EQ(entry->NativeFormat(), 9);
   }
-  EXPECT_EQ(std::dynamic_pointer_cast<EntryInterface>(component.Create(u"Entries")), nullptr);
+  EXPECT_EQ(std::dynamic_pointer_cast<EntryFields>(component.Create(u"Entries")), nullptr);
 }
 
 }  // namespace

@@ -257,7 +257,7 @@ TEST_F(ExtendedInfoTest, ThePlaylistTypeDecidesWhatTheTextHolds) {
     entry.SetUrltype(9);
     EXPECT_EQ(ReadExtendedInfo(row.text, entry, row.playlistType), row.found)
         << "type " << row.playlistType << ", text " << Utf8(row.text);
-    EXPECT_TEXT(entry.Inner().SongTitle(), row.title)
+    EXPECT_TEXT(entry.SongTitle(), row.title)
         << "type " << row.playlistType << ", text " << Utf8(row.text);
     EXPECT_TEXT(ToText(entry.Duration()), row.duration)
         << "type " << row.playlistType << ", text " << Utf8(row.text);

@@ -226,7 +226,7 @@ TEST_F(ItemResolverTest, EntriesKeepThePlaylistsNameExceptThoseOfTheAsxReader) {
     ASSERT_TRUE(ReadReferences(kind, {"here.mp3"}));
     const auto entry = std::dynamic_pointer_cast<FormatEntry>(EntryAt(1));
     ASSERT_NE(entry, nullptr);
-    EXPECT_TEXT(entry->Inner().StoredPlayListName(), kind.type <= 2 ? u"" : u"Mix") << kind.type;
+    EXPECT_TEXT(entry->StoredPlayListName(), kind.type <= 2 ? u"" : u"Mix") << kind.type;
     EXPECT_EQ(Field(1, u"Entry_PlayListName"), "") << kind.type;
   }
 }
