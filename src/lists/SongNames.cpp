@@ -3,17 +3,14 @@
 #include <algorithm>
 #include <iterator>
 
+#include "services/DataCop.h"
 #include "services/Utility.h"
 #include "text/WindowsPath.h"
 
 namespace norvo {
 namespace {
 
-// What the library itself takes for media, anywhere in a path.
-constexpr StringView kLibraryMarks[] = {u".mp3", u".asx", u".wav",  u".cda", u".asf",
-                                        u".as",  u".aif", u".aiff", u".wma"};
-
-// Further kinds, in order.
+// Beside the library's own media, in order.
 constexpr StringView kExtensions[] = {
     u"3g2",  u"3gp",  u"3gpp", u"669", u"aa",   u"aac",  u"aax",  u"ac3",  u"adts", u"aifc",
     u"amf",  u"amr",  u"amv",  u"ape", u"au",   u"avi",  u"awb",  u"caf",  u"dat",  u"dff",
@@ -38,15 +35,14 @@ bool HasSongExtension(StringView path) {
   const StringView extension = Utility::GetExtension(LastComponent(path));
   String lower(extension.substr(0, kLongestExtension + 1));
   std::transform(lower.begin(), lower.end(), lower.begin(), ToLowerAscii);
+  const std::span<const StringView> marks = DataCop::MediaMarks();
   return std::binary_search(std::begin(kExtensions), std::end(kExtensions), lower) ||
-         std::any_of(std::begin(kLibraryMarks), std::end(kLibraryMarks),
+         std::any_of(marks.begin(), marks.end(),
                      [&](StringView mark) { return mark.substr(1) == lower; });
 }
 
 bool IsSongPath(StringView path) {
-  return HasSongExtension(path) ||
-         std::any_of(std::begin(kLibraryMarks), std::end(kLibraryMarks),
-                     [path](StringView mark) { return ContainsIgnoreCase(path, mark); });
+  return HasSongExtension(path) || DataCop::IsMediaPath(path);
 }
 
 }  // namespace norvo

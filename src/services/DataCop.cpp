@@ -28,7 +28,6 @@ constexpr PatternRow kPatterns[] = {
     {u"*[!\\]*", url_type::kBareName},      {u"*", url_type::kUnusable},
 };
 
-// Looked for anywhere in the path, so that a folder "x.as" makes all below it media: intended.
 constexpr StringView kMediaMarks[] = {u".mp3", u".asx", u".wav",  u".cda", u".asf",
                                       u".as",  u".aif", u".aiff", u".wma"};
 
@@ -61,17 +60,6 @@ std::int32_t TypeByPattern(StringView reference) {
 /// Drive letters A and B are left out on purpose: such references fall through to the patterns.
 bool NamesDrive(StringView reference) {
   return Matches(reference, u"[C-Zc-z]:\\*", Compare::Binary);
-}
-
-bool IsMedia(StringView path) {
-  for (std::size_t point = path.find(u'.'); point != StringView::npos;
-       point = path.find(u'.', point + 1)) {
-    const StringView rest = path.substr(point);
-    for (const StringView mark : kMediaMarks) {
-      if (EqualsIgnoreCase(rest.substr(0, mark.size()), mark)) return true;
-    }
-  }
-  return false;
 }
 
 /// The kind of a reference, and its facts where the resolution had to look at the file.
@@ -121,6 +109,21 @@ String CleanName(AutomationObject& entry, bool isAsx, StringView plain, StringVi
 
 }  // namespace
 
+std::span<const StringView> MediaMarks() {
+  return kMediaMarks;
+}
+
+bool IsMediaPath(StringView path) {
+  for (std::size_t point = path.find(u'.'); point != StringView::npos;
+       point = path.find(u'.', point + 1)) {
+    const StringView rest = path.substr(point);
+    for (const StringView mark : kMediaMarks) {
+      if (EqualsIgnoreCase(rest.substr(0, mark.size()), mark)) return true;
+    }
+  }
+  return false;
+}
+
 std::int32_t GetURLType(Component& component, String& reference, StringView baseFolder) {
   return Classify(component, reference, baseFolder).type;
 }
@@ -142,7 +145,7 @@ Status GetGenValue(Component& component, String& reference, StringView baseFolde
   }
   component.MediaBytes() += found.facts->size;  // files that are no media count too, and repeats
   if (facts != nullptr) *facts = std::move(found.facts);
-  return IsMedia(reference) ? Status::Ok : Status::NotMedia;
+  return IsMediaPath(reference) ? Status::Ok : Status::NotMedia;
 }
 
 String Between(StringView text, StringView open, StringView close, bool fromTheRight) {

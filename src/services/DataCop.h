@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <span>
 
 #include "automation/AutomationObject.h"
 #include "services/Component.h"
@@ -45,6 +46,13 @@ enum class Status : std::uint32_t {
 /// facts from the same look-up. An error of the file system ends it with the result so far.
 Status GetGenValue(Component& component, String& reference, StringView baseFolder,
                    std::int32_t& type, std::optional<FileFacts>* facts = nullptr);
+
+/// What names a media file when it stands anywhere in a path, in any case: ".mp3" and so on.
+std::span<const StringView> MediaMarks();
+
+/// True for a path with a media mark anywhere in it, so that a folder "x.as" makes all below it
+/// media: intended.
+bool IsMediaPath(StringView path);
 
 /// Kind of a reference, which is rewritten in full for the types 1 to 4.
 std::int32_t GetURLType(Component& component, String& reference, StringView baseFolder);

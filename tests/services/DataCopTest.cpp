@@ -326,5 +326,17 @@ TEST_F(DataCopTest, TextStreamsOpenFilesThatExist) {
   }
 }
 
+TEST(DataCopMediaTest, AMediaMarkAnywhereInThePathMakesItMedia) {
+  for (const StringView path : {u"a.mp3", u"C:\\x.AS\\readme.txt", u"a.asp", u"a.mp3.bak"}) {
+    EXPECT_TRUE(DataCop::IsMediaPath(path)) << Utf8(path);
+  }
+  for (const StringView path : {u"", u"mp3", u"a.mp", u"a.ogg", u"a. mp3", u"a."}) {
+    EXPECT_FALSE(DataCop::IsMediaPath(path)) << Utf8(path);
+  }
+  for (const StringView mark : DataCop::MediaMarks()) {
+    EXPECT_TRUE(DataCop::IsMediaPath(mark)) << Utf8(mark);
+  }
+}
+
 }  // namespace
 }  // namespace norvo
