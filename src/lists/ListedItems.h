@@ -33,6 +33,9 @@ inline constexpr std::size_t kMostListedItems = 1'000'000;
 /// settings file with the section [Reference], which reads as PLS. Nothing for other extensions.
 std::optional<ListSyntax> SyntaxOf(StringView fileName, StringView text);
 
+/// Extension of the files that are written so, with its point; of several the first.
+StringView ExtensionOf(ListSyntax syntax);
+
 /// What a player would play, in its order; what follows the first `most` items is left out. Looks
 /// at no disk; any text will do, and takes time and memory in proportion to its length.
 std::vector<ListedItem> ListItems(StringView text, ListSyntax syntax,

@@ -33,6 +33,12 @@ TEST(ListedItems, TheExtensionTellsTheSyntax) {
                   {u"Mix.Pls", u"<asx>", ListSyntax::Pls}});
 }
 
+TEST(ListedItems, ASyntaxHasTheExtensionThatItsFilesUsuallyHave) {
+  EXPECT_TEXT(ExtensionOf(ListSyntax::Asx), u".asx");
+  EXPECT_TEXT(ExtensionOf(ListSyntax::M3u), u".m3u");
+  EXPECT_TEXT(ExtensionOf(ListSyntax::Pls), u".pls");
+}
+
 TEST(ListedItems, OtherFilesAreNoPlaylists) {
   for (const StringView name :
        {u"", u"m3u", u"Mix", u"Mix.", u"Mix.m3u8", u"Mix.m3u.bak", u".m3u\\Mix", u"asx.txt"}) {
