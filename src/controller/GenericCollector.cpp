@@ -1,12 +1,10 @@
 #include "controller/GenericCollector.h"
 
-#include "automation/RunTimeError.h"
 #include "controller/ScanRules.h"
 #include "model/GenericSections.h"
-#include "services/FolderScanner.h"
+#include "services/FolderWalk.h"
 #include "services/Logging.h"
 #include "services/ProfileFile.h"
-#include "services/Utility.h"
 
 namespace norvo {
 namespace {
@@ -24,40 +22,39 @@ bool IsGenericFile(Component& component, const String& path) {
   return file.SelectSection(kGlobalSection) && file.ReadValue(u"PavaneVersion", version) == 0;
 }
 
-std::vector<FolderItem> List(Component& component, const String& folder) {
-  constexpr StringView kEndings[] = {u".ini"};
-  try {
-    return Guarded([&] { return ListSorted(component.Files(), folder, kEndings); });
-  } catch (const RunTimeError& failure) {
-    WriteWarning(component,
-                 {WarningKind::FolderNotListed, folder,
-                  u"HelperMan::GenericQueue -> Cannot list the folder " + folder + u": "},
-                 failure.Description());
-    return {};
+class GenericVisitor final : public FolderVisitor {
+ public:
+  explicit GenericVisitor(Component& component) : component_(component) {}
+
+  bool Skips(StringView name) override { return IsSkippedFolder(name); }
+  bool EnterFolder(StringView folder) override {
+    component_.Watcher().OnFolder(folder);
+    return true;
   }
-}
+  void VisitFile(StringView folder, StringView name) override {
+    String path = String(folder) + String(name);
+    if (IsGenericFile(component_, path)) found.push_back(std::move(path));
+  }
+  void CannotList(StringView folder, const RunTimeError& failure) override {
+    WriteWarning(component_,
+                 {WarningKind::FolderNotListed, folder,
+                  u"HelperMan::GenericQueue -> Cannot list the folder " + String(folder) + u": "},
+                 failure.Description());
+  }
+
+  std::vector<String> found;
+
+ private:
+  Component& component_;
+};
 
 }  // namespace
 
 std::vector<String> CollectGenericFiles(Component& component, StringView folder) {
-  std::vector<String> found;
-  // Folders still to be visited, the next one last; no recursion, however deep the tree is.
-  std::vector<String> waiting{Utility::AddBackslash(folder)};
-  while (!waiting.empty()) {
-    const String current = std::move(waiting.back());
-    waiting.pop_back();
-    component.Watcher().OnFolder(current);
-    const std::vector<FolderItem> items = List(component, current);
-    for (const FolderItem& item : items) {
-      const String path = current + item.name;
-      if (!item.isFolder && IsGenericFile(component, path)) found.push_back(path);
-    }
-    for (auto item = items.rbegin(); item != items.rend(); ++item) {
-      if (!item->isFolder || IsSkippedFolder(item->name)) continue;
-      waiting.push_back(Utility::AddBackslash(current + item->name));
-    }
-  }
-  return found;
+  constexpr StringView kEndings[] = {u".ini"};
+  GenericVisitor visitor(component);
+  WalkFolders(component.Files(), folder, kEndings, visitor);
+  return std::move(visitor.found);
 }
 
 }  // namespace norvo

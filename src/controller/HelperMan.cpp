@@ -4,11 +4,11 @@
 
 #include "automation/Attempt.h"
 #include "automation/RunTimeError.h"
-#include "controller/FolderWalk.h"
 #include "controller/GenericCollector.h"
 #include "controller/HeaderSniffer.h"
 #include "controller/MediaSearch.h"
 #include "controller/PlayerFolders.h"
+#include "controller/PlaylistSearch.h"
 #include "controller/QueueMode.h"
 #include "controller/ScanRules.h"
 #include "services/DataCop.h"

@@ -1,15 +1,10 @@
 #pragma once
 
 #include <span>
-#include <vector>
 
 #include "services/Platform.h"
 
 namespace norvo {
-
-/// The names of a folder in order without regard to case; see `FileSystem::ListFolder`.
-std::vector<FolderItem> ListSorted(FileSystem& files, StringView folder,
-                                   std::span<const StringView> endings);
 
 /// The drive scanner over a file system service.
 class FolderScanner final : public DriveScanner {

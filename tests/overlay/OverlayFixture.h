@@ -8,6 +8,7 @@
 #include "cli/ProgramFixture.h"
 #include "overlay/OverlayPlatform.h"
 #include "platform/hosted/HostedPlatform.h"
+#include "services/FolderWalk.h"
 #include "support/RaisedErrors.h"
 #include "support/TextPrinting.h"
 #include "text/Encoding.h"

@@ -2,6 +2,7 @@
 
 #include "automation/RunTimeError.h"
 #include "support/LibraryTest.h"
+#include "support/RaisedErrors.h"
 
 namespace norvo {
 namespace {
@@ -78,6 +79,13 @@ TEST_F(FolderScannerTest, ADriveThatCannotBeListedDoesNotEndTheScan) {
   platform->AddDrive(u'D', DriveType::Fixed);
   platform->FailOn(u"ListFolder", 1, error::kDeviceInputOutput);
   EXPECT_EQ(Scan(), (Lines{"enter C:\\", "failed C:\\ | Device I/O error", "enter D:\\"}));
+}
+
+TEST_F(FolderScannerTest, AShortageOfMemoryEndsTheScan) {
+  platform->AddFile(u"C:\\a.m3u", "");
+  platform->Log().RunOutOfMemoryAt(2);  // the first call asks for the drives
+  EXPECT_EQ(NumberRaisedBy([&] { Scan(); }), error::kOutOfMemory);
+  EXPECT_EQ(notes.lines, (Lines{"enter C:\\"}));
 }
 
 TEST_F(FolderScannerTest, ASkippedFolderIsNotListedNorAnythingBelow) {

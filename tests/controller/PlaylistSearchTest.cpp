@@ -1,11 +1,11 @@
-#include "controller/FolderWalk.h"
+#include "controller/PlaylistSearch.h"
 
 #include "support/LibraryTest.h"
 
 namespace norvo {
 namespace {
 
-class FolderWalkTest : public LibraryTest {
+class PlaylistSearchTest : public LibraryTest {
  protected:
   void AddFiles(const std::vector<StringView>& paths) {
     for (const StringView path : paths) platform->AddFile(path, "x");
@@ -17,7 +17,7 @@ class FolderWalkTest : public LibraryTest {
   }
 };
 
-TEST_F(FolderWalkTest, FindsPlaylistsWhateverTheirCase) {
+TEST_F(PlaylistSearchTest, FindsPlaylistsWhateverTheirCase) {
   AddFiles({u"C:\\a.m3u", u"C:\\B.PLS", u"C:\\c.Asx", u"C:\\d.mp3", u"C:\\em3u", u"C:\\f.m3u.bak",
             u"C:\\MIX.M3U"});
   const Lines found = {"C:\\a.m3u", "C:\\B.PLS", "C:\\c.Asx", "C:\\MIX.M3U"};
@@ -26,7 +26,7 @@ TEST_F(FolderWalkTest, FindsPlaylistsWhateverTheirCase) {
   EXPECT_EQ(Utf8(SearchDrive(component, u'C')), found);
 }
 
-TEST_F(FolderWalkTest, AFolderIsListedWholeBeforeItsSubFoldersAreEntered) {
+TEST_F(PlaylistSearchTest, AFolderIsListedWholeBeforeItsSubFoldersAreEntered) {
   AddFiles({u"C:\\a\\1.m3u", u"C:\\a\\b\\2.m3u", u"C:\\a\\b\\c\\3.m3u", u"C:\\a\\d\\4.m3u",
             u"C:\\a\\z.m3u"});
   const Lines found = {"C:\\a\\1.m3u", "C:\\a\\z.m3u", "C:\\a\\b\\2.m3u", "C:\\a\\b\\c\\3.m3u",
@@ -35,7 +35,7 @@ TEST_F(FolderWalkTest, AFolderIsListedWholeBeforeItsSubFoldersAreEntered) {
   EXPECT_EQ(Utf8(SearchNow(component, u"C:\\a", u"*.m3u")), found);
 }
 
-TEST_F(FolderWalkTest, AppendsToWhatWasFoundBefore) {
+TEST_F(PlaylistSearchTest, AppendsToWhatWasFoundBefore) {
   AddFiles({u"C:\\a\\1.m3u"});
   std::vector<String> found{u"before"};
   GetFolders(component, u"C:\\a", found);
@@ -48,7 +48,7 @@ struct SkipRow {
   bool searched;
 };
 
-TEST_F(FolderWalkTest, TheTwoWalksSkipDifferentFolders) {
+TEST_F(PlaylistSearchTest, TheTwoWalksSkipDifferentFolders) {
   constexpr SkipRow kRows[] = {
       {u"Temporary Internet Files", false, false},
       {u"TEMPORARY INTERNET FILES", false, false},
@@ -72,20 +72,20 @@ TEST_F(FolderWalkTest, TheTwoWalksSkipDifferentFolders) {
   }
 }
 
-TEST_F(FolderWalkTest, TheWalkSkipsFilesByTheSameNames) {
+TEST_F(PlaylistSearchTest, TheWalkSkipsFilesByTheSameNames) {
   AddFiles({u"C:\\root\\Recycle me.m3u", u"C:\\root\\a.m3u"});
   EXPECT_EQ(Walk(u"C:\\root"), Lines({"C:\\root\\a.m3u"}));
   EXPECT_EQ(SearchNow(component, u"C:\\root", u"*.m3u").size(), 2u);
 }
 
-TEST_F(FolderWalkTest, AFolderNamedLikeAPlaylistIsAFolder) {
+TEST_F(PlaylistSearchTest, AFolderNamedLikeAPlaylistIsAFolder) {
   AddFiles({u"C:\\root\\list.m3u\\a.pls"});
   EXPECT_EQ(Walk(u"C:\\root"), Lines({"C:\\root\\list.m3u\\a.pls"}));
   EXPECT_EQ(Utf8(SearchNow(component, u"C:\\root", u"*.m3u,*.pls")),
             Lines({"C:\\root\\list.m3u\\a.pls"}));
 }
 
-TEST_F(FolderWalkTest, AFolderThatCannotBeListedIsLoggedAndTheNextIsWalked) {
+TEST_F(PlaylistSearchTest, AFolderThatCannotBeListedIsLoggedAndTheNextIsWalked) {
   AddFiles({u"C:\\root\\a\\1.m3u", u"C:\\root\\b\\2.m3u", u"C:\\root\\c\\3.m3u"});
   platform->Files().Deny(u"C:\\root\\b");
   EXPECT_EQ(Walk(u"C:\\root"), Lines({"C:\\root\\a\\1.m3u", "C:\\root\\c\\3.m3u"}));
@@ -93,7 +93,7 @@ TEST_F(FolderWalkTest, AFolderThatCannotBeListedIsLoggedAndTheNextIsWalked) {
                               "Error in C:\\root\\b\\"}));
 }
 
-TEST_F(FolderWalkTest, ASearchLogsAFolderThatCannotBeListedAndGoesOn) {
+TEST_F(PlaylistSearchTest, ASearchLogsAFolderThatCannotBeListedAndGoesOn) {
   AddFiles({u"C:\\root\\a\\1.m3u", u"C:\\root\\b\\2.m3u", u"C:\\root\\c\\3.m3u"});
   platform->Files().Deny(u"C:\\root\\b");
   EXPECT_EQ(Utf8(SearchNow(component, u"C:\\root", u"*.m3u")),
@@ -101,7 +101,7 @@ TEST_F(FolderWalkTest, ASearchLogsAFolderThatCannotBeListedAndGoesOn) {
   EXPECT_EQ(Utf8(log), Lines({"HelperMan::SearchNow -> Permission denied"}));
 }
 
-TEST_F(FolderWalkTest, AMissingRootIsLogged) {
+TEST_F(PlaylistSearchTest, AMissingRootIsLogged) {
   EXPECT_EQ(Walk(u"C:\\gone"), Lines());
   EXPECT_EQ(Utf8(SearchNow(component, u"X:\\", u"*.m3u")), Lines());
   EXPECT_EQ(Utf8(log), Lines({"HelperMan::GetFolders->Error: <76 - Path not found> !Unexpected "
@@ -109,14 +109,14 @@ TEST_F(FolderWalkTest, AMissingRootIsLogged) {
                               "HelperMan::SearchNow -> Path not found"}));
 }
 
-TEST_F(FolderWalkTest, EveryPatternOfTheListIsTried) {
+TEST_F(PlaylistSearchTest, EveryPatternOfTheListIsTried) {
   AddFiles({u"C:\\r\\a.x", u"C:\\r\\b.y", u"C:\\r\\c.z"});
   EXPECT_EQ(Utf8(SearchNow(component, u"C:\\r\\", u"*.x,*.Z")),
             Lines({"C:\\r\\a.x", "C:\\r\\c.z"}));
   EXPECT_EQ(Utf8(SearchNow(component, u"C:\\r\\", u"")), Lines());
 }
 
-TEST_F(FolderWalkTest, ADeepTreeIsWalkedToItsEnd) {
+TEST_F(PlaylistSearchTest, ADeepTreeIsWalkedToItsEnd) {
   String path = u"C:";
   for (int i = 0; i < 300; ++i) path += u"\\d";
   platform->AddFile(path + u"\\a.m3u", "x");

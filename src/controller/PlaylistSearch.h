@@ -6,10 +6,10 @@
 
 namespace norvo {
 
-/// The component's own walk over folders, for a machine without a drive scanner.
+/// The component's own search for playlists, for a machine without a drive scanner.
 
 /// Adds the playlists of a folder and its sub-folders to `found`: a folder is listed whole before
-/// its sub-folders are entered. A folder that cannot be listed is logged, and the walk goes on.
+/// its sub-folders are entered. A folder that cannot be listed is logged, and the search goes on.
 void GetFolders(Component& component, StringView folder, std::vector<String>& found);
 
 /// Files below a root that match one of the comma-separated patterns. Errors are logged.
