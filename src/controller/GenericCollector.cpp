@@ -1,6 +1,7 @@
 #include "controller/GenericCollector.h"
 
 #include "controller/ScanRules.h"
+#include "model/GenericKeys.h"
 #include "model/GenericSections.h"
 #include "services/FolderWalk.h"
 #include "services/Logging.h"
@@ -19,7 +20,7 @@ bool IsGenericFile(Component& component, const String& path) {
     return false;
   }
   String version;
-  return file.SelectSection(kGlobalSection) && file.ReadValue(u"PavaneVersion", version) == 0;
+  return file.SelectSection(kGlobalSection) && file.ReadValue(kVersionKey, version) == 0;
 }
 
 class GenericVisitor final : public FolderVisitor {

@@ -20,7 +20,8 @@ class PlaylistCollector final : public FolderVisitor {
     return MatchesAny(name, kSkipped) || EndsWithIgnoreCase(name, u".sys");
   }
   void VisitFile(StringView folder, StringView name) override {
-    if (Utility::IsPlayListFile(name) && !Skips(name)) found_.push_back(String(folder) + String(name));
+    if (Utility::IsPlayListFile(name) && !Skips(name))
+      found_.push_back(String(folder) + String(name));
   }
   void CannotList(StringView folder, const RunTimeError& failure) override {
     WriteWarning(component_,

@@ -4,6 +4,7 @@
 
 #include "automation/Attempt.h"
 #include "automation/RunTimeError.h"
+#include "model/GenericKeys.h"
 #include "model/GenericSections.h"
 #include "services/ProfileFile.h"
 #include "text/Number.h"
@@ -14,47 +15,6 @@ namespace {
 
 constexpr StringView kFormatVersion = u"1.6";
 constexpr StringView kLineEnd = u"\r\n";
-
-/// A key of an entry section and the entry's property that gives its value.
-struct EntryKey {
-  StringView key;
-  StringView property;
-  bool isPlain = false;  // belongs to the plain key set too
-};
-
-// The key set of ASX entries. The plain set is a part of it, in the same order; neither
-// "EntryType" nor "PlayListName" belongs to that.
-constexpr EntryKey kEntryKeys[] = {
-    {u"Abstract", u"Abstract", false},
-    {u"ASX_Album", u"ASX_Album", false},
-    {u"ASX_Artist", u"ASX_Artist", false},
-    {u"ASX_Author", u"ASX_Author", false},
-    {u"ASX_SongName", u"ASX_SongName", false},
-    {u"ASX_Title", u"ASX_Title", false},
-    {u"ASX_BitRate", u"BitRate", false},
-    {u"ASX_Copyright", u"Copyright", false},
-    {u"ASX_DigitallySecure", u"DigitallySecure", false},
-    {u"ASX_HREF", u"HREF", false},
-    {u"ASX_MediaAttribute", u"MediaAttribute", false},
-    {u"ASX_MediaType", u"MediaType", false},
-    {u"ASX_PlayCount", u"PlayCount", false},
-    {u"ASX_PlaylistAttribute", u"PlaylistAttribute", false},
-    {u"Artist", u"Entry_ArtistName", true},
-    {u"Album", u"Entry_AlbumName", true},
-    {u"CreationDate", u"Entry_CreationDate", true},
-    {u"Duration", u"Entry_Duration", true},
-    {u"EntryType", u"Entry_EntryType", false},
-    {u"FileName", u"Entry_FileName", true},
-    {u"FileSize", u"Entry_FileSize", true},
-    {u"PlayListName", u"Entry_PlayListName", false},
-    {u"Genre", u"Entry_Genre", true},
-    {u"HasExtendedInfo", u"HasExtendedInfo", true},
-    {u"SongName", u"Entry_SongName", true},
-    {u"SongTitle", u"Entry_SongTitle", true},
-    {u"SourceURL", u"Entry_SourceURL", true},
-    {u"TrackNumber", u"Entry_TrackNumber", true},
-    {u"URLType", u"Entry_URLType", true},
-};
 
 void SetDefaultName(PlaylistRecord& playlist, StringView fileName) {
   if (!playlist.name.empty()) return;
@@ -74,19 +34,15 @@ void RefuseForeignPath(const PlaylistRecord& playlist) {
 
 void WriteGlobals(ProfileFile& file, const PlaylistRecord& playlist) {
   file.SelectSection(kGlobalSection);
-  file.WriteValue(u"PavaneVersion", kFormatVersion);
+  file.WriteValue(kVersionKey, kFormatVersion);
   file.WriteValue(u"PlaylistName", playlist.name);
   file.WriteValue(u"PlaylistType", FormatInteger(playlist.type));
   file.WriteValue(u"OriginalFileName", playlist.originalFileName);
   file.WriteValue(u"CreationTime", playlist.creationTime);
   if (HasAsxEntries(playlist.type)) {
-    file.WriteValue(u"Author", playlist.asxAuthor);
-    file.WriteValue(u"Artist", playlist.asxArtist);
-    file.WriteValue(u"Album", playlist.asxAlbum);
-    file.WriteValue(u"AllowShuffle", playlist.asxAllowShuffle);
-    file.WriteValue(u"Title", playlist.asxTitle);
-    file.WriteValue(u"PlayListAttribute", playlist.asxPlayListAttribute);
-    file.WriteValue(u"ASX Version", playlist.asxVersion);
+    for (const AsxGlobalKey& row : AsxGlobalKeys()) {
+      file.WriteValue(row.key, playlist.*row.property);
+    }
   }
   // The line end leaves an empty line before the first entry.
   file.WriteValue(u"TotalSongs", FormatInteger(playlist.entries->TotalSongs()) + String(kLineEnd));
@@ -96,8 +52,8 @@ void WriteGlobals(ProfileFile& file, const PlaylistRecord& playlist) {
 class EntryWriter {
  public:
   EntryWriter(ProfileFile& file, bool asx) : file_(file) {
-    for (const EntryKey& row : kEntryKeys) {
-      if (asx || row.isPlain) keys_.push_back({row.key, PropertyReader(row.property)});
+    for (const EntryKey& row : EntryKeys()) {
+      if (row.IsWritten(asx)) keys_.push_back({row.key, PropertyReader(row.property)});
     }
   }
 
@@ -106,7 +62,7 @@ class EntryWriter {
     for (Key& key : keys_) {
       String value = ToText(key.read(entry));
       // The last key of a section is always written and leaves an empty line behind it.
-      if (EqualsIgnoreCase(key.name, u"URLType")) value += kLineEnd;
+      if (&key == &keys_.back()) value += kLineEnd;
       if (!value.empty()) file_.WriteValue(key.name, value);
     }
   }
