@@ -13,22 +13,44 @@ namespace {
 
 constexpr int kExaminedLines = 4;
 
-std::int32_t TypeByLine(StringView line) {
-  if (ContainsIgnoreCase(line, u"<Asx")) return playlist_type::kWmpM3u;
-  if (ContainsIgnoreCase(line, u"#EXTM3U")) return playlist_type::kWinampM3u;
-  if (Matches(line, u"?:\\*", Compare::Text)) return playlist_type::kMmjbM3u;
+bool Tells(const HeaderMark& mark, StringView line) {
+  if (!mark.text.empty()) return ContainsIgnoreCase(line, mark.text);
+  return !mark.pattern.empty() && Matches(line, mark.pattern, Compare::Text);
+}
+
+std::int32_t TypeOfLine(StringView line) {
+  for (const PlaylistType& type : PlaylistTypes()) {
+    if (Tells(type.mark, line)) return type.code;
+  }
   return playlist_type::kUnknown;
 }
 
-std::int32_t SniffLines(TextStream& stream) {
+std::int32_t TypeOfText(TextStream& stream) {
   for (int line = 1; line <= kExaminedLines && !stream.AtEnd(); ++line) {
-    const std::int32_t type = TypeByLine(stream.ReadLine());
+    const std::int32_t type = TypeOfLine(stream.ReadLine());
     if (type != playlist_type::kUnknown) return type;
   }
   return playlist_type::kUnknown;
 }
 
-std::int32_t TypeByKeys(Component& component, StringView path) {
+/// The first type whose mark fits the keys of the selected section.
+std::int32_t TypeOfSection(const ProfileFile& file) {
+  String value;
+  for (const PlaylistType& type : PlaylistTypes()) {
+    const StringView key = type.mark.key;
+    if (!key.empty() && file.ReadValue(key, value) == 0) return type.code;
+  }
+  const bool hasVersion = file.ReadValue(u"Version", value) == 0;
+  for (const PlaylistType& type : PlaylistTypes()) {
+    const HeaderMark& mark = type.mark;
+    const bool fits =
+        hasVersion ? !mark.version.empty() && value == mark.version : mark.withoutVersion;
+    if (fits) return type.code;
+  }
+  return playlist_type::kUnknown;
+}
+
+std::int32_t TypeOfSettings(Component& component, StringView path) {
   ProfileFile file(component);
   if (!file.OpenFile(path)) {
     WriteWarning(component,
@@ -38,10 +60,7 @@ std::int32_t TypeByKeys(Component& component, StringView path) {
                   u"HelperMan::ParsePLSHeader -> The file cannot be read: " + String(path)});
   }
   file.SelectSection(u"playlist");
-  String value;
-  if (file.ReadValue(u"CachedInfo", value) == 0) return playlist_type::kSoniquePls;
-  if (file.ReadValue(u"Version", value) != 0) return playlist_type::kSoniquePls;
-  return value == u"2" ? playlist_type::kWinampPls : playlist_type::kUnknown;
+  return TypeOfSection(file);
 }
 
 /// Runs one sniffer; an error is told as a warning and gives the unknown type.
@@ -58,16 +77,30 @@ std::int32_t UnknownOnError(Component& component, StringView member, StringView 
 
 }  // namespace
 
-std::int32_t SniffM3uHeader(Component& component, StringView path) {
+std::int32_t TypeByLines(Component& component, StringView path) {
   return UnknownOnError(component, u"ParseM3UHeader", path, [&] {
     TextStream stream(component.Files(), path, component.Machine().AnsiPage());
-    return SniffLines(stream);
+    return TypeOfText(stream);
   });
 }
 
-std::int32_t SniffPlsHeader(Component& component, StringView path) {
+std::int32_t TypeByKeys(Component& component, StringView path) {
   return UnknownOnError(component, u"ParsePLSHeader", path,
-                        [&] { return TypeByKeys(component, path); });
+                   [&] { return TypeOfSettings(component, path); });
+}
+
+std::int32_t TypeByHeader(Component& component, StringView path) {
+  const PlaylistType* const type = FindTypeOfFile(path, [](const PlaylistType&) { return true; });
+  const bool hasKeys = type != nullptr && type->header == Header::SettingsKeys;
+  return hasKeys ? TypeByKeys(component, path) : TypeByLines(component, path);
+}
+
+std::int32_t ListedType(Component& component, StringView path,
+                        std::optional<std::int32_t> byHeader) {
+  const PlaylistType* const type =
+      FindTypeOfFile(path, [](const PlaylistType& each) { return each.isToldByExtension; });
+  if (type != nullptr) return type->code;
+  return byHeader ? *byHeader : TypeByHeader(component, path);
 }
 
 }  // namespace norvo

@@ -21,8 +21,12 @@
 namespace norvo {
 namespace {
 
-bool IsM3uOrAsx(StringView extension) {
-  return EqualsIgnoreCase(extension, u"asx") || EqualsIgnoreCase(extension, u"m3u");
+/// The last characters of a playlist's name, without the point: the scan takes names without one
+/// too, which the list then refuses.
+std::vector<StringView> PlaylistEndings() {
+  std::vector<StringView> endings;
+  for (const StringView extension : PlaylistExtensions()) endings.push_back(extension.substr(1));
+  return endings;
 }
 
 /// Takes each playlist file that a drive scan reports.
@@ -124,14 +128,15 @@ bool HelperMan::ConvertOne(const String& path, std::size_t position, std::size_t
     watcher.OnPlaylistEnd(path, playlist.PlayListType(), outcome, kept, {});
     return false;
   };
-  if (const std::optional<std::int32_t> subtype = SniffedType(path)) {
-    if (*subtype == playlist_type::kUnknown) {
+  if (IsPlayListFile(path)) {
+    const std::int32_t subtype = TypeByHeader(component_, path);
+    if (subtype == playlist_type::kUnknown) {
       WriteLog(
           component_,
           u"NVERR_OPFAIL, HelperMan::GenericQueue, Invalid Playlist SubType for PlayList" + path);
       return report(PlaylistOutcome::UnknownType);
     }
-    playlist.SetPlayListType(*subtype);
+    playlist.SetPlayListType(subtype);
   }
   if (!playlist.ReadPlayList(path)) {
     WriteLog(component_,
@@ -160,13 +165,6 @@ void HelperMan::Write(PlayList& playlist, const String& path) {
       written ? StringView(genericFile) : StringView());
 }
 
-std::optional<std::int32_t> HelperMan::SniffedType(const String& path) {
-  const StringView extension = Utility::GetExtension(path);
-  if (IsM3uOrAsx(extension)) return ParseM3UHeader(path);
-  if (EqualsIgnoreCase(extension, u"pls")) return ParsePLSHeader(path);
-  return std::nullopt;
-}
-
 StringArray HelperMan::GetPLSList() {
   const WarningStart start = {WarningKind::ListNotRead, {}, u"HelperMan::GetPLSList -> "};
   std::vector<String> paths = AnswerOrWarn(component_, start, std::vector<String>(), [this] {
@@ -180,26 +178,21 @@ String HelperMan::PlayListToIni(const String& fileName) {
 }
 
 std::int32_t HelperMan::ParsePLSHeader(const String& path) {
-  return SniffPlsHeader(component_, path);
+  return TypeByKeys(component_, path);
 }
 
 std::int32_t HelperMan::ParseM3UHeader(const String& path) {
-  return SniffM3uHeader(component_, path);
+  return TypeByLines(component_, path);
 }
 
 void HelperMan::AddPlayList(const String& path, std::optional<std::int32_t> subtype) {
   const WarningStart start = {WarningKind::PlaylistNotListed, path, u"HelperMan::AddPlayList -> "};
   AttemptOrWarn(component_, start, [&] {
-    const StringView extension = Utility::GetExtension(path);
-    const bool isAsx = EqualsIgnoreCase(extension, u"asx");
-    const bool isPls = EqualsIgnoreCase(extension, u"pls");
-    if (!isAsx && !isPls && !EqualsIgnoreCase(extension, u"m3u")) return;
-    std::int32_t type = playlist_type::kWmpAsx;
-    if (!isAsx) type = subtype ? *subtype : SniffedType(path).value();
+    if (!IsPlayListFile(path)) return;
+    const std::int32_t type = ListedType(component_, path, subtype);
     const PlaylistType* const row = FindPlaylistType(type);
     // A subtype that does not go with the extension is not recorded.
-    const bool fits = row != nullptr && (isAsx || (row->readAs == Syntax::Pls) == isPls) &&
-                      (isAsx || type != playlist_type::kWmpAsx);
+    const bool fits = row != nullptr && HasExtension(path, *row);
     if (fits && list_) list_->Record(path, type);
   });
 }
@@ -217,12 +210,10 @@ bool HelperMan::GetAllPlaylists() {
 }
 
 void HelperMan::ScanDrives() {
-  // The last three characters of a name decide; the list then goes by the text behind the point.
-  constexpr StringView kEndings[] = {u"m3u", u"pls", u"asx"};
   const auto add = [this](const String& path) { AddPlayList(path); };
   if (DriveScanner* const scanner = component_.Machine().Scanner()) {
     PlaylistVisitor visitor(component_, add);
-    scanner->Scan(kEndings, visitor);
+    scanner->Scan(PlaylistEndings(), visitor);
     return;
   }
   for (const Drive& drive : NVServices::GetPartitionList(component_)) {

@@ -60,8 +60,6 @@ class HelperMan final : public TableObject {
   void Write(PlayList& playlist, const String& path);
   /// Lists one playlist by its type, which is sniffed when it is not given.
   void AddPlayList(const String& path, std::optional<std::int32_t> subtype = std::nullopt);
-  /// Nothing for a name that is no playlist's.
-  std::optional<std::int32_t> SniffedType(const String& path);
   void ScanDrives();
 
   Component& component_;

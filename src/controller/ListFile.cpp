@@ -14,16 +14,11 @@ namespace {
 
 constexpr StringView kFileName = u"PlayLists.txt";
 
-// The order of the list: type 6 before type 5, as intended.
-constexpr std::int32_t kListOrder[] = {playlist_type::kWmpAsx,    playlist_type::kWmpM3u,
-                                       playlist_type::kWinampM3u, playlist_type::kWinampPls,
-                                       playlist_type::kMmjbM3u,   playlist_type::kSoniquePls};
-
 // No disk holds so many playlists; a list that says so is damaged and shall not fill the memory.
 constexpr std::int32_t kMostListed = 1'000'000;
 
-String TotalKey(std::int32_t type) {
-  return String(FindPlaylistType(type)->name) + u" Total";
+String TotalKey(const PlaylistType& type) {
+  return String(type.name) + u" Total";
 }
 
 String FileKey(std::int32_t number) {
@@ -58,7 +53,7 @@ void ListFile::Restart() {
   if (NVServices::DoesFileExist(component_, path)) {
     Utility::DeleteFileForced(component_, path);
   }
-  counters_.fill(0);
+  counters_.clear();
   open_ = file_.CreateNew(path);
 }
 
@@ -70,9 +65,9 @@ void ListFile::Record(StringView path, std::int32_t type) {
   const PlaylistType* const row = FindPlaylistType(type);
   if (row == nullptr) return;
   OpenIfClosed();
-  const std::int32_t number = ++counters_[static_cast<std::size_t>(type)];
+  const std::int32_t number = ++counters_[type];
   file_.SelectSection(headerSection_);
-  file_.WriteValue(TotalKey(type), FormatInteger(number));
+  file_.WriteValue(TotalKey(*row), FormatInteger(number));
   file_.SelectSection(row->name);
   file_.WriteValue(FileKey(number), path);
 }
@@ -84,9 +79,9 @@ void ListFile::Save() {
 
 std::vector<std::int32_t> ListFile::ReadTotals() {
   std::vector<std::int32_t> totals;
-  for (const std::int32_t type : kListOrder) {
+  for (const PlaylistType* const type : QueuedTypes()) {
     String total = u"0";
-    file_.ReadValue(TotalKey(type), total);
+    file_.ReadValue(TotalKey(*type), total);
     totals.push_back(Int32FromText(total));
   }
   return totals;
@@ -97,7 +92,7 @@ std::vector<String> ListFile::ReadPaths() {
   std::vector<String> paths(static_cast<std::size_t>(CheckedSum(totals)));
   auto slot = paths.begin();
   for (std::size_t i = 0; i < totals.size(); ++i) {
-    file_.SelectSection(FindPlaylistType(kListOrder[i])->name);
+    file_.SelectSection(QueuedTypes()[i]->name);
     for (std::int32_t number = 1; number <= totals[i]; ++number) {
       // Totals below 0 can make the sum less than what is listed.
       if (slot == paths.end()) throw RunTimeError(error::kSubscriptOutOfRange);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
+#include <map>
 #include <vector>
 
 #include "services/Component.h"
@@ -24,8 +24,8 @@ class ListFile {
   /// Writes the file, when anything was recorded.
   void Save();
 
-  /// The listed paths by type (1, 2, 3, 4, 6, 5: type 6 comes before type 5), then deletes the
-  /// file. A file without the header section lists nothing and stays.
+  /// The listed paths in the order of `QueuedTypes`, then deletes the file. A file without the
+  /// header section lists nothing and stays.
   std::vector<String> Consume();
 
  private:
@@ -39,7 +39,7 @@ class ListFile {
   String folder_;
   ProfileFile file_;
   bool open_ = false;
-  std::array<std::int32_t, 7> counters_{};  // by type code
+  std::map<std::int32_t, std::int32_t> counters_;  // by type code
 };
 
 }  // namespace norvo

@@ -1,9 +1,9 @@
 #include "controller/PlaylistSearch.h"
 
 #include "controller/ScanRules.h"
+#include "model/PlaylistTypes.h"
 #include "services/FolderWalk.h"
 #include "services/Logging.h"
-#include "services/Utility.h"
 #include "text/Number.h"
 
 namespace norvo {
@@ -20,8 +20,7 @@ class PlaylistCollector final : public FolderVisitor {
     return MatchesAny(name, kSkipped) || EndsWithIgnoreCase(name, u".sys");
   }
   void VisitFile(StringView folder, StringView name) override {
-    if (Utility::IsPlayListFile(name) && !Skips(name))
-      found_.push_back(String(folder) + String(name));
+    if (IsPlayListFile(name) && !Skips(name)) found_.push_back(String(folder) + String(name));
   }
   void CannotList(StringView folder, const RunTimeError& failure) override {
     WriteWarning(component_,
@@ -61,7 +60,15 @@ class PatternCollector final : public FolderVisitor {
   std::vector<StringView> patterns_;
 };
 
-constexpr StringView kPlaylistPatterns = u"*.asx,*.m3u,*.pls";
+/// "*.asx,*.m3u" and so on.
+String PlaylistPatterns() {
+  String list;
+  for (const StringView extension : PlaylistExtensions()) {
+    if (!list.empty()) list += u',';
+    list.append(u"*").append(extension);
+  }
+  return list;
+}
 
 }  // namespace
 
@@ -77,7 +84,7 @@ std::vector<String> SearchNow(Component& component, StringView root, StringView 
 }
 
 std::vector<String> SearchDrive(Component& component, char16_t letter) {
-  return SearchNow(component, String(1, letter) + u":\\", kPlaylistPatterns);
+  return SearchNow(component, String(1, letter) + u":\\", PlaylistPatterns());
 }
 
 }  // namespace norvo

@@ -6,9 +6,7 @@ void PlaylistRecord::SetName(StringView text, NameOrigin origin) {
   const PlaylistType* const row = FindPlaylistType(type);
   std::size_t length = 0;
   if (row != nullptr) {
-    // Type 1 keeps its extension in the name: intended.
-    const bool whole = type == playlist_type::kWmpAsx;
-    length = whole ? text.size() : FindIgnoreCase(text, row->extension);
+    length = row->keepsExtension ? text.size() : FindIgnoreCase(text, row->extension);
     if (length == StringView::npos) return;
   }
   name = text.substr(0, length);

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <vector>
 
 #include "text/Text.h"
 
@@ -19,29 +20,99 @@ inline constexpr std::int32_t kSoniquePls = 5;
 inline constexpr std::int32_t kMmjbM3u = 6;
 }  // namespace playlist_type
 
+/// How a native playlist is written: chooses its reader (readers/NativeReader.h) and its writer
+/// (writers/NativeWriter.h).
 enum class Syntax { Asx, M3u, BareM3u, Pls };
+
+/// Class of a playlist's entries; see model/NewEntry.h.
+enum class EntryClass { Asx, M3u, Pls };
+
+/// What the extended-information text of an item holds.
+enum class ItemInfo { None, ExtInfLine, Title };
+
+/// Where the files of an ending tell their types.
+enum class Header { FirstLines, SettingsKeys };
+
+/// What tells a type in the header; each part that is empty tells nothing.
+struct HeaderMark {
+  StringView text{};            ///< anywhere in one of the first lines, in any case
+  StringView pattern{};         ///< one of the first lines matches it, in any case
+  StringView key{};             ///< stands among the keys, whatever its value
+  StringView version{};         ///< value of the key "Version"
+  bool withoutVersion = false;  ///< there is no such key
+};
+
+/// Whether a playlist whose text tells no type is taken for one of this type.
+enum class StandIn { Never, WithTitles, WithoutTitles, Always };
 
 /// Everything that the library knows of one playlist type; nobody else spells it out.
 struct PlaylistType {
   std::int32_t code;
   StringView name;          ///< "WMP_ASX" and so on
-  StringView extension;     ///< of the native files, and of the entries' playlist name
+  StringView extension;     ///< of the native files, with its point
   StringView playerFolder;  ///< folder of the player's restored playlists
-  Syntax readAs;            ///< type 2 is read as ASX: intended
-  StringView failureText;   ///< log line of a failed read
+  std::int32_t queuePlace;  ///< 1-based, in the list file and the queue
+
+  Syntax readAs;
+  StringView failureText;             ///< log line of a failed read
+  std::optional<Syntax> writtenAs{};  ///< nothing: restored playlists are not written so
+  EntryClass entries = EntryClass::M3u;
+  StringView entryExtension;  ///< what an entry cuts off its playlist name
+  ItemInfo itemInfo = ItemInfo::None;
+
+  Header header = Header::FirstLines;  ///< the same for all types of one extension
+  HeaderMark mark{};
+  StandIn standIn = StandIn::Never;
+
+  bool isToldByExtension = false;   ///< a scan lists every file of the extension as this type
+  bool keepsExtension = false;      ///< the playlist's name is the file's whole name
+  bool restoresProperties = false;  ///< a generic file gives the playlist's ASX properties back
+
+  /// "ASX of Windows Media Player" and so on.
+  String Title() const;
 };
 
-/// The six types, by code.
+/// All types, by code.
 std::span<const PlaylistType> PlaylistTypes();
 
-/// Null for a code that is none of the six.
+/// The types in the order of the list file and the queue.
+std::span<const PlaylistType* const> QueuedTypes();
+
+/// The types that every restored playlist is written as, in the order of writing.
+std::vector<const PlaylistType*> NativeTypes();
+
+/// Every extension that a type has, once, with its point.
+std::span<const StringView> PlaylistExtensions();
+
+/// Null for a code that is none of them.
 const PlaylistType* FindPlaylistType(std::int32_t code);
 
-/// Extension that an entry of that type cuts off its playlist name: ".asx" for types 1 and 2,
-/// unlike the playlist's own rule. Empty for an unknown type.
+/// True for a name with the type's extension, case ignored.
+bool HasExtension(StringView fileName, const PlaylistType& type);
+
+/// The first type with the file name's extension for which `fits` holds; null without one.
+template <class Condition>
+const PlaylistType* FindTypeOfFile(StringView fileName, Condition&& fits) {
+  for (const PlaylistType& type : PlaylistTypes()) {
+    if (HasExtension(fileName, type) && fits(type)) return &type;
+  }
+  return nullptr;
+}
+
+/// True for a name with the extension of some type, case ignored.
+bool IsPlayListFile(StringView fileName);
+
+/// Extension that serves where a name has none of a playlist.
+inline constexpr StringView kUsualExtension = u".m3u";
+
+/// The type that a playlist whose text tells none is taken for, by its file's name and whether it
+/// has titles; a name without a playlist's extension counts as one with the usual extension.
+const PlaylistType& StandInType(StringView fileName, bool hasTitles);
+
+/// Extension that an entry of that type cuts off its playlist name. Empty for an unknown type.
 StringView EntryExtension(std::int32_t code);
 
-/// True for the types whose entries are `AsxEntry` objects: 1 and 2.
+/// True for the types whose entries are `AsxEntry` objects.
 bool HasAsxEntries(std::int32_t code);
 
 }  // namespace norvo

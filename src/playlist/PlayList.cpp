@@ -2,10 +2,8 @@
 
 #include "automation/Attempt.h"
 #include "automation/Dates.h"
-#include "readers/AsxReader.h"
 #include "readers/GenericReader.h"
-#include "readers/M3uReader.h"
-#include "readers/PlsReader.h"
+#include "readers/NativeReader.h"
 #include "services/Logging.h"
 #include "services/NVServices.h"
 #include "text/WindowsPath.h"
@@ -25,25 +23,10 @@ bool PlayList::ReadPlayList(const String& path) {
   record_.SetName(record_.originalFileName, NameOrigin::Playlist);
   const PlaylistType* const type = FindPlaylistType(record_.type);
   if (type == nullptr) return true;  // an unknown type is no error of the read: intended
-  const bool read = ReadAs(type->readAs, ParentFolder(fullPath));
+  const bool read = ReadNative(component_, record_, type->readAs, ParentFolder(fullPath));
   if (!read) WriteLog(component_, type->failureText);
   KeepRegistrations();
   return read;
-}
-
-bool PlayList::ReadAs(Syntax syntax, StringView folder) {
-  const String fileName = record_.originalFileName;
-  switch (syntax) {
-    case Syntax::Asx:
-      return ReadASX(component_, record_, fileName, folder);
-    case Syntax::M3u:
-      return ReadM3U(component_, record_, fileName, folder);
-    case Syntax::BareM3u:
-      return ReadMMJB(component_, record_, fileName, folder);
-    case Syntax::Pls:
-      return ReadPLS(component_, record_, fileName, folder);
-  }
-  return false;
 }
 
 /// Makes durable what the read has registered; the list keeps what cannot be written for later.

@@ -13,7 +13,7 @@ class PlayList final : public TableObject {
 
   /// Reads the native playlist at the full path by the reader of `PlayListType`, which is set
   /// first; entries are appended to those that are there. False when the file is missing or its
-  /// reader failed. A type outside 1 to 6 reads nothing and gives true. Raises what the file
+  /// reader failed. An unknown type reads nothing and gives true. Raises what the file
   /// system raises between finding the file and opening it.
   bool ReadPlayList(const String& path);
 
@@ -67,7 +67,6 @@ class PlayList final : public TableObject {
   const MemberTable& Table() const override { return Interface(); }
 
  private:
-  bool ReadAs(Syntax syntax, StringView folder);
   void KeepRegistrations();
 
   Component& component_;

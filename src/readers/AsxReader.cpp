@@ -16,10 +16,12 @@ constexpr ResolverMessages kMessages = {
     u"NVERR_FILE_NOT_FOUND, PLAYLIST::AddEntry, File Not Found: ",
     u"NVERR_INVALID_ARG, PLAYLIST::AddEntry, Invalid Argument or Bad Data: "};
 
-/// Type of the collection and its entries by the file's name; 0 for any other ending.
+/// Type of the collection and its entries: the one that is read as ASX and has the extension of the
+/// file's name, whatever the playlist's type; unknown for any other name.
 std::int32_t TypeByName(StringView fileName) {
-  if (EndsWithIgnoreCase(fileName, u".m3u")) return playlist_type::kWmpM3u;
-  return EndsWithIgnoreCase(fileName, u".asx") ? playlist_type::kWmpAsx : playlist_type::kUnknown;
+  const PlaylistType* const type =
+      FindTypeOfFile(fileName, [](const PlaylistType& each) { return each.readAs == Syntax::Asx; });
+  return type == nullptr ? playlist_type::kUnknown : type->code;
 }
 
 /// Walks the lines of one file.

@@ -41,15 +41,16 @@ String TakeDuration(StringView line, FormatEntry& entry) {
 }
 
 String TitleText(StringView text, FormatEntry& entry, std::int32_t playlistType) {
-  switch (playlistType) {
-    case playlist_type::kWinampM3u:
+  const PlaylistType* const type = FindPlaylistType(playlistType);
+  switch (type == nullptr ? ItemInfo::None : type->itemInfo) {
+    case ItemInfo::ExtInfLine:
       return TakeDuration(text, entry);
-    case playlist_type::kWinampPls:
-    case playlist_type::kSoniquePls:
+    case ItemInfo::Title:
       return String(text);
-    default:
-      return {};
+    case ItemInfo::None:
+      break;
   }
+  return {};
 }
 
 void FillFromTitle(String title, FormatEntry& entry) {

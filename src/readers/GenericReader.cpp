@@ -3,9 +3,9 @@
 #include <utility>
 
 #include "automation/Attempt.h"
-#include "model/AsxEntry.h"
 #include "model/GenericKeys.h"
 #include "model/GenericSections.h"
+#include "model/NewEntry.h"
 #include "services/Logging.h"
 #include "services/ProfileFile.h"
 #include "text/Number.h"
@@ -45,13 +45,9 @@ void ReadKeys(const ProfileFile& file, bool forAsx, AutomationObject& entry) {
   }
 }
 
-/// Null for a type that has no entries.
-ObjectRef NewEntry(Component& component, std::int32_t type) {
+bool RestoresProperties(std::int32_t type) {
   const PlaylistType* const row = FindPlaylistType(type);
-  if (row == nullptr) return nullptr;
-  if (HasAsxEntries(type)) return std::make_shared<AsxEntry>(component);
-  if (row->readAs == Syntax::Pls) return std::make_shared<PlsEntry>(component);
-  return std::make_shared<M3UEntry>(component);
+  return row != nullptr && row->restoresProperties;
 }
 
 std::int32_t DeclaredCount(const ProfileFile& file) {
@@ -69,7 +65,6 @@ void ReadEntries(Component& component, ProfileFile& file, PlaylistRecord& playli
                u"NVERR_OPFAIL, PLAYLIST::ReadGeneric, Bad Object Type - Unable to Process Entry");
       return;
     }
-    entry->Let(u"Entry_EntryType", playlist.type);
     file.SelectSection(EntrySection(i));
     ReadKeys(file, HasAsxEntries(playlist.type), *entry);
     playlist.entries->Add(entry);
@@ -79,8 +74,7 @@ void ReadEntries(Component& component, ProfileFile& file, PlaylistRecord& playli
 void ReadAll(Component& component, ProfileFile& file, PlaylistRecord& playlist) {
   file.SelectSection(kGlobalSection);
   ReadGlobals(file, playlist);
-  // Not so for type 2, although the writer writes these keys for it as well: intended.
-  if (playlist.type == playlist_type::kWmpAsx) ReadAsxGlobals(file, playlist);
+  if (RestoresProperties(playlist.type)) ReadAsxGlobals(file, playlist);
   playlist.entries->SetCollectionType(playlist.type);
   ReadEntries(component, file, playlist, DeclaredCount(file));
 }

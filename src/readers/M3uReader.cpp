@@ -2,6 +2,7 @@
 
 #include "automation/Attempt.h"
 #include "automation/RunTimeError.h"
+#include "model/NewEntry.h"
 #include "readers/ItemResolver.h"
 #include "readers/TextLines.h"
 #include "services/Logging.h"
@@ -18,9 +19,8 @@ constexpr ResolverMessages kMmjbMessages = {
     u"NVERR_FILE_NOT_FOUND, PLAYLIST::ReadMMJB, File Not Found: ",
     u"NVERR_INVALID_ARG, PLAYLIST::ReadMMJB, Invalid Argument or Bad Data: "};
 
-std::shared_ptr<M3UEntry> NewEntry(Component& component, const PlaylistRecord& playlist) {
-  auto entry = std::make_shared<M3UEntry>(component);
-  entry->SetEntryType(playlist.type);
+std::shared_ptr<FormatEntry> NewItem(Component& component, const PlaylistRecord& playlist) {
+  std::shared_ptr<FormatEntry> entry = NewEntry(component, playlist.type);
   entry->SetPlayListName(playlist.name);
   return entry;
 }
@@ -34,7 +34,7 @@ bool ResolveM3u(Component& component, PlaylistRecord& playlist, TextStream& stre
   ItemResolver resolver(component, playlist, std::move(folder), kM3uMessages);
   for (const M3uItem& item : items) {
     // The two labels differ on purpose.
-    resolver.Resolve(NewEntry(component, playlist), item.reference, item.info,
+    resolver.Resolve(NewItem(component, playlist), item.reference, item.info,
                      item.extended ? kMediaLabel : kMusicLabel);
   }
   return complete;
@@ -50,7 +50,7 @@ bool ResolveMmjb(Component& component, PlaylistRecord& playlist, TextStream& str
   while (!stream.AtEnd()) {
     if (playlist.entries->TotalSongs() >= kMostEntries) throw RunTimeError(error::kOverflow);
     const String line = stream.ReadLine();
-    resolver.Resolve(NewEntry(component, playlist), NVServices::StripNull(line), {}, kMusicLabel);
+    resolver.Resolve(NewItem(component, playlist), NVServices::StripNull(line), {}, kMusicLabel);
   }
   return true;
 }

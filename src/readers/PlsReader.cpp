@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "automation/Attempt.h"
+#include "model/NewEntry.h"
 #include "readers/ItemResolver.h"
 #include "services/NVServices.h"
 #include "services/ProfileFile.h"
@@ -50,8 +51,7 @@ void ReadItem(Component& component, PlaylistRecord& playlist, const ProfileFile&
               ItemResolver& resolver, std::int32_t number) {
   String reference;
   if (file.ReadValue(Numbered(kFileKey, number), reference) != 0) return;
-  auto entry = std::make_shared<PlsEntry>(component);
-  entry->SetEntryType(playlist.type);
+  const std::shared_ptr<FormatEntry> entry = NewEntry(component, playlist.type);
   entry->SetPlayListName(playlist.name);
   const auto item = resolver.Judge(*entry, NVServices::StripNull(reference));
   if (!item) return;

@@ -52,11 +52,6 @@ StringView GetExtension(StringView fileName) {
   return point == StringView::npos ? StringView() : fileName.substr(point + 1);
 }
 
-bool IsPlayListFile(StringView fileName) {
-  return EndsWithIgnoreCase(fileName, u".M3U") || EndsWithIgnoreCase(fileName, u".PLS") ||
-         EndsWithIgnoreCase(fileName, u".ASX");
-}
-
 String ReplaceChars(StringView text, StringView from, StringView to, Compare compare) {
   String padded(to);
   if (!padded.empty()) padded.resize(from.size(), to.back());

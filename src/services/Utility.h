@@ -14,9 +14,6 @@ String AddBackslash(StringView path);
 /// What follows the last point; empty without one. A path is taken as plain text.
 StringView GetExtension(StringView fileName);
 
-/// True for names that end in .M3U, .PLS or .ASX, case ignored.
-bool IsPlayListFile(StringView fileName);
-
 /// Each character of `text` that stands in `from` becomes the one at the same place in `to`, whose
 /// last character serves for all further places; with an empty `to` it is deleted.
 String ReplaceChars(StringView text, StringView from, StringView to, Compare compare);

@@ -18,7 +18,8 @@ constexpr StringView kLineEnd = u"\r\n";
 
 void SetDefaultName(PlaylistRecord& playlist, StringView fileName) {
   if (!playlist.name.empty()) return;
-  const std::size_t at = FindIgnoreCase(fileName, u".m3u");
+  // By this extension whatever the playlist's type: intended.
+  const std::size_t at = FindIgnoreCase(fileName, kUsualExtension);
   if (at == StringView::npos) throw RunTimeError(error::kInvalidArgument);
   playlist.name = fileName.substr(0, at);
   playlist.nameOrigin = NameOrigin::Host;

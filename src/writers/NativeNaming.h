@@ -11,7 +11,7 @@ namespace norvo {
 /// named after the bare file name, cut at its first point and cleaned. No file of that name exists
 /// yet; numbers are added until that is so, and pile up: Mix, Mix1, Mix12, Mix123. Creates the
 /// folder. Empty, with nothing created, without a destination root; error 5 for a name without a
-/// point. A type outside 1 to 6 has neither extension nor player folder.
+/// point. An unknown type has neither extension nor player folder.
 String GetNewPlayListPath(Component& component, StringView fileName, std::int32_t type);
 
 }  // namespace norvo

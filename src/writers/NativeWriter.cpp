@@ -45,14 +45,12 @@ class NativeFile {
   bool closed_ = false;
 };
 
-void WriteAsx(Component& component, const PlaylistRecord& playlist) {
-  NativeFile file(component, playlist, playlist_type::kWmpAsx);
+void WriteAsx(NativeFile& file, const PlaylistRecord& playlist) {
   const auto write = [&file](StringView line) { file.Write(line); };
   AsxFormatter lines(playlist, write);
   lines.Begin();
   playlist.entries->ForEach([&](AutomationObject& entry, std::int32_t) { lines.Entry(entry); });
   lines.End();
-  file.Close();
 }
 
 /// What the M3U and the PLS files tell of an entry.
@@ -77,8 +75,7 @@ class EntryFacts {
   PropertyReader duration_{u"Entry_Duration"};
 };
 
-void WriteWinampM3u(Component& component, const PlaylistRecord& playlist) {
-  NativeFile file(component, playlist, playlist_type::kWinampM3u);
+void WriteM3u(NativeFile& file, const PlaylistRecord& playlist) {
   EntryFacts facts;
   file.Write(u"#EXTM3U");
   playlist.entries->ForEach([&](AutomationObject& entry, std::int32_t) {
@@ -87,20 +84,16 @@ void WriteWinampM3u(Component& component, const PlaylistRecord& playlist) {
     }
     file.Write(facts.Path(entry));
   });
-  file.Close();
 }
 
-void WriteMusicMatchM3u(Component& component, const PlaylistRecord& playlist) {
-  NativeFile file(component, playlist, playlist_type::kMmjbM3u);
+void WriteBareM3u(NativeFile& file, const PlaylistRecord& playlist) {
   EntryFacts facts;
   playlist.entries->ForEach([&](AutomationObject& entry, std::int32_t) {
     file.Write(facts.Path(entry) + u'\0');  // the player wants the NUL
   });
-  file.Close();
 }
 
-void WritePls(Component& component, const PlaylistRecord& playlist) {
-  NativeFile file(component, playlist, playlist_type::kSoniquePls);
+void WritePls(NativeFile& file, const PlaylistRecord& playlist) {
   EntryFacts facts;
   file.Write(u"[playlist]");
   playlist.entries->ForEach([&](AutomationObject& entry, std::int32_t i) {
@@ -113,18 +106,30 @@ void WritePls(Component& component, const PlaylistRecord& playlist) {
   });
   file.Write(u"NumberOfEntries=" + FormatInteger(playlist.entries->Count()));
   file.Write(u"Version=2");
-  file.Close();
 }
 
-void FormatM3u(Component& component, const PlaylistRecord& playlist) {
-  WriteWinampM3u(component, playlist);
-  WriteMusicMatchM3u(component, playlist);
-}
+struct WriterRow {
+  Syntax syntax;
+  void (*write)(NativeFile&, const PlaylistRecord&);
+};
 
-/// Writes one target syntax; an error ends it. What was written stays; the watcher knows.
-void FormatFile(Component& component, const PlaylistRecord& playlist,
-                void (*target)(Component&, const PlaylistRecord&)) {
-  Attempt([&] { target(component, playlist); });
+constexpr WriterRow kWriters[] = {
+    {Syntax::Asx, WriteAsx},
+    {Syntax::M3u, WriteM3u},
+    {Syntax::BareM3u, WriteBareM3u},
+    {Syntax::Pls, WritePls},
+};
+
+/// Writes the playlist's file of one type; false when an error ends it. What was written stays; the
+/// watcher knows.
+bool WriteFile(Component& component, const PlaylistRecord& playlist, const PlaylistType& type) {
+  return Attempt([&] {
+    NativeFile file(component, playlist, type.code);
+    for (const WriterRow& row : kWriters) {
+      if (row.syntax == type.writtenAs) row.write(file, playlist);
+    }
+    file.Close();
+  });
 }
 
 }  // namespace
@@ -138,8 +143,10 @@ bool OpenOutFile(Component& component, StringView path, std::unique_ptr<TextWrit
 
 bool WriteRawPlayList(Component& component, const PlaylistRecord& playlist) {
   if (FindPlaylistType(playlist.type) == nullptr) return false;
-  for (const auto target : {WriteAsx, FormatM3u, WritePls}) {
-    FormatFile(component, playlist, target);
+  StringView ended;  // files of one extension are written together: an error ends them all
+  for (const PlaylistType* const type : NativeTypes()) {
+    if (type->extension == ended) continue;
+    if (!WriteFile(component, playlist, *type)) ended = type->extension;
   }
   return false;
 }

@@ -8,10 +8,10 @@
 
 namespace norvo {
 
-/// Writes the playlist as native files, each new and named by `GetNewPlayListPath`: ASX for Windows
-/// Media Player, M3U for Winamp and for MusicMatch Jukebox, PLS for Sonique. None for the types 2
-/// and 4, and none at all for a playlist of an unknown type: intended. Always false; an error ends
-/// the syntax that was being written, what was written stays, and nothing is logged. Intended.
+/// Writes the playlist as native files, each new and named by `GetNewPlayListPath`: one for each of
+/// `NativeTypes`, whatever the playlist's own type, and none at all for a playlist of an unknown
+/// type: intended. Always false; an error ends the files of the extension that was being written,
+/// what was written stays, and nothing is logged. Intended.
 bool WriteRawPlayList(Component& component, const PlaylistRecord& playlist);
 
 /// Opens a text file for appending, in the 8-bit code page; with `create` also one that is not

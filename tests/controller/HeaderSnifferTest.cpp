@@ -91,6 +91,25 @@ TEST_F(HeaderSnifferTest, KeysTellTheTypeOfAPlsFile) {
   EXPECT_EQ(LogLines(), Lines());
 }
 
+TEST_F(HeaderSnifferTest, TheExtensionTellsWhereTheHeaderIsLookedFor) {
+  const std::string text = "#EXTM3U\r\n[playlist]\r\nVersion=2\r\n";
+  const std::pair<StringView, std::int32_t> rows[] = {
+      {u"C:\\a.m3u", 3}, {u"C:\\a.ASX", 3}, {u"C:\\a.Pls", 4}, {u"C:\\a.txt", 3}, {u"C:\\a", 3}};
+  for (const auto& [path, type] : rows) {
+    platform->AddFile(path, text);
+    EXPECT_EQ(TypeByHeader(component, path), type) << Utf8(path);
+  }
+}
+
+TEST_F(HeaderSnifferTest, AnAsxIsListedAsOneWhateverItsHeaderTells) {
+  platform->AddFile(u"C:\\a.asx", "#EXTM3U\r\n");
+  platform->AddFile(u"C:\\a.m3u", "#EXTM3U\r\n");
+  EXPECT_EQ(ListedType(component, u"C:\\a.asx"), 1);
+  EXPECT_EQ(ListedType(component, u"C:\\gone.Asx", 3), 1);
+  EXPECT_EQ(ListedType(component, u"C:\\a.m3u"), 3);
+  EXPECT_EQ(ListedType(component, u"C:\\a.m3u", 6), 6);
+}
+
 TEST_F(HeaderSnifferTest, AFileThatCannotBeReadHasNoM3uType) {
   EXPECT_EQ(Sniff(u"ParseM3UHeader", u"C:\\gone.m3u"), 0);
   EXPECT_EQ(Sniff(u"ParseM3UHeader", u""), 0);

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <set>
+
 #include "model/ModelTest.h"
 #include "model/PlaylistRecord.h"
 
@@ -39,6 +42,83 @@ TEST(PlaylistTypesTest, EachTypeHasItsNameExtensionReaderAndFailureText) {
     EXPECT_TEXT(type.failureText, rows[i].failure);
     EXPECT_EQ(FindPlaylistType(rows[i].code), &type);
   }
+}
+
+TEST(PlaylistTypesTest, CodesAndNamesAreEachThereOnce) {
+  std::set<std::int32_t> codes, places;
+  std::set<StringView> names;
+  for (const PlaylistType& type : PlaylistTypes()) {
+    EXPECT_TRUE(codes.insert(type.code).second) << type.code;
+    EXPECT_TRUE(names.insert(type.name).second) << type.code;
+    EXPECT_TRUE(places.insert(type.queuePlace).second) << type.code;
+    EXPECT_NE(type.code, playlist_type::kUnknown);
+  }
+}
+
+/// The codes of some types.
+template <class Types>
+std::vector<std::int32_t> Codes(const Types& types) {
+  std::vector<std::int32_t> codes;
+  for (const PlaylistType* const type : types) codes.push_back(type->code);
+  return codes;
+}
+
+TEST(PlaylistTypesTest, TheQueueTakesTypeSixBeforeTypeFive) {
+  EXPECT_EQ(Codes(QueuedTypes()), (std::vector<std::int32_t>{1, 2, 3, 4, 6, 5}));
+}
+
+TEST(PlaylistTypesTest, NeitherTypeTwoNorTypeFourIsWritten) {
+  EXPECT_EQ(Codes(NativeTypes()), (std::vector<std::int32_t>{1, 3, 6, 5}));
+}
+
+TEST(PlaylistTypesTest, EachExtensionIsListedOnce) {
+  const std::vector<StringView> expected{u".asx", u".m3u", u".pls"};
+  EXPECT_TRUE(std::ranges::equal(PlaylistExtensions(), expected));
+}
+
+TEST(PlaylistTypesTest, AllTypesOfAnExtensionHaveTheSameHeader) {
+  for (const PlaylistType& type : PlaylistTypes()) {
+    for (const PlaylistType& other : PlaylistTypes()) {
+      if (type.extension != other.extension) continue;
+      EXPECT_EQ(type.header, other.header) << type.code << " " << other.code;
+    }
+  }
+}
+
+TEST(PlaylistTypesTest, PlaylistFilesAreKnownByTheirExtensions) {
+  for (const StringView name : {u"a.m3u", u"a.M3U", u"a.pls", u"a.Asx", u".m3u", u"a.mp3.pls"}) {
+    EXPECT_TRUE(IsPlayListFile(name)) << Utf8(name);
+  }
+  for (const StringView name : {u"", u"m3u", u"a.m3u8", u"a.asx ", u"a.mp3", u"a.wpl", u"a.m3"}) {
+    EXPECT_FALSE(IsPlayListFile(name)) << Utf8(name);
+  }
+}
+
+TEST(PlaylistTypesTest, ATypeOfAFileIsTheFirstOfItsExtensionThatFits) {
+  const auto type = FindTypeOfFile(
+      u"Mix.M3U", [](const PlaylistType& each) { return each.readAs != Syntax::Asx; });
+  ASSERT_NE(type, nullptr);
+  EXPECT_EQ(type->code, 3);
+  const auto any = [](const PlaylistType&) { return true; };
+  EXPECT_EQ(FindTypeOfFile(u"Mix.pls", any)->code, 4);
+  EXPECT_EQ(FindTypeOfFile(u"Mix.mp3", any), nullptr);
+  EXPECT_EQ(FindTypeOfFile(u"Mix.pls", [](const PlaylistType&) { return false; }), nullptr);
+}
+
+TEST(PlaylistTypesTest, APlaylistThatTellsNoTypeIsTakenForOneByItsExtensionAndItsTitles) {
+  const struct {
+    StringView name;
+    std::int32_t withTitles, withoutTitles;
+  } rows[] = {{u"a.asx", 1, 1}, {u"a.M3U", 3, 6}, {u"a.pls", 4, 4}, {u"a.txt", 3, 6}, {u"", 3, 6}};
+  for (const auto& row : rows) {
+    EXPECT_EQ(StandInType(row.name, true).code, row.withTitles) << Utf8(row.name);
+    EXPECT_EQ(StandInType(row.name, false).code, row.withoutTitles) << Utf8(row.name);
+  }
+}
+
+TEST(PlaylistTypesTest, ATitleTellsTheFormatAndThePlayer) {
+  EXPECT_TEXT(FindPlaylistType(1)->Title(), u"ASX of Windows Media Player");
+  EXPECT_TEXT(FindPlaylistType(5)->Title(), u"PLS of Sonique");
 }
 
 TEST(PlaylistTypesTest, OtherCodesAreNoTypes) {

@@ -39,15 +39,6 @@ TEST_F(UtilityTest, TheExtensionFollowsTheLastPoint) {
   EXPECT_TEXT(GetExtension(u"C:\\a.b\\c"), u"b\\c");
 }
 
-TEST_F(UtilityTest, PlaylistFilesAreKnownByTheirLastFourCharacters) {
-  for (const StringView name : {u"a.m3u", u"a.M3U", u"a.pls", u"a.Asx", u".m3u", u"a.mp3.pls"}) {
-    EXPECT_TRUE(IsPlayListFile(name)) << Utf8(name);
-  }
-  for (const StringView name : {u"", u"m3u", u"a.m3u8", u"a.asx ", u"a.mp3", u"a.wpl", u"a.m3"}) {
-    EXPECT_FALSE(IsPlayListFile(name)) << Utf8(name);
-  }
-}
-
 struct Replacement {
   StringView text;
   StringView from;
