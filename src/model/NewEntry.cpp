@@ -6,13 +6,13 @@
 namespace norvo {
 namespace {
 
-std::shared_ptr<FormatEntry> NewOfClass(Component& component, EntryClass entryClass) {
-  switch (entryClass) {
-    case EntryClass::Asx:
+std::shared_ptr<FormatEntry> NewOfKind(Component& component, EntryKind kind) {
+  switch (kind) {
+    case EntryKind::Asx:
       return std::make_shared<AsxEntry>(component);
-    case EntryClass::M3u:
+    case EntryKind::M3u:
       return std::make_shared<M3UEntry>(component);
-    case EntryClass::Pls:
+    case EntryKind::Pls:
       break;
   }
   return std::make_shared<PlsEntry>(component);
@@ -23,7 +23,7 @@ std::shared_ptr<FormatEntry> NewOfClass(Component& component, EntryClass entryCl
 std::shared_ptr<FormatEntry> NewEntry(Component& component, std::int32_t type) {
   const PlaylistType* const row = FindPlaylistType(type);
   if (row == nullptr) return nullptr;
-  std::shared_ptr<FormatEntry> entry = NewOfClass(component, row->entries);
+  std::shared_ptr<FormatEntry> entry = NewOfKind(component, row->entries);
   entry->SetEntryType(type);
   return entry;
 }

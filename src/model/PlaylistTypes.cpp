@@ -18,8 +18,7 @@ constexpr PlaylistType kTypes[] = {
         .failureText =
             u"NVERR_OPFAIL, PLAYLIST::ReadPlayList, ReadASX for Type WMP_ASX returned False",
         .writtenAs = Syntax::Asx,
-        .entries = EntryClass::Asx,
-        .entryExtension = u".asx",
+        .entries = EntryKind::Asx,
         .standIn = StandIn::Always,
         // Listed without a look at the text; the queue, which looks, finds another type: intended.
         .isToldByExtension = true,
@@ -37,7 +36,7 @@ constexpr PlaylistType kTypes[] = {
         .failureText =
             u"NVERR_OPFAIL, PLAYLIST::ReadPlayList, ReadASX for Type WMP_M3U returned False",
         .writtenAs = std::nullopt,  // no M3U is written for this player: intended
-        .entries = EntryClass::Asx,
+        .entries = EntryKind::Asx,
         .entryExtension = u".asx",  // not the playlist's own: intended
         .mark = {.text = u"<Asx"},
     },
@@ -51,8 +50,7 @@ constexpr PlaylistType kTypes[] = {
         .failureText =
             u"NVERR_OPFAIL, PLAYLIST::ReadPlayList, ReadM3U for type WINAMP_M3U returned False",
         .writtenAs = Syntax::M3u,
-        .entries = EntryClass::M3u,
-        .entryExtension = u".m3u",
+        .entries = EntryKind::M3u,
         .itemInfo = ItemInfo::ExtInfLine,
         .mark = {.text = u"#EXTM3U"},
         .standIn = StandIn::WithTitles,
@@ -67,8 +65,7 @@ constexpr PlaylistType kTypes[] = {
         .failureText =
             u"NVERR_OPFAIL, PLAYLIST::ReadPlayList, ReadPLS for type WINAMP_PLS returned False",
         .writtenAs = std::nullopt,  // no PLS is written for this player: intended
-        .entries = EntryClass::Pls,
-        .entryExtension = u".pls",
+        .entries = EntryKind::Pls,
         .itemInfo = ItemInfo::Title,
         .header = Header::SettingsKeys,
         .mark = {.version = u"2"},
@@ -84,8 +81,7 @@ constexpr PlaylistType kTypes[] = {
         .failureText =
             u"NVERR_OPFAIL, PLAYLIST::ReadPlayList, ReadPLS for type SONIQUE_PLS returned False",
         .writtenAs = Syntax::Pls,
-        .entries = EntryClass::Pls,
-        .entryExtension = u".pls",
+        .entries = EntryKind::Pls,
         .itemInfo = ItemInfo::Title,
         .header = Header::SettingsKeys,
         .mark = {.key = u"CachedInfo", .withoutVersion = true},
@@ -100,8 +96,7 @@ constexpr PlaylistType kTypes[] = {
         .failureText =
             u"NVERR_OPFAIL, PLAYLIST::ReadPlayList, ReadMMJB for type MMJB_M3U returned False",
         .writtenAs = Syntax::BareM3u,
-        .entries = EntryClass::M3u,
-        .entryExtension = u".m3u",
+        .entries = EntryKind::M3u,
         .mark = {.pattern = u"?:\\*"},
         .standIn = StandIn::WithoutTitles,
     },
@@ -177,12 +172,13 @@ const PlaylistType& StandInType(StringView fileName, bool hasTitles) {
 
 bool HasAsxEntries(std::int32_t code) {
   const PlaylistType* const type = FindPlaylistType(code);
-  return type != nullptr && type->entries == EntryClass::Asx;
+  return type != nullptr && type->entries == EntryKind::Asx;
 }
 
 StringView EntryExtension(std::int32_t code) {
   const PlaylistType* const type = FindPlaylistType(code);
-  return type == nullptr ? StringView() : type->entryExtension;
+  if (type == nullptr) return {};
+  return type->entryExtension.empty() ? type->extension : type->entryExtension;
 }
 
 }  // namespace norvo

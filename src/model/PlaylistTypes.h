@@ -25,7 +25,7 @@ inline constexpr std::int32_t kMmjbM3u = 6;
 enum class Syntax { Asx, M3u, BareM3u, Pls };
 
 /// Class of a playlist's entries; see model/NewEntry.h.
-enum class EntryClass { Asx, M3u, Pls };
+enum class EntryKind { Asx, M3u, Pls };
 
 /// What the extended-information text of an item holds.
 enum class ItemInfo { None, ExtInfLine, Title };
@@ -56,8 +56,8 @@ struct PlaylistType {
   Syntax readAs;
   StringView failureText;             ///< log line of a failed read
   std::optional<Syntax> writtenAs{};  ///< nothing: restored playlists are not written so
-  EntryClass entries = EntryClass::M3u;
-  StringView entryExtension;  ///< what an entry cuts off its playlist name
+  EntryKind entries = EntryKind::M3u;
+  StringView entryExtension{};  ///< what an entry cuts off its playlist name; empty: the extension
   ItemInfo itemInfo = ItemInfo::None;
 
   Header header = Header::FirstLines;  ///< the same for all types of one extension
