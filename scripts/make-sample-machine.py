@@ -11,8 +11,8 @@ import tempfile
 
 sys.dont_write_bytecode = True  # the sources' folder stays clean
 
+from makers.files import write  # noqa: E402
 from sample_machine.describe import description  # noqa: E402
-from sample_machine.files import write  # noqa: E402
 from sample_machine.machines import make_new_machine, make_old_machine  # noqa: E402
 
 

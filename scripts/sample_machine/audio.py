@@ -6,7 +6,7 @@ import struct
 import subprocess
 import sys
 
-from .files import write
+from makers.files import write
 
 RATE = 16000
 

@@ -1,6 +1,7 @@
 """The description of both machines, examples/README.md, from the tables that they were made of."""
 
-from .files import drive_path
+from makers.files import drive_path
+
 from .machines import FOREIGN_PLAYLIST, FOREIGN_SONG
 from .music import described_music
 from .new_settings import PLAYER_SETTINGS

@@ -8,7 +8,8 @@ import gi
 gi.require_version("TotemPlParser", "1.0")
 from gi.repository import Gio, TotemPlParser  # noqa: E402
 
-from .files import place  # noqa: E402
+from makers.files import place  # noqa: E402
+
 from .references import ADDRESS, GONE, KEPT, NET, SONG, UNREAD  # noqa: E402
 from .shelf import T_SO, T_WA3  # noqa: E402
 

@@ -1,10 +1,11 @@
 """Playlists of which a move could lose something: the readers do not take what they list, their
 names are taken or say nothing, or their songs have names that cannot stand as they are."""
 
+from makers.playlists import Item, asx, asx_entry, m3u, pls, title_line
+
 from .music import KINDS, MINE, ODD, TWINS
 from .references import (ADDRESS, EMPTY, FAILED, GONE, KEPT, NET, NOMEDIA, SONG, UNREAD)
 from .shelf import T_ASX, T_MM, T_WA3, T_WAP
-from .syntax import asx, asx_entry, pls
 
 ROOT_SONG = r"C:\Music\Root Song.mp3"
 
@@ -24,14 +25,15 @@ def add_torn_lists(add):
     mac = ["Root Song.mp3", r"Pop Hits [2003]\04 Glass Houses.mp3"]
     add("C/Music/Old Mac.m3u", T_WA3,
         "CR line ends: the whole file is one line with the header in it, so it holds no entry.",
-        ["#EXTM3U", "#EXTINF:100,Nobody - Root Song", *mac],
+        m3u([Item(mac[0], "Nobody - Root Song", 100), Item(mac[1])]),
         [(reference, UNREAD, SONG) for reference in mac], end="\r")
 
     cut = ["Root Song.mp3", r"Pop Hits [2003]\02 Don't Look Back.mp3"]
     add("C/Music/Cut off.m3u", T_WA3,
         "Ends in a title line: the read fails there, and the queue goes on without the entries "
         "before it.",
-        ["#EXTM3U", "#EXTINF:100,Nobody - Root Song", *cut, "#EXTINF:120,Nobody - Nothing"],
+        m3u([Item(cut[0], "Nobody - Root Song", 100), Item(cut[1])],
+            tail=[title_line("Nobody - Nothing", 120)]),
         [(reference, FAILED, SONG) for reference in cut], last_end=False)
 
 
@@ -39,10 +41,10 @@ def add_lists_of_one_name(add):
     """Playlists whose neutral files have one name."""
     mix = [r"Pop Hits [2003]\01 Northern Lights.mp3", r"Sounds\bell.wav"]
     add("C/Music/Mix.m3u", T_WA3, "One of four named Mix: their generic files have one name.",
-        ["#EXTM3U", *mix], [(reference, KEPT) for reference in mix])
+        m3u(map(Item, mix)), [(reference, KEPT) for reference in mix])
     add("C/Music/Mix.pls", T_WAP, "Named Mix too.",
-        pls([(1, r"Pop Hits [2003]\02 Don't Look Back.mp3", "The Harbours - Don't Look Back", 199),
-             (2, "Root Song.mp3", "Nobody - Root Song", 101)]),
+        pls([Item(r"Pop Hits [2003]\02 Don't Look Back.mp3", "The Harbours - Don't Look Back", 199),
+             Item("Root Song.mp3", "Nobody - Root Song", 101)]),
         [(r"Pop Hits [2003]\02 Don't Look Back.mp3", KEPT), ("Root Song.mp3", KEPT)])
     add("C/Music/Mix.asx", T_ASX, "Named Mix too.",
         asx("Mix", asx_entry(r"Pop Hits [2003]\03 Paper Boats (Radio Edit).mp3", "Paper Boats",
@@ -52,13 +54,13 @@ def add_lists_of_one_name(add):
          ("http://radio.example.com/live.mp3", NET)])
     demos = ["Demo {take 2}.mp3", "Demo #3.mp3"]
     add(MINE + "Mix.m3u", T_WA3, "Named Mix too, in another folder.",
-        ["#EXTM3U", *demos], [(reference, KEPT) for reference in demos])
+        m3u(map(Item, demos)), [(reference, KEPT) for reference in demos])
 
     points = "A name with a point inside: the generic file of `%s` is called `a.ini` as well."
     gigue, allemande = (r"Klassik\Suite Nr. 1\4. Gigue.mp3",
                         r"Klassik\Suite Nr. 1\2. Allemande.mp3")
-    add("D/Musik/a.b.m3u", T_WA3, points % "a.c.m3u", ["#EXTM3U", gigue], [(gigue, KEPT)])
-    add("D/Musik/a.c.m3u", T_WA3, points % "a.b.m3u", ["#EXTM3U", allemande], [(allemande, KEPT)])
+    add("D/Musik/a.b.m3u", T_WA3, points % "a.c.m3u", m3u([Item(gigue)]), [(gigue, KEPT)])
+    add("D/Musik/a.c.m3u", T_WA3, points % "a.b.m3u", m3u([Item(allemande)]), [(allemande, KEPT)])
 
 
 def add_lists_of_same_songs(add):
@@ -76,15 +78,13 @@ def add_lists_of_same_songs(add):
              r"\Music\Jazz and Blues\Live (1999)\Blue Quarter - After Hours.mp3"]
     titles = ["Blue Quarter - After Hours", "The Blue Quarter of New Orleans - After Hours, encore",
               "BQ / after hours", "After Hours"]
-    lines = ["#EXTM3U"]
-    for reference, title in zip(hours, titles):
-        lines += ["#EXTINF:288," + title, reference]
     add("C/Music/Jazz and Blues/Four times.m3u", T_WA3,
         "One song, named in four ways, with other artists in the titles.",
-        lines, [(reference, KEPT) for reference in hours])
+        m3u(Item(reference, title, 288) for reference, title in zip(hours, titles)),
+        [(reference, KEPT) for reference in hours])
     add("C/Music/Once more.pls", T_WAP, "The same song under still another title.",
-        pls([(1, r"Jazz and Blues\Live (1999)\Blue Quarter - After Hours.mp3",
-              "Blue Quarter & Friends - After Hours", 288)]),
+        pls([Item(r"Jazz and Blues\Live (1999)\Blue Quarter - After Hours.mp3",
+                  "Blue Quarter & Friends - After Hours", 288)]),
         [(r"Jazz and Blues\Live (1999)\Blue Quarter - After Hours.mp3", KEPT)])
 
     ends = [ROOT_SONG, r"C:\My Documents\Norvo Media\Music\Nobody\Loose Ends\Root Song.mp3"]
@@ -99,14 +99,14 @@ def add_odd_names(add):
              "Console.mp3", "Endless.mp3"]
     add(ODD + "Odd tags.m3u", T_WA3,
         "The songs' artists and albums can be no folders as they are (see the music below).",
-        ["#EXTM3U", *songs], [(reference, KEPT) for reference in songs])
+        m3u(map(Item, songs)), [(reference, KEPT) for reference in songs])
 
     loud = ["Root Song.mp3", r"Pop Hits [2003]\04 Glass Houses.mp3"]
     add("C/Music/!!!.m3u", T_WA3, "Its name is nothing but characters that a new name loses.",
-        ["#EXTM3U", *loud], [(reference, KEPT) for reference in loud])
+        m3u(map(Item, loud)), [(reference, KEPT) for reference in loud])
     tape = r"Deep\er\than most folders\lost tape.mp3"
     add("D/Archive/OLD DISK.PLS", T_WAP, "The extension is in capitals.",
-        pls([(1, tape, "Unknown - Lost Tape", 77)]), [(tape, KEPT)])
+        pls([Item(tape, "Unknown - Lost Tape", 77)]), [(tape, KEPT)])
 
 
 def add_other_scripts(add):
@@ -116,17 +116,17 @@ def add_other_scripts(add):
     sakura = r"日本の歌\さくら.mp3"
     add("C/Music/World tour.m3u", T_WA3,
         "UTF-16 with a byte order mark; file names that the 8-bit page lacks.",
-        ["#EXTM3U", "#EXTINF:181,Neznámý - Příliš žluťoučký kůň", horse,
-         "#EXTINF:182,Голоса - Песня о друге", friend, "C:\\Music\\" + sakura],
-        [(horse, KEPT), (friend, KEPT), ("C:\\Music\\" + sakura, KEPT)], charset="utf-16")
+        m3u([Item(horse, "Neznámý - Příliš žluťoučký kůň", 181),
+             Item(friend, "Голоса - Песня о друге", 182), Item("C:\\Music\\" + sakura)]),
+        [(horse, KEPT), (friend, KEPT), ("C:\\Music\\" + sakura, KEPT)], charset="utf-16-le")
     add("C/Music/Far away.pls", T_WAP, "UTF-8 with a byte order mark; such names too.",
-        pls([(1, "C:\\Music\\" + horse, "Příliš žluťoučký kůň", 181), (2, sakura, "さくら", 183),
-             (3, r"..\music\ПЕСНИ\песня о друге.mp3", "Песня о друге", 182)]),
+        pls([Item("C:\\Music\\" + horse, "Příliš žluťoučký kůň", 181), Item(sakura, "さくら", 183),
+             Item(r"..\music\ПЕСНИ\песня о друге.mp3", "Песня о друге", 182)]),
         [("C:\\Music\\" + horse, KEPT), (sakura, KEPT),
          (r"..\music\ПЕСНИ\песня о друге.mp3", KEPT)], charset="utf-8-sig")
     add("C/Music/Сборник.m3u", T_WA3,
         "Its own name in a script that the 8-bit page lacks; UTF-8 with a byte order mark.",
-        ["#EXTM3U", friend, "Root Song.mp3"], [(friend, KEPT), ("Root Song.mp3", KEPT)],
+        m3u([Item(friend), Item("Root Song.mp3")]), [(friend, KEPT), ("Root Song.mp3", KEPT)],
         charset="utf-8-sig")
 
 
@@ -143,12 +143,12 @@ def add_odd_references(add):
             (r"Other kinds\Voice Memo.m4a", NOMEDIA, KINDS + "Voice Memo.m4a")]
     add("C/Music/Spellings.m3u", T_WA3,
         "A file: URL, slashes, percent signs, other kinds of addresses and of songs.",
-        ["#EXTM3U", *(row[0] for row in rows)], rows)
+        m3u(Item(row[0]) for row in rows), rows)
     radio = [("https://radio.example.com/live.mp3", GONE, ADDRESS),
              ("http://radio.example.com:8000/", NET),
              ("rtsp://media.example.com/night/show.rm", GONE, ADDRESS)]
     add("C/Music/Web radio.m3u", T_WA3, "Lists no file at all.",
-        ["#EXTM3U", *(row[0] for row in radio)], radio)
+        m3u(Item(row[0]) for row in radio), radio)
 
 
 def add_odd_asx(add):

@@ -1,8 +1,12 @@
 """The two machines as a whole."""
 
+from makers.files import drive_path, place, settle, write
+from makers.machine import machine_ini
+from makers.playlists import Item, m3u
+from makers.text import encoded, joined
+
 from .audio import encode
 from .desktop_player import add_desktop_lists
-from .files import place, settle, write
 from .losses import add_losses
 from .music import make_music
 from .musicmatch import add_musicmatch_m3u
@@ -12,6 +16,7 @@ from .sonique import add_sonique_pls
 from .winamp import add_winamp_m3u, add_winamp_pls
 from .windows_media_player import add_asx, add_wmp_m3u
 
+DOCUMENTS = "C:\\My Documents"
 FOREIGN_SONG = "C/My Documents/Norvo Media/Music/The Harbours/Pop Hits/01 Northern Lights.mp3"
 FOREIGN_PLAYLIST = "C/My Documents/Norvo Media/PlayLists/WinAmp/Favorites.m3u"
 
@@ -20,7 +25,7 @@ def make_old_machine(root):
     """Makes the machine in `root`, and gives its playlists."""
     make_music(root)
     write(place(root, "machine.ini"),
-          b"[Drives]\nC=fixed\nD=fixed\nE=cdrom\n\n[ShellFolders]\n5=C:\\My Documents\n")
+          machine_ini(["C=fixed", "D=fixed", "E=cdrom"], DOCUMENTS, end="\n"))
     write(place(root, "registry.reg"), old_registry())
     write(place(root, "C/My Documents/readme.txt"),
           "Not a media file; some playlists name it all the same.\r\n".encode("cp1252"))
@@ -54,12 +59,10 @@ def make_playlists(root):
 
 def make_new_machine(root):
     """A machine with players of its own, and with files where a move would put some."""
-    write(place(root, "machine.ini"),
-          b"[Drives]\nC=fixed\n\n[ShellFolders]\n5=C:\\My Documents\n")
+    write(place(root, "machine.ini"), machine_ini(["C=fixed"], DOCUMENTS, end="\n"))
     write(place(root, "registry.reg"), new_registry())
-    make_programs(root, volume=120, folder="C:\\My Documents")
+    make_programs(root, volume=120, folder=DOCUMENTS)
     encode(place(root, FOREIGN_SONG), 50, 0.2)
-    lines = ["#EXTM3U", "#EXTINF:221,The Harbours - Northern Lights (Live)",
-             "C:\\" + FOREIGN_SONG[2:].replace("/", "\\"), ""]
-    write(place(root, FOREIGN_PLAYLIST), "\r\n".join(lines).encode("cp1252"))
+    song = Item(drive_path(FOREIGN_SONG), "The Harbours - Northern Lights (Live)", 221)
+    write(place(root, FOREIGN_PLAYLIST), encoded(joined(m3u([song]))))
     settle(root)

@@ -1,7 +1,8 @@
 """The music of the old machine and its tags."""
 
+from makers.files import drive_path, place, write
+
 from .audio import encode, write_wav
-from .files import drive_path, place, write
 from .tags import lame_tags, tag_id3v2, tag_mutagen
 
 POP = "C/Music/Pop Hits [2003]/"

@@ -1,6 +1,6 @@
 """The players' settings of the new machine, and what a move makes of them."""
 
-from .registry import MEDIA_PLAYER, MUSICMATCH, SONIQUE
+from makers.players import MEDIA_PLAYER, MUSICMATCH, SONIQUE
 
 DOCUMENTS = "C:\\My Documents"
 LISTS = DOCUMENTS + r"\Norvo Media\PlayLists" + "\\"

@@ -5,7 +5,8 @@ person sees who opens the playlist."""
 import ntpath
 from dataclasses import dataclass
 
-from .files import drive_path
+from makers.files import drive_path
+
 from .music import songs_by_path
 
 KEPT = "kept"

@@ -1,61 +1,28 @@
-"""The registries of both machines, as the registry editor exports them."""
+"""The registries of both machines."""
 
-CURRENT_USER = "HKEY_CURRENT_USER\\Software\\"
-LOCAL_MACHINE = "HKEY_LOCAL_MACHINE\\SOFTWARE\\"
-APP_PATHS = LOCAL_MACHINE + r"Microsoft\Windows\CurrentVersion\App Paths" + "\\"
-MUSICMATCH = LOCAL_MACHINE + r"MusicMatch\MusicMatch Jukebox\4.0" + "\\"
-SONIQUE = CURRENT_USER + r"MediaScience\Sonique\General Preferences 0.80"
-MEDIA_PLAYER = CURRENT_USER + r"Microsoft\MediaPlayer\Player\Settings"
+from makers.players import MEDIA_PLAYER, MUSICMATCH, SONIQUE, app_path, opens_files
+from makers.registry import CLASSES, CURRENT_USER, exported, hex_value, number_value, text_value
 
 PROGRAMS = "C:\\Program Files\\"
-
-
-def text_value(name, text):
-    escaped = text.replace("\\", "\\\\").replace('"', '\\"')
-    return '%s="%s"' % ("@" if name is None else '"%s"' % name, escaped)
-
-
-def hex_value(name, kind, data):
-    """A value of another type as the editor breaks it: lines below 80 characters."""
-    line = '"%s"=%s:' % (name, kind)
-    out = []
-    for i, byte in enumerate(data):
-        piece = "%02x" % byte + ("," if i + 1 < len(data) else "")
-        if len(line) + len(piece) > 78:
-            out.append(line + "\\")
-            line = "  "
-        line += piece
-    return "\r\n".join(out + [line])
 
 
 def wide(text):
     return (text + "\0").encode("utf-16-le")
 
 
-def exported(keys):
-    """The file's bytes, from pairs of a key and its values."""
-    lines = ["Windows Registry Editor Version 5.00", ""]
-    for name, values in keys:
-        lines += ["[%s]" % name, *values, ""]
-    return b"\xff\xfe" + ("\r\n".join(lines) + "\r\n").encode("utf-16-le")
-
-
 def file_types():
     """Where Sonique and Winamp are found."""
     return [
-        (r"HKEY_CLASSES_ROOT\Sonique.File\shell\open\command",
-         [text_value(None, PROGRAMS + r'Sonique\Sonique.exe "%1"')]),
-        (r"HKEY_CLASSES_ROOT\Winamp.File",
-         [text_value(None, "Winamp media file"), '"EditFlags"=dword:00010000']),
-        (r"HKEY_CLASSES_ROOT\Winamp.File\shell\open\command",
-         [text_value(None, PROGRAMS + r'Winamp\Winamp.exe "%1"')]),
+        opens_files("Sonique", PROGRAMS + r"Sonique\Sonique.exe"),
+        (CLASSES + "Winamp.File",
+         [text_value(None, "Winamp media file"), number_value("EditFlags", 0x10000)]),
+        opens_files("Winamp", PROGRAMS + r"Winamp\Winamp.exe"),
     ]
 
 
 def app_paths():
     """Where MusicMatch Jukebox and Windows Media Player are found."""
-    return [(APP_PATHS + program, [text_value(None, PROGRAMS + folder + "\\" + file),
-                                   text_value("Path", PROGRAMS + folder)])
+    return [app_path(program, PROGRAMS + folder + "\\" + file, PROGRAMS + folder)
             for program, folder, file in (
                 ("MMJB.EXE", r"MusicMatch\MusicMatch Jukebox", "mmjb.exe"),
                 ("wmplayer.exe", "Windows Media Player", "wmplayer.exe"))]
@@ -65,7 +32,7 @@ def foreign_program():
     return [(CURRENT_USER + "Example Mixer", [
         text_value(None, "A foreign program's key"),
         text_value("Skin", PROGRAMS + r"Example Mixer\Skins\Grün [dark].skn"),
-        '"Volume"=dword:000000c8',
+        number_value("Volume", 200),
         text_value("Empty", ""),
         hex_value("Window", "hex", bytes(range(40))),
         hex_value("Folder", "hex(2)", wide(r"%USERPROFILE%\My Documents\Mixer")),
@@ -78,7 +45,7 @@ def players_of_user(playlists, open_folder, save_folder):
     """Settings of Sonique and Windows Media Player."""
     return [
         (SONIQUE, [text_value("DefaultFilesDirectory", playlists),
-                   '"AlwaysOnTop"=dword:00000001']),
+                   number_value("AlwaysOnTop", 1)]),
         (MEDIA_PLAYER, [text_value("OpenDir", open_folder),
                         text_value("SaveAsDir", save_folder)]),
     ]

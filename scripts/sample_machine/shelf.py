@@ -1,6 +1,8 @@
 """The playlists of the old machine, which are written and described one by one."""
 
-from .files import place, write
+from makers.files import place, write
+from makers.text import encoded, joined
+
 from .references import described
 
 T_ASX = "ASX (Windows Media Player)"
@@ -22,10 +24,8 @@ class Shelf:
 
     def add(self, rel, kind, odd, lines, rows, end="\r\n", charset="cp1252", last_end=True):
         """Writes a playlist of these lines, and describes it by rows as described() takes them."""
-        text = end.join(lines) + (end if lines and last_end else "")
-        if charset == "utf-16":
-            text, charset = "\ufeff" + text, "utf-16-le"
-        write(place(self.root, rel), text.encode(charset))
+        text = joined(lines, end, last_end) if lines else ""
+        write(place(self.root, rel), encoded(text, charset))
         self.describe(rel, kind, odd, rows)
 
     def describe(self, rel, kind, odd, rows):

@@ -1,21 +1,22 @@
 """Playlists of Sonique."""
 
+from makers.playlists import Item, pls
+
 from .references import GONE, KEPT, NET
 from .shelf import T_SO
-from .syntax import pls
 
 
 def add_sonique_pls(add):
     """PLS files of Sonique."""
     add("C/Program Files/Sonique/Playlists/default.pls", T_SO,
         "Has a CachedInfo key, beside Version=2.",
-        pls([(1, r"C:\Music\Jazz and Blues\Live (1999)\Blue Quarter - After Hours.mp3",
-              "Blue Quarter - After Hours", 288),
-             (2, r"C:\Music\Ärzte und Söhne\Übermut\Straße nach Süden.mp3",
-              "Ärzte und Söhne - Straße nach Süden", 240),
-             (3, r"..\..\..\Music\Root Song.mp3", "Nobody - Root Song", 101),
-             (4, "http://radio.example.com/live.mp3", "Live", -1),
-             (5, r"C:\Music\Sounds\bell.wav", None, 1)],
+        pls([Item(r"C:\Music\Jazz and Blues\Live (1999)\Blue Quarter - After Hours.mp3",
+                  "Blue Quarter - After Hours", 288),
+             Item(r"C:\Music\Ärzte und Söhne\Übermut\Straße nach Süden.mp3",
+                  "Ärzte und Söhne - Straße nach Süden", 240),
+             Item(r"..\..\..\Music\Root Song.mp3", "Nobody - Root Song", 101),
+             Item("http://radio.example.com/live.mp3", "Live", -1),
+             Item(r"C:\Music\Sounds\bell.wav", None, 1)],
             head=("CachedInfo=1",)),
         [(r"C:\Music\Jazz and Blues\Live (1999)\Blue Quarter - After Hours.mp3", KEPT),
          (r"C:\Music\Ärzte und Söhne\Übermut\Straße nach Süden.mp3", KEPT),
@@ -24,9 +25,9 @@ def add_sonique_pls(add):
          (r"C:\Music\Sounds\bell.wav", KEPT)])
 
     add("D/Hörspiele/Hörspiele.pls", T_SO, "Without a Version key; an umlaut in its own name.",
-        pls([(1, r"Teil 1\Kapitel 01.mp3", "Kapitel 1", 60),
-             (2, r"Teil 1\Kapitel 02.mp3", "Kapitel 2", 62),
-             (3, r"Teil 1\Kapitel 03.mp3", "Kapitel 3", 64)], tail=()),
+        pls([Item(r"Teil 1\Kapitel 01.mp3", "Kapitel 1", 60),
+             Item(r"Teil 1\Kapitel 02.mp3", "Kapitel 2", 62),
+             Item(r"Teil 1\Kapitel 03.mp3", "Kapitel 3", 64)], tail=()),
         [(r"Teil 1\Kapitel 01.mp3", KEPT), (r"Teil 1\Kapitel 02.mp3", KEPT),
          (r"Teil 1\Kapitel 03.mp3", GONE)])
 

@@ -1,9 +1,10 @@
 """Playlists of Windows Media Player: ASX files, and ASX elements under another extension."""
 
+from makers.playlists import asx, asx_entry
+
 from .music import POP
 from .references import (CD, EMPTY, GONE, KEPT, NET, NODRIVE, NOMEDIA, SHARE, SONG, UNREAD)
 from .shelf import T_ASX, T_NONE, T_WMP3, WMP
-from .syntax import asx, asx_entry
 
 
 def add_asx(add):

@@ -5,24 +5,32 @@ known by construction."""
 import ntpath
 import os
 import random
+import sys
 from pathlib import Path
 
-from machine_description import GeneratedMachine, Song
-from machine_words import (ALBUMS, ARTISTS, DEVICE_NAMES, LATIN, ODD_TEXTS, SONG_ENDINGS,
-                           TITLES, WIDE)
-from mp3_tags import id3v1, id3v2
-from native_playlists import LONGEST_PATH, drives_of, upper, utf16_units
-from new_machine_maker import NewMachineMaker
-from playlist_maker import PlaylistMaker
+sys.path.append(str(Path(__file__).resolve().parents[2] / "scripts"))  # where the makers are
 
-STAMP = 1052907120  # 14 May 2003: older than any birth time on this disk
+from machine_addresses import SONG_ENDINGS  # noqa: E402
+from machine_description import GeneratedMachine, Song  # noqa: E402
+from makers.chance import ByChance  # noqa: E402
+from makers.files import write_old  # noqa: E402
+from makers.machine import machine_ini  # noqa: E402
+from makers.players import app_path, opens_files  # noqa: E402
+from makers.registry import CURRENT_USER, exported, number_value, text_value  # noqa: E402
+from makers.songs import OTHER, id3v1, id3v2  # noqa: E402
+from makers.words import (ALBUMS, ARTISTS, DEVICE_NAMES, LATIN, ODD_TEXTS, TITLES,  # noqa: E402
+                          WIDE)
+from native_playlists import LONGEST_PATH, drives_of, upper, utf16_units  # noqa: E402
+from new_machine_maker import NewMachineMaker  # noqa: E402
+from playlist_maker import PlaylistMaker  # noqa: E402
+
 LONGEST_HOST_NAME = 255  # bytes
 FURTHER = 1000000  # how far the seeds of further machines are away
 
 
-class Maker:
+class Maker(ByChance):
     def __init__(self, seed, folder):
-        self.random = random.Random(seed)
+        super().__init__(random.Random(seed))
         self.seed = seed
         self.made = GeneratedMachine(Path(folder), maker=self)
         self.letters = "C"
@@ -32,12 +40,6 @@ class Maker:
         self.tags = {}  # artist and album of each song, by its content
         self.names = []  # of playlists of an earlier machine
         self.files = 0
-
-    def often(self, probability):
-        return self.random.random() < probability
-
-    def one(self, choices):
-        return self.random.choice(choices)
 
     def make(self):
         self.make_old()
@@ -78,8 +80,7 @@ class Maker:
     @staticmethod
     def put_host(place, content):
         place.parent.mkdir(parents=True, exist_ok=True)
-        place.write_bytes(content)
-        os.utime(place, (STAMP, STAMP))
+        write_old(place, content)
 
     def settle(self, path):
         """True when the old machine can hold a file of that path, which it then does."""
@@ -106,13 +107,13 @@ class Maker:
         has_second = self.often(0.4)
         self.letters = "CD" if has_second else "C"
         if self.often(0.5):
-            lines = ["[Drives]", "C=fixed"]
+            drives, documents = ["C=fixed"], None
             if has_second:
-                lines.append(self.one(["D=fixed", "D=fixed,../disk-d" + self.made.number]))
+                drives.append(self.one(["D=fixed", "D=fixed,../disk-d" + self.made.number]))
             if self.often(0.5):
-                lines += ["[ShellFolders]", "5=" + self.one(
-                    ["C:\\My Documents", "C:\\Documents and Settings\\Anna\\My Documents"])]
-            self.put_host(old / "machine.ini", "\r\n".join(lines + [""]).encode())
+                documents = self.one(
+                    ["C:\\My Documents", "C:\\Documents and Settings\\Anna\\My Documents"])
+            self.put_host(old / "machine.ini", machine_ini(drives, documents, between=()))
         for letter in self.letters:
             (drives_of(old).get(letter) or old / letter).mkdir(parents=True, exist_ok=True)
         if self.often(0.4):
@@ -121,20 +122,13 @@ class Maker:
 
     def install_players(self, machine):
         programs = "C:\\Program Files\\"
-        lines = ["Windows Registry Editor Version 5.00", ""]
-        for key, value in (
-                ("HKEY_CLASSES_ROOT\\Sonique.File\\shell\\open\\command",
-                 "Sonique\\Sonique.exe \"%1\""),
-                ("HKEY_CLASSES_ROOT\\Winamp.File\\shell\\open\\command",
-                 "Winamp\\Winamp.exe \"%1\""),
-                ("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths"
-                 "\\MMJB.EXE", "MusicMatch\\mmjb.exe")):
-            text = (programs + value).replace("\\", "\\\\").replace('"', '\\"')
-            lines += [f"[{key}]", f'@="{text}"', ""]
-        lines += ["[HKEY_CURRENT_USER\\Software\\Example Mixer]", '"Volume"=dword:000000c8',
-                  '"Skin"="Gr\u00fcn"', ""]
-        self.put_host(machine / "registry.reg", "\r\n".join(lines).encode(
-            self.one(["utf-16", "utf-8-sig"])))
+        keys = [opens_files("Sonique", programs + "Sonique\\Sonique.exe"),
+                opens_files("Winamp", programs + "Winamp\\Winamp.exe"),
+                app_path("MMJB.EXE", programs + "MusicMatch\\mmjb.exe"),
+                (CURRENT_USER + "Example Mixer",
+                 [number_value("Volume", 200), text_value("Skin", "Grün")])]
+        charset = self.one(["utf-16-le", "utf-8-sig"])
+        self.put_host(machine / "registry.reg", exported(keys, charset, last_line=False))
         for program in ("Sonique\\Sonique.exe", "Winamp\\Winamp.exe", "MusicMatch\\mmjb.exe"):
             self.put(machine, programs + program, b"MZ")
         self.put(machine, programs + "Winamp\\Winamp.ini", b"[Winamp]\r\nvolume=200\r\n")
@@ -184,13 +178,14 @@ class Maker:
             body = b""
         if ending.lower() != ".mp3":
             return body
-        kind, texts = self.one(["none", "v1", "v2", "v2", "v2", "both"]), self.tag_texts()
+        kind = self.one(["none", "v1", "v2", "v2", "v2", "both"])
+        title, artist, album = self.tag_texts()
         if kind in ("v2", "both"):
-            body = id3v2(*texts) + body
+            body = id3v2(title=title, artist=artist, album=album) + body
         if kind in ("v1", "both"):
-            body += id3v1(*texts)
+            body += id3v1(title, artist, album, genre=OTHER)
         if kind != "none":
-            self.tags[body] = texts[1:]
+            self.tags[body] = artist, album
         return body
 
     def make_songs(self, count):

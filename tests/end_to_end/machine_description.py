@@ -3,7 +3,7 @@
 from dataclasses import dataclass, field
 from pathlib import Path
 
-GROUP_ROOT = "C:\\My Documents\\Norvo Media\\"
+from makers.machine import GROUP_ROOT
 
 
 @dataclass(frozen=True)

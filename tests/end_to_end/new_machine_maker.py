@@ -2,18 +2,19 @@
 
 import ntpath
 
+from makers.chance import ByChance
+from makers.machine import DESTINATION, machine_ini, role_keys
+from makers.registry import exported
 from native_playlists import PLAYER_FOLDERS, drives_of
 
 
-class NewMachineMaker:
+class NewMachineMaker(ByChance):
     """Makes the new machine, or leaves it away, with files that are in the way of the move."""
 
     def __init__(self, maker):
+        super().__init__(maker.random)
         self.maker = maker
         self.made = maker.made
-        self.random = maker.random
-        self.often = maker.often
-        self.one = maker.one
 
     def make(self):
         kind = self.random.random()
@@ -33,8 +34,7 @@ class NewMachineMaker:
                 ["C:\\My Documents\\", "C:\\Documents and Settings\\Anna\\My Documents\\"])
             self.maker.put_host(
                 new / "machine.ini",
-                f"[Drives]\r\nC=fixed\r\n[ShellFolders]\r\n5={self.made.documents[:-1]}"
-                "\r\n".encode())
+                machine_ini(["C=fixed"], self.made.documents[:-1], between=()))
         for way, probability in ((self.occupy_natural_places, 0.6),
                                  (self.occupy_old_addresses, 0.4),
                                  (self.occupy_playlists, 0.4), (self.leave_settings, 0.2),
@@ -44,12 +44,8 @@ class NewMachineMaker:
 
     def choose_group_root(self):
         self.made.group_root = "C:\\Kept Here\\Media\\"
-        escaped = self.made.group_root.replace("\\", "\\\\")
-        key = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Norvo\\Migration\\KVS"
-        text = ('Windows Registry Editor Version 5.00\r\n\r\n'
-                f'[{key}]\r\n"mode"=dword:00000001\r\n\r\n'
-                f'[{key}\\KVMediaPlayLists]\r\n"SubGroupRootName"="{escaped}"\r\n')
-        self.maker.put_host(self.made.new / "registry.reg", text.encode("utf-16"))
+        keys = role_keys(DESTINATION, self.made.group_root)
+        self.maker.put_host(self.made.new / "registry.reg", exported(keys, last_line=False))
 
     def put_foreign(self, path, content):
         """A file of the new machine that is not ours; nothing where it cannot stand."""

@@ -4,23 +4,25 @@ import ntpath
 import re
 from urllib.parse import quote
 
+from machine_addresses import ADDRESSES, MISSING, PLAYER_PLACES, SKIPPED_PLACES
 from machine_description import Item, Playlist
-from machine_words import (ADDRESSES, ALBUMS, ARTISTS, MISSING, ODD_TEXTS, PLAYER_PLACES,
-                           PLAYLIST_NAMES, SKIPPED_PLACES, TITLES, WIDE_PLAYLIST_NAMES)
+from makers import playlists
+from makers.chance import ByChance
+from makers.text import encoded, joined
+from makers.words import (ALBUMS, ARTISTS, ODD_TEXTS, PLAYLIST_NAMES, TITLES,
+                          WIDE_PLAYLIST_NAMES)
 from native_playlists import fits_code_page, upper
 
 
-class PlaylistMaker:
+class PlaylistMaker(ByChance):
     """Writes one playlist of the old machine."""
 
     ENCODINGS = ["cp1252"] * 10 + ["utf-8-sig"] * 4 + ["utf-8"] * 4 + ["utf-16-le"] * 4 + [
         "utf-16-be"]
 
     def __init__(self, maker):
+        super().__init__(maker.random)
         self.maker = maker
-        self.random = maker.random
-        self.often = maker.often
-        self.one = maker.one
         self.encoding = self.one(self.ENCODINGS)
         self.syntax = self.one(["m3u", "m3u", "asx", "pls"])
         self.form = {}
@@ -47,9 +49,7 @@ class PlaylistMaker:
         self.maker.put(self.maker.made.old, path, raw)
 
     def encoded(self, text):
-        if self.encoding.startswith("utf-16"):
-            return ("\ufeff" + text).encode(self.encoding)
-        return text.encode(self.encoding, errors="replace")
+        return encoded(text, self.encoding, errors="replace")
 
     @staticmethod
     def looks_like_utf8(raw):
@@ -184,48 +184,56 @@ class PlaylistMaker:
         kind = self.form["kind"]
         if kind == "bare" and items and not re.match(r".:\\", items[0][1]):
             kind = self.form["kind"] = "relative"
-        lines = ["#EXTM3U"] if kind == "header" else []
+        head = [playlists.HEADER] if kind == "header" else []
         if kind == "comments":
-            lines = [self.one(["# made by hand", "", "#", "# x"])
-                     for _ in range(self.random.randrange(4, 8))]
-        for _, reference in items:
-            if kind in ("header", "comments") and self.often(0.6):
-                lines.append(f"#EXTINF:{self.one(['215', '-1', '1234', ''])}"
-                             f"{self.one([',', ',', ',', ''])}{self.title()}")
-                lines += self.one([[]] * 8 + [["#EXTINF:12,again"], [""], ["# remark"]])
-            nul = "\0" if self.form["nul"] and self.encoding == "cp1252" else ""
-            lines.append(("  " if self.form["lead"] else "") + reference + nul +
-                         ("  " if self.form["trail"] else ""))
-            if self.often(0.05):
-                lines.append("")
+            head = [self.one(["# made by hand", "", "#", "# x"])
+                    for _ in range(self.random.randrange(4, 8))]
+        written = [self.m3u_item(reference, kind) for _, reference in items]
+        tail = []
         if self.form["last_title"] and kind == "header":
-            lines.append("#EXTINF:100,Nobody - Nothing")
-        return self.form["end"].join(lines) + (self.form["end"] if self.often(0.9) else "")
+            tail = [playlists.title_line("Nobody - Nothing", 100)]
+        return joined(playlists.m3u(written, head, tail), self.form["end"], self.often(0.9))
+
+    def m3u_item(self, reference, kind):
+        nul = "\0" if self.form["nul"] and self.encoding == "cp1252" else ""
+        item = playlists.Item(("  " if self.form["lead"] else "") + reference + nul +
+                              ("  " if self.form["trail"] else ""))
+        if kind in ("header", "comments") and self.often(0.6):
+            item.seconds = self.one(["215", "-1", "1234", ""])
+            item.comma = self.one([",", ",", ",", ""])
+            item.title = self.title()
+            item.between = self.one([[]] * 8 + [["#EXTINF:12,again"], [""], ["# remark"]])
+        if self.often(0.05):
+            item.after = [""]
+        return item
 
     def pls(self, items):
-        lines, number, equals = [], 0, self.form["equals"]
-        if self.form["cached"]:
-            lines.append("CachedInfo=1")
+        form, written = self.form, []
         for _, reference in items:
-            number += self.one([1, 1, 2]) if self.form["gaps"] else 1
-            lines.append(f"{'file' if self.form['small'] else 'File'}{number}{equals}{reference}")
-            if self.often(0.6):
-                lines.append(f"Title{number}{equals}{self.title()}")
-                lines.append(f"Length{number}{equals}{self.one(['-1', '215'])}")
-        if self.form["count"]:
-            lines.insert(self.one([0, len(lines)]), f"NumberOfEntries{equals}{number}")
-        lines += [self.form["tail"]] if self.form["tail"] else []
-        lines.insert(0, "[Playlist]" if self.form["small"] else "[playlist]")
-        if self.form["comment"]:
-            lines = ["; written by hand", ""] + lines
-        return self.form["end"].join(lines + [""])
+            written.append(self.pls_item(reference, written[-1].number if written else 0))
+        lines = playlists.pls(
+            written, count=playlists.ALL if form["count"] else None,
+            count_first=form["count"] and self.one([True, False]),
+            head=["CachedInfo=1"] if form["cached"] else [],
+            tail=[form["tail"]] if form["tail"] else [], equals=form["equals"],
+            section="[Playlist]" if form["small"] else "[playlist]",
+            key="file" if form["small"] else "File")
+        return joined((["; written by hand", ""] if form["comment"] else []) + lines, form["end"])
 
-    def attribute(self, value):
-        quote_mark = self.form["quote"]
+    def pls_item(self, reference, last):
+        number = last + (self.one([1, 1, 2]) if self.form["gaps"] else 1)
+        item = playlists.Item(reference, number=number)
+        if self.often(0.6):
+            item.title = self.title()
+            item.seconds = self.one(["-1", "215"])
+        return item
+
+    def escaped(self, value):
         if self.form["escaped"]:
             value = value.replace("&", self.one(["&amp;", "&amp;", "&#38;", "&#x26;"]))
-            value = value.replace("'", "&apos;" if quote_mark == "'" else "'")
-        return quote_mark + value + quote_mark
+            if self.form["quote"] == "'":
+                value = value.replace("'", "&apos;")
+        return value
 
     def parameter(self, name, values):
         """A Param element, sometimes, of a text that fits into it."""
@@ -234,7 +242,8 @@ class PlaylistMaker:
                                                        or fits_code_page(value))
         if not fits or not self.often(0.3):
             return []
-        return [f"<Param Name = {self.attribute(name)} Value = {self.attribute(value)} />"]
+        return [playlists.param(self.escaped(name), self.escaped(value),
+                                quote=self.form["quote"])]
 
     def asx_entry(self, reference, gap):
         entry = [self.one(["<Entry>", "<ENTRY>", "<entry>"])]
@@ -250,17 +259,19 @@ class PlaylistMaker:
             end = f"></{ref}>"
         if self.form["broken"]:
             gap = self.form["end"]
-        entry.append(f"<{ref}{gap}{href}{equals}{self.attribute(reference)}{end}")
+        entry.append(playlists.element(ref, {href: self.escaped(reference)}, gap, equals,
+                                       self.form["quote"], end))
         return entry + ["</Entry>"]
 
     def asx(self, items):
         gap = "  " if self.form["blanks"] else " "
         version = self.one(["Version", "version", "VERSION"])
         lines = ["<!-- by hand", "one", "two", "three", "-->"] if self.form["comments"] else []
-        lines.append(f"<ASX{gap}{version} = {self.attribute('3.0')}>")
+        lines.append(playlists.element("ASX", {version: self.escaped("3.0")}, gap,
+                                       quote=self.form["quote"], end=">"))
         lines += self.parameter("Name", ["Party", "..\\x", "C:\\x", "Mix.m3u", "Mix", "a:b",
                                          "Mix.asx"])
         for _, reference in items:
             entry = self.asx_entry(reference, gap)
             lines += [" ".join(entry)] if self.form["per_line"] else entry + self.one([[], [""]])
-        return self.form["end"].join(lines + ["</ASX>", ""])
+        return joined(lines + ["</ASX>"], self.form["end"])

@@ -1,4 +1,5 @@
-"""The words that the names, tags, addresses and places of generated machines are made of."""
+"""Names of songs, artists and lists: plain ones, ones in many scripts, and ones that are hard to
+hold."""
 
 LATIN = ["Song", "Track 01", "Root Song", "Don't Look Back", "Kraft & Stoff", "Demo #3",
          "100% pure", "50%20off", "a; b", "Pop Hits [2003]", "x=y", "one, two", "Hey!", "{take 2}",
@@ -12,13 +13,6 @@ WIDE = ["Příliš žluťoučký kůň", "Žluté čtvrtky", "Łódź", "Ελλ�
         "e\u0301te\u0301", "n\u0303", "ﬁn", "Ǆ", "İstanbul", "ıssız", "½ → ∞",
         "\u200fمرحبا\u200e"]
 DEVICE_NAMES = ["con", "aux ", "NUL", "com1", "lpt9.x"]
-SONG_ENDINGS = [".mp3"] * 8 + [".MP3", ".Mp3", ".ogg", ".m4a", ".flac", ".wma", ".wav", ".WAV"]
-PLAYER_PLACES = ["Program Files\\Winamp", "Program Files\\Sonique\\Playlists",
-                 "Program Files\\MusicMatch\\MusicMatch Jukebox\\Playlist", "WinAmp",
-                 "Windows Media Player", "My Documents\\My Music\\My Playlists", "My Documents"]
-SKIPPED_PLACES = ["RECYCLED", "RECYCLER\\S-1-5-21", "System Volume Information",
-                  "System Volume Information.old\\x",
-                  "WINDOWS\\Temporary Internet Files\\Content.IE5"]
 PLAYLIST_NAMES = ["Mix"] * 6 + ["a.b", "a.c", "a", "Favorites", "Party Mix", "x=y; z", "100%",
                                 "...!", "!!!", "()[]", ".start", "con", "aux ", "Old.m3u list",
                                 "mix.pls", "Straße & Süden", "it's", "1999", "-", "PlayLists",
@@ -37,12 +31,13 @@ ODD_TEXTS = ["/ \\ : * ? \" < > |", "..\\..\\x", "..", ".", "C:\\x", "D:\\boom",
              "\x81\x90\xa0", "GET_SHELL_FOLDER,5,", "[Entry 1 Properties]", "=", ";", "'", "`^~",
              "~1", "PROGRA~1"]
 
-ADDRESSES = ["http://radio.example.com:8000/", "http://radio.example.com/live.mp3",
-             "HTTP://Radio.example.com/Live?a=1;b=#x", "mms://media.example.com/night/show.wma",
-             "ftp://files.example.org/pub/a b.mp3", "https://secure.example.com/live/stream.ogg",
-             "rtsp://media.example.com/one.rm", "mms://media.example.com/100%25.asf",
-             "\\\\server\\share\\x.mp3", "\\\\server\\share\\Jazz & Blues\\Slow Train.mp3",
-             "https://example.com/x", "http://example.com/it's"]
-MISSING = ["Q:\\No\\drive.mp3", "A:\\Music\\floppy.mp3", "C:\\Music\\no such song.mp3", "gone.mp3",
-           "gone\\gone.mp3", "..\\gone too.mp3", "\\gone.mp3", ".\\gone.ogg", "C:/gone/far.mp3",
-           "file:///C:/gone%20far.mp3", "..\\..\\..\\..\\..\\..\\..\\up.mp3"]
+# Plain names are made of two words.
+FIRST_WORDS = ["Silver", "Quiet", "Broken", "Golden", "Distant", "Electric", "Hollow", "Crimson",
+               "Summer", "Winter", "Velvet", "Paper", "Lonely", "Burning", "Frozen", "Hidden",
+               "Early", "Wild", "Gentle", "Painted", "Second", "Northern", "Rising", "Falling",
+               "Blue", "Green", "Yellow", "Final", "Little", "Marble", "Open", "Secret"]
+SECOND_WORDS = ["River", "Mirror", "Garden", "Station", "Harbour", "Window", "Lantern", "Mountain",
+                "Morning", "Street", "Engine", "Letter", "Shadow", "Ocean", "Circus", "Highway",
+                "Planet", "Forest", "Echo", "Bridge", "Orchard", "Signal", "Thunder", "Voyage",
+                "Feather", "Island", "Carnival", "Meadow", "Compass", "Rain", "Anthem", "Sparrow"]
+GENRES = ["Rock", "Pop", "Jazz", "Blues", "Folk", "Metal", "Dance", "Classical"]
