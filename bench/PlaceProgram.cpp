@@ -1,5 +1,5 @@
 // Places all files of one machine's drive C on another machine's drive C, and prints how many were
-// copied: the work that copy.py measures beside a plain copying of the same folder.
+// copied: the work that placing.py measures beside a plain copying of the same folder.
 
 #include <cstdio>
 #include <filesystem>

@@ -15,6 +15,8 @@ import sys
 import tempfile
 from pathlib import Path
 
+from corpus import Plan, kinds, make_corpus
+
 GROWTH_STEPS = (1000, 4000, 16000)
 ENTRIES_PER_GROWTH_PLAYLIST = 40
 TOTAL_NAME = "WINAMP_M3U Total"
@@ -167,22 +169,20 @@ class Bench:
         self.runner = Runner(self.floors / "measure_run", work)
         self.main_machine = None
 
-    def make_machine(self, name, files, playlists, entries, more=()):
+    def make_machine(self, name, files, playlists, entries, **more):
         folder = self.work / name
         if folder.exists():
             shutil.rmtree(folder)
-        command = [self.floors / "make_corpus", "--dir", folder, "--list"]
-        command += ["--seed", self.arguments.seed, "--files", files]
-        command += ["--playlists", playlists, "--entries", entries, *more]
-        subprocess.run([str(part) for part in command], check=True)
+        make_corpus(folder, Plan(seed=self.arguments.seed, files=files, playlists=playlists,
+                                 entries=entries, writes_list=True, **more))
         return Machine(folder)
 
     def machine(self):
         if self.main_machine is None:
             options = self.arguments
-            more = ["--plain-files", options.plain_files, "--kinds", options.kinds]
             self.main_machine = self.make_machine(
-                "main", options.files, options.playlists, options.entries, more
+                "main", options.files, options.playlists, options.entries,
+                plain_files=options.plain_files, kinds=options.kinds
             )
         return self.main_machine
 
@@ -369,7 +369,8 @@ def parse_arguments():
     parser.add_argument("--files", type=int, default=20000)
     parser.add_argument("--playlists", type=int, default=200)
     parser.add_argument("--entries", type=int, default=500)
-    parser.add_argument("--kinds", default="m3u", help="kinds in turn, from m3u,pls,mmjb")
+    parser.add_argument("--kinds", type=kinds, default="m3u",
+                        help="kinds in turn, from m3u,pls,mmjb")
     parser.add_argument("--plain-files", type=int, default=200000)
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--repeat", type=int, default=7)
@@ -377,7 +378,7 @@ def parse_arguments():
     parser.add_argument("--host", type=Path,
                         help="host program; without it only the floor of the scan is measured")
     parser.add_argument("--floors", type=Path, required=True,
-                        help="build folder with make_corpus, the floors and measure_run")
+                        help="build folder with the floors and measure_run")
     parser.add_argument("--work", type=Path, help="folder for the corpora (a temporary one)")
     parser.add_argument("--keep", action="store_true", help="leave the corpora in place")
     parser.add_argument("--json", type=Path, help="write all figures to this file, - for stdout")

@@ -31,9 +31,9 @@ def m3u(items, head=(HEADER,), tail=()):
     return lines + list(tail)
 
 
-def bare_m3u(references):
-    """What MusicMatch Jukebox writes."""
-    return m3u(map(Item, references), head=())
+def bare_m3u(items):
+    """References alone, as MusicMatch Jukebox writes them."""
+    return [item.reference for item in items]
 
 
 def pls_items(items, key, equals):

@@ -30,8 +30,8 @@ def main():
 
     with tempfile.TemporaryDirectory() as folder:
         machine, trace = Path(folder) / "machine", Path(folder) / "trace"
-        run(options.make_corpus, "--dir", machine, "--seed", 7, "--files", FILES,
-            "--playlists", PLAYLISTS, "--entries", ENTRIES, "--list")
+        run(sys.executable, "-B", options.make_corpus, "--dir", machine, "--seed", 7,
+            "--files", FILES, "--playlists", PLAYLISTS, "--entries", ENTRIES, "--list")
         run(options.strace, "-f", "-o", trace, options.program, machine)
         lines = trace.read_text(errors="replace").splitlines()
 

@@ -156,7 +156,7 @@ def main():
             arguments.json.write_text(json.dumps(results, indent=2) + "\n")
         return 0
     except (BenchError, subprocess.CalledProcessError) as error:
-        print(f"copy: {error}", file=sys.stderr)
+        print(f"placing: {error}", file=sys.stderr)
         return 1
     finally:
         shutil.rmtree(work, ignore_errors=True)
