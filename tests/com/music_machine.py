@@ -3,61 +3,39 @@ and what a collecting and a restoring product make of them."""
 
 import struct
 
-KEY = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Norvo\\Migration\\KVS"
+from makers.machine import PRODUCT, sub_names
+from makers.players import MEDIA_PLAYER, MUSICMATCH, SONIQUE, app_path, opens_files
+from makers.playlists import Item, bare_m3u, m3u, pls
+from makers.registry import CURRENT_USER, LOCAL_MACHINE, number_value, text_value
+from makers.songs import id3v1
+from makers.text import joined
+
 OLD_ROOT = "C:\\My Documents\\Norvo Media\\"
 NEW_ROOT = "C:\\Norvo Media\\"
 OLD_AREA = "My Documents/Norvo Media/KVs"
 NATIVE = "Norvo Media/PlayLists"
-PLAYER_KEY = "HKEY_CURRENT_USER\\Software\\Microsoft\\MediaPlayer\\Player\\Settings"
-SONIQUE_KEY = "HKEY_CURRENT_USER\\Software\\MediaScience\\Sonique\\General Preferences 0.80"
-MUSICMATCH_KEY = "HKEY_LOCAL_MACHINE\\SOFTWARE\\MusicMatch\\MusicMatch Jukebox\\4.0\\"
-APP_PATHS = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\"
 ENTRY_CLASS = "{8EBB6401-6BC6-4589-A380-4D5734B6D533}"
 CLASSES = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Classes\\"
 
 # ------------------------------------------------------------------------------- the registry ----
 
 
-def section(key, **values):
-    """A key with its values as a registry file has them."""
-    lines = [f"[{key}]"]
-    for name, value in values.items():
-        shown = f"dword:{value:08x}" if isinstance(value, int) else quoted(value)
-        lines.append(f"{quoted(name) if name else '@'}={shown}")
-    return "\n".join(lines) + "\n\n"
-
-
-def quoted(text):
-    return '"' + text.replace("\\", "\\\\").replace('"', '\\"') + '"'
-
-
-def group_key(root):
-    return f"HKEY_LOCAL_MACHINE\\{root}KVs\\KVMediaPlayLists"
-
-
-def product(mode, root):
-    return (section(KEY, mode=mode) + section(KEY + "\\KVMediaPlayLists", SubGroupRootName=root) +
-            section(group_key(root)))
-
-
 def surroundings():
     """Where the log and the documents are; and no screen, so that a message box returns at once."""
-    shell = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\"
-    return (section("HKEY_CURRENT_USER\\Software\\Wine\\Drivers", Graphics="null") +
-            section(shell + "User Shell Folders", Personal="C:\\My Documents") +
-            section(KEY.removesuffix("\\KVS"), ProductFolder="C:\\Norvo\\") +
-            section("HKEY_LOCAL_MACHINE\\SOFTWARE\\Norvo\\Debug", VBDebugOut=3))
+    shell = CURRENT_USER + "Microsoft\\Windows\\CurrentVersion\\Explorer\\"
+    return [(CURRENT_USER + "Wine\\Drivers", [text_value("Graphics", "null")]),
+            (shell + "User Shell Folders", [text_value("Personal", "C:\\My Documents")]),
+            (PRODUCT, [text_value("ProductFolder", "C:\\Norvo\\")]),
+            (LOCAL_MACHINE + "Norvo\\Debug", [number_value("VBDebugOut", 3)])]
 
 
 def players():
     programs = "C:\\Programs\\"
-    return (section(APP_PATHS + "MMJB.EXE", Path=programs + "MusicMatch") +
-            section(MUSICMATCH_KEY + "MMDB_DLL") + section(MUSICMATCH_KEY + "MainApp") +
-            section(APP_PATHS + "wmplayer.exe", Path=programs + "WMP") + section(PLAYER_KEY) +
-            section(CLASSES + "Sonique.File\\shell\\open\\command",
-                    **{"": programs + 'Sonique\\Sonique.exe "%1"'}) + section(SONIQUE_KEY) +
-            section(CLASSES + "Winamp.File\\shell\\open\\command",
-                    **{"": programs + 'Winamp\\Winamp.exe "%1"'}))
+    return [app_path("MMJB.EXE", folder=programs + "MusicMatch"),
+            (MUSICMATCH + "MMDB_DLL", []), (MUSICMATCH + "MainApp", []),
+            app_path("wmplayer.exe", folder=programs + "WMP"), (MEDIA_PLAYER, []),
+            opens_files("Sonique", programs + "Sonique\\Sonique.exe", CLASSES), (SONIQUE, []),
+            opens_files("Winamp", programs + "Winamp\\Winamp.exe", CLASSES)]
 
 
 PLAYER_FILES = {"Programs/MusicMatch/mmjb.exe": "x", "Programs/Sonique/Sonique.exe": "x",
@@ -66,35 +44,30 @@ PLAYER_FILES = {"Programs/MusicMatch/mmjb.exe": "x", "Programs/Sonique/Sonique.e
 
 # Registry value of a player: its folder as the value has it.
 PLAYER_SETTINGS = {
-    (PLAYER_KEY, "OpenDir"): NEW_ROOT + "PlayLists\\Windows Media Player",
-    (PLAYER_KEY, "SaveAsDir"): NEW_ROOT + "PlayLists\\Windows Media Player",
-    (SONIQUE_KEY, "DefaultFilesDirectory"): NEW_ROOT + "PlayLists\\Sonique",
-    (MUSICMATCH_KEY + "MMDB_DLL", "PlayList Path"): NEW_ROOT + "PlayLists\\MusicMatch JukeBox",
-    (MUSICMATCH_KEY + "MainApp", "PlayListPath"): NEW_ROOT + "PlayLists\\MusicMatch JukeBox",
+    (MEDIA_PLAYER, "OpenDir"): NEW_ROOT + "PlayLists\\Windows Media Player",
+    (MEDIA_PLAYER, "SaveAsDir"): NEW_ROOT + "PlayLists\\Windows Media Player",
+    (SONIQUE, "DefaultFilesDirectory"): NEW_ROOT + "PlayLists\\Sonique",
+    (MUSICMATCH + "MMDB_DLL", "PlayList Path"): NEW_ROOT + "PlayLists\\MusicMatch JukeBox",
+    (MUSICMATCH + "MainApp", "PlayListPath"): NEW_ROOT + "PlayLists\\MusicMatch JukeBox",
 }
 WINAMP_INI = f"[Winamp]\nvolume=90\ncwd={NEW_ROOT}PlayLists\\Winamp\n"
 
 
-def sub_names(*names):
-    keys = ["SzID001", "SzID002", "SzID003", "SzID004", "szID005", "szID006"]
-    return "[PlayListStrings]\n" + "".join(f"{k}={n}\n" for k, n in zip(keys, names))
+def text(lines):
+    """With plain line ends; the machine's are those of its system."""
+    return joined(lines, "\n")
 
 
-OLD_NAMES = sub_names("Music", "Music", "Music", "Music", "PlayLists", "")
-NEW_NAMES = sub_names("Both", "Artist", "Album", "Neither", "PlayLists", "")
+OLD_NAMES = text(sub_names())
+NEW_NAMES = text(sub_names("Both", "Artist", "Album", "Neither"))
 
 # --------------------------------------------------------------------------- what is collected ----
 
 
-def tagged(song, artist, album):
-    """A song of 228 bytes with a tag at its end."""
-    rock = 17
-    return b"x" * 100 + struct.pack("<3s30s30s30s4s30sB", b"TAG", song, artist, album, b"1999", b"",
-                                    rock)
-
-
-SONG = tagged(b"Song One", b"Some Artist", b"Some Album")
+# A song of 228 bytes with a tag at its end, and one without.
+SONG = b"x" * 100 + id3v1("Song One", "Some Artist", "Some Album")
 PLAIN = b"x" * 200
+TITLED = Item("C:\\Music\\One.mp3", "Some Artist - Song One", 215)
 ASX = """<Asx Version="3.0">
 <Title>Best of</Title>
 <Author>Me</Author>
@@ -109,25 +82,19 @@ ASX = """<Asx Version="3.0">
 </Entry>
 </Asx>
 """
-PLS = """[playlist]
-File1=C:\\Music\\One.mp3
-Title1=Some Artist - Song One
-Length1=215
-File2=http://host/live
-NumberOfEntries=2
-"""
+PLS = [TITLED, Item("http://host/live")]
 MUSIC_FILES = {
     "Music/One.mp3": SONG,
     "Music/Two.mp3": PLAIN,
     "Music/Best.m3u.asx": ASX,
     "Music/Window.m3u": ASX,
-    "Music/Road Trip.m3u": "#EXTM3U\n#EXTINF:215,Some Artist - Song One\nC:\\Music\\One.mp3\n"
-                           "Two.mp3\n",
-    "Music/Amp.pls": PLS + "Version=2\n",
-    "Music/Sonic.pls": PLS + "CachedInfo=1\n",
-    "Music/Jukebox.m3u": "C:\\Music\\One.mp3\nC:\\Music\\gone.mp3\nC:\\Music\\Two.mp3\n",
+    "Music/Road Trip.m3u": text(m3u([TITLED, Item("Two.mp3")])),
+    "Music/Amp.pls": text(pls(PLS)),
+    "Music/Sonic.pls": text(pls(PLS, tail=["CachedInfo=1"])),
+    "Music/Jukebox.m3u": text(bare_m3u([TITLED, Item("C:\\Music\\gone.mp3"),
+                                        Item("C:\\Music\\Two.mp3")])),
     # A folder that no scan enters.
-    "Recycled/Old.m3u": "#EXTM3U\nC:\\Music\\One.mp3\n",
+    "Recycled/Old.m3u": text(m3u([Item("C:\\Music\\One.mp3")])),
 }
 MEDIA_BYTES = struct.pack("<d", 6 * len(SONG) + 2 * len(PLAIN)).hex().upper()
 # Of two scans and one run of the queue.
@@ -319,12 +286,12 @@ MANY_SCRIPTS = "\u03b1\u4e2d\u6587\U0001d11e\r\n".encode("utf-16")
 CLASS_FILES = {
     "Class/Tagged.mp3": SONG,
     "Class/Plain.mp3": PLAIN,
-    "Class/Mix.m3u": "#EXTM3U\n#EXTINF:215,Some Artist - Song One\nC:\\Class\\Tagged.mp3\n"
-                     "C:\\Class\\Plain.mp3\n",
+    "Class/Mix.m3u": text(m3u([Item("C:\\Class\\Tagged.mp3", "Some Artist - Song One", 215),
+                               Item("C:\\Class\\Plain.mp3")])),
     "Class/Window.m3u": "\n<ASX Version=\"3.0\">\n",
-    "Class/Jukebox.m3u": "C:\\Class\\Plain.mp3\n",
+    "Class/Jukebox.m3u": text(bare_m3u([Item("C:\\Class\\Plain.mp3")])),
     "Class/Unknown.m3u": "just a name\n",
-    "Class/Amp.pls": "[playlist]\nVersion=2\n",
-    "Class/Sonic.pls": "[playlist]\nCachedInfo=1\nVersion=2\n",
-    "Class/Third.pls": "[playlist]\nVersion=3\n",
+    "Class/Amp.pls": text(pls([], count=None)),
+    "Class/Sonic.pls": text(pls([], count=None, head=["CachedInfo=1"])),
+    "Class/Third.pls": text(pls([], count=None, tail=["Version=3"])),
 }

@@ -6,13 +6,17 @@ class, and last that nothing is left when the library is unregistered."""
 import argparse
 import re
 import shutil
+import sys
 import tempfile
 import unittest
 from pathlib import Path
 
-import music_machine as machine
-import script_output
-from wine_prefix import WinePrefix
+sys.path.append(str(Path(__file__).resolve().parents[2] / "scripts"))  # where the makers are
+
+import music_machine as machine  # noqa: E402
+import script_output  # noqa: E402
+from makers.machine import DESTINATION, SOURCE, group_key, product_keys  # noqa: E402
+from wine_prefix import WinePrefix  # noqa: E402
 
 SCRIPTS = Path(__file__).resolve().parent / "scripts"
 OPTIONS = None
@@ -79,12 +83,12 @@ class TheMove(ScriptCase):
     def test_1_the_old_machine_collects(self):
         put_all(machine.MUSIC_FILES)
         PREFIX.put("My Documents/Norvo Media/SubNames.txt", machine.OLD_NAMES)
-        PREFIX.set_registry(machine.product(0, machine.OLD_ROOT))
+        PREFIX.set_registry(product_keys(SOURCE, machine.OLD_ROOT))
         self.run_script("Collect.vbs")
         expected = dict(machine.GENERIC_FILES)
         expected["MediaList.txt"] = machine.media_list()
         self.check_files(machine.OLD_AREA, expected)
-        size = PREFIX.registry_value(machine.group_key(machine.OLD_ROOT), "SubGroupSize")
+        size = PREFIX.registry_value(group_key(machine.OLD_ROOT), "SubGroupSize")
         self.assertEqual(size, ("REG_BINARY", machine.MEDIA_BYTES))
         self.check_log(machine.COLLECT_LOG)
 
@@ -92,7 +96,7 @@ class TheMove(ScriptCase):
         shutil.rmtree(PREFIX.path("Music"))
         put_all(machine.PLAYER_FILES)
         PREFIX.put("Norvo Media/SubNames.txt", machine.NEW_NAMES)
-        PREFIX.set_registry(machine.product(1, machine.NEW_ROOT) + machine.players())
+        PREFIX.set_registry(product_keys(DESTINATION, machine.NEW_ROOT) + machine.players())
         self.run_script("Restore.vbs")
         self.check_log(machine.RESTORE_LOG)
         self.check_files(machine.NATIVE, machine.NATIVE_FILES)
@@ -112,7 +116,7 @@ class TheClasses(ScriptCase):
     def setUpClass(cls):
         put_all(machine.CLASS_FILES)
         PREFIX.put("Norvo Media/SubNames.txt", machine.NEW_NAMES)
-        PREFIX.set_registry(machine.product(1, machine.NEW_ROOT))
+        PREFIX.set_registry(product_keys(DESTINATION, machine.NEW_ROOT))
 
 
 for path in sorted(SCRIPTS.iterdir()):

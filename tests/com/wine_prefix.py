@@ -5,6 +5,9 @@ import shutil
 import subprocess
 from pathlib import Path
 
+from makers.registry import key_lines
+from makers.text import joined
+
 # A hang is a failure, but a loaded machine is not.
 SECONDS = 240
 
@@ -52,8 +55,9 @@ class WinePrefix:
         done = self._run(["wine", *command], cwd=self.path(folder))
         return done.stdout.decode("latin-1"), done.returncode
 
-    def set_registry(self, text):
-        self.put("windows/temp/settings.reg", "REGEDIT4\n\n" + text)
+    def set_registry(self, keys):
+        """Takes pairs of a key and its values, as the makers give them."""
+        self.put("windows/temp/settings.reg", joined(["REGEDIT4", "", *key_lines(keys)], "\n"))
         _, status = self.run("regedit", "/S", "C:\\windows\\temp\\settings.reg")
         if status != 0:
             raise RuntimeError(f"regedit gave {status}")

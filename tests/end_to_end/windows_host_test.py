@@ -7,21 +7,25 @@ import json
 import os
 import shutil
 import subprocess
+import sys
 import tempfile
 import unittest
 from pathlib import Path
 
-from report_shapes import SHAPES, shape_fault
+sys.path.append(str(Path(__file__).resolve().parents[2] / "scripts"))  # where the makers are
+
+from makers.playlists import Item, m3u  # noqa: E402
+from makers.text import encoded, joined  # noqa: E402
+from report_shapes import SHAPES, shape_fault  # noqa: E402
 
 OPTIONS = None
 GROUP_ROOT = "C:\\My Documents\\Norvo Media\\"
 PROGRAM = "C:\\Program Files\\Norvo\\norvo-playlists.exe"
 GREEK_AND_CHINESE = "Μουσική 音乐"
 MIX = "C:\\Music\\Mix.m3u"
+ONE = Item("C:\\Music\\One.mp3", "Ann - One", 61)
 # Two songs, and one that is not there.
-MIX_TEXT = ("#EXTM3U\r\n#EXTINF:61,Ann - One\r\nC:\\Music\\One.mp3\r\n"
-            "#EXTINF:62,Bob - Two\r\nTwo.mp3\r\n#EXTINF:63,Cid - Three\r\nThree.mp3\r\n")
-WHOLE_TEXT = "#EXTM3U\r\n#EXTINF:61,Ann - One\r\nC:\\Music\\One.mp3\r\n"
+MIX_ITEMS = [ONE, Item("Two.mp3", "Bob - Two", 62), Item("Three.mp3", "Cid - Three", 63)]
 PLAYERS = ("Windows Media Player", "WinAmp", "MusicMatch Jukebox", "Sonique")
 
 
@@ -64,7 +68,10 @@ class Machine:
     def write(self, path, content):
         place = self.place(path)
         place.parent.mkdir(parents=True, exist_ok=True)
-        place.write_bytes(content.encode("latin-1") if isinstance(content, str) else content)
+        place.write_bytes(content)
+
+    def write_m3u(self, path, items):
+        self.write(path, encoded(joined(m3u(items))))
 
     def snapshot(self):
         """Every file of the machine that is none of the system's own, and its bytes."""
@@ -90,10 +97,10 @@ class WindowsHostTest(unittest.TestCase):
         for path in ("C:\\Music\\One.mp3", "C:\\Music\\Two.mp3",
                      f"C:\\Music\\{GREEK_AND_CHINESE}\\Song.mp3"):
             cls.machine.write(path, song)
-        cls.machine.write(MIX, MIX_TEXT)
-        cls.machine.write("C:\\Music\\Whole.m3u", WHOLE_TEXT)
-        cls.machine.write(f"C:\\Music\\{GREEK_AND_CHINESE}\\{GREEK_AND_CHINESE}.m3u",
-                          "#EXTM3U\r\n#EXTINF:5,Eve - Song\r\nSong.mp3\r\n")
+        cls.machine.write_m3u(MIX, MIX_ITEMS)
+        cls.machine.write_m3u("C:\\Music\\Whole.m3u", [ONE])
+        cls.machine.write_m3u(f"C:\\Music\\{GREEK_AND_CHINESE}\\{GREEK_AND_CHINESE}.m3u",
+                              [Item("Song.mp3", "Eve - Song", 5)])
 
     def run_program(self, *words):
         """Exit code, standard output and standard error, the latter both UTF-8."""
