@@ -29,14 +29,14 @@ class CollectObserver final : public ConsoleObserver {
   using ConsoleObserver::ConsoleObserver;
 
   void OnDropped(const CollectedPlaylist& playlist, const DroppedItem& drop) override {
-    Console().LeftOut(ToUtf8(playlist.path) + ": " + LeftOutText(drop));
+    Out().LeftOut(ToUtf8(playlist.path) + ": " + LeftOutText(drop));
   }
   void OnCollected(const CollectedPlaylist& playlist) override {
     const std::string failure = FailureText(playlist);
-    if (!failure.empty()) Console().LeftOut(ToUtf8(playlist.path) + ": " + failure);
+    if (!failure.empty()) Out().LeftOut(ToUtf8(playlist.path) + ": " + failure);
   }
   void OnReplaced(const CollectedPlaylist& earlier, const CollectedPlaylist& later) override {
-    Console().LeftOut(ToUtf8(earlier.path) + ": its neutral file is replaced by that of " +
+    Out().LeftOut(ToUtf8(earlier.path) + ": its neutral file is replaced by that of " +
                       ToUtf8(later.path) + ", which has the same name: rename one of the two");
   }
 };

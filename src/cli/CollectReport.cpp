@@ -17,12 +17,10 @@ struct OutcomeRow {
   const char* name;   // in the document
   const char* title;  // in the text
 };
-constexpr OutcomeRow kSkipped[] = {{"empty", "  without entries:   "},
-                                   {"replaced", "  replaced:          "},
-                                   {"notWritten", "  not written:       "},
-                                   {"unknownType", "  of no known type:  "},
-                                   {"unreadable", "  not readable:      "},
-                                   {"notProcessed", "  not processed:     "}};
+constexpr OutcomeRow kSkipped[] = {
+    {"empty", "  without entries:   "},      {"replaced", "  replaced:          "},
+    {"notWritten", "  not written:       "}, {"unknownType", "  of no known type:  "},
+    {"unreadable", "  not readable:      "}, {"notProcessed", "  not processed:     "}};
 
 std::string OutcomeName(const CollectedPlaylist& playlist) {
   if (!playlist.outcome) return "notProcessed";

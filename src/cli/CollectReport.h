@@ -6,8 +6,8 @@
 
 namespace norvo::cli {
 
-/// Why a playlist has no generic file; empty for an outcome that is no failure, and for one that the
-/// queue did not come to.
+/// Why a playlist has no generic file; empty for an outcome that is no failure, and for one that
+/// the queue did not come to.
 std::string FailureText(const CollectedPlaylist& playlist);
 
 void SayCollected(const CollectResult& result, Platform& machine, Console& console);

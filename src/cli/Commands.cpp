@@ -13,8 +13,8 @@ std::unique_ptr<Command> NewMigrateCommand();
 
 namespace {
 
-constexpr NewCommand kCommands[] = {NewInitCommand,    NewScanCommand,   NewCollectCommand,
-                                    NewShowCommand,    NewRestoreCommand, NewVerifyCommand,
+constexpr NewCommand kCommands[] = {NewInitCommand,   NewScanCommand,    NewCollectCommand,
+                                    NewShowCommand,   NewRestoreCommand, NewVerifyCommand,
                                     NewMigrateCommand};
 
 }  // namespace

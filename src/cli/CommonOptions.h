@@ -16,8 +16,8 @@ void AddCommonOptions(CLI::App& command, CommonArguments& common, bool machineRe
 /// `--machine DIR` alone; each system has its own.
 void AddMachineOption(CLI::App& command, CommonArguments& common, bool required);
 
-/// A text of the help that differs on systems whose machines are held in folders, and on those where
-/// the machine is the one that the program runs on.
+/// A text of the help that differs on systems whose machines are held in folders, and on those
+/// where the machine is the one that the program runs on.
 struct HelpText {
   const char* folders;
   const char* own;

@@ -18,10 +18,10 @@ class ConsoleObserver : public WorkObserver {
   void OnLog(MachineSide side, const LogFile& log) override;
 
  protected:
-  norvo::cli::Console& Console() { return console_; }
+  Console& Out() { return console_; }
 
  private:
-  norvo::cli::Console& console_;
+  Console& console_;
   const char* what_;
 };
 

@@ -39,7 +39,8 @@ std::string SettingsText(const MoveError& error) {
     case MoveFault::RoleAndGroupRootMissing:
       return MissingSettings("the machine's role (mode) and the group root (SubGroupRootName)");
     case MoveFault::RoleTakesNoPart:
-      return "The machine's role (mode) is 3: it is neither source nor destination, and nothing can "
+      return "The machine's role (mode) is 3: it is neither source nor destination, and nothing "
+             "can "
              "be listed. Set mode to 0 in " +
              std::string(kWords.registry) + ".";
     default:
@@ -91,12 +92,14 @@ std::string FolderText(const MoveError& error) {
       return subject + " cannot be made a machine: " + detail +
              ". Name a folder that can be written with --to.";
     case MoveFault::LinkWritesToSource:
-      return "--link writes to the old disk, which counts the links of a file. Use --copy, or name a "
+      return "--link writes to the old disk, which counts the links of a file. Use --copy, or name "
+             "a "
              "machine folder with --from and leave --work out.";
     case MoveFault::FoldersOverlap:
       return subject + " and " + detail + " lie in each other. Name folders that stand apart.";
     case MoveFault::NoTemporaryFolder:
-      return "No folder can be made in " + subject + ". Set TMPDIR to a folder that can be written.";
+      return "No folder can be made in " + subject +
+             ". Set TMPDIR to a folder that can be written.";
     default:
       return {};
   }

@@ -19,12 +19,9 @@ Json PlaylistDocument(const MovedPlaylist& playlist) {
     if (!item.IsCarried()) leftOut.push_back(TextOf(item));
   }
   for (const String& native : playlist.natives) natives.push_back(ToUtf8(native));
-  Json document{{"path", ToUtf8(playlist.source)},
-                {"typeName", TypeName(playlist.type)},
-                {"outcome", NameOf(playlist.state)},
-                {"songs", CountSongs(playlist)},
-                {"addresses", CountAddresses(playlist)},
-                {"healed", std::move(mended)},
+  Json document{{"path", ToUtf8(playlist.source)},       {"typeName", TypeName(playlist.type)},
+                {"outcome", NameOf(playlist.state)},     {"songs", CountSongs(playlist)},
+                {"addresses", CountAddresses(playlist)}, {"healed", std::move(mended)},
                 {"leftOut", std::move(leftOut)}};
   if (!playlist.carried.empty()) document["neutralFile"] = ToUtf8(playlist.carried);
   document["natives"] = std::move(natives);

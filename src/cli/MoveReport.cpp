@@ -68,8 +68,7 @@ bool IsFilledIn(const Adjustment& row) {
 
 void SayAdjustments(const MoveResult& move, Console& console) {
   const auto filledIn = static_cast<std::size_t>(
-      std::count_if(move.adjustments.begin(), move.adjustments.end(),
-                    IsFilledIn));
+      std::count_if(move.adjustments.begin(), move.adjustments.end(), IsFilledIn));
   if (filledIn > 0) {
     console.Say();
     console.Say("File names filled in, since relative references give none: " +
@@ -151,7 +150,8 @@ void SayTotals(const MoveResult& move, const MoveTerms& terms, Console& console)
     console.Say("Player setting:        " + SettingText(setting));
   }
   console.Say((terms.dryRun ? "References planned:    " : "References verified:   ") +
-              std::to_string(move.verification.checked) + ", found: " + std::to_string(move.verification.found) +
+              std::to_string(move.verification.checked) +
+              ", found: " + std::to_string(move.verification.found) +
               ", missing: " + std::to_string(move.verification.checked - move.verification.found));
   SayLeftBehind(move, console);
   if (terms.dryRun) console.Say("A trial: nothing was written on the new machine.");

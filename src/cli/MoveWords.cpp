@@ -141,8 +141,7 @@ std::string ReasonText(const MovedPlaylist& playlist) {
 std::string TextOf(const Mending& mending) {
   switch (mending.kind) {
     case Mending::Kind::EntriesAdded:
-      return std::to_string(mending.count) +
-             " of its entries added: the readers do not take them";
+      return std::to_string(mending.count) + " of its entries added: the readers do not take them";
     case Mending::Kind::Split:
       return "split, since a playlist holds at most 32767 entries";
     default:

@@ -29,7 +29,7 @@ std::shared_ptr<NamedMachine> OpenMachine(const std::string& folder, MessageDial
 struct NamedPlaylist {
   std::shared_ptr<norvo::Platform> machine;
   String path;
-  std::string folder;        ///< of the machine; empty for a playlist that belongs to none
+  std::string folder;          ///< of the machine; empty for a playlist that belongs to none
   bool lacksSettings = false;  ///< a machine was named that has no settings of the product yet
   bool hasLog = true;          ///< there is a product folder that could take a log
 };

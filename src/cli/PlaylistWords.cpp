@@ -34,9 +34,7 @@ std::string TypeName(std::int32_t type) {
 
 std::string TypeTitle(std::int32_t type) {
   const PlaylistType* const row = FindPlaylistType(type);
-  if (row == nullptr) return "unknown";
-  const std::string name = ToUtf8(row->name);
-  return name.substr(name.rfind('_') + 1) + " of " + ToUtf8(row->playerFolder);
+  return row == nullptr ? "unknown" : ToUtf8(row->Title());
 }
 
 const char* DropText(ItemOutcome outcome) {

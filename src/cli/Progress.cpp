@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "cli/TerminalText.h"
 #include "cli/Terminal.h"
+#include "cli/TerminalText.h"
 #include "text/Encoding.h"
 
 namespace norvo::cli {

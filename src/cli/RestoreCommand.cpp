@@ -31,14 +31,14 @@ class RestoreObserver final : public ConsoleObserver {
 
   void OnRestored(const RestoredPlaylist& playlist) override {
     if (FindPlaylistType(playlist.type) == nullptr) {
-      Console().LeftOut(ToUtf8(playlist.genericFile) + ": it tells no known type of playlist");
+      Out().LeftOut(ToUtf8(playlist.genericFile) + ": it tells no known type of playlist");
     } else if (playlist.entries == 0) {
-      Console().LeftOut(ToUtf8(playlist.genericFile) + ": no entry of it could be read");
+      Out().LeftOut(ToUtf8(playlist.genericFile) + ": no entry of it could be read");
     }
   }
   void OnNative(const NativePlaylist& native) override {
     if (native.whole) return;
-    Console().LeftOut(ToUtf8(native.path) +
+    Out().LeftOut(ToUtf8(native.path) +
                       ": not written to its end: see that the disk is writable and not full");
   }
 };
@@ -52,18 +52,16 @@ void ForEachNative(const RestoreResult& result, Visit&& visit) {
 
 void SayRestored(const RestoreResult& result, Console& console) {
   std::map<std::int32_t, std::size_t> byType;
-  ForEachNative(result, [&](const NativePlaylist& native) {
-    byType[native.type] += native.whole ? 1U : 0U;
-  });
+  ForEachNative(
+      result, [&](const NativePlaylist& native) { byType[native.type] += native.whole ? 1U : 0U; });
   console.Say("Neutral files restored:  " + std::to_string(result.playlists.size()));
   for (const auto& [type, count] : byType) {
     const std::string title = "  " + TypeTitle(type) + ":";
     console.Say(title + std::string(title.size() < 32 ? 32 - title.size() : 1, ' ') +
                 std::to_string(count));
   }
-  ForEachNative(result, [&](const NativePlaylist& native) {
-    console.Say("    " + ToUtf8(native.path));
-  });
+  ForEachNative(result,
+                [&](const NativePlaylist& native) { console.Say("    " + ToUtf8(native.path)); });
   console.Say("Player settings changed: " + std::to_string(result.settings.size()));
   for (const PlayerSetting& setting : result.settings) console.Say("  " + SettingText(setting));
 }

@@ -61,8 +61,8 @@ class ScanCommand final : public Command {
   Json Run(const CommonArguments& common, Console& console) override {
     const auto machine = OpenMachine(common.machine, console)->Platform();
     ConsoleObserver observer(console);
-    const ScanResult result = NamingScanFailure(
-        *machine, [&] { return ScanPlaylists(machine, {common.log}, observer); });
+    const ScanResult result =
+        NamingScanFailure(*machine, [&] { return ScanPlaylists(machine, {common.log}, observer); });
     SayByType(result.playlists, console);
     console.Say("Playlists found: " + std::to_string(result.playlists.size()));
     if (!result.playlists.empty()) console.Say("List: " + BothPaths(*machine, result.listFile));

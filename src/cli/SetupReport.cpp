@@ -22,10 +22,10 @@ std::string KeyText(const SetupStep& step) {
 
 std::string StepText(const SetupStep& step) {
   switch (step.kind) {
-    case SetupStep::Kind::RegistryValue:
+    case SetupStep::Kind::Value:
       return "registry value " + KeyText(step) + ", " + ToUtf8(step.name) + " = " +
              ValueText(step.value);
-    case SetupStep::Kind::RegistryKey:
+    case SetupStep::Kind::Key:
       return "registry key " + KeyText(step);
     case SetupStep::Kind::ProductFolder:
       return "product folder " + ToUtf8(step.path);

@@ -39,7 +39,7 @@ class ShowObserver final : public ConsoleObserver {
  public:
   using ConsoleObserver::ConsoleObserver;
   void OnDropped(const CollectedPlaylist& playlist, const DroppedItem& drop) override {
-    Console().LeftOut(ToUtf8(playlist.path) + ": " + LeftOutText(drop));
+    Out().LeftOut(ToUtf8(playlist.path) + ": " + LeftOutText(drop));
   }
 };
 
@@ -81,12 +81,9 @@ void PrintTable(const std::vector<ReadEntry>& entries, Console& console) {
 }
 
 Json EntryDocument(const ReadEntry& entry) {
-  return {{"urlType", entry.urlType},
-          {"artist", ToUtf8(entry.artist)},
-          {"title", ToUtf8(entry.title)},
-          {"duration", ToUtf8(entry.duration)},
-          {"size", JsonNumber(entry.size)},
-          {"source", ToUtf8(entry.source)}};
+  return {{"urlType", entry.urlType},       {"artist", ToUtf8(entry.artist)},
+          {"title", ToUtf8(entry.title)},   {"duration", ToUtf8(entry.duration)},
+          {"size", JsonNumber(entry.size)}, {"source", ToUtf8(entry.source)}};
 }
 
 Json Document(const ReadResult& result, const std::string& folder) {
@@ -126,9 +123,11 @@ class ShowCommand final : public Command {
     CLI::App* const app = program.add_subcommand("show", "Print the entries of one playlist");
     AddCommonOptions(*app, common, false);
     app->add_option("PATH", path_, kPathHelp.Here())->required();
-    app->add_option("--type", type_, "Type of the playlist: auto, or 1 to 6")
+    std::vector<std::string> types{"auto"};
+    for (const PlaylistType& type : PlaylistTypes()) types.push_back(std::to_string(type.code));
+    app->add_option("--type", type_, "Type of the playlist: auto, or 1 to " + types.back())
         ->type_name("TYPE")
-        ->check(CLI::IsMember({"auto", "1", "2", "3", "4", "5", "6"}));
+        ->check(CLI::IsMember(types));
     app->footer(kHelp.Here());
     return app;
   }
@@ -143,8 +142,8 @@ class ShowCommand final : public Command {
     const bool canLog = playlist.hasLog;
     ShowObserver observer(console);
     const std::int32_t type = type_ == "auto" ? playlist_type::kUnknown : std::stoi(type_);
-    const ReadResult result = ReadPlaylist(playlist.machine, playlist.path, type,
-                                           {common.log && canLog}, observer);
+    const ReadResult result =
+        ReadPlaylist(playlist.machine, playlist.path, type, {common.log && canLog}, observer);
     if (common.log && !canLog) {
       console.LeftOut("No log is written: " + path_ +
                       " belongs to no machine folder. Name one with --machine.");

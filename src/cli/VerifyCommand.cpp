@@ -37,13 +37,13 @@ class VerifyObserver final : public ConsoleObserver {
 
   void OnVerified(const VerifiedPlaylist& playlist) override {
     const std::string path = ToUtf8(playlist.path);
-    Console().Print(path + ": " + std::to_string(playlist.Count(Kind::Found)) + " found, " +
+    Out().Print(path + ": " + std::to_string(playlist.Count(Kind::Found)) + " found, " +
                     std::to_string(playlist.Count(Kind::Missing)) + " missing, " +
                     std::to_string(playlist.Count(Kind::Address)) + " addresses");
-    if (!playlist.whole) Console().LeftOut(path + ": cannot be read to its end");
+    if (!playlist.whole) Out().LeftOut(path + ": cannot be read to its end");
     for (const VerifiedReference& row : playlist.references) {
       if (row.kind != Kind::Missing) continue;
-      Console().LeftOut(path + ": missing: " + ToUtf8(row.reference));
+      Out().LeftOut(path + ": missing: " + ToUtf8(row.reference));
     }
   }
 };
@@ -76,8 +76,7 @@ class VerifyCommand final : public Command {
     std::vector<std::string> paths;
     for (const std::string& path : paths_) paths.push_back(ToUtf8(machine->MachinePathOf(path)));
     VerifyObserver observer(console);
-    const VerifyResult result =
-        VerifyPlaylists(machine->Platform(), paths, {common.log}, observer);
+    const VerifyResult result = VerifyPlaylists(machine->Platform(), paths, {common.log}, observer);
     if (!console.IsJson()) return {};
     Json rows = Json::array();
     for (const VerifiedPlaylist& playlist : result.playlists) {

@@ -86,7 +86,7 @@ std::int32_t TypeByLines(Component& component, StringView path) {
 
 std::int32_t TypeByKeys(Component& component, StringView path) {
   return UnknownOnError(component, u"ParsePLSHeader", path,
-                   [&] { return TypeOfSettings(component, path); });
+                        [&] { return TypeOfSettings(component, path); });
 }
 
 std::int32_t TypeByHeader(Component& component, StringView path) {

@@ -28,16 +28,16 @@ std::vector<HostedDrive> DrivesOf(const fs::path& from) {
 /// A letter that no drive has; nothing when all are taken.
 std::optional<char16_t> FreeLetter(const std::vector<HostedDrive>& drives) {
   for (char16_t letter = u'Z'; letter >= u'C'; --letter) {
-    const bool taken = std::any_of(drives.begin(), drives.end(), [letter](const HostedDrive& drive) {
-      return drive.letter == letter;
-    });
+    const bool taken =
+        std::any_of(drives.begin(), drives.end(),
+                    [letter](const HostedDrive& drive) { return drive.letter == letter; });
     if (!taken) return letter;
   }
   return std::nullopt;
 }
 
-/// An earlier version of this program made a machine of the work folder, by links to the drives; this
-/// was the first line of its settings.
+/// An earlier version of this program made a machine of the work folder, by links to the drives;
+/// this was the first line of its settings.
 constexpr std::string_view kOldMark = "; Made anew by each run of norvo-playlists.";
 
 /// True for a folder that holds a machine which is not the leaving of an earlier run.

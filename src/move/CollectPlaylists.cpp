@@ -12,8 +12,7 @@ CollectResult CollectPlaylists(const std::shared_ptr<Platform>& machine, const W
   OpenedLibrary library(machine, MachineSide::Old, report);
   const ProductSettings settings = RequireProductSettings(library.Get());
   if (options.log) result.log = library.StartLog();
-  result.cancelled =
-      WasCancelled([&] { Collect(library.Get(), settings, report, result); });
+  result.cancelled = WasCancelled([&] { Collect(library.Get(), settings, report, result); });
   return result;
 }
 

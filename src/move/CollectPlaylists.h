@@ -32,8 +32,8 @@ struct CollectResult : WorkResult {
   ScanResult scan;
   std::vector<String> met;  ///< every playlist file that the scan met, listed or not, in its order
   std::vector<CollectedPlaylist> playlists;  ///< those that the queue has begun, in its order
-  double mediaBytes = 0;  ///< in the files that entries name, repeats included
-  String dataArea;        ///< where the generic files stand, with a trailing backslash
+  double mediaBytes = 0;                     ///< in the files that entries name, repeats included
+  String dataArea;  ///< where the generic files stand, with a trailing backslash
 };
 
 /// Finds the machine's playlists and writes a generic file for each. MoveError as of ScanPlaylists.

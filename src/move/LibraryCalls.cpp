@@ -1,8 +1,6 @@
 #include "move/LibraryCalls.h"
 
 #include "automation/Conversions.h"
-#include "model/PlaylistTypes.h"
-#include "services/Utility.h"
 
 namespace norvo {
 
@@ -32,14 +30,6 @@ std::vector<ObjectRef> EntriesOf(AutomationObject& playlist) {
 bool ReadInto(AutomationObject& playlist, const String& path, std::int32_t type) {
   playlist.Let(u"PlayListType", type);
   return ToBoolean(CallWith(playlist, u"ReadPlayList", path));
-}
-
-std::int32_t TellType(Component& library, const String& path) {
-  const StringView extension = Utility::GetExtension(path);
-  if (EqualsIgnoreCase(extension, u"asx")) return playlist_type::kWmpAsx;
-  const StringView member =
-      EqualsIgnoreCase(extension, u"pls") ? u"ParsePLSHeader" : u"ParseM3UHeader";
-  return ToInt32(CallWith(*library.Create(u"helperMan"), member, path));
 }
 
 void RunQueue(AutomationObject& controller, std::int32_t mode) {

@@ -23,9 +23,6 @@ std::vector<ObjectRef> EntriesOf(AutomationObject& playlist);
 /// was read before stays.
 bool ReadInto(AutomationObject& playlist, const String& path, std::int32_t type);
 
-/// The type by the file's name and first lines; 0 when they tell none.
-std::int32_t TellType(Component& library, const String& path);
-
 /// Runs the controller's queue; the modes are those of controller/QueueMode.h.
 void RunQueue(AutomationObject& controller, std::int32_t mode);
 

@@ -5,8 +5,8 @@
 
 namespace norvo {
 
-/// Why a call on machines cannot be done at all. What `Subject` and `Detail` are stands beside each;
-/// what is not named is empty.
+/// Why a call on machines cannot be done at all. What `Subject` and `Detail` are stands beside
+/// each; what is not named is empty.
 enum class MoveFault {
   // Settings of the product.
   GroupRootNotFull,   ///< the wished group root (subject) is no full path of the machine
@@ -24,16 +24,16 @@ enum class MoveFault {
   NoPlaylistFolder,   ///< subject: the folder of restored playlists; empty when it is not known
   NoDocumentsFolder,  ///< the new machine has none
   // Machines that are held in folders.
-  NoMachine,          ///< subject: a folder that holds none; detail: why
-  NoFolder,           ///< subject: what should be the old machine's folder
-  NotListed,          ///< subject: a folder; detail: why it cannot be listed
-  WorkNotCreated,     ///< subject: the work folder; detail: why
-  WorkTaken,          ///< subject: the work folder, which holds a machine of its own
-  NoFreeLetter,       ///< subject: the old machine's folder, which has all 24 drives
-  MachineNotMade,     ///< subject: the new machine's folder; detail: why
-  LinkWritesToSource, ///< linking would write to a machine that is only to be read
-  FoldersOverlap,     ///< subject and detail: two folders that lie in each other
-  NoTemporaryFolder   ///< subject: the folder that takes none
+  NoMachine,           ///< subject: a folder that holds none; detail: why
+  NoFolder,            ///< subject: what should be the old machine's folder
+  NotListed,           ///< subject: a folder; detail: why it cannot be listed
+  WorkNotCreated,      ///< subject: the work folder; detail: why
+  WorkTaken,           ///< subject: the work folder, which holds a machine of its own
+  NoFreeLetter,        ///< subject: the old machine's folder, which has all 24 drives
+  MachineNotMade,      ///< subject: the new machine's folder; detail: why
+  LinkWritesToSource,  ///< linking would write to a machine that is only to be read
+  FoldersOverlap,      ///< subject and detail: two folders that lie in each other
+  NoTemporaryFolder    ///< subject: the folder that takes none
 };
 
 /// Ends a call. `what()` is a sentence about it in English, in UTF-8.

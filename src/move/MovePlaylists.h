@@ -39,9 +39,9 @@ struct MoveMachines {
 /// library's own rules would lose, chooses one place for each song, carries generic files and songs
 /// over, restores native playlists, points the players at them, and verifies every one.
 ///
-/// Machines that lack the product's settings are given them. What stands on the new machine is never
-/// overwritten. A move that was stopped at any moment, or that comes later once more, goes on where
-/// it was. MoveError when it cannot be done at all; everything else is in the result.
+/// Machines that lack the product's settings are given them. What stands on the new machine is
+/// never overwritten. A move that was stopped at any moment, or that comes later once more, goes on
+/// where it was. MoveError when it cannot be done at all; everything else is in the result.
 MoveResult MovePlaylists(const MoveMachines& machines, const MoveOptions& options,
                          WorkObserver& observer);
 

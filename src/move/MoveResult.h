@@ -25,11 +25,11 @@ struct MovedSong {
   /// Why a song was left out.
   enum class Fault {
     None,
-    PathTooLong,       ///< `faultPath` would be too long
-    FolderBlocked,     ///< a file stands where a folder of `faultPath` should be
-    NumbersTaken,      ///< all numbered names of `faultPath` are taken
-    GroupRootUnusable, ///< the group root `faultPath` is no path of plain characters
-    NotBrought         ///< `failure` tells why
+    PathTooLong,        ///< `faultPath` would be too long
+    FolderBlocked,      ///< a file stands where a folder of `faultPath` should be
+    NumbersTaken,       ///< all numbered names of `faultPath` are taken
+    GroupRootUnusable,  ///< the group root `faultPath` is no path of plain characters
+    NotBrought          ///< `failure` tells why
   };
 
   String source;    ///< full path on the old machine
@@ -63,17 +63,17 @@ struct MovedItem {
 /// What was mended about a playlist that the library's own rules would have cut.
 struct Mending {
   enum class Kind {
-    NotListed,         ///< read anew: its first lines tell no type, so it was not listed
-    QueueEnded,        ///< read anew: the queue ended before it had a generic file
-    Unnamed,           ///< read anew: it had no name for its generic file
-    NotWritten,        ///< read anew: its generic file could not be written under its name
-    NothingUnderstood, ///< read anew: none of its lines was understood
-    UnknownType,       ///< read anew: its first lines tell no type
-    NotReadToEnd,      ///< read anew
-    NameTaken,         ///< read anew: another playlist's generic file took its name
-    Incomplete,        ///< read anew: its generic file does not tell all that it lists
-    EntriesAdded,      ///< `count` entries that the readers do not take
-    Split              ///< into several, since a playlist holds at most 32767 entries
+    NotListed,          ///< read anew: its first lines tell no type, so it was not listed
+    QueueEnded,         ///< read anew: the queue ended before it had a generic file
+    Unnamed,            ///< read anew: it had no name for its generic file
+    NotWritten,         ///< read anew: its generic file could not be written under its name
+    NothingUnderstood,  ///< read anew: none of its lines was understood
+    UnknownType,        ///< read anew: its first lines tell no type
+    NotReadToEnd,       ///< read anew
+    NameTaken,          ///< read anew: another playlist's generic file took its name
+    Incomplete,         ///< read anew: its generic file does not tell all that it lists
+    EntriesAdded,       ///< `count` entries that the readers do not take
+    Split               ///< into several, since a playlist holds at most 32767 entries
   };
 
   Kind kind = Kind::Incomplete;
@@ -89,15 +89,16 @@ struct MovedPlaylist {
     NoSongs,          ///< it lists nothing that exists
     LeftOut
   };
-  /// Why a playlist was left out; `systemReason` says more of those that a reading or writing ended.
+  /// Why a playlist was left out; `systemReason` says more of those that a reading or writing
+  /// ended.
   enum class Fault {
     None,
     Unreadable,
-    GenericNotWritten,      ///< on the old machine
+    GenericNotWritten,  ///< on the old machine
     GenericDoesNotReadBack,
-    NotCarried,             ///< its generic file cannot be written on the new machine
-    NotRestored,            ///< its native playlists cannot be written
-    NotNoted                ///< the new machine cannot note what is restored
+    NotCarried,   ///< its generic file cannot be written on the new machine
+    NotRestored,  ///< its native playlists cannot be written
+    NotNoted      ///< the new machine cannot note what is restored
   };
 
   String source;  ///< full path on the old machine
@@ -122,13 +123,13 @@ struct Adjustment {
     RelativeReference,  ///< a relative reference gives no file name
     NotInCodePage,      ///< playlists cannot tell the path in the 8-bit page
     PathTooLong,
-    IllegalName,        ///< no path on Windows may be called so
+    IllegalName,  ///< no path on Windows may be called so
     LeavesGroupRoot,
-    OtherSong,          ///< another song has the place
-    FolderThere,        ///< a folder has the name
-    OtherFile,          ///< another file has the place
-    PlaceElsewhere,     ///< the song has its one place elsewhere
-    OldAddressTaken     ///< on the new machine another file stands at the old address
+    OtherSong,       ///< another song has the place
+    FolderThere,     ///< a folder has the name
+    OtherFile,       ///< another file has the place
+    PlaceElsewhere,  ///< the song has its one place elsewhere
+    OldAddressTaken  ///< on the new machine another file stands at the old address
   };
 
   std::size_t playlist = 0;  ///< 0-based number among the move's playlists

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "model/PlaylistTypes.h"
 #include "move/NativeReading.h"
 
 namespace norvo {
@@ -11,16 +12,15 @@ namespace {
 
 using Kind = WorkWarning::Kind;
 
-constexpr std::size_t kNatives = 4;
-
 class Verifier {
  public:
   Verifier(Component& library, MoveWork& work)
       : library_(library), result_(work.result), report_(work.report), rightSize_(Songs()) {}
 
   void Playlist(const MovedPlaylist& playlist) {
-    if (playlist.natives.size() != kNatives) {
-      Warn(Kind::NativesMissing, playlist.source, {}, {}, playlist.natives.size(), kNatives);
+    const std::size_t wanted = NativeTypes().size();
+    if (playlist.natives.size() != wanted) {
+      Warn(Kind::NativesMissing, playlist.source, {}, {}, playlist.natives.size(), wanted);
     }
     std::vector<const MovedItem*> items;
     for (const MovedItem& item : playlist.items) {

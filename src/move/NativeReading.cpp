@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "automation/RunTimeError.h"
+#include "controller/HeaderSniffer.h"
 #include "lists/ListedItems.h"
 #include "lists/ReferenceFinder.h"
 #include "model/PlaylistTypes.h"
@@ -39,11 +40,16 @@ class ReferenceWatcher final : public Observer {
   FileSystem& files_;
 };
 
-/// Files that list nothing but addresses tell no type by their first lines.
+/// A restored playlist is told by its place; others by their first lines, unless those tell
+/// nothing, since there are but addresses.
 std::int32_t TypeFor(Component& library, const String& path) {
-  const std::int32_t type = TellType(library, path);
-  if (type != playlist_type::kUnknown) return type;
-  return EndsWithIgnoreCase(path, u".pls") ? playlist_type::kWinampPls : playlist_type::kMmjbM3u;
+  const StringView folder = LastComponent(ParentFolder(path));
+  for (const PlaylistType* const type : NativeTypes()) {
+    const bool isOfPlayer = EqualsIgnoreCase(type->playerFolder, folder);
+    if (isOfPlayer && HasExtension(path, *type)) return type->code;
+  }
+  const std::int32_t type = ListedType(library, path);
+  return type != playlist_type::kUnknown ? type : StandInType(path, false).code;
 }
 
 bool ReadByLibrary(Component& library, const String& path, ReferenceWatcher& watcher) {

@@ -9,7 +9,8 @@
 
 namespace norvo {
 
-OpenedLibrary::OpenedLibrary(std::shared_ptr<Platform> machine, MachineSide side, WorkReport& report)
+OpenedLibrary::OpenedLibrary(std::shared_ptr<Platform> machine, MachineSide side,
+                             WorkReport& report)
     : machine_(std::move(machine)), side_(side), report_(report) {
   // What the opening of the machine has to tell comes before there is a log.
   std::vector<String> early;

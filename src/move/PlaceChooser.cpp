@@ -126,7 +126,7 @@ void PlaceChooser::LeaveNowhere(MovedSong& song, const EntryAnswer& names) {
 }
 
 /// Varies the file name until the place will do; false when artist or album are in the way.
-bool PlaceChooser::TryNames(std::size_t number, Song& song, const EntryAnswer& names) {
+bool PlaceChooser::TryNames(std::size_t number, MovedSong& song, const EntryAnswer& names) {
   EntryAnswer answer = entries_.Ask(names);
   // What is left to the name, numbers included, when the path shall not be too long.
   constexpr std::size_t kLeastName = 24;
@@ -165,7 +165,7 @@ bool PlaceChooser::KeepPlace(std::size_t number, MovedSong& song) {
   return false;
 }
 
-void PlaceChooser::Settle(std::size_t number, Song& song, const EntryAnswer& answer) {
+void PlaceChooser::Settle(std::size_t number, MovedSong& song, const EntryAnswer& answer) {
   song.place = answer.place;
   ledger_.AddPlace(NameInLedger(song), {answer.place, answer.artist, answer.album});
   chosen_[number] = answer;

@@ -34,8 +34,8 @@ class PlaceChooser {
 
   /// The names of which the song's place is computed.
   const EntryAnswer& ChosenFor(std::size_t song) const { return chosen_[song]; }
-  /// Why a song does not go where its entry would have it; `RelativeReference` when it does, and the
-  /// entry only lacks the name.
+  /// Why a song does not go where its entry would have it; `RelativeReference` when it does, and
+  /// the entry only lacks the name.
   Adjustment::Reason WhyNot(std::size_t song, const String& place);
 
  private:

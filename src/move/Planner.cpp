@@ -1,7 +1,6 @@
 #include "move/Planner.h"
 
 #include <algorithm>
-#include <span>
 #include <utility>
 
 #include "model/GenericSections.h"
@@ -74,7 +73,8 @@ std::vector<Planner::Asked> Planner::AskAll() {
   std::vector<MovedPlaylist>& playlists = work_.result.playlists;
   std::vector<Asked> all;
   for (std::size_t i = 0; i < playlists.size(); ++i) {
-    work_.report.Progress({WorkPhase::Planning, i + 1, playlists.size(), 0, 0, playlists[i].source});
+    work_.report.Progress(
+        {WorkPhase::Planning, i + 1, playlists.size(), 0, 0, playlists[i].source});
     if (playlists[i].state != MovedPlaylist::State::Collected) continue;
     Asked asked{i, entries_.AskAll(DocumentOf(i))};
     if (asked.answers.size() != CountSongs(playlists[i]) + CountAddresses(playlists[i])) {
@@ -113,17 +113,19 @@ void Planner::AdjustName(std::size_t playlist) {
     reason = Reason::NativeBlocked;
   }
   if (point != String::npos && name == Trim(base)) return;
-  const String extension = point == String::npos ? u".m3u" : original.substr(original.rfind(u'.'));
+  const String extension =
+      point == String::npos ? String(kUsualExtension) : original.substr(original.rfind(u'.'));
   Set(playlist, 0, u"OriginalFileName", name + extension, reason);
 }
 
-/// Something that is no file stands where the restoring would put one of so many native playlists of
-/// this name.
+/// Something that is no file stands where the restoring would put one of so many native playlists
+/// of this name.
 bool Planner::IsBlocked(const String& name, int playlists) {
   const String root = DataCop::GetSubNamePath(library_, DataCop::kPlayListSlot);
-  const std::span<const PlaylistType> types = PlaylistTypes();
-  return std::any_of(types.begin(), types.end(), [&](const PlaylistType& type) {
-    return IsBlockedIn(root + String(type.playerFolder) + u'\\', name, type.extension, playlists);
+  const std::vector<const PlaylistType*> types = NativeTypes();
+  return std::any_of(types.begin(), types.end(), [&](const PlaylistType* type) {
+    const String folder = root + String(type->playerFolder) + u'\\';
+    return IsBlockedIn(folder, name, type->extension, playlists);
   });
 }
 
@@ -193,8 +195,8 @@ void Planner::AdjustEntry(std::size_t playlist, const MovedItem& item, const Ent
   Set(playlist, item.entry, u"Album", places_.ChosenFor(item.song).album, reason);
 }
 
-/// Now that all places are known: an entry whose old address is some file's place on the new machine
-/// would take that file's name.
+/// Now that all places are known: an entry whose old address is some file's place on the new
+/// machine would take that file's name.
 void Planner::Confirm(std::size_t playlist) {
   const IniDocument& document = DocumentOf(playlist);
   for (const MovedItem& item : work_.result.playlists[playlist].items) {

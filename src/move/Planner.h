@@ -54,9 +54,9 @@ class Planner {
   MoveWork& work_;
   EntryQuestions entries_;
   PlaceChooser places_;
-  std::unordered_map<String, int> nativeNames_;        // how many playlists have each, folded
-  std::unordered_map<String, bool> playerFolders_;     // whether each is there
-  std::unordered_map<String, String> oldAddresses_;    // names of the files that stand there
+  std::unordered_map<String, int> nativeNames_;      // how many playlists have each, folded
+  std::unordered_map<String, bool> playerFolders_;   // whether each is there
+  std::unordered_map<String, String> oldAddresses_;  // names of the files that stand there
 };
 
 }  // namespace norvo

@@ -1,6 +1,7 @@
 #include "move/ReadPlaylist.h"
 
 #include "automation/Conversions.h"
+#include "controller/HeaderSniffer.h"
 #include "library/Library.h"
 #include "model/PlaylistTypes.h"
 #include "move/LibraryCalls.h"
@@ -60,7 +61,7 @@ ReadEntry Read(AutomationObject& entry) {
 }
 
 void ReadAs(Component& library, std::int32_t type, ReadResult& result) {
-  result.type = type != playlist_type::kUnknown ? type : TellType(library, result.path);
+  result.type = type != playlist_type::kUnknown ? type : ListedType(library, result.path);
   if (result.type == playlist_type::kUnknown) return;
   const ObjectRef playlist = library.Create(u"PlayList");
   result.whole = ReadInto(*playlist, result.path, result.type);

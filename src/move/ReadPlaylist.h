@@ -23,17 +23,18 @@ struct ReadEntry {
 };
 
 struct ReadResult : WorkResult {
-  String path;            ///< of the playlist on the machine
-  std::int32_t type = 0;  ///< see playlist_type; 0 when its first lines tell none, and nothing was read
-  String name;            ///< of the playlist
-  bool whole = false;     ///< it could be read to its end
+  String path;  ///< of the playlist on the machine
+  std::int32_t type =
+      0;        ///< see playlist_type; 0 when its first lines tell none, and nothing was read
+  String name;  ///< of the playlist
+  bool whole = false;  ///< it could be read to its end
   std::vector<ReadEntry> entries;
   std::vector<DroppedItem> drops;
 };
 
-/// Reads one playlist, by its full path on the machine, with the library's own rules; as one of that
-/// type, or with 0 as its first lines tell. Changes nothing on the machine but for the log, and needs
-/// none of the product's settings.
+/// Reads one playlist, by its full path on the machine, with the library's own rules; as one of
+/// that type, or with 0 as its first lines tell. Changes nothing on the machine but for the log,
+/// and needs none of the product's settings.
 ReadResult ReadPlaylist(const std::shared_ptr<Platform>& machine, StringView path,
                         std::int32_t type, const WorkOptions& options, WorkObserver& observer);
 

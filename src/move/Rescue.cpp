@@ -8,9 +8,11 @@
 
 #include "automation/Conversions.h"
 #include "automation/RunTimeError.h"
+#include "controller/HeaderSniffer.h"
 #include "lists/XmlEntities.h"
-#include "model/PlaylistTypes.h"
 #include "model/GenericSections.h"
+#include "model/NewEntry.h"
+#include "model/PlaylistTypes.h"
 #include "move/LibraryCalls.h"
 #include "move/PortableNames.h"
 #include "services/DataCop.h"
@@ -26,16 +28,20 @@ namespace {
 // A generic file counts its entries in 16 bits.
 constexpr std::size_t kMostEntries = 32767;
 
-StringView EntryClass(std::int32_t type) {
-  if (HasAsxEntries(type)) return u"AsxEntry";
-  return FindPlaylistType(type)->readAs == Syntax::Pls ? u"PlsEntry" : u"M3UEntry";
-}
-
 /// What identifies an item that goes along, whatever its spelling.
 String KeyOf(const MovedItem& item) {
   if (item.IsSong()) return u"#" + FormatInteger(static_cast<std::int64_t>(item.song));
   const bool isUrl = item.reference.find(u"://") != String::npos;
   return Fold(isUrl ? item.reference : AbsolutePath(item.reference, u"C:"));
+}
+
+/// True for a generic file of one type with entries of another, which no reading takes.
+bool HasForeignEntries(const IniDocument& document) {
+  const std::size_t globals = document.FindSection(kGlobalSection);
+  const std::size_t entry = document.FindSection(EntrySection(1));
+  if (globals == IniDocument::kNone || entry == IniDocument::kNone) return false;
+  const std::optional<StringView> type = document.Value(entry, u"EntryType");
+  return type && type != document.Value(globals, u"PlaylistType");
 }
 
 /// Of a part of a playlist that is split, from its first entry, which is 0-based.
@@ -186,6 +192,7 @@ IniDocument Rescue::ReadGenericFile(const String& path) {
 /// them counts too: then it was the reader who understood more.
 bool Rescue::IsComplete(const IniDocument& document, const Listing& listing,
                         std::vector<MovedItem>& items) {
+  if (HasForeignEntries(document)) return false;
   auto next = listing.items.begin();
   const auto takeLeftOut = [&] {
     for (; next != listing.items.end() && !next->item.IsCarried(); ++next) {
@@ -212,19 +219,12 @@ bool Rescue::IsComplete(const IniDocument& document, const Listing& listing,
   return false;
 }
 
+/// By how the text is written, whatever the file's name says.
 std::int32_t Rescue::FittingType(const String& path, const Listing& listing) {
-  switch (listing.syntax) {
-    case ListSyntax::Asx:
-      return playlist_type::kWmpAsx;
-    case ListSyntax::Pls: {
-      const ObjectRef controller = library_.Create(u"helperMan");
-      const std::int32_t type = ToInt32(CallWith(*controller, u"ParsePLSHeader", path));
-      return type == playlist_type::kUnknown ? playlist_type::kWinampPls : type;
-    }
-    case ListSyntax::M3u:
-      break;
-  }
-  return listing.hasTitles ? playlist_type::kWinampM3u : playlist_type::kMmjbM3u;
+  const PlaylistType& standIn = StandInType(ExtensionOf(listing.syntax), listing.hasTitles);
+  if (standIn.header != Header::SettingsKeys) return standIn.code;
+  const std::int32_t type = TypeByKeys(library_, path);
+  return type == playlist_type::kUnknown ? standIn.code : type;
 }
 
 /// Why the queue left a playlist without a whole generic file.
@@ -320,7 +320,7 @@ std::vector<ObjectRef> Rescue::CompleteEntries(const std::vector<ObjectRef>& rea
 }
 
 ObjectRef Rescue::NewEntry(const FoundItem& found, std::int32_t type) {
-  const ObjectRef entry = library_.Create(EntryClass(type));
+  const ObjectRef entry = norvo::NewEntry(library_, type);
   const bool isSong = found.item.IsSong();
   entry->Let(u"Entry_URLType", isSong ? url_type::kFixedDrive : url_type::kInternet);
   entry->Let(u"Entry_SourceURL", isSong ? songs_.SourceOf(found.item.song) : found.item.reference);

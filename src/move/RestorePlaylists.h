@@ -32,9 +32,9 @@ struct RestoreResult : WorkResult {
   std::vector<PlayerSetting> settings;  ///< that point the players at their playlists
 };
 
-/// Turns every generic file in the machine's documents folder and below into native playlists of all
-/// players, each time anew, and points the installed players at their folders. MoveError when the
-/// machine lacks the product's settings.
+/// Turns every generic file in the machine's documents folder and below into native playlists of
+/// all players, each time anew, and points the installed players at their folders. MoveError when
+/// the machine lacks the product's settings.
 RestoreResult RestorePlaylists(const std::shared_ptr<Platform>& machine, const WorkOptions& options,
                                WorkObserver& observer);
 

@@ -75,7 +75,7 @@ class Setup {
   void GroupKey(const String& groupRoot) {
     const String key = DataArea(groupRoot) + String(DataCop::kGroup);
     const auto note = [&](Hive hive, bool written) {
-      Note({SetupStep::Kind::RegistryKey, hive, key, {}, {}, written});
+      Note({SetupStep::Kind::Key, hive, key, {}, {}, written});
     };
     norvo::Registry& registry = component_.Machine().Registry();
     for (const Hive hive : {Hive::CurrentUser, Hive::LocalMachine}) {
@@ -130,7 +130,7 @@ class Setup {
         throw MoveError(MoveFault::RegistryUnwritable);
       }
     }
-    Note({SetupStep::Kind::RegistryValue, hive, key, String(name), *value, !there});
+    Note({SetupStep::Kind::Value, hive, key, String(name), *value, !there});
     return *value;
   }
 

@@ -21,9 +21,9 @@ struct SetupWishes {
 
 /// What the set-up found or made.
 struct SetupStep {
-  enum class Kind { RegistryValue, RegistryKey, ProductFolder, GroupRootFolder, SubNamesFile };
+  enum class Kind { Value, Key, ProductFolder, GroupRootFolder, SubNamesFile };
 
-  Kind kind = Kind::RegistryValue;
+  Kind kind = Kind::Value;
   Hive hive = Hive::LocalMachine;  ///< of a registry key or value
   String path;                     ///< the key's, the folder's or the file's
   String name;                     ///< of a value
@@ -35,10 +35,10 @@ struct SetupResult : WorkResult {
   std::vector<SetupStep> steps;  ///< in their order
 };
 
-/// Writes what is missing of the product's settings and changes nothing that is there. What is there
-/// and cannot be used, or differs from the wishes, is warned of. A group root on another drive than
-/// C takes the product's folder along, so that drive C need not be writable. MoveError when
-/// something cannot be written.
+/// Writes what is missing of the product's settings and changes nothing that is there. What is
+/// there and cannot be used, or differs from the wishes, is warned of. A group root on another
+/// drive than C takes the product's folder along, so that drive C need not be writable. MoveError
+/// when something cannot be written.
 ///
 /// Without these settings a machine's playlists read as empty: every song that a playlist refers to
 /// is registered in the group's data area, which only they name.

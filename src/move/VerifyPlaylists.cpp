@@ -3,42 +3,37 @@
 #include <algorithm>
 
 #include "library/Library.h"
+#include "model/PlaylistTypes.h"
 #include "move/MoveError.h"
 #include "move/NativeReading.h"
 #include "move/OpenedLibrary.h"
 #include "overlay/OverlayPlatform.h"
 #include "services/DataCop.h"
-#include "services/FolderScanner.h"
+#include "services/FolderWalk.h"
 #include "text/Encoding.h"
 
 namespace norvo {
 namespace {
 
-/// All playlists in a folder and below.
-std::vector<String> PlaylistsBelow(Component& library, const String& root) {
-  constexpr StringView kEndings[] = {u".asx", u".m3u", u".pls"};
-  std::vector<String> found;
-  std::vector<String> waiting{root};
-  while (!waiting.empty()) {
-    const String folder = std::move(waiting.back());
-    waiting.pop_back();
-    const std::vector<FolderItem> items = ListSorted(library.Files(), folder, kEndings);
-    for (const FolderItem& item : items) {
-      if (!item.isFolder) found.push_back(folder + item.name);
-    }
-    for (auto item = items.rbegin(); item != items.rend(); ++item) {
-      if (item->isFolder) waiting.push_back(folder + item->name + u"\\");
-    }
+class PlaylistFinder final : public FolderVisitor {
+ public:
+  void VisitFile(StringView folder, StringView name) override {
+    found.push_back(String(folder).append(name));
   }
-  return found;
-}
+  /// What was restored can be listed.
+  void CannotList(StringView, const RunTimeError& failure) override { throw failure; }
+
+  std::vector<String> found;
+};
 
 std::vector<String> RestoredPlaylists(Component& library) {
   const String root = DataCop::GetSubNamePath(library, DataCop::kPlayListSlot);
   if (root.empty() || !library.Files().FolderExists(root)) {
     throw MoveError(MoveFault::NoPlaylistFolder, ToUtf8(root));
   }
-  return PlaylistsBelow(library, root);
+  PlaylistFinder finder;
+  WalkFolders(library.Files(), root, PlaylistExtensions(), finder);
+  return std::move(finder.found);
 }
 
 }  // namespace

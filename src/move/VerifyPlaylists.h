@@ -37,8 +37,8 @@ struct VerifyResult : WorkResult {
 };
 
 /// Reads native playlists and looks each reference up; changes nothing on the machine but for the
-/// log. `paths` are full paths on the machine, in UTF-8; without any, all playlists in the folder of
-/// the restored ones and below. MoveError when that folder is missing.
+/// log. `paths` are full paths on the machine, in UTF-8; without any, all playlists in the folder
+/// of the restored ones and below. MoveError when that folder is missing.
 VerifyResult VerifyPlaylists(const std::shared_ptr<Platform>& machine,
                              const std::vector<std::string>& paths, const WorkOptions& options,
                              WorkObserver& observer);

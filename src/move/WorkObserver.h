@@ -21,8 +21,9 @@ enum class MachineSide { Old, New };
 
 /// A debug log that a call writes.
 struct LogFile {
-  String path;             ///< on the machine; empty when none is written
-  std::string systemPath;  ///< where that is on this system, in UTF-8; empty where it cannot be told
+  String path;  ///< on the machine; empty when none is written
+  std::string
+      systemPath;  ///< where that is on this system, in UTF-8; empty where it cannot be told
 };
 
 /// What a call is busy with.
@@ -51,13 +52,13 @@ struct WorkProgress {
 /// the texts and counts are stands beside each kind; what is not named is empty or 0.
 struct WorkWarning {
   enum class Kind {
-    Library,            ///< `warning` tells what the library could not do
-    Oddity,             ///< of the machine itself: `warning.text`
-    SettingUnusable,    ///< the registry value `subject` is of no use; it is left as it is
-    RoleKept,           ///< another role was wished for, but `subject` was there before
-    GroupRootKept,      ///< another group root was wished for, but `subject` was there before
-    NoLogFolder,        ///< no log is written: the product folder `subject` is missing
-    NativesMissing,     ///< of playlist `subject` only `found` of `expected` native ones were written
+    Library,          ///< `warning` tells what the library could not do
+    Oddity,           ///< of the machine itself: `warning.text`
+    SettingUnusable,  ///< the registry value `subject` is of no use; it is left as it is
+    RoleKept,         ///< another role was wished for, but `subject` was there before
+    GroupRootKept,    ///< another group root was wished for, but `subject` was there before
+    NoLogFolder,      ///< no log is written: the product folder `subject` is missing
+    NativesMissing,   ///< of playlist `subject` only `found` of `expected` native ones were written
     UntellableAddress,  ///< of playlist `subject`: `detail` does not fit the 8-bit page
     NativeGone,         ///< the native playlist `subject` was written and is gone now
     NativeIncomplete,   ///< `subject` reads back with `found` of `expected` references

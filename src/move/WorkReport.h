@@ -10,8 +10,8 @@ namespace norvo {
 /// Ends a call that its observer has cancelled; never leaves this room.
 struct WorkCancelled {};
 
-/// Where the steps of a call tell what they do: to the caller's observer, and of warnings also to the
-/// call's result.
+/// Where the steps of a call tell what they do: to the caller's observer, and of warnings also to
+/// the call's result.
 class WorkReport {
  public:
   /// Both must outlive this.

@@ -15,7 +15,7 @@ struct WorkOptions {
 struct WorkResult {
   std::vector<WorkWarning> warnings;  ///< in the order in which they came up
   LogFile log;
-  bool cancelled = false;             ///< the observer ended it; what is done stays
+  bool cancelled = false;  ///< the observer ended it; what is done stays
 };
 
 }  // namespace norvo

@@ -5,12 +5,14 @@
 
 #include "placing/PlaceBatch.h"
 #include "placing/TargetFolders.h"
+#include "platform/files/DiskPath.h"
 #include "platform/files/FailureText.h"
 #include "platform/files/FileBytes.h"
 #include "platform/files/FileCopy.h"
 #include "platform/files/FileError.h"
 #include "platform/files/TemporaryFile.h"
 #include "platform/hosted/HostedFileSystem.h"
+#include "text/Encoding.h"
 #include "text/WindowsPath.h"
 
 namespace norvo {
@@ -252,6 +254,11 @@ bool FilePlacer::IsSame(StringView source, StringView target) {
   } catch (const FileError&) {
     return false;
   }
+}
+
+std::string FilePlacer::IdentityOf(StringView source) {
+  const std::optional<DiskEntry> found = from_.Find(AbsolutePath(source, u"C:"));
+  return found ? JoinDiskPath(found->drive->Folder(), found->RealPath()) : ToUtf8(source);
 }
 
 bool FilePlacer::IsBlocked(StringView target) {

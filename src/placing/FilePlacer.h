@@ -20,6 +20,7 @@ class FilePlacer final : public MediaPlacer {
   void PlaceAll(std::span<const PlaceJob> jobs, PlaceMode mode, PlaceListener& listener) override;
   bool IsSame(StringView source, StringView target) override;
   bool IsBlocked(StringView target) override;
+  std::string IdentityOf(StringView source) override;
 
  private:
   HostedFileSystem& from_;

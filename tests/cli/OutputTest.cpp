@@ -4,8 +4,8 @@
 
 #include "cli/Drop.h"
 #include "cli/Json.h"
-#include "cli/TerminalText.h"
 #include "cli/Table.h"
+#include "cli/TerminalText.h"
 
 namespace norvo {
 namespace {

@@ -6,8 +6,9 @@
 #include "cli/NamedMachine.h"
 #include "library/Library.h"
 #include "machines/MachineFolder.h"
-#include "machines/MachinePaths.h"
 #include "move/ProductSettings.h"
+#include "platform/hosted/DiskName.h"
+#include "platform/hosted/SystemPaths.h"
 #include "text/Encoding.h"
 
 namespace norvo::cli {
@@ -27,9 +28,10 @@ class FolderMachine final : public NamedMachine {
   std::shared_ptr<norvo::Platform> Platform() override { return platform_; }
   String MachinePathOf(const std::string& named) const override {
     if (IsMachinePath(named)) return FromUtf8Lossy(named);
-    const std::optional<String> inside = PathOnMachine(*platform_, named);
+    const std::optional<String> inside = PathOnMachine(platform_->DriveFolders(), named);
     if (!inside) {
-      throw CommandError(named + " is no file of the machine. Name a path of the machine, such as " +
+      throw CommandError(named +
+                         " is no file of the machine. Name a path of the machine, such as " +
                          R"(C:\Music\Mix.m3u, or of a file in its folder.)");
     }
     return *inside;
@@ -46,7 +48,7 @@ bool IsSingleLetter(const fs::path& name) {
 
 bool HoldsFile(const fs::path& folder, const fs::path& file) {
   const std::shared_ptr<HostedPlatform> machine = OpenIfMachine(folder);
-  return machine && PathOnMachine(*machine, file).has_value();
+  return machine && PathOnMachine(machine->DriveFolders(), file).has_value();
 }
 
 /// The machine folder that a file lies in: the nearest folder above that has a machine's own files,
@@ -82,7 +84,7 @@ fs::path ExistingFile(const std::string& path) {
 
 String PathInside(const HostedPlatform& machine, const fs::path& folder, const std::string& path) {
   if (IsMachinePath(path)) return FromUtf8Lossy(path);
-  const std::optional<String> inside = PathOnMachine(machine, ExistingFile(path));
+  const std::optional<String> inside = PathOnMachine(machine.DriveFolders(), ExistingFile(path));
   if (inside) return *inside;
   throw CommandError(path + " lies in no drive of the machine " + folder.string() +
                      ". Name a path of the machine, or leave --machine out.");
@@ -103,7 +105,7 @@ NamedPlaylist OnMachine(const fs::path& folder, const std::string& path, Message
 /// A playlist that lies in no machine: its own folder is drive C of one.
 NamedPlaylist OnItsOwn(const std::string& path, MessageDialog& messages) {
   const fs::path file = ExistingFile(path);
-  const std::optional<String> name = NameOnMachine(file);
+  const std::optional<String> name = FromDiskName(file.filename().string());
   if (!name) {
     throw CommandError(file.string() + ": the name cannot be a Windows name. Copy the file to " +
                        "another name, in the same folder.");

@@ -30,5 +30,5 @@ int main(int count, char** words) {
   char** const end = words + count;
   // Who starts the program may leave out even its name.
   return norvo::cli::Run({std::min(words + 1, end), end}, std::cout, std::cerr,
-                    ::isatty(STDERR_FILENO) == 1);
+                         ::isatty(STDERR_FILENO) == 1);
 }

@@ -86,7 +86,8 @@ class MigrateCommand final : public Command {
     options_.log = common.log;
     const MoveTerms terms{from_, to_, options_.dryRun, options_.media != MediaMode::None};
     MoveObserver observer(console);
-    const MoveResult result = MovePlaylists({from_, to_, work_, &console}, options_, observer);
+    const FolderMove folders{from_, to_, work_, &console, {"--from", "--to", "--work"}};
+    const MoveResult result = MovePlaylists(folders, options_, observer);
     for (const WorkWarning& warning : result.warnings) {
       console.KeepLeftOut(MoveWarningText(warning));
     }
@@ -97,8 +98,8 @@ class MigrateCommand final : public Command {
 
  private:
   void AddMediaOptions(CLI::App& app) {
-    CLI::Option* const copy =
-        app.add_flag_callback("--copy", [] {}, "Copy the songs (the default)");
+    CLI::Option* const copy = app.add_flag_callback(
+        "--copy", [] {}, "Copy the songs (the default)");
     CLI::Option* const link = app.add_flag_callback(
         "--link", [this] { options_.media = MediaMode::Link; },
         "Link the songs where both disks are one, else copy them");

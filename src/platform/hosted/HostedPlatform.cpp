@@ -9,6 +9,7 @@
 #include "platform/hosted/HostedRegistry.h"
 #include "platform/hosted/HostedSettings.h"
 #include "platform/hosted/HostedShell.h"
+#include "platform/hosted/SystemPaths.h"
 #include "services/FolderScanner.h"
 #include "services/MediaList.h"
 #include "text/Encoding.h"
@@ -93,7 +94,7 @@ std::vector<HostedDrive> HostedPlatform::DriveFolders() const {
   std::vector<HostedDrive> folders;
   for (const Drive& each : parts_->drives.List()) {
     folders.push_back(
-        {each.letter, each.type, SystemPathOf(parts_->drives.Find(each.letter)->Folder())});
+        {each.letter, each.type, norvo::SystemPathOf(parts_->drives.Find(each.letter)->Folder())});
   }
   return folders;
 }
@@ -127,6 +128,9 @@ MessageDialog& HostedPlatform::Messages() {
 }
 const CodePage& HostedPlatform::AnsiPage() {
   return Windows1252();
+}
+std::string HostedPlatform::SystemPathOf(StringView path) {
+  return PathOnSystem(DriveFolders(), path).string();
 }
 
 }  // namespace norvo

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "platform/hosted/HostedLayout.h"
@@ -43,6 +44,7 @@ class HostedPlatform final : public Platform {
   DriveScanner* Scanner() override;
   MessageDialog& Messages() override;
   const CodePage& AnsiPage() override;
+  std::string SystemPathOf(StringView path) override;
 
  private:
   struct Parts;

@@ -9,6 +9,7 @@
 #include "platform/windows/WindowsShell.h"
 #include "services/FolderScanner.h"
 #include "services/MediaList.h"
+#include "text/Encoding.h"
 
 namespace norvo {
 
@@ -58,6 +59,9 @@ MessageDialog& WindowsPlatform::Messages() {
 }
 const CodePage& WindowsPlatform::AnsiPage() {
   return SystemAnsiPage();
+}
+std::string WindowsPlatform::SystemPathOf(StringView path) {
+  return ToUtf8(path);
 }
 void WindowsPlatform::SetMessageDialog(MessageDialog& messages) {
   parts_->messages = &messages;

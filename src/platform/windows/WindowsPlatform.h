@@ -23,6 +23,8 @@ class WindowsPlatform final : public Platform {
   MessageDialog& Messages() override;
   /// The system's 8-bit code page.
   const CodePage& AnsiPage() override;
+  /// The path itself.
+  std::string SystemPathOf(StringView path) override;
   /// Shows the machine's messages from now on, instead of boxes. Not owned.
   void SetMessageDialog(MessageDialog& messages);
   /// Is told of names on the disk that no path can reach. Until it is set nobody is told.

@@ -1,4 +1,4 @@
-#include "machines/MachineLayout.h"
+#include "platform/hosted/SystemPaths.h"
 
 #include <algorithm>
 
@@ -45,17 +45,8 @@ std::optional<String> WayInto(const fs::path& folder, const fs::path& path) {
 
 }  // namespace
 
-std::optional<char16_t> MachineLayout::FreeLetter() const {
-  for (char16_t letter = u'Z'; letter >= u'C'; --letter) {
-    const bool taken = std::any_of(drives_.begin(), drives_.end(),
-                                   [letter](const auto& drive) { return drive.letter == letter; });
-    if (!taken) return letter;
-  }
-  return std::nullopt;
-}
-
-fs::path MachineLayout::HostPathOf(StringView machinePath) const {
-  for (const HostedDrive& drive : drives_) {
+fs::path PathOnSystem(std::span<const HostedDrive> drives, StringView machinePath) {
+  for (const HostedDrive& drive : drives) {
     if (!EqualsIgnoreCase(DriveName(machinePath), String(1, drive.letter) + u":")) continue;
     fs::path path = drive.folder;
     for (std::size_t at = 2; at < machinePath.size();) {
@@ -68,11 +59,12 @@ fs::path MachineLayout::HostPathOf(StringView machinePath) const {
   return {};
 }
 
-std::optional<String> MachineLayout::MachinePathOf(const fs::path& hostPath) const {
-  const fs::path path = Canonical(hostPath);
+std::optional<String> PathOnMachine(std::span<const HostedDrive> drives,
+                                    const fs::path& systemPath) {
+  const fs::path path = Canonical(systemPath);
   std::optional<String> found;
   std::size_t deepest = 0;
-  for (const HostedDrive& drive : drives_) {
+  for (const HostedDrive& drive : drives) {
     const fs::path folder = Canonical(drive.folder);
     const std::optional<String> way = WayInto(folder, path);
     const std::size_t depth = folder.string().size();
