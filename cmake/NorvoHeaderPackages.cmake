@@ -9,7 +9,7 @@ function(norvo_header_package target header package)
   find_path(NORVO_${package} ${header} PATHS /usr/include NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
   if(NOT NORVO_${package})
     message(FATAL_ERROR "${header} is missing: install the package ${package} "
-      "(apt-get install ${package}), or leave the program out with -DNORVO_BUILD_HOST=OFF.")
+      "(apt-get install ${package}), or leave the program out with -DNORVO_BUILD_PROGRAM=OFF.")
   endif()
   get_filename_component(folder ${header} DIRECTORY)
   if(NOT EXISTS "${norvo_headers}/${folder}")

@@ -37,7 +37,7 @@ class CollectObserver final : public ConsoleObserver {
   }
   void OnReplaced(const CollectedPlaylist& earlier, const CollectedPlaylist& later) override {
     Out().LeftOut(ToUtf8(earlier.path) + ": its neutral file is replaced by that of " +
-                      ToUtf8(later.path) + ", which has the same name: rename one of the two");
+                  ToUtf8(later.path) + ", which has the same name: rename one of the two");
   }
 };
 

@@ -39,7 +39,7 @@ class RestoreObserver final : public ConsoleObserver {
   void OnNative(const NativePlaylist& native) override {
     if (native.whole) return;
     Out().LeftOut(ToUtf8(native.path) +
-                      ": not written to its end: see that the disk is writable and not full");
+                  ": not written to its end: see that the disk is writable and not full");
   }
 };
 

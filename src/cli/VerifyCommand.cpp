@@ -38,8 +38,8 @@ class VerifyObserver final : public ConsoleObserver {
   void OnVerified(const VerifiedPlaylist& playlist) override {
     const std::string path = ToUtf8(playlist.path);
     Out().Print(path + ": " + std::to_string(playlist.Count(Kind::Found)) + " found, " +
-                    std::to_string(playlist.Count(Kind::Missing)) + " missing, " +
-                    std::to_string(playlist.Count(Kind::Address)) + " addresses");
+                std::to_string(playlist.Count(Kind::Missing)) + " missing, " +
+                std::to_string(playlist.Count(Kind::Address)) + " addresses");
     if (!playlist.whole) Out().LeftOut(path + ": cannot be read to its end");
     for (const VerifiedReference& row : playlist.references) {
       if (row.kind != Kind::Missing) continue;

@@ -1,13 +1,13 @@
 #include "cli/ProgramFixture.h"
 
-namespace norvo {
+namespace norvo::cli {
 namespace {
 
-class CollectCommandTest : public HostTest {
+class CollectCommandTest : public ProgramTest {
  protected:
   Outcome Collect(std::vector<std::string> more = {}) const {
     more.insert(more.begin(), {"collect", "--machine", Machine()});
-    return RunHost(more);
+    return RunProgram(more);
   }
 };
 
@@ -147,4 +147,4 @@ TEST_F(CollectCommandTest, ReferencesCannotSteerTheTerminal) {
 }
 
 }  // namespace
-}  // namespace norvo
+}  // namespace norvo::cli

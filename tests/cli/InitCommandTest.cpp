@@ -1,10 +1,10 @@
 #include "cli/ProgramFixture.h"
 #include "text/Encoding.h"
 
-namespace norvo {
+namespace norvo::cli {
 namespace {
 
-class InitCommandTest : public HostTest {
+class InitCommandTest : public ProgramTest {
  protected:
   std::string RegistryText() const {
     const std::string bytes = ReadFile(Place("registry.reg"));
@@ -45,7 +45,7 @@ TEST_F(InitCommandTest, ASecondRunChangesNoByte) {
 
 TEST_F(InitCommandTest, TakesRoleAndGroupRoot) {
   fs::create_directories(Place("D"));
-  const Outcome outcome = RunHost(
+  const Outcome outcome = RunProgram(
       {"init", "--machine", Machine(), "--role", "destination", "--group-root", "D:/Media/Norvo"});
   EXPECT_EQ(outcome.code, 0) << outcome.err;
   EXPECT_TRUE(Holds(RegistryText(), "\"mode\"=dword:00000001"));
@@ -58,10 +58,10 @@ TEST_F(InitCommandTest, AGroupRootOffDriveCLeavesDriveCAsItWas) {
   fs::create_directories(Place("Z"));
   const auto before = Snapshot(Place("C"));
   const Outcome init =
-      RunHost({"init", "--machine", Machine(), "--group-root", "Z:\\Norvo Media\\"});
+      RunProgram({"init", "--machine", Machine(), "--group-root", "Z:\\Norvo Media\\"});
   EXPECT_EQ(init.code, 0) << init.err;
   EXPECT_TRUE(Holds(RegistryText(), "\"ProductFolder\"=\"Z:\\\\Norvo\\\\\"")) << init.out;
-  EXPECT_EQ(RunHost({"collect", "--machine", Machine(), "--log"}).code, 1);  // a song is missing
+  EXPECT_EQ(RunProgram({"collect", "--machine", Machine(), "--log"}).code, 1);  // a song is missing
   EXPECT_TRUE(fs::exists(Place("Z/Norvo Media/KVs/MediaList.txt")));
   EXPECT_TRUE(fs::exists(Place("Z/Norvo/VBLog.txt")));
   EXPECT_EQ(Snapshot(Place("C")), before);
@@ -72,7 +72,7 @@ TEST_F(InitCommandTest, AProductFolderThatIsNamedStays) {
   WriteFile(Place("registry.reg"), std::string(kHeader) +
                                        "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Norvo\\Migration]\r\n"
                                        "\"ProductFolder\"=\"C:\\\\Logs\"\r\n");
-  const Outcome outcome = RunHost({"init", "--machine", Machine(), "--group-root", "Z:\\Media"});
+  const Outcome outcome = RunProgram({"init", "--machine", Machine(), "--group-root", "Z:\\Media"});
   EXPECT_EQ(outcome.code, 0) << outcome.err;
   EXPECT_TRUE(Holds(ReadFile(Place("registry.reg")), "\"ProductFolder\"=\"C:\\\\Logs\""));
   EXPECT_TRUE(fs::is_directory(Place("C/Logs")));
@@ -85,7 +85,7 @@ TEST_F(InitCommandTest, AProductFolderThatIsNoTextIsToldAndNothingIsMadeOnDriveC
                                        "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Norvo\\Migration]\r\n"
                                        "\"ProductFolder\"=dword:00000001\r\n");
   const auto before = Snapshot(Place("C"));
-  const Outcome outcome = RunHost({"init", "--machine", Machine(), "--group-root", "Z:\\Media"});
+  const Outcome outcome = RunProgram({"init", "--machine", Machine(), "--group-root", "Z:\\Media"});
   EXPECT_EQ(outcome.code, 1);
   EXPECT_TRUE(Holds(outcome.err, "ProductFolder is no text")) << outcome.err;
   EXPECT_EQ(Snapshot(Place("C")), before);
@@ -94,7 +94,7 @@ TEST_F(InitCommandTest, AProductFolderThatIsNoTextIsToldAndNothingIsMadeOnDriveC
 TEST_F(InitCommandTest, KeepsWhatIsThereAndSaysThatAWishWasNotFulfilled) {
   Init();
   const auto before = Snapshot(Machine());
-  const Outcome outcome = RunHost(
+  const Outcome outcome = RunProgram(
       {"init", "--machine", Machine(), "--role", "destination", "--group-root", "C:\\Elsewhere"});
   EXPECT_EQ(outcome.code, 1);
   EXPECT_EQ(Snapshot(Machine()), before);
@@ -122,7 +122,7 @@ TEST_F(InitCommandTest, AValueThatTheUsersKeyHidesIsRepeatedThere) {
   EXPECT_EQ(Init().code, 0);
   const std::string registry = ReadFile(Place("registry.reg"));
   EXPECT_FALSE(Holds(registry, "\"mode\"=dword:00000000"));
-  EXPECT_EQ(RunHost({"scan", "--machine", Machine()}).code, 0);
+  EXPECT_EQ(RunProgram({"scan", "--machine", Machine()}).code, 0);
 }
 
 TEST_F(InitCommandTest, AnExistingSubNamesFileStaysUntouched) {
@@ -145,7 +145,7 @@ TEST_F(InitCommandTest, AValueOfTheWrongTypeIsLeftAndTold) {
 TEST_F(InitCommandTest, AGroupRootWithoutAPlaceIsRefusedBeforeAnythingIsWritten) {
   const auto before = Snapshot(Machine());
   for (const std::string root : {"Media", "\\Media", "C:", "Q:\\Media", "\xFF:\\Media"}) {
-    const Outcome outcome = RunHost({"init", "--machine", Machine(), "--group-root", root});
+    const Outcome outcome = RunProgram({"init", "--machine", Machine(), "--group-root", root});
     EXPECT_EQ(outcome.code, 2) << root;
     EXPECT_TRUE(Holds(outcome.err, "--group-root")) << outcome.err;
   }
@@ -153,21 +153,21 @@ TEST_F(InitCommandTest, AGroupRootWithoutAPlaceIsRefusedBeforeAnythingIsWritten)
 }
 
 TEST_F(InitCommandTest, ReportsAsADocument) {
-  const auto written = RunHost({"init", "--machine", Machine(), "--json"}).Document();
+  const auto written = RunProgram({"init", "--machine", Machine(), "--json"}).Document();
   EXPECT_EQ(written.at("command"), "init");
   EXPECT_EQ(written.at("written").size(), 6u);
   EXPECT_EQ(written.at("alreadyThere").size(), 0u);
-  const auto there = RunHost({"init", "--machine", Machine(), "--json"}).Document();
+  const auto there = RunProgram({"init", "--machine", Machine(), "--json"}).Document();
   EXPECT_EQ(there.at("written").size(), 0u);
   EXPECT_EQ(there.at("alreadyThere").size(), 6u);
   EXPECT_EQ(there.at("exitCode"), 0);
 }
 
 TEST_F(InitCommandTest, QuietSaysNothing) {
-  const Outcome outcome = RunHost({"init", "--machine", Machine(), "--quiet"});
+  const Outcome outcome = RunProgram({"init", "--machine", Machine(), "--quiet"});
   EXPECT_EQ(outcome.code, 0);
   EXPECT_EQ(outcome.out + outcome.err, "");
 }
 
 }  // namespace
-}  // namespace norvo
+}  // namespace norvo::cli

@@ -4,7 +4,7 @@
 
 #include "move/MoveFixture.h"
 
-namespace norvo {
+namespace norvo::cli {
 namespace {
 
 /// The command as the user meets it: arguments, reports, exit codes, and what it must not touch.
@@ -30,8 +30,8 @@ class MigrateCommandTest : public MoveTest {
 
 TEST_F(MigrateCommandTest, BothMachinesMustBeNamed) {
   const std::string help = "\nRun norvo-playlists --help, or norvo-playlists COMMAND --help.";
-  ExpectRefused(RunHost({"migrate", "--to", New()}), "--from is required" + help);
-  ExpectRefused(RunHost({"migrate", "--from", Old()}), "--to is required" + help);
+  ExpectRefused(RunProgram({"migrate", "--to", New()}), "--from is required" + help);
+  ExpectRefused(RunProgram({"migrate", "--from", Old()}), "--to is required" + help);
   EXPECT_FALSE(fs::exists(New()));
 }
 
@@ -47,7 +47,7 @@ TEST_F(MigrateCommandTest, TheWaysOfBringingSongsExcludeEachOther) {
 
 TEST_F(MigrateCommandTest, AnOldMachineThatIsNotThereIsRefused) {
   const std::string absent = Beside("absent");
-  ExpectRefused(RunHost({"migrate", "--from", absent, "--to", New()}),
+  ExpectRefused(RunProgram({"migrate", "--from", absent, "--to", New()}),
                 absent +
                     " is no folder. Name the old machine's folder, or the folder where its disk "
                     "is mounted, with --from.");
@@ -73,7 +73,7 @@ TEST_F(MigrateCommandTest, FoldersThatLieInEachOtherAreRefused) {
   for (const Row& row : rows) {
     Texts words = row.words;
     words.insert(words.begin(), "migrate");
-    ExpectRefused(RunHost(words),
+    ExpectRefused(RunProgram(words),
                   std::string(row.names) + " lie in each other. Name folders that stand apart.");
   }
   EXPECT_EQ(Snapshot(Root()), before);
@@ -81,7 +81,7 @@ TEST_F(MigrateCommandTest, FoldersThatLieInEachOtherAreRefused) {
 
 TEST_F(MigrateCommandTest, ALinkToTheOldMachineIsNoNewOne) {
   fs::create_directory_symlink(Old(), Beside("link"));
-  ExpectRefused(RunHost({"migrate", "--from", Old(), "--to", Beside("link")}),
+  ExpectRefused(RunProgram({"migrate", "--from", Old(), "--to", Beside("link")}),
                 "--from and --to lie in each other. Name folders that stand apart.");
 }
 
@@ -94,7 +94,7 @@ TEST_F(MigrateCommandTest, ADriveOfBothMachinesIsNotWrittenTo) {
   const std::string written = "drive C of --to (" + disk + ")";
   ExpectRefused(Migrate(), "drive D of --from (" + disk + ") and " + written +
                                " lie in each other. Name folders that stand apart.");
-  ExpectRefused(RunHost({"migrate", "--from", disk, "--to", New()}),
+  ExpectRefused(RunProgram({"migrate", "--from", disk, "--to", New()}),
                 "--from and " + written + " lie in each other. Name folders that stand apart.");
   EXPECT_EQ(Snapshot(Root()), before);
 }
@@ -118,7 +118,7 @@ TEST_F(MigrateCommandTest, LinkingIsRefusedWhereNothingMayBeWritten) {
       "--link writes to the old disk, which counts the links of a file. Use --copy, or name a "
       "machine folder with --from and leave --work out.";
   ExpectRefused(Migrate({"--link", "--work", Beside("work")}), message);
-  ExpectRefused(RunHost({"migrate", "--from", Old() + "/C", "--to", New(), "--link"}), message);
+  ExpectRefused(RunProgram({"migrate", "--from", Old() + "/C", "--to", New(), "--link"}), message);
   EXPECT_FALSE(fs::exists(New()));
 }
 
@@ -134,7 +134,7 @@ TEST_F(MigrateCommandTest, AnotherMachineIsNoWorkFolder) {
 
 TEST_F(MigrateCommandTest, ANewMachineThatCannotBeMadeIsRefused) {
   WriteFile(Beside("file"), "x");
-  const Outcome outcome = RunHost({"migrate", "--from", Old(), "--to", Beside("file") + "/new"});
+  const Outcome outcome = RunProgram({"migrate", "--from", Old(), "--to", Beside("file") + "/new"});
   EXPECT_EQ(outcome.code, 2);
   EXPECT_TRUE(Holds(outcome.err, "file/new cannot be made a machine: ")) << outcome.err;
   EXPECT_TRUE(Holds(outcome.err, ". Name a folder that can be written with --to.\n"));
@@ -293,7 +293,7 @@ TEST_F(MigrateCommandTest, QuietSaysNothingButWhatIsLeftOut) {
 TEST_F(MigrateCommandTest, ProgressIsDrawnOnATerminalOnly) {
   std::ostringstream out;
   std::ostringstream terminal;
-  norvo::Run({"migrate", "--from", Old(), "--to", New()}, out, terminal, true);
+  Run({"migrate", "--from", Old(), "--to", New()}, out, terminal, true);
   EXPECT_TRUE(Holds(terminal.str(), "\r\x1B[K")) << terminal.str();
   EXPECT_TRUE(terminal.str().ends_with("\r\x1B[K"));
   EXPECT_FALSE(Holds(Migrate().err, "\x1B"));
@@ -321,7 +321,7 @@ TEST_F(MigrateCommandTest, TheDocumentNamesTheLogsOfBothMachines) {
 
 TEST_F(MigrateCommandTest, ALogThatGoesWithATemporaryMachineIsNotInTheDocument) {
   const Outcome outcome =
-      RunHost({"migrate", "--from", Old() + "/C", "--to", New(), "--log", "--json"});
+      RunProgram({"migrate", "--from", Old() + "/C", "--to", New(), "--log", "--json"});
   const auto logs = outcome.Document().at("logs");
   EXPECT_FALSE(logs.contains("from"));
   EXPECT_TRUE(logs.contains("to"));
@@ -396,7 +396,7 @@ TEST_F(MigrateCommandTest, OfAnOldMachineNothingChangesButTheProductsData) {
 TEST_F(MigrateCommandTest, ToAFolderThatIsNoMachineNothingIsWritten) {
   const std::string disk = Old() + "/C";
   const auto before = Snapshot(Old());
-  const Outcome outcome = RunHost({"migrate", "--from", disk, "--to", New()});
+  const Outcome outcome = RunProgram({"migrate", "--from", disk, "--to", New()});
   EXPECT_EQ(outcome.code, 0) << outcome.err;
   EXPECT_EQ(Snapshot(Old()), before);
   ExpectMoved("Mix", {kOne, kTwo, "http://example.com/"});
@@ -424,7 +424,7 @@ TEST_F(MigrateCommandTest, ADiskWithAFolderOfOneLetterIsNoMachine) {
   AddSong(R"(C:\A\Abba.mp3)");
   WriteOld(R"(C:\A\Letter.m3u)", M3u({R"(C:\A\Abba.mp3)", R"(..\Music\Two.mp3)"}));
   const auto before = Snapshot(Old());
-  EXPECT_EQ(RunHost({"migrate", "--from", disk, "--to", New()}).code, 0);
+  EXPECT_EQ(RunProgram({"migrate", "--from", disk, "--to", New()}).code, 0);
   EXPECT_EQ(Snapshot(Old()), before);
   ExpectMoved("Letter", {R"(C:\A\Abba.mp3)", kTwo});
 }
@@ -450,17 +450,17 @@ TEST_F(MigrateCommandTest, AFolderThatIsNoMachineIsMadeOne) {
   WriteFile(fs::path(New()) / "letters" / "x.txt", "of the user");
   EXPECT_EQ(Migrate().code, 0);
   EXPECT_EQ(ReadFile(fs::path(New()) / "letters" / "x.txt"), "of the user");
-  const Outcome again = RunHost({"init", "--machine", New(), "--role", "destination", "--json"});
+  const Outcome again = RunProgram({"init", "--machine", New(), "--role", "destination", "--json"});
   EXPECT_EQ(again.code, 0) << again.err;  // it has that role, and all settings
   EXPECT_EQ(again.Document().at("written"), nlohmann::json::array());
 }
 
 TEST_F(MigrateCommandTest, AMachineKeepsTheRoleThatItHas) {
   fs::create_directories(NewPlace("C:\\"));
-  ASSERT_EQ(RunHost({"init", "--machine", New(), "--role", "source"}).code, 0);
+  ASSERT_EQ(RunProgram({"init", "--machine", New(), "--role", "source"}).code, 0);
   EXPECT_EQ(Migrate().code, 0);
-  EXPECT_EQ(RunHost({"init", "--machine", New(), "--role", "source"}).code, 0);
+  EXPECT_EQ(RunProgram({"init", "--machine", New(), "--role", "source"}).code, 0);
 }
 
 }  // namespace
-}  // namespace norvo
+}  // namespace norvo::cli

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "cli/Program.h"
-#include "machines/TempFolder.h"
+#include "machines/TemporaryFolder.h"
 
 namespace norvo {
 
@@ -27,10 +27,10 @@ struct Outcome {
   nlohmann::json Document() const { return nlohmann::json::parse(out); }
 };
 
-inline Outcome RunHost(const std::vector<std::string>& words) {
+inline Outcome RunProgram(const std::vector<std::string>& words) {
   std::ostringstream out;
   std::ostringstream err;
-  const int code = Run(words, out, err);
+  const int code = cli::Run(words, out, err);
   return {code, out.str(), err.str()};
 }
 
@@ -39,7 +39,7 @@ inline bool Holds(const std::string& text, const std::string& sought) {
 }
 
 /// A machine folder of its own for each test.
-class HostTest : public ::testing::Test {
+class ProgramTest : public ::testing::Test {
  protected:
   fs::path Root() const { return folder_.Path(); }
   std::string Machine() const { return (folder_.Path() / "machine").string(); }
@@ -78,10 +78,10 @@ class HostTest : public ::testing::Test {
               "Two.mp3\r\n#EXTINF:63,Cid - Three\r\nThree.mp3\r\n");
   }
 
-  Outcome Init() const { return RunHost({"init", "--machine", Machine()}); }
+  Outcome Init() const { return RunProgram({"init", "--machine", Machine()}); }
 
  private:
-  TempFolder folder_;
+  TemporaryFolder folder_;
 };
 
 }  // namespace norvo

@@ -6,7 +6,7 @@
 
 #include "cli/TerminalText.h"
 
-namespace norvo {
+namespace norvo::cli {
 namespace {
 
 const std::string kClear = "\r\x1B[K";
@@ -126,4 +126,4 @@ TEST(ProgressTest, TheLineIsTakenAwayOnce) {
 }
 
 }  // namespace
-}  // namespace norvo
+}  // namespace norvo::cli

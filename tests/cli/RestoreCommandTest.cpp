@@ -1,15 +1,15 @@
 #include "cli/ProgramFixture.h"
 
-namespace norvo {
+namespace norvo::cli {
 namespace {
 
-class RestoreCommandTest : public HostTest {
+class RestoreCommandTest : public ProgramTest {
  protected:
   static constexpr const char* kFolder = R"(C:\My Documents\Norvo Media\PlayLists\)";
 
   Outcome Restore(std::vector<std::string> more = {}) const {
     more.insert(more.begin(), {"restore", "--machine", Machine()});
-    return RunHost(more);
+    return RunProgram(more);
   }
   /// A neutral file in the documents folder; `type` and `count` as they are to stand there.
   void WriteNeutral(const std::string& name, const std::string& type = "3",
@@ -171,4 +171,4 @@ TEST_F(RestoreCommandTest, QuietSaysNothing) {
 }
 
 }  // namespace
-}  // namespace norvo
+}  // namespace norvo::cli

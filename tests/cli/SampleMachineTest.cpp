@@ -1,10 +1,10 @@
 #include "cli/ProgramFixture.h"
 
-namespace norvo {
+namespace norvo::cli {
 namespace {
 
 /// The sample machine, copied for each test.
-class SampleMachineTest : public HostTest {
+class SampleMachineTest : public ProgramTest {
  protected:
   void SetUp() override {
     fs::copy(fs::path(NORVO_SOURCE_DIR) / "examples" / "sample-machine", Machine(),
@@ -22,7 +22,7 @@ class SampleMachineTest : public HostTest {
 
 TEST_F(SampleMachineTest, ScanFindsThePlaylistsOfAllTypes) {
   Init();
-  const auto document = RunHost({"scan", "--machine", Machine(), "--json"}).Document();
+  const auto document = RunProgram({"scan", "--machine", Machine(), "--json"}).Document();
   EXPECT_EQ(document.at("playlists").size(), 46u);
   const nlohmann::json expected = {{"WMP_ASX", 11},   {"WMP_M3U", 2},     {"WINAMP_M3U", 19},
                                    {"WINAMP_PLS", 6}, {"SONIQUE_PLS", 4}, {"MMJB_M3U", 4}};
@@ -30,7 +30,7 @@ TEST_F(SampleMachineTest, ScanFindsThePlaylistsOfAllTypes) {
 }
 
 TEST_F(SampleMachineTest, CollectTellsTheOutcomeOfEachPlaylist) {
-  const Outcome outcome = RunHost({"collect", "--init", "--machine", Machine(), "--json"});
+  const Outcome outcome = RunProgram({"collect", "--init", "--machine", Machine(), "--json"});
   EXPECT_EQ(outcome.code, 1);
   const auto document = outcome.Document();
   const auto& summary = document.at("summary");
@@ -55,7 +55,8 @@ TEST_F(SampleMachineTest, CollectTellsTheOutcomeOfEachPlaylist) {
 }
 
 TEST_F(SampleMachineTest, EveryNeutralFileThatIsNamedIsThere) {
-  const auto document = RunHost({"collect", "--init", "--machine", Machine(), "--json"}).Document();
+  const auto document =
+      RunProgram({"collect", "--init", "--machine", Machine(), "--json"}).Document();
   std::size_t written = 0;
   for (const auto& playlist : document.at("playlists")) {
     if (playlist.at("outcome") != "written") continue;
@@ -72,14 +73,14 @@ TEST_F(SampleMachineTest, EveryNeutralFileThatIsNamedIsThere) {
 }
 
 TEST_F(SampleMachineTest, CollectTwiceGivesTheSameBytes) {
-  RunHost({"collect", "--init", "--machine", Machine()});
+  RunProgram({"collect", "--init", "--machine", Machine()});
   const auto before = Snapshot(Machine());
-  RunHost({"collect", "--init", "--machine", Machine()});
+  RunProgram({"collect", "--init", "--machine", Machine()});
   EXPECT_EQ(Snapshot(Machine()), before);
 }
 
 TEST_F(SampleMachineTest, ShowReadsAMachinePathWithBrackets) {
-  const Outcome outcome = RunHost(
+  const Outcome outcome = RunProgram(
       {"show", "--machine", Machine(), "C:\\Music\\Pop Hits [2003]\\Pop Hits.m3u", "--json"});
   EXPECT_EQ(outcome.code, 1);
   EXPECT_EQ(outcome.Document().at("type"), 2);
@@ -88,10 +89,10 @@ TEST_F(SampleMachineTest, ShowReadsAMachinePathWithBrackets) {
 
 TEST_F(SampleMachineTest, ShowReadsASystemPathWithUmlauts) {
   const Outcome outcome =
-      RunHost({"show", Place("D/H\xC3\xB6rspiele/H\xC3\xB6rspiele.pls").string(), "--json"});
+      RunProgram({"show", Place("D/H\xC3\xB6rspiele/H\xC3\xB6rspiele.pls").string(), "--json"});
   EXPECT_EQ(outcome.Document().at("path"), "D:\\H\xC3\xB6rspiele\\H\xC3\xB6rspiele.pls");
   EXPECT_EQ(outcome.Document().at("entries").size(), 2u);
 }
 
 }  // namespace
-}  // namespace norvo
+}  // namespace norvo::cli

@@ -1,13 +1,13 @@
 #include "cli/ProgramFixture.h"
 
-namespace norvo {
+namespace norvo::cli {
 namespace {
 
-class ScanCommandTest : public HostTest {
+class ScanCommandTest : public ProgramTest {
  protected:
   Outcome Scan(std::vector<std::string> more = {}) const {
     more.insert(more.begin(), {"scan", "--machine", Machine()});
-    return RunHost(more);
+    return RunProgram(more);
   }
 };
 
@@ -98,4 +98,4 @@ TEST_F(ScanCommandTest, ControlCharactersOfNamesNeverReachTheReport) {
 }
 
 }  // namespace
-}  // namespace norvo
+}  // namespace norvo::cli

@@ -2,15 +2,15 @@
 
 #include "cli/ProgramFixture.h"
 
-namespace norvo {
+namespace norvo::cli {
 namespace {
 
-using ShowCommandTest = HostTest;
+using ShowCommandTest = ProgramTest;
 
 TEST_F(ShowCommandTest, PrintsTheEntriesOfAMachinePath) {
   WriteMix();
   Init();
-  const Outcome outcome = RunHost({"show", "--machine", Machine(), "c:\\music\\MIX.m3u"});
+  const Outcome outcome = RunProgram({"show", "--machine", Machine(), "c:\\music\\MIX.m3u"});
   EXPECT_EQ(outcome.code, 1);
   EXPECT_TRUE(Holds(outcome.out, "M3U of WinAmp")) << outcome.out;
   EXPECT_TRUE(Holds(outcome.out, "Artist"));
@@ -25,15 +25,16 @@ TEST_F(ShowCommandTest, LeavesTheMachineAsItWas) {
   WriteMix();
   Init();
   const auto before = Snapshot(Machine());
-  RunHost({"show", "--machine", Machine(), "C:\\Music\\Mix.m3u"});
-  RunHost({"show", Place("C/Music/Mix.m3u").string()});
+  RunProgram({"show", "--machine", Machine(), "C:\\Music\\Mix.m3u"});
+  RunProgram({"show", Place("C/Music/Mix.m3u").string()});
   EXPECT_EQ(Snapshot(Machine()), before);
 }
 
 TEST_F(ShowCommandTest, AMachineWithoutSettingsWorksAndNamesInit) {
   WriteMix();
   const auto before = Snapshot(Machine());
-  const Outcome outcome = RunHost({"show", "--machine", Machine(), "C:\\Music\\Mix.m3u", "--json"});
+  const Outcome outcome =
+      RunProgram({"show", "--machine", Machine(), "C:\\Music\\Mix.m3u", "--json"});
   EXPECT_TRUE(Holds(outcome.err, "norvo-playlists init")) << outcome.err;
   EXPECT_EQ(outcome.Document().at("entries").size(), 2u);
   EXPECT_EQ(Snapshot(Machine()), before);
@@ -41,7 +42,8 @@ TEST_F(ShowCommandTest, AMachineWithoutSettingsWorksAndNamesInit) {
 
 TEST_F(ShowCommandTest, FindsTheMachineOfASystemPath) {
   WriteMix();
-  const auto document = RunHost({"show", Place("C/Music/Mix.m3u").string(), "--json"}).Document();
+  const auto document =
+      RunProgram({"show", Place("C/Music/Mix.m3u").string(), "--json"}).Document();
   EXPECT_EQ(document.at("path"), "C:\\Music\\Mix.m3u");
   EXPECT_EQ(document.at("typeName"), "WINAMP_M3U");
   EXPECT_EQ(document.at("entries").size(), 2u);
@@ -53,7 +55,7 @@ TEST_F(ShowCommandTest, AFolderOfOneLetterWithinTheMusicIsNoDrive) {
   WriteFile(Place("C/Music/A/Abba/Mix.m3u"), "#EXTM3U\r\nSong.mp3\r\n");
   WriteFile(Place("C/Music/A/Abba/Song.mp3"), "x");
   const auto document =
-      RunHost({"show", Place("C/Music/A/Abba/Mix.m3u").string(), "--json"}).Document();
+      RunProgram({"show", Place("C/Music/A/Abba/Mix.m3u").string(), "--json"}).Document();
   EXPECT_EQ(document.at("path"), "C:\\Music\\A\\Abba\\Mix.m3u");
   EXPECT_EQ(document.at("entries").size(), 1u);
 }
@@ -65,7 +67,7 @@ TEST_F(ShowCommandTest, FindsTheMachineThroughItsSettings) {
   WriteFile(Place("disc/Album/Mix.m3u"), "#EXTM3U\r\nSong.mp3\r\nC:\\Music\\One.mp3\r\n");
   WriteFile(Place("disc/Album/Song.mp3"), "x");
   const auto document =
-      RunHost({"show", Place("disc/Album/Mix.m3u").string(), "--json"}).Document();
+      RunProgram({"show", Place("disc/Album/Mix.m3u").string(), "--json"}).Document();
   EXPECT_EQ(document.at("path"), "E:\\Album\\Mix.m3u");
   EXPECT_EQ(document.at("entries").size(), 2u);
 }
@@ -74,7 +76,7 @@ TEST_F(ShowCommandTest, AFileOfNoMachineIsReadInItsOwnFolder) {
   WriteFile(Root() / "my music/Mix.m3u", "#EXTM3U\r\n#EXTINF:61,Ann - One\r\nOne.mp3\r\n");
   WriteFile(Root() / "my music/One.mp3", "x");
   const auto before = Snapshot(Root());
-  const Outcome outcome = RunHost({"show", (Root() / "my music/Mix.m3u").string()});
+  const Outcome outcome = RunProgram({"show", (Root() / "my music/Mix.m3u").string()});
   EXPECT_EQ(outcome.code, 0) << outcome.err;
   EXPECT_TRUE(Holds(outcome.out, "C:\\One.mp3")) << outcome.out;
   EXPECT_EQ(Snapshot(Root()), before);
@@ -87,9 +89,9 @@ TEST_F(ShowCommandTest, LeavesNoTemporaryFolder) {
   const char* const before = std::getenv("TMPDIR");
   const std::string restored = before == nullptr ? "" : before;
   ::setenv("TMPDIR", temporary.c_str(), 1);
-  const Outcome outcome = RunHost({"show", "--machine", Machine(), "C:\\Music\\Mix.m3u"});
+  const Outcome outcome = RunProgram({"show", "--machine", Machine(), "C:\\Music\\Mix.m3u"});
   fs::remove(temporary);
-  const Outcome without = RunHost({"show", "--machine", Machine(), "C:\\Music\\Mix.m3u"});
+  const Outcome without = RunProgram({"show", "--machine", Machine(), "C:\\Music\\Mix.m3u"});
   ::unsetenv("TMPDIR");
   if (before != nullptr) ::setenv("TMPDIR", restored.c_str(), 1);
   EXPECT_EQ(outcome.code, 1);
@@ -101,7 +103,7 @@ TEST_F(ShowCommandTest, TakesTheTypeThatIsNamed) {
   WriteSong("One.mp3");
   WriteFile(Place("C/Music/list.txt"), "One.mp3\r\nC:\\Music\\One.mp3\r\n");
   const std::string path = "C:\\Music\\list.txt";
-  const Outcome told = RunHost({"show", "--machine", Machine(), path, "--type", "6", "--json"});
+  const Outcome told = RunProgram({"show", "--machine", Machine(), path, "--type", "6", "--json"});
   EXPECT_EQ(told.code, 0) << told.err;
   EXPECT_EQ(told.Document().at("entries").size(), 2u);
   EXPECT_EQ(told.Document().at("type"), 6);
@@ -109,7 +111,7 @@ TEST_F(ShowCommandTest, TakesTheTypeThatIsNamed) {
 
 TEST_F(ShowCommandTest, APlaylistWithoutATypeAsksForOne) {
   WriteFile(Place("C/Music/list.m3u"), "nothing\r\n");
-  const Outcome outcome = RunHost({"show", "--machine", Machine(), "C:\\Music\\list.m3u"});
+  const Outcome outcome = RunProgram({"show", "--machine", Machine(), "C:\\Music\\list.m3u"});
   EXPECT_EQ(outcome.code, 1);
   EXPECT_TRUE(Holds(outcome.err, "C:\\Music\\list.m3u: its first lines tell no playlist type"));
   EXPECT_TRUE(Holds(outcome.err, "--type"));
@@ -121,7 +123,7 @@ TEST_F(ShowCommandTest, AnAsxIsReadAsOne) {
             "<Asx Version = \"3.0\" >\r\n<Entry>\r\n<Title>First</Title>\r\n"
             "<Ref href = \"C:\\Music\\One.mp3\" />\r\n</Entry>\r\n</Asx>\r\n");
   const auto document =
-      RunHost({"show", "--machine", Machine(), "C:\\Music\\Plain.asx", "--json"}).Document();
+      RunProgram({"show", "--machine", Machine(), "C:\\Music\\Plain.asx", "--json"}).Document();
   EXPECT_EQ(document.at("type"), 1);
   EXPECT_EQ(document.at("entries")[0].at("title"), "First");
 }
@@ -137,7 +139,7 @@ TEST_F(ShowCommandTest, PathsThatLeadNowhereEndWithTwoAndAreNamed) {
       {"show", Root().string()},
   };
   for (const auto& words : lines) {
-    const Outcome outcome = RunHost(words);
+    const Outcome outcome = RunProgram(words);
     EXPECT_EQ(outcome.code, 2) << ::testing::PrintToString(words);
     EXPECT_TRUE(Holds(outcome.err, words.back())) << outcome.err;
     EXPECT_EQ(outcome.out, "");
@@ -147,10 +149,11 @@ TEST_F(ShowCommandTest, PathsThatLeadNowhereEndWithTwoAndAreNamed) {
 TEST_F(ShowCommandTest, TheLogGoesToTheMachinesProductFolder) {
   WriteMix();
   Init();
-  const Outcome outcome = RunHost({"show", "--machine", Machine(), "C:\\Music\\Mix.m3u", "--log"});
+  const Outcome outcome =
+      RunProgram({"show", "--machine", Machine(), "C:\\Music\\Mix.m3u", "--log"});
   EXPECT_TRUE(Holds(outcome.err, Place("C/Norvo/VBLog.txt").string())) << outcome.err;
   EXPECT_TRUE(Holds(ReadFile(Place("C/Norvo/VBLog.txt")), "PLAYLIST::ReadM3U, File Not Found: "));
 }
 
 }  // namespace
-}  // namespace norvo
+}  // namespace norvo::cli

@@ -3,10 +3,10 @@
 
 #include "cli/ProgramFixture.h"
 
-namespace norvo {
+namespace norvo::cli {
 namespace {
 
-using UsageTest = HostTest;
+using UsageTest = ProgramTest;
 
 TEST_F(UsageTest, WrongUsageEndsWithTwoAndSaysSoOnStandardError) {
   const std::vector<std::vector<std::string>> lines = {
@@ -21,7 +21,7 @@ TEST_F(UsageTest, WrongUsageEndsWithTwoAndSaysSoOnStandardError) {
       {"show", "--machine", Machine(), "C:\\x.m3u", "--type", "7"},
   };
   for (const auto& words : lines) {
-    const Outcome outcome = RunHost(words);
+    const Outcome outcome = RunProgram(words);
     EXPECT_EQ(outcome.code, 2) << ::testing::PrintToString(words);
     EXPECT_TRUE(outcome.out.empty()) << outcome.out;
     EXPECT_TRUE(Holds(outcome.err, "--help")) << outcome.err;
@@ -30,16 +30,16 @@ TEST_F(UsageTest, WrongUsageEndsWithTwoAndSaysSoOnStandardError) {
 
 TEST_F(UsageTest, EveryCommandHasHelpWithExamples) {
   for (const std::string command : {"init", "scan", "collect", "show"}) {
-    const Outcome outcome = RunHost({command, "--help"});
+    const Outcome outcome = RunProgram({command, "--help"});
     EXPECT_EQ(outcome.code, 0);
     EXPECT_TRUE(Holds(outcome.out, "Examples:\n  norvo-playlists " + command)) << outcome.out;
     EXPECT_TRUE(outcome.err.empty()) << outcome.err;
   }
-  EXPECT_TRUE(Holds(RunHost({"--help"}).out, "Examples:"));
+  EXPECT_TRUE(Holds(RunProgram({"--help"}).out, "Examples:"));
 }
 
 TEST_F(UsageTest, TellsItsVersion) {
-  const Outcome outcome = RunHost({"--version"});
+  const Outcome outcome = RunProgram({"--version"});
   EXPECT_EQ(outcome.code, 0);
   EXPECT_EQ(outcome.out.rfind("norvo-playlists ", 0), 0u) << outcome.out;
 }
@@ -50,7 +50,7 @@ TEST_F(UsageTest, UnusableMachineEndsWithTwoAndNamesTheFolder) {
                                               (Root() / "absent").string()};
   for (const std::string& folder : folders) {
     for (const std::string command : {"init", "scan", "collect"}) {
-      const Outcome outcome = RunHost({command, "--machine", folder});
+      const Outcome outcome = RunProgram({command, "--machine", folder});
       EXPECT_EQ(outcome.code, 2);
       EXPECT_TRUE(Holds(outcome.err, folder)) << outcome.err;
       EXPECT_TRUE(Holds(outcome.err, "machine.ini")) << outcome.err;
@@ -61,7 +61,7 @@ TEST_F(UsageTest, UnusableMachineEndsWithTwoAndNamesTheFolder) {
 }
 
 TEST_F(UsageTest, AFailureIsADocumentToo) {
-  const Outcome outcome = RunHost({"scan", "--machine", (Root() / "absent").string(), "--json"});
+  const Outcome outcome = RunProgram({"scan", "--machine", (Root() / "absent").string(), "--json"});
   EXPECT_EQ(outcome.code, 2);
   EXPECT_EQ(outcome.Document().at("exitCode"), 2);
   EXPECT_TRUE(Holds(outcome.Document().at("error"), "absent"));
@@ -70,7 +70,7 @@ TEST_F(UsageTest, AFailureIsADocumentToo) {
 TEST_F(UsageTest, MachineWithoutSettingsNamesInit) {
   WriteMix();
   for (const std::string command : {"scan", "collect"}) {
-    const Outcome outcome = RunHost({command, "--machine", Machine()});
+    const Outcome outcome = RunProgram({command, "--machine", Machine()});
     EXPECT_EQ(outcome.code, 2);
     EXPECT_TRUE(Holds(outcome.err, "norvo-playlists init")) << outcome.err;
     EXPECT_TRUE(Holds(outcome.err, "SubGroupRootName")) << outcome.err;
@@ -83,7 +83,7 @@ TEST_F(UsageTest, ARoleThatTakesNoPartIsRefused) {
             "Windows Registry Editor Version 5.00\r\n\r\n"
             "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Norvo\\Migration\\KVS]\r\n\"mode\"=dword:00000003\r\n");
   EXPECT_TRUE(Init().code == 0);
-  const Outcome outcome = RunHost({"scan", "--machine", Machine()});
+  const Outcome outcome = RunProgram({"scan", "--machine", Machine()});
   EXPECT_EQ(outcome.code, 2);
   EXPECT_TRUE(Holds(outcome.err, "mode")) << outcome.err;
 }
@@ -92,7 +92,7 @@ TEST_F(UsageTest, ReportThatCannotBeWrittenEndsWithOne) {
   std::ostringstream out;
   std::ostringstream err;
   out.setstate(std::ios::badbit);
-  EXPECT_EQ(norvo::Run({"init", "--machine", Machine()}, out, err), 1);
+  EXPECT_EQ(Run({"init", "--machine", Machine()}, out, err), 1);
   EXPECT_TRUE(Holds(err.str(), "Standard output")) << err.str();
 }
 
@@ -103,12 +103,12 @@ TEST_F(UsageTest, StreamsThatThrowEndWithTwo) {
   std::ostream err(&buffer);
   out.exceptions(std::ios::badbit);
   err.exceptions(std::ios::badbit);
-  EXPECT_EQ(norvo::Run({"init", "--machine", Machine()}, out, err), 2);
-  EXPECT_EQ(norvo::Run({"conquer"}, out, err), 2);
+  EXPECT_EQ(Run({"init", "--machine", Machine()}, out, err), 2);
+  EXPECT_EQ(Run({"conquer"}, out, err), 2);
 }
 
 TEST_F(UsageTest, ControlCharactersOfArgumentsAreEscaped) {
-  const Outcome outcome = RunHost({"scan", "--machine", "/absent\x1B[31m"});
+  const Outcome outcome = RunProgram({"scan", "--machine", "/absent\x1B[31m"});
   EXPECT_EQ(outcome.code, 2);
   EXPECT_FALSE(Holds(outcome.err, "\x1B"));
   EXPECT_TRUE(Holds(outcome.err, "\\x1B[31m")) << outcome.err;
@@ -119,14 +119,14 @@ TEST_F(UsageTest, ProgressIsDrawnOnATerminalOnly) {
   Init();
   std::ostringstream out;
   std::ostringstream terminal;
-  norvo::Run({"collect", "--machine", Machine()}, out, terminal, true);
+  Run({"collect", "--machine", Machine()}, out, terminal, true);
   EXPECT_TRUE(Holds(terminal.str(), "\r\x1B[K")) << terminal.str();
   EXPECT_FALSE(Holds(out.str(), "\x1B"));
   std::ostringstream quiet;
-  norvo::Run({"collect", "--machine", Machine(), "--quiet"}, out, quiet, true);
+  Run({"collect", "--machine", Machine(), "--quiet"}, out, quiet, true);
   EXPECT_FALSE(Holds(quiet.str(), "\x1B")) << quiet.str();
-  EXPECT_FALSE(Holds(RunHost({"collect", "--machine", Machine()}).err, "\x1B"));
+  EXPECT_FALSE(Holds(RunProgram({"collect", "--machine", Machine()}).err, "\x1B"));
 }
 
 }  // namespace
-}  // namespace norvo
+}  // namespace norvo::cli

@@ -1,13 +1,13 @@
 #include "cli/ProgramFixture.h"
 
-namespace norvo {
+namespace norvo::cli {
 namespace {
 
-class VerifyCommandTest : public HostTest {
+class VerifyCommandTest : public ProgramTest {
  protected:
   Outcome Verify(std::vector<std::string> more = {}) const {
     more.insert(more.begin(), {"verify", "--machine", Machine()});
-    return RunHost(more);
+    return RunProgram(more);
   }
   fs::path Lists() const { return Place("C/My Documents/Norvo Media/PlayLists"); }
 };
@@ -124,7 +124,7 @@ TEST_F(VerifyCommandTest, NothingIsChanged) {
   Verify({R"(C:\Music\Mix.m3u)"});
   EXPECT_EQ(Snapshot(Root()), before);
   // Reading through the library registers media; a list that is there does not grow either.
-  RunHost({"collect", "--machine", Machine()});
+  RunProgram({"collect", "--machine", Machine()});
   const auto collected = Snapshot(Root());
   ASSERT_TRUE(fs::exists(DataArea() / "MediaList.txt"));
   WriteSong("New.mp3");
@@ -166,4 +166,4 @@ TEST_F(VerifyCommandTest, QuietStillTellsTheTable) {
 }
 
 }  // namespace
-}  // namespace norvo
+}  // namespace norvo::cli

@@ -5,7 +5,7 @@
 #include <random>
 
 #include "automation/RunTimeError.h"
-#include "machines/TempFolder.h"
+#include "machines/TemporaryFolder.h"
 #include "platform/hosted/HostedPlatform.h"
 #include "support/LibraryTest.h"
 
@@ -292,7 +292,7 @@ TEST_F(ReferenceFinderTest, AnyTextGivesAnAnswer) {
 }
 
 TEST(ReferenceFinder, FindsFilesOfAMachineInAFolder) {
-  const TempFolder folder;
+  const TemporaryFolder folder;
   const std::filesystem::path music = folder.Path() / "C" / "My Music";
   std::filesystem::create_directories(music / "Sub.mp3");
   for (const char* name : {"Größe & Co.MP3", "Note.txt", "100% [Live].ogg"}) {

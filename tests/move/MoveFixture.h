@@ -40,7 +40,7 @@ using Texts = std::vector<std::string>;
 
 /// An old machine, made in the test, and beside it the new one, which is not there yet. All paths
 /// are paths of the machines.
-class MoveTest : public HostTest {
+class MoveTest : public ProgramTest {
  protected:
   static constexpr const char* kMix = R"(C:\Music\Mix.m3u)";
   static constexpr const char* kOne = R"(C:\Music\One.mp3)";
@@ -100,7 +100,7 @@ class MoveTest : public HostTest {
 
   Outcome Migrate(std::vector<std::string> more = {}) const {
     more.insert(more.begin(), {"migrate", "--from", Old(), "--to", New()});
-    return RunHost(more);
+    return RunProgram(more);
   }
   nlohmann::json Moved(std::vector<std::string> more = {}) const {
     more.emplace_back("--json");

@@ -93,7 +93,7 @@ TEST_F(PlannerObstaclesTest, WhereNoFolderCanBeTheSongIsLeftOutAndToldWhy) {
 TEST_F(PlannerObstaclesTest, AGroupRootThatPlaylistsCannotTellLeavesTheSongsOut) {
   AddMix("One.mp3");
   fs::create_directories(NewPlace("C:\\"));
-  ASSERT_EQ(RunHost({"init", "--machine", New(), "--group-root", "C:\\東京\\"}).code, 0);
+  ASSERT_EQ(RunProgram({"init", "--machine", New(), "--group-root", "C:\\東京\\"}).code, 0);
   const auto moved = Moved();
   EXPECT_EQ(moved.at("exitCode"), 1);
   EXPECT_EQ(moved.at("leftOut"),
@@ -107,7 +107,7 @@ TEST_F(PlannerObstaclesTest, AGroupRootThatPlaylistsCannotTellLeavesTheSongsOut)
 TEST_F(PlannerObstaclesTest, SubNamesThatLeadOutOfTheGroupRootAreNotFollowed) {
   AddMix("One.mp3");
   fs::create_directories(NewPlace("C:\\"));
-  ASSERT_EQ(RunHost({"init", "--machine", New()}).code, 0);
+  ASSERT_EQ(RunProgram({"init", "--machine", New()}).code, 0);
   WriteNew(kRoot + "SubNames.txt",
            "[PlayListStrings]\r\nSzID004=..\\..\\Windows\r\nszID005=PlayLists\r\n");
   const auto moved = Moved();

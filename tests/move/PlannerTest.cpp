@@ -41,9 +41,9 @@ TEST_F(PlannerTest, ThePlaceIsTheOneThatTheEntryComputes) {
 
 TEST_F(PlannerTest, TheNewMachinesOwnSubNamesAreAsked) {
   AddMix("One.mp3", {"T", "Ann", "Best"});
-  RunHost({"init", "--machine", New()});  // no machine yet
+  RunProgram({"init", "--machine", New()});  // no machine yet
   fs::create_directories(NewPlace("C:\\"));
-  RunHost({"init", "--machine", New(), "--role", "destination", "--group-root", R"(C:\Songs\)"});
+  RunProgram({"init", "--machine", New(), "--role", "destination", "--group-root", R"(C:\Songs\)"});
   WriteNew(R"(C:\Songs\SubNames.txt)",
            "[PlayListStrings]\r\nSzID001=Complete\\Here\r\nszID005=Lists\r\n");
   const auto moved = Moved();
@@ -213,7 +213,7 @@ TEST_F(PlannerTest, TheGroupRootMayBeAnotherDrive) {
   const std::string song = AddMix("One.mp3", {"T", "Ann", ""});
   fs::create_directories(NewPlace("C:\\"));
   fs::create_directories(NewPlace("D:\\"));
-  ASSERT_EQ(RunHost({"init", "--machine", New(), "--group-root", R"(D:\N\)"}).code, 0);
+  ASSERT_EQ(RunProgram({"init", "--machine", New(), "--group-root", R"(D:\N\)"}).code, 0);
   const auto moved = Moved();
   EXPECT_EQ(moved.at("exitCode"), 0);
   EXPECT_EQ(PlaceOf(moved, song), R"(D:\N\Music\Ann\One.mp3)");

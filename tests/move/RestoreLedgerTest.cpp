@@ -11,13 +11,13 @@ namespace norvo {
 namespace {
 
 /// One machine; each ledger is that of a new run.
-class RestoreLedgerTest : public HostTest {
+class RestoreLedgerTest : public ProgramTest {
  protected:
   static constexpr StringView kMix = u"C:\\Docs\\Mix.ini";
   static constexpr StringView kPop = u"C:\\Docs\\Pop.ini";
 
   void SetUp() override {
-    HostTest::SetUp();
+    ProgramTest::SetUp();
     WriteFile(Place("C/Docs/Mix.ini"), "mix");
     WriteFile(Place("C/Docs/Pop.ini"), "pop");
     Restart();

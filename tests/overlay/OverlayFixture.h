@@ -24,10 +24,10 @@ inline FileFacts Planned(StringView name = {}) {
 
 /// One overlay over a machine in a folder. After each test the folder must be as it was when the
 /// overlay was made: bytes, kinds and times.
-class OverlayFixture : public HostTest {
+class OverlayFixture : public ProgramTest {
  protected:
   void SetUp() override {
-    HostTest::SetUp();
+    ProgramTest::SetUp();
     WriteFile(Place("C/Music/One.mp3"), "one");
     WriteFile(Place("C/Music/Mix.m3u"), "#EXTM3U\r\n");
     WriteFile(Place("C/Old.txt"), "old");

@@ -2,29 +2,29 @@
 
 #include <nlohmann/json.hpp>
 
-#include "cli/Drop.h"
 #include "cli/Json.h"
+#include "cli/PlaylistWords.h"
 #include "cli/Table.h"
 #include "cli/TerminalText.h"
 
-namespace norvo {
+namespace norvo::cli {
 namespace {
 
-TEST(ShownTest, EscapesWhatSteersATerminal) {
-  EXPECT_EQ(Shown("a\x1B[0m\r\n\t"), "a\\x1B[0m\\x0D\\x0A\\x09");
-  EXPECT_EQ(Shown("\xC2\x9B"), "\\x9B");
-  EXPECT_EQ(Shown("\xE2\x80\xAE"
-                  "gpj"),
+TEST(TerminalTextTest, EscapesWhatSteersATerminal) {
+  EXPECT_EQ(TerminalText("a\x1B[0m\r\n\t"), "a\\x1B[0m\\x0D\\x0A\\x09");
+  EXPECT_EQ(TerminalText("\xC2\x9B"), "\\x9B");
+  EXPECT_EQ(TerminalText("\xE2\x80\xAE"
+                         "gpj"),
             "\\u202Egpj");
-  EXPECT_EQ(Shown("\xFF"), "\xEF\xBF\xBD");
+  EXPECT_EQ(TerminalText("\xFF"), "\xEF\xBF\xBD");
 }
 
-TEST(ShownTest, LeavesTextsAlone) {
+TEST(TerminalTextTest, LeavesTextsAlone) {
   const std::string text = "C:\\Musik\\\xC3\x84rzte \xF0\x9F\x8E\xB5 \\x1B";
-  EXPECT_EQ(Shown(text), text);
+  EXPECT_EQ(TerminalText(text), text);
 }
 
-TEST(ShownTest, AWideCharacterTakesTwoCellsAndACombiningMarkNone) {
+TEST(TerminalTextTest, AWideCharacterTakesTwoCellsAndACombiningMarkNone) {
   EXPECT_EQ(DisplayWidth("abc"), 3u);
   EXPECT_EQ(DisplayWidth("\xC3\x84"), 1u);
   EXPECT_EQ(DisplayWidth("A\xCC\x88"), 1u);
@@ -74,4 +74,4 @@ TEST(DropTest, TellsWhyAnItemWasDropped) {
 }
 
 }  // namespace
-}  // namespace norvo
+}  // namespace norvo::cli

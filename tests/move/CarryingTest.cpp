@@ -279,7 +279,7 @@ TEST_F(CarryTest, AMovedMachineCanBeMovedOn) {
   ASSERT_EQ(Moved().at("exitCode"), 0);
   const std::string third = (Root() / "third").string();
   for (const std::string outcome : {"restored", "alreadyRestored"}) {
-    const auto moved = RunHost({"migrate", "--from", New(), "--to", third, "--json"}).Document();
+    const auto moved = RunProgram({"migrate", "--from", New(), "--to", third, "--json"}).Document();
     EXPECT_EQ(moved.at("exitCode"), 0) << moved.at("leftOut").dump(1);
     EXPECT_EQ(moved.at("playlists").size(), 8u);  // every player's two
     for (const auto& playlist : moved.at("playlists")) EXPECT_EQ(playlist.at("outcome"), outcome);

@@ -1,0 +1,80 @@
+#include "move/SetUpMachine.h"
+
+#include "move/MoveError.h"
+#include "support/LibraryTest.h"
+
+namespace norvo {
+namespace {
+
+/// The set-up on a machine in memory.
+class SetUpMachineTest : public LibraryTest {
+ protected:
+  static constexpr StringView kGroupKey = u"C:\\My Documents\\Norvo Media\\KVs\\KVMediaPlayLists";
+
+  SetUpMachineTest() { platform->Registry().AddKey(Hive::LocalMachine, u"SOFTWARE"); }
+
+  SetupResult Run(const SetupWishes& wishes = {}) { return SetUpMachine(platform, wishes); }
+  /// The step of the group's key.
+  static SetupStep GroupStep(const SetupResult& result) {
+    for (const SetupStep& step : result.steps) {
+      if (step.kind == SetupStep::Kind::Key) return step;
+    }
+    return {};
+  }
+  /// The fault of a set-up that cannot be done.
+  MoveFault FaultOf(const SetupWishes& wishes) {
+    try {
+      Run(wishes);
+    } catch (const MoveError& error) {
+      return error.Fault();
+    }
+    ADD_FAILURE() << "the set-up was done";
+    return {};
+  }
+};
+
+TEST_F(SetUpMachineTest, TheGroupKeyStandsInTheMachinesHive) {
+  EXPECT_TRUE(GroupStep(Run()).written);
+  EXPECT_TRUE(platform->Registry().HasKey(Hive::LocalMachine, kGroupKey));
+  EXPECT_FALSE(GroupStep(Run()).written);
+}
+
+TEST_F(SetUpMachineTest, WhereTheMachinesHiveRefusesTheGroupKeyTheUsersTakesIt) {
+  platform->Registry().RefuseTopKeys();
+  const SetupStep step = GroupStep(Run());
+  EXPECT_TRUE(step.written);
+  EXPECT_EQ(step.hive, Hive::CurrentUser);
+  EXPECT_EQ(step.path, kGroupKey);
+  EXPECT_TRUE(platform->Registry().HasKey(Hive::CurrentUser, kGroupKey));
+  EXPECT_EQ(GroupStep(Run()).hive, Hive::CurrentUser);
+  EXPECT_FALSE(GroupStep(Run()).written);
+}
+
+TEST_F(SetUpMachineTest, ARegistryThatTakesNothingEndsTheSetup) {
+  platform->Registry().RefuseWrites();
+  EXPECT_EQ(FaultOf({}), MoveFault::RegistryUnwritable);
+}
+
+TEST_F(SetUpMachineTest, WhatIsThereStaysAndIsWarnedOf) {
+  Run();
+  SetupWishes wishes;
+  wishes.role = 1;
+  wishes.groupRoot = "C:\\Elsewhere";
+  const SetupResult result = Run(wishes);
+  ASSERT_EQ(result.warnings.size(), 2u);
+  EXPECT_EQ(result.warnings[0].kind, WorkWarning::Kind::RoleKept);
+  EXPECT_EQ(result.warnings[0].subject, u"0");
+  EXPECT_EQ(result.warnings[1].kind, WorkWarning::Kind::GroupRootKept);
+  EXPECT_EQ(result.warnings[1].subject, u"C:\\My Documents\\Norvo Media\\");
+}
+
+TEST_F(SetUpMachineTest, AGroupRootIsAFullPathOnADriveOfTheMachine) {
+  SetupWishes wishes;
+  wishes.groupRoot = "Media";
+  EXPECT_EQ(FaultOf(wishes), MoveFault::GroupRootNotFull);
+  wishes.groupRoot = "Q:\\Media";
+  EXPECT_EQ(FaultOf(wishes), MoveFault::GroupRootNowhere);
+}
+
+}  // namespace
+}  // namespace norvo
