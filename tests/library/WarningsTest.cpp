@@ -2,12 +2,13 @@
 #include <functional>
 
 #include "automation/RunTimeError.h"
-#include "controller/FolderWalk.h"
 #include "controller/GenericCollector.h"
 #include "controller/HelperManFixture.h"
 #include "controller/MediaSearch.h"
+#include "controller/PlaylistSearch.h"
 #include "playlist/PlayList.h"
 #include "readers/PlaylistFixture.h"
+#include "services/Logging.h"
 #include "services/NVServices.h"
 
 namespace norvo {
