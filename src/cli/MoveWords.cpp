@@ -5,7 +5,7 @@
 namespace norvo::cli {
 namespace {
 
-const char* TextOf(PlaceFailure failure) {
+const char* WordsFor(PlaceFailure failure) {
   switch (failure) {
     case PlaceFailure::None:
       break;
@@ -93,6 +93,10 @@ const char* NameOf(MovedSong::State state) {
   return "";
 }
 
+std::string TextOf(PlaceFailure failure, const String& systemReason) {
+  return WithSystemReason(WordsFor(failure), systemReason);
+}
+
 std::string ReasonText(const MovedSong& song) {
   const std::string path = ToUtf8(song.faultPath);
   const std::string nowhere = "the new machine has no place for it: ";
@@ -108,7 +112,7 @@ std::string ReasonText(const MovedSong& song) {
     case MovedSong::Fault::GroupRootUnusable:
       return nowhere + "see that its group root " + path + " is a path of plain characters";
     case MovedSong::Fault::NotBrought:
-      return WithSystemReason(TextOf(song.failure), song.systemReason);
+      return TextOf(song.failure, song.systemReason);
   }
   return {};
 }

@@ -108,7 +108,7 @@ void Planner::AdjustName(std::size_t playlist) {
     reason = Reason::ManyOfOneName;
   }
   const String wished = name;
-  for (int number = 2; IsBlocked(name, count); ++number) {
+  for (int number = 2; IsBlocked(name); ++number) {
     name = wished + u' ' + FormatInteger(number);
     reason = Reason::NativeBlocked;
   }
@@ -118,28 +118,23 @@ void Planner::AdjustName(std::size_t playlist) {
   Set(playlist, 0, u"OriginalFileName", name + extension, reason);
 }
 
-/// Something that is no file stands where the restoring would put one of so many native playlists
-/// of this name.
-bool Planner::IsBlocked(const String& name, int playlists) {
+/// Something that is no file stands where the restoring would put a native playlist of this name,
+/// or one of those with the numbers that it adds.
+bool Planner::IsBlocked(const String& name) {
   const String root = DataCop::GetSubNamePath(library_, DataCop::kPlayListSlot);
   const std::vector<const PlaylistType*> types = NativeTypes();
   return std::any_of(types.begin(), types.end(), [&](const PlaylistType* type) {
-    const String folder = root + String(type->playerFolder) + u'\\';
-    return IsBlockedIn(folder, name, type->extension, playlists);
+    return IsBlockedIn(root + String(type->playerFolder) + u'\\', name, type->extension);
   });
 }
 
-/// Names that are taken by files make the restoring go on to the next number.
-bool Planner::IsBlockedIn(const String& folder, const String& name, StringView extension,
-                          int playlists) {
+bool Planner::IsBlockedIn(const String& folder, const String& name, StringView extension) {
   const auto [known, isNew] = playerFolders_.try_emplace(folder, false);
   if (isNew) known->second = library_.Files().FolderExists(folder);
   if (!known->second) return false;
   String base = name;
-  for (int number = 1, free = 0; number <= kMostOfOneName && free < playlists; ++number) {
-    const String path = folder + base + String(extension);
-    if (placer_.IsBlocked(path)) return true;
-    if (!library_.Files().FileExists(path)) ++free;
+  for (int number = 1; number <= kMostOfOneName; ++number) {
+    if (placer_.IsBlocked(folder + base + String(extension))) return true;
     base += FormatInteger(number);  // the numbers pile up
   }
   return false;

@@ -39,8 +39,8 @@ class Planner {
   void Adjust(const Asked& asked);
   void AdjustName(std::size_t playlist);
   String NativeName(const String& base);
-  bool IsBlocked(const String& name, int playlists);
-  bool IsBlockedIn(const String& folder, const String& name, StringView extension, int playlists);
+  bool IsBlocked(const String& name);
+  bool IsBlockedIn(const String& folder, const String& name, StringView extension);
   void AdjustMarkup(std::size_t playlist, std::size_t entry);
   void AdjustEntry(std::size_t playlist, const MovedItem& item, const EntryAnswer& answer);
   void Confirm(std::size_t playlist);

@@ -293,7 +293,7 @@ TEST_F(MigrateCommandTest, QuietSaysNothingButWhatIsLeftOut) {
 TEST_F(MigrateCommandTest, ProgressIsDrawnOnATerminalOnly) {
   std::ostringstream out;
   std::ostringstream terminal;
-  Run({"migrate", "--from", Old(), "--to", New()}, out, terminal, true);
+  cli::Run({"migrate", "--from", Old(), "--to", New()}, out, terminal, true);
   EXPECT_TRUE(Holds(terminal.str(), "\r\x1B[K")) << terminal.str();
   EXPECT_TRUE(terminal.str().ends_with("\r\x1B[K"));
   EXPECT_FALSE(Holds(Migrate().err, "\x1B"));

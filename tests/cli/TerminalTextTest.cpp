@@ -65,12 +65,17 @@ TEST(JsonTest, WholeNumbersHaveNoPoint) {
   EXPECT_EQ(JsonNumber(0.5).dump(), "0.5");
 }
 
-TEST(DropTest, TellsWhyAnItemWasDropped) {
-  EXPECT_EQ(DropReasonOf(ItemOutcome::Kept), std::nullopt);
-  EXPECT_EQ(DropReasonOf(ItemOutcome::Missing), DropReason::Missing);
-  EXPECT_EQ(DropReasonOf(ItemOutcome::NotMedia), DropReason::NotMedia);
-  EXPECT_EQ(DropReasonOf(ItemOutcome::Empty), DropReason::EmptyReference);
-  EXPECT_EQ(DropReasonOf(ItemOutcome::NotRegistered), DropReason::NotRegistered);
+TEST(DropCountsTest, TellsHowManyItemsWereDroppedForWhichReason) {
+  DropCounts counts;
+  EXPECT_EQ(counts.Text(), "0");
+  counts.Add({{ItemOutcome::Missing, u"a"}, {ItemOutcome::NotMedia, u"b"}});
+  counts.Add({{ItemOutcome::Missing, u"c"}, {ItemOutcome::Empty, {}}});
+  counts.Add({{ItemOutcome::NotRegistered, u"d"}});
+  EXPECT_EQ(counts.Text(),
+            "5 (2 no such file, 1 not a media file, 1 empty reference, 1 not taken by the media "
+            "list)");
+  EXPECT_EQ(counts.Document().dump(),
+            R"({"missing":2,"notMedia":1,"emptyReference":1,"notRegistered":1})");
 }
 
 }  // namespace

@@ -92,7 +92,7 @@ TEST_F(UsageTest, ReportThatCannotBeWrittenEndsWithOne) {
   std::ostringstream out;
   std::ostringstream err;
   out.setstate(std::ios::badbit);
-  EXPECT_EQ(Run({"init", "--machine", Machine()}, out, err), 1);
+  EXPECT_EQ(cli::Run({"init", "--machine", Machine()}, out, err), 1);
   EXPECT_TRUE(Holds(err.str(), "Standard output")) << err.str();
 }
 
@@ -103,8 +103,8 @@ TEST_F(UsageTest, StreamsThatThrowEndWithTwo) {
   std::ostream err(&buffer);
   out.exceptions(std::ios::badbit);
   err.exceptions(std::ios::badbit);
-  EXPECT_EQ(Run({"init", "--machine", Machine()}, out, err), 2);
-  EXPECT_EQ(Run({"conquer"}, out, err), 2);
+  EXPECT_EQ(cli::Run({"init", "--machine", Machine()}, out, err), 2);
+  EXPECT_EQ(cli::Run({"conquer"}, out, err), 2);
 }
 
 TEST_F(UsageTest, ControlCharactersOfArgumentsAreEscaped) {
@@ -119,11 +119,11 @@ TEST_F(UsageTest, ProgressIsDrawnOnATerminalOnly) {
   Init();
   std::ostringstream out;
   std::ostringstream terminal;
-  Run({"collect", "--machine", Machine()}, out, terminal, true);
+  cli::Run({"collect", "--machine", Machine()}, out, terminal, true);
   EXPECT_TRUE(Holds(terminal.str(), "\r\x1B[K")) << terminal.str();
   EXPECT_FALSE(Holds(out.str(), "\x1B"));
   std::ostringstream quiet;
-  Run({"collect", "--machine", Machine(), "--quiet"}, out, quiet, true);
+  cli::Run({"collect", "--machine", Machine(), "--quiet"}, out, quiet, true);
   EXPECT_FALSE(Holds(quiet.str(), "\x1B")) << quiet.str();
   EXPECT_FALSE(Holds(RunProgram({"collect", "--machine", Machine()}).err, "\x1B"));
 }

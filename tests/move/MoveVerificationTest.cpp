@@ -4,9 +4,9 @@ namespace norvo {
 namespace {
 
 /// What the native playlists turn out to hold when they are read back.
-class MoveCheckTest : public MixTest {};
+class MoveVerificationTest : public MixTest {};
 
-TEST_F(MoveCheckTest, ANativePlaylistThatIsGoneIsMissedByALaterRun) {
+TEST_F(MoveVerificationTest, ANativePlaylistThatIsGoneIsMissedByALaterRun) {
   ASSERT_EQ(Moved().at("exitCode"), 0);
   const std::string native = NativePath(kPlayers[3], "Mix");
   fs::remove(NewPlace(native));
@@ -15,7 +15,7 @@ TEST_F(MoveCheckTest, ANativePlaylistThatIsGoneIsMissedByALaterRun) {
   EXPECT_EQ(again.at("leftOut"), Texts{native + ": was written, and is gone now"});
 }
 
-TEST_F(MoveCheckTest, ANativePlaylistThatWasChangedIsLookedAtAndStays) {
+TEST_F(MoveVerificationTest, ANativePlaylistThatWasChangedIsLookedAtAndStays) {
   ASSERT_EQ(Moved().at("exitCode"), 0);
   const std::string native = NativePath(kPlayers[1], "Mix");
   const std::string changed = "#EXTM3U\r\n" + kRoot + "Music\\Two.mp3\r\nC:\\gone.mp3\r\n";
@@ -28,7 +28,7 @@ TEST_F(MoveCheckTest, ANativePlaylistThatWasChangedIsLookedAtAndStays) {
   EXPECT_EQ(ReadFile(NewPlace(native)), changed);
 }
 
-TEST_F(MoveCheckTest, AnAddressThatDoesNotFitThePageIsTold) {
+TEST_F(MoveVerificationTest, AnAddressThatDoesNotFitThePageIsTold) {
   WriteOld(kMix, "\xEF\xBB\xBF" + M3u({kOne, "http://example.com/Ü", "http://example.com/Мир"}));
   const auto moved = Moved();
   EXPECT_EQ(moved.at("exitCode"), 1);

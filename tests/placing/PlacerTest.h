@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "move/PlaceFailureText.h"
+#include "cli/MoveWords.h"
 #include "placing/FilePlacer.h"
 #include "support/TestMachine.h"
 #include "support/TextPrinting.h"
@@ -28,7 +28,8 @@ class PlaceNotes : public PlaceListener {
   }
   void OnPlaced(std::size_t job, const PlaceOutcome& outcome) override {
     static const char* const kNames[] = {"copied", "linked", "already there", "failed: "};
-    lines.at(job) += kNames[static_cast<int>(outcome.result)] + ToUtf8(PlaceFailureText(outcome));
+    lines.at(job) +=
+        kNames[static_cast<int>(outcome.result)] + cli::TextOf(outcome.failure, outcome.detail);
     if (onPlaced) onPlaced();
   }
 
