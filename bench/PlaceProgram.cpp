@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "move/PlaceFailureText.h"
 #include "placing/FilePlacer.h"
 #include "platform/hosted/HostedPlatform.h"
 #include "text/Encoding.h"
@@ -19,7 +18,7 @@ class Counter final : public PlaceListener {
   void OnBytes(std::uint64_t more) override { bytes += more; }
   void OnPlaced(std::size_t, const PlaceOutcome& outcome) override {
     if (outcome.result == PlaceResult::Copied) ++copied;
-    if (outcome.result == PlaceResult::Failed) std::puts(ToUtf8(PlaceFailureText(outcome)).c_str());
+    if (outcome.result == PlaceResult::Failed) std::puts(ToUtf8(outcome.detail).c_str());
   }
   std::uint64_t bytes = 0;
   std::size_t copied = 0;

@@ -483,5 +483,20 @@ TEST_F(FilePlacerTest, TellsWhatNoFileCanReplace) {
   EXPECT_FALSE(std::filesystem::exists(New("C/absent")));
 }
 
+TEST_F(FilePlacerTest, OneFileHasOneIdentityHoweverItsPathIsSpelled) {
+  Put(Disk("C/Music/One.mp3"), "x");
+  Put(Disk("C/Music/Two.mp3"), "x");
+  std::filesystem::create_symlink("One.mp3", Disk("C/Music/link.mp3"));
+  std::filesystem::create_directory_symlink("Music", Disk("C/Songs"));
+  FilePlacer placer(Machine(), NewMachine());
+  const std::string one = placer.IdentityOf(u"C:\\Music\\One.mp3");
+  EXPECT_EQ(one, Disk("C/Music/One.mp3"));
+  EXPECT_EQ(placer.IdentityOf(u"c:/MUSIC/one.mp3"), one);
+  EXPECT_EQ(placer.IdentityOf(u"\\Music\\x\\..\\One.mp3"), one);
+  EXPECT_EQ(placer.IdentityOf(u"C:\\Songs\\link.mp3"), one);
+  EXPECT_NE(placer.IdentityOf(u"C:\\Music\\Two.mp3"), one);
+  EXPECT_EQ(placer.IdentityOf(u"C:\\missing.mp3"), "C:\\missing.mp3");
+}
+
 }  // namespace
 }  // namespace norvo

@@ -28,9 +28,18 @@ class PlaceNotes : public PlaceListener {
   }
   void OnPlaced(std::size_t job, const PlaceOutcome& outcome) override {
     static const char* const kNames[] = {"copied", "linked", "already there", "failed: "};
-    lines.at(job) +=
-        kNames[static_cast<int>(outcome.result)] + cli::TextOf(outcome.failure, outcome.detail);
+    lines.at(job) += kNames[static_cast<int>(outcome.result)] + WhyNot(outcome);
     if (onPlaced) onPlaced();
+  }
+
+  /// As the user is told; empty for a job that did not fail.
+  static std::string WhyNot(const PlaceOutcome& outcome) {
+    if (outcome.result != PlaceResult::Failed) return {};
+    MovedSong song;
+    song.fault = MovedSong::Fault::NotBrought;
+    song.failure = outcome.failure;
+    song.systemReason = outcome.detail;
+    return cli::ReasonText(song);
   }
 
   Lines lines;  ///< by job

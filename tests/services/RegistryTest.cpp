@@ -87,17 +87,6 @@ TEST_F(RegistryTest, AValueOfAnotherTypeIsMissing) {
   EXPECT_TEXT(text, u"before");
 }
 
-TEST_F(RegistryTest, ATextValueIsThatOfAPlainOpenOrEmpty) {
-  Registry& registry = platform->Registry();
-  EXPECT_TEXT(ReadText(registry, u"X", u"v"), u"");
-  platform->SetRegistry(Hive::LocalMachine, u"X", u"v", String(u"machine"));
-  platform->SetRegistry(Hive::LocalMachine, u"X", u"number", std::int32_t{7});
-  EXPECT_TEXT(ReadText(registry, u"X", u"v"), u"machine");
-  EXPECT_TEXT(ReadText(registry, u"X", u"number"), u"");
-  platform->SetRegistry(Hive::CurrentUser, u"X", u"v", String(u"user"));
-  EXPECT_TEXT(ReadText(registry, u"X", u"v"), u"user");
-}
-
 TEST_F(RegistryTest, ValuesOfEveryTypeAreWrittenIntoTheOpenedHive) {
   platform->Registry().AddKey(Hive::LocalMachine, u"X");
   ASSERT_TRUE(key.Open(u"X"));

@@ -29,11 +29,11 @@ bool LiesWithin(std::string_view path, std::string_view folder) {
 }
 
 // As UTF-8 a path goes through unchanged where the system keeps bytes, whatever they are.
-std::filesystem::path SystemPathOf(std::string_view path) {
+std::filesystem::path ToSystemPath(std::string_view path) {
   return std::u8string(path.begin(), path.end());
 }
 
-std::string DiskPathOf(const std::filesystem::path& path) {
+std::string ToDiskPath(const std::filesystem::path& path) {
   const std::u8string text = path.generic_u8string();
   return std::string(text.begin(), text.end());
 }

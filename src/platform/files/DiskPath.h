@@ -19,8 +19,8 @@ std::string_view ParentOf(std::string_view path);
 bool LiesWithin(std::string_view path, std::string_view folder);
 
 /// The same path as the standard library has it, and back, in whatever form the system keeps it.
-std::filesystem::path SystemPathOf(std::string_view path);
-std::string DiskPathOf(const std::filesystem::path& path);
+std::filesystem::path ToSystemPath(std::string_view path);
+std::string ToDiskPath(const std::filesystem::path& path);
 
 /// The path in full, which holds when the process changes its own folder; the empty path stays
 /// empty.

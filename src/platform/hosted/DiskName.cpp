@@ -3,16 +3,11 @@
 #include <algorithm>
 
 #include "text/Encoding.h"
+#include "text/Utf16.h"
 #include "text/WindowsPath.h"
 
 namespace norvo {
 namespace {
-
-constexpr char16_t kReplacement = 0xFFFD;
-
-bool IsControl(char16_t unit) {
-  return unit < 0x20;
-}
 
 /// Plain characters only, in the sense of one byte per character and none of them special.
 bool IsPlainAscii(std::string_view name) {
@@ -33,7 +28,7 @@ constexpr std::uint64_t kSeed = 0xcbf29ce484222325u;
 
 std::optional<std::string> ToDiskName(StringView component) {
   component = WithoutTrail(component);
-  if (component.empty() || std::any_of(component.begin(), component.end(), IsControl) ||
+  if (component.empty() || std::any_of(component.begin(), component.end(), IsAsciiControl) ||
       !IsWholeUtf16(component)) {
     return std::nullopt;
   }
@@ -47,7 +42,7 @@ std::optional<String> FromDiskName(std::string_view name) {
   }
   std::optional<String> text = FromUtf8(name);
   if (!text || text->find(u'\\') != String::npos || WithoutTrail(*text).empty() ||
-      std::any_of(text->begin(), text->end(), IsControl)) {
+      std::any_of(text->begin(), text->end(), IsAsciiControl)) {
     return std::nullopt;
   }
   return text;
@@ -60,7 +55,7 @@ bool IsExpressible(std::string_view name) {
 
 String ShownDiskName(std::string_view name) {
   String text = FromUtf8Lossy(name);
-  std::replace_if(text.begin(), text.end(), IsControl, kReplacement);
+  std::replace_if(text.begin(), text.end(), IsAsciiControl, kReplacementCharacter);
   return text;
 }
 

@@ -40,7 +40,7 @@ DriveMap::DriveMap(const std::vector<HostedDrive>& drives) {
     if (number == kNoDrive || drives_[number]) continue;
     const char16_t letter = static_cast<char16_t>(u'A' + number);
     drives_[number] =
-        std::make_unique<DriveFolder>(letter, each.type, DiskPathOf(FullSystemPath(each.folder)));
+        std::make_unique<DriveFolder>(letter, each.type, ToDiskPath(FullSystemPath(each.folder)));
   }
 }
 

@@ -41,7 +41,7 @@ DriveType TypeByName(StringView name) {
 }
 
 String Shown(const fs::path& path) {
-  return FromUtf8Lossy(DiskPathOf(path));
+  return FromUtf8Lossy(ToDiskPath(path));
 }
 
 bool IsFolder(const fs::path& path) {
@@ -79,7 +79,7 @@ fs::path CheckedFolder(const fs::path& folder) {
 
 /// The machine's settings, empty without a file. They are UTF-8 text, or else 8-bit text.
 IniDocument ReadSettings(const fs::path& path) {
-  const FileResult<SystemFile> file = OpenSystemPath(DiskPathOf(path));
+  const FileResult<SystemFile> file = OpenSystemPath(ToDiskPath(path));
   if (file.Failure().kind == FileFailure::Kind::NotFound) return {};
   const String shown = Shown(path);
   if (!file) RaiseFileError(file.Failure(), Subject::File, shown);
@@ -112,7 +112,7 @@ HostedDrive DriveOf(const fs::path& machineFolder, char letter, StringView setti
   }
   return {wide, type,
           folder.empty() ? DefaultFolder(machineFolder, letter)
-                         : machineFolder / SystemPathOf(ToUtf8(folder))};
+                         : machineFolder / ToSystemPath(ToUtf8(folder))};
 }
 
 void ReadDrives(const fs::path& machineFolder, const IniDocument& settings, HostedLayout& layout) {

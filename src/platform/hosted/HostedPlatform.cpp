@@ -94,7 +94,7 @@ std::vector<HostedDrive> HostedPlatform::DriveFolders() const {
   std::vector<HostedDrive> folders;
   for (const Drive& each : parts_->drives.List()) {
     folders.push_back(
-        {each.letter, each.type, norvo::SystemPathOf(parts_->drives.Find(each.letter)->Folder())});
+        {each.letter, each.type, ToSystemPath(parts_->drives.Find(each.letter)->Folder())});
   }
   return folders;
 }

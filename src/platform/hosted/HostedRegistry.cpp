@@ -26,7 +26,7 @@ String InMachineClasses(StringView key) {
 std::string WithoutLinks(const std::filesystem::path& file) {
   std::error_code failure;
   const std::filesystem::path real = std::filesystem::canonical(file, failure);
-  return DiskPathOf(failure ? file : real);
+  return ToDiskPath(failure ? file : real);
 }
 
 /// Nothing for a file that cannot be asked about.
@@ -121,9 +121,9 @@ bool HostedRegistry::Save() {
     text_->UpgradeHeader();
     text = text_->Text();
   }
-  const std::filesystem::path file = SystemPathOf(file_);
-  const FileResult<SystemFile> folder = OpenRoot(DiskPathOf(file.parent_path()));
-  const std::string name = DiskPathOf(file.filename());
+  const std::filesystem::path file = ToSystemPath(file_);
+  const FileResult<SystemFile> folder = OpenRoot(ToDiskPath(file.parent_path()));
+  const std::string name = ToDiskPath(file.filename());
   const bool saved = folder && !ReplaceWhole(*folder, name, Encode(text, encoding_));
   record_ = RecordOf(LookUpSystemPath(file_));
   if (!saved) text_.reset();  // what is in the file holds

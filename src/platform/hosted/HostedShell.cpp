@@ -15,16 +15,16 @@ String HostedShell::SpecialFolderPath(std::int32_t identifier) {
 }
 
 String HostedProduct::BaseKey() {
-  return u"SOFTWARE\\Norvo\\Migration";
+  return String(product_values::kBaseKey);
 }
 
 String HostedProduct::Folder() {
-  const String folder = ReadText(registry_, BaseKey(), u"ProductFolder");
+  const String folder = ReadText(registry_, product_values::kBaseKey, product_values::kFolder);
   return folder.empty() ? u"C:\\Norvo\\" : Utility::AddBackslash(folder);
 }
 
 String HostedProduct::Name() {
-  return ReadText(registry_, BaseKey(), u"ProductName");
+  return ReadText(registry_, product_values::kBaseKey, product_values::kName);
 }
 
 }  // namespace norvo

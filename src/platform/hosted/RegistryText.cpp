@@ -32,23 +32,12 @@ StringView NameOf(Hive hive) {
   return row->name;
 }
 
-bool IsLineEnd(char16_t unit) {
-  return unit == u'\r' || unit == u'\n';
-}
-
-bool IsBlank(char16_t unit) {
-  return unit == u' ' || unit == u'\t' || IsLineEnd(unit);
-}
-
 StringView TrimBlanks(StringView text) {
-  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
-  return text;
+  return Trim(text, IsRegistryBlank);
 }
 
 StringView WithoutTrailingSeparator(StringView key) {
-  while (!key.empty() && key.back() == u'\\') key.remove_suffix(1);
-  return key;
+  return TrimEnd(key, [](char16_t unit) { return unit == u'\\'; });
 }
 
 /// Takes the first name off a key's path.
@@ -71,14 +60,14 @@ bool IsWithinLimits(StringView key) {
 bool IsWritableKey(StringView key) {
   return IsWithinLimits(key) && !key.empty() && key.front() != u'\\' &&
          key.find(u"\\\\") == StringView::npos &&
-         std::none_of(key.begin(), key.end(), [](char16_t unit) { return unit < 0x20; });
+         std::none_of(key.begin(), key.end(), IsAsciiControl);
 }
 
 /// Behind the last line that is not blank; behind the first when the last one wants to go on, so
 /// that it does not swallow what is written there.
 std::size_t ContentEnd(StringView text) {
   std::size_t end = text.size();
-  while (end > 0 && IsBlank(text[end - 1])) --end;
+  while (end > 0 && IsRegistryBlank(text[end - 1])) --end;
   if (end > 0 && text[end - 1] == u'\\') end = 0;
   const std::size_t feed = text.find(u'\n', end);
   return feed == StringView::npos ? text.size() : feed + 1;

@@ -14,12 +14,7 @@ constexpr StringView kBinaryMark = u"hex:";
 constexpr std::size_t kDoubleBytes = 8;
 
 StringView TrimLine(StringView text) {
-  const auto isBlank = [](char16_t unit) {
-    return unit == u' ' || unit == u'\t' || unit == u'\r' || unit == u'\n';
-  };
-  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
-  return text;
+  return Trim(text, IsRegistryBlank);
 }
 
 /// Behind the line end of the line that holds `at`.
@@ -123,7 +118,7 @@ String FormatHex(std::uint32_t value, int digits) {
 
 String FormatData(const RegistryValue& value) {
   if (const auto* const text = std::get_if<String>(&value)) {
-    return Quote(StringView(*text).substr(0, text->find(u'\0')));  // a NUL ends a registry text
+    return Quote(BeforeNul(*text));  // a NUL ends a registry text
   }
   if (const auto* const number = std::get_if<std::int32_t>(&value)) {
     return String(kDwordMark) + FormatHex(static_cast<std::uint32_t>(*number), 8);
@@ -180,9 +175,7 @@ std::optional<RegistryValue> ParseRegistryData(StringView data) {
 }
 
 std::optional<String> FormatRegistryValue(StringView name, const RegistryValue& value) {
-  const bool control =
-      std::any_of(name.begin(), name.end(), [](char16_t unit) { return unit < 0x20; });
-  if (control) return std::nullopt;
+  if (std::any_of(name.begin(), name.end(), IsAsciiControl)) return std::nullopt;
   return (name.empty() ? String(u"@") : Quote(name)) + u'=' + FormatData(value);
 }
 

@@ -9,6 +9,11 @@ namespace norvo {
 
 /// Lines of the registry's text form.
 
+/// Around names and data it takes line ends for blanks too.
+constexpr bool IsRegistryBlank(char16_t unit) noexcept {
+  return IsBlankOrTab(unit) || unit == u'\r' || unit == u'\n';
+}
+
 /// One line with its continuations: a line of hexadecimal bytes goes on behind a backslash, a text
 /// in quotes behind a line end within it.
 struct RegistryLine {

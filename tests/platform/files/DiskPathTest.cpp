@@ -27,7 +27,7 @@ TEST(DiskPath, LiesWithinFoldersAndNotBesideThem) {
 
 TEST(DiskPath, GoesThroughTheStandardLibraryUnchanged) {
   for (const char* const path : {"/a/b", "a b, c.", "/M\xC3\xBCsik/\xE2\x82\xAC", ""}) {
-    EXPECT_EQ(DiskPathOf(SystemPathOf(path)), path);
+    EXPECT_EQ(ToDiskPath(ToSystemPath(path)), path);
   }
 }
 

@@ -28,7 +28,7 @@ class FilesTest : public ::testing::Test {
     std::filesystem::remove_all(base_);
     std::filesystem::create_directories(base_ / "root");
     std::filesystem::create_directories(base_ / "beside");
-    root_ = std::move(*OpenRoot(DiskPathOf(base_ / "root")));
+    root_ = std::move(*OpenRoot(ToDiskPath(base_ / "root")));
   }
   ~FilesTest() override {
     root_.Close();

@@ -22,8 +22,8 @@ TEST_F(SystemCallsTest, ALookUpTellsKindAndSizeOfANameAndOfALinkItself) {
   EXPECT_EQ(KindOf("link"), FileRecord::Kind::Link);
   EXPECT_EQ(LookUp(Root(), "a.mp3")->size, 5u);
   EXPECT_EQ(LookUp(Open("a.mp3"))->size, 5u);
-  EXPECT_EQ(LookUpSystemPath(DiskPathOf(At("a.mp3")))->size, 5u);
-  EXPECT_EQ(LookUpSystemPath(DiskPathOf(At("link")))->kind, FileRecord::Kind::Link);
+  EXPECT_EQ(LookUpSystemPath(ToDiskPath(At("a.mp3")))->size, 5u);
+  EXPECT_EQ(LookUpSystemPath(ToDiskPath(At("link")))->kind, FileRecord::Kind::Link);
   EXPECT_EQ(LookUp(Root(), "b.mp3").Failure().kind, Kind::NotFound);
   EXPECT_EQ(LookUp(Root(), "a.mp3/b").Failure().kind, Kind::NotAFolder);
 }
@@ -87,12 +87,12 @@ TEST_F(SystemCallsTest, OutsideOfARootLinksAreFollowed) {
   Put(Beside("a"), "x");
   std::filesystem::create_symlink(Beside("a"), At("file"));
   std::filesystem::create_directory_symlink(Beside(""), At("folder"));
-  EXPECT_EQ(LookUp(*OpenSystemPath(DiskPathOf(At("file"))))->size, 1u);
-  EXPECT_TRUE(LookUp(*OpenRoot(DiskPathOf(At("folder"))), "a"));
-  EXPECT_EQ(OpenSystemPath(DiskPathOf(At("missing"))).Failure().kind, Kind::NotFound);
-  EXPECT_EQ(OpenRoot(DiskPathOf(At("file"))).Failure().kind, Kind::NotAFolder);
-  EXPECT_EQ(*RealPath(DiskPathOf(At("folder/a"))), *RealPath(DiskPathOf(Beside("a"))));
-  EXPECT_EQ(RealPath(DiskPathOf(At("missing"))).Failure().kind, Kind::NotFound);
+  EXPECT_EQ(LookUp(*OpenSystemPath(ToDiskPath(At("file"))))->size, 1u);
+  EXPECT_TRUE(LookUp(*OpenRoot(ToDiskPath(At("folder"))), "a"));
+  EXPECT_EQ(OpenSystemPath(ToDiskPath(At("missing"))).Failure().kind, Kind::NotFound);
+  EXPECT_EQ(OpenRoot(ToDiskPath(At("file"))).Failure().kind, Kind::NotAFolder);
+  EXPECT_EQ(*RealPath(ToDiskPath(At("folder/a"))), *RealPath(ToDiskPath(Beside("a"))));
+  EXPECT_EQ(RealPath(ToDiskPath(At("missing"))).Failure().kind, Kind::NotFound);
 }
 
 TEST_F(SystemCallsTest, AFolderTellsItsNamesAndTheirKinds) {

@@ -46,7 +46,7 @@ TEST_F(OpenFilesTest, NamesNeedNotBeUtf8) {
   const std::string name = "\xFF\xFE";
   Put(At(name), "x");
   EXPECT_EQ(NamesIn(""), "F" + name + " ");
-  EXPECT_EQ(LookUpSystemPath(DiskPathOf(SystemPathOf(DiskPathOf(At(name)))))->size, 1u);
+  EXPECT_EQ(LookUpSystemPath(ToDiskPath(ToSystemPath(ToDiskPath(At(name)))))->size, 1u);
 }
 
 }  // namespace
