@@ -41,14 +41,17 @@ TEST_F(RegistryTest, AnOpenInOneHiveLooksNowhereElse) {
 }
 
 TEST_F(RegistryTest, ATextIsReadInOneStepAndEmptyWhenThereIsNone) {
-  platform->SetRegistry(Hive::LocalMachine, u"X", u"v", String(u"machine"));
+  Registry& registry = platform->Registry();
+  EXPECT_TEXT(ReadText(registry, u"X", u"v"), u"");
   platform->SetRegistry(Hive::ClassesRoot, u"X", u"v", String(u"class"));
-  platform->SetRegistry(Hive::LocalMachine, u"X", u"n", std::int32_t{7});
-  EXPECT_TEXT(ReadText(platform->Registry(), u"X", u"v"), u"machine");
-  EXPECT_TEXT(ReadTextIn(platform->Registry(), Hive::ClassesRoot, u"X", u"v"), u"class");
-  EXPECT_TEXT(ReadTextIn(platform->Registry(), Hive::CurrentUser, u"X", u"v"), u"");
-  EXPECT_TEXT(ReadText(platform->Registry(), u"X", u"n"), u"");
-  EXPECT_TEXT(ReadText(platform->Registry(), u"Y", u"v"), u"");
+  platform->SetRegistry(Hive::LocalMachine, u"X", u"v", String(u"machine"));
+  platform->SetRegistry(Hive::LocalMachine, u"X", u"number", std::int32_t{7});
+  EXPECT_TEXT(ReadText(registry, u"X", u"v"), u"machine");
+  EXPECT_TEXT(ReadText(registry, u"X", u"number"), u"");
+  EXPECT_TEXT(ReadTextIn(registry, Hive::ClassesRoot, u"X", u"v"), u"class");
+  EXPECT_TEXT(ReadTextIn(registry, Hive::CurrentUser, u"X", u"v"), u"");
+  platform->SetRegistry(Hive::CurrentUser, u"X", u"v", String(u"user"));
+  EXPECT_TEXT(ReadText(registry, u"X", u"v"), u"user");
 }
 
 TEST_F(RegistryTest, OpeningNeverCreatesAKey) {
