@@ -93,10 +93,6 @@ const char* NameOf(MovedSong::State state) {
   return "";
 }
 
-std::string TextOf(PlaceFailure failure, const String& systemReason) {
-  return WithSystemReason(WordsFor(failure), systemReason);
-}
-
 std::string ReasonText(const MovedSong& song) {
   const std::string path = ToUtf8(song.faultPath);
   const std::string nowhere = "the new machine has no place for it: ";
@@ -112,7 +108,7 @@ std::string ReasonText(const MovedSong& song) {
     case MovedSong::Fault::GroupRootUnusable:
       return nowhere + "see that its group root " + path + " is a path of plain characters";
     case MovedSong::Fault::NotBrought:
-      return TextOf(song.failure, song.systemReason);
+      return WithSystemReason(WordsFor(song.failure), song.systemReason);
   }
   return {};
 }

@@ -10,8 +10,6 @@ namespace norvo::cli {
 const char* NameOf(MovedPlaylist::State state);
 const char* NameOf(MovedSong::State state);
 
-/// Why a file was not placed: "the disk is full" and so on, with what the system said.
-std::string TextOf(PlaceFailure failure, const String& systemReason);
 /// Why a song or a playlist was left out; empty for one that was not.
 std::string ReasonText(const MovedSong& song);
 std::string ReasonText(const MovedPlaylist& playlist);
