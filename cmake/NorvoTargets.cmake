@@ -26,35 +26,36 @@ else()
   set(NORVO_WINDOWS_FOLDER x86)
 endif()
 
-# norvo_room(TARGET FOLDER...): lets a target, and those that depend on it, include the headers of
-# these folders of src/ as "folder/Header.h", and of no others: the compiler is shown a folder that
-# holds nothing but links to them. So an include that points up the picture finds no file.
-function(norvo_room target)
-  set(view "${PROJECT_BINARY_DIR}/rooms/${target}")
-  foreach(folder IN LISTS ARGN)
-    get_filename_component(parent "${view}/${folder}" DIRECTORY)
-    file(MAKE_DIRECTORY "${parent}")
-    file(CREATE_LINK "${PROJECT_SOURCE_DIR}/src/${folder}" "${view}/${folder}" SYMBOLIC)
-  endforeach()
-  target_include_directories(${target} PUBLIC "$<BUILD_INTERFACE:${view}>")
-endfunction()
-
-# norvo_subsystem(NAME [DEPENDS subsystem...]): one folder of src/ as a static library. Its
-# sources are all .cpp files of the folder; it may include only what its dependencies offer.
+# norvo_subsystem(NAME [NOT_INSTALLED] [SOURCES file...] DEPENDS [subsystem...]): one folder of src/ as
+# a static library. Its sources are all .cpp files of the folder, and those that are named.
+#
+# It may include only its own headers and those of its dependencies, as "folder/Header.h": the
+# compiler is shown folders that hold nothing but links to these. So an include that points up the
+# picture finds no file.
 function(norvo_subsystem name)
-  cmake_parse_arguments(ARG "" "" "DEPENDS" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp")
-  file(GLOB headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.h")
+  cmake_parse_arguments(ARG "NOT_INSTALLED" "" "SOURCES;DEPENDS" ${ARGN})
+  set(folder "${PROJECT_SOURCE_DIR}/src/${name}")
+  file(GLOB sources CONFIGURE_DEPENDS "${folder}/*.cpp")
+  file(GLOB headers CONFIGURE_DEPENDS "${folder}/*.h")
   string(REPLACE "/" "_" target "norvo_${name}")
-  add_library(${target} STATIC ${sources} ${headers})
-  norvo_room(${target} ${name})
-  target_include_directories(${target} PUBLIC
-    "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/NorvoPlayList>")
+  add_library(${target} STATIC ${sources} ${headers} ${ARG_SOURCES})
+
+  set(view "${PROJECT_BINARY_DIR}/rooms/${target}")
+  get_filename_component(parent "${view}/${name}" DIRECTORY)
+  file(MAKE_DIRECTORY "${parent}")
+  file(CREATE_LINK "${folder}" "${view}/${name}" SYMBOLIC)
+  target_include_directories(${target} PUBLIC "$<BUILD_INTERFACE:${view}>")
+
   target_compile_features(${target} PUBLIC cxx_std_20)
   target_link_libraries(${target}
     PUBLIC ${ARG_DEPENDS}
     PRIVATE $<BUILD_INTERFACE:norvo_warnings>
     PUBLIC $<BUILD_INTERFACE:norvo_sanitize>)
+  if(ARG_NOT_INSTALLED)
+    return()
+  endif()
+  target_include_directories(${target} PUBLIC
+    "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/NorvoPlayList>")
   install(TARGETS ${target} EXPORT NorvoPlayListTargets
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
   install(FILES ${headers} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/NorvoPlayList/${name}")

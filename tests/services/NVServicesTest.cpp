@@ -104,8 +104,7 @@ TEST_F(NVServicesTest, EachLevelOfAChainIsAskedForOnceAndTheWholeOnceMore) {
   const std::pair<StringView, Lines> rows[] = {
       {u"C:\\", {"C:", "C:"}},
       {u"C:\\a\\\\", {"C:\\", "C:\\a", "C:\\a\\", "C:\\a\\"}},
-      {u"\\\\server\\share", {"\\", "\\\\server", "\\\\server\\share", "\\\\server\\share"}},
-      {u"", {"", ""}}};
+      {u"\\\\server\\share", {"\\", "\\\\server", "\\\\server\\share", "\\\\server\\share"}}};
   platform->AddFolder(u"C:\\a");
   for (const auto& [path, asked] : rows) {
     platform->Log().Clear();
@@ -114,6 +113,9 @@ TEST_F(NVServicesTest, EachLevelOfAChainIsAskedForOnceAndTheWholeOnceMore) {
     for (const std::string& folder : asked) expected.push_back("FolderExists " + folder);
     EXPECT_EQ(TraceOf(u"FolderExists"), expected) << Utf8(path);
   }
+  platform->Log().Clear();
+  CreatePath(component, {});
+  EXPECT_EQ(platform->Calls(u"FolderExists"), 2u);
 }
 
 TEST_F(NVServicesTest, WhatCannotBeAFolderIsNotCreated) {
