@@ -36,7 +36,12 @@ std::string KeyOf(const MovedPlaylist& playlist, const PlaylistDraft& draft, std
 class Carrier {
  public:
   Carrier(Component& library, RestoreLedger& ledger, const String& documents)
-      : library_(library), ledger_(ledger), folder_(documents + String(kSubFolder)) {}
+      : library_(library), ledger_(ledger), folder_(documents + String(kSubFolder)) {
+    if (!library.Files().FolderExists(folder_)) return;
+    for (const FolderItem& item : library.Files().ListFolder(folder_, {})) {
+      there_.emplace(Fold(WithoutTrail(item.name)), item.isFolder);
+    }
+  }
 
   void Carry(MovedPlaylist& playlist, const PlaylistDraft& draft) {
     playlist.carried = ledger_.CarriedFor(draft.key);
@@ -58,8 +63,9 @@ class Carrier {
     SettingsStorage& settings = library_.Machine().Settings();
     String path = folder_ + base + String(kExtension);
     for (int number = 2;; ++number) {
-      if (!taken_.contains(Fold(path)) && !library_.Files().FolderExists(path)) {
-        const std::optional<std::string> there = settings.Read(path);
+      if (!taken_.contains(Fold(path)) && !IsFolder(path)) {
+        const std::optional<std::string> there =
+            IsThere(path) ? settings.Read(path) : std::nullopt;
         if (!there || *there == bytes) {
           playlist.carried = path;
           if (!there) settings.Write(path, bytes);
@@ -70,9 +76,16 @@ class Carrier {
     }
   }
 
+  bool IsThere(const String& path) const { return there_.contains(Fold(LastComponent(path))); }
+  bool IsFolder(const String& path) const {
+    const auto found = there_.find(Fold(LastComponent(path)));
+    return found != there_.end() && found->second;
+  }
+
   Component& library_;
   RestoreLedger& ledger_;
   String folder_;
+  std::map<String, bool> there_;  // names in the folder, folded; whether each is a folder
   std::set<String> taken_;  // by other playlists of this move
 };
 

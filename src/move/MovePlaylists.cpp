@@ -20,6 +20,7 @@
 #include "move/SongBringing.h"
 #include "move/StreamPlacer.h"
 #include "overlay/OverlayPlatform.h"
+#include "services/DataCop.h"
 #include "services/Utility.h"
 
 namespace norvo {
@@ -61,6 +62,8 @@ class NewMachine {
     settings_ = RequireProductSettings(*planLibrary_);
     library_.Get().PinGroupRoot(settings_.groupRoot);
     planLibrary_->PinGroupRoot(settings_.groupRoot);
+    plan_->Remember();
+    ShareSubNames();
   }
 
   OpenedLibrary& Opened() { return library_; }
@@ -70,8 +73,19 @@ class NewMachine {
   OverlayPlatform& Plan() { return *plan_; }
   Component& PlanLibrary() { return *planLibrary_; }
   const ProductSettings& Settings() const { return settings_; }
+  /// The plan was carried out: what it supposed stands on the machine now, or does not.
+  void EndPlan() {
+    if (!dryRun_) plan_->TakeBackAll();
+    plan_->Forget();
+  }
 
  private:
+  /// Both components are over one machine, whose table is read once.
+  void ShareSubNames() {
+    DataCop::LoadSubNames(*planLibrary_);
+    library_.Get().SubNames() = planLibrary_->SubNames();
+  }
+
   bool dryRun_;
   OpenedLibrary library_;
   std::shared_ptr<OverlayPlatform> plan_ = std::make_shared<OverlayPlatform>(library_.Machine());
@@ -150,7 +164,7 @@ void Run(const MoveMachines& machines, const MoveOptions& options, MediaPlacer& 
   if (bringing) {
     BringSongs(placer, options.media == MediaMode::Link ? PlaceMode::Link : PlaceMode::Copy, work);
   }
-  if (!options.dryRun) machine.Plan().TakeBackAll();
+  machine.EndPlan();
   Restore(machine, ledger, work);
   VerifyMove(machine.PlanLibrary(), work);
 }

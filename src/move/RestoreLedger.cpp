@@ -28,9 +28,9 @@ std::vector<String> Fields(StringView line) {
   return {fields.begin(), fields.end()};
 }
 
-std::string BeginLine(const std::string& fingerprint, const String& neutralFile,
+std::string BeginLine(const std::string& fingerprint, const String& genericFile,
                       const std::string& key) {
-  return ToUtf8(kBegin) + '\t' + fingerprint + '\t' + ToUtf8(neutralFile) + '\t' + key + "\r\n";
+  return ToUtf8(kBegin) + '\t' + fingerprint + '\t' + ToUtf8(genericFile) + '\t' + key + "\r\n";
 }
 
 /// Empty for names that a line cannot hold; the song is planned anew then.
@@ -47,6 +47,10 @@ std::string NativeLine(const String& path) {
 
 std::string EndLine(StringView kind) {
   return ToUtf8(kind) + "\r\n";
+}
+
+std::string PrintOf(std::string_view bytes) {
+  return TextOf(Fingerprint().AddBytes(bytes));
 }
 
 }  // namespace
@@ -94,23 +98,23 @@ void RestoreLedger::Take(const std::vector<String>& fields) {
 void RestoreLedger::Keep() {
   Row row = std::move(*current_);
   current_.reset();
-  String folded = Fold(row.neutralFile);
+  String folded = Fold(row.genericFile);
   if (!row.key.empty()) byKey_[row.key] = folded;
   restored_.insert_or_assign(std::move(folded), std::move(row));
 }
 
-std::string RestoreLedger::FingerprintOf(const String& neutralFile) {
-  const std::optional<std::string> bytes = machine_.Machine().Settings().Read(neutralFile);
-  return bytes ? TextOf(Fingerprint().AddBytes(*bytes)) : std::string();
+std::string RestoreLedger::FingerprintOf(const String& genericFile) {
+  const std::optional<std::string> bytes = machine_.Machine().Settings().Read(genericFile);
+  return bytes ? PrintOf(*bytes) : std::string();
 }
 
-bool RestoreLedger::IsRestored(const String& neutralFile) {
-  const auto found = restored_.find(Fold(neutralFile));
-  return found != restored_.end() && found->second.fingerprint == FingerprintOf(neutralFile);
+bool RestoreLedger::IsRestored(const String& genericFile) {
+  const auto found = restored_.find(Fold(genericFile));
+  return found != restored_.end() && found->second.fingerprint == FingerprintOf(genericFile);
 }
 
-std::vector<String> RestoreLedger::NativesOf(const String& neutralFile) const {
-  const auto found = restored_.find(Fold(neutralFile));
+std::vector<String> RestoreLedger::NativesOf(const String& genericFile) const {
+  const auto found = restored_.find(Fold(genericFile));
   return found == restored_.end() ? std::vector<String>() : found->second.natives;
 }
 
@@ -119,9 +123,9 @@ String RestoreLedger::CarriedFor(const std::string& key) {
   if (found == byKey_.end()) return {};
   const Row& row = restored_.at(found->second);
   // A neutral file that was deleted since has been restored all the same.
-  const std::string now = FingerprintOf(row.neutralFile);
+  const std::string now = FingerprintOf(row.genericFile);
   const bool known = row.key == key && (now.empty() || now == row.fingerprint);
-  return known ? row.neutralFile : String();
+  return known ? row.genericFile : String();
 }
 
 const std::vector<KnownPlace>& RestoreLedger::PlacesOf(const String& song) const {
@@ -142,9 +146,10 @@ void RestoreLedger::AddPlace(const String& song, const KnownPlace& place) {
   }
 }
 
-void RestoreLedger::Begin(const String& neutralFile, const std::string& key) {
-  current_ = Row{neutralFile, key, FingerprintOf(neutralFile), {}};
-  Append(BeginLine(current_->fingerprint, neutralFile, key));
+void RestoreLedger::Begin(const String& genericFile, const std::string& key,
+                          const std::string* bytes) {
+  current_ = Row{genericFile, key, bytes ? PrintOf(*bytes) : FingerprintOf(genericFile), {}};
+  Append(BeginLine(current_->fingerprint, genericFile, key));
 }
 
 void RestoreLedger::AddNative(const String& path) {
@@ -165,10 +170,11 @@ void RestoreLedger::End(bool whole) {
 }
 
 void RestoreLedger::Append(const std::string& line) {
-  if (!machine_.Files().FileExists(path_)) {
-    return machine_.Machine().Settings().Write(path_, kTitle + line);
+  if (!growing_) {
+    if (!machine_.Files().FileExists(path_)) machine_.Machine().Settings().Write(path_, kTitle);
+    growing_ = machine_.Files().OpenForAppending(path_, false);
   }
-  machine_.Files().OpenForAppending(path_, false)->Append(line);
+  growing_->Append(line);
 }
 
 /// A native playlist is noted before it is created. What was not written then is somebody else's.
@@ -189,9 +195,10 @@ void RestoreLedger::DeleteNatives(const Row& row) {
 }
 
 void RestoreLedger::Compact() {
+  growing_.reset();
   std::string text = kTitle;
   for (const auto& [folded, row] : restored_) {
-    text += BeginLine(row.fingerprint, row.neutralFile, row.key);
+    text += BeginLine(row.fingerprint, row.genericFile, row.key);
     for (const String& native : row.natives) text += NativeLine(native);
     text += EndLine(kDone);
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,7 +17,7 @@ struct KnownPlace {
   String album;
 };
 
-/// What a machine remembers of the moves to it: the neutral files that were restored, by path and
+/// What a machine remembers of the moves to it: the generic files that were restored, by path and
 /// content, with the native playlists made of each, and the places of the songs. It stands in
 /// "Restored.txt" of the data area, is written ahead of each step, and so survives a run that is
 /// killed: what such a run has left unfinished is taken away before the next.
@@ -25,18 +26,19 @@ class RestoreLedger {
   /// Reads the machine's ledger. Playlists that were begun and not finished are deleted.
   RestoreLedger(Component& machine, const String& dataArea);
 
-  /// True for a neutral file that was restored as it is now.
-  bool IsRestored(const String& neutralFile);
-  /// The neutral file that was restored for a playlist with this key, by which a move knows it
+  /// True for a generic file that was restored as it is now.
+  bool IsRestored(const String& genericFile);
+  /// The generic file that was restored for a playlist with this key, by which a move knows it
   /// again; empty when there is none, or when it is another file now.
   String CarriedFor(const std::string& key);
-  /// The native playlists made of a neutral file, in the order of their writing.
-  std::vector<String> NativesOf(const String& neutralFile) const;
+  /// The native playlists made of a generic file, in the order of their writing.
+  std::vector<String> NativesOf(const String& genericFile) const;
 
-  /// `key` may be empty, and holds no tab.
-  void Begin(const String& neutralFile, const std::string& key = {});
+  /// `key` may be empty, and holds no tab. `bytes` are the file's where the caller knows them.
+  void Begin(const String& genericFile, const std::string& key = {},
+             const std::string* bytes = nullptr);
   void AddNative(const String& path);
-  /// With `whole` false the native playlists are deleted and the neutral file counts as not
+  /// With `whole` false the native playlists are deleted and the generic file counts as not
   /// restored.
   void End(bool whole);
 
@@ -51,7 +53,7 @@ class RestoreLedger {
 
  private:
   struct Row {
-    String neutralFile;
+    String genericFile;
     std::string key;
     std::string fingerprint;
     std::vector<String> natives;
@@ -59,7 +61,7 @@ class RestoreLedger {
 
   bool Load();
   void Take(const std::vector<String>& fields);
-  std::string FingerprintOf(const String& neutralFile);
+  std::string FingerprintOf(const String& genericFile);
   void Append(const std::string& line);
   void DeleteNatives(const Row& row);
   void DeleteUnfinished(const Row& row);
@@ -67,6 +69,7 @@ class RestoreLedger {
 
   Component& machine_;
   String path_;
+  std::unique_ptr<AppendFile> growing_;  // open from the first added line to the next writing anew
   std::map<String, Row> restored_;       // by the folded path, so that the order ignores case
   std::map<std::string, String> byKey_;  // the folded paths of those with a key
   std::map<String, std::vector<KnownPlace>> places_;

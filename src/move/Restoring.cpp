@@ -22,19 +22,19 @@ class LedgerWatcher final : public LibraryWatcher {
         result_(work.result) {
     for (std::size_t i = 0; i < work.drafts.size(); ++i) {
       if (work.drafts[i].key.empty()) continue;
-      keys_[Fold(work.result.playlists[i].carried)] = work.drafts[i].key;
+      drafts_[Fold(work.result.playlists[i].carried)] = &work.drafts[i];
     }
   }
 
   /// The documents folder may hold other generic files, whose songs are not of this move.
   bool WantsGenericFile(StringView path) override {
-    return keys_.contains(Fold(path)) && !ledger_.IsRestored(String(path));
+    return drafts_.contains(Fold(path)) && !ledger_.IsRestored(String(path));
   }
   void OnPlaylistBegin(StringView path, std::size_t position, std::size_t count) override {
     LibraryWatcher::OnPlaylistBegin(path, position, count);
     whole_ = true;
-    const auto key = keys_.find(Fold(path));
-    ledger_.Begin(String(path), key == keys_.end() ? std::string() : key->second);
+    const PlaylistDraft& draft = *drafts_.at(Fold(path));
+    ledger_.Begin(String(path), draft.key, &draft.bytes);
   }
   void OnNativeFile(StringView path, std::int32_t) override {
     const bool before = std::exchange(whole_, false);  // holds when the ledger cannot be written
@@ -57,7 +57,7 @@ class LedgerWatcher final : public LibraryWatcher {
  private:
   RestoreLedger& ledger_;
   MoveResult& result_;
-  std::map<String, std::string> keys_;  // of the move's playlists, by folded generic file
+  std::map<String, const PlaylistDraft*> drafts_;  // by folded generic file
   std::set<String> restored_;           // generic files, folded
   bool whole_ = true;
 };

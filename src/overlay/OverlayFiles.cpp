@@ -123,7 +123,7 @@ std::vector<OverlayFiles::Place> OverlayFiles::MissingFolders(StringView folder)
   for (Place place = PlaceOf(folder);; place = PlaceOf(missing.back().Folder())) {
     if (!HasDrive(place.path)) Raise(error::kPathNotFound, folder);
     const auto known = written_.find(place.key);
-    const bool there = known == written_.end() ? below_.Files().FolderExists(place.path + u'\\')
+    const bool there = known == written_.end() ? FolderExistsBelow(place.path + u'\\')
                                                : known->second.kind == Node::Kind::Folder;
     if (there) return missing;
     if (FactsOf(place.path)) Raise(error::kPathFileAccess, place.path);
@@ -185,15 +185,38 @@ std::vector<String> OverlayFiles::WrittenPaths() const {
   return paths;
 }
 
+void OverlayFiles::Forget() {
+  foldersBelow_.clear();
+  factsBelow_.clear();
+}
+
+bool OverlayFiles::FolderExistsBelow(StringView path) {
+  if (!remembers_) return below_.Files().FolderExists(path);
+  const auto known = foldersBelow_.find(String(path));
+  if (known != foldersBelow_.end()) return known->second;
+  const bool exists = below_.Files().FolderExists(path);
+  foldersBelow_.emplace(path, exists);
+  return exists;
+}
+
+std::optional<FileFacts> OverlayFiles::FactsBelow(StringView path) {
+  if (!remembers_) return below_.Files().FactsOf(path);
+  const auto known = factsBelow_.find(String(path));
+  if (known != factsBelow_.end()) return known->second;
+  std::optional<FileFacts> facts = below_.Files().FactsOf(path);
+  factsBelow_.emplace(path, facts);
+  return facts;
+}
+
 bool OverlayFiles::FolderExists(StringView path) {
   const Node* const node = Find(PlaceOf(path));
-  return node == nullptr ? below_.Files().FolderExists(path) : node->kind == Node::Kind::Folder;
+  return node == nullptr ? FolderExistsBelow(path) : node->kind == Node::Kind::Folder;
 }
 
 std::optional<FileFacts> OverlayFiles::FactsOf(StringView path) {
   const Place place = PlaceOf(path);
   const Node* const node = Find(place);
-  if (node == nullptr) return below_.Files().FactsOf(path);
+  if (node == nullptr) return FactsBelow(path);
   if (place.asFolder || node->kind != Node::Kind::File) return std::nullopt;
   if (!node->content) return node->facts;
   const Content& content = *node->content;

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "services/Platform.h"
@@ -16,6 +17,8 @@ class OverlayFiles final : public FileSystem, public SettingsStorage {
   /// `below` must outlive this.
   explicit OverlayFiles(Platform& below) : below_(below) {}
 
+  void Remember() { remembers_ = true; }
+  void Forget();
   void Pretend(StringView path, const FileFacts& facts);
   void TakeBack(StringView path) { pretended_.erase(PlaceOf(path).key); }
   void TakeBackAll() { pretended_.clear(); }
@@ -76,6 +79,8 @@ class OverlayFiles final : public FileSystem, public SettingsStorage {
   const Node* Find(const Place& place) const;
   const Node* RequireFile(StringView path);
   std::vector<Place> MissingFolders(StringView folder);
+  bool FolderExistsBelow(StringView path);
+  std::optional<FileFacts> FactsBelow(StringView path);
   void RequireFreeForFile(StringView path, const Place& place);
   std::shared_ptr<Content> Keep(const Place& place, Content content);
   Tree ChildrenOf(const Place& folder) const;
@@ -85,6 +90,9 @@ class OverlayFiles final : public FileSystem, public SettingsStorage {
   Tree written_;    // with all folders that were created, and all files that were deleted
   Tree pretended_;  // files alone: the folders above them go with them
   std::size_t lastOrder_ = 0;
+  bool remembers_ = false;
+  std::unordered_map<String, bool> foldersBelow_;  // answers of the machine below, by the question
+  std::unordered_map<String, std::optional<FileFacts>> factsBelow_;
 };
 
 }  // namespace norvo

@@ -28,6 +28,11 @@ class OverlayPlatform final : public Platform {
   OverlayPlatform(const OverlayPlatform&) = delete;
   OverlayPlatform& operator=(const OverlayPlatform&) = delete;
 
+  /// From now on the machine below is asked about each path once, and its answer is kept until
+  /// `Forget`: for work during which nobody else writes there.
+  void Remember() { files_.Remember(); }
+  void Forget() { files_.Forget(); }
+
   /// From now on a file with these facts, and the folders above it, stand at the path as far as
   /// questions go, over anything that was there; its name is the path's own, in the spelling of
   /// `facts.name` where the two differ in case alone. Opening it, for reading or appending, and
