@@ -10,8 +10,6 @@
 #include "machines/MachineFolder.h"
 #include "move/MoveError.h"
 #include "move/ProductSettings.h"
-#include "overlay/OverlayPlatform.h"
-#include "services/NVServices.h"
 
 namespace norvo {
 namespace {
@@ -66,11 +64,10 @@ std::vector<Part> WrittenParts(const fs::path& to, const std::string& name) {
   std::vector<Part> parts{{name, to}};
   const std::shared_ptr<HostedPlatform> machine = OpenIfMachine(to);
   if (!machine) return parts;
-  const auto overlay = std::make_shared<OverlayPlatform>(machine);  // asking may create folders
-  const std::unique_ptr<Component> library = OpenLibrary(overlay);
+  const std::unique_ptr<Component> library = OpenLibrary(machine);
   std::set<char16_t> letters;
   for (const String& path : {ReadProductSettings(*library).groupRoot,
-                             NVServices::GetCSIDLPath(*library, ShellFolders::kDocuments)}) {
+                             machine->Shell().SpecialFolderPath(ShellFolders::kDocuments)}) {
     letters.insert(path.empty() ? u'C' : ToUpper(path.front()));
   }
   for (const HostedDrive& drive : machine->DriveFolders()) {

@@ -64,8 +64,7 @@ class Carrier {
     String path = folder_ + base + String(kExtension);
     for (int number = 2;; ++number) {
       if (!taken_.contains(Fold(path)) && !IsFolder(path)) {
-        const std::optional<std::string> there =
-            IsThere(path) ? settings.Read(path) : std::nullopt;
+        const std::optional<std::string> there = IsThere(path) ? settings.Read(path) : std::nullopt;
         if (!there || *there == bytes) {
           playlist.carried = path;
           if (!there) settings.Write(path, bytes);
@@ -86,7 +85,7 @@ class Carrier {
   RestoreLedger& ledger_;
   String folder_;
   std::map<String, bool> there_;  // names in the folder, folded; whether each is a folder
-  std::set<String> taken_;  // by other playlists of this move
+  std::set<String> taken_;        // by other playlists of this move
 };
 
 }  // namespace

@@ -17,6 +17,7 @@
 #include "move/Rescue.h"
 #include "move/RestoreLedger.h"
 #include "move/Restoring.h"
+#include "move/SettingsMemory.h"
 #include "move/SongBringing.h"
 #include "move/StreamPlacer.h"
 #include "overlay/OverlayPlatform.h"
@@ -30,7 +31,7 @@ namespace {
 class OldMachine {
  public:
   OldMachine(const MoveMachines& machines, WorkReport& report)
-      : library_(machines.from, MachineSide::Old, report) {
+      : library_(std::make_shared<SettingsMemory>(machines.from), MachineSide::Old, report) {
     SetupWishes wishes;
     if (!machines.groupRootOfSource.empty()) wishes.groupRoot = machines.groupRootOfSource;
     SetUp(library_.Get(), wishes, MachineSide::Old, report);
@@ -51,7 +52,8 @@ class OldMachine {
 class NewMachine {
  public:
   NewMachine(const MoveMachines& machines, bool dryRun, WorkReport& report)
-      : dryRun_(dryRun), library_(machines.to, MachineSide::New, report) {
+      : dryRun_(dryRun),
+        library_(std::make_shared<SettingsMemory>(machines.to), MachineSide::New, report) {
     const auto setUp = [&](Component& library) {
       SetupWishes wishes;  // a machine that has a role already keeps it
       if (!ReadProductSettings(library).role) wishes.role = Utility::role::kDestination;

@@ -20,11 +20,11 @@ String NameInLedger(const MovedSong& song) {
   return Fold(song.source) + u"|" + FormatNumber(song.size);
 }
 
-/// The folders above a path, the innermost first, down to those below the root.
+/// The folders above a path, the outermost first, from those below the root on.
 template <class Visit>
 void ForEachFolderAbove(const String& path, std::size_t rootLength, Visit&& visit) {
-  for (std::size_t end = path.rfind(u'\\'); end != String::npos && end > rootLength;
-       end = path.rfind(u'\\', end - 1)) {
+  for (std::size_t end = path.find(u'\\', rootLength); end != String::npos;
+       end = path.find(u'\\', end + 1)) {
     visit(path.substr(0, end));
   }
 }
@@ -194,7 +194,9 @@ bool PlaceChooser::IsBlocked(const String& place) {
   ForEachFolderAbove(place, root_.size(), [&](const String& folder) {
     const String folded = Fold(folder);
     if (folders_.contains(folded)) return;
-    blocked = blocked || places_.contains(folded) || overlay_.Files().FileExists(folder);
+    // A folder that is not there is known to hold nothing, so that it is asked for first.
+    blocked = blocked || places_.contains(folded) ||
+              (!overlay_.Files().FolderExists(folder) && overlay_.Files().FileExists(folder));
   });
   return blocked;
 }

@@ -72,6 +72,7 @@ RestoreLedger::RestoreLedger(Component& machine, const String& dataArea)
 /// False when the last line is torn.
 bool RestoreLedger::Load() {
   const std::optional<std::string> bytes = machine_.Machine().Settings().Read(path_);
+  exists_ = bytes.has_value();
   const String text = FromUtf8Lossy(bytes.value_or(std::string()));
   std::size_t at = 0;
   for (std::size_t end = text.find(u"\r\n"); end != String::npos; end = text.find(u"\r\n", at)) {
@@ -171,7 +172,8 @@ void RestoreLedger::End(bool whole) {
 
 void RestoreLedger::Append(const std::string& line) {
   if (!growing_) {
-    if (!machine_.Files().FileExists(path_)) machine_.Machine().Settings().Write(path_, kTitle);
+    if (!exists_) machine_.Machine().Settings().Write(path_, kTitle);
+    exists_ = true;
     growing_ = machine_.Files().OpenForAppending(path_, false);
   }
   growing_->Append(line);
@@ -206,6 +208,7 @@ void RestoreLedger::Compact() {
     for (const KnownPlace& place : known) text += SongLine(song, place);
   }
   machine_.Machine().Settings().Write(path_, text);
+  exists_ = true;
 }
 
 }  // namespace norvo

@@ -69,6 +69,7 @@ class RestoreLedger {
 
   Component& machine_;
   String path_;
+  bool exists_ = false;
   std::unique_ptr<AppendFile> growing_;  // open from the first added line to the next writing anew
   std::map<String, Row> restored_;       // by the folded path, so that the order ignores case
   std::map<std::string, String> byKey_;  // the folded paths of those with a key

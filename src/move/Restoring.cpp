@@ -58,7 +58,7 @@ class LedgerWatcher final : public LibraryWatcher {
   RestoreLedger& ledger_;
   MoveResult& result_;
   std::map<String, const PlaylistDraft*> drafts_;  // by folded generic file
-  std::set<String> restored_;           // generic files, folded
+  std::set<String> restored_;                      // generic files, folded
   bool whole_ = true;
 };
 

@@ -123,7 +123,7 @@ std::vector<OverlayFiles::Place> OverlayFiles::MissingFolders(StringView folder)
   for (Place place = PlaceOf(folder);; place = PlaceOf(missing.back().Folder())) {
     if (!HasDrive(place.path)) Raise(error::kPathNotFound, folder);
     const auto known = written_.find(place.key);
-    const bool there = known == written_.end() ? FolderExistsBelow(place.path + u'\\')
+    const bool there = known == written_.end() ? FolderExistsBelow(place, place.path + u'\\')
                                                : known->second.kind == Node::Kind::Folder;
     if (there) return missing;
     if (FactsOf(place.path)) Raise(error::kPathFileAccess, place.path);
@@ -190,33 +190,41 @@ void OverlayFiles::Forget() {
   factsBelow_.clear();
 }
 
-bool OverlayFiles::FolderExistsBelow(StringView path) {
-  if (!remembers_) return below_.Files().FolderExists(path);
-  const auto known = foldersBelow_.find(String(path));
+/// As far as that has been asked: what is not there holds nothing either.
+bool OverlayFiles::IsInMissingFolder(const Place& place) const {
+  const auto parent = foldersBelow_.find(place.key.substr(0, place.key.rfind(u'\\')));
+  return parent != foldersBelow_.end() && !parent->second;
+}
+
+bool OverlayFiles::FolderExistsBelow(const Place& place, StringView path) {
+  if (!remembers_ || place.key.empty()) return below_.Files().FolderExists(path);
+  const auto known = foldersBelow_.find(place.key);
   if (known != foldersBelow_.end()) return known->second;
-  const bool exists = below_.Files().FolderExists(path);
-  foldersBelow_.emplace(path, exists);
+  const bool exists = !IsInMissingFolder(place) && below_.Files().FolderExists(path);
+  foldersBelow_.emplace(place.key, exists);
   return exists;
 }
 
-std::optional<FileFacts> OverlayFiles::FactsBelow(StringView path) {
-  if (!remembers_) return below_.Files().FactsOf(path);
-  const auto known = factsBelow_.find(String(path));
+std::optional<FileFacts> OverlayFiles::FactsBelow(const Place& place, StringView path) {
+  if (!remembers_ || place.key.empty() || place.asFolder) return below_.Files().FactsOf(path);
+  const auto known = factsBelow_.find(place.key);
   if (known != factsBelow_.end()) return known->second;
-  std::optional<FileFacts> facts = below_.Files().FactsOf(path);
-  factsBelow_.emplace(path, facts);
+  std::optional<FileFacts> facts;
+  if (!IsInMissingFolder(place)) facts = below_.Files().FactsOf(path);
+  factsBelow_.emplace(place.key, facts);
   return facts;
 }
 
 bool OverlayFiles::FolderExists(StringView path) {
-  const Node* const node = Find(PlaceOf(path));
-  return node == nullptr ? FolderExistsBelow(path) : node->kind == Node::Kind::Folder;
+  const Place place = PlaceOf(path);
+  const Node* const node = Find(place);
+  return node == nullptr ? FolderExistsBelow(place, path) : node->kind == Node::Kind::Folder;
 }
 
 std::optional<FileFacts> OverlayFiles::FactsOf(StringView path) {
   const Place place = PlaceOf(path);
   const Node* const node = Find(place);
-  if (node == nullptr) return FactsBelow(path);
+  if (node == nullptr) return FactsBelow(place, path);
   if (place.asFolder || node->kind != Node::Kind::File) return std::nullopt;
   if (!node->content) return node->facts;
   const Content& content = *node->content;

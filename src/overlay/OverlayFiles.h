@@ -79,8 +79,9 @@ class OverlayFiles final : public FileSystem, public SettingsStorage {
   const Node* Find(const Place& place) const;
   const Node* RequireFile(StringView path);
   std::vector<Place> MissingFolders(StringView folder);
-  bool FolderExistsBelow(StringView path);
-  std::optional<FileFacts> FactsBelow(StringView path);
+  bool FolderExistsBelow(const Place& place, StringView path);
+  std::optional<FileFacts> FactsBelow(const Place& place, StringView path);
+  bool IsInMissingFolder(const Place& place) const;
   void RequireFreeForFile(StringView path, const Place& place);
   std::shared_ptr<Content> Keep(const Place& place, Content content);
   Tree ChildrenOf(const Place& folder) const;
@@ -91,7 +92,8 @@ class OverlayFiles final : public FileSystem, public SettingsStorage {
   Tree pretended_;  // files alone: the folders above them go with them
   std::size_t lastOrder_ = 0;
   bool remembers_ = false;
-  std::unordered_map<String, bool> foldersBelow_;  // answers of the machine below, by the question
+  // Answers of the machine below, by key.
+  std::unordered_map<String, bool> foldersBelow_;
   std::unordered_map<String, std::optional<FileFacts>> factsBelow_;
 };
 

@@ -1,0 +1,92 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "services/Platform.h"
+
+namespace norvo {
+
+/// A machine whose settings files, once written through this, are read from memory: the steps of a
+/// move hand each other generic files and lists by way of the disk, where they must stand anyway.
+/// Up to a limit, beyond which they are read from the disk again. Everything else is the machine's.
+class SettingsMemory final : public Platform {
+ public:
+  explicit SettingsMemory(std::shared_ptr<Platform> machine);
+
+  FileSystem& Files() override { return files_; }
+  norvo::Registry& Registry() override { return machine_->Registry(); }
+  ShellFolders& Shell() override { return machine_->Shell(); }
+  ProductInformation& Product() override { return machine_->Product(); }
+  SettingsStorage& Settings() override { return storage_; }
+  MigrationList& Migration() override { return machine_->Migration(); }
+  DriveScanner* Scanner() override { return machine_->Scanner(); }
+  MessageDialog& Messages() override { return machine_->Messages(); }
+  const CodePage& AnsiPage() override { return machine_->AnsiPage(); }
+  std::string SystemPathOf(StringView path) override { return machine_->SystemPathOf(path); }
+  void SetWarningSink(std::function<void(StringView)> sink) override {
+    machine_->SetWarningSink(std::move(sink));
+  }
+
+ private:
+  /// The files that were written, by the folded full path.
+  class Memory {
+   public:
+    void Keep(String path, const std::string& bytes);
+    void Forget(const String& path);
+    const std::string* Find(const String& path) const;
+
+   private:
+    std::unordered_map<String, std::string> files_;
+    std::size_t bytes_ = 0;
+  };
+
+  class Storage final : public SettingsStorage {
+   public:
+    Storage(Platform& machine, Memory& memory) : machine_(machine), memory_(memory) {}
+    std::optional<std::string> Read(StringView path) override;
+    void Write(StringView path, const std::string& bytes) override;
+
+   private:
+    Platform& machine_;
+    Memory& memory_;
+  };
+
+  /// Forgets what is deleted or grows.
+  class Disk final : public FileSystem {
+   public:
+    Disk(FileSystem& files, Memory& memory) : files_(files), memory_(memory) {}
+
+    bool FolderExists(StringView path) override { return files_.FolderExists(path); }
+    std::optional<FileFacts> FactsOf(StringView path) override { return files_.FactsOf(path); }
+    void CreateFolder(StringView path) override { files_.CreateFolder(path); }
+    void RemoveFile(StringView path, bool force) override;
+    std::unique_ptr<BinaryFile> OpenForReading(StringView path) override {
+      return files_.OpenForReading(path);
+    }
+    std::unique_ptr<AppendFile> OpenForAppending(StringView path, bool create) override;
+    std::vector<FolderItem> ListFolder(StringView path,
+                                       std::span<const StringView> endings) override {
+      return files_.ListFolder(path, endings);
+    }
+    String AbsolutePathName(StringView path) override { return files_.AbsolutePathName(path); }
+    DriveType TypeOfDrive(StringView path) override { return files_.TypeOfDrive(path); }
+    std::vector<Drive> Drives() override { return files_.Drives(); }
+    String FileVersion(StringView path) override { return files_.FileVersion(path); }
+    String SystemFolder() override { return files_.SystemFolder(); }
+    Date LocalDate(FileTime time) override { return files_.LocalDate(time); }
+
+   private:
+    FileSystem& files_;
+    Memory& memory_;
+  };
+
+  std::shared_ptr<Platform> machine_;
+  Memory memory_;
+  Storage storage_;
+  Disk files_;
+};
+
+}  // namespace norvo
