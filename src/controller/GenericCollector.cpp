@@ -1,10 +1,10 @@
 #include "controller/GenericCollector.h"
 
 #include "controller/ScanRules.h"
+#include "controller/ScanWarnings.h"
 #include "model/GenericKeys.h"
 #include "model/GenericSections.h"
 #include "services/FolderWalk.h"
-#include "services/Logging.h"
 #include "services/ProfileFile.h"
 
 namespace norvo {
@@ -13,10 +13,7 @@ namespace {
 bool IsGenericFile(Component& component, const String& path) {
   ProfileFile file(component);
   if (!file.OpenFile(path)) {
-    WriteWarning(component, {WarningKind::FileNotRead,
-                             path,
-                             {},
-                             u"HelperMan::GenericQueue -> The file cannot be read: " + path});
+    WarnNotRead(component, u"GenericQueue", path);
     return false;
   }
   String version;
@@ -37,10 +34,7 @@ class GenericVisitor final : public FolderVisitor {
     if (IsGenericFile(component_, path)) found.push_back(std::move(path));
   }
   void CannotList(StringView folder, const RunTimeError& failure) override {
-    WriteWarning(component_,
-                 {WarningKind::FolderNotListed, folder,
-                  u"HelperMan::GenericQueue -> Cannot list the folder " + String(folder) + u": "},
-                 failure.Description());
+    WarnNotListed(component_, u"GenericQueue", folder, failure.Description());
   }
 
   std::vector<String> found;

@@ -2,6 +2,7 @@
 
 #include "automation/Attempt.h"
 #include "automation/RunTimeError.h"
+#include "controller/ScanWarnings.h"
 #include "model/PlaylistTypes.h"
 #include "services/Logging.h"
 #include "services/ProfileFile.h"
@@ -52,13 +53,7 @@ std::int32_t TypeOfSection(const ProfileFile& file) {
 
 std::int32_t TypeOfSettings(Component& component, StringView path) {
   ProfileFile file(component);
-  if (!file.OpenFile(path)) {
-    WriteWarning(component,
-                 {WarningKind::FileNotRead,
-                  String(path),
-                  {},
-                  u"HelperMan::ParsePLSHeader -> The file cannot be read: " + String(path)});
-  }
+  if (!file.OpenFile(path)) WarnNotRead(component, u"ParsePLSHeader", path);
   file.SelectSection(u"playlist");
   return TypeOfSection(file);
 }

@@ -11,6 +11,7 @@
 #include "controller/PlaylistSearch.h"
 #include "controller/QueueMode.h"
 #include "controller/ScanRules.h"
+#include "controller/ScanWarnings.h"
 #include "services/DataCop.h"
 #include "services/Logging.h"
 #include "services/NVServices.h"
@@ -48,11 +49,7 @@ class PlaylistVisitor final : public ScanVisitor {
   }
 
   void CannotList(StringView folder, StringView reason) override {
-    WriteWarning(
-        component_,
-        {WarningKind::FolderNotListed, folder,
-         u"HelperMan::GetAllPlayLists -> Cannot list the folder " + String(folder) + u": "},
-        reason);
+    WarnNotListed(component_, u"GetAllPlayLists", folder, reason);
   }
 
  private:

@@ -3,7 +3,7 @@
 #include "automation/Conversions.h"
 #include "automation/RunTimeError.h"
 #include "controller/ScanRules.h"
-#include "services/Logging.h"
+#include "controller/ScanWarnings.h"
 #include "services/Utility.h"
 #include "text/Wildcard.h"
 
@@ -31,11 +31,7 @@ class MediaVisitor final : public ScanVisitor {
   }
 
   void CannotList(StringView folder, StringView reason) override {
-    WriteWarning(
-        component_,
-        {WarningKind::FolderNotListed, folder,
-         u"HelperMan::MigrateMediaByType -> Cannot list the folder " + String(folder) + u": "},
-        reason);
+    WarnNotListed(component_, u"MigrateMediaByType", folder, reason);
   }
 
  private:

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "services/Component.h"
+
+namespace norvo {
+
+/// What the controller's operations could not look at; `member` is the operation's name as its log
+/// lines have it.
+
+void WarnNotListed(Component& component, StringView member, StringView folder, StringView reason);
+void WarnNotRead(Component& component, StringView member, StringView path);
+
+}  // namespace norvo
