@@ -123,7 +123,7 @@ String RestoreLedger::CarriedFor(const std::string& key) {
   const auto found = byKey_.find(key);
   if (found == byKey_.end()) return {};
   const Row& row = restored_.at(found->second);
-  // A neutral file that was deleted since has been restored all the same.
+  // A generic file that was deleted since has been restored all the same.
   const std::string now = FingerprintOf(row.genericFile);
   const bool known = row.key == key && (now.empty() || now == row.fingerprint);
   return known ? row.genericFile : String();

@@ -136,15 +136,15 @@ class Setup {
 
   void CreateChain(StringView path) {
     try {
-      for (std::size_t end = path.find(u'\\', 3); end != StringView::npos;
-           end = path.find(u'\\', end + 1)) {
-        const StringView level = path.substr(0, end);
-        if (!component_.Files().FolderExists(level)) component_.Files().CreateFolder(level);
-      }
-      if (!component_.Files().FolderExists(path)) component_.Files().CreateFolder(path);
+      for (const StringView folder : FoldersAbove(path)) Create(folder);
+      Create(path);
     } catch (const RunTimeError& failure) {
       throw MoveError(MoveFault::FolderNotCreated, ToUtf8(path), ToUtf8(failure.Description()));
     }
+  }
+
+  void Create(StringView folder) {
+    if (!component_.Files().FolderExists(folder)) component_.Files().CreateFolder(folder);
   }
 
   void WriteSubNames(const String& path) {

@@ -15,7 +15,7 @@ namespace {
   throw RunTimeError(number, String(DescriptionOf(number)).append(u": ").append(path));
 }
 
-// What the disks of the hosts take; it also bounds the work that a hostile path can cause.
+// What the disks of all systems take; it also bounds the work that a hostile path can cause.
 constexpr std::size_t kLongestPath = 4096;
 constexpr std::size_t kLongestName = 255;  // bytes
 
