@@ -2,6 +2,7 @@
 
 #include <map>
 #include <set>
+#include <vector>
 
 #include "automation/RunTimeError.h"
 #include "move/MoveError.h"
@@ -22,15 +23,14 @@ constexpr StringView kExtension = u".ini";
 /// Stands for a playlist, or a part of one that was split, with its content and its songs' places.
 std::string KeyOf(const MovedPlaylist& playlist, const PlaylistDraft& draft, std::size_t part,
                   const std::vector<MovedSong>& songs) {
-  Fingerprint print;
-  print.AddExact(playlist.source).Separate();
-  print.AddExact(FormatInteger(static_cast<std::int64_t>(part))).Separate();
-  print.AddBytes(TextOf(draft.content));
+  std::vector<Fingerprint> fields = {FingerprintOf(playlist.source),
+                                     FingerprintOf(FormatInteger(static_cast<std::int64_t>(part))),
+                                     draft.content};
   for (const MovedItem& item : playlist.items) {
     if (!item.IsCarried()) continue;
-    print.Separate().AddExact(item.IsSong() ? songs[item.song].place : item.reference);
+    fields.push_back(FingerprintOf(item.IsSong() ? songs[item.song].place : item.reference));
   }
-  return TextOf(print);
+  return TextOf(FingerprintOf(fields));
 }
 
 class Carrier {

@@ -126,7 +126,7 @@ Rescue::Listing Rescue::Look(const String& path) {
   const std::string bytes = ReadWholeFile(*library_.Files().OpenForReading(path));
   const String text = DecodePlaylist(bytes, library_.Machine().AnsiPage());
   Listing listing;
-  listing.content.AddBytes(bytes);
+  listing.content = FingerprintOf(bytes);
   // The scan goes by the last three characters, whether or not a point stands before them.
   const String ending = u"." + path.substr(path.size() - 3);
   listing.syntax = SyntaxOf(ending, text).value_or(ListSyntax::M3u);

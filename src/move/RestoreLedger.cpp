@@ -50,7 +50,7 @@ std::string EndLine(StringView kind) {
 }
 
 std::string PrintOf(std::string_view bytes) {
-  return TextOf(Fingerprint().AddBytes(bytes));
+  return TextOf(FingerprintOf(bytes));
 }
 
 }  // namespace

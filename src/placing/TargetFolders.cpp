@@ -1,6 +1,5 @@
 #include "placing/TargetFolders.h"
 
-#include <functional>
 #include <string_view>
 #include <utility>
 
@@ -17,31 +16,33 @@ namespace {
 // No disk that we know takes longer ones. Those that take less say so when the file is made.
 constexpr std::size_t kLongestName = 255;
 
-std::uint64_t Mixed(std::uint64_t left, std::uint64_t right) {
-  return (left ^ (left >> 29)) * 0x9e3779b97f4a7c15u + right;
-}
-
 /// The same for each path that leads to the folder.
-std::uint64_t HashOf(const DrivePath& folder) {
-  return Mixed(std::hash<std::string_view>()(folder.path), folder.drive->Letter());
+Fingerprint PrintOf(const DrivePath& folder) {
+  const char16_t letter = folder.drive->Letter();
+  return FingerprintOf({FingerprintOf(StringView(&letter, 1)), FingerprintOf(folder.path)});
 }
 
 }  // namespace
 
-const DrivePath& TargetFolders::FolderOf(StringView path) {
+const TargetFolders::Folder& TargetFolders::FolderOf(StringView path) {
   String parent(ParentFolder(path));
   const auto known = folders_.find(parent);
   if (known != folders_.end()) return known->second;
-  DrivePath folder = files_.MakeFolderOf(path);
-  if (read_.insert(HashOf(folder)).second) ReadNames(folder, path);
+  Folder folder{files_.MakeFolderOf(path), {}};
+  folder.print = PrintOf(folder.path);
+  if (read_.Insert(folder.print, 0)) ReadNames(folder, path);
   return folders_.emplace(std::move(parent), std::move(folder)).first->second;
 }
 
-void TargetFolders::ReadNames(const DrivePath& folder, StringView path) {
-  FileResult<SystemFile> opened = OpenBeneath(folder.drive->Root(), folder.path, OpenMode::List);
-  const std::uint64_t seed = HashOf(folder);
+bool TargetFolders::TakeName(const Folder& folder, std::string_view name) {
+  return names_.Insert(FingerprintOf({folder.print, FingerprintOfDiskName(name)}), 0);
+}
+
+void TargetFolders::ReadNames(const Folder& folder, StringView path) {
+  const DrivePath& there = folder.path;
+  FileResult<SystemFile> opened = OpenBeneath(there.drive->Root(), there.path, OpenMode::List);
   const auto add = [&](std::string_view name, ListedKind) {
-    if (IsExpressible(name)) names_.insert(Mixed(seed, HashOfDiskName(name)));
+    if (IsExpressible(name)) TakeName(folder, name);
   };
   const FileFailure failure = opened ? ForEachName(std::move(*opened), add) : opened.Failure();
   // Without its names another spelling of one of them could not be told from a new name.
@@ -50,14 +51,14 @@ void TargetFolders::ReadNames(const DrivePath& folder, StringView path) {
 
 TargetFolders::Answer TargetFolders::Take(StringView path) {
   const String absolute = files_.AbsolutePathName(path);
-  const DrivePath& folder = FolderOf(absolute);
+  const Folder& folder = FolderOf(absolute);
   const std::optional<std::string> name = ToDiskName(LastComponent(absolute));
   if (!name) RaiseFileError(FileFailure::Kind::InvalidName, Subject::File, path);
   if (name->size() > kLongestName) {
     RaiseFileError(FileFailure::Kind::NameTooLong, Subject::File, path);
   }
-  const bool isNew = names_.insert(Mixed(HashOf(folder), HashOfDiskName(*name))).second;
-  return {{folder.drive, JoinDiskPath(folder.path, *name)}, isNew};
+  const bool isNew = TakeName(folder, *name);
+  return {{folder.path.drive, JoinDiskPath(folder.path.path, *name)}, isNew};
 }
 
 }  // namespace norvo

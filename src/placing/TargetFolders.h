@@ -1,11 +1,10 @@
 #pragma once
 
-#include <cstdint>
+#include <string_view>
 #include <unordered_map>
-#include <unordered_set>
 
 #include "platform/hosted/PathResolver.h"
-#include "text/Text.h"
+#include "text/FingerprintIndex.h"
 
 namespace norvo {
 
@@ -23,18 +22,26 @@ class TargetFolders {
     bool isNew = false;
   };
   /// Takes the name of a path, in its folder, which is created if it is missing. A name is new when
-  /// none that differs from it in case only stood in the folder or was taken before. Rarely a new
-  /// one passes for an old one. Raises FileError.
+  /// none that differs from it in case only stood in the folder or was taken before. Raises
+  /// FileError.
   Answer Take(StringView path);
 
  private:
-  const DrivePath& FolderOf(StringView path);
-  void ReadNames(const DrivePath& folder, StringView path);
+  struct Folder {
+    DrivePath path;
+    Fingerprint print;
+  };
+
+  const Folder& FolderOf(StringView path);
+  void ReadNames(const Folder& folder, StringView path);
+  /// False when the folder has the name already.
+  bool TakeName(const Folder& folder, std::string_view name);
 
   HostedFileSystem& files_;
-  std::unordered_map<String, DrivePath> folders_;  // by their paths as they were given
-  std::unordered_set<std::uint64_t> read_;
-  std::unordered_set<std::uint64_t> names_;
+  std::unordered_map<String, Folder> folders_;  // by their paths as they were given
+  // Both hold fingerprints only; their numbers mean nothing.
+  FingerprintIndex read_;
+  FingerprintIndex names_;
 };
 
 }  // namespace norvo

@@ -34,7 +34,7 @@ String AsField(StringView text) {
 }  // namespace
 
 Fingerprint MediaList::PrintOf(StringView source, StringView destination) {
-  return Fingerprint().Add(source).Separate().Add(destination);
+  return FingerprintOf({CaselessFingerprintOf(source), CaselessFingerprintOf(destination)});
 }
 
 bool MediaList::EnsureGroup(StringView group, StringView root) {

@@ -10,7 +10,7 @@ constexpr std::size_t kTextCount = std::size(kTexts);
 }  // namespace
 
 std::optional<AudioTag> TagCache::Find(StringView path, const FileStamp& stamp) const {
-  const std::optional<std::uint32_t> place = places_.Find(Fingerprint().AddExact(path));
+  const std::optional<std::uint32_t> place = places_.Find(FingerprintOf(path));
   if (!place || tags_[*place].stamp != stamp) return std::nullopt;
   const Packed& packed = tags_[*place];
   AudioTag tag;
@@ -45,7 +45,7 @@ void TagCache::Keep(StringView path, const FileStamp& stamp, const AudioTag& tag
   std::size_t length = 0;
   for (const auto text : kTexts) length += (tag.*text).size();
   if (length > kLongestText) return;
-  const Fingerprint print = Fingerprint().AddExact(path);
+  const Fingerprint print = FingerprintOf(path);
   if (const std::optional<std::uint32_t> place = places_.Find(print)) {
     tags_[*place] = Pack(stamp, tag, length);
   } else if (tags_.size() < kMostTags) {

@@ -1,52 +1,96 @@
 #include "text/Fingerprint.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <type_traits>
 
-#include "text/HashMixer.h"
+#include "text/MurmurHash3.h"
 
 namespace norvo {
 namespace {
 
-constexpr std::uint64_t kFirstMultiplier = 0x9E3779B97F4A7C15u;
-constexpr std::uint64_t kSecondMultiplier = 0xD6E8FEB86659FD93u;
-constexpr std::uint64_t kFieldEnd = 0x10000;
+// A word holds 8 bytes of the input; of a text these are four units, each in a lane of its own.
+constexpr std::uint64_t kEachLane = 0x0001000100010001u;
 
-void MixValue(std::uint64_t& first, std::uint64_t& second, std::uint64_t value) noexcept {
-  first = MixIn(first, value, kFirstMultiplier);
-  second = FoldHash((second + value + 1) * kSecondMultiplier);
+Fingerprint Finished(const MurmurHash3& hash, std::uint64_t low, std::uint64_t high,
+                     std::size_t length) noexcept {
+  const auto [first, second] = hash.Finish(low, high, length);
+  return {first, second};
 }
 
-/// The halves stay in registers all the while.
-template <class Units, class Map>
-Fingerprint& MixAll(Fingerprint& print, Units units, Map map) noexcept {
-  std::uint64_t first = print.first;
-  std::uint64_t second = print.second;
-  for (const auto unit : units) MixValue(first, second, map(unit));
-  print.first = first;
-  print.second = second;
-  return print;
+/// The units in lanes of so many bits, the first one lowest.
+template <int kBits, class Unit>
+std::uint64_t WordOf(const Unit* units, std::size_t count) noexcept {
+  std::uint64_t word = 0;
+  for (std::size_t i = 0; i < count; ++i) {
+    word |= std::uint64_t{static_cast<std::make_unsigned_t<Unit>>(units[i])} << (kBits * i);
+  }
+  return word;
+}
+
+/// Hashes units that take so many bits each, word by word; `map` says what each word counts as.
+template <int kBits, class Unit, class Map>
+Fingerprint HashOf(std::basic_string_view<Unit> text, std::uint32_t seed, Map map) noexcept {
+  constexpr std::size_t kUnits = 64 / kBits;
+  const std::size_t length = text.size() * kBits / 8;
+  MurmurHash3 hash(seed);
+  const Unit* at = text.data();
+  std::size_t left = text.size();
+  for (; left >= 2 * kUnits; at += 2 * kUnits, left -= 2 * kUnits) {
+    hash.Add(map(WordOf<kBits>(at, kUnits)), map(WordOf<kBits>(at + kUnits, kUnits)));
+  }
+  const std::size_t low = std::min(left, kUnits);
+  return Finished(hash, map(WordOf<kBits>(at, low)), map(WordOf<kBits>(at + low, left - low)),
+                  length);
+}
+
+std::uint64_t Same(std::uint64_t word) noexcept {
+  return word;
+}
+
+/// Four ASCII characters in upper case. The highest bit of a lane's lower byte tells whether its
+/// character is one from 'a' on and none behind 'z'; moved down it is the bit that is taken away.
+constexpr std::uint64_t AsciiInUpperCase(std::uint64_t word) noexcept {
+  const std::uint64_t fromA = word + (0x80 - 'a') * kEachLane;
+  const std::uint64_t behindZ = word + (0x80 - 'z' - 1) * kEachLane;
+  return word - ((fromA & ~behindZ & 0x80 * kEachLane) >> 2);
+}
+
+std::uint64_t InUpperCase(std::uint64_t word) noexcept {
+  if ((word & 0xFF80 * kEachLane) == 0) return AsciiInUpperCase(word);
+  std::uint64_t upper = 0;
+  for (int shift = 0; shift < 64; shift += 16) {
+    upper |= std::uint64_t{ToUpper(static_cast<char16_t>(word >> shift))} << shift;
+  }
+  return upper;
 }
 
 }  // namespace
 
-Fingerprint& Fingerprint::Add(StringView text) noexcept {
-  return MixAll(*this, text, ToUpper);
+Fingerprint FingerprintOf(std::string_view bytes, std::uint32_t seed) noexcept {
+  return HashOf<8>(bytes, seed, Same);
 }
 
-Fingerprint& Fingerprint::AddExact(StringView text) noexcept {
-  return MixAll(*this, text, [](char16_t unit) { return unit; });
+Fingerprint FingerprintOf(StringView text) noexcept {
+  return HashOf<16>(text, 0, Same);
 }
 
-Fingerprint& Fingerprint::AddBytes(std::string_view bytes) noexcept {
-  return MixAll(*this, bytes, [](char byte) {
-    // Sign-extended, on every machine: the fingerprints that stand in files were made so.
-    return static_cast<char16_t>(static_cast<signed char>(byte));
-  });
+Fingerprint CaselessFingerprintOf(StringView text) noexcept {
+  return HashOf<16>(text, 0, InUpperCase);
 }
 
-Fingerprint& Fingerprint::Separate() noexcept {
-  MixValue(first, second, kFieldEnd);
-  return *this;
+Fingerprint CaselessFingerprintOfAscii(std::string_view text) noexcept {
+  return HashOf<16>(text, 0, AsciiInUpperCase);
+}
+
+Fingerprint FingerprintOf(std::span<const Fingerprint> fields) noexcept {
+  MurmurHash3 hash(0);
+  for (const Fingerprint& field : fields) hash.Add(field.first, field.second);
+  return Finished(hash, 0, 0, fields.size_bytes());
+}
+
+Fingerprint FingerprintOf(std::initializer_list<Fingerprint> fields) noexcept {
+  return FingerprintOf(std::span(fields.begin(), fields.size()));
 }
 
 std::string TextOf(const Fingerprint& print) {

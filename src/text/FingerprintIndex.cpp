@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "text/HashMixer.h"
-
 namespace norvo {
 namespace {
 
@@ -13,7 +11,7 @@ constexpr std::size_t kFirstSlots = 64;
 
 std::size_t FingerprintIndex::Place(const Fingerprint& print) const noexcept {
   const std::size_t mask = slots_.size() - 1;
-  std::size_t place = static_cast<std::size_t>(FoldHash(print.first)) & mask;
+  std::size_t place = static_cast<std::size_t>(print.first) & mask;
   while (slots_[place].used && slots_[place].print != print) place = (place + 1) & mask;
   return place;
 }

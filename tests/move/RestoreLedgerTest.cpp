@@ -311,12 +311,12 @@ TEST_F(RestoreLedgerTest, NamesThatALineCannotHoldDoNotSpoilIt) {
   EXPECT_TRUE(IsRestored(kMix));
 }
 
-TEST_F(RestoreLedgerTest, WhatEarlierVersionsHaveWrittenIsUnderstood) {
+TEST_F(RestoreLedgerTest, ItsLinesAreUnderstoodAsTheyStandInTheFile) {
   WriteFile(Place("C/Docs/Mix.ini"), "mix\xE4");
   WriteFile(File(),
             "; What was moved to this machine: the neutral files that were restored, the playlists "
             "made of them, and the songs' places.\r\n"
-            "begin\t37ad6d171e9327470169937d4f2f424f\tC:\\Docs\\Mix.ini\tkey\r\n"
+            "begin\tdaba79afa0302c03039676d631cbef80\tC:\\Docs\\Mix.ini\tkey\r\n"
             "native\tC:\\Lists\\Mix.asx\r\ndone\r\n");
   Restart();
   EXPECT_TRUE(IsRestored(kMix));

@@ -18,12 +18,6 @@ bool IsPlainAscii(std::string_view name) {
   });
 }
 
-std::uint64_t Mix(std::uint64_t hash, char16_t unit) {
-  return (hash ^ ToUpper(unit)) * 0x100000001b3u;
-}
-
-constexpr std::uint64_t kSeed = 0xcbf29ce484222325u;
-
 }  // namespace
 
 std::optional<std::string> ToDiskName(StringView component) {
@@ -59,18 +53,14 @@ String ShownDiskName(std::string_view name) {
   return text;
 }
 
-std::uint64_t HashOfName(StringView name) {
-  std::uint64_t hash = kSeed;
-  for (const char16_t unit : WithoutTrail(name)) hash = Mix(hash, unit);
-  return hash;
+Fingerprint FingerprintOfName(StringView name) {
+  return CaselessFingerprintOf(WithoutTrail(name));
 }
 
-std::uint64_t HashOfDiskName(std::string_view name) {
-  if (!IsPlainAscii(name)) return HashOfName(FromUtf8Lossy(name));
+Fingerprint FingerprintOfDiskName(std::string_view name) {
+  if (!IsPlainAscii(name)) return FingerprintOfName(FromUtf8Lossy(name));
   while (!name.empty() && (name.back() == '.' || name.back() == ' ')) name.remove_suffix(1);
-  std::uint64_t hash = kSeed;
-  for (const char c : name) hash = Mix(hash, static_cast<char16_t>(c));
-  return hash;
+  return CaselessFingerprintOfAscii(name);
 }
 
 }  // namespace norvo

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 
-#include "text/Text.h"
+#include "text/Fingerprint.h"
 
 namespace norvo {
 
@@ -23,9 +22,9 @@ bool IsExpressible(std::string_view name);
 /// The name for a message, with a mark for each byte that has no place in a text.
 String ShownDiskName(std::string_view name);
 
-/// A hash that does not regard case nor trailing points and blanks. Both forms of one name have the
-/// same; a name on the disk must be expressible.
-std::uint64_t HashOfName(StringView name);
-std::uint64_t HashOfDiskName(std::string_view name);
+/// A fingerprint that does not regard case nor trailing points and blanks. Both forms of one name
+/// have the same; a name on the disk must be expressible.
+Fingerprint FingerprintOfName(StringView name);
+Fingerprint FingerprintOfDiskName(std::string_view name);
 
 }  // namespace norvo

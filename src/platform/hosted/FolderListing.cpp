@@ -49,7 +49,7 @@ std::optional<FolderListing::Row> FolderListing::Append(std::string_view name) {
     return std::nullopt;
   }
   names_ += name;
-  return Row{HashOfDiskName(name), static_cast<std::uint32_t>(offset),
+  return Row{FingerprintOfDiskName(name).first, static_cast<std::uint32_t>(offset),
              static_cast<std::uint32_t>(name.size())};
 }
 
@@ -88,7 +88,7 @@ std::string_view FolderListing::NameOf(const Row& row) const {
 
 std::string_view FolderListing::Find(StringView name) const {
   name = WithoutTrail(name);
-  const std::uint64_t hash = HashOfName(name);
+  const std::uint64_t hash = FingerprintOfName(name).first;
   auto row =
       std::lower_bound(rows_.begin(), rows_.end(), hash,
                        [](const Row& each, std::uint64_t value) { return each.hash < value; });

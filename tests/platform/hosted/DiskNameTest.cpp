@@ -35,14 +35,14 @@ TEST(DiskName, WhatCanBeNoFileHasNoNameOnTheDisk) {
   EXPECT_FALSE(ToDiskName(String(1, char16_t{0xD800}) + u"a"));
 }
 
-TEST(DiskName, BothFormsHaveOneHashWhateverTheCase) {
+TEST(DiskName, BothFormsHaveOneFingerprintWhateverTheCase) {
   const StringView names[] = {u"One.mp3", u"MÜSIK. ", u"€", u"x y. "};
   for (const StringView name : names) {
-    EXPECT_EQ(HashOfName(name), HashOfDiskName(*ToDiskName(name))) << Utf8(name);
+    EXPECT_EQ(FingerprintOfName(name), FingerprintOfDiskName(*ToDiskName(name))) << Utf8(name);
   }
-  EXPECT_EQ(HashOfDiskName("m\xC3\xBCsik"), HashOfDiskName("M\xC3\x9CSIK.."));
-  EXPECT_EQ(HashOfDiskName("one"), HashOfDiskName("ONE. "));
-  EXPECT_NE(HashOfDiskName("one"), HashOfDiskName("two"));
+  EXPECT_EQ(FingerprintOfDiskName("m\xC3\xBCsik"), FingerprintOfDiskName("M\xC3\x9CSIK.."));
+  EXPECT_EQ(FingerprintOfDiskName("one"), FingerprintOfDiskName("ONE. "));
+  EXPECT_NE(FingerprintOfDiskName("one"), FingerprintOfDiskName("two"));
 }
 
 TEST(DiskName, IsShownWithMarksForWhatHasNoText) {
