@@ -83,7 +83,7 @@ class Verifier {
 
   void Warn(Kind kind, const String& subject, const String& detail = {}, const String& wanted = {},
             std::size_t found = 0, std::size_t expected = 0) {
-    report_.Warn({kind, MachineSide::New, {}, subject, detail, wanted, found, expected});
+    report_.Warn({kind, MachineSide::New, Warning(), subject, detail, wanted, found, expected});
   }
 
   Component& library_;
