@@ -2,20 +2,25 @@
 
 namespace norvo {
 
+/// Looks up before it notes anything: a look-up that fails leaves no number without a song.
 std::size_t SongBook::NumberOf(const String& path, std::optional<double> size) {
-  const auto [spelling, isNewSpelling] = bySpelling_.try_emplace(path, songs_.size());
-  if (!isNewSpelling) return spelling->second;
-  const auto [file, isNewFile] = byIdentity_.try_emplace(placer_.IdentityOf(path), songs_.size());
-  if (isNewFile) {
-    if (!size) {
-      const std::optional<FileFacts> facts = files_.FactsOf(path);
-      size = facts ? facts->size : 0;
-    }
-    MovedSong& song = songs_.emplace_back();
-    song.source = path;
-    song.size = *size;
+  const auto spelling = bySpelling_.find(path);
+  if (spelling != bySpelling_.end()) return spelling->second;
+  const std::string identity = placer_.IdentityOf(path);
+  auto file = byIdentity_.find(identity);
+  if (file == byIdentity_.end()) file = byIdentity_.emplace(identity, Add(path, size)).first;
+  return bySpelling_[path] = file->second;
+}
+
+std::size_t SongBook::Add(const String& path, std::optional<double> size) {
+  if (!size) {
+    const std::optional<FileFacts> facts = files_.FactsOf(path);
+    size = facts ? facts->size : 0;
   }
-  return spelling->second = file->second;
+  MovedSong& song = songs_.emplace_back();
+  song.source = path;
+  song.size = *size;
+  return songs_.size() - 1;
 }
 
 }  // namespace norvo

@@ -25,6 +25,8 @@ class SongBook {
   const String& SourceOf(std::size_t number) const { return songs_[number].source; }
 
  private:
+  std::size_t Add(const String& path, std::optional<double> size);
+
   FileSystem& files_;
   MediaPlacer& placer_;
   std::vector<MovedSong>& songs_;
