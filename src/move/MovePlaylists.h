@@ -41,7 +41,8 @@ struct MoveMachines {
 ///
 /// Machines that lack the product's settings are given them. What stands on the new machine is
 /// never overwritten. A move that was stopped at any moment, or that comes later once more, goes on
-/// where it was. MoveError when it cannot be done at all; everything else is in the result.
+/// where it was. MoveError when it cannot be done at all, or RunTimeError when a machine's services
+/// fail at something that nothing can be done without; everything else is in the result.
 MoveResult MovePlaylists(const MoveMachines& machines, const MoveOptions& options,
                          WorkObserver& observer);
 

@@ -6,8 +6,10 @@
 
 #include "automation/RunTimeError.h"
 #include "controller/QueueMode.h"
+#include "model/PlaylistTypes.h"
 #include "move/LibraryCalls.h"
 #include "move/LibraryWatcher.h"
+#include "services/DataCop.h"
 #include "services/ObserverScope.h"
 
 namespace norvo {
@@ -16,49 +18,63 @@ namespace {
 /// Keeps the ledger one step ahead of the queue.
 class LedgerWatcher final : public LibraryWatcher {
  public:
-  LedgerWatcher(RestoreLedger& ledger, MoveWork& work)
+  LedgerWatcher(Component& library, RestoreLedger& ledger, MoveWork& work)
       : LibraryWatcher(work.report, MachineSide::New, WorkPhase::Restoring),
         ledger_(ledger),
-        result_(work.result) {
+        work_(work),
+        folder_(DataCop::GetSubNamePath(library, DataCop::kPlayListSlot)) {
     for (std::size_t i = 0; i < work.drafts.size(); ++i) {
       if (work.drafts[i].key.empty()) continue;
-      drafts_[Fold(work.result.playlists[i].carried)] = &work.drafts[i];
+      numbers_[Fold(work.result.playlists[i].carried)] = i;
     }
   }
 
   /// The documents folder may hold other generic files, whose songs are not of this move.
   bool WantsGenericFile(StringView path) override {
-    return drafts_.contains(Fold(path)) && !ledger_.IsRestored(String(path));
+    return numbers_.contains(Fold(path)) && !ledger_.IsRestored(String(path));
   }
   void OnPlaylistBegin(StringView path, std::size_t position, std::size_t count) override {
     LibraryWatcher::OnPlaylistBegin(path, position, count);
     whole_ = true;
-    const PlaylistDraft& draft = *drafts_.at(Fold(path));
+    natives_ = 0;
+    const PlaylistDraft& draft = work_.drafts[NumberOf(path)];
     ledger_.Begin(String(path), draft.key, &draft.bytes);
   }
   void OnNativeFile(StringView path, std::int32_t) override {
-    const bool before = std::exchange(whole_, false);  // holds when the ledger cannot be written
+    const bool before = std::exchange(whole_, false);  // holds when the file is not to be written
+    // When the sub-names cannot be read for a moment it would stand where no player looks.
+    if (!path.starts_with(folder_)) throw RunTimeError(error::kPathNotFound);
     ledger_.AddNative(String(path));
     whole_ = before;
+    ++natives_;
   }
   void OnNativeFileEnd(StringView, bool whole) override { whole_ = whole_ && whole; }
-  void OnPlaylistEnd(StringView path, std::int32_t, PlaylistOutcome, std::size_t,
+  /// The queue goes on in silence when it cannot read a generic file, or begin a native one.
+  void OnPlaylistEnd(StringView path, std::int32_t, PlaylistOutcome, std::size_t kept,
                      StringView) override {
+    const MovedPlaylist& playlist = work_.result.playlists[NumberOf(path)];
+    const bool all =
+        kept == CountSongs(playlist) + CountAddresses(playlist) && natives_ == NativeTypes().size();
+    whole_ = whole_ && all;
     ledger_.End(whole_);
     if (whole_) restored_.insert(Fold(path));
   }
   void OnPlayerSetting(StringView player, StringView place, StringView value) override {
-    result_.settings.push_back({String(player), String(place), String(value)});
+    work_.result.settings.push_back({String(player), String(place), String(value)});
   }
 
   /// Whether this run has restored a generic file.
   bool HasRestored(const String& path) const { return restored_.contains(Fold(path)); }
 
  private:
+  std::size_t NumberOf(StringView path) const { return numbers_.at(Fold(path)); }
+
   RestoreLedger& ledger_;
-  MoveResult& result_;
-  std::map<String, const PlaylistDraft*> drafts_;  // by folded generic file
-  std::set<String> restored_;                      // generic files, folded
+  MoveWork& work_;
+  String folder_;                          // of all native playlists
+  std::map<String, std::size_t> numbers_;  // of the move's playlists, by folded generic file
+  std::set<String> restored_;              // generic files, folded
+  std::size_t natives_ = 0;                // that were begun for the playlist in hand
   bool whole_ = true;
 };
 
@@ -76,7 +92,7 @@ void Settle(MovedPlaylist& playlist, RestoreLedger& ledger, const LedgerWatcher&
 }  // namespace
 
 void RestoreCarried(Component& library, RestoreLedger& ledger, MoveWork& work) {
-  LedgerWatcher watcher(ledger, work);
+  LedgerWatcher watcher(library, ledger, work);
   {
     const ObserverScope scope(library, watcher);
     RunQueue(*library.Create(u"helperMan"), queue_mode::kRestore);
