@@ -1,0 +1,145 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <optional>
+
+#include "automation/RunTimeError.h"
+#include "move/MemoryMove.h"
+#include "move/MoveError.h"
+
+namespace norvo {
+namespace {
+
+/// Which machine fails, and how its k-th call does.
+struct Fault {
+  const char* name;
+  bool ofOld;
+  void (*arm)(CallLog& calls, std::size_t k);
+};
+
+void FailOnce(CallLog& calls, std::size_t k) {
+  calls.FailAt(k, error::kDeviceInputOutput);
+}
+void FailFromThereOn(CallLog& calls, std::size_t k) {
+  calls.FailFrom(k, error::kPermissionDenied);
+}
+
+/// What a move of the sample machines gives when nothing fails.
+class Sound {
+ public:
+  explicit Sound(MemoryMove (*make)()) {
+    const MemoryMove machines = make();
+    result = machines.Run();
+    contents = ContentsOf(*machines.to);
+    contents.erase(kLedger);
+  }
+
+  /// The ledger may lack places of songs, which are planned anew then.
+  Contents Made(const MemoryMove& machines) const {
+    Contents made = ContentsOf(*machines.to);
+    made.erase(kLedger);
+    return made;
+  }
+
+  MoveResult result;
+  Contents contents;
+
+ private:
+  static constexpr const char* kLedger = "C:\\My Documents\\Norvo Media\\KVs\\Restored.txt";
+};
+
+/// The result of a move; nothing when it ends in an error that it may end in.
+std::optional<MoveResult> ResultOf(const MemoryMove& machines) {
+  try {
+    return machines.Run();
+  } catch (const MoveError&) {
+  } catch (const RunTimeError&) {
+  }
+  return std::nullopt;
+}
+
+/// Lets the first, second, third ... call of a move fail, until none fails any more.
+void ForEachFailure(const Fault& fault, MemoryMove (*make)(),
+                    const std::function<void(const MemoryMove&, const std::optional<MoveResult>&,
+                                             const std::string& where)>& check) {
+  bool failed = true;
+  std::size_t k = 0;
+  while (failed) {
+    const MemoryMove machines = make();
+    CallLog& calls = (fault.ofOld ? machines.from : machines.to)->Log();
+    fault.arm(calls, ++k);
+    const std::optional<MoveResult> result = ResultOf(machines);
+    failed = calls.HasFailed();
+    calls.StopFailing();
+    const String& call = calls.Trace()[std::min(k, calls.Total()) - 1];
+    check(machines, result,
+          std::string(fault.name) + " at " + std::to_string(k) + " " + Utf8(call));
+  }
+  EXPECT_GT(k, 100u) << fault.name;
+}
+
+std::size_t CountRestored(const MoveResult& move) {
+  return CountOf(move, MovedPlaylist::State::Restored) +
+         CountOf(move, MovedPlaylist::State::AlreadyRestored);
+}
+
+MemoryMove TwoPlaylists() {
+  MemoryMove machines;
+  machines.AddMix();
+  machines.AddWeb();
+  return machines;
+}
+
+MemoryMove OnePlaylist() {
+  MemoryMove machines;
+  machines.AddMix();
+  return machines;
+}
+
+constexpr Fault kOldOnce = {"the old machine", true, FailOnce};
+constexpr Fault kNewOnce = {"the new machine", false, FailOnce};
+constexpr Fault kOldOn = {"the old machine from there on", true, FailFromThereOn};
+constexpr Fault kNewOn = {"the new machine from there on", false, FailFromThereOn};
+
+/// A move that says that it is whole is; and whatever was told, the next move is whole.
+void ExpectHonestAndMendedByTheNext(const Fault& fault, MemoryMove (*make)()) {
+  const Sound sound(make);
+  ASSERT_TRUE(sound.result.IsWhole());
+  ForEachFailure(fault, make,
+                 [&](const MemoryMove& machines, const std::optional<MoveResult>& move,
+                     const std::string& where) {
+                   if (move && move->IsWhole()) {
+                     EXPECT_EQ(sound.Made(machines), sound.contents) << where;
+                     EXPECT_EQ(CountRestored(*move), sound.result.playlists.size()) << where;
+                     EXPECT_EQ(SongsIn(*move), SongsIn(sound.result)) << where;
+                     EXPECT_EQ(move->verification.found, sound.result.verification.found) << where;
+                   }
+                   const MoveResult again = machines.Run();
+                   EXPECT_TRUE(again.IsWhole()) << where;
+                   EXPECT_EQ(CountRestored(again), sound.result.playlists.size()) << where;
+                   EXPECT_EQ(again.verification.found, sound.result.verification.found) << where;
+                   for (const MovedPlaylist& playlist : again.playlists) {
+                     EXPECT_EQ(playlist.natives.size(), 4u) << where;
+                   }
+                 });
+}
+
+TEST(FailingMove, OfWhichOneCallOfTheOldMachineFailsIsHonestAndTheNextIsWhole) {
+  ExpectHonestAndMendedByTheNext(kOldOnce, TwoPlaylists);
+}
+
+TEST(FailingMove, OfWhichOneCallOfTheNewMachineFailsIsHonestAndTheNextIsWhole) {
+  ExpectHonestAndMendedByTheNext(kNewOnce, TwoPlaylists);
+}
+
+TEST(FailingMove, OfWhichTheOldMachineFailsForGoodIsHonestAndTheNextIsWhole) {
+  ExpectHonestAndMendedByTheNext(kOldOn, OnePlaylist);
+}
+
+TEST(FailingMove, OfWhichTheNewMachineFailsForGoodIsHonestAndTheNextIsWhole) {
+  ExpectHonestAndMendedByTheNext(kNewOn, OnePlaylist);
+}
+
+}  // namespace
+}  // namespace norvo
