@@ -1,16 +1,34 @@
-# The package that find_package(NorvoPlayList) finds.
+# What is installed: the libraries behind the two targets that a consumer links, their public
+# headers, and the packages that find_package(NorvoPlayList) and pkg-config find.
 include(CMakePackageConfigHelpers)
+include(NorvoLinkOrder)
+include(NorvoPublicHeaders)
+include(NorvoPkgConfig)
 
-install(EXPORT NorvoPlayListTargets NAMESPACE NorvoPlayList::
-  DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/NorvoPlayList")
+norvo_link_order(NorvoPlayList component component_system)
+norvo_link_order(Move move move_system)
+norvo_public_headers(${component} ${move})
+norvo_pkg_config(norvoplaylist
+  DESCRIPTION "${PROJECT_DESCRIPTION}"
+  LIBRARIES ${component} SYSTEM_LIBRARIES ${component_system})
+norvo_pkg_config(norvoplaylist-move
+  DESCRIPTION "The move of playlists from one machine to another, on ${PROJECT_NAME}"
+  REQUIRES "norvoplaylist = ${PROJECT_VERSION}"
+  LIBRARIES ${move} SYSTEM_LIBRARIES ${move_system})
+
+set(package "${CMAKE_INSTALL_LIBDIR}/cmake/NorvoPlayList")
+install(TARGETS NorvoPlayList Move ${component} ${move} EXPORT NorvoPlayListTargets
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(EXPORT NorvoPlayListTargets NAMESPACE NorvoPlayList:: DESTINATION "${package}")
 configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/NorvoPlayListConfig.cmake.in"
   "${PROJECT_BINARY_DIR}/NorvoPlayListConfig.cmake"
-  INSTALL_DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/NorvoPlayList")
+  INSTALL_DESTINATION "${package}")
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/NorvoPlayListConfigVersion.cmake"
   COMPATIBILITY SameMinorVersion)
 install(FILES "${PROJECT_BINARY_DIR}/NorvoPlayListConfig.cmake"
   "${PROJECT_BINARY_DIR}/NorvoPlayListConfigVersion.cmake"
-  DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/NorvoPlayList")
+  DESTINATION "${package}")
 
 # The component "windows": the automation library (src/com adds its files), the program, and what
 # comes with them. cmake/WindowsPackage.cmake joins those of both bitnesses.

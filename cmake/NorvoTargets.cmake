@@ -26,14 +26,17 @@ else()
   set(NORVO_WINDOWS_FOLDER x86)
 endif()
 
-# norvo_subsystem(NAME [NOT_INSTALLED] [SOURCES file...] DEPENDS [subsystem...]): one folder of src/ as
-# a static library. Its sources are all .cpp files of the folder, and those that are named.
+# norvo_subsystem(NAME [SOURCES file...] [PUBLIC_HEADERS header...] DEPENDS [subsystem...]): one
+# folder of src/ as a static library. Its sources are all .cpp files of the folder, and those that
+# are named.
 #
 # It may include only its own headers and those of its dependencies, as "folder/Header.h": the
 # compiler is shown folders that hold nothing but links to these. So an include that points up the
 # picture finds no file.
+#
+# PUBLIC_HEADERS are for programs outside the project; see cmake/NorvoPublicHeaders.cmake.
 function(norvo_subsystem name)
-  cmake_parse_arguments(ARG "NOT_INSTALLED" "" "SOURCES;DEPENDS" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC_HEADERS;DEPENDS" ${ARGN})
   set(folder "${PROJECT_SOURCE_DIR}/src/${name}")
   file(GLOB sources CONFIGURE_DEPENDS "${folder}/*.cpp")
   file(GLOB headers CONFIGURE_DEPENDS "${folder}/*.h")
@@ -51,12 +54,6 @@ function(norvo_subsystem name)
     PUBLIC ${ARG_DEPENDS}
     PRIVATE $<BUILD_INTERFACE:norvo_warnings>
     PUBLIC $<BUILD_INTERFACE:norvo_sanitize>)
-  if(ARG_NOT_INSTALLED)
-    return()
-  endif()
-  target_include_directories(${target} PUBLIC
-    "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/NorvoPlayList>")
-  install(TARGETS ${target} EXPORT NorvoPlayListTargets
-    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-  install(FILES ${headers} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/NorvoPlayList/${name}")
+  list(TRANSFORM ARG_PUBLIC_HEADERS PREPEND "${name}/")
+  set_property(TARGET ${target} PROPERTY NORVO_PUBLIC_HEADERS ${ARG_PUBLIC_HEADERS})
 endfunction()

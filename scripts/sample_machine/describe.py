@@ -22,6 +22,11 @@ would have. The settings of the product itself are not in the machines' registri
 `init` and `migrate` commands write them. `.gitattributes` keeps the line ends of the files as
 they are.
 
+## Programs for the libraries
+
+`cpp` holds two C++ programs over the installed libraries: `PrintPlaylist.cpp` reads a playlist and
+prints it, `MovePlaylists.cpp` makes a whole move.
+
 ## Programs for the automation library
 
 What is in `automation` needs the automation library registered and the product's settings in the

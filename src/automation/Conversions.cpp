@@ -7,6 +7,7 @@
 
 #include "automation/Dates.h"
 #include "automation/RunTimeError.h"
+#include "text/Encoding.h"
 #include "text/Number.h"
 #include "text/Wildcard.h"
 
@@ -115,6 +116,10 @@ String ToText(const Variant& value) {
 String ToText(Variant&& value) {
   if (auto* text = std::get_if<String>(&value)) return std::move(*text);
   return ToText(std::as_const(value));
+}
+
+std::string ToUtf8Text(const Variant& value) {
+  return ToUtf8(ToText(value));
 }
 
 bool Like(StringView text, StringView pattern, Compare compare) {

@@ -18,12 +18,13 @@ namespace norvo {
 
 /// One parameter as the public interface gives it.
 struct Parameter {
-  StringView name;
-  ValueType type = ValueType::Any;
-  bool byReference = false;
-  bool optional = false;
+  StringView name;                  ///< as the interface spells it
+  ValueType type = ValueType::Any;  ///< what the argument is converted to
+  bool byReference = false;         ///< the member may write its result back
+  bool optional = false;            ///< it may be left out
 };
 
+/// @{
 /// How a parameter is passed; its type comes from the C++ signature.
 inline Parameter In(StringView name) {
   return {name, ValueType::Any, false, false};
@@ -34,19 +35,22 @@ inline Parameter ByRef(StringView name) {
 inline Parameter Optional(StringView name) {
   return {name, ValueType::Any, false, true};
 }
+/// @}
 
 /// One public member: a method, or a property with a getter, a setter or both.
 struct Member {
+  /// Calls the member of an object of its class.
   using Reader = Variant (*)(AutomationObject&, Arguments);
+  /// Sets the property of an object of its class.
   using Writer = void (*)(AutomationObject&, const Variant&);
 
-  StringView name;
-  bool isMethod = false;
-  ValueType type = ValueType::None;  // result of a method, value of a property
-  std::vector<Parameter> parameters;
-  bool letByReference = false;
-  Reader call = nullptr;  // method call or property get; null for a property without get
-  Writer let = nullptr;   // null for a method and for a property without let
+  StringView name;                    ///< as the interface spells it
+  bool isMethod = false;              ///< else a property
+  ValueType type = ValueType::None;   ///< result of a method, value of a property
+  std::vector<Parameter> parameters;  ///< of a method, or of a property's getter
+  bool letByReference = false;        ///< the setter takes its value by reference
+  Reader call = nullptr;  ///< method call or property get; null for a property without get
+  Writer let = nullptr;   ///< null for a method and for a property without let
 };
 
 namespace detail {
@@ -194,6 +198,7 @@ Member Method(StringView name, std::initializer_list<Parameter> parameters = {})
   return member;
 }
 
+/// A property bound to a C++ getter alone.
 template <auto kGetter>
 Member ReadOnly(StringView name) {
   Member member = Method<kGetter>(name);
@@ -201,6 +206,7 @@ Member ReadOnly(StringView name) {
   return member;
 }
 
+/// A property bound to a C++ setter alone.
 template <auto kSetter>
 Member WriteOnly(StringView name) {
   Member member;
@@ -210,6 +216,7 @@ Member WriteOnly(StringView name) {
   return member;
 }
 
+/// A property bound to a C++ getter and setter.
 template <auto kGetter, auto kSetter>
 Member Property(StringView name) {
   Member member = ReadOnly<kGetter>(name);
@@ -217,7 +224,7 @@ Member Property(StringView name) {
   return member;
 }
 
-/// The setter takes its value by reference.
+/// The same property, whose setter takes its value by reference.
 inline Member LetByReference(Member member) {
   member.letByReference = true;
   return member;
@@ -226,11 +233,14 @@ inline Member LetByReference(Member member) {
 /// The public interface of one class: its members in their order, found by name.
 class MemberTable {
  public:
+  /// The names must live as long as the table.
   MemberTable(StringView className, std::vector<Member> members);
 
+  /// Of all objects of the class.
   StringView ClassName() const { return className_; }
+  /// The members in the order of the interface.
   const std::vector<Member>& All() const { return members_; }
-  /// Null when there is no such member. Case does not matter.
+  /// The member of that name; null when there is none. Case does not matter.
   const Member* Find(StringView name) const;
 
  private:
@@ -253,6 +263,7 @@ class TableObject : public AutomationObject {
   Variant Call(StringView name, Arguments arguments) final;
 
  protected:
+  /// The class's members; the same table for all its objects.
   virtual const MemberTable& Table() const = 0;
 
  private:
@@ -265,6 +276,7 @@ class PropertyReader {
  public:
   /// `name` must live as long as the reader.
   explicit PropertyReader(StringView name) : name_(name) {}
+  /// The property's value; raises what `AutomationObject::Get` raises.
   Variant operator()(AutomationObject& object);
 
  private:

@@ -17,18 +17,18 @@ using StringArray = std::shared_ptr<const std::vector<String>>;
 
 /// A date and time: days since 30 December 1899 in local time, the time of day as the fraction.
 struct Date {
-  double days = 0;
-  bool operator==(const Date&) const = default;
+  double days = 0;                               ///< whole days, and the time of day
+  bool operator==(const Date&) const = default;  ///< to the last digit
 };
 
 /// Stands for an optional argument that the caller left out; not the same as an empty value.
 struct Missing {
-  bool operator==(const Missing&) const = default;
+  bool operator==(const Missing&) const = default;  ///< always
 };
 
 /// A value that is known to be no value, as databases have it; it converts to nothing.
 struct Null {
-  bool operator==(const Null&) const = default;
+  bool operator==(const Null&) const = default;  ///< always
 };
 
 /// A value of any automation type. Conversions between the types stand in
@@ -37,6 +37,17 @@ using Variant = std::variant<std::monostate, Missing, Null, bool, std::uint8_t, 
                              std::int32_t, double, Date, String, ObjectRef, StringArray>;
 
 /// The types as they are named in the public interface. `Any` takes any type.
-enum class ValueType { None, Boolean, Byte, Int16, Int32, Double, Text, Object, TextArray, Any };
+enum class ValueType {
+  None,       ///< no value: of a method that gives none
+  Boolean,    ///< `bool`
+  Byte,       ///< `std::uint8_t`
+  Int16,      ///< `std::int16_t`
+  Int32,      ///< `std::int32_t`
+  Double,     ///< `double`
+  Text,       ///< `String`
+  Object,     ///< `ObjectRef`
+  TextArray,  ///< `StringArray`
+  Any         ///< `Variant`
+};
 
 }  // namespace norvo

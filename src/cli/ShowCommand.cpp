@@ -142,8 +142,8 @@ class ShowCommand final : public Command {
     const bool canLog = playlist.hasLog;
     ShowObserver observer(console);
     const std::int32_t type = type_ == "auto" ? playlist_type::kUnknown : std::stoi(type_);
-    const ReadResult result =
-        ReadPlaylist(playlist.machine, playlist.path, type, {common.log && canLog}, observer);
+    const ReadResult result = ReadPlaylist(playlist.machine, ToUtf8(playlist.path), type,
+                                           {common.log && canLog}, observer);
     if (common.log && !canLog) {
       console.LeftOut("No log is written: " + path_ +
                       " belongs to no machine folder. Name one with --machine.");

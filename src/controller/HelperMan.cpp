@@ -6,6 +6,7 @@
 #include "automation/RunTimeError.h"
 #include "controller/GenericCollector.h"
 #include "controller/HeaderSniffer.h"
+#include "controller/ListFile.h"
 #include "controller/MediaSearch.h"
 #include "controller/PlayerFolders.h"
 #include "controller/PlaylistSearch.h"
@@ -63,6 +64,8 @@ HelperMan::HelperMan(Component& component) : component_(component) {
   // After an error the object stays without a list; its operations then find nothing.
   Attempt([this] { StartUp(); });
 }
+
+HelperMan::~HelperMan() = default;
 
 void HelperMan::StartUp() {
   if (Utility::GetMachineRole(component_) == Utility::role::kNeither) return;

@@ -4,31 +4,40 @@
 #include <optional>
 
 #include "automation/MemberTable.h"
-#include "controller/ListFile.h"
 #include "playlist/PlayList.h"
 
 namespace norvo {
+
+class ListFile;
 
 /// The controller: finds the machine's playlists and converts them, one after the other. Its
 /// public operations never raise, but for the search for media files.
 class HelperMan final : public TableObject {
  public:
+  /// A controller of the component, which must outlive it. On a machine whose role is neither
+  /// source nor destination it finds nothing.
   explicit HelperMan(Component& component);
+  ~HelperMan() override;
 
-  /// Mode 0 turns every listed playlist into a generic file. Mode 1 turns every generic file of the
-  /// user's documents into native playlists, and points the players at them. True when at least
-  /// one playlist was processed. Every mode consumes the list; any other one does nothing else.
+  /// Runs the queue; the modes are those of queue_mode. Mode 0 turns every listed playlist into a
+  /// generic file. Mode 1 turns every generic file of the user's documents into native playlists,
+  /// and points the players at them. True when at least one playlist was processed. Every mode
+  /// consumes the list; any other one does nothing else.
   bool GenericQueue(std::int32_t mode);
 
   /// The listed paths, which consumes the list: a second call finds none until the next scan.
   StringArray GetPLSList();
 
-  /// See writers/GenericNaming.h.
+  /// Name of a playlist's generic file: up to and including the last point, then "ini"; without a
+  /// point, the name + ".ini". Works on the text alone.
   String PlayListToIni(const String& fileName);
 
-  /// Types by a file's first lines; see controller/HeaderSniffer.h.
+  /// @{
+  /// Types, of playlist_type, by a file's keys and by its first lines; 0 for a file that tells none
+  /// or cannot be read.
   std::int32_t ParsePLSHeader(const String& path);
   std::int32_t ParseM3UHeader(const String& path);
+  /// @}
 
   /// Scans the fixed drives for playlists and lists them anew; true when the scan ran to its end.
   bool GetAllPlaylists();
@@ -44,6 +53,7 @@ class HelperMan final : public TableObject {
   /// Does nothing, leaves its arguments and answers with the empty text: intended.
   String DataGrabber(const String& fileName, const String& header, const String& listKeys);
 
+  /// The members that hosts reach by name.
   static const MemberTable& Interface();
 
  protected:

@@ -10,9 +10,9 @@ namespace norvo {
 
 /// What errors call the folders of a move.
 struct FolderNames {
-  std::string from = "the old machine's folder";
-  std::string to = "the new machine's folder";
-  std::string work = "the work folder";
+  std::string from = "the old machine's folder";  ///< `FolderMove::from`
+  std::string to = "the new machine's folder";    ///< `FolderMove::to`
+  std::string work = "the work folder";           ///< `FolderMove::work`
 };
 
 /// A move between machines that are held in folders.
@@ -28,7 +28,7 @@ struct FolderMove {
   std::filesystem::path work;
   /// Shows the messages of both machines, if not null; else they go to the standard error stream.
   MessageDialog* messages = nullptr;
-  FolderNames names;
+  FolderNames names;  ///< for the sentences of errors
 };
 
 /// Moves the playlists and songs of one machine to another; see MovePlaylists of two platforms.

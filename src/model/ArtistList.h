@@ -11,6 +11,7 @@ namespace norvo {
 /// texts, case by case. Only adding and searching do something.
 class ArtistList final : public TableObject {
  public:
+  /// An empty list.
   ArtistList() = default;
   /// Takes the nodes apart: one that somebody still holds has no previous node any more.
   ~ArtistList() override;
@@ -30,19 +31,28 @@ class ArtistList final : public TableObject {
   /// callers must not search for a value that the walk can reach.
   bool SearchByValue(const Variant& value, ArtistItem::Ref& current);
 
-  // Do nothing and give an empty value: intended.
+  /// @{
+  /// Do nothing and give an empty value: intended.
   Variant GetFirst() { return {}; }
   Variant GetNext() { return {}; }
   Variant GetPrevious() { return {}; }
   Variant GetLast() { return {}; }
+  /// @}
 
   /// Number of calls of `Add`, whether they inserted a node or not: intended.
   std::int32_t Count() { return count_; }
+  /// @{
+  /// Whether `Add` inserts a key that is there already; false at first.
   bool AllowDuplicates() { return allowDuplicates_; }
   void SetAllowDuplicates(bool value) { allowDuplicates_ = value; }
+  /// @}
+  /// @{
+  /// Whether `Add` gives the node of a key that is there the new value; false at first.
   bool AllowOverWrite() { return allowOverWrite_; }
   void SetAllowOverWrite(bool value) { allowOverWrite_ = value; }
+  /// @}
 
+  /// The members that hosts reach by name.
   static const MemberTable& Interface();
 
  protected:

@@ -11,15 +11,17 @@ namespace norvo {
 /// The entries of one playlist, in the order of their adding. Indexes are 1-based.
 class Entries final : public TableObject {
  public:
-  /// Error 6 for more than 32767 entries.
+  /// Number of entries. Error 6 for more than 32767.
   std::int16_t Count() const { return items_.Count16(); }
+  /// Number of entries, however many.
   std::int32_t TotalSongs() const { return items_.Count32(); }
 
   /// Appends an object whose `Entry_EntryType`, read by name, equals the collection type. Any
   /// other object, and one that fails, is dropped without a word.
   void Add(const ObjectRef& entry);
 
-  /// No object for an index past the end; error 5 for an index below 1.
+  /// The entry at a 1-based index. No object for an index past the end; error 5 for an index
+  /// below 1.
   ObjectRef Item(std::int32_t index) const { return items_.At(index); }
 
   /// Calls `visit(entry, index)` for each entry that is there now. Error 91 for one that is gone
@@ -34,12 +36,16 @@ class Entries final : public TableObject {
     }
   }
 
-  /// See `ObjectList::RemoveByName`.
+  /// Removes an entry by the pattern of its name; see `ObjectList::RemoveByName`.
   bool Remove(const String& pattern) { return items_.RemoveByName(pattern); }
 
+  /// @{
+  /// Type of the entries that `Add` takes, one of playlist_type.
   std::int32_t CollectionType() const { return collectionType_; }
   void SetCollectionType(std::int32_t value) { collectionType_ = value; }
+  /// @}
 
+  /// The members that hosts reach by name.
   static const MemberTable& Interface();
 
  protected:

@@ -13,6 +13,7 @@ class Entry final : public EntryFields {
   /// Raised when memory runs out; no operation of the class does so itself.
   Event& OutOfMemory() { return outOfMemory_; }
 
+  /// The members that hosts reach by name.
   static const MemberTable& Interface();
 
  protected:

@@ -5,7 +5,6 @@
 
 #include "automation/MemberTable.h"
 #include "services/Component.h"
-#include "tags/AudioTag.h"
 
 namespace norvo {
 
@@ -14,37 +13,56 @@ namespace norvo {
 /// each can be used wherever an entry is expected.
 class EntryFields : public TableObject {
  public:
+  /// An entry of the component, which must outlive it.
   explicit EntryFields(Component& component) : component_(component) {}
 
-  // Read back cut at the first NUL and trimmed; stored as given.
+  /// @{
+  /// Names, read back cut at the first NUL and trimmed; stored as given.
   String AlbumName();
   void SetAlbumName(const String& value) { albumName_ = value; }
   String ArtistName();
   void SetArtistName(const String& value) { artistName_ = value; }
   String SongName();
   virtual void SetSongName(const String& value) { songName_ = value; }
+  /// @}
 
+  /// @{
+  /// When the song was made, as its tag tells it: the year.
   String CreationDate() { return creationDate_; }
   void SetCreationDate(const String& value) { creationDate_ = value; }
+  /// @}
 
+  /// @{
   /// Any value, kept as text: seconds, or whatever the reader stored.
   Variant Duration() { return duration_; }
   void SetDuration(const Variant& value) { duration_ = ToText(value); }
+  /// @}
 
-  /// Type code of the playlist that the entry came from.
+  /// @{
+  /// One of playlist_type: of the playlist that the entry came from.
   std::int32_t EntryType() { return entryType_; }
   void SetEntryType(std::int32_t value) { entryType_ = value; }
+  /// @}
 
-  /// The empty text and a log line while no source address is set.
+  /// @{
+  /// The file's own name, without its folder. The empty text and a log line while no source address
+  /// is set.
   String FileName();
   void SetFileName(const String& value) { fileName_ = value; }
+  /// @}
   /// Bytes; 0 and a log line while no source address is set.
   double FileSize();
 
+  /// @{
+  /// The genre by its name.
   String Genre() { return genre_; }
   void SetGenre(const String& value) { genre_ = value; }
+  /// @}
+  /// @{
+  /// A number that a host may keep here.
   std::int32_t NativeFormat() { return nativeFormat_; }
   void SetNativeFormat(std::int32_t value) { nativeFormat_ = value; }
+  /// @}
 
   /// Always empty, whatever was set: intended. The playlist itself knows its name.
   String PlayListName() { return {}; }
@@ -58,16 +76,22 @@ class EntryFields : public TableObject {
   /// Only the first title that is not empty is kept.
   void SetSongTitle(const String& value);
 
+  /// Address of the media: a full path or an internet address.
   String SourceURL() { return sourceUrl_; }
   /// Also reads the file's name, size and creation date when the address type is 0 or 1 and the
   /// file exists.
   void SetSourceURL(const String& value);
 
-  /// Address type, 0 to 10.
+  /// @{
+  /// Address type, one of url_type.
   std::int32_t Urltype() { return urlType_; }
   void SetUrltype(std::int32_t value) { urlType_ = value; }
+  /// @}
+  /// @{
+  /// Number of the song on its album, as text.
   String TrackNumber() { return trackNumber_; }
   void SetTrackNumber(const String& value) { trackNumber_ = value; }
+  /// @}
 
   /// Path under which the media file is to be placed; the source address itself for the types 6 to
   /// 9. Empty, with a log line, without a file name.
@@ -79,9 +103,11 @@ class EntryFields : public TableObject {
   /// disk is not asked twice. Same effect as `SetSourceURL`.
   void SetSource(const String& address, const std::optional<FileFacts>& facts);
 
-  // What no property hands out.
+  /// @{
+  /// What no property hands out.
   const String& StoredPlayListName() const { return playListName_; }
   std::optional<FileTime> FileCreationDate() const { return fileCreationDate_; }
+  /// @}
 
  private:
   void TakeFacts(const FileFacts& facts);

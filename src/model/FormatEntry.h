@@ -12,8 +12,11 @@ class FormatEntry : public EntryFields {
  public:
   using EntryFields::EntryFields;
 
+  /// @{
+  /// Whether the playlist told more of the item than its address.
   bool HasExtendedInfo() { return hasExtendedInfo_; }
   void SetHasExtendedInfo(bool value) { hasExtendedInfo_ = value; }
+  /// @}
 
  protected:
   /// The public members of a format entry: those that all three classes have, and then its own.
@@ -27,6 +30,7 @@ class FormatEntry : public EntryFields {
 class M3UEntry final : public FormatEntry {
  public:
   using FormatEntry::FormatEntry;
+  /// The members that hosts reach by name.
   static const MemberTable& Interface();
 
  protected:
@@ -37,6 +41,7 @@ class M3UEntry final : public FormatEntry {
 class PlsEntry final : public FormatEntry {
  public:
   using FormatEntry::FormatEntry;
+  /// The members that hosts reach by name.
   static const MemberTable& Interface();
 
  protected:

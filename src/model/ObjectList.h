@@ -11,13 +11,15 @@ namespace norvo {
 /// What the collections share: object references in the order of their adding. Indexes are 1-based.
 class ObjectList {
  public:
+  /// Adds a reference at the end.
   void Append(const ObjectRef& object) { items_.push_back(object); }
 
-  /// Error 6 for more than 32767 items.
+  /// Number of items. Error 6 for more than 32767 items.
   std::int16_t Count16() const { return CountToInt16(items_.size()); }
+  /// Number of items.
   std::int32_t Count32() const { return CountToInt32(items_.size()); }
 
-  /// No object for an index past the end; error 5 for an index below 1.
+  /// The item at an index. No object for an index past the end; error 5 for an index below 1.
   ObjectRef At(std::int32_t index) const;
 
   /// Removes the first item whose `Name`, read by name, matches the pattern. Always false, also

@@ -9,29 +9,44 @@
 
 namespace norvo {
 
-/// Codes of the playlist types.
+/// Codes of the playlist types. What stands beside each makes and reads such playlists.
 namespace playlist_type {
-inline constexpr std::int32_t kUnknown = 0;
-inline constexpr std::int32_t kWmpAsx = 1;
-inline constexpr std::int32_t kWmpM3u = 2;
-inline constexpr std::int32_t kWinampM3u = 3;
-inline constexpr std::int32_t kWinampPls = 4;
-inline constexpr std::int32_t kSoniquePls = 5;
-inline constexpr std::int32_t kMmjbM3u = 6;
+inline constexpr std::int32_t kUnknown = 0;     ///< none of them
+inline constexpr std::int32_t kWmpAsx = 1;      ///< .asx of Windows Media Player
+inline constexpr std::int32_t kWmpM3u = 2;      ///< .m3u with the text of an .asx
+inline constexpr std::int32_t kWinampM3u = 3;   ///< .m3u of Winamp, with titles
+inline constexpr std::int32_t kWinampPls = 4;   ///< .pls of Winamp
+inline constexpr std::int32_t kSoniquePls = 5;  ///< .pls of Sonique
+inline constexpr std::int32_t kMmjbM3u = 6;     ///< .m3u of MusicMatch Jukebox, bare paths
 }  // namespace playlist_type
 
-/// How a native playlist is written: chooses its reader (readers/NativeReader.h) and its writer
-/// (writers/NativeWriter.h).
-enum class Syntax { Asx, M3u, BareM3u, Pls };
+/// How a native playlist is written: chooses its reader and its writer.
+enum class Syntax {
+  Asx,      ///< elements in angle brackets
+  M3u,      ///< a header line, and lines with titles before the references
+  BareM3u,  ///< a reference in each line
+  Pls       ///< keys and values in a section
+};
 
-/// Class of a playlist's entries; see model/NewEntry.h.
-enum class EntryKind { Asx, M3u, Pls };
+/// Class of a playlist's entries.
+enum class EntryKind {
+  Asx,  ///< `AsxEntry`
+  M3u,  ///< `M3UEntry`
+  Pls   ///< `PlsEntry`
+};
 
 /// What the extended-information text of an item holds.
-enum class ItemInfo { None, ExtInfLine, Title };
+enum class ItemInfo {
+  None,        ///< nothing: there is no such text
+  ExtInfLine,  ///< duration, artist and song in one line
+  Title        ///< artist and song
+};
 
 /// Where the files of an ending tell their types.
-enum class Header { FirstLines, SettingsKeys };
+enum class Header {
+  FirstLines,   ///< in their first lines
+  SettingsKeys  ///< in the keys of their section
+};
 
 /// What tells a type in the header; each part that is empty tells nothing.
 struct HeaderMark {
@@ -43,26 +58,31 @@ struct HeaderMark {
 };
 
 /// Whether a playlist whose text tells no type is taken for one of this type.
-enum class StandIn { Never, WithTitles, WithoutTitles, Always };
+enum class StandIn {
+  Never,          ///< it is not
+  WithTitles,     ///< when it has titles
+  WithoutTitles,  ///< when it has none
+  Always          ///< in either case
+};
 
 /// Everything that the library knows of one playlist type; nobody else spells it out.
 struct PlaylistType {
-  std::int32_t code;
+  std::int32_t code;        ///< one of playlist_type
   StringView name;          ///< "WMP_ASX" and so on
   StringView extension;     ///< of the native files, with its point
   StringView playerFolder;  ///< folder of the player's restored playlists
   std::int32_t queuePlace;  ///< 1-based, in the list file and the queue
 
-  Syntax readAs;
-  StringView failureText;             ///< log line of a failed read
-  std::optional<Syntax> writtenAs{};  ///< nothing: restored playlists are not written so
-  EntryKind entries = EntryKind::M3u;
+  Syntax readAs;                       ///< chooses the reader
+  StringView failureText;              ///< log line of a failed read
+  std::optional<Syntax> writtenAs{};   ///< nothing: restored playlists are not written so
+  EntryKind entries = EntryKind::M3u;  ///< class of its entries
   StringView entryExtension{};  ///< what an entry cuts off its playlist name; empty: the extension
-  ItemInfo itemInfo = ItemInfo::None;
+  ItemInfo itemInfo = ItemInfo::None;  ///< what a reader finds beside a reference
 
   Header header = Header::FirstLines;  ///< the same for all types of one extension
-  HeaderMark mark{};
-  StandIn standIn = StandIn::Never;
+  HeaderMark mark{};                   ///< what tells this type there
+  StandIn standIn = StandIn::Never;    ///< for lists that tell none
 
   bool isToldByExtension = false;   ///< a scan lists every file of the extension as this type
   bool keepsExtension = false;      ///< the playlist's name is the file's whole name

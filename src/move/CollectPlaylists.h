@@ -19,17 +19,18 @@ struct DroppedItem {
 
 /// What became of one listed playlist.
 struct CollectedPlaylist {
-  String path;
-  std::int32_t type = 0;
+  String path;                             ///< full, on the machine
+  std::int32_t type = 0;                   ///< see playlist_type
   std::optional<PlaylistOutcome> outcome;  ///< nothing: the queue ended before it was done
   std::size_t kept = 0;                    ///< entries
-  std::vector<DroppedItem> drops;
-  String genericFile;                     ///< empty when none was written
-  std::optional<std::size_t> replacedBy;  ///< 0-based: a later playlist with the same generic file
+  std::vector<DroppedItem> drops;          ///< in the playlist's order
+  String genericFile;                      ///< empty when none was written
+  std::optional<std::size_t> replacedBy;   ///< 0-based: a later playlist with the same generic file
 };
 
+/// What a collecting gives.
 struct CollectResult : WorkResult {
-  ScanResult scan;
+  ScanResult scan;          ///< what was found
   std::vector<String> met;  ///< every playlist file that the scan met, listed or not, in its order
   std::vector<CollectedPlaylist> playlists;  ///< those that the queue has begun, in its order
   double mediaBytes = 0;                     ///< in the files that entries name, repeats included

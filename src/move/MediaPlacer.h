@@ -11,38 +11,43 @@ namespace norvo {
 
 /// Whether a file is copied to its new machine, or gets a second name there. A file that cannot
 /// have a second name, since the machines lie on two disks for instance, is copied all the same.
-enum class PlaceMode { Copy, Link };
+enum class PlaceMode {
+  Copy,  ///< a file of its own
+  Link   ///< a second name of the same file
+};
 
 /// One file and where it is to stand: full paths, each on its own machine.
 struct PlaceJob {
-  String source;
-  String target;
+  String source;  ///< on the machine that the file comes from
+  String target;  ///< on the machine that it goes to
 };
 
+/// How a job has ended.
 enum class PlaceResult {
-  Copied,
-  Linked,
+  Copied,        ///< whole
+  Linked,        ///< it has a second name now
   AlreadyThere,  ///< the target has the source's size and content; it was left as it was
-  Failed
+  Failed         ///< `PlaceFailure` tells why
 };
 
+/// Why a job has failed.
 enum class PlaceFailure {
-  None,
-  SourceMissing,
-  SourceNoFile,
-  SourceUnreadable,
-  SourceChanged,  ///< while it was read
-  TargetUnwritable,
-  FolderThere,     ///< one that has the target's name
-  OtherFileThere,  ///< one that has the target's name and another content
-  NotComparable,   ///< a file has the target's name and cannot be compared
-  NotCopied
+  None,              ///< it has not
+  SourceMissing,     ///< there is no such file
+  SourceNoFile,      ///< but a folder or a device
+  SourceUnreadable,  ///< the system refuses
+  SourceChanged,     ///< while it was read
+  TargetUnwritable,  ///< the system refuses
+  FolderThere,       ///< one that has the target's name
+  OtherFileThere,    ///< one that has the target's name and another content
+  NotComparable,     ///< a file has the target's name and cannot be compared
+  NotCopied          ///< any other failure
 };
 
 /// What became of a job.
 struct PlaceOutcome {
-  PlaceResult result = PlaceResult::Failed;
-  PlaceFailure failure = PlaceFailure::None;
+  PlaceResult result = PlaceResult::Failed;   ///< how it has ended
+  PlaceFailure failure = PlaceFailure::None;  ///< why it has failed
   /// Why the system refused, in words that end a sentence: "the disk is full". Empty for a failure
   /// that says all.
   String detail;

@@ -9,16 +9,16 @@ namespace norvo {
 /// each; what is not named is empty.
 enum class MoveFault {
   // Settings of the product.
-  GroupRootNotFull,   ///< the wished group root (subject) is no full path of the machine
-  GroupRootUnusable,  ///< the machine's group root (subject) is no full path
-  GroupRootNowhere,   ///< the group root (subject) lies on a drive (detail) that there is not
-  RegistryUnwritable,
-  FolderNotCreated,  ///< subject: the folder; detail: why
-  FileNotWritten,    ///< subject: the file; detail: why
-  RoleMissing,
-  GroupRootMissing,
-  RoleAndGroupRootMissing,
-  RoleTakesNoPart,  ///< the machine's role is neither source nor destination
+  GroupRootNotFull,         ///< the wished group root (subject) is no full path of the machine
+  GroupRootUnusable,        ///< the machine's group root (subject) is no full path
+  GroupRootNowhere,         ///< the group root (subject) lies on a drive (detail) that there is not
+  RegistryUnwritable,       ///< the system refuses
+  FolderNotCreated,         ///< subject: the folder; detail: why
+  FileNotWritten,           ///< subject: the file; detail: why
+  RoleMissing,              ///< the machine has no role yet; SetUpMachine gives it one
+  GroupRootMissing,         ///< it has no group root yet
+  RoleAndGroupRootMissing,  ///< it has neither
+  RoleTakesNoPart,          ///< the machine's role is neither source nor destination
   // Work on one machine.
   ScanFailed,         ///< subject: the data area; detail: the last warning, may be empty
   NoPlaylistFolder,   ///< subject: the folder of restored playlists; empty when it is not known
@@ -39,10 +39,14 @@ enum class MoveFault {
 /// Ends a call. `what()` is a sentence about it in English, in UTF-8.
 class MoveError : public std::runtime_error {
  public:
+  /// The texts are in UTF-8.
   explicit MoveError(MoveFault fault, std::string subject = {}, std::string detail = {});
 
+  /// Why.
   MoveFault Fault() const noexcept { return fault_; }
+  /// What it is about, in UTF-8; see MoveFault.
   const std::string& Subject() const noexcept { return subject_; }
+  /// More of it, in UTF-8; see MoveFault.
   const std::string& Detail() const noexcept { return detail_; }
 
  private:

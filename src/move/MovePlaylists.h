@@ -12,21 +12,22 @@ namespace norvo {
 
 /// How songs are brought to the new machine.
 enum class MediaMode {
-  Copy,
+  Copy,  ///< each is a file of its own
   Link,  ///< where both machines are on one disk; copied elsewhere
   None   ///< they stay where they are; their places are planned all the same
 };
 
+/// What a move may be asked for.
 struct MoveOptions {
-  MediaMode media = MediaMode::Copy;
-  bool dryRun = false;  ///< plan, and write nothing on the new machine
-  bool log = false;     ///< write the debug log of both machines; of a dry run the old one's only
+  MediaMode media = MediaMode::Copy;  ///< how songs are brought
+  bool dryRun = false;                ///< plan, and write nothing on the new machine
+  bool log = false;  ///< write the debug log of both machines; of a dry run the old one's only
 };
 
 /// The two machines of a move.
 struct MoveMachines {
-  std::shared_ptr<Platform> from;
-  std::shared_ptr<Platform> to;
+  std::shared_ptr<Platform> from;  ///< the old one
+  std::shared_ptr<Platform> to;    ///< the new one
   /// Brings the songs from one to the other. Without one they are read and written through the
   /// services of the two platforms, which keep no times and put the bytes under a song's name as
   /// they come: a move that is killed may then leave a part of a song.

@@ -15,16 +15,17 @@ namespace norvo {
 
 /// A media file of the old machine that some playlist names, and its one place on the new one.
 struct MovedSong {
+  /// What has become of it.
   enum class State {
-    Planned,  ///< its place is chosen; it was not to be brought, or not yet
-    Copied,
-    Linked,
+    Planned,       ///< its place is chosen; it was not to be brought, or not yet
+    Copied,        ///< it stands at its place
+    Linked,        ///< it has a second name there
     AlreadyThere,  ///< its place held it before
-    LeftOut
+    LeftOut        ///< `fault` tells why
   };
   /// Why a song was left out.
   enum class Fault {
-    None,
+    None,               ///< it was not
     PathTooLong,        ///< `faultPath` would be too long
     FolderBlocked,      ///< a file stands where a folder of `faultPath` should be
     NumbersTaken,       ///< all numbered names of `faultPath` are taken
@@ -32,18 +33,19 @@ struct MovedSong {
     NotBrought          ///< `failure` tells why
   };
 
-  String source;    ///< full path on the old machine
-  double size = 0;  ///< bytes
-  String place;     ///< full path on the new machine; empty when there is none
-  State state = State::Planned;
-  Fault fault = Fault::None;
-  String faultPath;
-  PlaceFailure failure = PlaceFailure::None;
-  String systemReason;  ///< what the system said of the failure; may be empty
+  String source;                 ///< full path on the old machine
+  double size = 0;               ///< bytes
+  String place;                  ///< full path on the new machine; empty when there is none
+  State state = State::Planned;  ///< what has become of it
+  Fault fault = Fault::None;     ///< why it was left out
+  String faultPath;              ///< of what the fault tells
+  PlaceFailure failure = PlaceFailure::None;  ///< why it was not brought
+  String systemReason;                        ///< what the system said of the failure; may be empty
 };
 
 /// One item of a playlist and what becomes of it.
 struct MovedItem {
+  /// What becomes of it.
   enum class Fate {
     Song,        ///< a song of the move, by its number; its own state tells the rest
     Address,     ///< stays as it is: internet, a share, a removable or network drive
@@ -51,17 +53,20 @@ struct MovedItem {
     NotMedia     ///< left out: it leads to a file that no player plays
   };
 
-  Fate fate = Fate::Song;
-  std::size_t song = 0;   ///< 0-based number among the move's songs
-  String reference;       ///< of an address as it goes along; of what is left out as it was listed
-  std::size_t entry = 0;  ///< 1-based number in the new playlist; 0 for what is left out
+  Fate fate = Fate::Song;  ///< decides which of the others are set
+  std::size_t song = 0;    ///< 0-based number among the move's songs
+  String reference;        ///< of an address as it goes along; of what is left out as it was listed
+  std::size_t entry = 0;   ///< 1-based number in the new playlist; 0 for what is left out
 
+  /// True for a song of the move.
   bool IsSong() const { return fate == Fate::Song; }
+  /// True for what becomes an entry of the new playlist, if nothing fails.
   bool IsCarried() const { return fate == Fate::Song || fate == Fate::Address; }
 };
 
 /// What was mended about a playlist that the library's own rules would have cut.
 struct Mending {
+  /// What was wrong, and what was done.
   enum class Kind {
     NotListed,          ///< read anew: its first lines tell no type, so it was not listed
     QueueEnded,         ///< read anew: the queue ended before it had a generic file
@@ -76,45 +81,47 @@ struct Mending {
     Split               ///< into several, since a playlist holds at most 32767 entries
   };
 
-  Kind kind = Kind::Incomplete;
-  std::size_t count = 0;
+  Kind kind = Kind::Incomplete;  ///< what was wrong
+  std::size_t count = 0;         ///< only of added entries
 };
 
 /// One playlist and what became of it.
 struct MovedPlaylist {
+  /// How far it has come.
   enum class State {
     Collected,        ///< on the old machine, and no further
     Restored,         ///< by this run
     AlreadyRestored,  ///< by an earlier one
     NoSongs,          ///< it lists nothing that exists
-    LeftOut
+    LeftOut           ///< `fault` tells why
   };
   /// Why a playlist was left out; `systemReason` says more of those that a reading or writing
   /// ended.
   enum class Fault {
-    None,
-    Unreadable,
-    GenericNotWritten,  ///< on the old machine
-    GenericDoesNotReadBack,
-    NotCarried,   ///< its generic file cannot be written on the new machine
-    NotRestored,  ///< its native playlists cannot be written
-    NotNoted      ///< the new machine cannot note what is restored
+    None,                    ///< it was not
+    Unreadable,              ///< on the old machine
+    GenericNotWritten,       ///< on the old machine
+    GenericDoesNotReadBack,  ///< what was written for it tells something else
+    NotCarried,              ///< its generic file cannot be written on the new machine
+    NotRestored,             ///< its native playlists cannot be written
+    NotNoted                 ///< the new machine cannot note what is restored
   };
 
-  String source;  ///< full path on the old machine
-  std::int32_t type = 0;
-  State state = State::Collected;
-  Fault fault = Fault::None;
-  String systemReason;
-  std::vector<Mending> mendings;
-  std::vector<MovedItem> items;  ///< every one, in the playlist's order
-  String collected;              ///< its generic file on the old machine; empty without one
-  String carried;                ///< its generic file on the new machine; empty without one
-  std::vector<String> natives;   ///< the playlists of the players made of it
+  String source;                   ///< full path on the old machine
+  std::int32_t type = 0;           ///< see playlist_type; 0 where its text tells none
+  State state = State::Collected;  ///< how far it has come
+  Fault fault = Fault::None;       ///< why it was left out
+  String systemReason;             ///< what the system said; may be empty
+  std::vector<Mending> mendings;   ///< empty where the library's own rules keep all
+  std::vector<MovedItem> items;    ///< every one, in the playlist's order
+  String collected;                ///< its generic file on the old machine; empty without one
+  String carried;                  ///< its generic file on the new machine; empty without one
+  std::vector<String> natives;     ///< the playlists of the players made of it
 };
 
 /// A change of what a carried generic file says.
 struct Adjustment {
+  /// Why.
   enum class Reason {
     NameUnusable,       ///< native playlists would lose the name, or have none that Windows takes
     ManyOfOneName,      ///< many playlists have this name
@@ -122,22 +129,22 @@ struct Adjustment {
     Markup,             ///< ASX files would take the text for markup
     RelativeReference,  ///< a relative reference gives no file name
     NotInCodePage,      ///< playlists cannot tell the path in the 8-bit page
-    PathTooLong,
-    IllegalName,  ///< no path on Windows may be called so
-    LeavesGroupRoot,
-    OtherSong,       ///< another song has the place
-    FolderThere,     ///< a folder has the name
-    OtherFile,       ///< another file has the place
-    PlaceElsewhere,  ///< the song has its one place elsewhere
-    OldAddressTaken  ///< on the new machine another file stands at the old address
+    PathTooLong,        ///< for Windows, or for the disk that holds the machine
+    IllegalName,        ///< no path on Windows may be called so
+    LeavesGroupRoot,    ///< the path would lead out of the group root
+    OtherSong,          ///< another song has the place
+    FolderThere,        ///< a folder has the name
+    OtherFile,          ///< another file has the place
+    PlaceElsewhere,     ///< the song has its one place elsewhere
+    OldAddressTaken     ///< on the new machine another file stands at the old address
   };
 
-  std::size_t playlist = 0;  ///< 0-based number among the move's playlists
-  std::size_t entry = 0;     ///< 1-based; 0 for the playlist itself
-  String key;
-  String before;
-  String after;
-  Reason reason = Reason::NameUnusable;
+  std::size_t playlist = 0;              ///< 0-based number among the move's playlists
+  std::size_t entry = 0;                 ///< 1-based; 0 for the playlist itself
+  String key;                            ///< of the generic file
+  String before;                         ///< its value as it was collected
+  String after;                          ///< its value as it is carried
+  Reason reason = Reason::NameUnusable;  ///< why
 };
 
 /// What the reading back of all native playlists gave; what was wrong is among the warnings.
@@ -148,27 +155,28 @@ struct Verification {
 
 /// A log that the move has written.
 struct MoveLog {
-  MachineSide side = MachineSide::Old;
-  LogFile file;
+  MachineSide side = MachineSide::Old;  ///< whose
+  LogFile file;                         ///< where it stands
 };
 
 /// A whole move as data: what was found, what became of it.
 struct MoveResult {
   std::vector<MovedPlaylist> playlists;  ///< in the order of the scan
-  std::vector<MovedSong> songs;
-  std::vector<Adjustment> adjustments;
-  std::vector<PlayerSetting> settings;  ///< that point the players at their playlists
-  Verification verification;
-  std::vector<WorkWarning> warnings;  ///< in the order in which they came up
-  std::vector<MoveLog> logs;
+  std::vector<MovedSong> songs;          ///< each once, however many playlists name it
+  std::vector<Adjustment> adjustments;   ///< of what the carried generic files say
+  std::vector<PlayerSetting> settings;   ///< that point the players at their playlists
+  Verification verification;             ///< how many references were found
+  std::vector<WorkWarning> warnings;     ///< in the order in which they came up
+  std::vector<MoveLog> logs;             ///< when one was wished for
   bool cancelled = false;  ///< the observer ended it; what is done stays, another run completes it
 
   /// True when nothing that exists was left behind: no warning, and no song or playlist left out.
   bool IsWhole() const;
 };
 
-/// Items of a playlist that are songs, and addresses that stay.
+/// Items of a playlist that are songs.
 std::size_t CountSongs(const MovedPlaylist& playlist);
+/// Items of a playlist that are addresses, which stay.
 std::size_t CountAddresses(const MovedPlaylist& playlist);
 /// Playlists in that state.
 std::size_t CountOf(const MoveResult& move, MovedPlaylist::State state);

@@ -6,9 +6,9 @@ namespace norvo {
 
 /// A setting by which a player was pointed at its playlists.
 struct PlayerSetting {
-  String player;
-  String place;
-  String value;
+  String player;  ///< its name
+  String place;   ///< registry key and value, or settings file and key
+  String value;   ///< the folder of the player's restored playlists
 };
 
 }  // namespace norvo

@@ -10,6 +10,7 @@
 #include "overlay/OverlayPlatform.h"
 #include "services/Logging.h"
 #include "services/ObserverScope.h"
+#include "text/Encoding.h"
 
 namespace norvo {
 namespace {
@@ -71,10 +72,10 @@ void ReadAs(Component& library, std::int32_t type, ReadResult& result) {
 
 }  // namespace
 
-ReadResult ReadPlaylist(const std::shared_ptr<Platform>& machine, StringView path,
+ReadResult ReadPlaylist(const std::shared_ptr<Platform>& machine, const std::string& path,
                         std::int32_t type, const WorkOptions& options, WorkObserver& observer) {
   ReadResult result;
-  result.path = path;
+  result.path = FromUtf8Lossy(path);
   WorkReport report(observer, result.warnings);
   OpenedLibrary opened(machine, MachineSide::Old, report);
   const auto overlay = std::make_shared<OverlayPlatform>(machine);

@@ -14,22 +14,23 @@ namespace norvo {
 
 /// A player's playlist that was written.
 struct NativePlaylist {
-  String path;
+  String path;            ///< full, on the machine
   std::int32_t type = 0;  ///< see playlist_type
   bool whole = false;     ///< it was written to its end
 };
 
 /// A generic file and what was made of it.
 struct RestoredPlaylist {
-  String genericFile;
-  std::int32_t type = 0;    ///< as the file tells it; may be none
-  std::size_t entries = 0;  ///< that could be read
-  std::vector<NativePlaylist> natives;
+  String genericFile;                   ///< full path on the machine
+  std::int32_t type = 0;                ///< as the file tells it; may be none
+  std::size_t entries = 0;              ///< that could be read
+  std::vector<NativePlaylist> natives;  ///< in the order of their writing
 };
 
+/// What a restoring gives.
 struct RestoreResult : WorkResult {
-  std::vector<RestoredPlaylist> playlists;
-  std::vector<PlayerSetting> settings;  ///< that point the players at their playlists
+  std::vector<RestoredPlaylist> playlists;  ///< in the order of their restoring
+  std::vector<PlayerSetting> settings;      ///< that point the players at their playlists
 };
 
 /// Turns every generic file in the machine's documents folder and below into native playlists of

@@ -14,9 +14,10 @@ namespace norvo {
 /// A playlist that a scan has listed.
 struct ListedPlaylist {
   std::int32_t type = 0;  ///< see playlist_type
-  String path;
+  String path;            ///< full, on the machine
 };
 
+/// What a scan gives.
 struct ScanResult : WorkResult {
   std::vector<ListedPlaylist> playlists;  ///< in the order in which the queue takes them
   std::size_t folders = 0;                ///< that were looked into

@@ -14,16 +14,23 @@ namespace norvo {
 
 /// What a machine's settings shall be where it has none yet.
 struct SetupWishes {
-  std::optional<std::int32_t> role;      ///< see Utility::role; source without a wish
+  std::optional<std::int32_t> role;      ///< one of Utility::role; source without a wish
   std::optional<std::string> groupRoot;  ///< UTF-8; a full path on a drive of the machine
   bool withProductFolder = true;         ///< the folder that takes the log
 };
 
 /// What the set-up found or made.
 struct SetupStep {
-  enum class Kind { Value, Key, ProductFolder, GroupRootFolder, SubNamesFile };
+  /// What it is.
+  enum class Kind {
+    Value,            ///< a value of the registry
+    Key,              ///< a key of the registry
+    ProductFolder,    ///< takes the log
+    GroupRootFolder,  ///< takes the migration data
+    SubNamesFile      ///< names the folders below the group root
+  };
 
-  Kind kind = Kind::Value;
+  Kind kind = Kind::Value;         ///< decides which of the others are set
   Hive hive = Hive::LocalMachine;  ///< of a registry key or value
   String path;                     ///< the key's, the folder's or the file's
   String name;                     ///< of a value
@@ -31,6 +38,7 @@ struct SetupStep {
   bool written = false;            ///< it was missing before
 };
 
+/// What a set-up gives.
 struct SetupResult : WorkResult {
   std::vector<SetupStep> steps;  ///< in their order
 };
@@ -44,6 +52,7 @@ struct SetupResult : WorkResult {
 /// is registered in the group's data area, which only they name.
 SetupResult SetUpMachine(const std::shared_ptr<Platform>& machine, const SetupWishes& wishes,
                          const WorkOptions& options, WorkObserver& observer);
+/// The same, unwatched and without a log.
 SetupResult SetUpMachine(const std::shared_ptr<Platform>& machine, const SetupWishes& wishes = {});
 
 }  // namespace norvo

@@ -13,27 +13,30 @@ namespace norvo {
 
 /// A reference of a native playlist, as it is found by reading it back.
 struct VerifiedReference {
+  /// What the look-up gave.
   enum class Kind {
-    Found,
-    Missing,
-    Address  ///< on the internet, a share or a removable drive: not looked up
+    Found,    ///< the file is there
+    Missing,  ///< it is not
+    Address   ///< on the internet, a share or a removable drive: not looked up
   };
 
-  Kind kind = Kind::Missing;
-  String reference;  ///< of a file the full path
+  Kind kind = Kind::Missing;  ///< what the look-up gave
+  String reference;           ///< of a file the full path
 };
 
 /// What a native playlist refers to.
 struct VerifiedPlaylist {
-  String path;
+  String path;                                ///< full, on the machine
   std::vector<VerifiedReference> references;  ///< in its order
   bool whole = false;                         ///< it could be read to its end
 
+  /// Number of references of that kind.
   std::size_t Count(VerifiedReference::Kind kind) const;
 };
 
+/// What a verifying gives.
 struct VerifyResult : WorkResult {
-  std::vector<VerifiedPlaylist> playlists;
+  std::vector<VerifiedPlaylist> playlists;  ///< in the order of the paths
 };
 
 /// Reads native playlists and looks each reference up; changes nothing on the machine but for the

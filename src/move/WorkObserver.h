@@ -17,7 +17,10 @@ struct RestoredPlaylist;
 struct VerifiedPlaylist;
 
 /// Which machine of a move is meant; calls on a single machine say `Old`.
-enum class MachineSide { Old, New };
+enum class MachineSide {
+  Old,  ///< from which a move comes
+  New   ///< to which it goes
+};
 
 /// A debug log that a call writes.
 struct LogFile {
@@ -33,24 +36,25 @@ enum class WorkPhase {
   Checking,       ///< looking for what that has lost
   Planning,       ///< reading the generic files
   PlanningSongs,  ///< choosing the places of songs
-  BringingSongs,
-  Restoring,  ///< making native playlists of generic files
-  Verifying   ///< reading native playlists back
+  BringingSongs,  ///< copying, linking or comparing them
+  Restoring,      ///< making native playlists of generic files
+  Verifying       ///< reading native playlists back
 };
 
 /// How far a phase is.
 struct WorkProgress {
-  WorkPhase phase = WorkPhase::Scanning;
+  WorkPhase phase = WorkPhase::Scanning;  ///< what the call is busy with
   std::size_t position = 0;  ///< 1-based number of the file that is begun; folders while scanning
   std::size_t count = 0;     ///< files to do; 0 where that is not known
   double bytesDone = 0;      ///< only while songs are brought
-  double bytesTotal = 0;
-  StringView current;  ///< the file or folder; may be empty
+  double bytesTotal = 0;     ///< only while songs are brought
+  StringView current;        ///< the file or folder; may be empty
 };
 
 /// Something that a call could not do, or not whole, or found to be other than it should be. What
 /// the texts and counts are stands beside each kind; what is not named is empty or 0.
 struct WorkWarning {
+  /// What happened.
   enum class Kind {
     Library,          ///< `warning` tells what the library could not do
     Oddity,           ///< of the machine itself: `warning.text`
@@ -66,14 +70,14 @@ struct WorkWarning {
     ChangedAddress      ///< in `subject` stands `detail`, which was `wanted`
   };
 
-  Kind kind = Kind::Library;
-  MachineSide side = MachineSide::Old;
-  Warning warning;
-  String subject;
-  String detail;
-  String wanted;
-  std::size_t found = 0;
-  std::size_t expected = 0;
+  Kind kind = Kind::Library;            ///< decides which of the others are set
+  MachineSide side = MachineSide::Old;  ///< on which machine
+  Warning warning;                      ///< the library's own
+  String subject;                       ///< see each kind, as the others
+  String detail;                        ///< what was met
+  String wanted;                        ///< what should have been
+  std::size_t found = 0;                ///< how many
+  std::size_t expected = 0;             ///< of how many
 };
 
 /// Lets a caller follow long work, and end it. Every call is optional, comes on the thread of the
@@ -82,7 +86,9 @@ class WorkObserver {
  public:
   virtual ~WorkObserver() = default;
 
+  /// A file or folder is begun, or a megabyte of songs is done.
   virtual void OnProgress(const WorkProgress&) {}
+  /// The same warning stands in the result.
   virtual void OnWarning(const WorkWarning&) {}
   /// A log of that machine is written from now on.
   virtual void OnLog(MachineSide, const LogFile&) {}
@@ -90,20 +96,27 @@ class WorkObserver {
   virtual bool IsCancelled() { return false; }
 
   // Of a collecting.
+  /// An item of the playlist has become no entry.
   virtual void OnDropped(const CollectedPlaylist&, const DroppedItem&) {}
+  /// The queue is done with a playlist.
   virtual void OnCollected(const CollectedPlaylist&) {}
   /// The second playlist's generic file has just replaced that of the first.
   virtual void OnReplaced(const CollectedPlaylist&, const CollectedPlaylist&) {}
 
   // Of a restoring.
+  /// A generic file is done; its native playlists are whole or given up.
   virtual void OnRestored(const RestoredPlaylist&) {}
+  /// A native playlist of it is done.
   virtual void OnNative(const NativePlaylist&) {}
 
   // Of a verifying.
+  /// A native playlist has been read back.
   virtual void OnVerified(const VerifiedPlaylist&) {}
 
-  // Of a move: each song and each playlist once, when it is settled what becomes of it.
+  // Of a move.
+  /// It is settled what becomes of a song; told once of each.
   virtual void OnSong(const MovedSong&) {}
+  /// It is settled what becomes of a playlist; told once of each.
   virtual void OnPlaylist(const MovedPlaylist&) {}
 };
 

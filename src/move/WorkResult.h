@@ -14,8 +14,8 @@ struct WorkOptions {
 /// What every call on a machine gives.
 struct WorkResult {
   std::vector<WorkWarning> warnings;  ///< in the order in which they came up
-  LogFile log;
-  bool cancelled = false;  ///< the observer ended it; what is done stays
+  LogFile log;                        ///< when one was wished for
+  bool cancelled = false;             ///< the observer ended it; what is done stays
 };
 
 }  // namespace norvo

@@ -8,24 +8,10 @@
 #include "automation/AutomationObject.h"
 #include "services/Component.h"
 #include "services/TextStream.h"
+#include "services/UrlType.h"
 #include "text/Text.h"
 
 namespace norvo {
-
-/// Kinds of references found in playlists.
-namespace url_type {
-inline constexpr std::int32_t kFixedDrive = 0;
-inline constexpr std::int32_t kDriveRoot = 1;  ///< starts with a backslash
-inline constexpr std::int32_t kDotted = 2;     ///< starts with a point, holds a backslash
-inline constexpr std::int32_t kRelative = 3;   ///< other relative path with a backslash
-inline constexpr std::int32_t kBareName = 4;
-inline constexpr std::int32_t kRamDisk = 5;
-inline constexpr std::int32_t kRemovable = 6;  ///< removable drive or CD-ROM
-inline constexpr std::int32_t kNetworkDrive = 7;
-inline constexpr std::int32_t kShare = 8;
-inline constexpr std::int32_t kInternet = 9;
-inline constexpr std::int32_t kUnusable = 10;
-}  // namespace url_type
 
 /// Judges the references found in playlists and supplies the destination folders of a migration.
 namespace DataCop {

@@ -25,17 +25,33 @@ struct FileFacts {
   std::int64_t modified = 0;
 };
 
-/// Codes of the file system service.
-enum class DriveType { Unknown = 0, Removable = 1, Fixed = 2, Network = 3, CdRom = 4, RamDisk = 5 };
-
-struct Drive {
-  char16_t letter = u'C';  ///< upper case
-  DriveType type = DriveType::Unknown;
+/// Tells whether a file is still the one that was looked at before; as in `FileFacts`.
+struct FileStamp {
+  double size = 0;                                    ///< bytes
+  std::int64_t modified = 0;                          ///< nanoseconds since 1970
+  bool operator==(const FileStamp&) const = default;  ///< both are the same
 };
 
+/// Codes of the file system service.
+enum class DriveType {
+  Unknown = 0,    ///< or a drive that is not there
+  Removable = 1,  ///< diskettes and the like
+  Fixed = 2,      ///< the only drives that are searched for playlists
+  Network = 3,    ///< a share that has a letter
+  CdRom = 4,      ///< discs
+  RamDisk = 5     ///< in memory
+};
+
+/// One drive of a machine.
+struct Drive {
+  char16_t letter = u'C';               ///< upper case
+  DriveType type = DriveType::Unknown;  ///< what it holds
+};
+
+/// What a folder lists.
 struct FolderItem {
-  String name;
-  bool isFolder = false;
+  String name;            ///< as the disk spells it, without the folder
+  bool isFolder = false;  ///< else a file
 };
 
 /// An open file, read at any place. Closed when it is destroyed.
@@ -45,6 +61,7 @@ class BinaryFile {
   /// Reads up to `buffer.size()` bytes from a 0-based offset; fewer only at the file's end.
   /// Raises error 57 when the disk fails.
   virtual std::size_t ReadAt(std::uint64_t offset, std::span<char> buffer) = 0;
+  /// Bytes. Raises error 57 when the disk fails.
   virtual std::uint64_t Size() = 0;
 };
 
@@ -64,9 +81,11 @@ class FileSystem {
  public:
   virtual ~FileSystem() = default;
 
+  /// A drive's root counts as a folder.
   virtual bool FolderExists(StringView path) = 0;
   /// Facts of the file at the path; nothing when there is no file (a folder is none).
   virtual std::optional<FileFacts> FactsOf(StringView path) = 0;
+  /// True when there is a file at the path.
   bool FileExists(StringView path) { return FactsOf(path).has_value(); }
 
   /// Creates one folder; its parent must exist.
@@ -74,7 +93,9 @@ class FileSystem {
   /// Deletes a file, with `force` also one that is read-only.
   virtual void RemoveFile(StringView path, bool force) = 0;
 
+  /// Never null.
   virtual std::unique_ptr<BinaryFile> OpenForReading(StringView path) = 0;
+  /// Never null; with `create` a file that is missing is made.
   virtual std::unique_ptr<AppendFile> OpenForAppending(StringView path, bool create) = 0;
 
   /// Names in a folder: all sub-folders, and the files whose last characters are one of `endings`
@@ -86,7 +107,7 @@ class FileSystem {
   virtual String AbsolutePathName(StringView path) = 0;
   /// Type of the drive of a path ("C:" or longer); Unknown for a drive that the machine lacks.
   virtual DriveType TypeOfDrive(StringView path) = 0;
-  /// In letter order.
+  /// All drives, in letter order.
   virtual std::vector<Drive> Drives() = 0;
 
   /// Version text of a program file; empty when it carries none.

@@ -20,7 +20,7 @@ enum class PlaylistOutcome {
 
 /// What became of one item of a playlist that is being read.
 enum class ItemOutcome {
-  Kept,
+  Kept,          ///< it became an entry
   Missing,       ///< no such file
   NotMedia,      ///< the file exists, but is no media file to the library
   Empty,         ///< an empty reference
@@ -41,16 +41,18 @@ class Observer {
   virtual void OnLogLine(StringView) {}
   /// Work that was not done. Follows right behind the log line that tells of it.
   virtual void OnWarning(const Warning&) {}
+  /// A search is about to look into a folder.
   virtual void OnFolder(StringView /*path*/) {}
   /// The scan has met a playlist file, whether it will list it or not.
   virtual void OnPlaylistFile(StringView /*path*/) {}
   /// The search for media files has met one.
   virtual void OnMediaFile(StringView /*path*/) {}
-  /// `position` is 1-based.
+  /// The queue begins with a playlist. `position` is 1-based.
   virtual void OnPlaylistBegin(StringView /*path*/, std::size_t /*position*/,
                                std::size_t /*count*/) {}
-  /// `kept` counts the playlist's entries. `genericFile` is its generic file when that was written,
-  /// else empty; of a restored one it is the file that was read, which `path` is too.
+  /// The queue has ended with a playlist. `kept` counts the playlist's entries. `genericFile` is
+  /// its generic file when that was written, else empty; of a restored one it is the file that was
+  /// read, which `path` is too.
   virtual void OnPlaylistEnd(StringView /*path*/, std::int32_t /*type*/, PlaylistOutcome,
                              std::size_t /*kept*/, StringView /*genericFile*/) {}
   /// The next item of the playlist that is being read; `reference` as it was resolved.

@@ -9,6 +9,7 @@ namespace norvo {
 /// before at its end, however that comes. The component and both observers must outlive it.
 class ObserverScope {
  public:
+  /// The component's observer is this one from now on.
   ObserverScope(Component& component, Observer& observer)
       : component_(component), before_(component.Watcher()) {
     component_.SetObserver(&observer);

@@ -17,11 +17,14 @@ class ShellFolders {
  public:
   virtual ~ShellFolders() = default;
 
+  /// What `FolderPath` gives.
   struct Answer {
     std::uint32_t status = 0;  ///< 0 or the code of a failure
-    String path;
+    String path;               ///< the folder, after a success
   };
+  /// The code for an identifier that is none.
   static constexpr std::uint32_t kInvalidArgumentStatus = 0x80070057;
+  /// Added to an identifier: the folder is created when it is missing.
   static constexpr std::int32_t kCreateFlag = 0x8000;
   /// Identifier of the user's documents.
   static constexpr std::int32_t kDocuments = 5;
@@ -35,18 +38,20 @@ class ShellFolders {
 
 /// Where the product's own facts stand in the registry, and how they are named there.
 namespace product_values {
-inline constexpr StringView kBaseKey = u"SOFTWARE\\Norvo\\Migration";
-inline constexpr StringView kFolder = u"ProductFolder";
-inline constexpr StringView kName = u"ProductName";
+inline constexpr StringView kBaseKey = u"SOFTWARE\\Norvo\\Migration";  ///< the key
+inline constexpr StringView kFolder = u"ProductFolder";                ///< value: takes the log
+inline constexpr StringView kName = u"ProductName";                    ///< value: title of messages
 }  // namespace product_values
 
 /// The product's own facts. Each may raise.
 class ProductInformation {
  public:
   virtual ~ProductInformation() = default;
+  /// Registry key of the product, below its hive, without a trailing backslash.
   virtual String BaseKey() = 0;
-  /// With a trailing backslash.
+  /// Folder of the product, which takes the log. With a trailing backslash.
   virtual String Folder() = 0;
+  /// What messages call the product.
   virtual String Name() = 0;
 };
 
@@ -54,7 +59,7 @@ class ProductInformation {
 class SettingsStorage {
  public:
   virtual ~SettingsStorage() = default;
-  /// Nothing when there is no such file; raises when it cannot be read.
+  /// The file's bytes. Nothing when there is no such file; raises when it cannot be read.
   virtual std::optional<std::string> Read(StringView path) = 0;
   /// Replaces the file whole: a temporary file beside it, flushed, then renamed. The folder is
   /// created when it is missing. Raises, with the old file untouched, when anything fails.
@@ -65,7 +70,7 @@ class SettingsStorage {
 struct MediaRecord {
   String source;       ///< full path
   String destination;  ///< destination expression
-  String category;
+  String category;     ///< name of the group that it belongs to
 };
 
 /// Durable list of the media files to be moved. The same source and destination, case ignored, is
@@ -75,9 +80,10 @@ class MigrationList {
   virtual ~MigrationList() = default;
   /// Makes sure that the group exists under the root; false when the list cannot be kept.
   virtual bool EnsureGroup(StringView group, StringView root) = 0;
-  /// True when the record is in the list afterwards. It is durable after the next `Flush`.
+  /// Takes a record. True when it is in the list afterwards. It is durable after the next `Flush`.
   virtual bool Add(const MediaRecord& record) = 0;
-  /// False when something could not be written; it is kept for the next call.
+  /// Makes durable what was added. False when something could not be written; it is kept for the
+  /// next call.
   virtual bool Flush() = 0;
 };
 
@@ -88,7 +94,9 @@ class ScanVisitor {
   /// A folder is about to be listed; false skips it and all below. `path` has a trailing
   /// backslash only for a drive's root.
   virtual bool EnterFolder(StringView path) = 0;
+  /// A file with a wanted ending; `folder` as in `EnterFolder`.
   virtual void VisitFile(StringView folder, StringView name) = 0;
+  /// The walk goes on elsewhere; `reason` is the error's description.
   virtual void CannotList(StringView folder, StringView reason) = 0;
 };
 
@@ -105,6 +113,7 @@ class DriveScanner {
 class MessageDialog {
  public:
   virtual ~MessageDialog() = default;
+  /// Returns when the user has confirmed.
   virtual void Show(StringView title, StringView text) = 0;
 };
 
@@ -112,15 +121,25 @@ class MessageDialog {
 class Platform {
  public:
   virtual ~Platform() = default;
+  // Each service lives as long as the platform.
+
+  /// The disks.
   virtual FileSystem& Files() = 0;
+  /// The registry.
   virtual norvo::Registry& Registry() = 0;
+  /// Where the system keeps its special folders.
   virtual ShellFolders& Shell() = 0;
+  /// The product's own facts.
   virtual ProductInformation& Product() = 0;
+  /// Settings files on the disks.
   virtual SettingsStorage& Settings() = 0;
+  /// The list of the media files to be moved.
   virtual MigrationList& Migration() = 0;
   /// Null where the machine has no drive scanner; raises when it cannot be created.
   virtual DriveScanner* Scanner() = 0;
+  /// Shows the messages of the library.
   virtual MessageDialog& Messages() = 0;
+  /// The 8-bit code page of the machine's files.
   virtual const CodePage& AnsiPage() = 0;
   /// Where a path of the machine is on the system that the process runs on, in UTF-8, as far as it
   /// exists; for messages. Empty when it can be nowhere, or the platform cannot tell.

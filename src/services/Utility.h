@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "services/Component.h"
+#include "services/MachineRole.h"
 #include "text/Text.h"
 
 /// Small string and file helpers that the classes share. None raises.
@@ -36,12 +37,7 @@ void DeleteFileForced(Component& component, StringView path);
 /// Bytes of a file; 0, with a line in the log, when it cannot be told.
 double GetFileSize(Component& component, StringView path);
 
-/// Machine roles: 0 source, 1 destination, 3 neither or unknown.
-namespace role {
-inline constexpr std::int32_t kSource = 0;
-inline constexpr std::int32_t kDestination = 1;
-inline constexpr std::int32_t kNeither = 3;
-}  // namespace role
+/// One of those in services/MachineRole.h.
 std::int32_t GetMachineRole(Component& component);
 
 }  // namespace norvo::Utility

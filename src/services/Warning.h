@@ -25,7 +25,7 @@ enum class WarningKind {
 
 /// Work that was not done.
 struct Warning {
-  WarningKind kind = WarningKind::FolderNotListed;
+  WarningKind kind = WarningKind::FolderNotListed;  ///< what was not done
   String path;    ///< what the work was on; empty where it was on no one file or folder
   String reason;  ///< the error's description; empty where there is none
   String text;    ///< the whole line as it stands in the log

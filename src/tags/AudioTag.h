@@ -23,13 +23,6 @@ struct AudioTag {
   std::int16_t track = 0;     // of ID3v2
 };
 
-/// Tells whether a file is still the one that was looked at before.
-struct FileStamp {
-  double size = 0;
-  std::int64_t modified = 0;
-  bool operator==(const FileStamp&) const = default;
-};
-
 /// Reads a file's tag; what was read before an error counts too. With a stamp that a look-up has
 /// just given, a tag that was read before from the same file is not read again: a song often
 /// stands in several playlists. Raises only when the file's name cannot be had.

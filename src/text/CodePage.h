@@ -12,8 +12,9 @@ class CodePage {
  public:
   virtual ~CodePage() = default;
 
+  /// The text of these bytes.
   virtual String Decode(std::string_view bytes) const = 0;
-  /// A character that the page lacks becomes "?".
+  /// The bytes of a text. A character that the page lacks becomes "?".
   virtual std::string Encode(StringView text) const = 0;
   /// True when every character of the text has a byte of its own.
   virtual bool Fits(StringView text) const = 0;

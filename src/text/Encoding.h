@@ -10,7 +10,12 @@
 namespace norvo {
 
 /// How a text file stores its characters; known by the byte order mark at its start.
-enum class FileEncoding { CodePage, Utf8, Utf16LittleEndian, Utf16BigEndian };
+enum class FileEncoding {
+  CodePage,           ///< 8-bit text, without a mark
+  Utf8,               ///< with a mark
+  Utf16LittleEndian,  ///< with a mark
+  Utf16BigEndian      ///< with a mark
+};
 
 /// Encoding of a file that begins with these bytes.
 FileEncoding DetectEncoding(std::string_view bytes);
@@ -35,7 +40,7 @@ String FromUtf8Lossy(std::string_view bytes);
 /// False for a text with a unit that is half of no pair.
 bool IsWholeUtf16(StringView text);
 
-/// A unit that is half of no pair becomes U+FFFD.
+/// UTF-8 of a text. A unit that is half of no pair becomes U+FFFD.
 std::string ToUtf8(StringView text);
 
 /// The same, added to the end of `bytes`.

@@ -5,15 +5,20 @@
 #include <string_view>
 #include <vector>
 
+/// All names of the library.
 namespace norvo {
 
 /// Every text inside the library is counted UTF-16; an empty text and a missing value are the
 /// same. Other encodings exist only at the edges (see text/CodePage.h and text/Encoding.h).
 using String = std::u16string;
+/// A view of such a text.
 using StringView = std::u16string_view;
 
 /// How characters are compared: unit by unit, or by the upper case of each unit.
-enum class Compare { Binary, Text };
+enum class Compare {
+  Binary,  ///< unit by unit
+  Text     ///< by the upper case
+};
 
 /// Upper case of one UTF-16 unit; a unit without an upper-case form is its own.
 char16_t ToUpper(char16_t unit) noexcept;
@@ -23,6 +28,7 @@ constexpr char16_t ToLowerAscii(char16_t unit) noexcept {
   return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
 }
 
+/// True for 0 to 9.
 constexpr bool IsDigit(char16_t unit) noexcept {
   return unit >= u'0' && unit <= u'9';
 }
@@ -31,17 +37,21 @@ constexpr bool IsDigit(char16_t unit) noexcept {
 /// their folded forms are equal.
 String Fold(StringView text);
 
+/// True when the folded forms are equal.
 bool EqualsIgnoreCase(StringView left, StringView right) noexcept;
+/// True when the folded form of `text` ends in that of `ending`; every text ends in the empty one.
 bool EndsWithIgnoreCase(StringView text, StringView ending) noexcept;
 
 /// 0-based position of the first occurrence at or after `from`, npos when there is none. The
 /// empty text is found at `from`.
 std::size_t FindIgnoreCase(StringView text, StringView sought, std::size_t from = 0) noexcept;
 
+/// True when `sought` stands anywhere in `text`.
 inline bool ContainsIgnoreCase(StringView text, StringView sought) noexcept {
   return FindIgnoreCase(text, sought) != StringView::npos;
 }
 
+/// @{
 /// Kinds of units around names and values; each format has its own idea of what is not part of
 /// them.
 constexpr bool IsBlankOrTab(char16_t unit) noexcept {
@@ -53,7 +63,9 @@ constexpr bool IsAsciiControl(char16_t unit) noexcept {
 constexpr bool IsBlankOrControl(char16_t unit) noexcept {
   return unit <= u' ';
 }
+/// @}
 
+/// @{
 /// The text without the units at its start, at its end, or at both, that `isDropped` accepts.
 template <class IsDropped>
 constexpr StringView TrimStart(StringView text, IsDropped isDropped) noexcept {
@@ -69,6 +81,7 @@ template <class IsDropped>
 constexpr StringView Trim(StringView text, IsDropped isDropped) noexcept {
   return TrimEnd(TrimStart(text, isDropped), isDropped);
 }
+/// @}
 
 /// The text without its leading and trailing blanks (character 32 only).
 constexpr StringView Trim(StringView text) noexcept {
@@ -87,13 +100,16 @@ std::vector<StringView> Split(StringView text, char16_t separator);
 /// an order is always complete.
 bool LessIgnoreCase(StringView left, StringView right) noexcept;
 
-/// Hash and equality that do not regard case, for unordered containers.
+/// A hash that does not regard case, for unordered containers.
 struct CaselessHash {
-  using is_transparent = void;
+  using is_transparent = void;  ///< a view is looked up without a copy
+  /// The hash of the folded form.
   std::size_t operator()(StringView text) const noexcept;
 };
+/// The equality that belongs to `CaselessHash`.
 struct CaselessEqual {
-  using is_transparent = void;
+  using is_transparent = void;  ///< a view is compared without a copy
+  /// See `EqualsIgnoreCase`.
   bool operator()(StringView left, StringView right) const noexcept {
     return EqualsIgnoreCase(left, right);
   }

@@ -143,6 +143,13 @@ TEST(Conversions, ADateBecomesItsText) {
   EXPECT_TEXT(ToText(Date{37755.5}), u"5/14/2003 12:00:00 PM");
 }
 
+TEST(Conversions, AValueIsHadInUtf8) {
+  EXPECT_EQ(ToUtf8Text(Text(u"Ma\u00DF")), "Ma\xC3\x9F");
+  EXPECT_EQ(ToUtf8Text(std::int32_t{-7}), "-7");
+  EXPECT_EQ(ToUtf8Text(Variant()), "");
+  EXPECT_EQ(NumberRaisedBy([] { return ToUtf8Text(Missing{}); }), error::kTypeMismatch);
+}
+
 TEST(Conversions, LikeRaisesForAPatternThatIsNotValid) {
   EXPECT_TRUE(Like(u"abc", u"A*", Compare::Text));
   EXPECT_FALSE(Like(u"abc", u"A*", Compare::Binary));

@@ -3,6 +3,7 @@
 #include "automation/Conversions.h"
 #include "automation/RunTimeError.h"
 #include "support/LibraryTest.h"
+#include "support/RaisedErrors.h"
 
 namespace norvo {
 namespace {
@@ -44,6 +45,24 @@ TEST_F(CreationTest, AnUnknownNameIsErrorFourHundredAndTwentyNine) {
       EXPECT_TEXT(failure.Description(), u"ActiveX component can't create object");
     }
   }
+}
+
+TEST_F(CreationTest, NamesAndTextsInUtf8DoAsWell) {
+  platform->ConfigureProduct();
+  platform->AddFile(u"C:\\\u00C4pfel.mp3", "12345");
+  platform->AddFile(u"C:\\Z\u00FCrich.m3u", "C:\\\xC4pfel.mp3\r\n");
+  const ObjectRef playlist = component.Create("playlist");
+  playlist->Let("PlayListType", 6);
+  EXPECT_TRUE(ToBoolean(playlist->Call("ReadPlayList", "C:\\Z\xC3\xBCrich.m3u")));
+  EXPECT_EQ(ToUtf8Text(playlist->Get("PlayListName")), "Z\xC3\xBCrich");
+  const ObjectRef entries = ToObject(playlist->Get("PlayListEntries"));
+  const ObjectRef entry = ToObject(entries->Call("Item", 1));
+  EXPECT_EQ(ToUtf8Text(entry->Get("Entry_SourceURL")), "C:\\\xC3\x84pfel.mp3");
+}
+
+TEST_F(CreationTest, AnUnknownNameInUtf8IsErrorFourHundredAndTwentyNineToo) {
+  EXPECT_EQ(NumberRaisedBy([&] { return component.Create("Nothing"); }),
+            error::kCannotCreateObject);
 }
 
 TEST_F(CreationTest, TwoLibrariesOverTwoMachinesShareNothing) {

@@ -1,6 +1,9 @@
 #include "move/SetUpMachine.h"
 
+#include "automation/Conversions.h"
+#include "model/PlaylistTypes.h"
 #include "move/MoveError.h"
+#include "move/ReadPlaylist.h"
 #include "support/LibraryTest.h"
 
 namespace norvo {
@@ -74,6 +77,39 @@ TEST_F(SetUpMachineTest, AGroupRootIsAFullPathOnADriveOfTheMachine) {
   EXPECT_EQ(FaultOf(wishes), MoveFault::GroupRootNotFull);
   wishes.groupRoot = "Q:\\Media";
   EXPECT_EQ(FaultOf(wishes), MoveFault::GroupRootNowhere);
+}
+
+/// A machine with a playlist of one song, and what it reads as.
+class UnsetMachineTest : public SetUpMachineTest {
+ protected:
+  UnsetMachineTest() {
+    platform->AddFile(u"C:\\a.mp3", "12345");
+    platform->AddFile(u"C:\\Z\u00FCrich.m3u", "C:\\a.mp3\r\n");
+  }
+
+  std::int32_t CountOfPlayList() {
+    const auto opened = OpenLibrary(platform);
+    const ObjectRef playlist = opened->Create("PlayList");
+    playlist->Let("PlayListType", playlist_type::kMmjbM3u);
+    EXPECT_TRUE(ToBoolean(playlist->Call("ReadPlayList", kPath)));
+    return ToInt32(playlist->Get("TotalSongs"));
+  }
+
+  static constexpr const char* kPath = "C:\\Z\xC3\xBCrich.m3u";
+};
+
+TEST_F(UnsetMachineTest, APlayListKeepsItsSongsOnlyWhenTheMachineIsSetUp) {
+  EXPECT_EQ(CountOfPlayList(), 0);
+  Run();
+  EXPECT_EQ(CountOfPlayList(), 1);
+}
+
+TEST_F(UnsetMachineTest, ReadPlaylistNeedsNoSettings) {
+  WorkObserver observer;
+  const ReadResult read = ReadPlaylist(platform, kPath, playlist_type::kUnknown, {}, observer);
+  ASSERT_EQ(read.entries.size(), 1u);
+  EXPECT_TEXT(read.entries[0].source, u"C:\\a.mp3");
+  EXPECT_TEXT(read.path, u"C:\\Z\u00FCrich.m3u");
 }
 
 }  // namespace

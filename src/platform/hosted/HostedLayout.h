@@ -12,8 +12,8 @@ namespace norvo {
 
 /// A drive of a machine that is held in a folder.
 struct HostedDrive {
-  char16_t letter = u'C';  ///< upper case
-  DriveType type = DriveType::Unknown;
+  char16_t letter = u'C';               ///< upper case
+  DriveType type = DriveType::Unknown;  ///< only fixed drives are searched
   std::filesystem::path folder;  ///< holds the drive's contents; missing while nothing is inserted
 };
 

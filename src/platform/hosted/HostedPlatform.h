@@ -18,6 +18,7 @@ class HostedFileSystem;
 /// Used on one thread at a time; two machines share nothing.
 class HostedPlatform final : public Platform {
  public:
+  /// A machine of these folders. Nothing is read before it is asked for.
   explicit HostedPlatform(HostedLayout layout);
   /// The machine that one folder holds, see ReadLayout; raises as that does.
   explicit HostedPlatform(const std::filesystem::path& machineFolder);

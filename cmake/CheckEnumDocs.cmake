@@ -1,0 +1,22 @@
+# Fails when a value of a public enumeration has no comment: doxygen itself says nothing of these.
+# XML is the folder with what it has written.
+set(blank "[ \n]*")
+set(undocumented "<name>([A-Za-z0-9_]+)</name>${blank}")
+string(APPEND undocumented "(<initializer>[^<]*</initializer>${blank})?")
+string(APPEND undocumented "<briefdescription>${blank}</briefdescription>${blank}")
+string(APPEND undocumented "<detaileddescription>${blank}</detaileddescription>${blank}</enumvalue>")
+
+file(GLOB compounds "${XML}/*.xml")
+set(missing)
+foreach(compound IN LISTS compounds)
+  file(READ "${compound}" text)
+  string(REGEX MATCHALL "${undocumented}" values "${text}")
+  foreach(value IN LISTS values)
+    string(REGEX REPLACE "^<name>([A-Za-z0-9_]+).*" "\\1" name "${value}")
+    get_filename_component(where "${compound}" NAME_WE)
+    string(APPEND missing "\n  ${name} in ${where}")
+  endforeach()
+endforeach()
+if(missing)
+  message(FATAL_ERROR "Enumeration values without a comment:${missing}")
+endif()

@@ -1,0 +1,9 @@
+#pragma once
+
+#include <string>
+
+namespace own {
+
+using Text = std::string;
+
+}  // namespace own
