@@ -2,6 +2,7 @@
 # `#include "room/Header.h"` as `#include <norvo/room/Header.h>`. Nothing else is there afterwards;
 # a file that does not change keeps its time. A header that includes one that is not among HEADERS
 # is an error.
+cmake_policy(VERSION 3.25)
 
 file(GLOB_RECURSE before RELATIVE "${DESTINATION}" "${DESTINATION}/*")
 foreach(header IN LISTS before)

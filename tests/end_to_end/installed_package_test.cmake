@@ -4,14 +4,14 @@ set(work "${BUILD_DIR}/installed-package-test")
 file(REMOVE_RECURSE "${work}")
 file(MAKE_DIRECTORY "${work}")
 
-# run(EXIT_CODE COMMAND...): what it has printed is in `output`.
+# run(EXIT_CODE COMMAND...): what it has printed is in `output`, errors behind the rest.
 function(run expected)
   execute_process(COMMAND ${ARGN}
-    RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+    RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE errors)
   if(NOT result EQUAL expected)
-    message(FATAL_ERROR "ended with ${result} instead of ${expected}: ${ARGN}\n${output}")
+    message(FATAL_ERROR "ended with ${result} instead of ${expected}: ${ARGN}\n${output}${errors}")
   endif()
-  set(output "${output}" PARENT_SCOPE)
+  set(output "${output}${errors}" PARENT_SCOPE)
 endfunction()
 
 # expect(TEXT...): each stands in `output`.
@@ -48,20 +48,28 @@ function(try_printing program machine)
   expect("No entry was kept")
   run(0 "${NORVO_PLAYLISTS}" init --machine "${machine}")
   run(0 "${program}" "${machine}" "C:\\Music\\Mix.m3u")
-  expect(${songs_of_mix})
+  expect("1  The Harbours - Northern Lights  C:\\Music\\Pop Hits [2003]\\01 Northern Lights.mp3"
+    "C:\\Music\\Sounds\\bell.wav")
 endfunction()
 
-# Moves the playlists of the sample machine to the other one.
+# Moves the playlists of the sample machine: to another one, to one that takes no songs, and from
+# nowhere.
 function(try_moving program folder)
   file(COPY "${EXAMPLES_DIR}/sample-machine/" DESTINATION "${folder}/old")
   file(COPY "${EXAMPLES_DIR}/sample-new-machine/" DESTINATION "${folder}/new")
   run(0 "${program}" "${folder}/old" "${folder}/new")
-  expect("C:\\Music\\Mix.m3u: 2 songs, 4 new playlists" "references lead to their songs")
+  expect("C:\\Music\\Mix.m3u: 2 songs, 4 new playlists"
+    "Party Mix.asx lists in vain: C:\\Music\\Pop Hits [2003]\\06 Deleted Scene.mp3"
+    "476 of 476 references lead to their songs")
   if(NOT EXISTS "${folder}/new/C/My Documents/Norvo Media/PlayLists/WinAmp/Mix.m3u")
     message(FATAL_ERROR "no playlist was restored:\n${output}")
   endif()
-  # What was left out is named, and decides on the exit code.
-  file(REMOVE_RECURSE "${folder}/new")
+
+  # A file stands where the folder of the songs should be.
+  file(WRITE "${folder}/full/C/My Documents/Norvo Media/Music" "")
+  run(1 "${program}" "${folder}/old" "${folder}/full")
+  expect("left out: the song C:\\Music\\Root Song.mp3" "0 of 476 references")
+
   run(2 "${program}" "${folder}/nowhere" "${folder}/new")
   expect("${folder}/nowhere")
 endfunction()

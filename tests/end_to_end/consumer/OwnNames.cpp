@@ -1,7 +1,8 @@
 // A program with a text/Text.h and a services/Platform.h of its own, which come first.
-#include <iostream>
 #include <norvo/library/Library.h>
 #include <norvo/move/MovePlaylists.h>
+
+#include <iostream>
 
 #include "services/Platform.h"
 #include "text/Text.h"
