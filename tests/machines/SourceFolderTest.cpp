@@ -1,5 +1,6 @@
 #include "machines/SourceFolder.h"
 
+#include "machines/MachineFoldersTest.h"
 #include "move/MoveFixture.h"
 
 namespace norvo {
@@ -35,6 +36,136 @@ TEST_F(SourceFolderTest, DrivesAloneAreAMachineAlsoBesideWhatAStoppedRunHasLeft)
   WriteFile(fs::path(Old()) / ".norvo-1.tmp", "torn");
   EXPECT_EQ(RunProgram({"migrate", "--from", Old(), "--to", New()}).code, 0);
   EXPECT_TRUE(fs::exists(OldPlace(kRoot + R"(KVs\Mix.ini)")));
+}
+
+/// What a folder is made for the move.
+class SourceMachineTest : public MachineFoldersTest {
+ protected:
+  static Lines DrivesOf(const SourceFolder& source) {
+    Lines lines;
+    for (const HostedDrive& drive : source.Machine()->DriveFolders()) {
+      lines.push_back(std::string(1, static_cast<char>(drive.letter)) + ": " +
+                      drive.folder.string());
+    }
+    return lines;
+  }
+  MoveError ErrorOfSource(const std::string& from, const std::string& work) {
+    return ErrorOf([&] { SourceFolder(At(from), work.empty() ? fs::path() : At(work)); });
+  }
+};
+
+TEST_F(SourceMachineTest, ADiskIsDriveCAndTheProductsDataGoToATemporaryDriveZ) {
+  PutDisk("disk");
+  const auto before = Tree(At("disk"));
+  fs::path temporary;
+  {
+    const SourceFolder source(At("disk"), {});
+    EXPECT_TRUE(source.IsReadOnly());
+    EXPECT_TRUE(source.IsTemporary());
+    EXPECT_EQ(source.GroupRoot(), "Z:\\Norvo Media\\");
+    const std::vector<HostedDrive> drives = source.Machine()->DriveFolders();
+    ASSERT_EQ(drives.size(), 2u);
+    EXPECT_EQ(drives[0].letter, u'C');
+    EXPECT_EQ(drives[0].folder, At("disk"));
+    EXPECT_EQ(drives[1].letter, u'Z');
+    temporary = drives[1].folder;
+    EXPECT_TRUE(fs::is_directory(temporary));
+  }
+  EXPECT_FALSE(fs::exists(temporary.parent_path()));
+  EXPECT_EQ(Tree(At("disk")), before);
+}
+
+TEST_F(SourceMachineTest, AWorkFolderTakesTheProductsData) {
+  PutDisk("disk");
+  {
+    const SourceFolder source(At("disk"), At("some/work"));
+    EXPECT_TRUE(source.IsReadOnly());
+    EXPECT_FALSE(source.IsTemporary());
+    EXPECT_EQ(source.GroupRoot(), "Z:\\Norvo Media\\");
+    EXPECT_EQ(DrivesOf(source),
+              (Lines{"C: " + At("disk").string(), "Z: " + At("some/work/Z").string()}));
+  }
+  EXPECT_TRUE(fs::is_directory(At("some/work/Z")));
+}
+
+TEST_F(SourceMachineTest, AMachineWithAWorkFolderKeepsItsDrivesAndGetsALetterMore) {
+  PutDisk("old/C");
+  PutDisk("old/Z");
+  const SourceFolder source(At("old"), At("work"));
+  EXPECT_EQ(source.GroupRoot(), "Y:\\Norvo Media\\");
+  EXPECT_EQ(DrivesOf(source), (Lines{"C: " + At("old/C").string(), "Y: " + At("work/Y").string(),
+                                     "Z: " + At("old/Z").string()}));
+}
+
+TEST_F(SourceMachineTest, AMachineWithoutAWorkFolderTakesItsDataItself) {
+  PutDisk("old/C");
+  const SourceFolder source(At("old"), {});
+  EXPECT_FALSE(source.IsReadOnly());
+  EXPECT_FALSE(source.IsTemporary());
+  EXPECT_EQ(source.GroupRoot(), "");
+  EXPECT_EQ(DrivesOf(source), Lines{"C: " + At("old/C").string()});
+}
+
+TEST_F(SourceMachineTest, AMachineWithAllLettersHasNoneForAWorkFolder) {
+  for (char letter = 'C'; letter <= 'Z'; ++letter) {
+    fs::create_directories(At("old") / std::string(1, letter));
+  }
+  ExpectError(ErrorOfSource("old", "work"), MoveFault::NoFreeLetter, At("old").string());
+  EXPECT_FALSE(fs::exists(At("work")));
+  EXPECT_FALSE(SourceFolder(At("old"), {}).IsReadOnly());
+}
+
+TEST_F(SourceMachineTest, AWorkFolderThatHoldsAnotherMachineIsRefusedAndLeftAsItIs) {
+  PutDisk("disk");
+  PutDisk("drives/C");
+  Put(At("settings/machine.ini"), "[Drives]\r\nC=fixed\r\n");
+  for (const char* const work : {"drives", "settings"}) {
+    const auto before = Tree(At(work));
+    ExpectError(ErrorOfSource("disk", work), MoveFault::WorkTaken, At(work).string());
+    EXPECT_EQ(Tree(At(work)), before) << work;
+  }
+}
+
+TEST_F(SourceMachineTest, AWorkFolderOfAnEarlierRunIsTakenAgain) {
+  PutDisk("disk");
+  { const SourceFolder source(At("disk"), At("work")); }
+  Put(At("work/Z/Norvo Media/KVs/Mix.ini"), "of the earlier run");
+  const SourceFolder source(At("disk"), At("work"));
+  EXPECT_EQ(Get(At("work/Z/Norvo Media/KVs/Mix.ini")), "of the earlier run");
+}
+
+TEST_F(SourceMachineTest, AWorkFolderOfAnEarlierVersionWithLinksIsTaken) {
+  PutDisk("disk");
+  Put(At("work/machine.ini"),
+      "; Made anew by each run of norvo-playlists.\r\n[Drives]\r\nC=fixed\r\n");
+  fs::create_directory_symlink(At("disk"), At("work/C"));
+  const auto before = Tree(At("disk"));
+  const SourceFolder source(At("disk"), At("work"));
+  EXPECT_EQ(DrivesOf(source), (Lines{"C: " + At("disk").string(), "Z: " + At("work/Z").string()}));
+  EXPECT_EQ(Tree(At("disk")), before);
+}
+
+TEST_F(SourceMachineTest, LinksAloneAreNoMachineOfTheWorkFolder) {
+  PutDisk("disk");
+  fs::create_directories(At("work"));
+  fs::create_directory_symlink(At("disk"), At("work/C"));
+  EXPECT_EQ(SourceFolder(At("disk"), At("work")).GroupRoot(), "Z:\\Norvo Media\\");
+}
+
+TEST_F(SourceMachineTest, WhatIsNoFolderIsRefused) {
+  Put(At("file"), "");
+  ExpectError(ErrorOfSource("none", {}), MoveFault::NoFolder, At("none").string());
+  ExpectError(ErrorOfSource("file", {}), MoveFault::NoFolder, At("file").string());
+}
+
+TEST_F(SourceMachineTest, AWorkFolderThatCannotBeMadeIsRefusedWithTheReason) {
+  PutDisk("disk");
+  Put(At("file"), "");
+  ExpectError(ErrorOfSource("disk", "file/work"), MoveFault::WorkNotCreated,
+              At("file/work").string(), "Not a directory");
+  Put(At("work/Z"), "a file");
+  ExpectError(ErrorOfSource("disk", "work"), MoveFault::WorkNotCreated, At("work/Z").string(),
+              "File exists");
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include "readers/GenericReader.h"
 
+#include "automation/Conversions.h"
 #include "readers/GenericReaderFixture.h"
+#include "text/Encoding.h"
 
 namespace norvo {
 namespace {
@@ -198,6 +200,35 @@ TEST_F(GenericReaderTest, NothingEscapesFromAFailingMachine) {
     EXPECT_GT(k, 2u);
     EXPECT_EQ(Kept(), 1);
   }
+}
+
+TEST_F(GenericReaderTest, ATextThatStandsOnNoDiskReadsAsItsFileDoes) {
+  platform->AddFile(u"C:\\Music\\One.mp3", UntaggedMedia());
+  const std::string bytes =
+      Generic({"PlaylistName=Mix", "PlaylistType=3", "OriginalFileName=Mix.m3u", "TotalSongs=2"},
+              {"[Entry 1 Properties]", "SourceURL=C:\\Music\\One.mp3", "[Entry 2 Properties]",
+               "SourceURL=http://a"});
+  ReadBytes(bytes);
+  PlaylistRecord record;
+  ReadGeneric(component, record, IniDocument(FromUtf8Lossy(bytes)));
+  EXPECT_TEXT(record.name, u"Mix");
+  EXPECT_TEXT(record.originalFileName, u"Mix.m3u");
+  EXPECT_EQ(record.type, 3);
+  Lines sources;
+  record.entries->ForEach([&](AutomationObject& entry, std::int32_t) {
+    sources.push_back(Utf8(ToText(entry.Get(u"Entry_SourceURL"))));
+  });
+  EXPECT_EQ(sources, Fields(u"Entry_SourceURL"));
+  EXPECT_EQ(sources, (Lines{"C:\\Music\\One.mp3", "http://a"}));
+}
+
+TEST_F(GenericReaderTest, OfATextThatStandsOnNoDiskWhatWasReadBeforeAnErrorStays) {
+  PlaylistRecord record;
+  ReadGeneric(component, record,
+              IniDocument(u"[Global Properties]\r\nPlaylistName=Mix\r\nPlaylistType=three\r\n"));
+  EXPECT_TEXT(record.name, u"Mix");
+  EXPECT_EQ(record.type, 0);
+  EXPECT_EQ(platform->Calls(u"Settings.Read"), 0u);
 }
 
 }  // namespace

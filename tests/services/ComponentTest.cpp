@@ -3,8 +3,11 @@
 #include <cstdlib>
 
 #include "automation/RunTimeError.h"
+#include "services/DataCop.h"
 #include "services/Logging.h"
+#include "services/NVServices.h"
 #include "services/ObserverScope.h"
+#include "services/ProfileFile.h"
 #include "support/LibraryTest.h"
 
 namespace norvo {
@@ -111,6 +114,33 @@ TEST(ComponentDeathTest, AShortageOfMemoryAtTheLastFlushDoesNotEndTheProgram) {
     std::_Exit(machine->Log().HasFailed() ? 0 : 1);
   };
   EXPECT_EXIT(end(), ::testing::ExitedWithCode(0), "");
+}
+
+/// The group root, and how often the registry was read for it.
+std::pair<String, std::size_t> GroupRootAndReads(Component& component, MemoryPlatform& machine) {
+  const std::size_t before = machine.Calls(u"Registry.Read");
+  String root;
+  NVServices::GetSubGroupRoot(component, DataCop::kGroup, root);
+  return {root, machine.Calls(u"Registry.Read") - before};
+}
+
+TEST_F(ComponentTest, APinnedGroupRootWinsAndTheRegistryIsNotAsked) {
+  platform->ConfigureProduct();
+  EXPECT_EQ(GroupRootAndReads(component, *platform), std::pair(String(kGroupRoot), std::size_t{1}));
+  component.PinGroupRoot(u"D:\\Media\\");
+  EXPECT_EQ(GroupRootAndReads(component, *platform),
+            std::pair(String(u"D:\\Media\\"), std::size_t{0}));
+  EXPECT_TEXT(DataCop::GetGroupRoot(component), u"D:\\Media\\");
+  Component other(platform, {});
+  EXPECT_EQ(GroupRootAndReads(other, *platform), std::pair(String(kGroupRoot), std::size_t{1}));
+}
+
+TEST_F(ComponentTest, APinnedGroupRootHoldsForSettingsFilesOfBareNames) {
+  component.PinGroupRoot(u"D:\\Media");
+  platform->AddFile(u"D:\\Media\\KVs\\a.ini", "[s]\r\n");
+  ProfileFile file(component);
+  EXPECT_TRUE(file.OpenFile(u"a.ini"));
+  EXPECT_TRUE(file.Exists());
 }
 
 }  // namespace

@@ -227,5 +227,64 @@ TEST_F(ProfileFileTest, AFolderIsNoSettingsFile) {
   EXPECT_FALSE(file.OpenFile(u"C:\\folder"));
 }
 
+/// A text that is no file, with one value.
+IniDocument Held() {
+  return IniDocument(u"[s]\r\nkey=1\r\n");
+}
+
+TEST_F(ProfileFileTest, ATextThatIsNoFileCanBeRead) {
+  ProfileFile file(component);
+  file.Hold(Held());
+  EXPECT_TRUE(file.Exists());
+  EXPECT_FALSE(file.SelectSection(u"none"));
+  ASSERT_TRUE(file.SelectSection(u"s"));
+  String value;
+  EXPECT_EQ(file.ReadValue(u"key", value), 0);
+  EXPECT_TEXT(value, u"1");
+  EXPECT_EQ(platform->Log().Total(), 0u);
+}
+
+TEST_F(ProfileFileTest, WhatIsSetInAHeldTextIsNeverWritten) {
+  platform->AddFile(u"C:\\a.ini", "[s]\r\nkey=2\r\n");
+  {
+    ProfileFile file(component);
+    ASSERT_TRUE(file.OpenFile(u"C:\\a.ini"));
+    file.Hold(Held());
+    file.SelectSection(u"s");
+    file.WriteValue(u"key", u"3");
+    String value;
+    EXPECT_EQ(file.ReadValue(u"key", value), 0);
+    EXPECT_TEXT(value, u"3");
+    file.Close();
+    EXPECT_NE(file.ReadValue(u"key", value), 0);
+    file.Hold(Held());
+    file.SelectSection(u"s");
+    file.WriteValue(u"key", u"4");
+  }
+  EXPECT_EQ(platform->Bytes(u"C:\\a.ini"), "[s]\r\nkey=2\r\n");
+  EXPECT_EQ(platform->Calls(u"Settings.Write"), 0u);
+}
+
+TEST_F(ProfileFileTest, WhatWasSetInAFileIsWrittenBeforeATextIsHeld) {
+  ProfileFile file(component);
+  ASSERT_TRUE(file.OpenFile(u"C:\\a.ini"));
+  file.SelectSection(u"s");
+  file.WriteValue(u"key", u"2");
+  file.Hold(Held());
+  EXPECT_EQ(platform->Bytes(u"C:\\a.ini"), "[s]\r\nkey=2\r\n");
+}
+
+TEST_F(ProfileFileTest, AfterAHeldTextAFileIsWrittenAgain) {
+  ProfileFile file(component);
+  file.Hold(Held());
+  ASSERT_TRUE(file.OpenFile(u"C:\\a.ini"));
+  file.SelectSection(u"s");
+  String value;
+  EXPECT_NE(file.ReadValue(u"key", value), 0);
+  file.WriteValue(u"key", u"2");
+  file.Close();
+  EXPECT_TRUE(platform->HasFile(u"C:\\a.ini"));
+}
+
 }  // namespace
 }  // namespace norvo

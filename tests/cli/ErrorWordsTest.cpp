@@ -1,0 +1,99 @@
+#include "cli/ErrorWords.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <iterator>
+
+namespace norvo::cli {
+namespace {
+
+struct Row {
+  MoveFault fault;
+  const char* subject;
+  const char* detail;
+  const char* text;
+};
+
+const Row kRows[] = {
+    {MoveFault::GroupRootNotFull, "Media", "",
+     R"(--group-root Media is no full path of the machine, such as D:\Norvo Media\)"},
+    {MoveFault::GroupRootUnusable, "Media", "",
+     "The group root Media is no full path of the machine. Correct SubGroupRootName in "
+     "registry.reg."},
+    {MoveFault::GroupRootNowhere, "Q:\\Media\\", "Q:",
+     "The group root Q:\\Media\\ lies on drive Q:, which the machine folder does not hold. Choose "
+     "another place with --group-root PATH."},
+    {MoveFault::RegistryUnwritable, "", "",
+     "registry.reg of the machine folder cannot be written. Make it writable, and make sure that "
+     "the disk is not full."},
+    {MoveFault::FolderNotCreated, "C:\\Norvo\\", "Permission denied",
+     "The folder C:\\Norvo\\ cannot be created: Permission denied. Make the drive's folder "
+     "writable, or choose a place on another drive."},
+    {MoveFault::FileNotWritten, "C:\\Norvo Media\\SubNames.txt", "Disk full",
+     "The file C:\\Norvo Media\\SubNames.txt cannot be written: Disk full. Make its folder "
+     "writable."},
+    {MoveFault::RoleMissing, "", "",
+     "The machine's registry lacks the machine's role (mode). Run norvo-playlists init --machine "
+     "DIR first, or collect --init."},
+    {MoveFault::GroupRootMissing, "", "",
+     "The machine's registry lacks the group root (SubGroupRootName). Run norvo-playlists init "
+     "--machine DIR first, or collect --init."},
+    {MoveFault::RoleAndGroupRootMissing, "", "",
+     "The machine's registry lacks the machine's role (mode) and the group root "
+     "(SubGroupRootName). Run norvo-playlists init --machine DIR first, or collect --init."},
+    {MoveFault::RoleTakesNoPart, "", "",
+     "The machine's role (mode) is 3: it is neither source nor destination, and nothing can be "
+     "listed. Set mode to 0 in registry.reg."},
+    {MoveFault::ScanFailed, "C:\\Norvo Media\\KVs\\", "Disk full",
+     "The scan of the old machine failed. See that its data area can be written."},
+    {MoveFault::NoPlaylistFolder, "C:\\Norvo Media\\PlayLists\\", "",
+     "The machine has no folder of restored playlists, C:\\Norvo Media\\PlayLists\\. Name the "
+     "playlists to verify, or run norvo-playlists restore first."},
+    {MoveFault::NoPlaylistFolder, "", "",
+     "The machine has no folder of restored playlists. Name the playlists to verify, or run "
+     "norvo-playlists restore first."},
+    {MoveFault::NoDocumentsFolder, "", "",
+     "The new machine has no documents folder. Name one in its machine.ini, section "
+     "[ShellFolders], such as 5=C:\\My Documents."},
+    {MoveFault::NoMachine, "old", "old holds no machine",
+     "old holds no machine. A machine folder holds a folder per drive, named by its letter (such "
+     "as C), or a machine.ini that names the drives. Name one with --machine."},
+    {MoveFault::NoFolder, "old", "",
+     "old is no folder. Name the old machine's folder, or the folder where its disk is mounted, "
+     "with --from."},
+    {MoveFault::NotListed, "old", "Permission denied", "old: Permission denied"},
+    {MoveFault::WorkNotCreated, "work", "Permission denied",
+     "work: Permission denied. Choose another --work."},
+    {MoveFault::WorkTaken, "work", "",
+     "work: holds a machine of its own. Name an empty folder, or that of an earlier run."},
+    {MoveFault::NoFreeLetter, "old", "", "old has no free drive letter. Leave --work out."},
+    {MoveFault::MachineNotMade, "new", "Permission denied",
+     "new cannot be made a machine: Permission denied. Name a folder that can be written with "
+     "--to."},
+    {MoveFault::LinkWritesToSource, "", "",
+     "--link writes to the old disk, which counts the links of a file. Use --copy, or name a "
+     "machine folder with --from and leave --work out."},
+    {MoveFault::FoldersOverlap, "--from", "--to",
+     "--from and --to lie in each other. Name folders that stand apart."},
+    {MoveFault::NoTemporaryFolder, "/tmp", "",
+     "No folder can be made in /tmp. Set TMPDIR to a folder that can be written."},
+};
+
+TEST(ErrorWords, EachFaultSaysWhatIsWrongAndWhatToDo) {
+  for (const Row& row : kRows) {
+    EXPECT_EQ(TextOf(MoveError(row.fault, row.subject, row.detail)), row.text);
+  }
+}
+
+TEST(ErrorWords, NoFaultIsForgottenHere) {
+  for (int fault = 0; fault <= static_cast<int>(MoveFault::NoTemporaryFolder); ++fault) {
+    const bool found = std::any_of(std::begin(kRows), std::end(kRows), [fault](const Row& row) {
+      return static_cast<int>(row.fault) == fault;
+    });
+    EXPECT_TRUE(found) << fault;
+  }
+}
+
+}  // namespace
+}  // namespace norvo::cli

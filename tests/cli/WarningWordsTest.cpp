@@ -1,0 +1,75 @@
+#include "cli/WarningWords.h"
+
+#include <gtest/gtest.h>
+
+namespace norvo::cli {
+namespace {
+
+using Kind = WorkWarning::Kind;
+
+WorkWarning WarningOf(Kind kind, StringView subject = {}, StringView detail = {},
+                      StringView wanted = {}, std::size_t found = 0, std::size_t expected = 0) {
+  return {kind,           MachineSide::New, {},    String(subject),
+          String(detail), String(wanted),   found, expected};
+}
+
+WorkWarning WarningOfText(Kind kind, StringView text) {
+  WorkWarning warning = WarningOf(kind);
+  warning.warning.text = text;
+  return warning;
+}
+
+TEST(WarningWords, WhatTheLibraryTellsStandsBehindItsMachine) {
+  const WorkWarning warning = WarningOfText(Kind::Library, u"DataCop -> Disk full");
+  EXPECT_EQ(TextOf(warning), "Warning: DataCop -> Disk full");
+  EXPECT_EQ(TextOf(warning, "Old machine: "), "Old machine: DataCop -> Disk full");
+}
+
+TEST(WarningWords, AnOddityIsAWarningOfEitherMachine) {
+  const WorkWarning warning = WarningOfText(Kind::Oddity, u"two names differ in case alone");
+  EXPECT_EQ(TextOf(warning), "Warning: two names differ in case alone");
+  EXPECT_EQ(TextOf(warning, "Old machine: "), "Warning: two names differ in case alone");
+}
+
+TEST(WarningWords, ASettingThatIsOfNoUseSaysWhy) {
+  EXPECT_EQ(TextOf(WarningOf(Kind::SettingUnusable, u"mode")),
+            "The registry value mode is no number. It is left as it is; correct or remove it in "
+            "registry.reg, then run init again.");
+  EXPECT_EQ(
+      TextOf(WarningOf(Kind::SettingUnusable, u"SubGroupRootName")),
+      "The registry value SubGroupRootName is no text, or empty. It is left as it is; correct "
+      "or remove it in registry.reg, then run init again.");
+}
+
+TEST(WarningWords, WhatWasThereBeforeStays) {
+  EXPECT_EQ(TextOf(WarningOf(Kind::RoleKept, u"1")),
+            "The role stays 1: it was there before. Change mode in registry.reg for another one.");
+  EXPECT_EQ(TextOf(WarningOf(Kind::GroupRootKept, u"C:\\Media\\")),
+            "The group root stays C:\\Media\\: it was there before. Change SubGroupRootName in "
+            "registry.reg for another one.");
+}
+
+TEST(WarningWords, WithoutTheProductFolderThereIsNoLog) {
+  EXPECT_EQ(TextOf(WarningOf(Kind::NoLogFolder, u"C:\\Norvo\\")),
+            "No log is written: the product folder C:\\Norvo\\ is missing. norvo-playlists init "
+            "creates it.");
+}
+
+TEST(WarningWords, WhatTheReadingBackHasFoundIsToldOfTheFile) {
+  EXPECT_EQ(TextOf(WarningOf(Kind::NativesMissing, u"C:\\Mix.m3u", {}, {}, 3, 4)),
+            "C:\\Mix.m3u: 3 of its 4 native playlists were written");
+  EXPECT_EQ(TextOf(WarningOf(Kind::UntellableAddress, u"C:\\Mix.m3u", u"http://\u0416/")),
+            "C:\\Mix.m3u: its native playlists cannot tell \"http://\xD0\x96/\", which does not "
+            "fit the 8-bit page");
+  EXPECT_EQ(TextOf(WarningOf(Kind::NativeGone, u"C:\\Mix.asx")),
+            "C:\\Mix.asx: was written, and is gone now");
+  EXPECT_EQ(TextOf(WarningOf(Kind::NativeIncomplete, u"C:\\Mix.asx", {}, {}, 1, 2)),
+            "C:\\Mix.asx: reads back with 1 of 2 references");
+  EXPECT_EQ(TextOf(WarningOf(Kind::WrongSong, u"C:\\Mix.asx", u"C:\\a.mp3", u"C:\\b.mp3")),
+            "C:\\Mix.asx: \"C:\\a.mp3\" does not lead to C:\\b.mp3");
+  EXPECT_EQ(TextOf(WarningOf(Kind::ChangedAddress, u"C:\\Mix.asx", u"http://a/", u"http://b/")),
+            "C:\\Mix.asx: \"http://a/\" was http://b/");
+}
+
+}  // namespace
+}  // namespace norvo::cli

@@ -1,0 +1,108 @@
+#include "machines/FolderMove.h"
+
+#include "machines/MachineFoldersTest.h"
+#include "move/WatchedWork.h"
+
+namespace norvo {
+namespace {
+
+/// Moves between folders by the call that programs use.
+class FolderMoveTest : public MachineFoldersTest {
+ protected:
+  FolderMoveTest() { PutDisk("disk"); }
+
+  FolderMove Folders(const std::string& to) const {
+    FolderMove folders;
+    folders.from = At("disk");
+    folders.to = At(to);
+    return folders;
+  }
+  MoveResult Move(const std::string& to, WorkObserver& observer) const {
+    return MovePlaylists(Folders(to), {}, observer);
+  }
+  MoveResult Move(const std::string& to) const {
+    WorkObserver nobody;
+    return Move(to, nobody);
+  }
+  static fs::path SongsOf(const fs::path& machine) {
+    return machine / "C" / "My Documents" / "Norvo Media" / "Music";
+  }
+};
+
+TEST_F(FolderMoveTest, MovesADiskWithoutWritingToIt) {
+  const auto before = Tree(At("disk"));
+  const MoveResult move = Move("new");
+  EXPECT_TRUE(move.IsWhole());
+  EXPECT_EQ(Tree(At("disk")), before);
+  EXPECT_EQ(Get(SongsOf(At("new")) / "One.mp3"), "the first song");
+  EXPECT_EQ(move.verification.checked, 8u);
+  EXPECT_EQ(move.verification.found, 8u);
+}
+
+TEST_F(FolderMoveTest, OfADiskOnlyTheNewMachinesLogIsKept) {
+  MoveOptions options;
+  options.log = true;
+  WatchedWork heard;
+  const MoveResult move = MovePlaylists(Folders("new"), options, heard);
+  EXPECT_EQ(heard.logs, (Lines{"old: Z:\\Norvo\\VBLog.txt", "new: C:\\Norvo\\VBLog.txt"}));
+  ASSERT_EQ(move.logs.size(), 1u);
+  EXPECT_EQ(move.logs[0].side, MachineSide::New);
+  EXPECT_EQ(move.logs[0].file.systemPath, At("new/C/Norvo/VBLog.txt").string());
+  EXPECT_TRUE(fs::exists(move.logs[0].file.systemPath));
+}
+
+TEST_F(FolderMoveTest, LinkingADiskThatIsOnlyToBeReadIsRefused) {
+  MoveOptions options;
+  options.media = MediaMode::Link;
+  WorkObserver nobody;
+  ExpectError(ErrorOf([&] { return MovePlaylists(Folders("new"), options, nobody); }),
+              MoveFault::LinkWritesToSource);
+  EXPECT_FALSE(fs::exists(At("new")));
+}
+
+TEST_F(FolderMoveTest, FoldersInEachOtherAreRefusedBeforeAnythingIsWritten) {
+  const auto before = Tree(At("disk"));
+  ExpectError(ErrorOf([this] { return Move("disk/new"); }), MoveFault::FoldersOverlap,
+              "the old machine's folder", "the new machine's folder");
+  EXPECT_EQ(Tree(At("disk")), before);
+}
+
+TEST_F(FolderMoveTest, ADryRunWritesNothing) {
+  MoveOptions options;
+  options.dryRun = true;
+  WorkObserver nobody;
+  const auto before = Tree(At(""));
+  const MoveResult planned = MovePlaylists(Folders("new"), options, nobody);
+  EXPECT_EQ(Tree(At("")), before);
+  EXPECT_EQ(PlaylistsIn(planned), PlaylistsIn(Move("new")));
+}
+
+TEST_F(FolderMoveTest, CancelledAtAnyMomentNothingIsTornAndTheNextMoveCompletesIt) {
+  Move("sound");
+  const auto all = Tree(At("sound"));
+  const auto before = Tree(At("disk"));
+  bool cancelled = true;
+  std::size_t n = 0;
+  while (cancelled) {
+    WatchedWork heard(++n);
+    const std::string to = "new" + std::to_string(n);
+    const MoveResult move = Move(to, heard);
+    cancelled = move.cancelled;
+    EXPECT_EQ(LinesOf(move.warnings), Lines()) << n;
+    if (fs::exists(At(to))) {
+      for (const auto& [path, what] : Tree(At(to))) {
+        // These grow with each step.
+        if (path.ends_with("Restored.txt") || path.ends_with("registry.reg")) continue;
+        ASSERT_TRUE(all.contains(path)) << n << ' ' << path;
+        EXPECT_TRUE(all.at(path) == what) << n << ' ' << path;
+      }
+    }
+    EXPECT_TRUE(Move(to).IsWhole()) << n;
+    EXPECT_TRUE(Tree(At(to)) == all) << n;
+  }
+  EXPECT_GT(n, 12u);
+  EXPECT_EQ(Tree(At("disk")), before);
+}
+
+}  // namespace
+}  // namespace norvo
