@@ -33,6 +33,7 @@ template <class Value>
 concept CallArgument =
     !detail::Character<Value> &&
     (std::convertible_to<const Value&, std::string_view> ||
+     std::convertible_to<const Value&, StringView> ||
      std::convertible_to<const Value&, ObjectRef> ||
      std::constructible_from<Variant, const Value&> || detail::OtherInteger<Value>);
 
@@ -44,6 +45,8 @@ Variant ToVariant(const Value& value) {
     return ObjectRef(value);
   } else if constexpr (std::convertible_to<const Value&, std::string_view>) {
     return FromUtf8Lossy(value);
+  } else if constexpr (std::convertible_to<const Value&, StringView>) {
+    return String(StringView(value));
   } else if constexpr (detail::OtherInteger<Value>) {
     if (!std::in_range<std::int32_t>(value)) throw RunTimeError(error::kOverflow);
     return static_cast<std::int32_t>(value);

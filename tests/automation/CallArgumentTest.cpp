@@ -26,12 +26,12 @@ class Recorder final : public AutomationObject {
   }
   Variant Call(StringView name, Arguments arguments) override { return Record(name, arguments); }
 
-  String name;
+  String called;
   std::vector<Variant> given;
 
  private:
-  Variant Record(StringView called, Arguments arguments) {
-    name = called;
+  Variant Record(StringView name, Arguments arguments) {
+    called = name;
     given.assign(arguments.begin(), arguments.end());
     if (!arguments.empty()) arguments[0] = String(u"written back");
     return static_cast<std::int32_t>(arguments.size());
@@ -97,11 +97,11 @@ TEST(CallArguments, CharactersAndPlainPointersAreNone) {
 TEST(AutomationObjects, ACallTakesArgumentsInTheirOrder) {
   Recorder recorder;
   EXPECT_EQ(recorder.Call("ReadPlayList", "C:\\\xC3\x84.m3u", 3, true), Variant(std::int32_t{3}));
-  EXPECT_TEXT(recorder.name, u"ReadPlayList");
+  EXPECT_TEXT(recorder.called, u"ReadPlayList");
   const std::vector<Variant> expected = {String(u"C:\\\u00C4.m3u"), std::int32_t{3}, true};
   EXPECT_EQ(recorder.given, expected);
   EXPECT_EQ(recorder.Call(u"Wide", 2.5), Variant(std::int32_t{1}));
-  EXPECT_TEXT(recorder.name, u"Wide");
+  EXPECT_TEXT(recorder.called, u"Wide");
 }
 
 TEST(AutomationObjects, ACallNeedsNoArguments) {
@@ -109,7 +109,7 @@ TEST(AutomationObjects, ACallNeedsNoArguments) {
   EXPECT_EQ(recorder.Call("GetAllPlaylists"), Variant(std::int32_t{0}));
   EXPECT_EQ(recorder.Call(u"GetAllPlaylists"), Variant(std::int32_t{0}));
   EXPECT_EQ(recorder.Get("Co\xC3\xBCnt"), Variant(std::int32_t{0}));
-  EXPECT_TEXT(recorder.name, u"Co\u00FCnt");
+  EXPECT_TEXT(recorder.called, u"Co\u00FCnt");
 }
 
 TEST(AutomationObjects, ANameInUtf8WorksWithArgumentsThatAreWrittenBackToo) {
@@ -132,7 +132,7 @@ TEST(AutomationObjects, WhatACallWritesBackIsLostToACallerWhoPassesValues) {
 TEST(AutomationObjects, APropertyTakesAnyArgumentForItsValue) {
   Recorder recorder;
   recorder.Let("PlayListName", "Mix");
-  EXPECT_TEXT(recorder.name, u"PlayListName");
+  EXPECT_TEXT(recorder.called, u"PlayListName");
   EXPECT_EQ(recorder.given, std::vector<Variant>{String(u"Mix")});
   recorder.Let(u"PlayListType", std::size_t{3});
   EXPECT_EQ(recorder.given, std::vector<Variant>{std::int32_t{3}});
