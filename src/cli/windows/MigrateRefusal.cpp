@@ -10,11 +10,12 @@ namespace {
 /// The command `migrate`, as far as it is refused.
 class MigrateRefusal final : public Command {
  public:
-  CLI::App* AddTo(CLI::App& program, CommonArguments&) override {
+  CLI::App* AddTo(CLI::App& program, CommonArguments& common) override {
     CLI::App* const app = program.add_subcommand("migrate");
     app->group("");  // no group, no help
     app->set_help_flag();
     app->allow_extras();
+    AddOutputOptions(*app, common);  // the refusal can be a JSON document
     return app;
   }
   Json Run(const CommonArguments&, Console&) override {
