@@ -19,7 +19,7 @@ class ReadPlaylistTest : public ::testing::Test {
     machines.from->AddFile(u"C:\\Music\\Torn.pls", "[playlist]\r\nVersion=9\r\n");
   }
   ReadResult Read(StringView path, std::int32_t type = 0, bool log = false) {
-    return ReadPlaylist(machines.from, path, type, {log}, heard);
+    return ReadPlaylist(machines.from, ToUtf8(path), type, {log}, heard);
   }
 
   MemoryMove machines;
