@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "move/WatchedWork.h"
+#include "text/Encoding.h"
 
 namespace norvo {
 namespace {
