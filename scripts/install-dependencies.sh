@@ -4,7 +4,8 @@
 #   scripts/install-dependencies.sh build|windows|test
 set -eu
 
-packages="g++ cmake ninja-build libcli11-dev nlohmann-json3-dev python3 git"
+packages="g++ cmake ninja-build libcli11-dev nlohmann-json3-dev python3 git
+          libpugixml-dev libtag1-dev libutf8proc-dev"
 # For the automation library: compilers and libraries of Windows, the IDL compiler with the files
 # that it imports, and what runs the result.
 windows="g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev
