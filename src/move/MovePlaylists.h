@@ -20,6 +20,7 @@ enum class MediaMode {
 /// What a move may be asked for.
 struct MoveOptions {
   MediaMode media = MediaMode::Copy;  ///< how songs are brought
+  bool allMusic = false;              ///< bring the songs that no playlist names, too
   bool dryRun = false;                ///< plan, and write nothing on the new machine
   bool log = false;  ///< write the debug log of both machines; of a dry run the old one's only
 };

@@ -16,12 +16,23 @@ bool MoveResult::IsWhole() const {
   const auto isLeftOut = [](const auto& row) {
     return row.state == std::remove_cvref_t<decltype(row)>::State::LeftOut;
   };
+  const auto isDoubtful = [](const MovedPlaylist& playlist) {
+    return Count(playlist.items,
+                 [](const MovedItem& item) { return item.fate == MovedItem::Fate::Ambiguous; }) > 0;
+  };
   return !cancelled && warnings.empty() && Count(playlists, isLeftOut) == 0 &&
-         Count(songs, isLeftOut) == 0;
+         Count(playlists, isDoubtful) == 0 && Count(songs, isLeftOut) == 0;
 }
 
 std::size_t CountSongs(const MovedPlaylist& playlist) {
   return Count(playlist.items, [](const MovedItem& item) { return item.IsSong(); });
+}
+
+std::size_t CountMissing(const MoveResult& move, const MovedPlaylist& playlist) {
+  return Count(playlist.items, [&move](const MovedItem& item) {
+    return !item.IsCarried() ||
+           (item.IsSong() && move.songs[item.song].state == MovedSong::State::LeftOut);
+  });
 }
 
 std::size_t CountAddresses(const MovedPlaylist& playlist) {

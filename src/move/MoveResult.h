@@ -13,7 +13,7 @@
 
 namespace norvo {
 
-/// A media file of the old machine that some playlist names, and its one place on the new one.
+/// A media file of the old machine that goes along, and its one place on the new one.
 struct MovedSong {
   /// What has become of it.
   enum class State {
@@ -33,12 +33,16 @@ struct MovedSong {
     NotBrought          ///< `failure` tells why
   };
 
-  String source;                 ///< full path on the old machine
-  double size = 0;               ///< bytes
-  String place;                  ///< full path on the new machine; empty when there is none
-  State state = State::Planned;  ///< what has become of it
-  Fault fault = Fault::None;     ///< why it was left out
-  String faultPath;              ///< of what the fault tells
+  String source;       ///< full path on the old machine
+  double size = 0;     ///< bytes
+  bool listed = true;  ///< some playlist names it; else all music was wished for
+  String place;        ///< full path on the new machine; empty when there is none
+  /// The path by which the players' own playlists name it, which are text in the 8-bit page: the
+  /// place itself where that fits, else a second name of the same song.
+  String plainPlace;
+  State state = State::Planned;               ///< what has become of it
+  Fault fault = Fault::None;                  ///< why it was left out
+  String faultPath;                           ///< of what the fault tells
   PlaceFailure failure = PlaceFailure::None;  ///< why it was not brought
   String systemReason;                        ///< what the system said of the failure; may be empty
 };
@@ -49,14 +53,17 @@ struct MovedItem {
   enum class Fate {
     Song,        ///< a song of the move, by its number; its own state tells the rest
     Address,     ///< stays as it is: internet, a share, a removable or network drive
-    NoSuchFile,  ///< left out: it leads to nothing
-    NotMedia     ///< left out: it leads to a file that no player plays
+    NoSuchFile,  ///< left out: it leads to nothing, and no file of its name is anywhere
+    NotMedia,    ///< left out: it leads to a file that no player plays
+    Ambiguous    ///< left out: it leads to nothing, and `candidates` have its name
   };
 
   Fate fate = Fate::Song;  ///< decides which of the others are set
   std::size_t song = 0;    ///< 0-based number among the move's songs
   String reference;        ///< of an address as it goes along; of what is left out as it was listed
   std::size_t entry = 0;   ///< 1-based number in the new playlist; 0 for what is left out
+  bool foundElsewhere = false;     ///< the song is not where the reference points
+  std::vector<String> candidates;  ///< full paths on the old machine; only of what is ambiguous
 
   /// True for a song of the move.
   bool IsSong() const { return fate == Fate::Song; }
@@ -78,11 +85,13 @@ struct Mending {
     NameTaken,          ///< read anew: another playlist's generic file took its name
     Incomplete,         ///< read anew: its generic file does not tell all that it lists
     EntriesAdded,       ///< `count` entries that the readers do not take
-    Split               ///< into several, since a playlist holds at most 32767 entries
+    Split,              ///< into several, since a playlist holds at most 32767 entries
+    OtherKind,          ///< read as a kind that the library does not know
+    DetailsFilled       ///< names or lengths of `count` entries taken from the songs' own tags
   };
 
   Kind kind = Kind::Incomplete;  ///< what was wrong
-  std::size_t count = 0;         ///< only of added entries
+  std::size_t count = 0;         ///< only where the kind says so
 };
 
 /// One playlist and what became of it.
@@ -93,12 +102,21 @@ struct MovedPlaylist {
     Restored,         ///< by this run
     AlreadyRestored,  ///< by an earlier one
     NoSongs,          ///< it lists nothing that exists
+    Skipped,          ///< it stands where nothing is taken from; `rule` tells where
     LeftOut           ///< `fault` tells why
+  };
+  /// Where nothing is taken from.
+  enum class SkipRule {
+    None,                    ///< it stands elsewhere
+    RecycleBin,              ///< it was deleted
+    TemporaryInternetFiles,  ///< a browser keeps it
+    SystemFolder             ///< the system's own store
   };
   /// Why a playlist was left out; `systemReason` says more of those that a reading or writing
   /// ended.
   enum class Fault {
     None,                    ///< it was not
+    KindNotRead,             ///< nobody but its own player can read it
     Unreadable,              ///< on the old machine
     GenericNotWritten,       ///< on the old machine
     GenericDoesNotReadBack,  ///< what was written for it tells something else
@@ -108,8 +126,11 @@ struct MovedPlaylist {
   };
 
   String source;                   ///< full path on the old machine
+  String name;                     ///< its own, where a file holds several; else empty
+  std::string kind;                ///< what people call such a list, in English
   std::int32_t type = 0;           ///< see playlist_type; 0 where its text tells none
   State state = State::Collected;  ///< how far it has come
+  SkipRule rule = SkipRule::None;  ///< why it was skipped
   Fault fault = Fault::None;       ///< why it was left out
   String systemReason;             ///< what the system said; may be empty
   std::vector<Mending> mendings;   ///< empty where the library's own rules keep all
@@ -117,6 +138,8 @@ struct MovedPlaylist {
   String collected;                ///< its generic file on the old machine; empty without one
   String carried;                  ///< its generic file on the new machine; empty without one
   std::vector<String> natives;     ///< the playlists of the players made of it
+  /// The one for players of today, text in UTF-8, which tells every name; empty without one.
+  String companion;
 };
 
 /// A change of what a carried generic file says.
@@ -153,6 +176,22 @@ struct Verification {
   std::size_t found = 0;    ///< and lead to the right file
 };
 
+/// A media file of the old machine that no playlist names and that stays behind.
+struct UnlistedSong {
+  String source;    ///< full path on the old machine
+  double size = 0;  ///< bytes
+};
+
+/// What the count at the end gave: every new playlist read afresh by a reader of its own, and its
+/// songs held against those of the old machine, by content and order. What was wrong is among the
+/// warnings.
+struct FinalCount {
+  std::size_t playlists = 0;       ///< old ones that should be there
+  std::size_t wholePlaylists = 0;  ///< and are, in each of their new forms
+  std::size_t songs = 0;           ///< that should be reached from some playlist
+  std::size_t rightSongs = 0;      ///< and are, with the same content
+};
+
 /// A log that the move has written.
 struct MoveLog {
   MachineSide side = MachineSide::Old;  ///< whose
@@ -163,19 +202,25 @@ struct MoveLog {
 struct MoveResult {
   std::vector<MovedPlaylist> playlists;  ///< in the order of the scan
   std::vector<MovedSong> songs;          ///< each once, however many playlists name it
+  std::vector<UnlistedSong> unlisted;    ///< in the order of their folders
   std::vector<Adjustment> adjustments;   ///< of what the carried generic files say
   std::vector<PlayerSetting> settings;   ///< that point the players at their playlists
   Verification verification;             ///< how many references were found
+  FinalCount count;                      ///< what stands on the new machine at the end
   std::vector<WorkWarning> warnings;     ///< in the order in which they came up
   std::vector<MoveLog> logs;             ///< when one was wished for
   bool cancelled = false;  ///< the observer ended it; what is done stays, another run completes it
 
-  /// True when nothing that exists was left behind: no warning, and no song or playlist left out.
+  /// True when nothing that exists was left behind unasked: no warning, no song or playlist left
+  /// out, no item that may be one of several songs. Songs in no playlist, and playlists where
+  /// nothing is taken from, do not count.
   bool IsWhole() const;
 };
 
 /// Items of a playlist that are songs.
 std::size_t CountSongs(const MovedPlaylist& playlist);
+/// Items of a playlist that it lists and that did not come over, songs that were left out included.
+std::size_t CountMissing(const MoveResult& move, const MovedPlaylist& playlist);
 /// Items of a playlist that are addresses, which stay.
 std::size_t CountAddresses(const MovedPlaylist& playlist);
 /// Playlists in that state.

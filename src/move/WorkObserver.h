@@ -31,6 +31,7 @@ struct LogFile {
 
 /// What a call is busy with.
 enum class WorkPhase {
+  TakingStock,    ///< looking for all playlists and media files, folder by folder
   Scanning,       ///< looking for playlists, folder by folder
   Collecting,     ///< making generic files of them
   Checking,       ///< looking for what that has lost
@@ -38,7 +39,8 @@ enum class WorkPhase {
   PlanningSongs,  ///< choosing the places of songs
   BringingSongs,  ///< copying, linking or comparing them
   Restoring,      ///< making native playlists of generic files
-  Verifying       ///< reading native playlists back
+  Verifying,      ///< reading native playlists back
+  Counting        ///< reading the new playlists and songs afresh
 };
 
 /// How far a phase is.
@@ -67,7 +69,11 @@ struct WorkWarning {
     NativeGone,         ///< the native playlist `subject` was written and is gone now
     NativeIncomplete,   ///< `subject` reads back with `found` of `expected` references
     WrongSong,          ///< in `subject` stands `detail`, which does not lead to the song `wanted`
-    ChangedAddress      ///< in `subject` stands `detail`, which was `wanted`
+    ChangedAddress,     ///< in `subject` stands `detail`, which was `wanted`
+    NoPlainName,        ///< the song `subject` has no second name `wanted`, since `detail`
+    CompanionMissing,   ///< of playlist `subject` there is no playlist for players of today
+    CountedListWrong,   ///< counted at the end: `subject` lists `found` songs of `expected`
+    CountedSongWrong    ///< counted at the end: in `subject` stands `detail`, which is not `wanted`
   };
 
   Kind kind = Kind::Library;            ///< decides which of the others are set
