@@ -15,10 +15,22 @@ std::vector<StringView> SplitPatterns(StringView list) {
   return Split(list, u',');
 }
 
+SkippedFolder SkippedFolderOf(StringView name) {
+  struct Row {
+    StringView pattern;
+    SkippedFolder folder;
+  };
+  constexpr Row kRows[] = {{u"System Volume Information*", SkippedFolder::SystemVolume},
+                           {u"*Recycle*", SkippedFolder::RecycleBin},
+                           {u"*Temporary Internet Files*", SkippedFolder::TemporaryInternetFiles}};
+  for (const Row& row : kRows) {
+    if (Matches(name, row.pattern, Compare::Text)) return row.folder;
+  }
+  return SkippedFolder::None;
+}
+
 bool IsSkippedFolder(StringView name) {
-  constexpr StringView kSkipped[] = {u"System Volume Information*", u"*Recycle*",
-                                     u"*Temporary Internet Files*"};
-  return MatchesAny(name, kSkipped);
+  return SkippedFolderOf(name) != SkippedFolder::None;
 }
 
 }  // namespace norvo

@@ -14,8 +14,18 @@ bool MatchesAny(StringView name, std::span<const StringView> patterns);
 /// The patterns of a comma-separated list; an empty list holds one empty pattern.
 std::vector<StringView> SplitPatterns(StringView list);
 
-/// True for the folders that no drive scan enters: the system's own, the recycle bin, and the
-/// browser's cache. `name` is the folder's own name.
+/// The folders that no drive scan enters.
+enum class SkippedFolder {
+  None,                   ///< one that is entered
+  SystemVolume,           ///< the system's own store
+  RecycleBin,             ///< what was deleted
+  TemporaryInternetFiles  ///< a browser's cache
+};
+
+/// What a folder of that name is; `name` is the folder's own.
+SkippedFolder SkippedFolderOf(StringView name);
+
+/// True for a folder that no drive scan enters; `name` is the folder's own.
 bool IsSkippedFolder(StringView name);
 
 }  // namespace norvo

@@ -23,8 +23,9 @@ MoveResult MovePlaylists(const FolderMove& folders, const MoveOptions& options,
     target.Machine()->SetMessageDialog(*folders.messages);
   }
   FilePlacer placer(*source.Machine(), *target.Machine());
+  FilePlacer namer(*target.Machine(), *target.Machine());
   MoveResult result = MovePlaylists(
-      {source.Machine(), target.Machine(), &placer, source.GroupRoot()}, options, observer);
+      {source.Machine(), target.Machine(), &placer, &namer, source.GroupRoot()}, options, observer);
   if (source.IsTemporary()) {
     std::erase_if(result.logs, [](const MoveLog& log) { return log.side == MachineSide::Old; });
   }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "automation/RunTimeError.h"
+#include "move/Companion.h"
 #include "move/MoveError.h"
 #include "move/PortableNames.h"
 #include "services/NVServices.h"
@@ -28,7 +29,7 @@ std::string KeyOf(const MovedPlaylist& playlist, const PlaylistDraft& draft, std
                                      draft.content};
   for (const MovedItem& item : playlist.items) {
     if (!item.IsCarried()) continue;
-    fields.push_back(FingerprintOf(item.IsSong() ? songs[item.song].place : item.reference));
+    fields.push_back(FingerprintOf(item.IsSong() ? songs[item.song].plainPlace : item.reference));
   }
   return TextOf(FingerprintOf(fields));
 }
@@ -48,7 +49,7 @@ class Carrier {
     if (playlist.carried.empty()) {
       Write(playlist, draft.bytes);
     } else {
-      playlist.natives = ledger_.NativesOf(playlist.carried);
+      SetNatives(playlist, ledger_.NativesOf(playlist.carried));
       playlist.state = MovedPlaylist::State::AlreadyRestored;
     }
     taken_.insert(Fold(playlist.carried));

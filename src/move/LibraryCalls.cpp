@@ -4,10 +4,6 @@
 
 namespace norvo {
 
-Variant CallWith(AutomationObject& object, StringView member, Variant argument) {
-  return object.Call(member, Arguments(&argument, 1));
-}
-
 String TextOf(AutomationObject& object, StringView property) {
   return ToText(object.Get(property));
 }
@@ -22,18 +18,18 @@ std::vector<ObjectRef> EntriesOf(AutomationObject& playlist) {
   std::vector<ObjectRef> found;
   found.reserve(static_cast<std::size_t>(count));
   for (std::int32_t i = 1; i <= count; ++i) {
-    found.push_back(ToObject(CallWith(*entries, u"Item", i)));
+    found.push_back(ToObject(entries->Call(u"Item", i)));
   }
   return found;
 }
 
 bool ReadInto(AutomationObject& playlist, const String& path, std::int32_t type) {
   playlist.Let(u"PlayListType", type);
-  return ToBoolean(CallWith(playlist, u"ReadPlayList", path));
+  return ToBoolean(playlist.Call(u"ReadPlayList", path));
 }
 
 void RunQueue(AutomationObject& controller, std::int32_t mode) {
-  CallWith(controller, u"GenericQueue", mode);
+  controller.Call(u"GenericQueue", mode);
 }
 
 }  // namespace norvo

@@ -10,9 +10,6 @@ namespace norvo {
 /// The library's classes, driven by name as a script drives them. Errors of the library come out as
 /// RunTimeError.
 
-/// A call with one argument.
-Variant CallWith(AutomationObject& object, StringView member, Variant argument);
-
 String TextOf(AutomationObject& object, StringView property);
 std::int32_t NumberOf(AutomationObject& object, StringView property);
 

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include "library/Library.h"
 #include "move/Carrying.h"
 #include "move/Collecting.h"
+#include "move/FinalCount.h"
 #include "move/MachineSetup.h"
 #include "move/MoveVerification.h"
 #include "move/MoveWork.h"
@@ -19,6 +21,8 @@
 #include "move/Restoring.h"
 #include "move/SettingsMemory.h"
 #include "move/SongBringing.h"
+#include "move/SongDetails.h"
+#include "move/StockTaking.h"
 #include "move/StreamPlacer.h"
 #include "overlay/OverlayPlatform.h"
 #include "services/DataCop.h"
@@ -113,13 +117,36 @@ void DropUnused(MoveResult& move) {
   move.songs = std::move(songs);
 }
 
+/// The music that no playlist names: it comes along when all is wished for, else it is told of.
+void AddUnlisted(const Stock& stock, FileSystem& files, bool allMusic, MoveResult& move) {
+  std::unordered_set<String> listed;
+  for (const MovedSong& song : move.songs) listed.insert(Fold(song.source));
+  for (const String& path : stock.media) {
+    if (listed.contains(Fold(path))) continue;
+    const std::optional<FileFacts> facts = files.FactsOf(path);
+    const double size = facts ? facts->size : 0;
+    if (!allMusic) {
+      move.unlisted.push_back({path, size});
+      continue;
+    }
+    MovedSong& song = move.songs.emplace_back();
+    song.source = path;
+    song.size = size;
+    song.listed = false;
+  }
+}
+
 /// Finds what there is to move on the old machine.
-void Gather(OldMachine& old, MediaPlacer& placer, MoveWork& work) {
+void Gather(OldMachine& old, const MoveOptions& options, MediaPlacer& placer, MoveWork& work) {
+  Component& library = old.Library();
+  const Stock stock = TakeStock(library, work.report);
   CollectResult collected;
-  CollectForMove(old.Library(), old.Settings(), work.report, collected);
-  SongBook songs(old.Library().Files(), placer, work.result.songs);
-  Rescue(old.Library(), old.Settings(), songs, work).Run(collected);
+  CollectForMove(library, old.Settings(), work.report, collected);
+  SongBook songs(library.Files(), placer, work.result.songs);
+  Rescue(library, old.Settings(), stock, songs, work).Run(collected);
   DropUnused(work.result);
+  AddUnlisted(stock, library.Files(), options.allMusic, work.result);
+  CompleteDetails(library, work);
 }
 
 /// Those that are not on their way: there already, left out, or not to be brought.
@@ -146,15 +173,21 @@ void Restore(NewMachine& machine, RestoreLedger& ledger, MoveWork& work) {
   }
 }
 
+/// Brings the songs to their places, and gives those their plain names that need them.
+void Bring(const MoveOptions& options, MediaPlacer& placer, MediaPlacer& namer, MoveWork& work) {
+  BringSongs(placer, options.media == MediaMode::Link ? PlaceMode::Link : PlaceMode::Copy, work);
+  GivePlainNames(namer, work);
+}
+
 void Run(const MoveMachines& machines, const MoveOptions& options, MediaPlacer& placer,
-         MoveWork& work) {
+         MediaPlacer& namer, MoveWork& work) {
   const auto startLog = [&](OpenedLibrary& machine, MachineSide side) {
     LogFile file = machine.StartLog();
     if (!file.path.empty()) work.result.logs.push_back({side, std::move(file)});
   };
   OldMachine old(machines, work.report);
   if (options.log) startLog(old.Opened(), MachineSide::Old);
-  Gather(old, placer, work);
+  Gather(old, options, placer, work);
 
   NewMachine machine(machines, options.dryRun, work.report);
   if (options.log && !options.dryRun) startLog(machine.Opened(), MachineSide::New);
@@ -163,12 +196,11 @@ void Run(const MoveMachines& machines, const MoveOptions& options, MediaPlacer& 
   CarryGenericFiles(machine.Library(), ledger, work);
   const bool bringing = !options.dryRun && options.media != MediaMode::None;
   TellSettledSongs(work, bringing);
-  if (bringing) {
-    BringSongs(placer, options.media == MediaMode::Link ? PlaceMode::Link : PlaceMode::Copy, work);
-  }
+  if (bringing) Bring(options, placer, namer, work);
   machine.EndPlan();
   Restore(machine, ledger, work);
-  VerifyMove(machine.PlanLibrary(), work);
+  VerifyMove(machine.PlanLibrary(), bringing || options.dryRun, work);
+  CountAtEnd(old.Library(), machine.Library(), bringing, work);
 }
 
 }  // namespace
@@ -177,10 +209,12 @@ MoveResult MovePlaylists(const MoveMachines& machines, const MoveOptions& option
                          WorkObserver& observer) {
   MoveResult result;
   WorkReport report(observer, result.warnings);
-  MoveWork work{result, report, {}};
+  MoveWork work{result, report, {}, {}};
   StreamPlacer streams(machines.from->Files(), machines.to->Files());
+  StreamPlacer names(machines.to->Files(), machines.to->Files());
   MediaPlacer& placer = machines.placer != nullptr ? *machines.placer : streams;
-  result.cancelled = WasCancelled([&] { Run(machines, options, placer, work); });
+  MediaPlacer& namer = machines.namer != nullptr ? *machines.namer : names;
+  result.cancelled = WasCancelled([&] { Run(machines, options, placer, namer, work); });
   return result;
 }
 

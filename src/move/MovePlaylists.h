@@ -33,6 +33,9 @@ struct MoveMachines {
   /// services of the two platforms, which keep no times and put the bytes under a song's name as
   /// they come: a move that is killed may then leave a part of a song.
   MediaPlacer* placer = nullptr;
+  /// Gives songs on the new machine their second, plain names: from the new machine to itself.
+  /// Without one they are copied there, as above.
+  MediaPlacer* namer = nullptr;
   /// Group root, in UTF-8, of an old machine that has none; empty for the usual one.
   std::string groupRootOfSource;
 };

@@ -14,14 +14,19 @@ using Kind = WorkWarning::Kind;
 
 class Verifier {
  public:
-  Verifier(Component& library, MoveWork& work)
-      : library_(library), result_(work.result), report_(work.report), rightSize_(Songs()) {}
+  Verifier(Component& library, bool withSongs, MoveWork& work)
+      : library_(library),
+        withSongs_(withSongs),
+        result_(work.result),
+        report_(work.report),
+        rightSize_(Songs()) {}
 
   void Playlist(const MovedPlaylist& playlist) {
     const std::size_t wanted = NativeTypes().size();
     if (playlist.natives.size() != wanted) {
       Warn(Kind::NativesMissing, playlist.source, {}, {}, playlist.natives.size(), wanted);
     }
+    if (playlist.companion.empty()) Warn(Kind::CompanionMissing, playlist.source);
     std::vector<const MovedItem*> items;
     for (const MovedItem& item : playlist.items) {
       if (item.IsCarried()) items.push_back(&item);
@@ -55,11 +60,13 @@ class Verifier {
     if (!item.IsSong()) return Address(item.reference, found, native);
     ++result_.verification.checked;
     const MovedSong& song = result_.songs[item.song];
-    const bool right = found.kind == VerifiedReference::Kind::Found &&
-                       EqualsIgnoreCase(found.reference, song.place) && HasRightSize(item.song);
+    const bool named = EqualsIgnoreCase(found.reference, song.plainPlace);
+    const bool right =
+        named && found.kind == VerifiedReference::Kind::Found && HasRightSize(item.song);
+    const bool notYet = named && !withSongs_;
     if (right) {
       ++result_.verification.found;
-    } else if (song.state != MovedSong::State::LeftOut) {  // which has been told already
+    } else if (song.state != MovedSong::State::LeftOut && !notYet) {  // which has been told
       Warn(Kind::WrongSong, native, found.reference, song.source);
     }
   }
@@ -75,7 +82,7 @@ class Verifier {
     std::optional<bool>& known = rightSize_[number];
     if (!known) {
       const MovedSong& song = result_.songs[number];
-      const std::optional<FileFacts> facts = library_.Files().FactsOf(song.place);
+      const std::optional<FileFacts> facts = library_.Files().FactsOf(song.plainPlace);
       known = facts && facts->size == song.size;
     }
     return *known;
@@ -87,6 +94,7 @@ class Verifier {
   }
 
   Component& library_;
+  bool withSongs_;
   MoveResult& result_;
   WorkReport& report_;
   std::vector<std::optional<bool>> rightSize_;  // by song
@@ -94,8 +102,8 @@ class Verifier {
 
 }  // namespace
 
-void VerifyMove(Component& library, MoveWork& work) {
-  Verifier verifier(library, work);
+void VerifyMove(Component& library, bool withSongs, MoveWork& work) {
+  Verifier verifier(library, withSongs, work);
   const std::vector<MovedPlaylist>& playlists = work.result.playlists;
   for (std::size_t i = 0; i < playlists.size(); ++i) {
     work.report.Progress(

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "lists/SongTags.h"
 #include "move/MoveResult.h"
 #include "move/WorkReport.h"
 #include "services/IniDocument.h"
@@ -10,12 +11,23 @@
 
 namespace norvo {
 
+/// What a playlist tells of an item; empty and 0 for what it does not tell.
+struct ToldDetails {
+  String title;
+  String artist;
+  String album;
+  String genre;
+  int track = 0;
+  double seconds = 0;
+};
+
 /// A playlist on its way, beside what the result tells of it.
 struct PlaylistDraft {
-  IniDocument document;  ///< its generic file, as it is going to be carried
-  std::string bytes;     ///< of that file, once it is planned
-  Fingerprint content;   ///< of the playlist's own file
-  std::string key;       ///< by which the new machine knows it again
+  std::vector<ToldDetails> told;  ///< one for each of its items
+  IniDocument document;           ///< its generic file, as it is going to be carried
+  std::string bytes;              ///< of that file, once it is planned
+  Fingerprint content;            ///< of the playlist's own file
+  std::string key;                ///< by which the new machine knows it again
 };
 
 /// A move on its way.
@@ -23,6 +35,7 @@ struct MoveWork {
   MoveResult& result;
   WorkReport& report;
   std::vector<PlaylistDraft> drafts;  ///< one for each of the result's playlists
+  std::vector<SongTags> tags;         ///< one for each of the result's songs
 };
 
 /// Marks a playlist as left out.

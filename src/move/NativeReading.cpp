@@ -1,10 +1,12 @@
 #include "move/NativeReading.h"
 
 #include <algorithm>
+#include <optional>
+#include <string>
 
 #include "automation/RunTimeError.h"
 #include "controller/HeaderSniffer.h"
-#include "lists/ListedItems.h"
+#include "lists/ListedFile.h"
 #include "lists/ReferenceFinder.h"
 #include "model/PlaylistTypes.h"
 #include "move/LibraryCalls.h"
@@ -59,12 +61,13 @@ bool ReadByLibrary(Component& library, const String& path, ReferenceWatcher& wat
 }
 
 std::vector<VerifiedReference> ReadPatiently(Component& library, const String& path) {
-  const auto file = library.Files().OpenForReading(path);
-  const String text = DecodePlaylist(ReadWholeFile(*file), library.Machine().AnsiPage());
-  const ListSyntax syntax = SyntaxOf(LastComponent(path), text).value_or(ListSyntax::M3u);
-  ReferenceFinder finder(library);
+  const std::string bytes = ReadWholeFile(*library.Files().OpenForReading(path));
+  const std::optional<ListedFile> file =
+      ReadListFile(LastComponent(path), bytes, library.Machine().AnsiPage());
   std::vector<VerifiedReference> references;
-  for (const ListedItem& item : ListItems(text, syntax)) {
+  if (!file || file->lists.empty()) return references;
+  ReferenceFinder finder(library);
+  for (const ListedItem& item : file->lists.front().items) {
     if (item.maybeComment) continue;
     const FoundReference found = finder.Find(item.references.front(), ParentFolder(path));
     using Kind = VerifiedReference::Kind;

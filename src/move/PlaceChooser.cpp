@@ -166,24 +166,56 @@ bool PlaceChooser::KeepPlace(std::size_t number, MovedSong& song) {
 }
 
 void PlaceChooser::Settle(std::size_t number, MovedSong& song, const EntryAnswer& answer) {
-  song.place = answer.place;
+  song.plainPlace = answer.place;
   ledger_.AddPlace(NameInLedger(song), {answer.place, answer.artist, answer.album});
   chosen_[number] = answer;
-  places_.emplace(Fold(song.place), number);
-  ForEachFolderAbove(song.place, root_.size(),
-                     [this](const String& folder) { folders_.insert(Fold(folder)); });
-  const std::optional<FileFacts> there = overlay_.Files().FactsOf(song.place);
-  if (there) song.state = MovedSong::State::AlreadyThere;
-  FileFacts facts;
-  facts.name = there ? there->name : String(LastComponent(song.place));
-  facts.size = song.size;
-  overlay_.Pretend(song.place, facts);
+  Occupy(number, song, song.plainPlace);
+  song.place = FullPlace(song, votes_[number].front().answer);
+  if (song.place != song.plainPlace) Occupy(number, song, song.place);
 }
 
-PlaceChooser::Fault PlaceChooser::Judge(const MovedSong& song, const String& place) {
+/// The place that the song's own names give, in every script; the plain one where that tells them,
+/// or where there is no way.
+String PlaceChooser::FullPlace(const MovedSong& song, const EntryAnswer& names) {
+  constexpr int kMostTwins = 100;
+  EntryAnswer full = names;
+  if (full.fileName.empty()) full.fileName = LastComponent(song.source);
+  const auto portable = [](const String& name) {
+    return name.empty() ? name : PortableName(name, nullptr);
+  };
+  full = {{}, portable(full.artist), portable(full.album), portable(full.fileName)};
+  const String fileName = full.fileName;
+  for (int mark = 2; mark < kMostTwins; ++mark) {
+    const String place = entries_.Ask(full).place;
+    if (library_.Machine().AnsiPage().Fits(place)) break;
+    const Fault fault = Judge(song, place, Spelling::Any);
+    if (fault == Fault::None) return place;
+    if (fault != Fault::Taken) break;
+    full.fileName = NumberedName(fileName, mark);
+  }
+  return song.plainPlace;
+}
+
+/// From now on no other song can have the place.
+void PlaceChooser::Occupy(std::size_t number, MovedSong& song, const String& place) {
+  places_.emplace(Fold(place), number);
+  ForEachFolderAbove(place, root_.size(),
+                     [this](const String& folder) { folders_.insert(Fold(folder)); });
+  const std::optional<FileFacts> there = overlay_.Files().FactsOf(place);
+  song.state = there ? MovedSong::State::AlreadyThere : MovedSong::State::Planned;
+  FileFacts facts;
+  facts.name = there ? there->name : String(LastComponent(place));
+  facts.size = song.size;
+  overlay_.Pretend(place, facts);
+}
+
+PlaceChooser::Fault PlaceChooser::Judge(const MovedSong& song, const String& place,
+                                        Spelling spelling) {
   const bool inside = place.size() > root_.size() &&
                       EqualsIgnoreCase(StringView(place).substr(0, root_.size()), root_);
-  if (!inside || !HasPortableNames(place, library_.Machine().AnsiPage())) return Fault::Illegal;
+  const CodePage* const page =
+      spelling == Spelling::Plain ? &library_.Machine().AnsiPage() : nullptr;
+  if (!inside || !HasPortableNames(place, page)) return Fault::Illegal;
   if (place.size() > kLongestPath) return Fault::TooLong;
   if (IsBlocked(place)) return Fault::Blocked;
   return IsTaken(song, place) ? Fault::Taken : Fault::None;
@@ -215,7 +247,7 @@ Adjustment::Reason PlaceChooser::WhyNot(std::size_t number, const String& place)
   const CodePage& page = library_.Machine().AnsiPage();
   if (!page.Fits(place)) return Reason::NotInCodePage;
   if (place.size() > kLongestPath) return Reason::PathTooLong;
-  if (!HasPortableNames(place, page)) return Reason::IllegalName;
+  if (!HasPortableNames(place, &page)) return Reason::IllegalName;
   if (!EqualsIgnoreCase(StringView(place).substr(0, root_.size()), root_)) {
     return Reason::LeavesGroupRoot;
   }

@@ -17,8 +17,11 @@ namespace norvo {
 
 /// Gives every song of a move its one place on the new machine: one that the machine's own entry
 /// computes of the song's names, or of names that differ as little as possible. No place is taken
-/// twice, illegal on Windows, not to be written in the 8-bit page or outside the group root. A song
-/// that an earlier move has brought keeps its place.
+/// twice, illegal on Windows or outside the group root. A song that an earlier move has brought
+/// keeps its place.
+///
+/// A place whose path the 8-bit page cannot tell comes with a plain one, that the players' own
+/// playlists name.
 class PlaceChooser {
  public:
   /// `overlay` lies over the new machine, and `library` works on it. `placer` serves to compare
@@ -46,13 +49,17 @@ class PlaceChooser {
   };
   /// Blocked: a file is where one of the folders should be.
   enum class Fault { None, Illegal, TooLong, Blocked, Taken };
+  /// Whether the 8-bit page must be able to tell a path.
+  enum class Spelling { Plain, Any };
 
   void Choose(std::size_t number, MovedSong& song);
   bool TryNames(std::size_t number, MovedSong& song, const EntryAnswer& names);
   void LeaveNowhere(MovedSong& song, const EntryAnswer& names);
   bool KeepPlace(std::size_t number, MovedSong& song);
   void Settle(std::size_t number, MovedSong& song, const EntryAnswer& answer);
-  Fault Judge(const MovedSong& song, const String& place);
+  String FullPlace(const MovedSong& song, const EntryAnswer& names);
+  void Occupy(std::size_t number, MovedSong& song, const String& place);
+  Fault Judge(const MovedSong& song, const String& place, Spelling spelling = Spelling::Plain);
   bool IsBlocked(const String& place);
   bool IsTaken(const MovedSong& song, const String& place);
 

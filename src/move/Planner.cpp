@@ -59,6 +59,7 @@ Planner::Planner(Component& library, OverlayPlatform& overlay, MediaPlacer& plac
 
 void Planner::Run() {
   const std::vector<Asked> all = AskAll();
+  AskForUnlisted();
   places_.ChooseAll(work_);
   for (const Asked& asked : all) Adjust(asked);
   for (const Asked& asked : all) {
@@ -87,6 +88,17 @@ std::vector<Planner::Asked> Planner::AskAll() {
     all.push_back(std::move(asked));
   }
   return all;
+}
+
+/// Songs that no playlist names go where their tags would have them.
+void Planner::AskForUnlisted() {
+  for (std::size_t i = 0; i < work_.result.songs.size(); ++i) {
+    const MovedSong& song = work_.result.songs[i];
+    if (song.listed) continue;
+    const SongTags& tags = work_.tags[i];
+    places_.Vote(i,
+                 entries_.Ask({{}, tags.artist, tags.album, String(LastComponent(song.source))}));
+  }
 }
 
 /// The native playlists take their names from what stands before the first point of this one.
@@ -179,13 +191,13 @@ void Planner::Adjust(const Asked& asked) {
 
 void Planner::AdjustEntry(std::size_t playlist, const MovedItem& item, const EntryAnswer& answer) {
   const MovedSong& song = work_.result.songs[item.song];
-  if (song.place.empty() || EqualsIgnoreCase(answer.place, song.place)) return;
+  if (song.place.empty() || EqualsIgnoreCase(answer.place, song.plainPlace)) return;
   EntryAnswer names = answer;
   if (names.fileName.empty()) names.fileName = LastComponent(song.source);
   const Reason reason = places_.WhyNot(item.song, entries_.Ask(names).place);
-  names.fileName = LastComponent(song.place);
+  names.fileName = LastComponent(song.plainPlace);
   Set(playlist, item.entry, u"FileName", names.fileName, reason);
-  if (EqualsIgnoreCase(entries_.Ask(names).place, song.place)) return;
+  if (EqualsIgnoreCase(entries_.Ask(names).place, song.plainPlace)) return;
   Set(playlist, item.entry, u"Artist", places_.ChosenFor(item.song).artist, reason);
   Set(playlist, item.entry, u"Album", places_.ChosenFor(item.song).album, reason);
 }
@@ -196,7 +208,7 @@ void Planner::Confirm(std::size_t playlist) {
   const IniDocument& document = DocumentOf(playlist);
   for (const MovedItem& item : work_.result.playlists[playlist].items) {
     if (!item.IsSong()) continue;
-    const String& place = work_.result.songs[item.song].place;
+    const String& place = work_.result.songs[item.song].plainPlace;
     const std::size_t section = document.FindSection(SectionOf(item.entry));
     const auto value = [&](StringView key) {
       return String(document.Value(section, key).value_or(StringView()));

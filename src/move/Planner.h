@@ -36,6 +36,7 @@ class Planner {
   };
 
   std::vector<Asked> AskAll();
+  void AskForUnlisted();
   void Adjust(const Asked& asked);
   void AdjustName(std::size_t playlist);
   String NativeName(const String& base);

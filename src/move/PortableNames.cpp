@@ -101,11 +101,11 @@ bool IsPortableName(StringView name, const CodePage* page) {
   return plain && (page == nullptr || page->Fits(name)) && !HoldsM3uWord(name);
 }
 
-bool HasPortableNames(StringView path, const CodePage& page) {
+bool HasPortableNames(StringView path, const CodePage* page) {
   if (path.size() < 4 || !HasDrive(path) || path[2] != u'\\') return false;
   for (std::size_t at = 3; at <= path.size();) {
     const std::size_t end = std::min(path.find(u'\\', at), path.size());
-    if (!IsPortableName(path.substr(at, end - at), &page)) return false;
+    if (!IsPortableName(path.substr(at, end - at), page)) return false;
     at = end + 1;
   }
   return true;

@@ -15,8 +15,9 @@ namespace norvo {
 inline constexpr std::size_t kLongestPath = 259;
 inline constexpr std::size_t kLongestName = 255;
 
-/// True for a full path on a drive whose every name is such a name, of any length.
-bool HasPortableNames(StringView path, const CodePage& page);
+/// True for a full path on a drive whose every name is such a name, of any length; without a page
+/// every character will do that Windows takes.
+bool HasPortableNames(StringView path, const CodePage* page);
 
 /// True for one such name; without a page every character will do that Windows takes.
 bool IsPortableName(StringView name, const CodePage* page = nullptr);

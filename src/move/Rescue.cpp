@@ -9,6 +9,7 @@
 #include "automation/Conversions.h"
 #include "automation/RunTimeError.h"
 #include "controller/HeaderSniffer.h"
+#include "lists/ListKinds.h"
 #include "lists/XmlEntities.h"
 #include "model/GenericSections.h"
 #include "model/NewEntry.h"
@@ -49,30 +50,79 @@ std::int64_t PartNumber(std::size_t first) {
   return static_cast<std::int64_t>(first / kMostEntries + 1);
 }
 
-String BaseOf(StringView path) {
-  const StringView name = LastComponent(path);
-  return String(name.substr(0, name.rfind(u'.')));
+String BaseOf(StringView fileName) {
+  return String(fileName.substr(0, fileName.rfind(u'.')));
+}
+
+/// What new playlists take their names from: the file's, or of a file that holds several lists the
+/// list's own.
+String FileNameOf(StringView path, const String& listName) {
+  if (listName.empty()) return String(LastComponent(path));
+  String name = listName;
+  // A point would be taken for the start of an extension.
+  std::replace(name.begin(), name.end(), u'.', u' ');
+  return name + u".m3u";
+}
+
+/// A name whose ending tells how the file is to be read. The scan goes by the last three
+/// characters, whether or not a point stands before them; what begins as a list may be called
+/// anything.
+String NameForReading(const String& path) {
+  if (KindOf(path) != nullptr) return String(LastComponent(path));
+  const String ending = u"." + path.substr(path.size() - 3);
+  return KindOf(ending) != nullptr ? ending : String(u".m3u");
+}
+
+/// Of the list alone: a file that holds several changes with each of them.
+Fingerprint ContentOf(const ListedList& list) {
+  std::vector<Fingerprint> fields = {FingerprintOf(list.name)};
+  for (const ListedItem& item : list.items) {
+    for (const String& reference : item.references) fields.push_back(FingerprintOf(reference));
+  }
+  return FingerprintOf(fields);
+}
+
+MovedPlaylist::SkipRule RuleOf(SkippedFolder folder) {
+  switch (folder) {
+    case SkippedFolder::None:
+      break;
+    case SkippedFolder::SystemVolume:
+      return MovedPlaylist::SkipRule::SystemFolder;
+    case SkippedFolder::RecycleBin:
+      return MovedPlaylist::SkipRule::RecycleBin;
+    case SkippedFolder::TemporaryInternetFiles:
+      return MovedPlaylist::SkipRule::TemporaryInternetFiles;
+  }
+  return MovedPlaylist::SkipRule::None;
+}
+
+ToldDetails DetailsOf(const ListedItem& item) {
+  return {item.title, item.artist, item.album, item.genre, item.track, item.seconds};
 }
 
 }  // namespace
 
-Rescue::Rescue(Component& library, const ProductSettings& settings, SongBook& songs, MoveWork& work)
+Rescue::Rescue(Component& library, const ProductSettings& settings, const Stock& stock,
+               SongBook& songs, MoveWork& work)
     : library_(library),
       dataArea_(DataAreaOf(settings)),
       songs_(songs),
       work_(work),
-      finder_(library) {}
+      stock_(stock),
+      finder_(library),
+      search_(stock.media) {}
 
-/// In the order in which the scan met them.
-std::vector<Rescue::CollectedFile> Rescue::FilesOf(const CollectResult& collected) {
+/// In the order of the stock.
+std::vector<Rescue::CollectedFile> Rescue::FilesOf(const CollectResult& collected) const {
   std::vector<CollectedFile> files;
   std::unordered_map<StringView, std::size_t> byPath;
   const auto fileOf = [&](const String& path) -> CollectedFile& {
     const auto [found, isNew] = byPath.try_emplace(path, files.size());
-    if (isNew) files.emplace_back().path = path;
+    if (isNew) files.emplace_back().stock = {path, "playlist", true, SkippedFolder::None};
     return files[found->second];
   };
-  for (const String& path : collected.met) fileOf(path);
+  for (const StockList& list : stock_.lists) fileOf(list.path).stock = list;
+  for (const String& path : collected.met) fileOf(path).isMet = true;
   for (const ListedPlaylist& listed : collected.scan.playlists) fileOf(listed.path).isListed = true;
   for (const CollectedPlaylist& playlist : collected.playlists) {
     CollectedFile& file = fileOf(playlist.path);
@@ -89,7 +139,7 @@ void Rescue::Run(const CollectResult& collected) {
     if (!file.genericFile.empty()) taken_.insert(Fold(file.genericFile));
   }
   for (std::size_t i = 0; i < files.size(); ++i) {
-    work_.report.Progress({WorkPhase::Checking, i + 1, files.size(), 0, 0, files[i].path});
+    work_.report.Progress({WorkPhase::Checking, i + 1, files.size(), 0, 0, files[i].stock.path});
     Take(files[i]);
   }
 }
@@ -99,42 +149,84 @@ void Rescue::Add(MovedPlaylist playlist, PlaylistDraft draft) {
   work_.drafts.push_back(std::move(draft));
 }
 
-void Rescue::Take(const CollectedFile& file) {
+void Rescue::AddItem(const FoundItem& found, MovedPlaylist& playlist, PlaylistDraft& draft) {
+  playlist.items.push_back(found.item);
+  draft.told.push_back(DetailsOf(found.listed));
+}
+
+MovedPlaylist Rescue::NewPlaylist(const CollectedFile& file) {
   MovedPlaylist playlist;
-  playlist.source = file.path;
+  playlist.source = file.stock.path;
+  playlist.kind = file.stock.kind;
   playlist.type = file.type;
-  PlaylistDraft draft;
-  try {
-    const Listing listing = Look(file.path);
-    draft.content = listing.content;
-    if (!file.genericFile.empty()) draft.document = ReadGenericFile(file.genericFile);
-    if (!listing.hasSongs && file.genericFile.empty()) {
-      playlist.state = MovedPlaylist::State::NoSongs;
-      for (const FoundItem& found : listing.items) playlist.items.push_back(found.item);
-    } else if (!file.genericFile.empty() && IsComplete(draft.document, listing, playlist.items)) {
-      playlist.collected = file.genericFile;
-    } else {
-      return Rewrite(file, listing);
+  return playlist;
+}
+
+void Rescue::Take(const CollectedFile& file) {
+  MovedPlaylist playlist = NewPlaylist(file);
+  if (file.stock.place != SkippedFolder::None) {
+    playlist.state = MovedPlaylist::State::Skipped;
+    playlist.rule = RuleOf(file.stock.place);
+  } else if (!file.stock.isRead) {
+    LeaveOut(playlist, MovedPlaylist::Fault::KindNotRead);
+  } else {
+    try {
+      return TakeLists(file);
+    } catch (const RunTimeError& failure) {
+      LeaveOut(playlist, MovedPlaylist::Fault::Unreadable, failure.Description());
     }
-  } catch (const RunTimeError& failure) {
-    LeaveOut(playlist, MovedPlaylist::Fault::Unreadable, failure.Description());
+  }
+  Add(std::move(playlist), {});
+}
+
+void Rescue::TakeLists(const CollectedFile& file) {
+  const std::vector<Listing> listings = Look(file.stock.path);
+  for (const Listing& listing : listings) TakeList(file, listing);
+  if (!listings.empty()) return;
+  MovedPlaylist playlist = NewPlaylist(file);
+  playlist.state = MovedPlaylist::State::NoSongs;
+  Add(std::move(playlist), {});
+}
+
+void Rescue::TakeList(const CollectedFile& file, const Listing& listing) {
+  MovedPlaylist playlist = NewPlaylist(file);
+  playlist.name = listing.name;
+  PlaylistDraft draft;
+  draft.content = listing.content;
+  if (!file.genericFile.empty()) draft.document = ReadGenericFile(file.genericFile);
+  if (!listing.hasSongs && file.genericFile.empty()) {
+    playlist.state = MovedPlaylist::State::NoSongs;
+    for (const FoundItem& found : listing.items) AddItem(found, playlist, draft);
+  } else if (!file.genericFile.empty() && IsComplete(listing, playlist, draft)) {
+    playlist.collected = file.genericFile;
+  } else {
+    return Rewrite(file, listing);
   }
   Add(std::move(playlist), std::move(draft));
 }
 
-Rescue::Listing Rescue::Look(const String& path) {
+std::vector<Rescue::Listing> Rescue::Look(const String& path) {
   const std::string bytes = ReadWholeFile(*library_.Files().OpenForReading(path));
-  const String text = DecodePlaylist(bytes, library_.Machine().AnsiPage());
+  const std::optional<ListedFile> file =
+      ReadListFile(NameForReading(path), bytes, library_.Machine().AnsiPage());
+  std::vector<Listing> listings;
+  if (!file) return listings;
+  const bool isLibrary = file->syntax == ListSyntax::ITunes;
+  for (const ListedList& list : file->lists) {
+    Listing listing = Resolve(list, String(ParentFolder(path)), file->syntax);
+    listing.hasTitles = file->hasTitles;
+    listing.content = isLibrary ? ContentOf(list) : FingerprintOf(bytes);
+    if (isLibrary) listing.name = list.name;
+    listings.push_back(std::move(listing));
+  }
+  return listings;
+}
+
+Rescue::Listing Rescue::Resolve(const ListedList& list, const String& folder, ListSyntax syntax) {
   Listing listing;
-  listing.content = FingerprintOf(bytes);
-  // The scan goes by the last three characters, whether or not a point stands before them.
-  const String ending = u"." + path.substr(path.size() - 3);
-  listing.syntax = SyntaxOf(ending, text).value_or(ListSyntax::M3u);
-  listing.hasTitles = ContainsIgnoreCase(text, u"#EXT");
-  const String folder(ParentFolder(path));
-  const bool isMarkup = listing.syntax == ListSyntax::Asx;
-  for (const ListedItem& item : ListItems(text, listing.syntax)) {
-    FoundItem found = Find(item, folder, isMarkup);
+  listing.syntax = syntax;
+  for (const ListedItem& item : list.items) {
+    FoundItem found = Find(item, folder, syntax == ListSyntax::Asx);
     if (item.maybeComment && !found.item.IsSong()) continue;
     listing.hasSongs = listing.hasSongs || found.item.IsCarried();
     listing.items.push_back(std::move(found));
@@ -168,10 +260,29 @@ Rescue::FoundItem Rescue::Find(const ListedItem& listed, const String& folder, b
       found.item.fate = MovedItem::Fate::NotMedia;
       break;
     case Kind::Missing:
-      found.item.fate = MovedItem::Fate::NoSuchFile;
+      SearchFor(listed, found.item);
       break;
   }
   return found;
+}
+
+/// What is not where the references point may be elsewhere, since people move their music about.
+void Rescue::SearchFor(const ListedItem& listed, MovedItem& item) {
+  item.fate = MovedItem::Fate::NoSuchFile;
+  if (listed.maybeComment) return;
+  for (const String& reference : listed.references) {
+    const SongSearch::Found found = search_.Find(reference);
+    if (found.kind == SongSearch::Kind::None) continue;
+    if (found.kind == SongSearch::Kind::Unique) {
+      item.fate = MovedItem::Fate::Song;
+      item.song = songs_.NumberOf(found.paths.front());
+      item.foundElsewhere = true;
+      item.candidates.clear();
+      return;
+    }
+    item.fate = MovedItem::Fate::Ambiguous;
+    item.candidates = found.paths;
+  }
 }
 
 MovedItem Rescue::ItemOf(const String& address, std::int32_t urlType) {
@@ -190,13 +301,13 @@ IniDocument Rescue::ReadGenericFile(const String& path) {
 
 /// The generic file has all the items that the playlist lists, in their order. What it has beyond
 /// them counts too: then it was the reader who understood more.
-bool Rescue::IsComplete(const IniDocument& document, const Listing& listing,
-                        std::vector<MovedItem>& items) {
+bool Rescue::IsComplete(const Listing& listing, MovedPlaylist& playlist, PlaylistDraft& draft) {
+  const IniDocument& document = draft.document;
   if (HasForeignEntries(document)) return false;
   auto next = listing.items.begin();
   const auto takeLeftOut = [&] {
     for (; next != listing.items.end() && !next->item.IsCarried(); ++next) {
-      items.push_back(next->item);
+      AddItem(*next, playlist, draft);
     }
   };
   for (std::size_t entry = 1;; ++entry) {
@@ -207,28 +318,34 @@ bool Rescue::IsComplete(const IniDocument& document, const Listing& listing,
       return String(document.Value(section, key).value_or(StringView()));
     };
     const double urlType = ParseNumber(value(u"URLType")).value_or(0);
-    MovedItem item = ItemOf(value(u"SourceURL"), static_cast<std::int32_t>(urlType));
-    item.entry = entry;
+    FoundItem found;
+    found.item = ItemOf(value(u"SourceURL"), static_cast<std::int32_t>(urlType));
+    found.item.entry = entry;
     takeLeftOut();
-    if (next != listing.items.end() && KeyOf(item) == KeyOf(next->item)) ++next;
-    items.push_back(std::move(item));
+    if (next != listing.items.end() && KeyOf(found.item) == KeyOf(next->item)) {
+      found.listed = next->listed;
+      ++next;
+    }
+    AddItem(found, playlist, draft);
   }
   takeLeftOut();
   if (next == listing.items.end()) return true;
-  items.clear();
+  playlist.items.clear();
+  draft.told.clear();
   return false;
 }
 
 /// By how the text is written, whatever the file's name says.
-std::int32_t Rescue::FittingType(const String& path, const Listing& listing) {
+std::int32_t Rescue::FittingType(const CollectedFile& file, const Listing& listing) {
   const PlaylistType& standIn = StandInType(ExtensionOf(listing.syntax), listing.hasTitles);
   if (standIn.header != Header::SettingsKeys) return standIn.code;
-  const std::int32_t type = TypeByKeys(library_, path);
+  const std::int32_t type = TypeByKeys(library_, file.stock.path);
   return type == playlist_type::kUnknown ? standIn.code : type;
 }
 
 /// Why the queue left a playlist without a whole generic file.
 Mending::Kind Rescue::WhyLost(const CollectedFile& file) {
+  if (!file.isMet) return Mending::Kind::OtherKind;
   if (!file.isListed) return Mending::Kind::NotListed;
   if (!file.outcome) return Mending::Kind::QueueEnded;
   switch (*file.outcome) {
@@ -251,19 +368,24 @@ Mending::Kind Rescue::WhyLost(const CollectedFile& file) {
 
 MovedPlaylist Rescue::NewPart(const CollectedFile& file, std::int32_t type, std::size_t added,
                               bool isSplit) {
-  MovedPlaylist playlist;
-  playlist.source = file.path;
+  MovedPlaylist playlist = NewPlaylist(file);
   playlist.type = type;
   playlist.mendings.push_back({WhyLost(file), 0});
-  if (added > 0) playlist.mendings.push_back({Mending::Kind::EntriesAdded, added});
+  if (added > 0 && file.isMet) playlist.mendings.push_back({Mending::Kind::EntriesAdded, added});
   if (isSplit) playlist.mendings.push_back({Mending::Kind::Split, 0});
   return playlist;
 }
 
-void Rescue::Rewrite(const CollectedFile& file, const Listing& listing) {
-  const std::int32_t type = FittingType(file.path, listing);
+/// The library's own reading of the file, as far as it goes.
+ObjectRef Rescue::ReadByLibrary(const CollectedFile& file, std::int32_t type) {
   const ObjectRef read = library_.Create(u"PlayList");
-  ReadInto(*read, file.path, type);
+  if (file.isMet) ReadInto(*read, file.stock.path, type);
+  return read;
+}
+
+void Rescue::Rewrite(const CollectedFile& file, const Listing& listing) {
+  const std::int32_t type = FittingType(file, listing);
+  const ObjectRef read = ReadByLibrary(file, type);
   std::size_t added = 0;
   const std::vector<ObjectRef> entries = CompleteEntries(EntriesOf(*read), listing, type, added);
   // What was written for it before is replaced.
@@ -272,19 +394,22 @@ void Rescue::Rewrite(const CollectedFile& file, const Listing& listing) {
   for (std::size_t at = 0; at < entries.size(); at += kMostEntries) {
     const auto part = std::span(entries).subspan(at, std::min(kMostEntries, entries.size() - at));
     MovedPlaylist playlist = NewPart(file, type, added, entries.size() > kMostEntries);
+    playlist.name = listing.name;
+    PlaylistDraft draft;
+    draft.content = listing.content;
     for (std::size_t entry = 0; entry < part.size() && found != listing.items.end(); ++found) {
-      MovedItem& item = playlist.items.emplace_back(found->item);
+      AddItem(*found, playlist, draft);
+      MovedItem& item = playlist.items.back();
       if (!item.IsCarried()) continue;
       item.reference = TextOf(*part[entry], u"Entry_SourceURL");  // the reader may spell it anew
       item.entry = ++entry;
     }
     if (at + part.size() == entries.size()) {
-      for (; found != listing.items.end(); ++found) playlist.items.push_back(found->item);
+      for (; found != listing.items.end(); ++found) AddItem(*found, playlist, draft);
     }
     const String number = at == 0 ? String() : u' ' + FormatInteger(PartNumber(at));
-    playlist.collected = Write(*read, file.path, number, type, part);
-    PlaylistDraft draft;
-    draft.content = listing.content;
+    const String fileName = FileNameOf(file.stock.path, listing.name);
+    playlist.collected = Write(*read, fileName, number, type, part);
     if (playlist.collected.empty()) {
       LeaveOut(playlist, MovedPlaylist::Fault::GenericNotWritten);
     } else {
@@ -338,7 +463,7 @@ ObjectRef Rescue::NewEntry(const FoundItem& found, std::int32_t type) {
   return entry;
 }
 
-ObjectRef Rescue::NewPlaylist(AutomationObject& read, const String& fileName, std::int32_t type) {
+ObjectRef Rescue::NewRecord(AutomationObject& read, const String& fileName, std::int32_t type) {
   constexpr StringView kCopied[] = {u"CreationTime", u"ASX_AllowShuffle",     u"ASX_Artist",
                                     u"ASX_Album",    u"ASX_Author",           u"ASX_Title",
                                     u"ASX_Version",  u"ASX_PlayListAttribute"};
@@ -350,8 +475,9 @@ ObjectRef Rescue::NewPlaylist(AutomationObject& read, const String& fileName, st
 }
 
 /// Gives the playlist the attempt's name; false when no generic file can be written under it.
-bool Rescue::Name(AutomationObject& playlist, const String& path, std::int32_t type, int attempt) {
-  String base = BaseOf(path);
+bool Rescue::Name(AutomationObject& playlist, const String& fileName, std::int32_t type,
+                  int attempt) {
+  String base = BaseOf(fileName);
   if (attempt > 1) {
     // A point would be taken for the start of an extension.
     std::replace(base.begin(), base.end(), u'.', u' ');
@@ -364,21 +490,20 @@ bool Rescue::Name(AutomationObject& playlist, const String& path, std::int32_t t
 }
 
 /// The path of the generic file; empty when none can be written.
-String Rescue::Write(AutomationObject& read, const String& path, const String& number,
+String Rescue::Write(AutomationObject& read, const String& fileName, const String& number,
                      std::int32_t type, std::span<const ObjectRef> entries) {
-  const String fileName(LastComponent(path));
   const String base = fileName.substr(0, fileName.find(u'.'));
-  const ObjectRef playlist = NewPlaylist(read, base + number + fileName.substr(base.size()), type);
+  const ObjectRef playlist = NewRecord(read, base + number + fileName.substr(base.size()), type);
   const ObjectRef collection = ToObject(playlist->Get(u"PlayListEntries"));
   collection->Let(u"CollectionType", type);
   for (const ObjectRef& entry : entries) {
     entry->Let(u"Entry_EntryType", type);
-    CallWith(*collection, u"Add", entry);
+    collection->Call(u"Add", entry);
   }
-  int& attempt = nextNames_.try_emplace(Fold(BaseOf(path)), 1).first->second;
+  int& attempt = nextNames_.try_emplace(Fold(BaseOf(fileName)), 1).first->second;
   for (int failures = 0; failures < 2; ++attempt) {
-    if (!Name(*playlist, path, type, attempt)) continue;
-    if (ToBoolean(CallWith(*playlist, u"WriteGeneric", fileName))) {
+    if (!Name(*playlist, fileName, type, attempt)) continue;
+    if (ToBoolean(playlist->Call(u"WriteGeneric", fileName))) {
       return dataArea_ + PlayListToIni(TextOf(*playlist, u"PlayListName"));
     }
     ++failures;  // the name may be one that this disk cannot have, or the disk is full

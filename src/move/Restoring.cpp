@@ -4,9 +4,10 @@
 #include <set>
 #include <utility>
 
-#include "automation/RunTimeError.h"
+#include "automation/Attempt.h"
 #include "controller/QueueMode.h"
 #include "model/PlaylistTypes.h"
+#include "move/Companion.h"
 #include "move/LibraryCalls.h"
 #include "move/LibraryWatcher.h"
 #include "services/DataCop.h"
@@ -20,6 +21,7 @@ class LedgerWatcher final : public LibraryWatcher {
  public:
   LedgerWatcher(Component& library, RestoreLedger& ledger, MoveWork& work)
       : LibraryWatcher(work.report, MachineSide::New, WorkPhase::Restoring),
+        library_(library),
         ledger_(ledger),
         work_(work),
         folder_(DataCop::GetSubNamePath(library, DataCop::kPlayListSlot)) {
@@ -55,7 +57,7 @@ class LedgerWatcher final : public LibraryWatcher {
     const MovedPlaylist& playlist = work_.result.playlists[NumberOf(path)];
     const bool all =
         kept == CountSongs(playlist) + CountAddresses(playlist) && natives_ == NativeTypes().size();
-    whole_ = whole_ && all;
+    whole_ = whole_ && all && WriteCompanion(NumberOf(path));
     ledger_.End(whole_);
     if (whole_) restored_.insert(Fold(path));
   }
@@ -69,6 +71,18 @@ class LedgerWatcher final : public LibraryWatcher {
  private:
   std::size_t NumberOf(StringView path) const { return numbers_.at(Fold(path)); }
 
+  bool WriteCompanion(std::size_t number) {
+    return Attempt([&] {
+      const IniDocument& document = work_.drafts[number].document;
+      const String path = NewCompanionPath(library_, document);
+      if (!path.starts_with(folder_)) throw RunTimeError(error::kPathNotFound);
+      ledger_.AddNative(path);
+      library_.Machine().Settings().Write(
+          path, CompanionText(work_.result.playlists[number], document, work_.result.songs));
+    });
+  }
+
+  Component& library_;
   RestoreLedger& ledger_;
   MoveWork& work_;
   String folder_;                          // of all native playlists
@@ -79,7 +93,7 @@ class LedgerWatcher final : public LibraryWatcher {
 };
 
 void Settle(MovedPlaylist& playlist, RestoreLedger& ledger, const LedgerWatcher& watcher) {
-  playlist.natives = ledger.NativesOf(playlist.carried);
+  SetNatives(playlist, ledger.NativesOf(playlist.carried));
   if (watcher.HasRestored(playlist.carried)) {
     playlist.state = MovedPlaylist::State::Restored;
   } else if (ledger.IsRestored(playlist.carried)) {

@@ -52,7 +52,47 @@ class SongListener final : public PlaceListener {
   double total_ = 0;
 };
 
+/// Warns of the songs that get no plain name.
+class NameListener final : public PlaceListener {
+ public:
+  NameListener(std::vector<const MovedSong*> songs, WorkReport& report)
+      : songs_(std::move(songs)), report_(report) {}
+
+  void OnBytes(std::uint64_t) override {}
+  void OnPlaced(std::size_t job, const PlaceOutcome& outcome) override {
+    if (outcome.result != PlaceResult::Failed) return;
+    WorkWarning warning;
+    warning.kind = WorkWarning::Kind::NoPlainName;
+    warning.side = MachineSide::New;
+    warning.subject = songs_[job]->place;
+    warning.detail = outcome.detail;
+    warning.wanted = songs_[job]->plainPlace;
+    report_.Warn(std::move(warning));
+  }
+
+ private:
+  std::vector<const MovedSong*> songs_;
+  WorkReport& report_;
+};
+
+bool IsThere(const MovedSong& song) {
+  return song.state != MovedSong::State::Planned && song.state != MovedSong::State::LeftOut;
+}
+
 }  // namespace
+
+void GivePlainNames(MediaPlacer& namer, MoveWork& work) {
+  std::vector<const MovedSong*> songs;
+  std::vector<PlaceJob> jobs;
+  for (const MovedSong& song : work.result.songs) {
+    if (!IsThere(song) || song.plainPlace == song.place) continue;
+    songs.push_back(&song);
+    jobs.push_back({song.place, song.plainPlace});
+  }
+  if (jobs.empty()) return;
+  NameListener listener(std::move(songs), work.report);
+  namer.PlaceAll(jobs, PlaceMode::Link, listener);
+}
 
 void BringSongs(MediaPlacer& placer, PlaceMode mode, MoveWork& work) {
   std::vector<MovedSong*> songs;

@@ -35,6 +35,7 @@ enum class WorkPhase {
   Scanning,       ///< looking for playlists, folder by folder
   Collecting,     ///< making generic files of them
   Checking,       ///< looking for what that has lost
+  ReadingTags,    ///< of the songs
   Planning,       ///< reading the generic files
   PlanningSongs,  ///< choosing the places of songs
   BringingSongs,  ///< copying, linking or comparing them

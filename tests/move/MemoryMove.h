@@ -32,7 +32,7 @@ struct MemoryMove {
   void AddWeb();
 
   MoveResult Run(WorkObserver& observer, const MoveOptions& options = {}) const {
-    return MovePlaylists({from, to, nullptr, {}}, options, observer);
+    return MovePlaylists({from, to, nullptr, nullptr, {}}, options, observer);
   }
   MoveResult Run(const MoveOptions& options = {}) const {
     WorkObserver nobody;

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "move/MoveWork.h"
+#include "services/Component.h"
+#include "services/IniDocument.h"
+#include "text/Text.h"
+
+namespace norvo {
+
+/// The playlist that a move writes beside those of the four players, for players of today: an M3U
+/// in UTF-8, which tells every name and every place as it is.
+
+/// Name of its folder, beside those of the players.
+inline constexpr StringView kCompanionFolder = u"Modern Players";
+
+/// True for the path of one.
+bool IsCompanion(StringView path);
+
+/// Takes over what a playlist was made into: the files of the players, and its companion.
+void SetNatives(MovedPlaylist& playlist, std::vector<String> paths);
+
+/// A full path for the companion of a playlist with that generic file, which no file has.
+String NewCompanionPath(Component& library, const IniDocument& genericFile);
+
+/// Its text, with a byte order mark.
+std::string CompanionText(const MovedPlaylist& playlist, const IniDocument& genericFile,
+                          const std::vector<MovedSong>& songs);
+
+}  // namespace norvo

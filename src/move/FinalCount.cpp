@@ -1,0 +1,186 @@
+#include "move/FinalCount.h"
+
+#include <algorithm>
+#include <optional>
+#include <set>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "automation/Attempt.h"
+#include "lists/ListedFile.h"
+#include "lists/ReferenceFinder.h"
+#include "services/TextStream.h"
+#include "text/Fingerprint.h"
+#include "text/WindowsPath.h"
+
+namespace norvo {
+namespace {
+
+using Kind = WorkWarning::Kind;
+using Sample = std::optional<Fingerprint>;
+
+/// Samples of one machine's files, each taken once.
+class Samples {
+ public:
+  explicit Samples(FileSystem& files) : files_(files) {}
+
+  /// Nothing for a file that cannot be read.
+  Sample Of(const String& path) {
+    const auto [known, isNew] = known_.try_emplace(path);
+    if (isNew) known->second = AnswerOr(Sample(), [&]() -> Sample { return Take(path); });
+    return known->second;
+  }
+
+ private:
+  Fingerprint Take(const String& path) {
+    constexpr std::uint64_t kLength = 65536;
+    const auto file = files_.OpenForReading(path);
+    const std::uint64_t size = file->Size();
+    std::vector<Fingerprint> fields = {FingerprintOf(std::to_string(size))};
+    const std::uint64_t last = size - std::min(size, kLength);
+    std::vector<char> bytes(static_cast<std::size_t>(kLength));
+    for (const std::uint64_t at : {std::uint64_t{0}, last / 2, last}) {
+      const std::size_t read = file->ReadAt(at, bytes);
+      fields.push_back(FingerprintOf(std::string_view(bytes.data(), read)));
+      if (last == 0) break;
+    }
+    return FingerprintOf(fields);
+  }
+
+  FileSystem& files_;
+  std::unordered_map<String, Sample> known_;
+};
+
+class Counter {
+ public:
+  Counter(Component& from, Component& to, bool withSongs, MoveWork& work)
+      : to_(to),
+        withSongs_(withSongs),
+        result_(work.result),
+        report_(work.report),
+        finder_(to),
+        old_(from.Files()),
+        new_(to.Files()),
+        isWrong_(work.result.songs.size()),
+        isReached_(work.result.songs.size()) {
+    for (const WorkWarning& warning : result_.warnings) {
+      if (warning.side == MachineSide::New) told_.insert(warning.subject);
+    }
+  }
+
+  void Playlist(const MovedPlaylist& playlist) {
+    ++result_.count.playlists;
+    bool whole = !playlist.companion.empty() && !LacksSong(playlist);
+    for (const String& native : playlist.natives) whole = Form(playlist, native, true) && whole;
+    if (!playlist.companion.empty()) whole = Form(playlist, playlist.companion, false) && whole;
+    if (whole) ++result_.count.wholePlaylists;
+  }
+
+  void CountSongs() {
+    for (std::size_t i = 0; i < result_.songs.size(); ++i) {
+      if (!withSongs_ || !isReached_[i]) continue;
+      ++result_.count.songs;
+      if (!isWrong_[i]) ++result_.count.rightSongs;
+    }
+  }
+
+ private:
+  bool LacksSong(const MovedPlaylist& playlist) const {
+    return std::any_of(playlist.items.begin(), playlist.items.end(), [this](const MovedItem& item) {
+      return item.IsSong() && result_.songs[item.song].state == MovedSong::State::LeftOut;
+    });
+  }
+
+  /// One of the files that a playlist has become.
+  bool Form(const MovedPlaylist& playlist, const String& path, bool isPlain) {
+    std::vector<const MovedItem*> expected;
+    for (const MovedItem& item : playlist.items) {
+      if (item.IsCarried()) expected.push_back(&item);
+    }
+    const std::vector<ListedItem> found = ItemsOf(path);
+    bool right = found.size() == expected.size();
+    if (!right) Warn(Kind::CountedListWrong, path, {}, {}, found.size(), expected.size());
+    for (std::size_t i = 0; i < std::min(found.size(), expected.size()); ++i) {
+      const String reference = found[i].references.front();
+      right = (expected[i]->IsSong() ? Song(expected[i]->song, reference, path)
+                                     : Address(expected[i]->reference, reference, path, isPlain)) &&
+              right;
+    }
+    return right;
+  }
+
+  std::vector<ListedItem> ItemsOf(const String& path) {
+    return AnswerOr(std::vector<ListedItem>(), [&] {
+      const std::string bytes = ReadWholeFile(*to_.Files().OpenForReading(path));
+      std::optional<ListedFile> file =
+          ReadListFile(LastComponent(path), bytes, to_.Machine().AnsiPage());
+      if (!file || file->lists.empty()) return std::vector<ListedItem>();
+      return std::move(file->lists.front().items);
+    });
+  }
+
+  bool Song(std::size_t number, const String& reference, const String& path) {
+    const MovedSong& song = result_.songs[number];
+    if (!withSongs_ || song.state == MovedSong::State::LeftOut) return true;
+    isReached_[number] = true;
+    const FoundReference found = finder_.Find(reference, ParentFolder(path));
+    const bool right = found.kind == FoundReference::Kind::File && IsSame(song.source, found.path);
+    if (right) return true;
+    isWrong_[number] = true;
+    Warn(Kind::CountedSongWrong, path, reference, song.source);
+    return false;
+  }
+
+  bool IsSame(const String& source, const String& place) {
+    const Sample left = old_.Of(source);
+    return left && left == new_.Of(place);
+  }
+
+  bool Address(const String& wanted, const String& reference, const String& path, bool isPlain) {
+    const CodePage& page = to_.Machine().AnsiPage();
+    if (reference == (isPlain ? page.Decode(page.Encode(wanted)) : wanted)) return true;
+    Warn(Kind::CountedSongWrong, path, reference, wanted);
+    return false;
+  }
+
+  void Warn(Kind kind, const String& subject, const String& detail, const String& wanted,
+            std::size_t found = 0, std::size_t expected = 0) {
+    if (told_.contains(subject)) return;
+    report_.Warn({kind, MachineSide::New, Warning(), subject, detail, wanted, found, expected});
+  }
+
+  Component& to_;
+  bool withSongs_;
+  MoveResult& result_;
+  WorkReport& report_;
+  ReferenceFinder finder_;
+  Samples old_;
+  Samples new_;
+  std::vector<bool> isWrong_;    // by song
+  std::vector<bool> isReached_;  // by song
+  std::set<String> told_;        // of which something was told before the count
+};
+
+bool ShouldBeThere(const MovedPlaylist& playlist) {
+  return playlist.state == MovedPlaylist::State::Restored ||
+         playlist.state == MovedPlaylist::State::AlreadyRestored;
+}
+
+}  // namespace
+
+void CountAtEnd(Component& from, Component& to, bool withSongs, MoveWork& work) {
+  Counter counter(from, to, withSongs, work);
+  const std::vector<MovedPlaylist>& playlists = work.result.playlists;
+  for (std::size_t i = 0; i < playlists.size(); ++i) {
+    work.report.Progress({WorkPhase::Counting, i + 1, playlists.size(), 0, 0, playlists[i].source});
+    if (ShouldBeThere(playlists[i])) {
+      counter.Playlist(playlists[i]);
+    } else if (playlists[i].state == MovedPlaylist::State::LeftOut) {
+      ++work.result.count.playlists;
+    }
+  }
+  counter.CountSongs();
+}
+
+}  // namespace norvo

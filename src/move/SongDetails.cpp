@@ -1,0 +1,194 @@
+#include "move/SongDetails.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <string>
+
+#include "lists/SongTags.h"
+#include "model/GenericSections.h"
+#include "model/PlaylistTypes.h"
+#include "text/Encoding.h"
+#include "text/Number.h"
+#include "text/WindowsPath.h"
+
+namespace norvo {
+namespace {
+
+constexpr StringView kTrue = u"True";
+
+String TwoDigits(std::int64_t number) {
+  String text = FormatInteger(number);
+  return number < 10 ? u"0" + text : text;
+}
+
+/// As the entries of ASX files have it: "00:03:35.000".
+String ClockText(double seconds) {
+  constexpr double kLongest = 99 * 3600;
+  const auto whole = static_cast<std::int64_t>(std::lround(std::min(seconds, kLongest)));
+  return TwoDigits(whole / 3600) + u":" + TwoDigits(whole / 60 % 60) + u":" +
+         TwoDigits(whole % 60) + u".000";
+}
+
+/// The name of a file without its extension.
+String BaseName(StringView path) {
+  const StringView name = LastComponent(path);
+  return String(name.substr(0, name.rfind(u'.')));
+}
+
+/// "radio.example.com" of "http://radio.example.com:8000/live".
+String HostOf(StringView address) {
+  const std::size_t start = address.find(u"://");
+  if (start == StringView::npos) return {};
+  const StringView rest = address.substr(start + 3);
+  return String(rest.substr(0, rest.find_first_of(u":/?#")));
+}
+
+/// The address with what the 8-bit page cannot tell as percent signs and digits, which mean the
+/// same to every player.
+String Tellable(const String& address, const CodePage& page) {
+  const bool isUrl = address.find(u"://") != String::npos;
+  if (!isUrl || page.Fits(address)) return address;
+  constexpr StringView kDigits = u"0123456789ABCDEF";
+  String text;
+  for (const char byte : ToUtf8(address)) {
+    const auto code = static_cast<unsigned char>(byte);
+    if (code < 0x80) {
+      text.push_back(code);
+    } else {
+      text += {u'%', kDigits[code >> 4U], kDigits[code & 0xFU]};
+    }
+  }
+  return text;
+}
+
+/// One section of a generic file.
+class Section {
+ public:
+  Section(IniDocument& document, std::size_t section) : document_(document), section_(section) {}
+
+  String Get(StringView key) const {
+    return String(document_.Value(section_, key).value_or(StringView()));
+  }
+  /// True when that changes something. An empty value says nothing.
+  bool Set(StringView key, const String& value) {
+    if (value.empty() || Get(key) == value) return false;
+    document_.SetValue(section_, key, value);
+    return true;
+  }
+  void SetWhereEmpty(StringView key, const String& value) {
+    if (Get(key).empty()) Set(key, value);
+  }
+
+ private:
+  IniDocument& document_;
+  std::size_t section_;
+};
+
+class Completer {
+ public:
+  Completer(Component& library, MoveWork& work)
+      : page_(library.Machine().AnsiPage()), files_(library.Files()), work_(work) {
+    work_.tags.resize(work_.result.songs.size());
+  }
+
+  void Read(std::size_t song) {
+    work_.tags[song] = ReadSongTags(files_, work_.result.songs[song].source).value_or(SongTags());
+  }
+
+  void Complete(std::size_t number) {
+    MovedPlaylist& playlist = work_.result.playlists[number];
+    PlaylistDraft& draft = work_.drafts[number];
+    AsAsx(draft.document);
+    std::size_t filled = 0;
+    for (std::size_t i = 0; i < playlist.items.size(); ++i) {
+      MovedItem& item = playlist.items[i];
+      if (!item.IsCarried()) continue;
+      Section entry(draft.document, draft.document.FindOrAddSection(
+                                        EntrySection(static_cast<std::int64_t>(item.entry))));
+      if (Complete(item, draft.told[i], entry)) ++filled;
+      if (item.IsSong()) continue;
+      item.reference = Tellable(item.reference, page_);
+      entry.Set(u"SourceURL", item.reference);
+    }
+    if (filled > 0) playlist.mendings.push_back({Mending::Kind::DetailsFilled, filled});
+  }
+
+ private:
+  /// Only entries of this kind keep a length that all writers can tell.
+  static void AsAsx(IniDocument& document) {
+    const String code = FormatInteger(playlist_type::kWmpAsx);
+    Section globals(document, document.FindOrAddSection(kGlobalSection));
+    const std::optional<double> type = ParseNumber(globals.Get(u"PlaylistType"));
+    const bool wasAsx = type && HasAsxEntries(static_cast<std::int32_t>(*type));
+    globals.Set(u"PlaylistType", code);
+    globals.SetWhereEmpty(u"ASX Version", u"3.0");
+    if (!wasAsx) globals.SetWhereEmpty(u"AllowShuffle", u"yes");  // as of files of other kinds
+    for (std::int64_t i = 1;; ++i) {
+      const std::size_t section = document.FindSection(EntrySection(i));
+      if (section == IniDocument::kNone) return;
+      if (document.Value(section, u"EntryType")) document.SetValue(section, u"EntryType", code);
+    }
+  }
+
+  /// What the playlist tells, what the tag tells, what the library made of both.
+  String Choose(const String& told, const String& tag, const String& known) const {
+    const bool isLossy = !tag.empty() && !page_.Fits(tag) && page_.Fits(told);
+    if (!told.empty() && !isLossy) return told;
+    return tag.empty() ? known : tag;
+  }
+
+  /// True when a name was filled in or mended.
+  bool Complete(const MovedItem& item, const ToldDetails& told, Section& entry) {
+    const SongTags tags = item.IsSong() ? work_.tags[item.song] : SongTags();
+    String title = Choose(told.title, tags.title, entry.Get(u"SongName"));
+    String artist = Choose(told.artist, tags.artist, entry.Get(u"Artist"));
+    const String album = Choose(told.album, tags.album, entry.Get(u"Album"));
+    if (title.empty() && item.IsSong()) title = BaseName(work_.result.songs[item.song].source);
+    const bool isStream = !item.IsSong() && !title.empty();
+    if (isStream && artist.empty()) artist = HostOf(item.reference);
+    bool mended = entry.Set(u"SongName", title);
+    mended = entry.Set(u"Artist", artist) || mended;
+    mended = entry.Set(u"Album", album) || mended;
+    entry.Set(u"ASX_SongName", title);
+    entry.Set(u"ASX_Artist", artist);
+    entry.Set(u"ASX_Album", album);
+    entry.SetWhereEmpty(u"ASX_Title", title);
+    entry.SetWhereEmpty(u"ASX_Author", artist);
+    entry.Set(u"Genre", Choose(told.genre, tags.genre, entry.Get(u"Genre")));
+    SetNumbers(told, tags, entry);
+    if (!title.empty()) entry.Set(u"HasExtendedInfo", String(kTrue));
+    return mended;
+  }
+
+  static void SetNumbers(const ToldDetails& told, const SongTags& tags, Section& entry) {
+    const int track = told.track > 0 ? told.track : tags.track;
+    if (track > 0) entry.SetWhereEmpty(u"TrackNumber", FormatInteger(track));
+    double seconds = told.seconds > 0 ? told.seconds : tags.seconds;
+    if (seconds <= 0) seconds = ParseNumber(entry.Get(u"Duration")).value_or(0);
+    const bool isClock = entry.Get(u"Duration").find(u':') != String::npos;
+    if (seconds > 0 && !(isClock && told.seconds > 0)) {
+      entry.Set(u"Duration", ClockText(seconds));
+    }
+  }
+
+  const CodePage& page_;
+  FileSystem& files_;
+  MoveWork& work_;
+};
+
+}  // namespace
+
+void CompleteDetails(Component& library, MoveWork& work) {
+  Completer completer(library, work);
+  const std::vector<MovedSong>& songs = work.result.songs;
+  for (std::size_t i = 0; i < songs.size(); ++i) {
+    work.report.Progress({WorkPhase::ReadingTags, i + 1, songs.size(), 0, 0, songs[i].source});
+    completer.Read(i);
+  }
+  for (std::size_t i = 0; i < work.drafts.size(); ++i) {
+    if (work.result.playlists[i].state == MovedPlaylist::State::Collected) completer.Complete(i);
+  }
+}
+
+}  // namespace norvo

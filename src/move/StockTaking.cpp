@@ -1,0 +1,120 @@
+#include "move/StockTaking.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <optional>
+#include <string_view>
+
+#include "automation/Attempt.h"
+#include "lists/ListKinds.h"
+#include "lists/ListMarks.h"
+#include "lists/SongNames.h"
+#include "services/FolderWalk.h"
+#include "services/Utility.h"
+#include "text/WindowsPath.h"
+
+namespace norvo {
+namespace {
+
+// As much as tells what a file is.
+constexpr std::size_t kBeginning = 512;
+
+// Endings of files that are no lists, whatever they begin with: what a PC has thousands of.
+constexpr StringView kOtherEndings[] = {
+    u"7z",  u"ani", u"asp",   u"ax",       u"bat", u"bin",    u"bmp",  u"c",    u"cab",  u"cat",
+    u"cdf", u"chm", u"class", u"cmd",      u"com", u"cpl",    u"cpp",  u"cs",   u"css",  u"cur",
+    u"dat", u"db",  u"dll",   u"dmp",      u"doc", u"docx",   u"drv",  u"etl",  u"evt",  u"evtx",
+    u"exe", u"fon", u"gif",   u"gz",       u"h",   u"hlp",    u"hpp",  u"htm",  u"html", u"icm",
+    u"ico", u"img", u"inf",   u"ini",      u"iso", u"jar",    u"jpeg", u"jpg",  u"js",   u"json",
+    u"lib", u"lnk", u"man",   u"manifest", u"mdb", u"msc",    u"msi",  u"msp",  u"mui",  u"nls",
+    u"o",   u"obj", u"ocx",   u"odt",      u"otf", u"pdb",    u"pdf",  u"pf",   u"php",  u"png",
+    u"pnf", u"ppt", u"pptx",  u"prx",      u"ps1", u"psd",    u"pst",  u"py",   u"pyc",  u"rar",
+    u"reg", u"rtf", u"scr",   u"sdb",      u"so",  u"sqlite", u"sys",  u"tar",  u"tif",  u"tiff",
+    u"tlb", u"ttc", u"ttf",   u"vbs",      u"vxd", u"wmf",    u"xls",  u"xlsx", u"zip"};
+
+bool HasOtherEnding(StringView name) {
+  String ending(Utility::GetExtension(name));
+  if (ending.empty()) return false;
+  std::transform(ending.begin(), ending.end(), ending.begin(), ToLowerAscii);
+  return std::find(std::begin(kOtherEndings), std::end(kOtherEndings), ending) !=
+         std::end(kOtherEndings);
+}
+
+/// Films of discs are called so, and half of what a PC keeps for itself.
+bool IsMusic(StringView name) {
+  return HasSongExtension(name) && !EqualsIgnoreCase(Utility::GetExtension(name), u"dat");
+}
+
+/// The system's own sounds are no music of anybody's.
+bool IsOfSystem(StringView folder) {
+  const StringView below = folder.substr(std::min(folder.size(), std::size_t{3}));
+  const StringView top = below.substr(0, below.find(u'\\'));
+  return EqualsIgnoreCase(top, u"Windows") || EqualsIgnoreCase(top, u"WINNT");
+}
+
+class StockTaker final : public FolderVisitor {
+ public:
+  StockTaker(Component& library, WorkReport& report) : library_(library), report_(report) {}
+
+  bool EnterFolder(StringView folder) override {
+    report_.Progress({WorkPhase::TakingStock, ++folders_, 0, 0, 0, folder});
+    place_ = SkippedFolder::None;
+    for (const StringView name : Split(folder, u'\\')) {
+      if (place_ == SkippedFolder::None) place_ = SkippedFolderOf(name);
+    }
+    isOfSystem_ = IsOfSystem(folder);
+    return true;
+  }
+
+  void VisitFile(StringView folder, StringView name) override {
+    const String path = String(folder) + String(name);
+    if (const ListKind* const kind = KindOf(path)) {
+      AddList(path, kind->name, kind->syntax.has_value());
+    } else if (IsMusic(name)) {
+      if (place_ == SkippedFolder::None && !isOfSystem_) stock_.media.push_back(path);
+    } else if (!HasOtherEnding(name) && BeginsAsList(path)) {
+      AddList(path, "playlist with a name of its own", true);
+    }
+  }
+
+  void CannotList(StringView, const RunTimeError&) override {
+    // The scan for playlists, which goes the same way, tells of it.
+  }
+
+  Stock Take() && { return std::move(stock_); }
+
+ private:
+  void AddList(const String& path, const char* kind, bool isRead) {
+    stock_.lists.push_back({path, kind, isRead, place_});
+  }
+
+  /// False also for one that cannot be opened: its name tells of no list.
+  bool BeginsAsList(const String& path) {
+    return AnswerOr(false, [&] {
+      std::array<char, kBeginning> bytes;
+      const std::size_t size = library_.Files().OpenForReading(path)->ReadAt(0, bytes);
+      return LooksLikeList(std::string_view(bytes.data(), size));
+    });
+  }
+
+  Component& library_;
+  WorkReport& report_;
+  Stock stock_;
+  std::size_t folders_ = 0;
+  SkippedFolder place_ = SkippedFolder::None;  // of the folder in hand
+  bool isOfSystem_ = false;                    // the folder in hand
+};
+
+}  // namespace
+
+Stock TakeStock(Component& library, WorkReport& report) {
+  StockTaker taker(library, report);
+  for (const Drive& drive : library.Files().Drives()) {
+    if (drive.type != DriveType::Fixed) continue;
+    WalkFolders(library.Files(), String(1, drive.letter) + u":\\", {}, taker);
+  }
+  return std::move(taker).Take();
+}
+
+}  // namespace norvo

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "controller/ScanRules.h"
+#include "move/WorkReport.h"
+#include "services/Component.h"
+
+namespace norvo {
+
+/// A file of the old machine that is a list of songs, by its name or by what it begins with.
+struct StockList {
+  String path;
+  std::string kind;                           ///< what people call such a list
+  bool isRead = false;                        ///< lists of this kind can be read
+  SkippedFolder place = SkippedFolder::None;  ///< where it stands, if nothing is taken from there
+};
+
+/// All that a machine has of playlists and music, whatever names it.
+struct Stock {
+  std::vector<StockList> lists;  ///< in the order of the folders, files before sub-folders
+  std::vector<String> media;     ///< the same; those of folders that are skipped are no part of it
+};
+
+/// Goes through all folders of the machine's fixed drives. A folder that cannot be listed is warned
+/// of, and the rest goes on.
+///
+/// Beside the known endings, files count as lists that begin as one does. To find these, files are
+/// opened; those whose endings tell that they are something else are not.
+Stock TakeStock(Component& library, WorkReport& report);
+
+}  // namespace norvo
