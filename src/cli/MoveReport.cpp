@@ -24,6 +24,8 @@ const char* OutcomeText(MovedPlaylist::State state) {
       return "moved before";
     case MovedPlaylist::State::NoSongs:
       return "no songs";
+    case MovedPlaylist::State::Skipped:
+      return "skipped";
     case MovedPlaylist::State::LeftOut:
       return "left out";
   }

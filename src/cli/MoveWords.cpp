@@ -71,6 +71,8 @@ const char* NameOf(MovedPlaylist::State state) {
       return "alreadyRestored";
     case MovedPlaylist::State::NoSongs:
       return "noSongs";
+    case MovedPlaylist::State::Skipped:
+      return "skipped";
     case MovedPlaylist::State::LeftOut:
       return "leftOut";
   }
@@ -120,6 +122,8 @@ std::string ReasonText(const MovedPlaylist& playlist) {
   switch (playlist.fault) {
     case MovedPlaylist::Fault::None:
       break;
+    case MovedPlaylist::Fault::KindNotRead:
+      return "only its own player can read a list of this kind";
     case MovedPlaylist::Fault::Unreadable:
       return withReason("cannot be read");
     case MovedPlaylist::Fault::GenericNotWritten:
