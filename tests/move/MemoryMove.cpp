@@ -12,7 +12,8 @@ std::string Named(Enum value, const char* const (&names)[count]) {
 }
 
 std::string NameOf(MovedPlaylist::State state) {
-  return Named(state, {"collected", "restored", "already restored", "no songs", "left out"});
+  return Named(state,
+               {"collected", "restored", "already restored", "no songs", "skipped", "left out"});
 }
 
 std::string NameOf(MovedSong::State state) {
@@ -20,12 +21,12 @@ std::string NameOf(MovedSong::State state) {
 }
 
 std::string NameOf(MovedItem::Fate fate) {
-  return Named(fate, {"song", "address", "no such file", "not media"});
+  return Named(fate, {"song", "address", "no such file", "not media", "ambiguous"});
 }
 
 std::string NameOf(MovedPlaylist::Fault fault) {
-  return Named(fault, {"", "Unreadable", "GenericNotWritten", "GenericDoesNotReadBack",
-                       "NotCarried", "NotRestored", "NotNoted"});
+  return Named(fault, {"", "KindNotRead", "Unreadable", "GenericNotWritten",
+                       "GenericDoesNotReadBack", "NotCarried", "NotRestored", "NotNoted"});
 }
 
 std::string NameOf(MovedSong::Fault fault) {
@@ -40,9 +41,9 @@ std::string NameOf(PlaceFailure failure) {
 }
 
 std::string NameOf(Mending::Kind kind) {
-  return Named(
-      kind, {"NotListed", "QueueEnded", "Unnamed", "NotWritten", "NothingUnderstood", "UnknownType",
-             "NotReadToEnd", "NameTaken", "Incomplete", "EntriesAdded", "Split"});
+  return Named(kind, {"NotListed", "QueueEnded", "Unnamed", "NotWritten", "NothingUnderstood",
+                      "UnknownType", "NotReadToEnd", "NameTaken", "Incomplete", "EntriesAdded",
+                      "Split", "OtherKind", "DetailsFilled"});
 }
 
 std::string NameOf(Adjustment::Reason reason) {
@@ -55,7 +56,8 @@ std::string NameOf(Adjustment::Reason reason) {
 std::string NameOf(WorkWarning::Kind kind) {
   return Named(kind, {"Library", "Oddity", "SettingUnusable", "RoleKept", "GroupRootKept",
                       "NoLogFolder", "NativesMissing", "UntellableAddress", "NativeGone",
-                      "NativeIncomplete", "WrongSong", "ChangedAddress"});
+                      "NativeIncomplete", "WrongSong", "ChangedAddress", "NoPlainName",
+                      "CompanionMissing", "CountedListWrong", "CountedSongWrong"});
 }
 
 /// In front of what is there.
@@ -69,7 +71,10 @@ std::string With(const char* before, std::size_t number) {
 
 std::string LineOf(const MovedItem& item) {
   const std::string what = item.IsSong() ? std::to_string(item.song) : Utf8(item.reference);
-  return "  " + std::to_string(item.entry) + ": " + NameOf(item.fate) + ' ' + what;
+  std::string line = "  " + std::to_string(item.entry) + ": " + NameOf(item.fate) + ' ' + what;
+  if (item.foundElsewhere) line += ", found elsewhere";
+  for (const String& candidate : item.candidates) line += ", or " + Utf8(candidate);
+  return line;
 }
 
 }  // namespace
