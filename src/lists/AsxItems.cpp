@@ -3,6 +3,7 @@
 #include <optional>
 #include <utility>
 
+#include "lists/ItemNumbers.h"
 #include "lists/ItemText.h"
 #include "lists/MarkupScanner.h"
 #include "lists/XmlEntities.h"
@@ -19,6 +20,7 @@ struct OpenEntry {
   String artist;
   String album;
   String otherAlbum;
+  double seconds = 0;
 };
 
 struct ParamRow {
@@ -46,6 +48,7 @@ ListedItem Finished(OpenEntry entry) {
   item.title = std::move(entry.paramName.empty() ? entry.title : entry.paramName);
   item.artist = std::move(entry.artist.empty() ? entry.author : entry.artist);
   item.album = std::move(entry.album.empty() ? entry.otherAlbum : entry.album);
+  item.seconds = entry.seconds;
   return item;
 }
 
@@ -60,9 +63,11 @@ class EntryCollector {
       AddReference(tags.Attribute(u"href"));
     } else if (entry_ && tags.Opens(u"Param")) {
       TakeParam(tags.Attribute(u"name"), tags.Attribute(u"value"));
-    } else if (entry_ && !tags.IsSelfClosing()) {
-      if (tags.Opens(u"Title")) element_ = &entry_->title;
-      if (tags.Opens(u"Author")) element_ = &entry_->author;
+    } else if (entry_ && tags.Opens(u"Duration")) {
+      entry_->seconds = SecondsOf(tags.Attribute(u"value"));
+    } else if (!tags.IsSelfClosing()) {
+      if (tags.Opens(u"Title")) element_ = TitleElement();
+      if (tags.Opens(u"Author") && entry_) element_ = &entry_->author;
     }
   }
 
@@ -74,14 +79,20 @@ class EntryCollector {
 
   void EndEntry() {
     element_ = nullptr;
-    if (entry_ && !entry_->references.empty()) items_.push_back(Finished(std::move(*entry_)));
+    if (entry_ && !entry_->references.empty()) list_.items.push_back(Finished(std::move(*entry_)));
     entry_.reset();
   }
 
-  std::size_t Count() const { return items_.size(); }
-  std::vector<ListedItem> Items() && { return std::move(items_); }
+  std::size_t Count() const { return list_.items.size(); }
+  ListedList List() && { return std::move(list_); }
 
  private:
+  /// Outside the entries the title is the list's, but only in front of them.
+  String* TitleElement() {
+    if (entry_) return &entry_->title;
+    return list_.items.empty() ? &list_.name : nullptr;
+  }
+
   void AddReference(StringView href) {
     String reference = ReferenceText(href);
     if (!reference.empty()) entry_->references.push_back(std::move(reference));
@@ -95,9 +106,9 @@ class EntryCollector {
     }
   }
 
-  std::vector<ListedItem> items_;
+  ListedList list_;
   std::optional<OpenEntry> entry_;
-  String* element_ = nullptr;  // of entry_: takes the text that comes next
+  String* element_ = nullptr;  // of entry_ or list_: takes the text that comes next
 };
 
 /// Places of the Banner tags that hide what follows them, up to the next </Banner>: it comes before
@@ -131,7 +142,7 @@ void SkipBanner(MarkupScanner& tags) {
 
 }  // namespace
 
-std::vector<ListedItem> AsxItems(StringView text, std::size_t most) {
+ListedList AsxItems(StringView text, std::size_t most) {
   const std::vector<std::size_t> hiding = HidingBanners(text);
   auto banner = hiding.begin();
   EntryCollector entries;
@@ -147,7 +158,7 @@ std::vector<ListedItem> AsxItems(StringView text, std::size_t most) {
   }
   entries.TakeText(tags.TextBefore());
   entries.EndEntry();
-  return std::move(entries).Items();
+  return std::move(entries).List();
 }
 
 }  // namespace norvo

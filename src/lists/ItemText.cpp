@@ -19,7 +19,7 @@ StringView TakeLine(StringView& rest) {
 }
 
 StringView CleanText(StringView text) {
-  return Trim(BeforeNul(text), IsNoText);
+  return TrimEnd(BeforeNul(TrimStart(text, IsNoText)), IsNoText);
 }
 
 String OnOneLine(String text) {

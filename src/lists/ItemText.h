@@ -9,8 +9,8 @@ namespace norvo {
 /// empty one, which says nothing.
 StringView TakeLine(StringView& rest);
 
-/// The text before its first NUL character, without the blanks, control characters and stray byte
-/// order marks around it.
+/// The text without the blanks, control characters and stray byte order marks around it, and before
+/// the first NUL character behind its start.
 StringView CleanText(StringView text);
 
 /// The text with every control character as a blank, then cleaned.

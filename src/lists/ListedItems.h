@@ -1,17 +1,22 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
-#include <string_view>
 #include <vector>
 
-#include "text/CodePage.h"
 #include "text/Text.h"
 
 namespace norvo {
 
 /// How a playlist file is written, whatever its name says.
-enum class ListSyntax { Asx, M3u, Pls };
+enum class ListSyntax {
+  Asx,
+  M3u,
+  Pls,
+  Wpl,  ///< SMIL: .wpl and .zpl
+  Xspf,
+  B4s,
+  ITunes  ///< a library with any number of lists
+};
 
 /// One item that a playlist lists, as a tolerant player would find it there.
 struct ListedItem {
@@ -21,27 +26,30 @@ struct ListedItem {
   String title;   ///< this and the names below as the playlist tells them, else empty
   String artist;  ///< of an ASX entry the author when no artist is told
   String album;
+  String genre;
+  int track = 0;       ///< 1-based number on the album; 0: not told
+  double seconds = 0;  ///< length; 0: not told
   /// A line of an M3U that starts with "#": an item only when there is such a file.
   bool maybeComment = false;
+};
+
+/// A list and what it holds, in its order.
+struct ListedList {
+  String name;  ///< as the file tells it; empty when it tells none
+  std::vector<ListedItem> items;
 };
 
 /// No list has so many; a file made to fill the memory shall not.
 inline constexpr std::size_t kMostListedItems = 1'000'000;
 
-/// How the file is written, by its extension and, where both differ, by its text: an ".m3u" that
-/// holds "<asx" is ASX, unless it begins as an M3U does; an ".asx" without it can be an M3U, or a
-/// settings file with the section [Reference], which reads as PLS. Nothing for other extensions.
-std::optional<ListSyntax> SyntaxOf(StringView fileName, StringView text);
-
-/// Extension of the files that are written so, with its point; of several the first.
-StringView ExtensionOf(ListSyntax syntax);
-
-/// What a player would play, in its order; what follows the first `most` items is left out. Looks
-/// at no disk; any text will do, and takes time and memory in proportion to its length.
-std::vector<ListedItem> ListItems(StringView text, ListSyntax syntax,
+/// The lists of a text: exactly one, but of an iTunes library each that its user made. What a
+/// player would play, in its order; what follows the first `most` items is left out. Looks at no
+/// disk; any text will do, and takes time and memory in proportion to its length.
+std::vector<ListedList> ReadLists(StringView text, ListSyntax syntax,
                                   std::size_t most = kMostListedItems);
 
-/// Text of a playlist file: UTF-8 and UTF-16 by their byte order marks, else the code page.
-String DecodePlaylist(std::string_view bytes, const CodePage& page);
+/// The items of all lists of a text, one after the other.
+std::vector<ListedItem> ListItems(StringView text, ListSyntax syntax,
+                                  std::size_t most = kMostListedItems);
 
 }  // namespace norvo

@@ -1,8 +1,8 @@
 #include "lists/M3uItems.h"
 
 #include <algorithm>
-#include <utility>
 
+#include "lists/ItemNumbers.h"
 #include "lists/ItemText.h"
 #include "lists/SongNames.h"
 
@@ -25,10 +25,33 @@ StringView DirectiveName(StringView line) {
   return whole || known ? name : StringView();
 }
 
-/// What an #EXTINF line shows of the next item: all that follows the comma.
-StringView ShownName(StringView line) {
-  const std::size_t comma = line.find(u',');
-  return comma == StringView::npos ? StringView() : line.substr(comma + 1);
+/// What an #EXTINF line tells of the next item.
+struct Information {
+  StringView shown;
+  double seconds = 0;
+};
+
+/// Place of the comma before the name: not of one in an attribute's value, as in
+/// "#EXTINF:215 group="a,b",Title".
+std::size_t NameComma(StringView line) {
+  bool quoted = false;
+  for (std::size_t at = 0; at < line.size(); ++at) {
+    if (line[at] == u'"') quoted = !quoted;
+    if (line[at] == u',' && !quoted) return at;
+  }
+  return line.find(u',');
+}
+
+/// The length stands between the colon and the comma, or the blank before attributes; the name is
+/// all that follows the comma.
+Information InformationIn(StringView line) {
+  const std::size_t comma = std::min(NameComma(line), line.size());
+  StringView length = line.substr(0, comma);
+  length.remove_prefix(std::min(length.find(u':'), length.size() - 1) + 1);
+  length = CleanText(length);
+  const auto* const end = std::find_if(length.begin(), length.end(), IsBlankOrControl);
+  length = length.substr(0, static_cast<std::size_t>(end - length.begin()));
+  return {comma < line.size() ? line.substr(comma + 1) : StringView(), SecondsOf(length)};
 }
 
 }  // namespace
@@ -39,12 +62,12 @@ bool IsM3uDirective(StringView line) {
 
 std::vector<ListedItem> M3uItems(StringView text, std::size_t most) {
   std::vector<ListedItem> items;
-  StringView shown;  // as the last #EXTINF line has it; the next one makes it void
+  Information told;  // by the last #EXTINF line; the next one makes it void
   while (!text.empty() && items.size() < most) {
     const StringView line = CleanText(TakeLine(text));
     if (line.empty()) continue;
     if (const StringView directive = DirectiveName(line); !directive.empty()) {
-      if (EqualsIgnoreCase(directive, u"EXTINF")) shown = ShownName(line);
+      if (EqualsIgnoreCase(directive, u"EXTINF")) told = InformationIn(line);
       continue;
     }
     ListedItem& item = items.emplace_back();
@@ -52,7 +75,10 @@ std::vector<ListedItem> M3uItems(StringView text, std::size_t most) {
     item.maybeComment = line.front() == u'#';
     // A remark between the information and its song must not take it.
     const bool isSong = !item.maybeComment || HasSongExtension(line);
-    if (isSong) SetNames(item, std::exchange(shown, StringView()));
+    if (!isSong) continue;
+    SetNames(item, told.shown);
+    item.seconds = told.seconds;
+    told = {};
   }
   return items;
 }

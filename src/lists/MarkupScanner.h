@@ -14,6 +14,11 @@ namespace norvo {
 /// takes time in proportion to the text's length.
 class MarkupScanner {
  public:
+  struct NamedValue {
+    StringView name;
+    StringView value;  ///< as written
+  };
+
   /// The text must outlive the scanner.
   explicit MarkupScanner(StringView text) : text_(text) {}
 
@@ -31,15 +36,15 @@ class MarkupScanner {
   bool Closes(StringView name) const { return closes_ && EqualsIgnoreCase(name_, name); }
   /// True for <name ... />.
   bool IsSelfClosing() const { return selfClosing_; }
+  /// True for </name>, whatever the name.
+  bool IsEnd() const { return closes_; }
+  StringView Name() const { return name_; }
+  /// In their order; of very many only the first.
+  const std::vector<NamedValue>& Attributes() const { return attributes_; }
   /// Value of the first attribute of that name, as written; empty without one.
   StringView Attribute(StringView name) const;
 
  private:
-  struct NamedValue {
-    StringView name;
-    StringView value;
-  };
-
   bool SkipComment(std::size_t open);
   bool StartsTag(std::size_t open) const;
   bool ReadTag(std::size_t open);

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cstdint>
 #include <iterator>
-#include <limits>
+#include <optional>
 
+#include "lists/ItemNumbers.h"
 #include "lists/ItemText.h"
-#include "text/Number.h"
 
 namespace norvo {
 namespace {
@@ -27,7 +27,7 @@ struct NumberedValue {
 struct SectionKeys {
   std::vector<NumberedValue> references;
   std::vector<NumberedValue> titles;
-  std::optional<StringView> count;
+  std::vector<NumberedValue> lengths;
 };
 
 /// Name of the section that a line starts; nothing for any other line.
@@ -37,15 +37,15 @@ std::optional<StringView> SectionName(StringView line) {
   return CleanText(line.substr(1, close - 1));
 }
 
-/// The number of a key such as "File12", which has no leading zeros; 0 for other keys.
-std::uint64_t NumberOfKey(StringView key, StringView word) {
+/// The number of a key such as "File12"; nothing for other keys.
+std::optional<std::uint64_t> NumberOfKey(StringView key, StringView word) {
   constexpr std::size_t kMostDigits = 18;  // as many as surely fit
-  if (!EqualsIgnoreCase(key.substr(0, word.size()), word)) return 0;
+  if (!EqualsIgnoreCase(key.substr(0, word.size()), word)) return std::nullopt;
   const StringView digits = key.substr(word.size());
-  if (digits.empty() || digits.size() > kMostDigits || digits.front() == u'0') return 0;
+  if (digits.empty() || digits.size() > kMostDigits) return std::nullopt;
   std::uint64_t number = 0;
   for (const char16_t unit : digits) {
-    if (!IsDigit(unit)) return 0;
+    if (!IsDigit(unit)) return std::nullopt;
     number = number * 10 + (unit - u'0');
   }
   return number;
@@ -56,22 +56,22 @@ void AddKey(SectionKeys& keys, StringView referenceKey, StringView line) {
   if (equals == StringView::npos || line.front() == u';') return;
   const StringView key = CleanText(line.substr(0, equals));
   const StringView value = CleanText(line.substr(equals + 1));
-  if (const std::uint64_t number = NumberOfKey(key, referenceKey); number != 0) {
-    keys.references.push_back({number, value});
-  } else if (const std::uint64_t titled = NumberOfKey(key, u"Title"); titled != 0) {
-    keys.titles.push_back({titled, value});
-  } else if (!keys.count && EqualsIgnoreCase(key, u"NumberOfEntries")) {
-    keys.count = value;
-  }
+  const auto take = [&](StringView word, std::vector<NumberedValue>& values) {
+    if (const auto number = NumberOfKey(key, word)) values.push_back({*number, value});
+  };
+  take(referenceKey, keys.references);
+  take(u"Title", keys.titles);
+  take(u"Length", keys.lengths);
 }
 
+/// What all sections of the name hold, or with an empty name the whole text.
 SectionKeys ReadSection(StringView text, const ListSection& section) {
   SectionKeys keys;
-  bool inside = false;
+  bool inside = section.name.empty();
   while (!text.empty()) {
     const StringView line = CleanText(TakeLine(text));
     if (const std::optional<StringView> name = SectionName(line)) {
-      inside = EqualsIgnoreCase(*name, section.name);
+      inside = section.name.empty() || EqualsIgnoreCase(*name, section.name);
     } else if (inside) {
       AddKey(keys, section.key, line);
     }
@@ -93,27 +93,46 @@ void Order(std::vector<NumberedValue>& values) {
   values.erase(std::unique(values.begin(), values.end(), equal), values.end());
 }
 
-/// The last number that counts. A count that makes no sense limits nothing.
-double LastNumber(const SectionKeys& keys) {
-  const double count = keys.count ? ParseNumber(*keys.count).value_or(0) : 0;
-  return count > 0 ? count : std::numeric_limits<double>::infinity();
-}
+/// Goes through ordered values beside ordered numbers.
+class ValueCursor {
+ public:
+  explicit ValueCursor(const std::vector<NumberedValue>& values)
+      : next_(values.begin()), end_(values.end()) {}
+
+  /// The value of a number, which is no less than the one before; empty without one.
+  StringView At(std::uint64_t number) {
+    while (next_ != end_ && next_->number < number) ++next_;
+    return next_ != end_ && next_->number == number ? next_->value : StringView();
+  }
+
+ private:
+  std::vector<NumberedValue>::const_iterator next_;
+  std::vector<NumberedValue>::const_iterator end_;
+};
 
 std::vector<ListedItem> SectionItems(SectionKeys keys, std::size_t most) {
   Order(keys.references);
   Order(keys.titles);
-  const double last = LastNumber(keys);
+  Order(keys.lengths);
   std::vector<ListedItem> items;
-  auto title = keys.titles.cbegin();
+  ValueCursor titles(keys.titles);
+  ValueCursor lengths(keys.lengths);
   for (const auto& [number, reference] : keys.references) {
-    if (static_cast<double>(number) > last || items.size() == most) break;
+    if (items.size() == most) break;
     if (reference.empty()) continue;
     ListedItem& item = items.emplace_back();
     item.references.emplace_back(reference);
-    while (title != keys.titles.cend() && title->number < number) ++title;
-    if (title != keys.titles.cend() && title->number == number) SetNames(item, title->value);
+    SetNames(item, titles.At(number));
+    item.seconds = SecondsOf(lengths.At(number));
   }
   return items;
+}
+
+bool HasListSection(StringView text) {
+  while (!text.empty()) {
+    if (IsPlsSection(CleanText(TakeLine(text)))) return true;
+  }
+  return false;
 }
 
 }  // namespace
@@ -126,7 +145,12 @@ bool IsPlsSection(StringView line) {
          });
 }
 
+bool HasPlsKeys(StringView text) {
+  return !PlsItems(text, 1).empty();
+}
+
 std::vector<ListedItem> PlsItems(StringView text, std::size_t most) {
+  if (!HasListSection(text)) return SectionItems(ReadSection(text, {{}, u"File"}), most);
   std::vector<ListedItem> items;
   for (const ListSection& section : kSections) {
     if (items.empty()) items = SectionItems(ReadSection(text, section), most);

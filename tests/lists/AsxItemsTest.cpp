@@ -114,6 +114,25 @@ TEST(AsxItems, NamesComeFromElementsAndParams) {
         {"a"}}});
 }
 
+TEST(AsxItems, DurationsAreLengths) {
+  ExpectItems(
+      {{u"<Entry><Ref href='a'/><Duration value='00:03:35.5'/></Entry>", {"a length=215.5"}},
+       {u"<Entry><DURATION VALUE=3:35></DURATION><Ref href='a'/></Entry>", {"a length=215"}},
+       {u"<Entry><Ref href='a'/><Duration value='x'/><Duration/></Entry>", {"a"}},
+       {u"<Duration value='9'/><Entry><Ref href='a'/></Entry>", {"a"}}});
+}
+
+TEST(AsxItems, TheTitleInFrontOfTheEntriesIsTheListsName) {
+  const auto name = [](StringView text) {
+    return Utf8(ReadLists(text, ListSyntax::Asx).front().name);
+  };
+  EXPECT_EQ(name(u"<Asx><Title>A &amp; B</Title><Entry><Title>x</Title><Ref href='a'/></Entry>"),
+            "A & B");
+  EXPECT_EQ(name(u"<Asx><Title>One</Title><Title>Two</Title>"), "One");
+  EXPECT_EQ(name(u"<Asx><Entry><Title>x</Title><Ref href='a'/></Entry><Title>y</Title>"), "");
+  EXPECT_EQ(name(u""), "");
+}
+
 TEST(AsxItems, NamesOutsideOfEntriesAreThePlaylists) {
   ExpectItems(
       {{u"<Title>Mix</Title><Param name='Artist' value='X'/><Entry><Ref href='a'/></Entry>"

@@ -5,12 +5,13 @@
 
 #include "lists/ListedItems.h"
 #include "support/TextPrinting.h"
+#include "text/Number.h"
 
 namespace norvo {
 
 /// Items as tests expect them, a line each: the references with "|" between them, then the title,
-/// artist and album that are told, as in "a.mp3 title=One artist=Ann album=Best"; a line that may
-/// be a comment begins with "?".
+/// artist, album, genre, track and length that are told, as in "a.mp3 title=One artist=Ann
+/// length=215"; a line that may be a comment begins with "?".
 inline Lines Listed(const std::vector<ListedItem>& items) {
   Lines lines;
   for (const ListedItem& item : items) {
@@ -22,7 +23,21 @@ inline Lines Listed(const std::vector<ListedItem>& items) {
     if (!item.title.empty()) line += " title=" + Utf8(item.title);
     if (!item.artist.empty()) line += " artist=" + Utf8(item.artist);
     if (!item.album.empty()) line += " album=" + Utf8(item.album);
+    if (!item.genre.empty()) line += " genre=" + Utf8(item.genre);
+    if (item.track != 0) line += " track=" + std::to_string(item.track);
+    if (item.seconds != 0) line += " length=" + Utf8(FormatNumber(item.seconds));
     lines.push_back(line);
+  }
+  return lines;
+}
+
+/// The items of the lists, each after a line of its name.
+inline Lines Listed(const std::vector<ListedList>& lists) {
+  Lines lines;
+  for (const ListedList& list : lists) {
+    lines.push_back("[" + Utf8(list.name) + "]");
+    const Lines items = Listed(list.items);
+    lines.insert(lines.end(), items.begin(), items.end());
   }
   return lines;
 }

@@ -17,12 +17,12 @@ Lines Pls(StringView text) {
 TEST(PlsItems, ItemsStandInTheOrderOfTheirNumbers) {
   EXPECT_EQ(Pls(u"[playlist]\r\nFile10=j.mp3\r\nTitle2=Ann - Two\r\nFile2=b.mp3\r\n"
                 u"File1=a.mp3\r\nTitle10=Ten\r\nLength1=3\r\nVersion=2\r\n"),
-            (Lines{"a.mp3", "b.mp3 title=Two artist=Ann", "j.mp3 title=Ten"}));
+            (Lines{"a.mp3 length=3", "b.mp3 title=Two artist=Ann", "j.mp3 title=Ten"}));
 }
 
 TEST(PlsItems, NamesOfSectionsAndKeysHaveNoCase) {
   EXPECT_EQ(Pls(u"[PlayList]\nFILE1=a.mp3\ntitle1=One\nnumberofentries=1\nfile2=b.mp3"),
-            (Lines{"a.mp3 title=One"}));
+            (Lines{"a.mp3 title=One", "b.mp3"}));
 }
 
 TEST(PlsItems, BlanksAroundNamesAndValuesAreNoPart) {
@@ -39,32 +39,41 @@ TEST(PlsItems, OtherSectionsAndLinesAreLeftOut) {
   EXPECT_EQ(Pls(u"File1=x.mp3\n[other]\nFile2=x.mp3\n[playlist]\n;File3=x.mp3\nFile4=d.mp3\n"
                 u"words\n=x.mp3\n[more]\nFile5=x.mp3\n[playlist]\nFile6=f.mp3"),
             (Lines{"d.mp3", "f.mp3"}));
-  EXPECT_EQ(Pls(u"File1=a.mp3"), Lines{});
-  EXPECT_EQ(Pls(u"[playlist\nFile1=a.mp3"), Lines{});
 }
 
-TEST(PlsItems, NumbersStartAtOneAndHaveNoLeadingZerosNorAnythingElse) {
-  EXPECT_EQ(Pls(u"[playlist]\nFile=x\nFile0=x\nFile01=x\nFile-1=x\nFile1a=x\nFile 1=x\n"
-                u"File99999999999999999999=x\nFile2=b.mp3\nFile999999999999999999=z.mp3"),
-            (Lines{"b.mp3", "z.mp3"}));
+TEST(PlsItems, WithoutASectionOfItemsTheKeysCountWhereverTheyStand) {
+  EXPECT_EQ(Pls(u"File1=a.mp3\nTitle1=One"), (Lines{"a.mp3 title=One"}));
+  EXPECT_EQ(Pls(u"[playlist\nFile1=a.mp3"), (Lines{"a.mp3"}));
+  EXPECT_EQ(Pls(u"File2=b.mp3\n[Liste]\nFile1=a.mp3"), (Lines{"a.mp3", "b.mp3"}));
+  EXPECT_EQ(Pls(u"[playlist]\n[Liste]\nFile1=a.mp3"), Lines{});
 }
 
-TEST(PlsItems, OnlyAPositiveCountLimitsTheNumbers) {
-  const auto counted = [](StringView count) {
-    return Pls(u"[playlist]\nFile1=a\nFile2=b\nFile4=d\nNumberOfEntries=" + String(count)).size();
-  };
-  EXPECT_EQ(counted(u"1"), 1u);
-  EXPECT_EQ(counted(u" 2 "), 2u);
-  EXPECT_EQ(counted(u"3"), 2u);
-  EXPECT_EQ(counted(u"4"), 3u);
-  for (const StringView count : {u"0", u"-1", u"", u"many", u"4 songs", u"1e999", u"-1e999"}) {
-    EXPECT_EQ(counted(count), 3u) << Utf8(count);
+TEST(PlsItems, NumbersMayHaveLeadingZerosAndNothingElse) {
+  EXPECT_EQ(Pls(u"[playlist]\nFile=x\nFile-1=x\nFile1a=x\nFile 1=x\n"
+                u"File99999999999999999999=x\nFile2=b.mp3\nFile999999999999999999=z.mp3\n"
+                u"File001=a.mp3\nFile0=0.mp3"),
+            (Lines{"0.mp3", "a.mp3", "b.mp3", "z.mp3"}));
+}
+
+TEST(PlsItems, LengthsAreSecondsAndNonsenseTellsNone) {
+  EXPECT_EQ(Pls(u"[playlist]\nFile1=a\nLength1=215\nFile2=b\nLength2=-1\nFile3=c\nLength3=x\n"
+                u"Length4=9\nFile5=e\nLength5= 12.5 "),
+            (Lines{"a length=215", "b", "c", "e length=12.5"}));
+}
+
+TEST(PlsItems, TheCountLimitsNothing) {
+  for (const StringView count : {u"0", u"1", u"2", u"3", u"-1", u"2.5", u"99999999999", u"",
+                                 u"many", u"4 songs", u"1e999", u"-1e999"}) {
+    const String key = u"NumberOfEntries=" + String(count) + u"\n";
+    EXPECT_EQ(Pls(u"[playlist]\n" + key + u"File1=a\nFile2=b\nFile4=d"), (Lines{"a", "b", "d"}))
+        << Utf8(count);
+    EXPECT_EQ(Pls(u"[playlist]\nFile1=a\nFile2=b\nFile4=d\n" + key), (Lines{"a", "b", "d"}))
+        << Utf8(count);
   }
 }
 
 TEST(PlsItems, OfEqualKeysTheFirstHolds) {
-  EXPECT_EQ(Pls(u"[playlist]\nNumberOfEntries=2\nFile1=a\nFile1=x\nTitle1=One\nTitle1=X\n"
-                u"NumberOfEntries=1\nFile2=b\nFile2=\nFile3=c"),
+  EXPECT_EQ(Pls(u"[playlist]\nFile1=a\nFile1=x\nTitle1=One\nTitle1=X\nFile2=b\nFile2="),
             (Lines{"a title=One", "b"}));
   EXPECT_EQ(Pls(u"[playlist]\nFile1=\nFile1=a\nFile2=b"), (Lines{"b"}));
 }

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "lists/ListedItems.h"
+#include "text/CodePage.h"
+
+namespace norvo {
+
+/// What a list file holds.
+struct ListedFile {
+  ListSyntax syntax = ListSyntax::M3u;  ///< how it is written, whatever its name says
+  bool hasTitles = false;               ///< an M3U with lines like "#EXTINF:215,Artist - Title"
+  std::vector<ListedList> lists;        ///< see ReadLists
+};
+
+/// Reads a list file of any kind that is known, by its name and its text; see SyntaxOf and
+/// DecodePlaylist. Nothing for a file of a kind that is not read, or that is no list. Any bytes
+/// will do; time and memory are in proportion to their number.
+std::optional<ListedFile> ReadListFile(StringView fileName, std::string_view bytes,
+                                       const CodePage& page, std::size_t most = kMostListedItems);
+
+}  // namespace norvo
