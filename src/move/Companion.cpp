@@ -1,13 +1,14 @@
 #include "move/Companion.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "model/GenericSections.h"
-#include "model/TimeValues.h"
 #include "move/PortableNames.h"
 #include "services/DataCop.h"
 #include "text/Encoding.h"
+#include "text/Number.h"
 #include "text/WindowsPath.h"
 
 namespace norvo {
@@ -17,34 +18,15 @@ constexpr StringView kExtension = u".m3u8";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr StringView kLineEnd = u"\r\n";
 
-/// An entry's section, or the one of the whole.
-class Values {
- public:
-  Values(const IniDocument& document, const String& section)
-      : document_(document), section_(document.FindSection(section)) {}
-
-  String operator()(StringView key) const {
-    if (section_ == IniDocument::kNone) return {};
-    return String(document_.Value(section_, key).value_or(StringView()));
-  }
-
- private:
-  const IniDocument& document_;
-  std::size_t section_;
-};
-
 /// "Artist - Title", or the one of both that is known.
-String ShownName(const Values& entry) {
-  const String artist = entry(u"Artist");
-  const String title = entry(u"SongName");
-  if (artist.empty() || title.empty()) return artist + title;
-  return artist + u" - " + title;
+String ShownName(const ToldDetails& told) {
+  if (told.artist.empty() || told.title.empty()) return told.artist + told.title;
+  return told.artist + u" - " + told.title;
 }
 
 /// Whole seconds; "-1" where the length is not known, as players have it.
-String Seconds(const Values& entry) {
-  const String seconds = ParseAsxTime(entry(u"Duration"));
-  return seconds.empty() || seconds == u"0" ? u"-1" : seconds;
+String Seconds(double seconds) {
+  return FormatInteger(seconds > 0 ? std::lround(seconds) : -1);
 }
 
 }  // namespace
@@ -65,7 +47,8 @@ void SetNatives(MovedPlaylist& playlist, std::vector<String> paths) {
 String NewCompanionPath(Component& library, const IniDocument& genericFile) {
   const String folder =
       DataCop::GetSubNamePath(library, DataCop::kPlayListSlot) + String(kCompanionFolder) + u'\\';
-  const String original = Values(genericFile, String(kGlobalSection))(u"OriginalFileName");
+  const std::size_t globals = genericFile.FindSection(kGlobalSection);
+  const String original(genericFile.Value(globals, u"OriginalFileName").value_or(StringView()));
   String base = original.substr(0, original.find(u'.'));
   if (!IsPortableName(base)) base = PortableName(base);
   const String name = base + String(kExtension);
@@ -77,14 +60,16 @@ String NewCompanionPath(Component& library, const IniDocument& genericFile) {
   return path;
 }
 
-std::string CompanionText(const MovedPlaylist& playlist, const IniDocument& genericFile,
+std::string CompanionText(const MovedPlaylist& playlist, const std::vector<ToldDetails>& told,
                           const std::vector<MovedSong>& songs) {
   String text = u"#EXTM3U" + String(kLineEnd);
-  for (const MovedItem& item : playlist.items) {
-    if (!item.IsCarried()) continue;
-    const Values entry(genericFile, EntrySection(static_cast<std::int64_t>(item.entry)));
-    const String name = ShownName(entry);
-    if (!name.empty()) text += u"#EXTINF:" + Seconds(entry) + u"," + name + String(kLineEnd);
+  for (std::size_t i = 0; i < playlist.items.size(); ++i) {
+    const MovedItem& item = playlist.items[i];
+    const bool isNowhere = item.IsSong() && songs[item.song].place.empty();
+    if (!item.IsCarried() || isNowhere) continue;
+    const String name = ShownName(told[i]);
+    if (!name.empty())
+      text += u"#EXTINF:" + Seconds(told[i].seconds) + u"," + name + String(kLineEnd);
     text += (item.IsSong() ? songs[item.song].place : item.reference) + String(kLineEnd);
   }
   return std::string(kByteOrderMark) + ToUtf8(text);

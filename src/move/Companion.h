@@ -22,8 +22,8 @@ void SetNatives(MovedPlaylist& playlist, std::vector<String> paths);
 /// A full path for the companion of a playlist with that generic file, which no file has.
 String NewCompanionPath(Component& library, const IniDocument& genericFile);
 
-/// Its text, with a byte order mark.
-std::string CompanionText(const MovedPlaylist& playlist, const IniDocument& genericFile,
+/// Its text, with a byte order mark. A song that has no place is no part of it.
+std::string CompanionText(const MovedPlaylist& playlist, const std::vector<ToldDetails>& told,
                           const std::vector<MovedSong>& songs);
 
 }  // namespace norvo

@@ -11,7 +11,8 @@
 
 namespace norvo {
 
-/// What a playlist tells of an item; empty and 0 for what it does not tell.
+/// What a playlist tells of an item, and once the tags are read what is known of it; empty and 0
+/// for what is not.
 struct ToldDetails {
   String title;
   String artist;

@@ -157,21 +157,28 @@ bool PlaceChooser::TryNames(std::size_t number, MovedSong& song, const EntryAnsw
 bool PlaceChooser::KeepPlace(std::size_t number, MovedSong& song) {
   // A copy: settling adds to what is known.
   const std::vector<KnownPlace> known = ledger_.PlacesOf(NameInLedger(song));
-  for (const auto& [place, artist, album] : known) {
-    if (!overlay_.Files().FileExists(place) || Judge(song, place) != Fault::None) continue;
-    Settle(number, song, {place, artist, album, String(LastComponent(place))});
+  for (const auto& [place, artist, album, full] : known) {
+    if (!overlay_.Files().FileExists(full.empty() ? place : full)) continue;
+    if (Judge(song, place) != Fault::None) continue;
+    Settle(number, song, {place, artist, album, String(LastComponent(place))},
+           full.empty() ? place : full);
     return true;
   }
   return false;
 }
 
-void PlaceChooser::Settle(std::size_t number, MovedSong& song, const EntryAnswer& answer) {
+void PlaceChooser::Settle(std::size_t number, MovedSong& song, const EntryAnswer& answer,
+                          const String& knownFull) {
   song.plainPlace = answer.place;
-  ledger_.AddPlace(NameInLedger(song), {answer.place, answer.artist, answer.album});
   chosen_[number] = answer;
   Occupy(number, song, song.plainPlace);
-  song.place = FullPlace(song, votes_[number].front().answer);
-  if (song.place != song.plainPlace) Occupy(number, song, song.place);
+  const bool isKept = knownFull == song.plainPlace ||
+                      (!knownFull.empty() && Judge(song, knownFull, Spelling::Any) == Fault::None);
+  song.place = isKept ? knownFull : FullPlace(song, votes_[number].front().answer);
+  const bool isPlain = song.place == song.plainPlace;
+  if (!isPlain) Occupy(number, song, song.place);
+  ledger_.AddPlace(NameInLedger(song),
+                   {answer.place, answer.artist, answer.album, isPlain ? String() : song.place});
 }
 
 /// The place that the song's own names give, in every script; the plain one where that tells them,

@@ -56,7 +56,8 @@ class PlaceChooser {
   bool TryNames(std::size_t number, MovedSong& song, const EntryAnswer& names);
   void LeaveNowhere(MovedSong& song, const EntryAnswer& names);
   bool KeepPlace(std::size_t number, MovedSong& song);
-  void Settle(std::size_t number, MovedSong& song, const EntryAnswer& answer);
+  void Settle(std::size_t number, MovedSong& song, const EntryAnswer& answer,
+              const String& knownFull = {});
   String FullPlace(const MovedSong& song, const EntryAnswer& names);
   void Occupy(std::size_t number, MovedSong& song, const String& place);
   Fault Judge(const MovedSong& song, const String& place, Spelling spelling = Spelling::Plain);

@@ -21,7 +21,7 @@ constexpr StringView kBegin = u"begin";    // fingerprint, neutral file, key of 
 constexpr StringView kNative = u"native";  // path
 constexpr StringView kDone = u"done";
 constexpr StringView kUndone = u"undone";
-constexpr StringView kSong = u"song";  // its name, place, artist, album
+constexpr StringView kSong = u"song";  // its name, place, artist, album, maybe full place
 
 std::vector<String> Fields(StringView line) {
   const std::vector<StringView> fields = Split(line, u'\t');
@@ -35,9 +35,11 @@ std::string BeginLine(const std::string& fingerprint, const String& genericFile,
 
 /// Empty for names that a line cannot hold; the song is planned anew then.
 std::string SongLine(const String& source, const KnownPlace& known) {
-  const String line = source + u'\t' + known.place + u'\t' + known.artist + u'\t' + known.album;
-  const bool holds = std::count(line.begin(), line.end(), u'\t') == 3 &&
-                     line.find_first_of(u"\r\n") == String::npos;
+  String line = source + u'\t' + known.place + u'\t' + known.artist + u'\t' + known.album;
+  if (!known.fullPlace.empty()) line += u'\t' + known.fullPlace;
+  const bool holds =
+      std::count(line.begin(), line.end(), u'\t') == (known.fullPlace.empty() ? 3 : 4) &&
+      line.find_first_of(u"\r\n") == String::npos;
   return holds ? ToUtf8(kSong) + '\t' + ToUtf8(line) + "\r\n" : std::string();
 }
 
@@ -85,8 +87,9 @@ bool RestoreLedger::Load() {
 void RestoreLedger::Take(const std::vector<String>& fields) {
   if (fields.size() == 4 && fields[0] == kBegin) {
     current_ = Row{fields[2], ToUtf8(fields[3]), ToUtf8(fields[1]), {}};
-  } else if (fields.size() == 5 && fields[0] == kSong) {
-    AddPlace(fields[1], {fields[2], fields[3], fields[4]});
+  } else if ((fields.size() == 5 || fields.size() == 6) && fields[0] == kSong) {
+    AddPlace(fields[1],
+             {fields[2], fields[3], fields[4], fields.size() == 6 ? fields[5] : String()});
   } else if (fields.size() == 2 && fields[0] == kNative && current_) {
     current_->natives.push_back(fields[1]);
   } else if (fields[0] == kDone && current_) {

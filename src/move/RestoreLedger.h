@@ -12,9 +12,10 @@ namespace norvo {
 
 /// The place that a song has got, and the names by which an entry computes it.
 struct KnownPlace {
-  String place;
+  String place;  ///< in the 8-bit page
   String artist;
   String album;
+  String fullPlace{};  ///< in every script; empty where both are one
 };
 
 /// What a machine remembers of the moves to it: the generic files that were restored, by path and

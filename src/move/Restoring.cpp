@@ -78,7 +78,8 @@ class LedgerWatcher final : public LibraryWatcher {
       if (!path.starts_with(folder_)) throw RunTimeError(error::kPathNotFound);
       ledger_.AddNative(path);
       library_.Machine().Settings().Write(
-          path, CompanionText(work_.result.playlists[number], document, work_.result.songs));
+          path, CompanionText(work_.result.playlists[number], work_.drafts[number].told,
+                              work_.result.songs));
     });
   }
 

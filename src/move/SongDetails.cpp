@@ -8,6 +8,7 @@
 #include "lists/SongTags.h"
 #include "model/GenericSections.h"
 #include "model/PlaylistTypes.h"
+#include "model/TimeValues.h"
 #include "text/Encoding.h"
 #include "text/Number.h"
 #include "text/WindowsPath.h"
@@ -28,6 +29,11 @@ String ClockText(double seconds) {
   const auto whole = static_cast<std::int64_t>(std::lround(std::min(seconds, kLongest)));
   return TwoDigits(whole / 3600) + u":" + TwoDigits(whole / 60 % 60) + u":" +
          TwoDigits(whole % 60) + u".000";
+}
+
+/// Of a clock text; 0 for any other.
+double SecondsOf(const String& clock) {
+  return ParseNumber(ParseAsxTime(clock)).value_or(0);
 }
 
 /// The name of a file without its extension.
@@ -75,6 +81,9 @@ class Section {
     if (value.empty() || Get(key) == value) return false;
     document_.SetValue(section_, key, value);
     return true;
+  }
+  void Clear(StringView key) {
+    if (!Get(key).empty()) document_.SetValue(section_, key, {});
   }
   void SetWhereEmpty(StringView key, const String& value) {
     if (Get(key).empty()) Set(key, value);
@@ -131,44 +140,65 @@ class Completer {
     }
   }
 
+  /// A playlist of the 8-bit page cannot tell the tag's name.
+  bool IsLossy(const String& told, const String& tag) const {
+    return !tag.empty() && !page_.Fits(tag) && page_.Fits(told);
+  }
+  /// True where the playlist's own names do not hold against the tag's: they cannot tell them, or
+  /// are in the other order, as one player writes them.
+  bool HasBetterTag(const ToldDetails& told, const SongTags& tags) const {
+    const bool isSwapped =
+        EqualsIgnoreCase(told.artist, tags.title) && EqualsIgnoreCase(told.title, tags.artist);
+    return isSwapped || IsLossy(told.title, tags.title) || IsLossy(told.artist, tags.artist);
+  }
   /// What the playlist tells, what the tag tells, what the library made of both.
-  String Choose(const String& told, const String& tag, const String& known) const {
-    const bool isLossy = !tag.empty() && !page_.Fits(tag) && page_.Fits(told);
-    if (!told.empty() && !isLossy) return told;
+  static String Choose(const String& told, const String& tag, const String& known) {
+    if (!told.empty()) return told;
     return tag.empty() ? known : tag;
   }
 
-  /// True when a name was filled in or mended.
-  bool Complete(const MovedItem& item, const ToldDetails& told, Section& entry) {
+  /// True when a name was filled in or mended by the song's tag.
+  bool Complete(const MovedItem& item, ToldDetails& told, Section& entry) {
     const SongTags tags = item.IsSong() ? work_.tags[item.song] : SongTags();
+    SetNumbers(told, tags, entry);
+    if (HasBetterTag(told, tags)) told.artist = told.title = String();
+    if (IsLossy(told.album, tags.album)) told.album.clear();
     String title = Choose(told.title, tags.title, entry.Get(u"SongName"));
     String artist = Choose(told.artist, tags.artist, entry.Get(u"Artist"));
     const String album = Choose(told.album, tags.album, entry.Get(u"Album"));
-    if (title.empty() && item.IsSong()) title = BaseName(work_.result.songs[item.song].source);
+    // A length goes along with a name only.
+    const bool lacksName = title.empty() && item.IsSong() && !entry.Get(u"Duration").empty();
+    if (lacksName) title = BaseName(work_.result.songs[item.song].source);
     const bool isStream = !item.IsSong() && !title.empty();
     if (isStream && artist.empty()) artist = HostOf(item.reference);
-    bool mended = entry.Set(u"SongName", title);
-    mended = entry.Set(u"Artist", artist) || mended;
-    mended = entry.Set(u"Album", album) || mended;
+    const auto set = [&entry](StringView key, const String& value, const String& tag) {
+      return entry.Set(key, value) && value == tag;
+    };
+    bool mended = set(u"SongName", title, tags.title);
+    mended = set(u"Artist", artist, tags.artist) || mended;
+    mended = set(u"Album", album, tags.album) || mended;
     entry.Set(u"ASX_SongName", title);
     entry.Set(u"ASX_Artist", artist);
     entry.Set(u"ASX_Album", album);
     entry.SetWhereEmpty(u"ASX_Title", title);
     entry.SetWhereEmpty(u"ASX_Author", artist);
     entry.Set(u"Genre", Choose(told.genre, tags.genre, entry.Get(u"Genre")));
-    SetNumbers(told, tags, entry);
     if (!title.empty()) entry.Set(u"HasExtendedInfo", String(kTrue));
+    told.title = title;
+    told.artist = artist;
     return mended;
   }
 
-  static void SetNumbers(const ToldDetails& told, const SongTags& tags, Section& entry) {
+  static void SetNumbers(ToldDetails& told, const SongTags& tags, Section& entry) {
     const int track = told.track > 0 ? told.track : tags.track;
     if (track > 0) entry.SetWhereEmpty(u"TrackNumber", FormatInteger(track));
-    double seconds = told.seconds > 0 ? told.seconds : tags.seconds;
-    if (seconds <= 0) seconds = ParseNumber(entry.Get(u"Duration")).value_or(0);
-    const bool isClock = entry.Get(u"Duration").find(u':') != String::npos;
-    if (seconds > 0 && !(isClock && told.seconds > 0)) {
-      entry.Set(u"Duration", ClockText(seconds));
+    const double known = SecondsOf(entry.Get(u"Duration"));
+    if (told.seconds <= 0) told.seconds = tags.seconds > 0 ? tags.seconds : known;
+    // A clock text of the playlist's own stays; the readers make others that tell nothing.
+    if (told.seconds > 0 && std::abs(known - told.seconds) >= 1) {
+      entry.Set(u"Duration", ClockText(told.seconds));
+    } else if (told.seconds <= 0) {
+      entry.Clear(u"Duration");
     }
   }
 

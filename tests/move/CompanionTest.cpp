@@ -25,7 +25,7 @@ TEST_F(CompanionTest, EveryPlaylistHasOneInUtf8WithEverySong) {
   machines.from->AddFile(u"C:\\Микс.m3u8", "C:\\Music\\Песня.mp3\r\nhttp://example.com/live\r\n");
   const MoveResult move = machines.Run();
   EXPECT_EQ(Companion("Микс.m3u8"),
-            "\xEF\xBB\xBF#EXTM3U\r\n#EXTINF:-1,Песня\r\n"
+            "\xEF\xBB\xBF#EXTM3U\r\n"
             "C:\\My Documents\\Norvo Media\\Music\\Песня.mp3\r\nhttp://example.com/live\r\n");
   ASSERT_EQ(move.playlists.size(), 1u);
   EXPECT_EQ(Utf8(move.playlists[0].companion), kFolder + "Микс.m3u8");
@@ -67,6 +67,20 @@ TEST_F(CompanionTest, ASongOutsideThe8BitPageHasAPlainNameForTheFourPlayers) {
   EXPECT_NE(contents.at(root + "PlayLists\\WinAmp\\Mix.m3u").find(root + "Music\\_____.mp3\r\n"),
             std::string::npos);
   EXPECT_TRUE(move.IsWhole());
+}
+
+TEST_F(CompanionTest, ALaterRunKeepsBothNamesOfASongWhateverHasComeSince) {
+  machines.AddSong(u"C:\\Music\\One.mp3");
+  machines.from->AddFile(u"C:\\Mix.m3u8",
+                         "#EXTM3U\r\n#EXTINF:1,Кино - Ночь\r\nC:\\Music\\One.mp3\r\n");
+  const String place = machines.Run().songs.at(0).place;
+  EXPECT_TEXT(place, u"C:\\My Documents\\Norvo Media\\Music\\Кино\\One.mp3");
+  machines.from->AddFile(u"C:\\A.m3u8",
+                         "#EXTM3U\r\n#EXTINF:1,Звезда - Ночь\r\nC:\\Music\\One.mp3\r\n"
+                         "#EXTINF:1,Звезда - Ночь\r\nC:\\Music\\One.mp3\r\n");
+  const MoveResult again = machines.Run();
+  EXPECT_TEXT(again.songs.at(0).place, place);
+  EXPECT_TRUE(again.IsWhole());
 }
 
 TEST_F(CompanionTest, APlainNameThatCannotBeGivenIsToldOf) {

@@ -38,6 +38,28 @@ inline const std::string kRoot = R"(C:\My Documents\Norvo Media\)";
 
 using Texts = std::vector<std::string>;
 
+/// The lines of a text that an earlier one lacks, in their order.
+inline Texts ChangedLines(const std::string& before, const std::string& after) {
+  const auto linesOf = [](const std::string& text) {
+    std::istringstream stream(text);
+    Texts lines;
+    for (std::string line; std::getline(stream, line);) {
+      line.erase(line.find_last_not_of('\r') + 1);
+      lines.push_back(line);
+    }
+    return lines;
+  };
+  const Texts old = linesOf(before);
+  Texts lines = linesOf(after);
+  std::erase_if(lines, [&old](const std::string& line) {
+    return line.empty() || std::find(old.begin(), old.end(), line) != old.end();
+  });
+  return lines;
+}
+
+/// The lines by which the generic file of an M3U or PLS becomes one of the kind that tells most.
+inline const Texts kAsCarried{"PlaylistType=1", "ASX Version=3.0", "AllowShuffle=yes"};
+
 /// An old machine, made in the test, and beside it the new one, which is not there yet. All paths
 /// are paths of the machines.
 class MoveTest : public ProgramTest {

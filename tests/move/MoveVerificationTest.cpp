@@ -29,12 +29,12 @@ TEST_F(MoveVerificationTest, ANativePlaylistThatWasChangedIsLookedAtAndStays) {
 }
 
 TEST_F(MoveVerificationTest, AnAddressThatDoesNotFitThePageIsTold) {
-  WriteOld(kMix, "\xEF\xBB\xBF" + M3u({kOne, "http://example.com/Ü", "http://example.com/Мир"}));
+  WriteOld(kMix, "\xEF\xBB\xBF" + M3u({kOne, "http://example.com/Ü", R"(\\server\share\Мир.mp3)"}));
   const auto moved = Moved();
   EXPECT_EQ(moved.at("exitCode"), 1);
   EXPECT_EQ(moved.at("leftOut"),
             Texts{"C:\\Music\\Mix.m3u: its native playlists cannot tell "
-                  "\"http://example.com/Мир\", which does not fit the 8-bit page"});
+                  "\"\\\\server\\share\\Мир.mp3\", which does not fit the 8-bit page"});
 }
 
 }  // namespace

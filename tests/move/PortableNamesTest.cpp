@@ -167,9 +167,15 @@ TEST(PortableNames, ANumberStandsInFrontOfTheExtension) {
 TEST(PortableNames, APathIsPortableWhenAllItsNamesAre) {
   for (const StringView path :
        {u"C:\\a", u"d:\\My Documents\\Norvo Media\\Music\\Ärzte\\1 - One.mp3", u"C:\\.a\\..b"}) {
-    EXPECT_TRUE(HasPortableNames(path, Page())) << ToUtf8(path);
+    EXPECT_TRUE(HasPortableNames(path, &Page())) << ToUtf8(path);
   }
-  EXPECT_TRUE(HasPortableNames(u"C:\\" + String(255, u'x') + u"\\" + String(255, u'x'), Page()));
+  EXPECT_TRUE(HasPortableNames(u"C:\\" + String(255, u'x') + u"\\" + String(255, u'x'), &Page()));
+}
+
+TEST(PortableNames, WithoutAPageAPathMayBeInAnyScript) {
+  EXPECT_FALSE(HasPortableNames(u"C:\\東京\\a", &Page()));
+  EXPECT_TRUE(HasPortableNames(u"C:\\東京\\a", nullptr));
+  EXPECT_FALSE(HasPortableNames(u"C:\\東京?\\a", nullptr));
 }
 
 TEST(PortableNames, OddPathsAreNotPortable) {
@@ -199,7 +205,7 @@ TEST(PortableNames, OddPathsAreNotPortable) {
                                 u"C:\\a?",
                                 u"C:\\東京\\a",
                                 u"C:\\my extm3u\\a"}) {
-    EXPECT_FALSE(HasPortableNames(path, Page())) << ToUtf8(path);
+    EXPECT_FALSE(HasPortableNames(path, &Page())) << ToUtf8(path);
   }
 }
 

@@ -285,6 +285,16 @@ TEST_F(RestoreLedgerTest, PlacesOfSongsAreRememberedOnceItIsCompacted) {
   EXPECT_EQ(Ledger().PlacesOf(song)[0].album, u"");
 }
 
+TEST_F(RestoreLedgerTest, APlaceInEveryScriptIsRememberedBesideThePlainOne) {
+  const String song = u"C:\\Music\\Žluté.mp3";
+  Ledger().AddPlace(song, {u"C:\\N\\_.mp3", u"", u"", u"C:\\N\\Жёлтый.mp3"});
+  Ledger().Compact();
+  Restart();
+  ASSERT_EQ(Ledger().PlacesOf(song).size(), 1u);
+  EXPECT_EQ(Ledger().PlacesOf(song)[0].place, u"C:\\N\\_.mp3");
+  EXPECT_EQ(Ledger().PlacesOf(song)[0].fullPlace, u"C:\\N\\Жёлтый.mp3");
+}
+
 TEST_F(RestoreLedgerTest, ASongHasAllItsPlacesAndTheNamesThatCameLast) {
   const String song = u"C:\\a.mp3";
   Ledger().AddPlace(song, {u"C:\\x.mp3", u"Ann", u""});

@@ -120,10 +120,19 @@ TEST_F(SongDetailsTest, AStreamKeepsItsTitle) {
             std::string::npos);
 }
 
-TEST_F(SongDetailsTest, ASongOfWhichNothingIsKnownIsCalledAsItsFile) {
+TEST_F(SongDetailsTest, OfASongOfWhichNothingIsKnownNothingIsTold) {
   machines.AddSong(kSong);
   machines.AddPlaylist(u"C:\\Mix.m3u", {"C:\\Music\\One.mp3"});
-  EXPECT_NE(Native("Modern Players", "Mix.m3u8").find("#EXTINF:-1,One\r\n"), std::string::npos);
+  EXPECT_EQ(Native("WinAmp", "Mix.m3u"),
+            "#EXTM3U\r\nC:\\My Documents\\Norvo Media\\Music\\One.mp3\r\n");
+}
+
+TEST_F(SongDetailsTest, ASongOfWhichOnlyTheLengthIsKnownIsCalledAsItsFile) {
+  machines.AddSong(kSong);
+  machines.from->AddFile(u"C:\\Mix.pls",
+                         "[playlist]\r\nFile1=C:\\Music\\One.mp3\r\nLength1=61\r\n"
+                         "NumberOfEntries=1\r\nVersion=2\r\n");
+  EXPECT_NE(Native("Modern Players", "Mix.m3u8").find("#EXTINF:61,One\r\n"), std::string::npos);
 }
 
 TEST_F(SongDetailsTest, AnAddressOutsideThe8BitPageIsWrittenInPercentSigns) {

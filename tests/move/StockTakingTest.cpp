@@ -60,7 +60,7 @@ TEST_F(StockTakingTest, FilesWhoseEndingsTellWhatTheyAreAreNotOpened) {
   machine->AddFile(u"C:\\Photo.jpg", "#EXTM3U\r\n");
   machine->AddFile(u"C:\\Song.mp3", "#EXTM3U\r\n");
   EXPECT_EQ(Lists(), Lines());
-  EXPECT_EQ(machine->Calls("OpenForReading"), 0u);
+  EXPECT_EQ(machine->Calls(u"OpenForReading"), 0u);
 }
 
 TEST_F(StockTakingTest, MediaOfEveryKindAreCounted) {

@@ -37,9 +37,10 @@ class WorkObserverTest : public ::testing::Test {
 TEST_F(WorkObserverTest, ThePhasesComeInOrderEachOnce) {
   Run();
   EXPECT_EQ(heard.Phases(),
-            (std::vector<Phase>{Phase::Scanning, Phase::Collecting, Phase::Checking,
-                                Phase::Planning, Phase::PlanningSongs, Phase::BringingSongs,
-                                Phase::Restoring, Phase::Verifying}));
+            (std::vector<Phase>{Phase::TakingStock, Phase::Scanning, Phase::Collecting,
+                                Phase::Checking, Phase::ReadingTags, Phase::Planning,
+                                Phase::PlanningSongs, Phase::BringingSongs, Phase::Restoring,
+                                Phase::Verifying, Phase::Counting}));
 }
 
 TEST_F(WorkObserverTest, ADryRunBringsNoSongs) {
