@@ -1,48 +1,64 @@
-// Any bytes as a playlist that the host looks at on its own, in every syntax: what is listed can be
-// looked for, and what is found is there.
+// Any bytes as a playlist that the host looks at on its own, under every name that lists have: what
+// is listed can be looked for, and what is found is there.
 #include "FuzzedPlaylist.h"
-#include "lists/ListedItems.h"
+#include "lists/ListKinds.h"
+#include "lists/ListMarks.h"
+#include "lists/ListedFile.h"
 #include "lists/ReferenceFinder.h"
+#include "lists/SongSearch.h"
 
 namespace {
 
 using namespace norvo;
+
+const std::vector<norvo::String> kSongs = {u"C:\\Music\\a.mp3", u"C:\\Music\\A & B.mp3",
+                                           u"C:\\#1.mp3", u"C:\\Music\\\u00F6.mp3"};
 
 /// The machine stays the same: looking for files changes nothing.
 norvo::Component& Machine() {
   static const auto platform = [] {
     auto machine = std::make_shared<norvo::MemoryPlatform>();
     machine->AddDrive(u'E', norvo::DriveType::CdRom);
-    for (const norvo::StringView path :
-         {u"C:\\Music\\a.mp3", u"C:\\Music\\A & B.mp3", u"C:\\b.txt", u"C:\\#1.mp3"}) {
-      machine->AddFile(path, "ID3");
-    }
+    for (const norvo::String& path : kSongs) machine->AddFile(path, "ID3");
+    machine->AddFile(u"C:\\b.txt", "ID3");
     return machine;
   }();
   static const auto component = norvo::OpenLibrary(platform);
   return *component;
 }
 
-void LookFor(norvo::StringView reference) {
+void LookFor(const norvo::String& reference) {
+  static const SongSearch search(kSongs);
   if (reference.empty() || reference.find(u'\0') != norvo::String::npos) std::abort();
   const FoundReference found = ReferenceFinder(Machine()).Find(reference, u"C:\\Music");
   const bool isFile =
       found.kind == FoundReference::Kind::File || found.kind == FoundReference::Kind::NotMedia;
   if (isFile && !Machine().Files().FileExists(found.path)) std::abort();
   if (found.path.empty()) std::abort();
+  for (const norvo::String& path : search.Find(reference).paths) {
+    if (!Machine().Files().FileExists(path)) std::abort();
+  }
+}
+
+void CheckItem(const ListedItem& item) {
+  if (item.references.empty() || !(item.seconds >= 0) || item.track < 0) std::abort();
+  for (const norvo::String& reference : item.references) LookFor(reference);
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const norvo::String text = DecodePlaylist(norvo::AsBytes(data, size), norvo::Windows1252());
-  for (const norvo::StringView name : {u"a.asx", u"a.m3u", u"a.pls"}) {
-    if (!SyntaxOf(name, text)) std::abort();
-  }
-  for (const ListSyntax syntax : {ListSyntax::Asx, ListSyntax::M3u, ListSyntax::Pls}) {
-    for (const ListedItem& item : ListItems(text, syntax)) {
-      if (item.references.empty()) std::abort();
-      for (const norvo::String& reference : item.references) LookFor(reference);
+  const std::string_view bytes = norvo::AsBytes(data, size);
+  LooksLikeList(bytes.substr(0, 512));
+  std::vector<norvo::StringView> names = norvo::ListEndings();
+  names.push_back(u"a.txt");
+  for (const norvo::StringView name : names) {
+    const ListKind* const kind = KindOf(name);
+    const std::optional<ListedFile> file = ReadListFile(name, bytes, norvo::Windows1252());
+    if (!file && kind != nullptr && kind->syntax) std::abort();
+    if (!file) continue;
+    for (const ListedList& list : file->lists) {
+      for (const ListedItem& item : list.items) CheckItem(item);
     }
   }
   // The machine notes every call; it would grow with every input.

@@ -4,9 +4,11 @@
 
 #include "automation/Attempt.h"
 #include "lists/ItemText.h"
+#include "lists/NameSpelling.h"
 #include "lists/ReferencePaths.h"
 #include "lists/ReferenceTexts.h"
 #include "lists/SongNames.h"
+#include "text/Ascii.h"
 #include "text/WindowsPath.h"
 
 namespace norvo {
@@ -59,7 +61,7 @@ std::optional<FoundReference> ReferenceFinder::FindPath(StringView path, StringV
   switch (component_.Files().TypeOfDrive(full)) {
     case DriveType::Fixed:
     case DriveType::RamDisk:
-      return FindFile(full);
+      return FindSpelled(TrimEnd(full, IsSeparator));
     case DriveType::Removable:
     case DriveType::CdRom:
     case DriveType::Network:
@@ -77,6 +79,56 @@ std::optional<FoundReference> ReferenceFinder::FindFile(StringView fullPath) {
   String path = String(fullPath.substr(0, folder)) + facts->name;
   const Kind kind = IsSongPath(path) ? Kind::File : Kind::NotMedia;
   return FoundReference{kind, std::move(path), facts->size};
+}
+
+/// As spelled, else in other spellings of the same.
+std::optional<FoundReference> ReferenceFinder::FindSpelled(StringView fullPath) {
+  std::optional<FoundReference> found = FindFile(fullPath);
+  if (found || IsAscii(fullPath)) return found;
+  for (const String& spelled : {Composed(fullPath), Decomposed(fullPath)}) {
+    if (!found && spelled != fullPath) found = FindFile(spelled);
+  }
+  if (found) return found;
+  const String path = PathOnDisk(fullPath);
+  return path.empty() ? std::nullopt : FindFile(path);
+}
+
+/// The path with each name as the disk spells it; empty when there is none.
+String ReferenceFinder::PathOnDisk(StringView fullPath) {
+  String path(fullPath.substr(0, 2));
+  StringView rest = fullPath.substr(path.size());
+  while (!rest.empty()) {
+    rest.remove_prefix(1);  // the backslash
+    const StringView name = rest.substr(0, rest.find(u'\\'));
+    rest.remove_prefix(name.size());
+    const String written = path + u'\\' + String(name);
+    const bool isFolder = !rest.empty() && component_.Files().FolderExists(written);
+    // The last name is looked for in the end, and a name of ASCII alone has one spelling.
+    const bool isWritten = isFolder || (rest.empty() && IsAscii(name));
+    const String onDisk = isWritten ? String(name) : NameOnDisk(path + u'\\', name);
+    if (onDisk.empty()) return {};
+    path += u'\\' + onDisk;
+  }
+  return path;
+}
+
+/// The name in that folder, with the last backslash, which is the same in another spelling; empty
+/// when there is none.
+String ReferenceFinder::NameOnDisk(const String& folder, StringView name) {
+  if (IsAscii(name)) return {};
+  auto listed = names_.find(folder);
+  if (listed == names_.end()) {
+    Names names;
+    for (FolderItem& item : component_.Files().ListFolder(folder, {})) {
+      if (IsAscii(item.name)) continue;
+      String& known = names[FoldedSpelling(item.name)];
+      // A disk that has several gives them in any order.
+      if (known.empty() || item.name < known) known = std::move(item.name);
+    }
+    listed = names_.emplace(folder, std::move(names)).first;
+  }
+  const auto found = listed->second.find(FoldedSpelling(name));
+  return found == listed->second.end() ? String() : found->second;
 }
 
 }  // namespace norvo

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <unordered_map>
 
 #include "services/Component.h"
 #include "text/Text.h"
@@ -24,8 +25,9 @@ struct FoundReference {
   double size = 0;  ///< bytes of a file
 };
 
-/// Finds what the references of playlists mean, by all the ways in which programs write them. None
-/// of its questions raises, and none changes the component's state.
+/// Finds what the references of playlists mean, by all the ways in which programs write them, and
+/// by all spellings of a name in Unicode. None of its questions raises, and none changes the
+/// component's state. It remembers the names of folders that it had to list.
 class ReferenceFinder {
  public:
   /// The component must outlive the finder.
@@ -40,8 +42,14 @@ class ReferenceFinder {
   std::optional<FoundReference> FindText(StringView text, StringView folder);
   std::optional<FoundReference> FindPath(StringView path, StringView text);
   std::optional<FoundReference> FindFile(StringView fullPath);
+  std::optional<FoundReference> FindSpelled(StringView fullPath);
+  String PathOnDisk(StringView fullPath);
+  String NameOnDisk(const String& folder, StringView name);
+
+  using Names = std::unordered_map<String, String>;  // as on disk, by the folded spelling
 
   Component& component_;
+  std::unordered_map<String, Names> names_;  // that are not ASCII, by the folder
 };
 
 }  // namespace norvo

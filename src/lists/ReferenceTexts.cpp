@@ -80,6 +80,9 @@ std::vector<String> ReferenceTexts(StringView reference, const CodePage& page) {
   addChanged([&page](StringView text) { return DecodePercent(text, page); });
   addChanged([&page](StringView text) { return DecodeAsUtf8(text, page); });
   addChanged([](StringView text) { return WithoutQuotes(text); });
+  // Bytes of the page can be valid UTF-8 by chance.
+  const bool maybeOfPage = !IsAscii(reference);
+  if (maybeOfPage) texts.push_back(page.Decode(ToUtf8(reference)));
   return texts;
 }
 

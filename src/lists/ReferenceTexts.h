@@ -13,7 +13,8 @@ String DecodePercent(StringView text, const CodePage& page);
 
 /// What a reference can mean as a text, the likeliest first: as written; with its entities, its
 /// percent signs, or both decoded; the same as UTF-8 that was read through the code page; and all
-/// that without quotes around it. Only what differs is listed.
+/// that without quotes around it; last the text as it would be had it been read through the code
+/// page. Only what differs is listed.
 std::vector<String> ReferenceTexts(StringView reference, const CodePage& page);
 
 }  // namespace norvo

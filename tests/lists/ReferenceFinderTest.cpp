@@ -219,8 +219,62 @@ TEST_F(ReferenceFinderTest, AFolderIsNoFile) {
                {u"C:\\Music\\", "missing C:\\Music\\"},
                {u"C:\\", "missing C:\\"},
                {u"..", "missing .."}});
+}
+
+TEST_F(ReferenceFinderTest, ASeparatorAtTheEndOfAFileDoesNotMatter) {
   Put(u"C:\\Music\\b.mp3");
-  ExpectFound({{u"C:\\Music\\b.mp3\\", "missing C:\\Music\\b.mp3\\"}});
+  Put(u"C:\\Lists\\Pop\\c.mp3");
+  ExpectFound({{u"C:\\Music\\b.mp3\\", "file C:\\Music\\b.mp3"},
+               {u"C:/Music/b.mp3//", "file C:\\Music\\b.mp3"},
+               {u"file:///C:/Music/b.mp3/", "file C:\\Music\\b.mp3"},
+               {u"c.mp3/", "file C:\\Lists\\Pop\\c.mp3"},
+               {u"d.mp3/", "missing d.mp3/"}});
+}
+
+TEST_F(ReferenceFinderTest, SpellingsOfOneNameInUnicodeAreTheSame) {
+  Put(u"C:\\Music\\Bj\u00F6rk.mp3");
+  Put(u"C:\\Music\\E\u0301tude.mp3");
+  ExpectFound({{u"C:\\Music\\Bjo\u0308rk.mp3", Utf8(u"file C:\\Music\\Bj\u00F6rk.mp3")},
+               {u"C:\\Music\\\u00C9tude.mp3", Utf8(u"file C:\\Music\\E\u0301tude.mp3")},
+               {u"file:///C:/Music/%C3%89tude.mp3", Utf8(u"file C:\\Music\\E\u0301tude.mp3")},
+               {u"C:\\Music\\Bjork.mp3", "missing C:\\Music\\Bjork.mp3"}});
+}
+
+TEST_F(ReferenceFinderTest, TheSpellingAsWrittenGoesFirst) {
+  Put(u"C:\\Bj\u00F6rk.mp3");
+  Put(u"C:\\Bjo\u0308rk.mp3");
+  ExpectFound({{u"C:\\Bj\u00F6rk.mp3", Utf8(u"file C:\\Bj\u00F6rk.mp3")},
+               {u"C:\\Bjo\u0308rk.mp3", Utf8(u"file C:\\Bjo\u0308rk.mp3")}});
+}
+
+TEST_F(ReferenceFinderTest, EachFolderMayBeSpelledInItsOwnWay) {
+  Put(u"C:\\M\u00FCsik\\Bjo\u0308rk\\J\u00F3ga.mp3");
+  Put(u"C:\\Plain\\Bjo\u0308rk J\u00F3ga.mp3");
+  const std::string expected = Utf8(u"file C:\\M\u00FCsik\\Bjo\u0308rk\\J\u00F3ga.mp3");
+  ExpectFound({{u"C:\\Mu\u0308sik\\Bj\u00F6rk\\Jo\u0301ga.mp3", expected},
+               {u"C:\\M\u00FCsik\\Bj\u00F6rk\\J\u00F3ga.mp3", expected},
+               {u"C:\\MU\u0308SIK\\BJ\u00D6RK\\JO\u0301GA.mp3", expected},
+               {u"C:\\Plain\\BJ\u00F6rk Jo\u0301ga.MP3",
+                Utf8(u"file C:\\Plain\\Bjo\u0308rk J\u00F3ga.mp3")},
+               {u"C:\\None\\Bj\u00F6rk\\Jo\u0301ga.mp3",
+                Utf8(u"missing C:\\None\\Bj\u00F6rk\\Jo\u0301ga.mp3")}});
+}
+
+TEST_F(ReferenceFinderTest, AFolderIsListedOnceAndOnlyForNamesThatAreNotPlain) {
+  Put(u"C:\\Music\\a.mp3");
+  ReferenceFinder finder(component);
+  platform->Log().Clear();
+  for (int i = 0; i < 3; ++i) finder.Find(u"C:\\Music\\missing.mp3", kFolder);
+  EXPECT_EQ(platform->Log().Count(u"ListFolder"), 0u);
+  for (int i = 0; i < 3; ++i) finder.Find(u"C:\\Music\\\u65E5.mp3", kFolder);
+  EXPECT_EQ(platform->Log().Count(u"ListFolder"), 1u);
+}
+
+TEST_F(ReferenceFinderTest, ANameOfThePageThatLooksLikeUtf8IsFound) {
+  Put(u"C:\\Music\\Ã¶.mp3");
+  ExpectFound({{u"C:\\Music\\ö.mp3", "file C:\\Music\\Ã¶.mp3"}});
+  Put(u"C:\\Music\\ö.mp3");
+  ExpectFound({{u"C:\\Music\\ö.mp3", "file C:\\Music\\ö.mp3"}});
 }
 
 TEST_F(ReferenceFinderTest, TextsThatNameNothingAreMissing) {
