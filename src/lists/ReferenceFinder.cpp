@@ -112,8 +112,8 @@ String ReferenceFinder::PathOnDisk(StringView fullPath) {
   return path;
 }
 
-/// The name in that folder, with the last backslash, which is the same in another spelling; empty
-/// when there is none.
+/// How the disk spells a name in a folder, which ends in a backslash; empty when it has no such
+/// name or when the name is ASCII, which has but one spelling.
 String ReferenceFinder::NameOnDisk(const String& folder, StringView name) {
   if (IsAscii(name)) return {};
   auto listed = names_.find(folder);
