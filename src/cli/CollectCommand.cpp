@@ -67,11 +67,15 @@ class CollectCommand final : public Command {
   }
 
   Json Run(const CommonArguments& common, Console& console) override {
-    const auto machine = OpenMachine(common.machine, console)->Platform();
+    const auto named =
+        OpenMachine(common, console, init_ ? DocumentsUse::Needed : DocumentsUse::Unneeded);
+    const std::shared_ptr<Platform> machine = named->Platform();
     CollectObserver observer(console);
     SetupResult setup;
     if (init_) {
-      setup = SetUpMachine(machine, {}, {}, observer);
+      SetupWishes wishes;
+      wishes.usualGroupRoot = named->UsualGroupRoot();
+      setup = SetUpMachine(machine, wishes, {}, observer);
       SaySetup(setup.steps, console);
     }
     const CollectResult result = NamingScanFailure(

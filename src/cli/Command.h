@@ -15,6 +15,7 @@ namespace norvo::cli {
 /// What every command takes. Texts are the bytes that the shell handed over.
 struct CommonArguments {
   std::string machine;  ///< empty for `migrate`, and for `show` without one
+  std::string user;     ///< whose documents folder of the machine is meant; may be empty
   bool log = false;
   bool json = false;
   bool quiet = false;

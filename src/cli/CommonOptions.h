@@ -10,10 +10,11 @@ namespace norvo::cli {
 /// `--log`, `--json` and `--quiet`.
 void AddOutputOptions(CLI::App& command, CommonArguments& common);
 
-/// The same, and `--machine DIR`, which the machines of this system may not need, and then refuse.
+/// The same, and `--machine DIR` with `--user NAME`, which the machines of this system may not
+/// need, and then refuse.
 void AddCommonOptions(CLI::App& command, CommonArguments& common, bool machineRequired);
 
-/// `--machine DIR` alone; each system has its own.
+/// `--machine DIR` and `--user NAME` alone; each system has its own.
 void AddMachineOption(CLI::App& command, CommonArguments& common, bool required);
 
 /// A text of the help that differs on systems whose machines are held in folders, and on those

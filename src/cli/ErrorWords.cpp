@@ -74,7 +74,8 @@ std::string FolderText(const MoveError& error) {
     case MoveFault::NoMachine:
       return detail +
              ". A machine folder holds a folder per drive, named by its letter (such as C), or a "
-             "machine.ini that names the drives. Name one with --machine.";
+             "machine.ini that names the drives. Name one with --machine, or the folder where a "
+             "disk is mounted.";
     case MoveFault::NoFolder:
       return subject +
              " is no folder. Name the old machine's folder, or the folder where its disk is "
@@ -97,6 +98,14 @@ std::string FolderText(const MoveError& error) {
              "machine folder with --from and leave --work out.";
     case MoveFault::FoldersOverlap:
       return subject + " and " + detail + " lie in each other. Name folders that stand apart.";
+    case MoveFault::DriveLetterUnusable:
+      return subject + " is no drive. Name a letter from C to Z, such as D, with --to-drive.";
+    case MoveFault::DriveTold:
+      return subject + " has a machine.ini, which tells its drives. Leave --to-drive " + detail +
+             " out, or correct machine.ini.";
+    case MoveFault::LeadsOut:
+      return subject + " leads out of the disk " + detail +
+             ", and nothing is written elsewhere. Take the link away.";
     case MoveFault::NoTemporaryFolder:
       return "No folder can be made in " + subject +
              ". Set TMPDIR to a folder that can be written.";
@@ -105,10 +114,33 @@ std::string FolderText(const MoveError& error) {
   }
 }
 
+/// Of the documents folder of a disk.
+std::string DocumentsText(const MoveError& error) {
+  const std::string& subject = error.Subject();
+  const std::string& detail = error.Detail();
+  switch (error.Fault()) {
+    case MoveFault::ManyUsers:
+      return subject + " has the documents of several users: " + detail +
+             ". Whose are meant? Say it with --user NAME.";
+    case MoveFault::UnknownUser:
+      return "--user " + subject + ": nobody of that name has a documents folder there. " +
+             (detail.empty() ? "Nobody else has one, either: leave --user out."
+                             : "Those who have one: " + detail + ".");
+    case MoveFault::DocumentsNotFull:
+      return "--documents " + subject +
+             R"( is no full path of the new machine, such as C:\Users\Ann\Documents)";
+    case MoveFault::DocumentsNowhere:
+      return "--documents " + subject + " lies on drive " + detail +
+             ", which the new machine does not have. Name a path on one of its drives.";
+    default:
+      return {};
+  }
+}
+
 }  // namespace
 
 std::string TextOf(const MoveError& error) {
-  for (const auto text : {SettingsText, WorkText, FolderText}) {
+  for (const auto text : {SettingsText, WorkText, FolderText, DocumentsText}) {
     std::string words = text(error);
     if (!words.empty()) return words;
   }

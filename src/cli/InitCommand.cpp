@@ -14,10 +14,12 @@ namespace {
 constexpr HelpText kHelp = {R"(Examples:
   norvo-playlists init --machine /mnt/old-disk
   norvo-playlists init --machine /mnt/new-disk --role destination
-  norvo-playlists init --machine /mnt/old-disk --group-root 'D:\Norvo Media\'
+  norvo-playlists init --machine /mnt/old-pc --group-root 'D:\Norvo Media\'
 
 Writes only what is missing: settings that are there stay as they are. A group root on
-another drive than C takes the product's folder, with the debug log, along to that drive.)",
+another drive than C takes the product's folder, with the debug log, along to that drive.
+Of a mounted disk, which is drive C, the registry is Norvo/registry.reg on it, and the group root
+is below the documents folder of its user.)",
                             R"(Examples:
   norvo-playlists init
   norvo-playlists init --role destination
@@ -42,9 +44,11 @@ class InitCommand final : public Command {
   }
 
   Json Run(const CommonArguments& common, Console& console) override {
-    const auto machine = OpenMachine(common.machine, console)->Platform();
+    const auto machine = OpenMachine(
+        common, console, groupRoot_.empty() ? DocumentsUse::Needed : DocumentsUse::Unneeded);
     ConsoleObserver observer(console);
-    const SetupResult result = SetUpMachine(machine, Wishes(), {common.log}, observer);
+    const SetupResult result =
+        SetUpMachine(machine->Platform(), Wishes(*machine), {common.log}, observer);
     SaySetup(result.steps, console);
     Json document = SetupDocument(result.steps);
     AddLog(document, result.log);
@@ -52,8 +56,9 @@ class InitCommand final : public Command {
   }
 
  private:
-  SetupWishes Wishes() const {
+  SetupWishes Wishes(const NamedMachine& machine) const {
     SetupWishes wishes;
+    wishes.usualGroupRoot = machine.UsualGroupRoot();
     if (app_->count("--role") > 0) {
       wishes.role = role_ == "source" ? Utility::role::kSource : Utility::role::kDestination;
     }

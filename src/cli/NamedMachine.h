@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "cli/Command.h"
 #include "services/Platform.h"
 
 namespace norvo::cli {
@@ -18,12 +19,19 @@ class NamedMachine {
   /// What the machine calls the file that the user has named, by a path of the machine or of this
   /// system. CommandError when the machine cannot have it.
   virtual String MachinePathOf(const std::string& named) const = 0;
+  /// The group root of a machine that has none yet, in UTF-8, unless another is asked for; empty
+  /// for the usual one.
+  virtual std::string UsualGroupRoot() const { return {}; }
 };
 
+/// Whether a command must know the documents folder, and so asks whose it is where there are many.
+enum class DocumentsUse { Needed, Unneeded };
+
 /// The machine that `--machine` names; on Windows, where nothing names one, the machine that the
-/// program runs on. Its messages go to `messages`, which must outlive it. MoveError when it is no
-/// machine.
-std::shared_ptr<NamedMachine> OpenMachine(const std::string& folder, MessageDialog& messages);
+/// program runs on. Its messages go to the console, which must outlive it, and so does what a disk
+/// was taken as. MoveError when it is no machine.
+std::shared_ptr<NamedMachine> OpenMachine(const CommonArguments& common, Console& console,
+                                          DocumentsUse use);
 
 /// A playlist that is to be shown, on its machine.
 struct NamedPlaylist {
@@ -34,10 +42,11 @@ struct NamedPlaylist {
   bool hasLog = true;          ///< there is a product folder that could take a log
 };
 
-/// The playlist at a path of a machine or of this system. `folder` may be empty: then a playlist of
-/// this system is shown where it lies. CommandError when the path names none that can be reached.
-NamedPlaylist OpenPlaylist(const std::string& folder, const std::string& path,
-                           MessageDialog& messages);
+/// The playlist at a path of a machine or of this system. No machine need be named: then a playlist
+/// of this system is shown where it lies. CommandError when the path names none that can be
+/// reached.
+NamedPlaylist OpenPlaylist(const CommonArguments& common, const std::string& path,
+                           Console& console);
 
 /// True for "C:\..." and "C:/...".
 bool IsMachinePath(std::string_view text);

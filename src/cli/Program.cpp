@@ -12,6 +12,7 @@
 #include "cli/Console.h"
 #include "cli/ErrorWords.h"
 #include "cli/TerminalText.h"
+#include "cli/UsageWords.h"
 #include "text/Encoding.h"
 
 namespace norvo::cli {
@@ -23,13 +24,16 @@ constexpr HelpText kAbout = {
 
 constexpr HelpText kHelp = {R"(Examples:
   norvo-playlists migrate --from /mnt/old-pc --to /mnt/new-pc
+  norvo-playlists migrate --from /mnt/old-disk --to /mnt/new-disk
   norvo-playlists init --machine /mnt/old-disk
   norvo-playlists scan --machine /mnt/old-disk
   norvo-playlists collect --init --machine /mnt/old-disk
   norvo-playlists show --machine /mnt/old-disk 'C:\Music\Mix.m3u'
 
-A machine folder holds a folder per drive, named by its letter (C, D, ...), and may hold
-machine.ini (types and places of the drives) and registry.reg (the machine's registry).
+DIR of --machine, --from and --to is a mounted disk of a Windows PC, which is drive C then, or a
+machine folder: it holds a folder per drive, named by its letter (C, D, ...), and nothing else but
+machine.ini (types and places of the drives) and registry.reg (the machine's registry). With a
+machine.ini that tells of a machine it may hold anything.
 
 Exit codes: 0 done; 1 done, but something was left out, which is named on standard error;
 2 wrong usage, or a machine that cannot be worked on.)",
@@ -76,7 +80,7 @@ class CommandLine {
       if (isHelp) {
         app_.exit(error, out, err);
       } else {
-        err << "norvo-playlists: " << TerminalText(error.what())
+        err << "norvo-playlists: " << TerminalText(UsageText(app_, error))
             << "\nRun norvo-playlists --help, or norvo-playlists COMMAND --help.\n";
       }
       return false;

@@ -6,7 +6,9 @@
 #include "cli/NamedMachine.h"
 #include "cli/PathDocument.h"
 #include "cli/PlaylistWords.h"
+#include "library/Library.h"
 #include "model/PlaylistTypes.h"
+#include "move/ProductSettings.h"
 #include "move/RestorePlaylists.h"
 #include "text/Encoding.h"
 
@@ -42,6 +44,16 @@ class RestoreObserver final : public ConsoleObserver {
                   ": not written to its end: see that the disk is writable and not full");
   }
 };
+
+/// Says where neutral files were sought, and where `collect` would have put some.
+void TellNothingFound(const std::shared_ptr<Platform>& machine, Console& console) {
+  const std::unique_ptr<Component> library = OpenLibrary(machine);
+  const String documents = machine->Shell().SpecialFolderPath(ShellFolders::kDocuments);
+  const String dataArea = DataAreaOf(ReadProductSettings(*library));
+  console.LeftOut("Nothing to restore: no neutral file in " + BothPaths(*machine, documents) +
+                  " and below. collect writes them to " + BothPaths(*machine, dataArea) +
+                  "; bring them from there into the former.");
+}
 
 template <class Visit>
 void ForEachNative(const RestoreResult& result, Visit&& visit) {
@@ -93,9 +105,10 @@ class RestoreCommand final : public Command {
   }
 
   Json Run(const CommonArguments& common, Console& console) override {
-    const auto machine = OpenMachine(common.machine, console)->Platform();
+    const auto machine = OpenMachine(common, console, DocumentsUse::Needed)->Platform();
     RestoreObserver observer(console);
     const RestoreResult result = RestorePlaylists(machine, {common.log}, observer);
+    if (result.playlists.empty()) TellNothingFound(machine, console);
     SayRestored(result, console);
     if (!console.IsJson()) return {};
     Json document = RestoredDocument(result);

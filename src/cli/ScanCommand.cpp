@@ -59,7 +59,7 @@ class ScanCommand final : public Command {
   }
 
   Json Run(const CommonArguments& common, Console& console) override {
-    const auto machine = OpenMachine(common.machine, console)->Platform();
+    const auto machine = OpenMachine(common, console, DocumentsUse::Unneeded)->Platform();
     ConsoleObserver observer(console);
     const ScanResult result =
         NamingScanFailure(*machine, [&] { return ScanPlaylists(machine, {common.log}, observer); });

@@ -16,7 +16,7 @@ namespace {
 
 constexpr HelpText kHelp = {R"(Examples:
   norvo-playlists show --machine /mnt/old-disk 'C:\Music\Mix.m3u'
-  norvo-playlists show /mnt/old-disk/C/Music/Mix.m3u
+  norvo-playlists show /mnt/old-pc/C/Music/Mix.m3u
   norvo-playlists show ~/Music/Mix.m3u --type 3
 
 Types: 1 ASX of Windows Media Player, 2 M3U of Windows Media Player, 3 M3U of Winamp,
@@ -133,7 +133,7 @@ class ShowCommand final : public Command {
   }
 
   Json Run(const CommonArguments& common, Console& console) override {
-    const NamedPlaylist playlist = OpenPlaylist(common.machine, path_, console);
+    const NamedPlaylist playlist = OpenPlaylist(common, path_, console);
     if (playlist.lacksSettings) {
       console.Note(
           "This machine has no settings of the product yet; before scan or collect run "

@@ -30,6 +30,19 @@ constexpr HelpText kPathHelp = {"Playlists: paths on the machine or on this syst
 
 using Kind = VerifiedReference::Kind;
 
+/// Over all playlists. What is not looked up is not counted.
+void SayTotal(const std::vector<VerifiedPlaylist>& playlists, Console& console) {
+  std::size_t found = 0;
+  std::size_t missing = 0;
+  for (const VerifiedPlaylist& playlist : playlists) {
+    found += playlist.Count(Kind::Found);
+    missing += playlist.Count(Kind::Missing);
+  }
+  console.Say("Playlists: " + std::to_string(playlists.size()) +
+              ", references checked: " + std::to_string(found + missing) +
+              ", found: " + std::to_string(found) + ", missing: " + std::to_string(missing));
+}
+
 /// Prints each playlist as it is read.
 class VerifyObserver final : public ConsoleObserver {
  public:
@@ -72,11 +85,13 @@ class VerifyCommand final : public Command {
   }
 
   Json Run(const CommonArguments& common, Console& console) override {
-    const std::shared_ptr<NamedMachine> machine = OpenMachine(common.machine, console);
+    const std::shared_ptr<NamedMachine> machine =
+        OpenMachine(common, console, DocumentsUse::Unneeded);
     std::vector<std::string> paths;
     for (const std::string& path : paths_) paths.push_back(ToUtf8(machine->MachinePathOf(path)));
     VerifyObserver observer(console);
     const VerifyResult result = VerifyPlaylists(machine->Platform(), paths, {common.log}, observer);
+    SayTotal(result.playlists, console);
     if (!console.IsJson()) return {};
     Json rows = Json::array();
     for (const VerifiedPlaylist& playlist : result.playlists) {

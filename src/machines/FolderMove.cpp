@@ -17,15 +17,18 @@ MoveResult MovePlaylists(const FolderMove& folders, const MoveOptions& options,
   if (source.IsReadOnly() && options.media == MediaMode::Link) {
     throw MoveError(MoveFault::LinkWritesToSource);
   }
-  TargetFolder target(folders.to, options.dryRun);
+  TargetFolder target(folders, options.dryRun);
+  if (folders.onOpened) folders.onOpened({source.Taken(), target.Taken(), target.Registry()});
   if (folders.messages != nullptr) {
     source.Machine()->SetMessageDialog(*folders.messages);
     target.Machine()->SetMessageDialog(*folders.messages);
   }
   FilePlacer placer(*source.Machine(), *target.Machine());
   FilePlacer namer(*target.Machine(), *target.Machine());
-  MoveResult result = MovePlaylists(
-      {source.Machine(), target.Machine(), &placer, &namer, source.GroupRoot()}, options, observer);
+  MoveResult result =
+      MovePlaylists({source.Machine(), target.Machine(), &placer, &namer, source.GroupRoot(),
+                     folders.groupRoot, target.UsualGroupRoot()},
+                    options, observer);
   if (source.IsTemporary()) {
     std::erase_if(result.logs, [](const MoveLog& log) { return log.side == MachineSide::Old; });
   }

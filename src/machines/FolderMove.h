@@ -1,8 +1,10 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 
+#include "machines/TakenFolder.h"
 #include "move/MovePlaylists.h"
 #include "services/Platform.h"
 
@@ -15,13 +17,39 @@ struct FolderNames {
   std::string work = "the work folder";           ///< `FolderMove::work`
 };
 
+/// The file of a machine's registry.
+struct RegistryPlace {
+  std::filesystem::path file;  ///< on this system
+  /// As the machine calls it, in UTF-8; empty when it lies on none of its drives.
+  std::string machinePath;
+};
+
+/// What the folders of a move were taken as.
+struct OpenedFolders {
+  TakenFolder from;        ///< the old machine's
+  TakenFolder to;          ///< the new machine's
+  RegistryPlace registry;  ///< of the new machine; of a dry run it may be a passing one
+};
+
 /// A move between machines that are held in folders.
 struct FolderMove {
-  /// A machine folder, or any folder, such as a mounted disk, which is then drive C of a machine.
+  /// A machine folder, or any folder, such as a mounted disk, which is then drive C of a machine;
+  /// see TakeFolder for the rule.
   /// Nothing is written to a folder that is no machine.
   std::filesystem::path from;
-  /// Made a machine where it is none.
+  /// The same; one that is empty or missing is made a machine. On a disk nothing is made but what
+  /// the product puts there: its own folder, which takes the registry's file, songs and lists.
   std::filesystem::path to;
+  /// A letter from C to Z, such as "D": `to` is that drive of the new machine, whatever it holds.
+  std::string toDrive;
+  /// Whose documents folder, of several users of the new machine, takes the songs and lists: a name
+  /// in UTF-8. May be empty where there is one user, or one whose documents hold them already.
+  std::string user;
+  /// The documents folder of the new machine, and where songs and lists go: full Windows paths in
+  /// UTF-8. Empty for what the folder tells: of a disk the documents folder of its user, and
+  /// "Norvo Media" in there. A group root that the machine has already is kept.
+  std::string documents;
+  std::string groupRoot;  ///< see `documents`
   /// Takes what the product writes for the old machine, on a drive of its own, so that nothing is
   /// written below `from` even if that is a machine. May be empty: then a machine takes it itself,
   /// and of another folder it is kept only as long as the move lasts.
@@ -29,6 +57,8 @@ struct FolderMove {
   /// Shows the messages of both machines, if not null; else they go to the standard error stream.
   MessageDialog* messages = nullptr;
   FolderNames names;  ///< for the sentences of errors
+  /// Hears, before anything is moved, what the folders were taken as; may be empty.
+  std::function<void(const OpenedFolders&)> onOpened;
 };
 
 /// Moves the playlists and songs of one machine to another; see MovePlaylists of two platforms.

@@ -22,27 +22,13 @@ bool IsDriveName(const fs::path& path) {
   return name.size() == 1 && std::isalpha(static_cast<unsigned char>(name.front())) != 0;
 }
 
-bool IsHidden(const fs::path& path) {
-  return path.filename().string().front() == '.';
-}
-
-/// True for a machine.ini that tells of a machine; others may have a file of that name.
-bool TellsOfMachine(const fs::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  const std::string bytes((std::istreambuf_iterator<char>(stream)), {});
-  const IniDocument settings(DecodeFile(bytes, Windows1252()));
-  return settings.FindSection(u"Drives") != IniDocument::kNone ||
-         settings.FindSection(u"ShellFolders") != IniDocument::kNone;
-}
-
-/// True for a folder that holds drive C, maybe others, and nothing else but hidden files, such as
-/// one that a stopped run has left. Music that is sorted into folders from A to Z is no machine.
+/// True for a folder that holds drive C, maybe others, and nothing else. Music that is sorted into
+/// folders from A to Z is no machine.
 bool HoldsDrivesAlone(const fs::path& folder) {
   std::error_code failure;
   bool hasC = false;
   for (fs::directory_iterator at(folder, failure), end; at != end; at.increment(failure)) {
-    const fs::path name = at->path().filename();
-    if (IsHidden(name) || name == "registry.reg" || name == "machine.ini") continue;
+    if (IsBesideDrives(at->path())) continue;
     if (!at->is_directory(failure) || !IsDriveName(at->path())) return false;
     const int letter = std::toupper(static_cast<unsigned char>(at->path().filename().string()[0]));
     if (letter < 'C') return false;
@@ -70,8 +56,21 @@ std::shared_ptr<HostedPlatform> OpenMachineFolder(const fs::path& folder) {
   }
 }
 
+bool HasMachineSettings(const fs::path& folder) {
+  std::ifstream stream(folder / "machine.ini", std::ios::binary);
+  const std::string bytes((std::istreambuf_iterator<char>(stream)), {});
+  const IniDocument settings(DecodeFile(bytes, Windows1252()));
+  return settings.FindSection(u"Drives") != IniDocument::kNone ||
+         settings.FindSection(u"ShellFolders") != IniDocument::kNone;
+}
+
+bool IsBesideDrives(const fs::path& path) {
+  const fs::path name = path.filename();
+  return name.string().front() == '.' || name == "registry.reg" || name == "machine.ini";
+}
+
 bool IsSurelyMachine(const fs::path& folder) {
-  return TellsOfMachine(folder / "machine.ini") || HoldsDrivesAlone(folder);
+  return HasMachineSettings(folder) || HoldsDrivesAlone(folder);
 }
 
 }  // namespace norvo

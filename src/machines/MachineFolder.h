@@ -13,6 +13,14 @@ std::shared_ptr<HostedPlatform> OpenIfMachine(const std::filesystem::path& folde
 /// The same; MoveError for a folder that is none.
 std::shared_ptr<HostedPlatform> OpenMachineFolder(const std::filesystem::path& folder);
 
+/// True for a folder whose machine.ini tells of drives or folders; others may have a file of that
+/// name.
+bool HasMachineSettings(const std::filesystem::path& folder);
+
+/// True for what may stand beside the drives of a machine, by its name: its settings, its registry,
+/// and hidden files, such as one that a stopped run has left.
+bool IsBesideDrives(const std::filesystem::path& path);
+
 /// The strict question, for a folder that may as well be a disk: true when its machine.ini tells of
 /// drives or folders, or when it holds drive C, maybe others, and nothing else. MoveError when it
 /// cannot be listed.

@@ -14,15 +14,18 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void RequireFolder(const fs::path& folder) {
-  std::error_code failure;
-  if (!fs::is_directory(folder, failure)) throw MoveError(MoveFault::NoFolder, folder.string());
+TakenFolder TakeSource(const fs::path& from) {
+  TakenFolder taken = TakeFolder(from);
+  if (taken.kind == TakenFolder::Kind::Missing) {
+    throw MoveError(MoveFault::NoFolder, from.string());
+  }
+  return taken;
 }
 
 /// The drives that are read, by a machine's own description or as one disk.
-std::vector<HostedDrive> DrivesOf(const fs::path& from) {
-  if (IsSurelyMachine(from)) return ReadLayout(from).drives;
-  return {{u'C', DriveType::Fixed, from}};
+std::vector<HostedDrive> DrivesOf(const TakenFolder& from) {
+  if (from.IsMachine()) return ReadLayout(from.folder).drives;
+  return {{u'C', DriveType::Fixed, from.folder}};
 }
 
 /// A letter that no drive has; nothing when all are taken.
@@ -65,9 +68,8 @@ void MakeWork(const fs::path& work, char16_t own) {
 
 }  // namespace
 
-SourceFolder::SourceFolder(const fs::path& from, const fs::path& work) {
-  RequireFolder(from);
-  readOnly_ = !work.empty() || !IsSurelyMachine(from);
+SourceFolder::SourceFolder(const fs::path& from, const fs::path& work)
+    : taken_(TakeSource(from)), readOnly_(!work.empty() || !taken_.IsMachine()) {
   if (!readOnly_) {
     machine_ = OpenMachineFolder(from);
     return;
@@ -75,7 +77,7 @@ SourceFolder::SourceFolder(const fs::path& from, const fs::path& work) {
   if (work.empty()) temporary_ = std::make_unique<TemporaryFolder>();
   const fs::path folder = work.empty() ? temporary_->Path() : work;
   HostedLayout layout;
-  layout.drives = DrivesOf(from);
+  layout.drives = DrivesOf(taken_);
   const std::optional<char16_t> letter = FreeLetter(layout.drives);
   if (!letter) throw MoveError(MoveFault::NoFreeLetter, from.string());
   MakeWork(folder, *letter);

@@ -4,20 +4,23 @@
 #include <memory>
 #include <string>
 
+#include "machines/TakenFolder.h"
 #include "machines/TemporaryFolder.h"
 #include "platform/hosted/HostedPlatform.h"
 
 namespace norvo {
 
-/// The folder that a move comes from, as a machine: a machine folder, or any folder as drive C of
-/// one. In the latter case, and with a work folder, nothing is written to it: the product's data go
-/// to a drive of their own in the work folder, or in a temporary one.
+/// The folder that a move comes from, as a machine: a machine folder, or any other, even an empty
+/// one, as drive C of one. In the latter case, and with a work folder, nothing is written to it:
+/// the product's data go to a drive of their own in the work folder, or in a temporary one.
 class SourceFolder {
  public:
   /// `work` may be empty. MoveError when a folder cannot be used.
   SourceFolder(const std::filesystem::path& from, const std::filesystem::path& work);
 
   const std::shared_ptr<HostedPlatform>& Machine() const { return machine_; }
+  /// What the folder was taken as.
+  const TakenFolder& Taken() const { return taken_; }
   /// Where the product's data go; empty for the usual place.
   const std::string& GroupRoot() const { return groupRoot_; }
   /// Nothing below the folder is written.
@@ -26,6 +29,7 @@ class SourceFolder {
   bool IsTemporary() const { return temporary_ != nullptr; }
 
  private:
+  TakenFolder taken_;
   std::unique_ptr<TemporaryFolder> temporary_;
   bool readOnly_;
   std::string groupRoot_;

@@ -1,8 +1,8 @@
 #include "machines/TargetFolder.h"
 
 #include <system_error>
+#include <utility>
 
-#include "machines/MachineFolder.h"
 #include "move/MoveError.h"
 
 namespace norvo {
@@ -10,23 +10,37 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void MakeDrive(const fs::path& folder) {
+void MakeDrive(const TakenFolder& taken) {
   std::error_code failure;
-  fs::create_directories(folder / "C", failure);
-  if (failure) throw MoveError(MoveFault::MachineNotMade, folder.string(), failure.message());
+  fs::create_directories(taken.driveFolder, failure);
+  if (!failure) return;
+  throw MoveError(MoveFault::MachineNotMade, taken.folder.string(), failure.message());
+}
+
+bool IsThere(const TakenFolder& taken) {
+  std::error_code ignored;
+  return taken.IsMachine() || fs::is_directory(taken.driveFolder, ignored);
 }
 
 }  // namespace
 
-TargetFolder::TargetFolder(const fs::path& to, bool dryRun) : machine_(OpenIfMachine(to)) {
-  if (machine_) return;
-  fs::path folder = to;
-  if (dryRun) {
+LayoutWishes WishesFor(const FolderMove& folders) {
+  return {folders.user, folders.documents, folders.groupRoot};
+}
+
+TargetFolder::TargetFolder(const FolderMove& folders, bool dryRun)
+    : taken_(TakeFolder(folders.to, folders.toDrive)) {
+  TakenFolder used = taken_;
+  const bool isThere = IsThere(taken_);
+  if (!isThere && dryRun) {
     temporary_ = std::make_unique<TemporaryFolder>();
-    folder = temporary_->Path();
+    used.driveFolder = temporary_->Path();
   }
-  MakeDrive(folder);
-  machine_ = OpenMachineFolder(folder);
+  FolderLayout folder = LayOut(used, WishesFor(folders));
+  if (!isThere) MakeDrive(used);
+  usualGroupRoot_ = std::move(folder.usualGroupRoot);
+  registry_ = {folder.layout.registryFile, std::move(folder.registryPath)};
+  machine_ = std::make_shared<HostedPlatform>(std::move(folder.layout));
 }
 
 }  // namespace norvo

@@ -50,6 +50,20 @@ const char* StatementOf(MoveFault fault) {
       return "linking songs would write to the old disk, which counts the links of a file";
     case MoveFault::FoldersOverlap:
       return "lies in, or around,";
+    case MoveFault::DriveLetterUnusable:
+      return "is no drive letter from C to Z";
+    case MoveFault::DriveTold:
+      return "has a machine.ini, which tells its drives";
+    case MoveFault::LeadsOut:
+      return "leads out of the disk";
+    case MoveFault::ManyUsers:
+      return "has the documents of several users";
+    case MoveFault::UnknownUser:
+      return "is no user with a documents folder";
+    case MoveFault::DocumentsNotFull:
+      return "is no full path of the machine, and cannot be the documents folder";
+    case MoveFault::DocumentsNowhere:
+      return "cannot be the documents folder: the machine lacks its drive";
     case MoveFault::NoTemporaryFolder:
       return "takes no temporary folder";
   }

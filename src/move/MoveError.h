@@ -24,16 +24,23 @@ enum class MoveFault {
   NoPlaylistFolder,   ///< subject: the folder of restored playlists; empty when it is not known
   NoDocumentsFolder,  ///< the new machine has none
   // Machines that are held in folders.
-  NoMachine,           ///< subject: a folder that holds none; detail: why
-  NoFolder,            ///< subject: what should be the old machine's folder
-  NotListed,           ///< subject: a folder; detail: why it cannot be listed
-  WorkNotCreated,      ///< subject: the work folder; detail: why
-  WorkTaken,           ///< subject: the work folder, which holds a machine of its own
-  NoFreeLetter,        ///< subject: the old machine's folder, which has all 24 drives
-  MachineNotMade,      ///< subject: the new machine's folder; detail: why
-  LinkWritesToSource,  ///< linking would write to a machine that is only to be read
-  FoldersOverlap,      ///< subject and detail: two folders that lie in each other
-  NoTemporaryFolder    ///< subject: the folder that takes none
+  NoMachine,            ///< subject: a folder that holds none; detail: why
+  NoFolder,             ///< subject: what should be the old machine's folder
+  NotListed,            ///< subject: a folder; detail: why it cannot be listed
+  WorkNotCreated,       ///< subject: the work folder; detail: why
+  WorkTaken,            ///< subject: the work folder, which holds a machine of its own
+  NoFreeLetter,         ///< subject: the old machine's folder, which has all 24 drives
+  MachineNotMade,       ///< subject: the new machine's folder; detail: why
+  LinkWritesToSource,   ///< linking would write to a machine that is only to be read
+  FoldersOverlap,       ///< subject and detail: two folders that lie in each other
+  DriveLetterUnusable,  ///< subject: what should be a letter from C to Z
+  DriveTold,         ///< subject: a folder whose machine.ini tells its drives; detail: the letter
+  LeadsOut,          ///< subject: the registry's file, which a link leads out of a disk (detail)
+  ManyUsers,         ///< subject: a folder with the documents of several users; detail: "Ann, Bob"
+  UnknownUser,       ///< subject: a name; detail: the users that there are, may be empty
+  DocumentsNotFull,  ///< the wished documents folder (subject) is no full path of the machine
+  DocumentsNowhere,  ///< it (subject) lies on a drive (detail) that there is not
+  NoTemporaryFolder  ///< subject: the folder that takes none
 };
 
 /// Ends a call. `what()` is a sentence about it in English, in UTF-8.

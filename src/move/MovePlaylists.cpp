@@ -61,6 +61,8 @@ class NewMachine {
     const auto setUp = [&](Component& library) {
       SetupWishes wishes;  // a machine that has a role already keeps it
       if (!ReadProductSettings(library).role) wishes.role = Utility::role::kDestination;
+      if (!machines.groupRootOfTarget.empty()) wishes.groupRoot = machines.groupRootOfTarget;
+      wishes.usualGroupRoot = machines.usualGroupRootOfTarget;
       SetUp(library, wishes, MachineSide::New, report);
     };
     if (!dryRun) setUp(library_.Get());

@@ -38,6 +38,11 @@ struct MoveMachines {
   MediaPlacer* namer = nullptr;
   /// Group root, in UTF-8, of an old machine that has none; empty for the usual one.
   std::string groupRootOfSource;
+  /// The same for the new machine.
+  std::string groupRootOfTarget = {};
+  /// Its usual one, where neither the machine nor `groupRootOfTarget` tells; empty for that of
+  /// SetupWishes.
+  std::string usualGroupRootOfTarget = {};
 };
 
 /// Moves the playlists of one machine to another, and their songs: collects, heals what the

@@ -43,10 +43,9 @@ class Setup {
   }
 
   /// The group root that holds; empty when it cannot be used.
-  String GroupRoot(const std::optional<String>& wish) {
+  String GroupRoot(const std::optional<String>& wish, const String& usual) {
     const String key = BaseKey() + u"\\KVS\\" + String(DataCop::kGroup);
-    const RegistryValue found =
-        Value(key, u"SubGroupRootName", wish.value_or(String(kDefaultGroupRoot)));
+    const RegistryValue found = Value(key, u"SubGroupRootName", wish.value_or(usual));
     const auto* const root = std::get_if<String>(&found);
     if (root == nullptr || root->empty()) {
       Warn(WorkWarning::Kind::SettingUnusable, u"SubGroupRootName");
@@ -165,12 +164,11 @@ class Setup {
   std::vector<SetupStep> steps_;
 };
 
-/// The wished group root in full; MoveError when it is no place on a drive.
-std::optional<String> CheckedRoot(Component& component, const SetupWishes& wishes) {
-  if (!wishes.groupRoot) return std::nullopt;
-  const std::optional<String> text = FromUtf8(*wishes.groupRoot);
+/// A wished group root in full; MoveError when it is no place on a drive.
+String CheckedRoot(Component& component, const std::string& wish) {
+  const std::optional<String> text = FromUtf8(wish);
   const bool full = text && text->size() > 3 && HasDrive(*text) && IsSeparator((*text)[2]);
-  if (!full) throw MoveError(MoveFault::GroupRootNotFull, *wishes.groupRoot);
+  if (!full) throw MoveError(MoveFault::GroupRootNotFull, wish);
   return Utility::AddBackslash(component.Files().AbsolutePathName(*text));
 }
 
@@ -184,15 +182,18 @@ void CheckDrive(Component& component, StringView path) {
 
 std::vector<SetupStep> SetUp(Component& component, const SetupWishes& wishes, MachineSide side,
                              WorkReport& report) {
-  const std::optional<String> wish = CheckedRoot(component, wishes);
+  std::optional<String> wish;
+  if (wishes.groupRoot) wish = CheckedRoot(component, *wishes.groupRoot);
+  String usual(kDefaultGroupRoot);
+  if (!wishes.usualGroupRoot.empty()) usual = CheckedRoot(component, wishes.usualGroupRoot);
   const ProductSettings before = ReadProductSettings(component);
   // Checked before anything is written.
-  const String planned = wish.value_or(String(kDefaultGroupRoot));
+  const String planned = wish.value_or(usual);
   CheckDrive(component, before.groupRoot.empty() ? planned : before.groupRoot);
 
   Setup setup(component, report, side);
   setup.Role(wishes.role);
-  const String root = setup.GroupRoot(wish);
+  const String root = setup.GroupRoot(wish, usual);
   if (!root.empty()) setup.GroupKey(root);
   if (wishes.withProductFolder) setup.ProductFolder(root);
   if (!root.empty()) {

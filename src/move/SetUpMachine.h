@@ -16,7 +16,9 @@ namespace norvo {
 struct SetupWishes {
   std::optional<std::int32_t> role;      ///< one of Utility::role; source without a wish
   std::optional<std::string> groupRoot;  ///< UTF-8; a full path on a drive of the machine
-  bool withProductFolder = true;         ///< the folder that takes the log
+  /// Holds without a wish, in the same form; empty for "C:\\My Documents\\Norvo Media\\".
+  std::string usualGroupRoot;
+  bool withProductFolder = true;  ///< the folder that takes the log
 };
 
 /// What the set-up found or made.

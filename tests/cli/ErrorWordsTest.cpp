@@ -58,7 +58,9 @@ const Row kRows[] = {
      "[ShellFolders], such as 5=C:\\My Documents."},
     {MoveFault::NoMachine, "old", "old holds no machine",
      "old holds no machine. A machine folder holds a folder per drive, named by its letter (such "
-     "as C), or a machine.ini that names the drives. Name one with --machine."},
+     "as C), or a machine.ini that names the drives. Name one with --machine, or the folder where "
+     "a "
+     "disk is mounted."},
     {MoveFault::NoFolder, "old", "",
      "old is no folder. Name the old machine's folder, or the folder where its disk is mounted, "
      "with --from."},
@@ -76,6 +78,27 @@ const Row kRows[] = {
      "machine folder with --from and leave --work out."},
     {MoveFault::FoldersOverlap, "--from", "--to",
      "--from and --to lie in each other. Name folders that stand apart."},
+    {MoveFault::DriveLetterUnusable, "DD", "",
+     "DD is no drive. Name a letter from C to Z, such as D, with --to-drive."},
+    {MoveFault::DriveTold, "new", "D",
+     "new has a machine.ini, which tells its drives. Leave --to-drive D out, or correct "
+     "machine.ini."},
+    {MoveFault::LeadsOut, "disk/Norvo/registry.reg", "disk",
+     "disk/Norvo/registry.reg leads out of the disk disk, and nothing is written elsewhere. Take "
+     "the link away."},
+    {MoveFault::ManyUsers, "/mnt/disk", "Ann, Bob",
+     "/mnt/disk has the documents of several users: Ann, Bob. Whose are meant? Say it with --user "
+     "NAME."},
+    {MoveFault::UnknownUser, "Zoe", "Ann, Bob",
+     "--user Zoe: nobody of that name has a documents folder there. Those who have one: Ann, Bob."},
+    {MoveFault::UnknownUser, "Zoe", "",
+     "--user Zoe: nobody of that name has a documents folder there. Nobody else has one, either: "
+     "leave --user out."},
+    {MoveFault::DocumentsNotFull, "Mine", "",
+     R"(--documents Mine is no full path of the new machine, such as C:\Users\Ann\Documents)"},
+    {MoveFault::DocumentsNowhere, "Q:\\Mine", "Q:",
+     "--documents Q:\\Mine lies on drive Q:, which the new machine does not have. Name a path on "
+     "one of its drives."},
     {MoveFault::NoTemporaryFolder, "/tmp", "",
      "No folder can be made in /tmp. Set TMPDIR to a folder that can be written."},
 };

@@ -103,10 +103,15 @@ TEST_F(RestoreCommandTest, ASecondRunWritesASecondSet) {
   EXPECT_FALSE(fs::exists(Place("C/My Documents/Norvo Media/KVs/Restored.txt")));
 }
 
-TEST_F(RestoreCommandTest, WithoutNeutralFilesThereIsNothingToDo) {
+TEST_F(RestoreCommandTest, WithoutNeutralFilesItSaysWhereTheyWereSoughtAndWhereTheyAreWritten) {
   Init();
   const Outcome outcome = Restore();
-  EXPECT_EQ(outcome.code, 0) << outcome.err;
+  EXPECT_EQ(outcome.code, 1);
+  const std::string documents = Place("C/My Documents").string();
+  EXPECT_EQ(outcome.err,
+            "Nothing to restore: no neutral file in C:\\My Documents (" + documents +
+                ") and below. collect writes them to C:\\My Documents\\Norvo Media\\KVs\\ (" +
+                documents + "/Norvo Media/KVs); bring them from there into the former.\n");
   EXPECT_EQ(outcome.out, "Neutral files restored:  0\nPlayer settings changed: 0\n");
   EXPECT_FALSE(fs::exists(Lists()));
 }

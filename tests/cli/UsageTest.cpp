@@ -28,6 +28,50 @@ TEST_F(UsageTest, WrongUsageEndsWithTwoAndSaysSoOnStandardError) {
   }
 }
 
+/// What a wrong line is told, without the hint at the help.
+std::string Complaint(const std::vector<std::string>& words) {
+  const Outcome outcome = RunProgram(words);
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_EQ(outcome.out, "");
+  const std::string hint = "\nRun norvo-playlists --help, or norvo-playlists COMMAND --help.\n";
+  EXPECT_TRUE(outcome.err.ends_with(hint)) << outcome.err;
+  return outcome.err.substr(0, outcome.err.size() - std::min(outcome.err.size(), hint.size()));
+}
+
+TEST_F(UsageTest, AnUnknownCommandIsNamedWithTheOneThatItResembles) {
+  const std::string start = "norvo-playlists: ";
+  EXPECT_EQ(Complaint({"conquer"}), start + "conquer is no command.");
+  EXPECT_EQ(Complaint({"migrat", "--from", "x"}),
+            start + "migrat is no command. Did you mean migrate?");
+  EXPECT_EQ(Complaint({"Scan"}), start + "Scan is no command. Did you mean scan?");
+  EXPECT_EQ(Complaint({"colect"}), start + "colect is no command. Did you mean collect?");
+}
+
+TEST_F(UsageTest, AnUnknownOptionIsNamedWithTheOneThatItResembles) {
+  const std::string start = "norvo-playlists: ";
+  EXPECT_EQ(Complaint({"scan", "--machin", Machine()}),
+            start + "--machin is no option of scan. Did you mean --machine?");
+  EXPECT_EQ(Complaint({"scan", "--machne=" + Machine()}),
+            start + "--machne is no option of scan. Did you mean --machine?");
+  EXPECT_EQ(Complaint({"migrate", "--from", "x", "--to", "y", "--dryrun"}),
+            start + "--dryrun is no option of migrate. Did you mean --dry-run?");
+  EXPECT_EQ(Complaint({"scan", "--machine", Machine(), "--frobnicate"}),
+            start + "--frobnicate is no option of scan.");
+  EXPECT_EQ(Complaint({"--versoin"}), start + "--versoin is no option. Did you mean --version?");
+}
+
+TEST_F(UsageTest, AnOptionBeforeItsCommandIsToldItsPlace) {
+  const std::string expected =
+      "norvo-playlists: --machine stands before the command. Write it behind.";
+  EXPECT_EQ(Complaint({"--machine", Machine(), "scan"}), expected);
+  EXPECT_EQ(Complaint({"--machine", Machine()}), expected);
+}
+
+TEST_F(UsageTest, WhatIsMissingIsToldWhereNoWordIsUnknown) {
+  EXPECT_EQ(Complaint({"scan"}), "norvo-playlists: --machine is required");
+  EXPECT_EQ(Complaint({"migrate", "old", "new"}), "norvo-playlists: --from is required");
+}
+
 TEST_F(UsageTest, EveryCommandHasHelpWithExamples) {
   for (const std::string command : {"init", "scan", "collect", "show"}) {
     const Outcome outcome = RunProgram({command, "--help"});

@@ -9,6 +9,13 @@ class VerifyCommandTest : public ProgramTest {
     more.insert(more.begin(), {"verify", "--machine", Machine()});
     return RunProgram(more);
   }
+  /// The line at the end.
+  static std::string Total(int playlists, int checked, int found) {
+    return "Playlists: " + std::to_string(playlists) +
+           ", references checked: " + std::to_string(checked) +
+           ", found: " + std::to_string(found) + ", missing: " + std::to_string(checked - found) +
+           '\n';
+  }
   fs::path Lists() const { return Place("C/My Documents/Norvo Media/PlayLists"); }
 };
 
@@ -16,7 +23,7 @@ TEST_F(VerifyCommandTest, TellsWhatIsFoundAndWhatIsMissing) {
   WriteMix();
   const Outcome outcome = Verify({R"(C:\Music\Mix.m3u)"});
   EXPECT_EQ(outcome.code, 1);
-  EXPECT_EQ(outcome.out, "C:\\Music\\Mix.m3u: 2 found, 1 missing, 0 addresses\n");
+  EXPECT_EQ(outcome.out, "C:\\Music\\Mix.m3u: 2 found, 1 missing, 0 addresses\n" + Total(1, 3, 2));
   EXPECT_EQ(outcome.err, "C:\\Music\\Mix.m3u: missing: Three.mp3\n");
 }
 
@@ -36,14 +43,15 @@ TEST_F(VerifyCommandTest, AllFoundEndsWithZero) {
   EXPECT_EQ(outcome.out,
             "C:\\Music\\A.m3u: 1 found, 0 missing, 3 addresses\n"
             "C:\\Music\\B.pls: 1 found, 0 missing, 0 addresses\n"
-            "C:\\Music\\C.asx: 1 found, 0 missing, 0 addresses\n");
+            "C:\\Music\\C.asx: 1 found, 0 missing, 0 addresses\n" +
+                Total(3, 3, 3));
 }
 
 TEST_F(VerifyCommandTest, ASongThatIsNoMediaToTheLibraryIsFound) {
   WriteFile(Place("C/Music/One.ogg"), "x");
   WriteFile(Place("C/Music/A.m3u"), "C:\\Music\\One.ogg\r\n");
   EXPECT_EQ(Verify({R"(C:\Music\A.m3u)"}).out,
-            "C:\\Music\\A.m3u: 1 found, 0 missing, 0 addresses\n");
+            "C:\\Music\\A.m3u: 1 found, 0 missing, 0 addresses\n" + Total(1, 1, 1));
 }
 
 TEST_F(VerifyCommandTest, AListOfMoreLinesThanTheLibraryReadsIsVerifiedToItsEnd) {
@@ -57,19 +65,21 @@ TEST_F(VerifyCommandTest, AListOfMoreLinesThanTheLibraryReadsIsVerifiedToItsEnd)
   WriteFile(Place("C/Music/Long.asx"), text + "</Asx>\r\n");
   const Outcome outcome = Verify({R"(C:\Music\Long.asx)"});
   EXPECT_EQ(outcome.code, 1);
-  EXPECT_EQ(outcome.out, "C:\\Music\\Long.asx: 10999 found, 1 missing, 0 addresses\n");
+  EXPECT_EQ(outcome.out,
+            "C:\\Music\\Long.asx: 10999 found, 1 missing, 0 addresses\n" + Total(1, 11000, 10999));
   EXPECT_EQ(outcome.err, "C:\\Music\\Long.asx: missing: C:\\Music\\Last.mp3\n");
 }
 
 TEST_F(VerifyCommandTest, TakesPathsOfTheMachineAndOfThisSystem) {
   WriteMix();
-  const std::string expected = "C:\\Music\\Mix.m3u: 2 found, 1 missing, 0 addresses\n";
+  const std::string expected =
+      "C:\\Music\\Mix.m3u: 2 found, 1 missing, 0 addresses\n" + Total(1, 3, 2);
   EXPECT_EQ(Verify({Place("C/Music/Mix.m3u").string()}).out, expected);
   EXPECT_EQ(Verify({(Place("C/Music") / ".." / "Music" / "Mix.m3u").string()}).out, expected);
   EXPECT_EQ(Verify({"C:/Music/Mix.m3u"}).out,
-            "C:/Music/Mix.m3u: 2 found, 1 missing, 0 addresses\n");
+            "C:/Music/Mix.m3u: 2 found, 1 missing, 0 addresses\n" + Total(1, 3, 2));
   EXPECT_EQ(Verify({"c:\\MUSIC\\mix.M3U"}).out,
-            "c:\\MUSIC\\mix.M3U: 2 found, 1 missing, 0 addresses\n");
+            "c:\\MUSIC\\mix.M3U: 2 found, 1 missing, 0 addresses\n" + Total(1, 3, 2));
 }
 
 TEST_F(VerifyCommandTest, AFileOfNoDriveIsRefused) {
@@ -86,7 +96,7 @@ TEST_F(VerifyCommandTest, AFileThatIsNotThereCannotBeRead) {
   const Outcome outcome = Verify({R"(C:\Music\gone.m3u)"});
   EXPECT_EQ(outcome.code, 1);
   EXPECT_EQ(outcome.err, "C:\\Music\\gone.m3u: cannot be read to its end\n");
-  EXPECT_EQ(outcome.out, "C:\\Music\\gone.m3u: 0 found, 0 missing, 0 addresses\n");
+  EXPECT_EQ(outcome.out, "C:\\Music\\gone.m3u: 0 found, 0 missing, 0 addresses\n" + Total(1, 0, 0));
 }
 
 TEST_F(VerifyCommandTest, WithoutPathsAllRestoredPlaylistsAreVerified) {
@@ -100,7 +110,7 @@ TEST_F(VerifyCommandTest, WithoutPathsAllRestoredPlaylistsAreVerified) {
   EXPECT_EQ(outcome.code, 1);
   const std::string lists = R"(C:\My Documents\Norvo Media\PlayLists\)";
   EXPECT_EQ(outcome.out, lists + "A.pls: 0 found, 1 missing, 0 addresses\n" + lists +
-                             "WinAmp\\B.m3u: 1 found, 0 missing, 0 addresses\n");
+                             "WinAmp\\B.m3u: 1 found, 0 missing, 0 addresses\n" + Total(2, 2, 1));
   EXPECT_EQ(outcome.err, lists + "A.pls: missing: C:\\gone.mp3\n");
 }
 

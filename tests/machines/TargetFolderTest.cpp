@@ -5,43 +5,113 @@
 namespace norvo {
 namespace {
 
-class TargetFolderTest : public MachineFoldersTest {};
+using Kind = TakenFolder::Kind;
 
-TEST_F(TargetFolderTest, AFolderThatIsNoMachineIsMadeOne) {
-  const TargetFolder target(At("some/new"), false);
-  EXPECT_TRUE(fs::is_directory(At("some/new/C")));
-  const std::vector<HostedDrive> drives = target.Machine()->DriveFolders();
-  ASSERT_EQ(drives.size(), 1u);
-  EXPECT_EQ(drives[0].letter, u'C');
-  EXPECT_EQ(drives[0].folder, At("some/new/C"));
+class TargetFolderTest : public MachineFoldersTest {
+ protected:
+  FolderMove To(const std::string& folder, const std::string& drive = {}) const {
+    FolderMove move;
+    move.to = At(folder);
+    move.toDrive = drive;
+    return move;
+  }
+  static HostedDrive OnlyDrive(const TargetFolder& target) {
+    const std::vector<HostedDrive> drives = target.Machine()->DriveFolders();
+    EXPECT_EQ(drives.size(), 1u);
+    return drives.at(0);
+  }
+};
+
+TEST_F(TargetFolderTest, AMissingOrEmptyFolderIsMadeAMachine) {
+  fs::create_directories(At("empty"));
+  for (const auto& [name, kind] : {std::pair{"some/new", Kind::Missing}, {"empty", Kind::Empty}}) {
+    const TargetFolder target(To(name), false);
+    EXPECT_EQ(target.Taken().kind, kind);
+    EXPECT_TRUE(fs::is_directory(At(name) / "C"));
+    EXPECT_EQ(OnlyDrive(target).letter, u'C');
+    EXPECT_EQ(OnlyDrive(target).folder, At(name) / "C");
+    EXPECT_EQ(target.UsualGroupRoot(), "");
+    EXPECT_EQ(target.Registry().file, At(name) / "registry.reg");
+    EXPECT_EQ(target.Registry().machinePath, "");
+    EXPECT_FALSE(fs::exists(target.Registry().file));
+  }
 }
 
 TEST_F(TargetFolderTest, AMachineIsTakenAsItIs) {
+  Put(At("new/machine.ini"), "[Drives]\r\nD=fixed\r\n");
   fs::create_directories(At("new/d"));
-  const TargetFolder target(At("new"), false);
-  EXPECT_EQ(target.Machine()->DriveFolders()[0].letter, u'D');
+  const TargetFolder target(To("new"), false);
+  EXPECT_EQ(OnlyDrive(target).letter, u'D');
   EXPECT_FALSE(fs::exists(At("new/C")));
+  EXPECT_EQ(target.UsualGroupRoot(), "");
+}
+
+TEST_F(TargetFolderTest, ADiskIsDriveCAndNothingIsMadeThere) {
+  fs::create_directories(At("disk/Windows"));
+  fs::create_directories(At("disk/Users/Ann/Documents"));
+  const auto before = Tree(At("disk"));
+  const TargetFolder target(To("disk"), false);
+  EXPECT_EQ(target.Taken().kind, Kind::WindowsDisk);
+  EXPECT_EQ(OnlyDrive(target).letter, u'C');
+  EXPECT_EQ(OnlyDrive(target).folder, At("disk"));
+  EXPECT_EQ(target.UsualGroupRoot(), R"(C:\Users\Ann\Documents\Norvo Media\)");
+  EXPECT_EQ(target.Registry().file, At("disk/Norvo/registry.reg"));
+  EXPECT_EQ(target.Registry().machinePath, R"(C:\Norvo\registry.reg)");
+  EXPECT_EQ(Tree(At("disk")), before);
+}
+
+TEST_F(TargetFolderTest, AnyFolderCanBeMadeAnyDrive) {
+  fs::create_directories(At("drives/C"));
+  for (const char* const name : {"drives", "absent"}) {
+    const TargetFolder target(To(name, "d:"), false);
+    EXPECT_EQ(target.Taken().kind, Kind::NamedDrive);
+    EXPECT_EQ(OnlyDrive(target).letter, u'D');
+    EXPECT_EQ(OnlyDrive(target).folder, At(name));
+    EXPECT_TRUE(fs::is_directory(At(name)));
+    EXPECT_EQ(target.UsualGroupRoot(), R"(D:\My Documents\Norvo Media\)");
+    EXPECT_EQ(target.Registry().machinePath, R"(D:\Norvo\registry.reg)");
+  }
+  EXPECT_TRUE(fs::is_empty(At("absent")));
 }
 
 TEST_F(TargetFolderTest, ForADryRunAnEmptyMachineStandsForIt) {
-  fs::path stead;
-  {
-    const TargetFolder target(At("new"), true);
-    stead = target.Machine()->DriveFolders().at(0).folder;
-    EXPECT_TRUE(fs::is_directory(stead));
-    EXPECT_FALSE(fs::exists(At("new")));
+  for (const char* const drive : {"", "D"}) {
+    fs::path stead;
+    {
+      const TargetFolder target(To("new", drive), true);
+      stead = OnlyDrive(target).folder;
+      EXPECT_TRUE(fs::is_directory(stead));
+      EXPECT_FALSE(fs::exists(At("new")));
+      EXPECT_EQ(target.Taken().folder, At("new"));
+    }
+    EXPECT_FALSE(fs::exists(stead));
   }
-  EXPECT_FALSE(fs::exists(stead));
   fs::create_directories(At("new/C"));
-  EXPECT_EQ(TargetFolder(At("new"), true).Machine()->DriveFolders().at(0).folder, At("new/C"));
+  EXPECT_EQ(OnlyDrive(TargetFolder(To("new"), true)).folder, At("new/C"));
+}
+
+TEST_F(TargetFolderTest, AnEmptyFolderStaysEmptyInADryRun) {
+  fs::create_directories(At("empty"));
+  EXPECT_EQ(TargetFolder(To("empty"), true).Taken().kind, Kind::Empty);
+  EXPECT_TRUE(fs::is_empty(At("empty")));
 }
 
 TEST_F(TargetFolderTest, WhatCannotBeMadeAMachineIsRefusedWithTheReason) {
   Put(At("file"), "");
-  ExpectError(ErrorOf([this] { TargetFolder(At("file"), false); }), MoveFault::MachineNotMade,
+  ExpectError(ErrorOf([this] { TargetFolder(To("file"), false); }), MoveFault::MachineNotMade,
               At("file").string(), "Not a directory");
-  ExpectError(ErrorOf([this] { TargetFolder(At("file/new"), false); }), MoveFault::MachineNotMade,
+  ExpectError(ErrorOf([this] { TargetFolder(To("file", "D"), false); }), MoveFault::MachineNotMade,
+              At("file").string(), "Not a directory");
+  ExpectError(ErrorOf([this] { TargetFolder(To("file/new"), false); }), MoveFault::MachineNotMade,
               At("file/new").string(), "Not a directory");
+}
+
+TEST_F(TargetFolderTest, NothingIsMadeForWishesThatCannotBe) {
+  FolderMove move = To("new");
+  move.documents = R"(Q:\Documents)";
+  ExpectError(ErrorOf([&] { TargetFolder(move, false); }), MoveFault::DocumentsNowhere,
+              R"(Q:\Documents)", "Q:");
+  EXPECT_FALSE(fs::exists(At("new")));
 }
 
 }  // namespace

@@ -42,6 +42,23 @@ TEST_F(SetUpMachineTest, TheGroupKeyStandsInTheMachinesHive) {
   EXPECT_FALSE(GroupStep(Run()).written);
 }
 
+TEST_F(SetUpMachineTest, AnotherUsualGroupRootHoldsWithoutAWishAndIsNoWishItself) {
+  SetupWishes wishes;
+  wishes.usualGroupRoot = "C:\\Users\\Ann\\Norvo Media";
+  EXPECT_EQ(GroupStep(Run(wishes)).path, u"C:\\Users\\Ann\\Norvo Media\\KVs\\KVMediaPlayLists");
+  wishes.usualGroupRoot = "C:\\Elsewhere";
+  const SetupResult again = Run(wishes);
+  EXPECT_EQ(GroupStep(again).path, u"C:\\Users\\Ann\\Norvo Media\\KVs\\KVMediaPlayLists");
+  EXPECT_TRUE(again.warnings.empty());
+}
+
+TEST_F(SetUpMachineTest, AWishedGroupRootGoesBeforeTheUsualOne) {
+  SetupWishes wishes;
+  wishes.groupRoot = "C:\\Wished";
+  wishes.usualGroupRoot = "C:\\Usual";
+  EXPECT_EQ(GroupStep(Run(wishes)).path, u"C:\\Wished\\KVs\\KVMediaPlayLists");
+}
+
 TEST_F(SetUpMachineTest, WhereTheMachinesHiveRefusesTheGroupKeyTheUsersTakesIt) {
   platform->Registry().RefuseTopKeys();
   const SetupStep step = GroupStep(Run());

@@ -4,7 +4,9 @@
 #include "automation/RunTimeError.h"
 #include "cli/CommonOptions.h"
 #include "cli/NamedMachine.h"
+#include "cli/posix/FolderWords.h"
 #include "library/Library.h"
+#include "machines/FolderLayout.h"
 #include "machines/MachineFolder.h"
 #include "move/ProductSettings.h"
 #include "platform/hosted/DiskName.h"
@@ -19,8 +21,9 @@ namespace fs = std::filesystem;
 /// A machine that is held in a folder.
 class FolderMachine final : public NamedMachine {
  public:
-  FolderMachine(const fs::path& folder, MessageDialog& messages)
-      : platform_(OpenMachineFolder(folder)) {
+  FolderMachine(std::shared_ptr<HostedPlatform> platform, MessageDialog& messages,
+                std::string usualGroupRoot = {})
+      : platform_(std::move(platform)), usualGroupRoot_(std::move(usualGroupRoot)) {
     platform_->SetMessageDialog(messages);
   }
 
@@ -36,10 +39,25 @@ class FolderMachine final : public NamedMachine {
     }
     return *inside;
   }
+  std::string UsualGroupRoot() const override { return usualGroupRoot_; }
 
  private:
   std::shared_ptr<HostedPlatform> platform_;
+  std::string usualGroupRoot_;
 };
+
+/// The machine of `--machine`: a machine folder, or a disk.
+std::shared_ptr<FolderMachine> OpenFolder(const CommonArguments& common, Console& console,
+                                          DocumentsUse use) {
+  const TakenFolder taken = TakeFolder(common.machine);
+  if (!taken.IsMachine() && !taken.IsDisk()) {
+    return std::make_shared<FolderMachine>(OpenMachineFolder(common.machine), console);
+  }
+  FolderLayout folder = LayOut(taken, {common.user, {}, {}, use == DocumentsUse::Needed});
+  if (taken.IsDisk()) console.Note(TextOf(taken));
+  return std::make_shared<FolderMachine>(std::make_shared<HostedPlatform>(std::move(folder.layout)),
+                                         console, std::move(folder.usualGroupRoot));
+}
 
 bool IsSingleLetter(const fs::path& name) {
   const std::string text = name.string();
@@ -91,8 +109,7 @@ String PathInside(const HostedPlatform& machine, const fs::path& folder, const s
 }
 
 /// A playlist of a machine.
-NamedPlaylist OnMachine(const fs::path& folder, const std::string& path, MessageDialog& messages) {
-  FolderMachine machine(folder, messages);
+NamedPlaylist OnMachine(FolderMachine& machine, const fs::path& folder, const std::string& path) {
   NamedPlaylist playlist{machine.Platform(), PathInside(machine.Hosted(), folder, path),
                          folder.string()};
   if (!machine.Hosted().Files().FileExists(playlist.path)) {
@@ -126,14 +143,16 @@ bool LacksSettings(const std::shared_ptr<Platform>& machine) {
 
 }  // namespace
 
-std::shared_ptr<NamedMachine> OpenMachine(const std::string& folder, MessageDialog& messages) {
-  return std::make_shared<FolderMachine>(folder, messages);
+std::shared_ptr<NamedMachine> OpenMachine(const CommonArguments& common, Console& console,
+                                          DocumentsUse use) {
+  return OpenFolder(common, console, use);
 }
 
-NamedPlaylist OpenPlaylist(const std::string& folder, const std::string& path,
-                           MessageDialog& messages) {
-  if (!folder.empty()) {
-    NamedPlaylist playlist = OnMachine(folder, path, messages);
+NamedPlaylist OpenPlaylist(const CommonArguments& common, const std::string& path,
+                           Console& console) {
+  if (!common.machine.empty()) {
+    const auto machine = OpenFolder(common, console, DocumentsUse::Unneeded);
+    NamedPlaylist playlist = OnMachine(*machine, common.machine, path);
     playlist.lacksSettings = LacksSettings(playlist.machine);
     return playlist;
   }
@@ -141,13 +160,18 @@ NamedPlaylist OpenPlaylist(const std::string& folder, const std::string& path,
     throw CommandError(path + " is a path of a machine. Name the machine's folder with --machine.");
   }
   const fs::path above = MachineAbove(ExistingFile(path));
-  return above.empty() ? OnItsOwn(path, messages) : OnMachine(above, path, messages);
+  if (above.empty()) return OnItsOwn(path, console);
+  FolderMachine machine(OpenMachineFolder(above), console);
+  return OnMachine(machine, above, path);
 }
 
 void AddMachineOption(CLI::App& command, CommonArguments& common, bool required) {
-  command.add_option("--machine", common.machine, "Folder that holds the machine")
+  command
+      .add_option("--machine", common.machine, "Folder that holds the machine, or a mounted disk")
       ->type_name("DIR")
       ->required(required);
+  command.add_option("--user", common.user, "Whose documents folder is meant, of several users")
+      ->type_name("NAME");
 }
 
 }  // namespace norvo::cli

@@ -1,23 +1,29 @@
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "cli/CommonOptions.h"
 #include "cli/ConsoleObserver.h"
 #include "cli/MoveReport.h"
+#include "cli/posix/FolderWords.h"
 #include "machines/FolderMove.h"
 #include "text/Encoding.h"
+#include "text/WindowsPath.h"
 
 namespace norvo::cli {
 namespace {
 
 constexpr const char* kHelp = R"(Examples:
   norvo-playlists migrate --from /mnt/old-pc --to /mnt/new-pc
+  norvo-playlists migrate --from /mnt/old-disk --to /mnt/new-disk --user Ann
   norvo-playlists migrate --from /mnt/old-disk --to ~/new-pc --work ~/old-pc-data
   norvo-playlists migrate --from /mnt/old-pc --to /mnt/new-pc --dry-run
 
-DIR of --from is a machine folder, or any folder, such as a mounted disk, which is then drive C.
-To such a folder nothing is written; what the product writes goes to a drive of its own in --work,
-or in a temporary folder. With --work this holds for a machine folder too.
-DIR of --to is made a machine where it is none.
+DIR of --from and --to is a machine folder, or any other, such as a mounted disk, which is then
+drive C; which one it was taken for is told. To a disk of --from nothing is written; what the product
+writes goes to a drive of its own in --work, or in a temporary folder. With --work this holds for a
+machine folder too. An empty or missing folder of --to is made a machine; --to-drive D makes any
+folder drive D of one. On a disk of --to the songs and lists go to Norvo Media in the documents
+folder of its user, and the registry to Norvo/registry.reg, which is to be imported on the new PC.
 
 Run it again after an interruption, or later: what is there already stays, and playlists that were
 restored are not restored again. No song and no playlist that is there is ever overwritten.
@@ -67,13 +73,35 @@ class MoveObserver final : public WorkObserver {
   ConsoleObserver log_;
 };
 
+/// Tells what the folders were taken as, where they could be meant otherwise.
+void TellOpened(const OpenedFolders& opened, Console& console) {
+  if (opened.from.IsDisk()) console.Note(TextOf(opened.from));
+  const std::string to = TextOf(opened.to);
+  if (!to.empty()) console.Note(to);
+}
+
+/// What is left to be done on the new PC when settings of players stand in a registry's file. (One
+/// player has its settings in a file of its own, which is moved along.)
+void SayNextStep(const MoveResult& move, const RegistryPlace& registry, Console& console) {
+  const bool inRegistry =
+      std::any_of(move.settings.begin(), move.settings.end(),
+                  [](const PlayerSetting& setting) { return !HasDrive(setting.place); });
+  if (!inRegistry) return;
+  const bool isOnDrive = !registry.machinePath.empty();
+  const std::string file = isOnDrive ? registry.machinePath : "registry.reg";
+  if (!isOnDrive) console.Say("Next: take " + registry.file.string() + " to the new PC.");
+  console.Say((isOnDrive ? "Next: on" : "On") + std::string(" the new PC, double-click ") + file +
+              ", or run: reg import " + file);
+}
+
 class MigrateCommand final : public Command {
  public:
   CLI::App* AddTo(CLI::App& program, CommonArguments& common) override {
     CLI::App* const app =
         program.add_subcommand("migrate", "Move playlists and songs from one machine to another");
     app->add_option("--from", from_, "The old machine, or its disk")->type_name("DIR")->required();
-    app->add_option("--to", to_, "The new machine")->type_name("DIR")->required();
+    app->add_option("--to", to_, "The new machine, or its disk")->type_name("DIR")->required();
+    AddPlaceOptions(*app);
     app->add_option("--work", work_, "Keeps what is written for the old machine")->type_name("DIR");
     AddMediaOptions(*app);
     app->add_flag("--dry-run", options_.dryRun, "Print the plan; write nothing on the new machine");
@@ -86,17 +114,47 @@ class MigrateCommand final : public Command {
     options_.log = common.log;
     const MoveTerms terms{from_, to_, options_.dryRun, options_.media != MediaMode::None};
     MoveObserver observer(console);
-    const FolderMove folders{from_, to_, work_, &console, {"--from", "--to", "--work"}};
-    const MoveResult result = MovePlaylists(folders, options_, observer);
+    OpenedFolders opened;
+    const MoveResult result = MovePlaylists(Folders(console, opened), options_, observer);
     for (const WorkWarning& warning : result.warnings) {
       console.KeepLeftOut(MoveWarningText(warning));
     }
     TellLeftOut(result, terms, console);
     SayMove(result, terms, console);
+    if (!options_.dryRun) SayNextStep(result, opened.registry, console);
     return console.IsJson() ? MoveDocument(result, terms) : Json();
   }
 
  private:
+  FolderMove Folders(Console& console, OpenedFolders& opened) const {
+    FolderMove folders;
+    folders.from = from_;
+    folders.to = to_;
+    folders.toDrive = toDrive_;
+    folders.user = user_;
+    folders.documents = documents_;
+    folders.groupRoot = groupRoot_;
+    folders.work = work_;
+    folders.messages = &console;
+    folders.names = {"--from", "--to", "--work"};
+    folders.onOpened = [&](const OpenedFolders& taken) {
+      opened = taken;
+      TellOpened(taken, console);
+    };
+    return folders;
+  }
+
+  void AddPlaceOptions(CLI::App& app) {
+    app.add_option("--to-drive", toDrive_, "--to is this drive of the new machine, such as D")
+        ->type_name("LETTER");
+    app.add_option("--user", user_, "Whose documents folder takes them, of several users of --to")
+        ->type_name("NAME");
+    app.add_option("--documents", documents_, R"(The new documents folder, such as C:\Documents)")
+        ->type_name("PATH");
+    app.add_option("--group-root", groupRoot_,
+                   "Takes the songs and lists: a path of the new machine")
+        ->type_name("PATH");
+  }
   void AddMediaOptions(CLI::App& app) {
     CLI::Option* const copy = app.add_flag_callback(
         "--copy", [] {}, "Copy the songs (the default)");
@@ -112,6 +170,10 @@ class MigrateCommand final : public Command {
 
   std::string from_;
   std::string to_;
+  std::string toDrive_;
+  std::string user_;
+  std::string documents_;
+  std::string groupRoot_;
   std::string work_;
   MoveOptions options_;
 };

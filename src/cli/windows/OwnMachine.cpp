@@ -41,12 +41,12 @@ class OwnMachine final : public NamedMachine {
 
 }  // namespace
 
-std::shared_ptr<NamedMachine> OpenMachine(const std::string&, MessageDialog& messages) {
-  return std::make_shared<OwnMachine>(messages);
+std::shared_ptr<NamedMachine> OpenMachine(const CommonArguments&, Console& console, DocumentsUse) {
+  return std::make_shared<OwnMachine>(console);
 }
 
-NamedPlaylist OpenPlaylist(const std::string&, const std::string& path, MessageDialog& messages) {
-  OwnMachine machine(messages);
+NamedPlaylist OpenPlaylist(const CommonArguments&, const std::string& path, Console& console) {
+  OwnMachine machine(console);
   NamedPlaylist playlist{machine.Platform(), machine.MachinePathOf(path), {}};
   if (!playlist.machine->Files().FileExists(playlist.path)) {
     throw CommandError(ToUtf8(playlist.path) +

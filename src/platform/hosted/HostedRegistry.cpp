@@ -1,5 +1,8 @@
 #include "platform/hosted/HostedRegistry.h"
 
+#include <filesystem>
+#include <system_error>
+
 #include "platform/files/DiskPath.h"
 #include "platform/files/FileBytes.h"
 #include "platform/files/FileError.h"
@@ -122,6 +125,8 @@ bool HostedRegistry::Save() {
     text = text_->Text();
   }
   const std::filesystem::path file = ToSystemPath(file_);
+  std::error_code ignored;  // what cannot be made cannot be opened
+  std::filesystem::create_directory(file.parent_path(), ignored);
   const FileResult<SystemFile> folder = OpenRoot(ToDiskPath(file.parent_path()));
   const std::string name = ToDiskPath(file.filename());
   const bool saved = folder && !ReplaceWhole(*folder, name, Encode(text, encoding_));

@@ -14,9 +14,9 @@ namespace norvo {
 
 /// The registry in a text file. The file is read at the first question; a missing one is an empty
 /// registry. Every change that succeeds is in the file when the call returns, which is written
-/// whole and atomically in the encoding it had (UTF-16 when it is new). A file that cannot be read,
-/// or is no registry text, answers nothing and is never written; one that is larger than any
-/// registry raises error 7.
+/// whole and atomically in the encoding it had (UTF-16 when it is new); its folder is made
+/// when it is missing. A file that cannot be read, or is no registry text, answers nothing and is
+/// never written; one that is larger than any registry raises error 7.
 class HostedRegistry final : public Registry {
  public:
   HostedRegistry(const std::filesystem::path& file, std::function<void(StringView)> warn);

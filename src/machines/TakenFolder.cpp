@@ -1,0 +1,88 @@
+#include "machines/TakenFolder.h"
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+#include <system_error>
+
+#include "machines/MachineFolder.h"
+#include "move/MoveError.h"
+#include "platform/hosted/DiskName.h"
+#include "text/Text.h"
+
+namespace norvo {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// What Windows puts at the top of its disk.
+constexpr StringView kSigns[] = {u"Windows", u"WINNT", u"Users", u"Documents and Settings",
+                                 u"Program Files"};
+
+/// The place of a name in the order of the signs; behind all for another name.
+std::size_t RankOf(StringView name) {
+  const auto sign = std::find_if(std::begin(kSigns), std::end(kSigns),
+                                 [name](StringView each) { return EqualsIgnoreCase(each, name); });
+  return static_cast<std::size_t>(sign - std::begin(kSigns));
+}
+
+/// The first of the signs that a folder has, as the disk spells it.
+std::optional<std::string> SignOf(const fs::path& folder) {
+  std::size_t best = std::size(kSigns);
+  std::optional<std::string> found;
+  std::error_code failure;
+  for (fs::directory_iterator at(folder, failure), end; at != end; at.increment(failure)) {
+    const std::string shown = at->path().filename().string();
+    const std::optional<String> name = FromDiskName(shown);
+    const std::size_t rank = name ? RankOf(*name) : best;
+    std::error_code ignored;
+    if (rank >= best || !at->is_directory(ignored)) continue;
+    best = rank;
+    found = shown;
+  }
+  return found;
+}
+
+bool HoldsNothing(const fs::path& folder) {
+  std::error_code failure;
+  for (fs::directory_iterator at(folder, failure), end; at != end; at.increment(failure)) {
+    if (!IsBesideDrives(at->path())) return false;
+  }
+  return true;
+}
+
+char16_t LetterOf(const std::string& drive) {
+  const bool one = drive.size() == 1 || (drive.size() == 2 && drive[1] == ':');
+  const char16_t letter = one ? ToUpper(static_cast<unsigned char>(drive[0])) : u'\0';
+  if (letter < u'C' || letter > u'Z') throw MoveError(MoveFault::DriveLetterUnusable, drive);
+  return letter;
+}
+
+TakenFolder AsDrive(const fs::path& folder, const std::string& drive) {
+  TakenFolder taken{folder, TakenFolder::Kind::NamedDrive, LetterOf(drive), folder, {}};
+  if (HasMachineSettings(folder)) throw MoveError(MoveFault::DriveTold, folder.string(), drive);
+  return taken;
+}
+
+TakenFolder AsMachine(const fs::path& folder) {
+  const auto kind = HasMachineSettings(folder) ? TakenFolder::Kind::DescribedMachine
+                                               : TakenFolder::Kind::DrivesAlone;
+  std::error_code ignored;
+  const bool lower = !fs::exists(folder / "C", ignored) && fs::exists(folder / "c", ignored);
+  return {folder, kind, u'C', folder / (lower ? "c" : "C"), {}};
+}
+
+}  // namespace
+
+TakenFolder TakeFolder(const fs::path& folder, const std::string& drive) {
+  using Kind = TakenFolder::Kind;
+  if (!drive.empty()) return AsDrive(folder, drive);
+  std::error_code ignored;
+  if (!fs::is_directory(folder, ignored)) return {folder, Kind::Missing, u'C', folder / "C", {}};
+  if (IsSurelyMachine(folder)) return AsMachine(folder);
+  if (const auto sign = SignOf(folder)) return {folder, Kind::WindowsDisk, u'C', folder, *sign};
+  if (HoldsNothing(folder)) return {folder, Kind::Empty, u'C', folder / "C", {}};
+  return {folder, Kind::OtherDisk, u'C', folder, {}};
+}
+
+}  // namespace norvo

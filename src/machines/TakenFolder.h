@@ -1,0 +1,41 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace norvo {
+
+/// What a folder is taken as, where it may hold a machine or be a disk.
+struct TakenFolder {
+  /// By what it was decided, the first that fits.
+  enum class Kind {
+    NamedDrive,        ///< a drive, as the caller says, whatever it holds
+    DescribedMachine,  ///< a machine, of which its machine.ini tells
+    DrivesAlone,       ///< a machine: it holds drive C, maybe others, and nothing else
+    WindowsDisk,       ///< a disk: it has a folder at its top that Windows puts there
+    OtherDisk,         ///< a disk, since it holds anything else
+    Empty,             ///< neither yet: it holds nothing but hidden files and settings of a machine
+    Missing            ///< neither yet: it is not there, or is no folder
+  };
+
+  std::filesystem::path folder;       ///< as it was named
+  Kind kind = Kind::Missing;          ///< what decided
+  char16_t letter = u'C';             ///< of the drive that it is, or of the first that counts
+  std::filesystem::path driveFolder;  ///< holds what is on that drive, or will
+  std::string sign;                   ///< of WindowsDisk: the folder that tells, as it is spelled
+
+  /// It holds a machine.
+  bool IsMachine() const { return kind == Kind::DescribedMachine || kind == Kind::DrivesAlone; }
+  /// It is a drive itself.
+  bool IsDisk() const {
+    return kind == Kind::NamedDrive || kind == Kind::WindowsDisk || kind == Kind::OtherDisk;
+  }
+};
+
+/// The one rule for every folder that is named as a machine. A disk is drive C, unless `drive` says
+/// otherwise: "D", "d" or "D:"; then the folder is that drive whatever it holds. MoveError when
+/// `drive` is no letter from C to Z, when a machine.ini tells otherwise, or when the folder cannot
+/// be listed.
+TakenFolder TakeFolder(const std::filesystem::path& folder, const std::string& drive = {});
+
+}  // namespace norvo
