@@ -59,8 +59,9 @@ std::string WorkText(const MoveError& error) {
              (subject.empty() ? std::string() : ", " + subject) +
              ". Name the playlists to verify, or run norvo-playlists restore first.";
     case MoveFault::NoDocumentsFolder:
-      return "The new machine has no documents folder. Name one in its machine.ini, section "
-             "[ShellFolders], such as 5=C:\\My Documents.";
+      return "The new machine has no documents folder, and none can be made. Name one with "
+             "--documents, or in its machine.ini, section [ShellFolders], such as 5=C:\\My "
+             "Documents.";
     default:
       return {};
   }

@@ -51,8 +51,8 @@ void TellNothingFound(const std::shared_ptr<Platform>& machine, Console& console
   const String documents = machine->Shell().SpecialFolderPath(ShellFolders::kDocuments);
   const String dataArea = DataAreaOf(ReadProductSettings(*library));
   console.LeftOut("Nothing to restore: no neutral file in " + BothPaths(*machine, documents) +
-                  " and below. collect writes them to " + BothPaths(*machine, dataArea) +
-                  "; bring them from there into the former.");
+                  " and below. collect would have put them into " + BothPaths(*machine, dataArea) +
+                  "; those of another machine belong anywhere in the former.");
 }
 
 template <class Visit>

@@ -54,8 +54,8 @@ const Row kRows[] = {
      "The machine has no folder of restored playlists. Name the playlists to verify, or run "
      "norvo-playlists restore first."},
     {MoveFault::NoDocumentsFolder, "", "",
-     "The new machine has no documents folder. Name one in its machine.ini, section "
-     "[ShellFolders], such as 5=C:\\My Documents."},
+     "The new machine has no documents folder, and none can be made. Name one with --documents, or "
+     "in its machine.ini, section [ShellFolders], such as 5=C:\\My Documents."},
     {MoveFault::NoMachine, "old", "old holds no machine",
      "old holds no machine. A machine folder holds a folder per drive, named by its letter (such "
      "as C), or a machine.ini that names the drives. Name one with --machine, or the folder where "

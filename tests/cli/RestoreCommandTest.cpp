@@ -108,10 +108,12 @@ TEST_F(RestoreCommandTest, WithoutNeutralFilesItSaysWhereTheyWereSoughtAndWhereT
   const Outcome outcome = Restore();
   EXPECT_EQ(outcome.code, 1);
   const std::string documents = Place("C/My Documents").string();
-  EXPECT_EQ(outcome.err,
-            "Nothing to restore: no neutral file in C:\\My Documents (" + documents +
-                ") and below. collect writes them to C:\\My Documents\\Norvo Media\\KVs\\ (" +
-                documents + "/Norvo Media/KVs); bring them from there into the former.\n");
+  EXPECT_EQ(
+      outcome.err,
+      "Nothing to restore: no neutral file in C:\\My Documents (" + documents +
+          ") and below. collect would have put them into C:\\My Documents\\Norvo Media\\KVs\\ (" +
+          documents +
+          "/Norvo Media/KVs); those of another machine belong anywhere in the former.\n");
   EXPECT_EQ(outcome.out, "Neutral files restored:  0\nPlayer settings changed: 0\n");
   EXPECT_FALSE(fs::exists(Lists()));
 }

@@ -67,6 +67,47 @@ TEST_F(FolderMoveTest, FoldersInEachOtherAreRefusedBeforeAnythingIsWritten) {
   EXPECT_EQ(Tree(At("disk")), before);
 }
 
+TEST_F(FolderMoveTest, ADiskTakesThemInTheDocumentsOfItsUser) {
+  fs::create_directories(At("new/Users/Ann/Documents"));
+  const MoveResult move = Move("new");
+  EXPECT_TRUE(move.IsWhole());
+  EXPECT_EQ(Get(At("new/Users/Ann/Documents/Norvo Media/Music/One.mp3")), "the first song");
+  EXPECT_TRUE(fs::exists(At("new/Norvo/registry.reg")));
+  EXPECT_FALSE(fs::exists(At("new/C")));
+  EXPECT_TRUE(Move("new").IsWhole());
+}
+
+TEST_F(FolderMoveTest, WhatTheFoldersWereTakenAsIsToldBeforeAnythingIsMoved) {
+  FolderMove folders = Folders("new");
+  folders.toDrive = "D";
+  std::size_t told = 0;
+  folders.onOpened = [&](const OpenedFolders& opened) {
+    ++told;
+    EXPECT_EQ(opened.from.kind, TakenFolder::Kind::OtherDisk);
+    EXPECT_EQ(opened.to.kind, TakenFolder::Kind::NamedDrive);
+    EXPECT_EQ(opened.to.letter, u'D');
+    EXPECT_EQ(opened.registry.file, At("new/Norvo/registry.reg"));
+    EXPECT_EQ(opened.registry.machinePath, "D:\\Norvo\\registry.reg");
+    EXPECT_FALSE(fs::exists(opened.registry.file));
+  };
+  WorkObserver nobody;
+  EXPECT_TRUE(MovePlaylists(folders, {}, nobody).IsWhole());
+  EXPECT_EQ(told, 1u);
+  EXPECT_EQ(Get(At("new/My Documents/Norvo Media/Music/One.mp3")), "the first song");
+}
+
+TEST_F(FolderMoveTest, AGroupRootThatTheNewMachineHasIsKeptAndTold) {
+  fs::create_directories(At("new/Windows"));
+  Move("new");
+  FolderMove folders = Folders("new");
+  folders.groupRoot = "C:\\Elsewhere";
+  WorkObserver nobody;
+  const MoveResult move = MovePlaylists(folders, {}, nobody);
+  ASSERT_EQ(move.warnings.size(), 1u);
+  EXPECT_EQ(move.warnings[0].kind, WorkWarning::Kind::GroupRootKept);
+  EXPECT_FALSE(fs::exists(At("new/Elsewhere")));
+}
+
 TEST_F(FolderMoveTest, ADryRunWritesNothing) {
   MoveOptions options;
   options.dryRun = true;

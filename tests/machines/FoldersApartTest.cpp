@@ -78,6 +78,27 @@ TEST_F(FoldersApartTest, ADiskThatMovedAlongMayBeAnotherDriveOfBoth) {
   EXPECT_NO_THROW(RequireApart(Folders("old", "new")));
 }
 
+TEST_F(FoldersApartTest, ADriveThatTakesWhatIsWishedForIsWrittenToo) {
+  fs::create_directories(At("disk"));
+  const std::string drives = "[Drives]\r\nC=fixed\r\nD=fixed," + At("disk").string() + "\r\n";
+  Put(At("old/machine.ini"), drives);
+  Put(At("new/machine.ini"), drives);
+  const std::string place = " (" + At("disk").string() + ")";
+  FolderMove folders = Folders("old", "new");
+  folders.groupRoot = "D:\\Media";
+  ExpectOverlap(folders, "drive D of " + kFrom + place, "drive D of " + kTo + place);
+  folders.groupRoot = {};
+  folders.documents = "d:\\Mine";
+  ExpectOverlap(folders, "drive D of " + kFrom + place, "drive D of " + kTo + place);
+}
+
+TEST_F(FoldersApartTest, ADiskIsOneFolderWhateverDrivesItsFoldersLookLike) {
+  PutDisk("disk/C");
+  PutDisk("disk/Windows");
+  EXPECT_NO_THROW(RequireApart(Folders("disk", "new")));
+  ExpectOverlap(Folders("disk", "disk/C"), kFrom, kTo);
+}
+
 TEST_F(FoldersApartTest, NothingIsChanged) {
   PutDisk("old/C");
   fs::create_directories(At("new/C"));

@@ -79,7 +79,7 @@ TEST_F(CarryingTest, OtherNeutralFilesAreNotOfThisMove) {
   WriteNew(R"(C:\My Documents\desktop.ini)", "[.ShellClassInfo]\r\nx=1\r\n");
   const Outcome outcome = Migrate();
   EXPECT_EQ(outcome.code, 0);
-  EXPECT_EQ(outcome.err, "");
+  EXPECT_FALSE(Holds(outcome.err, ".ini")) << outcome.err;
   ExpectMoved("Mix", {kOne, kTwo});
   for (const PlayerFolder& player : kPlayers) {
     EXPECT_FALSE(fs::exists(NewPlace(NativePath(player, "Radio"))));
@@ -107,8 +107,9 @@ TEST_F(CarryingTest, WithoutADocumentsFolderNothingIsCopied) {
   EXPECT_EQ(outcome.code, 2);
   EXPECT_EQ(
       outcome.err,
-      "norvo-playlists: The new machine has no documents folder. Name one in its machine.ini, "
-      "section [ShellFolders], such as 5=C:\\My Documents.\n");
+      "norvo-playlists: The new machine has no documents folder, and none can be made. Name one "
+      "with --documents, or in its machine.ini, section [ShellFolders], such as 5=C:\\My "
+      "Documents.\n");
   EXPECT_FALSE(fs::exists(NewPlace(kRoot + "Music")));
 }
 

@@ -159,6 +159,16 @@ TEST_F(HostedRegistryTest, AMissingFileIsAnEmptyRegistryAndIsCreatedByTheFirstKe
   EXPECT_EQ(User(u"a"), "number 1");
 }
 
+TEST_F(HostedRegistryTest, AMissingFolderIsMadeByTheFirstKey) {
+  HostedLayout layout;
+  layout.registryFile = Disk("folder/registry.reg");
+  HostedPlatform machine(std::move(layout));
+  EXPECT_FALSE(machine.Registry().KeyExists(Hive::CurrentUser, u"K"));
+  EXPECT_FALSE(std::filesystem::exists(Disk("folder")));
+  EXPECT_TRUE(machine.Registry().CreateKey(Hive::CurrentUser, u"K"));
+  EXPECT_NE(Get(Disk("folder/registry.reg")), "");
+}
+
 TEST_F(HostedRegistryTest, TheEncodingIsKept) {
   const String text = u"Windows Registry Editor Version 5.00\r\n\r\n[HKCU\\K]\r\n\"ä\"=\"ö\"\r\n";
   const String changed = text + u"\"n\"=dword:00000001\r\n";
