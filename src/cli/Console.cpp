@@ -2,10 +2,24 @@
 
 #include <nlohmann/json.hpp>
 
+#include "cli/Terminal.h"
 #include "cli/TerminalText.h"
 #include "text/Encoding.h"
 
 namespace norvo::cli {
+namespace {
+
+// Of docs/json-output.schema.json: grows when a name goes or changes its meaning.
+constexpr int kDocumentVersion = 1;
+
+}  // namespace
+
+Console::Console(std::ostream& out, std::ostream& err, bool errIsTerminal)
+    : out_(out),
+      err_(err),
+      progress_(err, errIsTerminal),
+      outIsTerminal_(IsTerminal(out)),
+      colour_(TakesColour(out)) {}
 
 void Console::SetQuiet() {
   quiet_ = true;
@@ -18,6 +32,20 @@ void Console::SetJson() {
 
 void Console::Say(std::string_view line) {
   if (!quiet_) Print(line);
+}
+
+void Console::Say(const StyledLine& line) {
+  if (quiet_ || json_) return;
+  progress_.Clear();
+  out_ << TerminalText(line, colour_) << '\n';
+}
+
+std::size_t Console::Width() const {
+  return LineWidth(out_);
+}
+
+bool Console::IsReportSeen() const {
+  return outIsTerminal_ && !quiet_ && !json_;
 }
 
 void Console::Print(std::string_view line) {
@@ -53,11 +81,13 @@ void Console::Show(StringView title, StringView text) {
   Tell(title.empty() ? ToUtf8(text) : ToUtf8(title) + ": " + ToUtf8(text));
 }
 
-void Console::Write(Json document, int code) {
+void Console::Write(const Json& document, int code) {
   progress_.Clear();
-  document["leftOut"] = lines_;
-  document["exitCode"] = code;
-  out_ << JsonText(document);
+  Json whole{{"version", kDocumentVersion}};
+  whole.update(document);
+  whole["leftOut"] = lines_;
+  whole["exitCode"] = code;
+  out_ << JsonText(whole);
 }
 
 bool Console::Flush() {

@@ -8,6 +8,7 @@
 
 #include "cli/Json.h"
 #include "cli/Progress.h"
+#include "cli/StyledLine.h"
 #include "services/Platform.h"
 
 namespace norvo::cli {
@@ -29,8 +30,7 @@ class CommandError : public std::runtime_error {
 /// Lines are UTF-8 and are made safe for a terminal on their way out.
 class Console : public MessageDialog {
  public:
-  Console(std::ostream& out, std::ostream& err, bool errIsTerminal)
-      : out_(out), err_(err), progress_(err, errIsTerminal) {}
+  Console(std::ostream& out, std::ostream& err, bool errIsTerminal);
 
   void SetQuiet();
   /// From now on the report is one document; what is left out is kept for it.
@@ -39,6 +39,13 @@ class Console : public MessageDialog {
 
   /// A line of the report; dropped when quiet, and when the report is a document.
   void Say(std::string_view line = {});
+  /// The same in colours, where standard output shows them.
+  void Say(const StyledLine& line);
+  /// Cells that a line of the report may take.
+  std::size_t Width() const;
+  /// True when the user reads the report as it is written: on a terminal, neither quiet nor as a
+  /// document.
+  bool IsReportSeen() const;
   /// A line of what the user asked for itself; dropped only when the report is a document.
   void Print(std::string_view line);
   /// Something worth knowing that is no failure.
@@ -54,8 +61,9 @@ class Console : public MessageDialog {
   /// A message of a machine.
   void Show(StringView title, StringView text) override;
 
-  /// The report as a document, with the exit code and what was left out added to it. Written once.
-  void Write(Json document, int code);
+  /// The report as a document, to which the version of its names, the exit code and what was left
+  /// out are added. Written once.
+  void Write(const Json& document, int code);
 
   bool HasLeftOut() const { return leftOut_; }
   Progress& Bar() { return progress_; }
@@ -67,6 +75,8 @@ class Console : public MessageDialog {
   std::ostream& out_;
   std::ostream& err_;
   Progress progress_;
+  bool outIsTerminal_;
+  bool colour_;
   bool quiet_ = false;
   bool json_ = false;
   bool leftOut_ = false;

@@ -8,9 +8,11 @@ namespace norvo::cli {
 void ConsoleObserver::OnProgress(const WorkProgress& progress) {
   Progress& bar = console_.Bar();
   switch (progress.phase) {
+    case WorkPhase::TakingStock:
     case WorkPhase::Scanning:
       return bar.Count("folders", progress.position, progress.current);
     case WorkPhase::Verifying:
+    case WorkPhase::Counting:
       return bar.Advance("verifying", progress.position, progress.count, progress.current);
     default:
       return bar.Advance(what_, progress.position, progress.count, progress.current);

@@ -13,6 +13,7 @@ struct MoveTerms {
   std::string to;
   bool dryRun = false;
   bool withMedia = true;
+  bool verbose = false;  ///< the report for people tells of each song
 };
 
 /// A move for other programs: a record per playlist, song, adjustment and setting, and the totals.

@@ -10,15 +10,15 @@ const char* WordsFor(PlaceFailure failure) {
     case PlaceFailure::None:
       break;
     case PlaceFailure::SourceMissing:
-      return "the source is not there";
+      return "the old file is not there any more";
     case PlaceFailure::SourceNoFile:
-      return "the source is no file";
+      return "the old one is no file but a folder or a device";
     case PlaceFailure::SourceUnreadable:
-      return "the source cannot be read";
+      return "the old file cannot be read";
     case PlaceFailure::SourceChanged:
-      return "the source changed while it was read";
+      return "the old file changed while it was read";
     case PlaceFailure::TargetUnwritable:
-      return "the target cannot be written";
+      return "the new file cannot be written";
     case PlaceFailure::FolderThere:
       return "a folder of that name is there already";
     case PlaceFailure::OtherFileThere:
@@ -35,64 +35,36 @@ std::string WithSystemReason(std::string text, const String& reason) {
   return reason.empty() ? text : text + ": " + ToUtf8(reason);
 }
 
-/// Why a playlist was read anew.
-const char* LossText(Mending::Kind kind) {
-  switch (kind) {
-    case Mending::Kind::NotListed:
-      return "its first lines tell no type, so it was not listed";
-    case Mending::Kind::QueueEnded:
-      return "the queue ended before it had a neutral file";
-    case Mending::Kind::Unnamed:
-      return "it had no name for its neutral file";
-    case Mending::Kind::NotWritten:
-      return "its neutral file could not be written under its name";
-    case Mending::Kind::NothingUnderstood:
-      return "none of its lines was understood";
-    case Mending::Kind::UnknownType:
-      return "its first lines tell no type";
-    case Mending::Kind::NotReadToEnd:
-      return "it was not read to its end";
-    case Mending::Kind::NameTaken:
-      return "another playlist's neutral file took its name";
-    default:
-      return "its neutral file does not tell all that it lists";
-  }
-}
-
-}  // namespace
-
-const char* NameOf(MovedPlaylist::State state) {
-  switch (state) {
-    case MovedPlaylist::State::Collected:
-      return "collected";
-    case MovedPlaylist::State::Restored:
-      return "restored";
-    case MovedPlaylist::State::AlreadyRestored:
-      return "alreadyRestored";
-    case MovedPlaylist::State::NoSongs:
-      return "noSongs";
-    case MovedPlaylist::State::Skipped:
-      return "skipped";
-    case MovedPlaylist::State::LeftOut:
-      return "leftOut";
+const char* WordsFor(MovedPlaylist::SkipRule rule) {
+  switch (rule) {
+    case MovedPlaylist::SkipRule::None:
+      break;
+    case MovedPlaylist::SkipRule::RecycleBin:
+      return "it is in the recycle bin";
+    case MovedPlaylist::SkipRule::TemporaryInternetFiles:
+      return "it is among the temporary files of a browser";
+    case MovedPlaylist::SkipRule::SystemFolder:
+      return "it is in a folder that Windows keeps for itself";
   }
   return "";
 }
 
-const char* NameOf(MovedSong::State state) {
-  switch (state) {
+}  // namespace
+
+const char* SongOutcome(const MovedSong& song, bool dryRun) {
+  switch (song.state) {
     case MovedSong::State::Planned:
-      return "planned";
+      return dryRun ? "to be brought" : "not brought";
     case MovedSong::State::Copied:
       return "copied";
     case MovedSong::State::Linked:
       return "linked";
     case MovedSong::State::AlreadyThere:
-      return "alreadyThere";
+      return "there already";
     case MovedSong::State::LeftOut:
-      return "leftOut";
+      break;
   }
-  return "";
+  return "left out";
 }
 
 std::string ReasonText(const MovedSong& song) {
@@ -108,7 +80,7 @@ std::string ReasonText(const MovedSong& song) {
     case MovedSong::Fault::NumbersTaken:
       return nowhere + "all numbers of " + path + " are taken";
     case MovedSong::Fault::GroupRootUnusable:
-      return nowhere + "see that its group root " + path + " is a path of plain characters";
+      return nowhere + "see that the folder for music, " + path + ", has a name of plain letters";
     case MovedSong::Fault::NotBrought:
       return WithSystemReason(WordsFor(song.failure), song.systemReason);
   }
@@ -125,72 +97,104 @@ std::string ReasonText(const MovedPlaylist& playlist) {
     case MovedPlaylist::Fault::KindNotRead:
       return "only its own player can read a list of this kind";
     case MovedPlaylist::Fault::Unreadable:
-      return withReason("cannot be read");
+      return withReason("it cannot be read");
     case MovedPlaylist::Fault::GenericNotWritten:
-      return "its neutral file cannot be written: see that the old machine's data area is writable "
-             "and its disk not full";
+      return "what was read of it cannot be kept: see that the folder of the old machine's data "
+             "can be written and the disk is not full";
     case MovedPlaylist::Fault::GenericDoesNotReadBack:
-      return "its neutral file does not read back";
+      return "what was written down of it reads back as something else";
     case MovedPlaylist::Fault::NotCarried:
-      return withReason("its neutral file cannot be written on the new machine");
+      return withReason("it cannot be written on the new machine");
     case MovedPlaylist::Fault::NotRestored:
-      return "its native playlists cannot be written: see that the new machine's disk is writable "
-             "and not full, and run again";
+      return "its new lists cannot be written: see that the new machine's disk can be written "
+             "and is not full, and run again";
     case MovedPlaylist::Fault::NotNoted:
-      return withReason("the new machine cannot note what is restored") + ". Run again when it can";
+      return withReason("the new machine cannot note that it was moved") +
+             ". Run again when it can";
+  }
+  return playlist.state == MovedPlaylist::State::Skipped ? WordsFor(playlist.rule) : "";
+}
+
+std::string ReasonText(const MovedItem& item) {
+  switch (item.fate) {
+    case MovedItem::Fate::Song:
+    case MovedItem::Fate::Address:
+      break;
+    case MovedItem::Fate::NoSuchFile:
+      return "no such file";
+    case MovedItem::Fate::NotMedia:
+      return "not a media file";
+    case MovedItem::Fate::Ambiguous:
+      return "not where the list says, and several files have that name";
   }
   return {};
 }
 
 std::string TextOf(const Mending& mending) {
   switch (mending.kind) {
+    case Mending::Kind::NotListed:
+    case Mending::Kind::UnknownType:
+      return "its first lines do not tell what kind of list it is; it was known by the others";
+    case Mending::Kind::QueueEnded:
+      return "it was read by itself, since reading the lists before it had ended early";
+    case Mending::Kind::Unnamed:
+    case Mending::Kind::NotWritten:
+      return "it was read by itself, since its name is unusual";
+    case Mending::Kind::NothingUnderstood:
+      return "it is written in an unusual way; it was read with more patience";
+    case Mending::Kind::NotReadToEnd:
+      return "it was read with more patience, since something in its middle is unusual";
+    case Mending::Kind::NameTaken:
+      return "another list has the same name; both are kept";
+    case Mending::Kind::Incomplete:
+      return "some of it is written in an unusual way; it was read with more patience";
     case Mending::Kind::EntriesAdded:
-      return std::to_string(mending.count) + " of its entries added: the readers do not take them";
+      return std::to_string(mending.count) + " of its lines " +
+             (mending.count == 1 ? "is" : "are") +
+             " written in a way that is easily overlooked; none was lost";
     case Mending::Kind::Split:
-      return "split, since a playlist holds at most 32767 entries";
-    default:
-      return std::string("read anew: ") + LossText(mending.kind);
+      return "it is several lists now, since a list of the players holds at most 32767 songs";
+    case Mending::Kind::OtherKind:
+      return "older players do not read lists of its kind; it was written anew for them";
+    case Mending::Kind::DetailsFilled:
+      return "the names or lengths of " + std::to_string(mending.count) +
+             " of its songs come from the song files";
   }
+  return {};
 }
 
 const char* TextOf(Adjustment::Reason reason) {
   switch (reason) {
     case Adjustment::Reason::NameUnusable:
-      return "its native playlists would lose the name, or have none that Windows takes";
+      return "players would not find a list of that name";
     case Adjustment::Reason::ManyOfOneName:
-      return "many playlists have this name";
+      return "many lists have that name";
     case Adjustment::Reason::NativeBlocked:
-      return "a folder, or a link that leads nowhere, has the name of a native playlist";
+      return "a folder, or a link that leads nowhere, has that name";
     case Adjustment::Reason::Markup:
-      return "ASX files would take it for markup";
+      return "Windows Media Player would take its angle brackets for something else";
     case Adjustment::Reason::RelativeReference:
-      return "a relative reference gives no file name";
+      return "the list tells only where it is seen from the list itself";
     case Adjustment::Reason::NotInCodePage:
-      return "playlists cannot tell this path: it does not fit the 8-bit page";
+      return "lists of older players cannot hold all of its letters";
     case Adjustment::Reason::PathTooLong:
       return "the path would be too long";
     case Adjustment::Reason::IllegalName:
-      return "no path on Windows may be called so";
+      return "Windows does not allow such a name";
     case Adjustment::Reason::LeavesGroupRoot:
-      return "the path would leave the group root";
+      return "the name would lead out of the folder for music";
     case Adjustment::Reason::OtherSong:
-      return "another song has this place";
+      return "another song has that name in the same folder";
     case Adjustment::Reason::FolderThere:
-      return "a folder has this name";
+      return "a folder has that name";
     case Adjustment::Reason::OtherFile:
-      return "another file has this place";
+      return "another file has that name in the same folder";
     case Adjustment::Reason::PlaceElsewhere:
-      return "the song has its one place elsewhere";
+      return "the song stands in one place only, which is another one";
     case Adjustment::Reason::OldAddressTaken:
-      return "on the new machine another file stands at the old address";
+      return "on the new machine another file stands at its old place";
   }
   return "";
-}
-
-std::string TextOf(const MovedItem& item) {
-  const char* const why =
-      item.fate == MovedItem::Fate::NotMedia ? "not a media file" : "no such file";
-  return '"' + ToUtf8(item.reference) + "\": " + why;
 }
 
 }  // namespace norvo::cli

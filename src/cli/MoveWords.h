@@ -6,18 +6,19 @@
 
 namespace norvo::cli {
 
-/// "restored", "copied", "alreadyThere" and so on, as the document of a move has them.
-const char* NameOf(MovedPlaylist::State state);
-const char* NameOf(MovedSong::State state);
+/// Words of a move for people who know nothing of its inside. None ends with a point.
 
-/// Why a song or a playlist was left out; empty for one that was not.
+/// What has become of a song.
+const char* SongOutcome(const MovedSong& song, bool dryRun);
+/// Why a song was left out; empty for one that was not.
 std::string ReasonText(const MovedSong& song);
+/// Why a playlist was left out or skipped; empty for one that was not.
 std::string ReasonText(const MovedPlaylist& playlist);
+/// Why an item became no entry; empty for one that did.
+std::string ReasonText(const MovedItem& item);
 /// What was mended, and how.
 std::string TextOf(const Mending& mending);
-/// Why a generic file was changed.
+/// Why something is called otherwise now: "another song has that name in the same folder".
 const char* TextOf(Adjustment::Reason reason);
-/// An item that was left out, and why.
-std::string TextOf(const MovedItem& item);
 
 }  // namespace norvo::cli

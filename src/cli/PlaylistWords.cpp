@@ -59,7 +59,9 @@ std::string LeftOutText(const DroppedItem& drop) {
 }
 
 Json DropDocument(const DroppedItem& drop) {
-  return {{"reference", ToUtf8(drop.reference)}, {"reason", DropName(drop.outcome)}};
+  return {{"reference", ToUtf8(drop.reference)},
+          {"reason", DropText(drop.outcome)},
+          {"reasonCode", DropName(drop.outcome)}};
 }
 
 void DropCounts::Add(const std::vector<DroppedItem>& drops) {

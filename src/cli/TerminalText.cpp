@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "cli/CharacterCells.h"
 #include "text/Encoding.h"
 
 namespace norvo::cli {
@@ -15,15 +16,9 @@ struct Range {
 
 constexpr Range kSteering[] = {{0x0000, 0x001F}, {0x007F, 0x009F}, {0x061C, 0x061C},
                                {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069}};
-constexpr Range kNoCell[] = {
-    {0x0300, 0x036F}, {0x200B, 0x200D}, {0xDC00, 0xDFFF}, {0xFE00, 0xFE0F}, {0xFEFF, 0xFEFF}};
-constexpr Range kTwoCells[] = {{0x1100, 0x115F}, {0x2E80, 0x303E}, {0x3041, 0xA4CF},
-                               {0xAC00, 0xD7A3}, {0xF900, 0xFAFF}, {0xFE30, 0xFE6F},
-                               {0xFF00, 0xFF60}, {0xFFE0, 0xFFE6}};
 
-template <std::size_t kCount>
-bool IsIn(char16_t unit, const Range (&ranges)[kCount]) {
-  return std::any_of(std::begin(ranges), std::end(ranges), [unit](const Range& range) {
+bool IsSteering(char16_t unit) {
+  return std::any_of(std::begin(kSteering), std::end(kSteering), [unit](const Range& range) {
     return unit >= range.first && unit <= range.last;
   });
 }
@@ -41,7 +36,7 @@ String Escape(char16_t unit) {
 std::string TerminalText(std::string_view text) {
   String shown;
   for (const char16_t unit : FromUtf8Lossy(text)) {
-    if (IsIn(unit, kSteering)) {
+    if (IsSteering(unit)) {
       shown += Escape(unit);
     } else {
       shown.push_back(unit);
@@ -50,12 +45,20 @@ std::string TerminalText(std::string_view text) {
   return ToUtf8(shown);
 }
 
+std::size_t NextCharacter(std::string_view shown, std::size_t& at) {
+  const auto lead = static_cast<unsigned char>(shown[at]);
+  const std::size_t length = lead < 0xC0 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+  char32_t character = length == 1 ? lead : lead & (0xFFU >> (length + 1));
+  const std::size_t end = std::min(at + length, shown.size());
+  for (++at; at < end; ++at) {
+    character = character << 6 | (static_cast<unsigned char>(shown[at]) & 0x3FU);
+  }
+  return CellsOf(character);
+}
+
 std::size_t DisplayWidth(std::string_view shown) {
   std::size_t width = 0;
-  for (const char16_t unit : FromUtf8Lossy(shown)) {
-    if (IsIn(unit, kNoCell)) continue;
-    width += IsIn(unit, kTwoCells) ? 2U : 1U;
-  }
+  for (std::size_t at = 0; at < shown.size();) width += NextCharacter(shown, at);
   return width;
 }
 

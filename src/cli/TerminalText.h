@@ -11,6 +11,9 @@ namespace norvo::cli {
 /// Showing a shown text again does not change it.
 std::string TerminalText(std::string_view text);
 
+/// Goes behind the character of a shown text that begins at `at`; gives the cells that it takes.
+std::size_t NextCharacter(std::string_view shown, std::size_t& at);
+
 /// Cells that a shown text takes on a terminal.
 std::size_t DisplayWidth(std::string_view shown);
 

@@ -19,25 +19,34 @@ std::string UnusableText(const std::string& value) {
          kWords.registry + ", then run init again.";
 }
 
-/// Of what the reading back of a native playlist has found.
+/// Of what the new lists turned out to hold.
 std::string FindingText(const WorkWarning& warning) {
   const std::string subject = ToUtf8(warning.subject) + ": ";
   const std::string detail = '"' + ToUtf8(warning.detail) + '"';
   const std::string counts =
-      std::to_string(warning.found) + " of " + std::to_string(warning.expected) + " references";
+      std::to_string(warning.found) + " of " + std::to_string(warning.expected) + ' ';
   switch (warning.kind) {
     case Kind::NativesMissing:
-      return subject + std::to_string(warning.found) + " of its " +
-             std::to_string(warning.expected) + " native playlists were written";
+      return subject + "only " + std::to_string(warning.found) + " of its " +
+             std::to_string(warning.expected) + " new lists were written";
     case Kind::UntellableAddress:
-      return subject + "its native playlists cannot tell " + detail +
-             ", which does not fit the 8-bit page";
+      return subject + "lists of older players cannot hold all letters of " + detail;
     case Kind::NativeGone:
       return subject + "was written, and is gone now";
     case Kind::NativeIncomplete:
-      return subject + "reads back with " + counts;
+      return subject + "reads back with " + counts + "entries";
     case Kind::WrongSong:
       return subject + detail + " does not lead to " + ToUtf8(warning.wanted);
+    case Kind::NoPlainName:
+      return subject + "older players cannot find it under its own name, and a second name, " +
+             ToUtf8(warning.wanted) + ", cannot be made: " + ToUtf8(warning.detail);
+    case Kind::CompanionMissing:
+      return subject + "its new list for players of today (.m3u8) was not written";
+    case Kind::CountedListWrong:
+      return subject + "the check at the end has found " + counts + "songs in it";
+    case Kind::CountedSongWrong:
+      return subject + "the check at the end has found " + detail + ", which is not the song " +
+             ToUtf8(warning.wanted);
     default:
       return subject + detail + " was " + ToUtf8(warning.wanted);
   }

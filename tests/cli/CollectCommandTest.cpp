@@ -70,7 +70,7 @@ TEST_F(CollectCommandTest, ReportsAsADocument) {
   EXPECT_EQ(mix.at("outcome"), "written");
   EXPECT_EQ(mix.at("neutralFile"), "C:\\My Documents\\Norvo Media\\KVs\\Mix.ini");
   EXPECT_EQ(mix.at("dropped")[0].at("reference"), "C:\\Music\\Three.mp3");
-  EXPECT_EQ(mix.at("dropped")[0].at("reason"), "missing");
+  EXPECT_EQ(mix.at("dropped")[0].at("reasonCode"), "missing");
   EXPECT_EQ(document.at("leftOut").size(), 3u);
 }
 

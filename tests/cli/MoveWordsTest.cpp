@@ -2,7 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <utility>
+#include <string>
+#include <vector>
 
 namespace norvo::cli {
 namespace {
@@ -16,13 +17,15 @@ std::string TextOfFailure(PlaceFailure failure, StringView systemReason) {
 }
 
 TEST(MoveWords, ASongThatWasNotBroughtSaysWhatFailedAndWhatTheSystemSaid) {
-  EXPECT_EQ(TextOfFailure(PlaceFailure::SourceMissing, {}), "the source is not there");
-  EXPECT_EQ(TextOfFailure(PlaceFailure::SourceNoFile, {}), "the source is no file");
+  EXPECT_EQ(TextOfFailure(PlaceFailure::SourceMissing, {}), "the old file is not there any more");
+  EXPECT_EQ(TextOfFailure(PlaceFailure::SourceNoFile, {}),
+            "the old one is no file but a folder or a device");
   EXPECT_EQ(TextOfFailure(PlaceFailure::SourceUnreadable, u"permission denied"),
-            "the source cannot be read: permission denied");
-  EXPECT_EQ(TextOfFailure(PlaceFailure::SourceChanged, {}), "the source changed while it was read");
+            "the old file cannot be read: permission denied");
+  EXPECT_EQ(TextOfFailure(PlaceFailure::SourceChanged, {}),
+            "the old file changed while it was read");
   EXPECT_EQ(TextOfFailure(PlaceFailure::TargetUnwritable, u"the disk is full"),
-            "the target cannot be written: the disk is full");
+            "the new file cannot be written: the disk is full");
   EXPECT_EQ(TextOfFailure(PlaceFailure::FolderThere, {}), "a folder of that name is there already");
   EXPECT_EQ(TextOfFailure(PlaceFailure::OtherFileThere, {}),
             "another file of that name is there already");
@@ -50,8 +53,9 @@ TEST(MoveWords, ASongWithoutAPlaceSaysWhyThereIsNone) {
             nowhere + "a file stands where one of the folders of C:\\Media\\One.mp3 should be");
   EXPECT_EQ(text(MovedSong::Fault::NumbersTaken),
             nowhere + "all numbers of C:\\Media\\One.mp3 are taken");
-  EXPECT_EQ(text(MovedSong::Fault::GroupRootUnusable),
-            nowhere + "see that its group root C:\\Media\\One.mp3 is a path of plain characters");
+  EXPECT_EQ(
+      text(MovedSong::Fault::GroupRootUnusable),
+      nowhere + "see that the folder for music, C:\\Media\\One.mp3, has a name of plain letters");
 }
 
 TEST(MoveWords, APlaylistThatWasLeftOutSaysWhy) {
@@ -63,79 +67,86 @@ TEST(MoveWords, APlaylistThatWasLeftOutSaysWhy) {
   };
   using Fault = MovedPlaylist::Fault;
   EXPECT_EQ(text(Fault::None), "");
-  EXPECT_EQ(text(Fault::Unreadable), "cannot be read: Disk full");
+  EXPECT_EQ(text(Fault::KindNotRead), "only its own player can read a list of this kind");
+  EXPECT_EQ(text(Fault::Unreadable), "it cannot be read: Disk full");
   EXPECT_EQ(text(Fault::GenericNotWritten),
-            "its neutral file cannot be written: see that the old machine's data area is writable "
-            "and its disk not full");
-  EXPECT_EQ(text(Fault::GenericDoesNotReadBack), "its neutral file does not read back");
-  EXPECT_EQ(text(Fault::NotCarried),
-            "its neutral file cannot be written on the new machine: Disk full");
+            "what was read of it cannot be kept: see that the folder of the old machine's data "
+            "can be written and the disk is not full");
+  EXPECT_EQ(text(Fault::GenericDoesNotReadBack),
+            "what was written down of it reads back as something else");
+  EXPECT_EQ(text(Fault::NotCarried), "it cannot be written on the new machine: Disk full");
   EXPECT_EQ(text(Fault::NotRestored),
-            "its native playlists cannot be written: see that the new machine's disk is writable "
-            "and not full, and run again");
+            "its new lists cannot be written: see that the new machine's disk can be written and "
+            "is not full, and run again");
   EXPECT_EQ(text(Fault::NotNoted),
-            "the new machine cannot note what is restored: Disk full. Run again when it can");
+            "the new machine cannot note that it was moved: Disk full. Run again when it can");
 }
 
-TEST(MoveWords, AMendingSaysWhatWasMended) {
+TEST(MoveWords, APlaylistThatWasSkippedSaysWhereItStands) {
+  const auto text = [](MovedPlaylist::SkipRule rule) {
+    MovedPlaylist playlist;
+    playlist.state = MovedPlaylist::State::Skipped;
+    playlist.rule = rule;
+    return ReasonText(playlist);
+  };
+  using Rule = MovedPlaylist::SkipRule;
+  EXPECT_EQ(text(Rule::RecycleBin), "it is in the recycle bin");
+  EXPECT_EQ(text(Rule::TemporaryInternetFiles), "it is among the temporary files of a browser");
+  EXPECT_EQ(text(Rule::SystemFolder), "it is in a folder that Windows keeps for itself");
+}
+
+TEST(MoveWords, AMendingSaysHowOftenItWasNeeded) {
   using Kind = Mending::Kind;
-  const std::pair<Kind, const char*> rows[] = {
-      {Kind::NotListed, "read anew: its first lines tell no type, so it was not listed"},
-      {Kind::QueueEnded, "read anew: the queue ended before it had a neutral file"},
-      {Kind::Unnamed, "read anew: it had no name for its neutral file"},
-      {Kind::NotWritten, "read anew: its neutral file could not be written under its name"},
-      {Kind::NothingUnderstood, "read anew: none of its lines was understood"},
-      {Kind::UnknownType, "read anew: its first lines tell no type"},
-      {Kind::NotReadToEnd, "read anew: it was not read to its end"},
-      {Kind::NameTaken, "read anew: another playlist's neutral file took its name"},
-      {Kind::Incomplete, "read anew: its neutral file does not tell all that it lists"},
-      {Kind::EntriesAdded, "3 of its entries added: the readers do not take them"},
-      {Kind::Split, "split, since a playlist holds at most 32767 entries"}};
-  for (const auto& [kind, text] : rows) EXPECT_EQ(TextOf(Mending{kind, 3}), text);
+  EXPECT_EQ(TextOf(Mending{Kind::EntriesAdded, 3}),
+            "3 of its lines are written in a way that is easily overlooked; none was lost");
+  EXPECT_EQ(TextOf(Mending{Kind::EntriesAdded, 1}),
+            "1 of its lines is written in a way that is easily overlooked; none was lost");
+  EXPECT_EQ(TextOf(Mending{Kind::DetailsFilled, 2}),
+            "the names or lengths of 2 of its songs come from the song files");
 }
 
-TEST(MoveWords, AnAdjustmentSaysWhyItWasMade) {
-  using Reason = Adjustment::Reason;
-  const std::pair<Reason, const char*> rows[] = {
-      {Reason::NameUnusable,
-       "its native playlists would lose the name, or have none that Windows takes"},
-      {Reason::ManyOfOneName, "many playlists have this name"},
-      {Reason::NativeBlocked,
-       "a folder, or a link that leads nowhere, has the name of a native playlist"},
-      {Reason::Markup, "ASX files would take it for markup"},
-      {Reason::RelativeReference, "a relative reference gives no file name"},
-      {Reason::NotInCodePage, "playlists cannot tell this path: it does not fit the 8-bit page"},
-      {Reason::PathTooLong, "the path would be too long"},
-      {Reason::IllegalName, "no path on Windows may be called so"},
-      {Reason::LeavesGroupRoot, "the path would leave the group root"},
-      {Reason::OtherSong, "another song has this place"},
-      {Reason::FolderThere, "a folder has this name"},
-      {Reason::OtherFile, "another file has this place"},
-      {Reason::PlaceElsewhere, "the song has its one place elsewhere"},
-      {Reason::OldAddressTaken, "on the new machine another file stands at the old address"}};
-  for (const auto& [reason, text] : rows) EXPECT_STREQ(TextOf(reason), text);
+/// Every value of an enumeration, up to the last.
+template <class Value>
+std::vector<Value> AllUpTo(Value last) {
+  std::vector<Value> all;
+  for (int i = 0; i <= static_cast<int>(last); ++i) all.push_back(static_cast<Value>(i));
+  return all;
+}
+
+TEST(MoveWords, NothingIsToldInTheWordsOfTheProgram) {
+  std::vector<std::string> texts;
+  for (const auto kind : AllUpTo(Mending::Kind::DetailsFilled)) {
+    texts.push_back(TextOf(Mending{kind, 2}));
+  }
+  for (const auto reason : AllUpTo(Adjustment::Reason::OldAddressTaken)) {
+    texts.emplace_back(TextOf(reason));
+  }
+  for (const auto fault : AllUpTo(MovedPlaylist::Fault::NotNoted)) {
+    MovedPlaylist playlist;
+    playlist.fault = fault;
+    if (fault != MovedPlaylist::Fault::None) texts.push_back(ReasonText(playlist));
+  }
+  for (const std::string& text : texts) {
+    EXPECT_NE(text, "");
+    for (const char* const term : {"neutral", "generic", "native", "queue", "entr", "heal", "key",
+                                   "root", "8-bit", "code page", "reference"}) {
+      EXPECT_EQ(text.find(term), std::string::npos) << term << " in: " << text;
+    }
+  }
 }
 
 TEST(MoveWords, AnItemThatWasLeftOutSaysWhy) {
-  MovedItem item;
-  item.reference = u"Gone.mp3";
-  item.fate = MovedItem::Fate::NoSuchFile;
-  EXPECT_EQ(TextOf(item), "\"Gone.mp3\": no such file");
-  item.fate = MovedItem::Fate::NotMedia;
-  EXPECT_EQ(TextOf(item), "\"Gone.mp3\": not a media file");
-}
-
-TEST(MoveWords, StatesHaveTheNamesOfTheDocument) {
-  EXPECT_STREQ(NameOf(MovedPlaylist::State::Collected), "collected");
-  EXPECT_STREQ(NameOf(MovedPlaylist::State::Restored), "restored");
-  EXPECT_STREQ(NameOf(MovedPlaylist::State::AlreadyRestored), "alreadyRestored");
-  EXPECT_STREQ(NameOf(MovedPlaylist::State::NoSongs), "noSongs");
-  EXPECT_STREQ(NameOf(MovedPlaylist::State::LeftOut), "leftOut");
-  EXPECT_STREQ(NameOf(MovedSong::State::Planned), "planned");
-  EXPECT_STREQ(NameOf(MovedSong::State::Copied), "copied");
-  EXPECT_STREQ(NameOf(MovedSong::State::Linked), "linked");
-  EXPECT_STREQ(NameOf(MovedSong::State::AlreadyThere), "alreadyThere");
-  EXPECT_STREQ(NameOf(MovedSong::State::LeftOut), "leftOut");
+  const auto text = [](MovedItem::Fate fate) {
+    MovedItem item;
+    item.fate = fate;
+    return ReasonText(item);
+  };
+  EXPECT_EQ(text(MovedItem::Fate::Song), "");
+  EXPECT_EQ(text(MovedItem::Fate::Address), "");
+  EXPECT_EQ(text(MovedItem::Fate::NoSuchFile), "no such file");
+  EXPECT_EQ(text(MovedItem::Fate::NotMedia), "not a media file");
+  EXPECT_EQ(text(MovedItem::Fate::Ambiguous),
+            "not where the list says, and several files have that name");
 }
 
 }  // namespace

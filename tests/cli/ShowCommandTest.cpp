@@ -48,7 +48,7 @@ TEST_F(ShowCommandTest, FindsTheMachineOfASystemPath) {
   EXPECT_EQ(document.at("typeName"), "WINAMP_M3U");
   EXPECT_EQ(document.at("entries").size(), 2u);
   EXPECT_EQ(document.at("entries")[0].at("size"), 1000);
-  EXPECT_EQ(document.at("dropped")[0].at("reason"), "missing");
+  EXPECT_EQ(document.at("dropped")[0].at("reasonCode"), "missing");
 }
 
 TEST_F(ShowCommandTest, AFolderOfOneLetterWithinTheMusicIsNoDrive) {

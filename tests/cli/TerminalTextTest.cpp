@@ -4,6 +4,7 @@
 
 #include "cli/Json.h"
 #include "cli/PlaylistWords.h"
+#include "cli/StyledLine.h"
 #include "cli/Table.h"
 #include "cli/TerminalText.h"
 
@@ -29,6 +30,17 @@ TEST(TerminalTextTest, AWideCharacterTakesTwoCellsAndACombiningMarkNone) {
   EXPECT_EQ(DisplayWidth("\xC3\x84"), 1u);
   EXPECT_EQ(DisplayWidth("A\xCC\x88"), 1u);
   EXPECT_EQ(DisplayWidth("\xE9\x9F\xB3\xE6\xA5\xBD"), 4u);
+  EXPECT_EQ(DisplayWidth("\xF0\x9F\x8E\xB5"), 2u);          // an emoji
+  EXPECT_EQ(DisplayWidth("\xF0\xA0\x80\x80"), 2u);          // a rare Han character
+  EXPECT_EQ(DisplayWidth("\xF0\x9D\x84\x9E"), 1u);          // a clef is narrow
+  EXPECT_EQ(DisplayWidth("\xE1\x84\x92\xE1\x85\xA1"), 2u);  // a syllable of two signs
+  EXPECT_EQ(DisplayWidth("\xE0\xB8\x81\xE0\xB8\xB5"), 1u);  // a vowel above its consonant
+}
+
+TEST(TerminalTextTest, ALineInColoursStillCannotBeSteered) {
+  const StyledLine line{{"! ", Style::Problem}, {"a\x1B[2Jb", Style::Heading}, {" c"}};
+  EXPECT_EQ(TerminalText(line, false), "! a\\x1B[2Jb c");
+  EXPECT_EQ(TerminalText(line, true), "\x1B[33m! \x1B[0m\x1B[1ma\\x1B[2Jb\x1B[0m c");
 }
 
 TEST(TableTest, AlignsColumns) {

@@ -57,18 +57,33 @@ TEST(WarningWords, WithoutTheProductFolderThereIsNoLog) {
 
 TEST(WarningWords, WhatTheReadingBackHasFoundIsToldOfTheFile) {
   EXPECT_EQ(TextOf(WarningOf(Kind::NativesMissing, u"C:\\Mix.m3u", {}, {}, 3, 4)),
-            "C:\\Mix.m3u: 3 of its 4 native playlists were written");
+            "C:\\Mix.m3u: only 3 of its 4 new lists were written");
   EXPECT_EQ(TextOf(WarningOf(Kind::UntellableAddress, u"C:\\Mix.m3u", u"http://\u0416/")),
-            "C:\\Mix.m3u: its native playlists cannot tell \"http://\xD0\x96/\", which does not "
-            "fit the 8-bit page");
+            "C:\\Mix.m3u: lists of older players cannot hold all letters of \"http://\xD0\x96/\"");
   EXPECT_EQ(TextOf(WarningOf(Kind::NativeGone, u"C:\\Mix.asx")),
             "C:\\Mix.asx: was written, and is gone now");
   EXPECT_EQ(TextOf(WarningOf(Kind::NativeIncomplete, u"C:\\Mix.asx", {}, {}, 1, 2)),
-            "C:\\Mix.asx: reads back with 1 of 2 references");
+            "C:\\Mix.asx: reads back with 1 of 2 entries");
   EXPECT_EQ(TextOf(WarningOf(Kind::WrongSong, u"C:\\Mix.asx", u"C:\\a.mp3", u"C:\\b.mp3")),
             "C:\\Mix.asx: \"C:\\a.mp3\" does not lead to C:\\b.mp3");
   EXPECT_EQ(TextOf(WarningOf(Kind::ChangedAddress, u"C:\\Mix.asx", u"http://a/", u"http://b/")),
             "C:\\Mix.asx: \"http://a/\" was http://b/");
+}
+
+TEST(WarningWords, WhatTheCheckAtTheEndHasFoundIsToldOfListAndSong) {
+  EXPECT_EQ(TextOf(WarningOf(Kind::CountedListWrong, u"C:\\Mix.asx", {}, {}, 1, 2)),
+            "C:\\Mix.asx: the check at the end has found 1 of 2 songs in it");
+  EXPECT_EQ(TextOf(WarningOf(Kind::CountedSongWrong, u"C:\\Mix.asx", u"C:\\a.mp3", u"C:\\b.mp3")),
+            "C:\\Mix.asx: the check at the end has found \"C:\\a.mp3\", which is not the song "
+            "C:\\b.mp3");
+}
+
+TEST(WarningWords, WhatPlayersCannotReachIsTold) {
+  EXPECT_EQ(TextOf(WarningOf(Kind::NoPlainName, u"C:\\\u0416.mp3", u"disk full", u"C:\\J.mp3")),
+            "C:\\\xD0\x96.mp3: older players cannot find it under its own name, and a second name, "
+            "C:\\J.mp3, cannot be made: disk full");
+  EXPECT_EQ(TextOf(WarningOf(Kind::CompanionMissing, u"C:\\Mix.asx")),
+            "C:\\Mix.asx: its new list for players of today (.m3u8) was not written");
 }
 
 }  // namespace

@@ -2,8 +2,8 @@
 written down here, not taken from a run, so that a change of one is seen."""
 
 PLACE = {"machine": str, "system": str}
-DROP = {"reference": str, "reason": str}
-ENDING = {"leftOut": [str], "exitCode": int}
+DROP = {"reference": str, "reason": str, "reasonCode": str}
+ENDING = {"version": int, "leftOut": [str], "exitCode": int}
 
 SHAPES = {
     "init": {"command": str, "written": [str], "alreadyThere": [str], **ENDING},

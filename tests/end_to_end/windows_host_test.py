@@ -215,7 +215,8 @@ class WindowsHostTest(unittest.TestCase):
         rows = {row["path"]: row for row in report["playlists"]}
         self.assertEqual((rows[MIX]["outcome"], rows[MIX]["kept"]), ("written", 2))
         self.assertEqual(rows[MIX]["dropped"],
-                         [{"reference": "C:\\Music\\Three.mp3", "reason": "missing"}])
+                         [{"reference": "C:\\Music\\Three.mp3", "reason": "no such file",
+                           "reasonCode": "missing"}])
         neutral = self.machine.place(rows[MIX]["neutralFile"]).read_bytes()
         self.assertIn(b"One.mp3", neutral)
         media = self.machine.place(GROUP_ROOT + "KVs\\MediaList.txt").read_bytes()

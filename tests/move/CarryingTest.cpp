@@ -168,9 +168,7 @@ TEST_F(CarryingTest, NativesThatCannotBeWrittenAreToldAndWrittenLater) {
   const auto moved = Moved();
   EXPECT_EQ(moved.at("exitCode"), 1);
   EXPECT_EQ(moved.at("playlists")[0].at("outcome"), "leftOut");
-  EXPECT_EQ(moved.at("playlists")[0].at("reason"),
-            "its native playlists cannot be written: see that the new machine's disk is writable "
-            "and not full, and run again");
+  EXPECT_EQ(moved.at("playlists")[0].at("reasonCode"), "notRestored");
   // All or nothing: the other players' playlists are taken back.
   EXPECT_FALSE(fs::exists(NewPlace(NativePath(kPlayers[0], "Mix"))));
   fs::remove(NewPlace(kRoot + R"(PlayLists\Sonique)"));
@@ -195,7 +193,7 @@ TEST_F(CarryingTest, ANeutralFileThatCannotBeCarriedIsTold) {
   const auto moved = Moved();
   EXPECT_EQ(moved.at("exitCode"), 1);
   EXPECT_EQ(moved.at("leftOut"),
-            Texts{R"(C:\Music\Mix.m3u: its neutral file cannot be written on the new machine: )"
+            Texts{R"(C:\Music\Mix.m3u: it cannot be written on the new machine: )"
                   R"(Path/File access error: C:\My Documents\Norvo PlayLists)"});
   EXPECT_EQ(ReadFile(NewPlace(R"(C:\My Documents\Norvo PlayLists)")), "of the user");
 }

@@ -33,8 +33,8 @@ TEST_F(MoveVerificationTest, AnAddressThatDoesNotFitThePageIsTold) {
   const auto moved = Moved();
   EXPECT_EQ(moved.at("exitCode"), 1);
   EXPECT_EQ(moved.at("leftOut"),
-            Texts{"C:\\Music\\Mix.m3u: its native playlists cannot tell "
-                  "\"\\\\server\\share\\Мир.mp3\", which does not fit the 8-bit page"});
+            Texts{"C:\\Music\\Mix.m3u: lists of older players cannot hold all letters of "
+                  "\"\\\\server\\share\\Мир.mp3\""});
 }
 
 }  // namespace

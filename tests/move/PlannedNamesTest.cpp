@@ -66,8 +66,7 @@ TEST_F(PlannedNamesTest, NamesOutsideThe8BitPageAreKeptBesideTheNearestPlainOnes
   EXPECT_EQ(NewFilesIn(kRoot + "Music"),
             (Texts{"Príliš žlutoucký.mp3", "Příliš žluťoučký.mp3", "_ (2).mp3", "__.mp3", "___.mp3",
                    "Мир.mp3", "東京.mp3", "🎵.mp3"}));
-  EXPECT_EQ(moved.at("adjustments")[0].at("reason"),
-            "playlists cannot tell this path: it does not fit the 8-bit page");
+  EXPECT_EQ(moved.at("adjustments")[0].at("reasonCode"), "notInCodePage");
 }
 
 TEST_F(PlannedNamesTest, NamesThatNoWindowsPathMayHoldAreMoved) {
@@ -133,8 +132,7 @@ TEST_F(PlannedNamesTest, NativePlaylistsGetNamesThatWindowsTakes) {
   for (const auto& row : moved.at("adjustments")) {
     EXPECT_EQ(row.at("key"), "OriginalFileName");
     EXPECT_EQ(row.at("entry"), 0);
-    EXPECT_EQ(row.at("reason"),
-              "its native playlists would lose the name, or have none that Windows takes");
+    EXPECT_EQ(row.at("reasonCode"), "nameUnusable");
   }
   EXPECT_EQ(moved.at("adjustments").size(), 5u);
 }
@@ -173,8 +171,8 @@ TEST_F(PlannedNamesTest, ManyPlaylistsOfOneNameAllFindAName) {
   }
   EXPECT_EQ(natives.size(), 4u * kCount);
   ExpectMoved("playlist 130", {R"(C:\Album 1129\Song.mp3)"});
-  EXPECT_EQ(RecordOf(moved.at("adjustments"), "after", "playlist 11.m3u").at("reason"),
-            "many playlists have this name");
+  EXPECT_EQ(RecordOf(moved.at("adjustments"), "after", "playlist 11.m3u").at("reasonCode"),
+            "manyOfOneName");
 }
 
 }  // namespace

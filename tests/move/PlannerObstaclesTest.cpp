@@ -17,7 +17,7 @@ TEST_F(PlannerObstaclesTest, AFileOfAnotherContentAtThePlaceStays) {
   EXPECT_EQ(ReadFile(there), "of the user");
   ExpectMoved("Mix", {song});
   EXPECT_EQ(AdjustmentsOf(moved), Texts{"1 FileName: One.mp3 -> One (2).mp3"});
-  EXPECT_EQ(moved.at("adjustments")[0].at("reason"), "another file has this place");
+  EXPECT_EQ(moved.at("adjustments")[0].at("reasonCode"), "otherFile");
   EXPECT_EQ(moved.at("media")[0].at("outcome"), "copied");
 }
 
@@ -52,7 +52,7 @@ TEST_F(PlannerObstaclesTest, AFolderAtThePlaceIsGivenWay) {
   EXPECT_EQ(moved.at("exitCode"), 0);
   ExpectMoved("Mix", {song});
   EXPECT_EQ(NewFilesIn(kRoot + "Music"), (Texts{"One (2).mp3", "One.mp3/inside.txt"}));
-  EXPECT_EQ(moved.at("adjustments")[0].at("reason"), "a folder has this name");
+  EXPECT_EQ(moved.at("adjustments")[0].at("reasonCode"), "folderThere");
 }
 
 TEST_F(PlannerObstaclesTest, AFileWhereAFolderIsNeededIsGivenWay) {
@@ -132,8 +132,7 @@ TEST_F(PlannerObstaclesTest, AnotherFileAtTheOldAddressDoesNotLendItsName) {
   EXPECT_EQ(AdjustmentsOf(moved),
             (Texts{"2 FileName: One.mp3 -> One (2).mp3",
                    "2 SourceURL: C:\\B\\One.mp3 -> " + kRoot + "Music\\One (2).mp3"}));
-  EXPECT_EQ(moved.at("adjustments")[1].at("reason"),
-            "on the new machine another file stands at the old address");
+  EXPECT_EQ(moved.at("adjustments")[1].at("reasonCode"), "oldAddressTaken");
 }
 
 TEST_F(PlannerObstaclesTest, WhatIsNoFileAndHasTheNameOfANativePlaylistIsGivenWay) {
@@ -155,8 +154,7 @@ TEST_F(PlannerObstaclesTest, WhatIsNoFileAndHasTheNameOfANativePlaylistIsGivenWa
   EXPECT_EQ(moved.at("adjustments"), planned.at("adjustments"));
   for (const auto& row : moved.at("adjustments")) {
     EXPECT_EQ(row.at("key"), "OriginalFileName");
-    EXPECT_EQ(row.at("reason"),
-              "a folder, or a link that leads nowhere, has the name of a native playlist");
+    EXPECT_EQ(row.at("reasonCode"), "nativeBlocked");
   }
   EXPECT_TRUE(fs::is_directory(NewPlace(NativePath(kPlayers[0], "Folder"))));
   EXPECT_TRUE(fs::is_symlink(NewPlace(NativePath(kPlayers[3], "Link"))));

@@ -67,7 +67,7 @@ TEST_F(PlannerTest, TwoFilesThatWantOnePlaceGetTwo) {
             (Texts{"Ann/Best/One (2).mp3", "Ann/Best/One (3).mp3", "Ann/Best/One.mp3"}));
   EXPECT_EQ(AdjustmentsOf(moved),
             (Texts{"2 FileName: One.mp3 -> One (2).mp3", "3 FileName: One.mp3 -> One (3).mp3"}));
-  EXPECT_EQ(moved.at("adjustments")[0].at("reason"), "another song has this place");
+  EXPECT_EQ(moved.at("adjustments")[0].at("reasonCode"), "otherSong");
   EXPECT_EQ(moved.at("adjustments")[0].at("neutralFile"),
             R"(C:\My Documents\Norvo PlayLists\Mix.ini)");
 }
@@ -120,7 +120,7 @@ TEST_F(PlannerTest, OneFileOfSeveralArtistsHasThePlaceOfMostEntries) {
   EXPECT_EQ(NewFilesIn(kRoot + "Music"), Texts{"Bob/One.mp3"});
   for (const char* const name : {"A", "B", "C"}) ExpectMoved(name, {R"(C:\Music\One.mp3)"});
   EXPECT_EQ(AdjustmentsOf(moved), Texts{"1 Artist: Ann -> Bob"});
-  EXPECT_EQ(moved.at("adjustments")[0].at("reason"), "the song has its one place elsewhere");
+  EXPECT_EQ(moved.at("adjustments")[0].at("reasonCode"), "placeElsewhere");
 }
 
 TEST_F(PlannerTest, AmongEqualVotesTheFirstWins) {
@@ -156,7 +156,7 @@ TEST_F(PlannerTest, WhereTheArtistIsInTheWayOnlyThatChanges) {
   const auto moved = Moved();
   EXPECT_EQ(moved.at("exitCode"), 0);
   EXPECT_EQ(AdjustmentsOf(moved), Texts{"1 Artist: AC/DC -> AC-DC"});
-  EXPECT_EQ(moved.at("adjustments")[0].at("reason"), "no path on Windows may be called so");
+  EXPECT_EQ(moved.at("adjustments")[0].at("reasonCode"), "illegalName");
   EXPECT_EQ(Changed("Mix.ini"), Texts{"Artist=AC-DC"});
   EXPECT_EQ(NewFilesIn(kRoot + "Music"), Texts{"AC-DC/Best/One.mp3"});
 }

@@ -12,11 +12,23 @@ class RescueTest : public MoveTest {
       AddSong(std::string("C:\\Music\\") + song + ".mp3");
     }
   }
-  static Texts HealedOf(const nlohmann::json& moved, const std::string& path) {
-    return PlaylistOf(moved, path).at("healed");
+  static Texts CodesOf(const nlohmann::json& rows) {
+    Texts codes;
+    for (const auto& row : rows) codes.push_back(row.at("reasonCode"));
+    return codes;
   }
+  static Texts HealedOf(const nlohmann::json& moved, const std::string& path) {
+    return CodesOf(PlaylistOf(moved, path).at("healed"));
+  }
+  /// "gone.mp3: noSuchFile"
   static Texts MissedOf(const nlohmann::json& moved, const std::string& path) {
-    return PlaylistOf(moved, path).at("leftOut");
+    Texts texts;
+    for (const auto& item : PlaylistOf(moved, path).at("items")) {
+      if (item.at("outcome") != "leftOut") continue;
+      texts.push_back(item.at("reference").get<std::string>() + ": " +
+                      item.at("reasonCode").get<std::string>());
+    }
+    return texts;
   }
   static std::string TypeOf(const nlohmann::json& moved, const std::string& path) {
     return PlaylistOf(moved, path).at("typeName");
@@ -46,7 +58,7 @@ TEST_F(RescueTest, RelativeReferencesAreGivenAFileName) {
                       R"(C:\Music\Three.mp3)"});
   EXPECT_EQ(AdjustmentsOf(moved), (Texts{"1 FileName:  -> One.mp3", "2 FileName:  -> Four.mp3",
                                          "3 FileName:  -> Two.mp3"}));
-  EXPECT_EQ(moved.at("adjustments")[0].at("reason"), "a relative reference gives no file name");
+  EXPECT_EQ(moved.at("adjustments")[0].at("reasonCode"), "relativeReference");
 }
 
 TEST_F(RescueTest, AnAsxThatTheQueueFindsNoNameForIsMoved) {
@@ -54,7 +66,7 @@ TEST_F(RescueTest, AnAsxThatTheQueueFindsNoNameForIsMoved) {
   WriteOld(path, Asx(AsxEntry(kBoth[0]) + AsxEntry(kBoth[1])));
   const auto moved = Moved();
   EXPECT_EQ(moved.at("exitCode"), 0);
-  EXPECT_EQ(HealedOf(moved, path), Texts{"read anew: it had no name for its neutral file"});
+  EXPECT_EQ(HealedOf(moved, path), Texts{"unnamed"});
   EXPECT_EQ(TypeOf(moved, path), "WMP_ASX");
   ExpectMoved("Plain", kBoth);
 }
@@ -65,8 +77,7 @@ TEST_F(RescueTest, AnAsxThatTheQueueGaveTheOtherTypeIsCarriedAsOne) {
   WriteOld(path, Asx(AsxEntry(kBoth[0]) + AsxEntry(kBoth[1])));
   const auto moved = Moved();
   EXPECT_EQ(moved.at("exitCode"), 0);
-  EXPECT_EQ(HealedOf(moved, path),
-            Texts{"read anew: its neutral file does not tell all that it lists"});
+  EXPECT_EQ(HealedOf(moved, path), Texts{"incomplete"});
   EXPECT_EQ(TypeOf(moved, path), "WMP_ASX");
   EXPECT_TRUE(
       Holds(ReadFile(NewPlace(PlaylistOf(moved, path).at("neutralFile"))), "PlaylistType=1\r\n"));
@@ -80,7 +91,7 @@ TEST_F(RescueTest, AnM3uWhoseFirstLinesTellNothingIsMoved) {
   WriteOld(titled, Bare({"# 1", "# 2", "# 3", "# 4", "#EXTM3U", "#EXTINF:1,A - B", "One.mp3"}));
   const auto moved = Moved();
   EXPECT_EQ(moved.at("exitCode"), 0);
-  const Texts healed{"read anew: its first lines tell no type, so it was not listed"};
+  const Texts healed{"notListed"};
   EXPECT_EQ(HealedOf(moved, bare), healed);
   EXPECT_EQ(HealedOf(moved, titled), healed);
   EXPECT_EQ(TypeOf(moved, bare), "MMJB_M3U");
@@ -93,7 +104,7 @@ TEST_F(RescueTest, APlaylistThatEndsInAnInfoLineIsMoved) {
   WriteOld(kMix, "#EXTM3U\r\nOne.mp3\r\nTwo.mp3\r\n#EXTINF:1,A - B");
   const auto moved = Moved();
   EXPECT_EQ(moved.at("exitCode"), 0);
-  EXPECT_EQ(HealedOf(moved, kMix), Texts{"read anew: it was not read to its end"});
+  EXPECT_EQ(HealedOf(moved, kMix), Texts{"notReadToEnd"});
   ExpectMoved("Mix", kBoth);
 }
 
@@ -124,9 +135,8 @@ TEST_F(RescueTest, APlsWithoutACountIsMoved) {
   WriteOld(R"(C:\Music\Mix.pls)", "[playlist]\r\nFile1=One.mp3\r\nFile2=Two.mp3\r\nVersion=2\r\n");
   const auto moved = Moved();
   EXPECT_EQ(moved.at("exitCode"), 0);
-  EXPECT_EQ(HealedOf(moved, R"(C:\Music\Mix.pls)"),
-            (Texts{"read anew: none of its lines was understood",
-                   "2 of its entries added: the readers do not take them"}));
+  EXPECT_EQ(HealedOf(moved, R"(C:\Music\Mix.pls)"), (Texts{"nothingUnderstood", "entriesAdded"}));
+  EXPECT_EQ(PlaylistOf(moved, R"(C:\Music\Mix.pls)").at("healed")[1].at("count"), 2);
   EXPECT_EQ(TypeOf(moved, R"(C:\Music\Mix.pls)"), "WINAMP_PLS");
   ExpectMoved("Mix", kBoth);
 }
@@ -158,9 +168,8 @@ TEST_F(RescueTest, SongsThatAreNoMediaToTheLibraryAreMoved) {
   WriteOld(kMix, M3u({"One.mp3", "Four.ogg", "Film.avi"}));
   const auto moved = Moved();
   EXPECT_EQ(moved.at("exitCode"), 0);
-  EXPECT_EQ(HealedOf(moved, kMix),
-            (Texts{"read anew: its neutral file does not tell all that it lists",
-                   "2 of its entries added: the readers do not take them"}));
+  EXPECT_EQ(HealedOf(moved, kMix), (Texts{"incomplete", "entriesAdded"}));
+  EXPECT_EQ(PlaylistOf(moved, kMix).at("healed")[1].at("count"), 2);
   ExpectMoved("Mix", {kBoth[0], R"(C:\Music\Four.ogg)", R"(C:\Music\Film.avi)"});
 }
 
@@ -182,8 +191,7 @@ TEST_F(RescueTest, OrderAndRepetitionsStayAndMissingOnesAreTold) {
   WriteOld(kMix, M3u({"Two.mp3", "gone.mp3", "One.mp3", "notes.txt", "Two.mp3", "Two.mp3"}));
   const auto moved = Moved();
   EXPECT_EQ(moved.at("exitCode"), 0);  // nothing that exists is missing
-  EXPECT_EQ(MissedOf(moved, kMix),
-            (Texts{R"("gone.mp3": no such file)", R"("notes.txt": not a media file)"}));
+  EXPECT_EQ(MissedOf(moved, kMix), (Texts{"gone.mp3: noSuchFile", "notes.txt: notMedia"}));
   ExpectMoved("Mix", {kBoth[1], kBoth[0], kBoth[1], kBoth[1]});
 }
 
@@ -230,8 +238,7 @@ TEST_F(RescueTest, TwoPlaylistsOfOneNameBothSurvive) {
   WriteOld(R"(C:\B\mix.m3u)", M3u({kBoth[1]}));
   const auto moved = Moved();
   EXPECT_EQ(moved.at("exitCode"), 0);
-  EXPECT_EQ(HealedOf(moved, R"(C:\A\Mix.m3u)"),
-            Texts{"read anew: another playlist's neutral file took its name"});
+  EXPECT_EQ(HealedOf(moved, R"(C:\A\Mix.m3u)"), Texts{"nameTaken"});
   EXPECT_EQ(HealedOf(moved, R"(C:\B\mix.m3u)"), Texts());
   ExpectMoved("Mix", {kBoth[0]});
   ExpectMoved("mix1", {kBoth[1]});
@@ -305,7 +312,7 @@ TEST_F(RescueTest, APlaylistThatCannotBeReadIsToldAndTheRestGoesOn) {
   EXPECT_EQ(PlaylistOf(moved, R"(C:\Music\Huge.m3u)").at("outcome"), "leftOut");
   ASSERT_EQ(moved.at("leftOut").size(), 1u);
   const std::string told = moved.at("leftOut")[0];
-  EXPECT_TRUE(told.starts_with(R"(C:\Music\Huge.m3u: cannot be read: )")) << told;
+  EXPECT_TRUE(told.starts_with(R"(C:\Music\Huge.m3u: it cannot be read: )")) << told;
   ExpectMoved("Mix", kBoth);
 }
 
@@ -320,11 +327,10 @@ TEST_F(RescueTest, AListThatEndsTheQueueIsSplitAndTheOthersAreMovedToo) {
   ASSERT_EQ(moved.at("playlists").size(), 3u);
   EXPECT_EQ(moved.at("playlists")[0].at("songs"), kMost);
   EXPECT_EQ(moved.at("playlists")[1].at("songs"), 2);
-  const std::string why = "read anew: the queue ended before it had a neutral file";
-  const std::string split = "split, since a playlist holds at most 32767 entries";
-  EXPECT_EQ(moved.at("playlists")[0].at("healed"), (Texts{why, split}));
-  EXPECT_EQ(moved.at("playlists")[1].at("healed"), (Texts{why, split}));
-  EXPECT_EQ(HealedOf(moved, R"(C:\Music\Last.m3u)"), Texts{why});
+  const Texts split{"queueEnded", "split"};
+  EXPECT_EQ(CodesOf(moved.at("playlists")[0].at("healed")), split);
+  EXPECT_EQ(CodesOf(moved.at("playlists")[1].at("healed")), split);
+  EXPECT_EQ(HealedOf(moved, R"(C:\Music\Last.m3u)"), Texts{"queueEnded"});
   for (const PlayerFolder& player : kPlayers) {
     EXPECT_EQ(ReferencesIn(NativePath(player, "Big")),
               References(kMost, kRoot + R"(Music\One.mp3)"));

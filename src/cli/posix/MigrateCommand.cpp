@@ -1,10 +1,15 @@
 #include <algorithm>
+#include <ctime>
 #include <nlohmann/json.hpp>
+#include <optional>
 
 #include "cli/CommonOptions.h"
 #include "cli/ConsoleObserver.h"
+#include "cli/MovePage.h"
+#include "cli/MoveProgress.h"
 #include "cli/MoveReport.h"
 #include "cli/posix/FolderWords.h"
+#include "cli/posix/PageFile.h"
 #include "machines/FolderMove.h"
 #include "text/Encoding.h"
 #include "text/WindowsPath.h"
@@ -31,44 +36,36 @@ The folders must not lie in each other. --link is refused where nothing is writt
 Exit code 1: something that exists was left out, above all a song that no playlist of the new
 machine leads to.)";
 
+/// "2026-11-22, 14:05", of this system's time.
+std::string Today() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  ::localtime_r(&now, &local);
+  char text[64];
+  return {text, std::strftime(text, sizeof text, "%Y-%m-%d, %H:%M", &local)};
+}
+
+/// The move is done, whatever becomes of its page.
+void WritePage(PageFile& file, const std::string& page, Console& console) {
+  try {
+    file.Write(page);
+  } catch (const CommandError& error) {
+    console.LeftOut(error.what());
+  }
+}
+
 /// Shows a move's work on the console.
 class MoveObserver final : public WorkObserver {
  public:
   explicit MoveObserver(Console& console) : console_(console), log_(console) {}
 
-  void OnProgress(const WorkProgress& progress) override {
-    Progress& bar = console_.Bar();
-    switch (progress.phase) {
-      case WorkPhase::Scanning:
-        return bar.Count("folders", progress.position, progress.current);
-      case WorkPhase::BringingSongs:
-        return bar.Bytes("bringing songs", progress.bytesDone, progress.bytesTotal, {});
-      default:
-        return bar.Advance(WordFor(progress.phase), progress.position, progress.count,
-                           progress.current);
-    }
+  void OnProgress(const WorkProgress& progress) override { ShowProgress(progress, console_.Bar()); }
+  void OnWarning(const WorkWarning& warning) override {
+    if (!console_.IsReportSeen()) console_.Tell(MoveWarningText(warning));
   }
-  void OnWarning(const WorkWarning& warning) override { console_.Tell(MoveWarningText(warning)); }
   void OnLog(MachineSide side, const LogFile& log) override { log_.OnLog(side, log); }
 
  private:
-  static const char* WordFor(WorkPhase phase) {
-    switch (phase) {
-      case WorkPhase::Collecting:
-        return "collecting";
-      case WorkPhase::Checking:
-        return "checking";
-      case WorkPhase::Planning:
-        return "planning";
-      case WorkPhase::PlanningSongs:
-        return "planning song";
-      case WorkPhase::Restoring:
-        return "restoring";
-      default:
-        return "verifying";
-    }
-  }
-
   Console& console_;
   ConsoleObserver log_;
 };
@@ -104,6 +101,7 @@ class MigrateCommand final : public Command {
     AddPlaceOptions(*app);
     app->add_option("--work", work_, "Keeps what is written for the old machine")->type_name("DIR");
     AddMediaOptions(*app);
+    AddReportOptions(*app);
     app->add_flag("--dry-run", options_.dryRun, "Print the plan; write nothing on the new machine");
     app->footer(kHelp);
     AddOutputOptions(*app, common);
@@ -112,16 +110,16 @@ class MigrateCommand final : public Command {
 
   Json Run(const CommonArguments& common, Console& console) override {
     options_.log = common.log;
-    const MoveTerms terms{from_, to_, options_.dryRun, options_.media != MediaMode::None};
+    const MoveTerms terms{from_, to_, options_.dryRun, options_.media != MediaMode::None, verbose_};
+    std::optional<PageFile> page;
+    if (!page_.empty()) page.emplace(page_);
     MoveObserver observer(console);
     OpenedFolders opened;
     const MoveResult result = MovePlaylists(Folders(console, opened), options_, observer);
-    for (const WorkWarning& warning : result.warnings) {
-      console.KeepLeftOut(MoveWarningText(warning));
-    }
-    TellLeftOut(result, terms, console);
-    SayMove(result, terms, console);
+    TellLeftOut(result, console);
+    for (const StyledLine& line : MoveReport(result, terms, console.Width())) console.Say(line);
     if (!options_.dryRun) SayNextStep(result, opened.registry, console);
+    if (page) WritePage(*page, MovePage(result, terms, Today()), console);
     return console.IsJson() ? MoveDocument(result, terms) : Json();
   }
 
@@ -166,6 +164,12 @@ class MigrateCommand final : public Command {
         "Leave the songs where they are");
     link->excludes(copy)->excludes(none);
     none->excludes(copy);
+    app.add_flag("--all-music", options_.allMusic, "Bring the songs that no playlist names, too");
+  }
+  void AddReportOptions(CLI::App& app) {
+    app.add_flag("--verbose", verbose_, "Report each song, and all that was done for it");
+    app.add_option("--report", page_, "Write the report as a page to keep, too")
+        ->type_name("FILE.html");
   }
 
   std::string from_;
@@ -175,6 +179,8 @@ class MigrateCommand final : public Command {
   std::string documents_;
   std::string groupRoot_;
   std::string work_;
+  std::string page_;
+  bool verbose_ = false;
   MoveOptions options_;
 };
 
