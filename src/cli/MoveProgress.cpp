@@ -13,6 +13,8 @@ const char* WordsFor(WorkPhase phase) {
       return "reading playlist";
     case WorkPhase::Checking:
       return "reading once more";
+    case WorkPhase::ReadingTags:
+      return "reading the names in song";
     case WorkPhase::Planning:
       return "planning playlist";
     case WorkPhase::PlanningSongs:

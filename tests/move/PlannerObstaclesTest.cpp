@@ -97,8 +97,8 @@ TEST_F(PlannerObstaclesTest, AGroupRootThatPlaylistsCannotTellLeavesTheSongsOut)
   const auto moved = Moved();
   EXPECT_EQ(moved.at("exitCode"), 1);
   EXPECT_EQ(moved.at("leftOut"),
-            Texts{R"(C:\Music\One.mp3: the new machine has no place for it: see that its group )"
-                  "root C:\\東京\\ is a path of plain characters"});
+            Texts{R"(C:\Music\One.mp3: the new machine has no place for it: see that the folder )"
+                  "for music, C:\\東京\\, has a name of plain letters"});
   EXPECT_EQ(moved.at("media")[0].at("outcome"), "leftOut");
   EXPECT_EQ(moved.at("media")[0].at("place"), "");
   EXPECT_FALSE(fs::exists(NewPlace("C:\\東京\\Music")));

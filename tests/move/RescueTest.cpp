@@ -23,7 +23,8 @@ class RescueTest : public MoveTest {
   /// "gone.mp3: noSuchFile"
   static Texts MissedOf(const nlohmann::json& moved, const std::string& path) {
     Texts texts;
-    for (const auto& item : PlaylistOf(moved, path).at("items")) {
+    const auto playlist = PlaylistOf(moved, path);
+    for (const auto& item : playlist.at("items")) {
       if (item.at("outcome") != "leftOut") continue;
       texts.push_back(item.at("reference").get<std::string>() + ": " +
                       item.at("reasonCode").get<std::string>());

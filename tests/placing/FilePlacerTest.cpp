@@ -169,7 +169,7 @@ TEST_F(FilePlacerTest, AFileWhereAFolderIsNeeded) {
   Put(Disk("C/a.mp3"), "a");
   Put(New("C/Music"), "x");
   EXPECT_EQ(PlaceOne(u"C:\\a.mp3", u"C:\\Music\\Pop\\a.mp3"),
-            "failed: the target cannot be written: something else stands where it or its folder "
+            "failed: the new file cannot be written: something else stands where it or its folder "
             "should");
   EXPECT_EQ(Get(New("C/Music")), "x");
 }
@@ -198,7 +198,7 @@ TEST_F(FilePlacerTest, TwoWaysToOneFolderAreOneFolder) {
 TEST_F(FilePlacerTest, AJobThatFailsLeavesItsNameToAnother) {
   Put(Disk("C/b.mp3"), "b");
   EXPECT_EQ(Place({{u"C:\\missing.mp3", u"C:\\x.mp3"}, {u"C:\\b.mp3", u"C:\\X.mp3"}}),
-            (Lines{"failed: the source is not there", "copied"}));
+            (Lines{"failed: the old file is not there any more", "copied"}));
   EXPECT_EQ(Get(New("C/X.mp3")), "b");
 }
 
@@ -213,18 +213,21 @@ TEST_F(FilePlacerTest, WhatIsNoSourceFailsAndTheOthersGoOn) {
                    {u"C:\\FOLDER\\", u"C:\\6.mp3"},
                    {u"C:\\pipe.mp3", u"C:\\7.mp3"},
                    {u"C:\\folder\\A.mp3", u"C:\\8.mp3"}}),
-            (Lines{"failed: the source is not there", "failed: the source is not there",
-                   "failed: the source is not there", "failed: the source is not there",
-                   "failed: the source is no file", "failed: the source is no file",
-                   "failed: the source is no file", "copied"}));
+            (Lines{"failed: the old file is not there any more",
+                   "failed: the old file is not there any more",
+                   "failed: the old file is not there any more",
+                   "failed: the old file is not there any more",
+                   "failed: the old one is no file but a folder or a device",
+                   "failed: the old one is no file but a folder or a device",
+                   "failed: the old one is no file but a folder or a device", "copied"}));
   EXPECT_EQ(NamesIn(New("C")), Names{"8.mp3"});
 }
 
 TEST_F(FilePlacerTest, WhatCanBeNoTargetFailsAndTheOthersGoOn) {
   Put(Disk("C/a.mp3"), "a");
   const String source = u"C:\\a.mp3";
-  const std::string noName = "failed: the target cannot be written: the name cannot be a file's";
-  const std::string tooLong = "failed: the target cannot be written: the name is too long";
+  const std::string noName = "failed: the new file cannot be written: the name cannot be a file's";
+  const std::string tooLong = "failed: the new file cannot be written: the name is too long";
   EXPECT_EQ(Place({{source, u""},
                    {source, u"C:\\"},
                    {source, u"C:\\folder\\"},
@@ -236,7 +239,7 @@ TEST_F(FilePlacerTest, WhatCanBeNoTargetFailsAndTheOthersGoOn) {
                    {source, u"C:\\" + String(100000, u'c')},
                    {source, u"C:\\b.mp3"}}),
             (Lines{noName, noName, noName, noName, noName,
-                   "failed: the target cannot be written: there is no such drive, folder or file",
+                   "failed: the new file cannot be written: there is no such drive, folder or file",
                    tooLong, tooLong, tooLong, "copied"}));
   EXPECT_TRUE(std::filesystem::exists(New("C/b.mp3")));
 }
@@ -250,15 +253,16 @@ TEST_F(FilePlacerTest, NoLinkAndNoPointsLeadOutOfADrive) {
   std::filesystem::create_symlink(Outside("secret/new.mp3"), New("C/link.mp3"));
   const std::map<std::string, std::string> before = Tree(Outside("secret"));
   const std::string blocked =
-      "failed: the target cannot be written: something else stands where it or its folder should";
+      "failed: the new file cannot be written: something else stands where it or its folder should";
   EXPECT_EQ(Place({{u"C:\\away\\a.mp3", u"C:\\1.mp3"},
                    {u"C:\\link.mp3", u"C:\\2.mp3"},
                    {u"C:\\..\\..\\secret\\a.mp3", u"C:\\3.mp3"},
                    {u"C:\\own.mp3", u"C:\\away\\4.mp3"},
                    {u"C:\\own.mp3", u"C:\\link.mp3"},
                    {u"C:\\own.mp3", u"C:\\..\\..\\secret\\5.mp3"}}),
-            (Lines{"failed: the source is not there", "failed: the source is not there",
-                   "failed: the source is not there", blocked, blocked, "copied"}));
+            (Lines{"failed: the old file is not there any more",
+                   "failed: the old file is not there any more",
+                   "failed: the old file is not there any more", blocked, blocked, "copied"}));
   EXPECT_EQ(Tree(Outside("secret")), before);
   EXPECT_EQ(Get(New("C/secret/5.mp3")), "own");
 }
@@ -318,7 +322,7 @@ TEST_F(FilePlacerTest, ASourceThatChangesWhileItIsReadFailsAndLeavesNothing) {
     EXPECT_TRUE(NamesIn(New("C")).empty());
     return notes.lines.front();
   };
-  const std::string changed = "failed: the source changed while it was read";
+  const std::string changed = "failed: the old file changed while it was read";
   const std::filesystem::path path = Disk("C/a.mp3");
   EXPECT_EQ(place([&] { std::filesystem::resize_file(path, kMegabyte * 3 / 2); }), changed);
   EXPECT_EQ(place([&] { std::ofstream(path, std::ios::app) << "more"; }), changed);
@@ -440,9 +444,9 @@ TEST_F(FilePlacerTest, WithoutTheRightsToReadOrWrite) {
                     {u"C:\\open.mp3", u"C:\\open\\closed.mp3"},
                     {u"C:\\open.mp3", u"C:\\open\\4.mp3"}},
                    [] { return ::geteuid() != 0 || ::setresuid(65534, 65534, 65534) == 0; });
-  EXPECT_EQ(lines, (Lines{"failed: the source cannot be read: permission denied",
-                          "failed: the target cannot be written: permission denied",
-                          "failed: the target cannot be written: permission denied",
+  EXPECT_EQ(lines, (Lines{"failed: the old file cannot be read: permission denied",
+                          "failed: the new file cannot be written: permission denied",
+                          "failed: the new file cannot be written: permission denied",
                           "failed: a file of that name is there already and cannot be compared: "
                           "permission denied",
                           "copied"}));

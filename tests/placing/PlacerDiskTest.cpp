@@ -74,7 +74,7 @@ TEST_F(PlacerDiskTest, OnAFullDiskBigFilesFailAndSmallOnesStillFit) {
   Put(Disk("C/half.mp3"), std::string(500 * kKilobyte, 'h'));
   Put(Disk("C/small.mp3"), "small");
   const std::string full = "failed: the file cannot be copied: the disk is full";
-  const std::string fullAtOnce = "failed: the target cannot be written: the disk is full";
+  const std::string fullAtOnce = "failed: the new file cannot be written: the disk is full";
   PlaceNotes notes(6);
   Place({{u"C:\\big.mp3", u"C:\\1.mp3"},
          {u"C:\\half.mp3", u"C:\\2.mp3"},
@@ -98,7 +98,7 @@ TEST_F(PlacerDiskTest, OnAReadOnlyDiskEachFileFails) {
   Put(Disk("C/a.mp3"), "a");
   Put(New("C/there.mp3"), "a");
   ASSERT_EQ(::mount("tmpfs", New("C").c_str(), "tmpfs", MS_REMOUNT | MS_RDONLY, nullptr), 0);
-  const std::string readOnly = "failed: the target cannot be written: the disk is read-only";
+  const std::string readOnly = "failed: the new file cannot be written: the disk is read-only";
   EXPECT_EQ(Place({{u"C:\\a.mp3", u"C:\\1.mp3"},
                    {u"C:\\a.mp3", u"C:\\new\\2.mp3"},
                    {u"C:\\a.mp3", u"C:\\there.mp3"}}),
@@ -176,7 +176,7 @@ TEST_F(PlacerDiskTest, FilesThatTheDiskDoesNotTakeGetNoName) {
       return RefuseCalls(refusals);
     });
     if (lines == Lines{"skipped"}) GTEST_SKIP() << "no call can be refused here";
-    EXPECT_EQ(lines, Lines(10, "failed: the target cannot be written: the disk failed"));
+    EXPECT_EQ(lines, Lines(10, "failed: the new file cannot be written: the disk failed"));
     EXPECT_EQ(NamesIn(New("C")), (std::vector<std::string>{"Songs", "Songs/Pop", "Songs/Rock"}));
   }
 }
