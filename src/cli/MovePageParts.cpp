@@ -95,8 +95,8 @@ header p { margin: .15rem 0; color: var(--soft); }
 .list > summary strong { font-weight: 600; }
 .list > summary small { color: var(--soft); flex: 1 1 10rem; }
 .list > summary em { font-style: normal; color: var(--good); margin-left: auto; }
-.list.bad > summary em { color: var(--bad); }
 .list.idle > summary em { color: var(--soft); }
+.list.bad > summary em { color: var(--bad); }
 .inside { padding: 0 1.2rem 1rem; border-top: 1px solid var(--line); }
 .notes { margin: .8rem 0; }
 .notes .p { color: var(--bad); }

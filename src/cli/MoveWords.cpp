@@ -95,7 +95,8 @@ std::string ReasonText(const MovedPlaylist& playlist) {
     case MovedPlaylist::Fault::None:
       break;
     case MovedPlaylist::Fault::KindNotRead:
-      return "only its own player can read a list of this kind";
+      return "only its own player can read a " +
+             (playlist.kind.empty() ? "list of this kind" : playlist.kind);
     case MovedPlaylist::Fault::Unreadable:
       return withReason("it cannot be read");
     case MovedPlaylist::Fault::GenericNotWritten:

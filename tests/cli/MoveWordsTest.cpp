@@ -82,6 +82,13 @@ TEST(MoveWords, APlaylistThatWasLeftOutSaysWhy) {
             "the new machine cannot note that it was moved: Disk full. Run again when it can");
 }
 
+TEST(MoveWords, APlaylistThatIsNotReadNamesItsKindWhereThatIsKnown) {
+  MovedPlaylist playlist;
+  playlist.fault = MovedPlaylist::Fault::KindNotRead;
+  playlist.kind = "Kazaa playlist";
+  EXPECT_EQ(ReasonText(playlist), "only its own player can read a Kazaa playlist");
+}
+
 TEST(MoveWords, APlaylistThatWasSkippedSaysWhereItStands) {
   const auto text = [](MovedPlaylist::SkipRule rule) {
     MovedPlaylist playlist;
