@@ -10,7 +10,8 @@ from pathlib import Path
 
 sys.path.append(str(Path(__file__).resolve().parents[2] / "scripts"))  # where the makers are
 
-from machine_addresses import SONG_ENDINGS  # noqa: E402
+from lost_songs import names  # noqa: E402
+from machine_addresses import SONG_ENDINGS, USER_MUSIC  # noqa: E402
 from machine_description import GeneratedMachine, Song  # noqa: E402
 from makers.chance import ByChance  # noqa: E402
 from makers.files import write_old  # noqa: E402
@@ -18,6 +19,7 @@ from makers.machine import machine_ini  # noqa: E402
 from makers.players import app_path, opens_files  # noqa: E402
 from makers.registry import CURRENT_USER, exported, number_value, text_value  # noqa: E402
 from makers.songs import OTHER, id3v1, id3v2  # noqa: E402
+from makers.tagged_songs import KINDS, Tags, tagged_song  # noqa: E402
 from makers.words import (ALBUMS, ARTISTS, DEVICE_NAMES, LATIN, ODD_TEXTS, TITLES,  # noqa: E402
                           WIDE)
 from native_playlists import LONGEST_PATH, drives_of, upper, utf16_units  # noqa: E402
@@ -39,6 +41,7 @@ class Maker(ByChance):
         self.pairs = []  # artists and albums that songs share
         self.tags = {}  # artist and album of each song, by its content
         self.names = []  # of playlists of an earlier machine
+        self.sought = set()  # names of files that playlists name where they are not
         self.files = 0
 
     def make(self):
@@ -81,6 +84,15 @@ class Maker(ByChance):
     def put_host(place, content):
         place.parent.mkdir(parents=True, exist_ok=True)
         write_old(place, content)
+
+    def has(self, path):
+        """True when the old machine has that, by whatever composition of its characters."""
+        own = names(path)
+        return any(names(taken) == own for taken in self.taken | self.folders)
+
+    def keep_found(self, path):
+        """What a name leads to now, it leads to later."""
+        self.sought.add(names(path)[0])
 
     def settle(self, path):
         """True when the old machine can hold a file of that path, which it then does."""
@@ -157,7 +169,7 @@ class Maker(ByChance):
 
     def folder(self):
         depth = self.one([0, 1, 1, 2, 2, 3, 8, 25])
-        base = self.one(["", "", "Music\\", "My Documents\\My Music\\"])
+        base = self.one(["", "", "Music\\", "My Documents\\My Music\\", self.one(USER_MUSIC)])
         return self.one(self.letters) + ":\\" + base + "".join(
             self.folder_name() + "\\" for _ in range(depth))
 
@@ -176,6 +188,8 @@ class Maker(ByChance):
         body = b"\xff\xfb" + f"seed {self.seed}, file {self.files}".encode() + bytes(size)
         if self.often(0.02):
             body = b""
+        if body and self.often(0.4):
+            return self.tagged_content(ending, body[:60])
         if ending.lower() != ".mp3":
             return body
         kind = self.one(["none", "v1", "v2", "v2", "v2", "both"])
@@ -188,6 +202,22 @@ class Maker(ByChance):
             self.tags[body] = artist, album
         return body
 
+    def tagged_content(self, ending, own):
+        """A song as players make them, in any script."""
+        kinds = [kind for kind, (usual, _) in KINDS.items() if usual == ending.lower()]
+        artist, album = (self.one(WIDE + plain) for plain in (ARTISTS, ALBUMS))
+        if not kinds:
+            return own
+        kind = self.one(kinds)
+        if kind.endswith(" Latin-1") and "called" not in kind:
+            artist, album = self.one(ARTISTS), self.one(ALBUMS)
+        tags = Tags(artist, album, self.one(["Signal", "Ärger"]), self.random.randrange(1, 20),
+                    self.random.randrange(1, 4000))
+        content = tagged_song(kind, tags, own)
+        self.tags[content] = artist, album
+        self.made.seconds[content] = tags.seconds
+        return content
+
     def make_songs(self, count):
         songs = self.made.songs
         folders = [self.folder() for _ in range(self.random.randrange(1, 6))]
@@ -199,7 +229,7 @@ class Maker(ByChance):
             if songs and self.often(0.25):
                 name = ntpath.basename(self.one(songs).path)
             path = self.one(folders) + name
-            if not self.settle(path):
+            if names(path)[0] in self.sought or not self.settle(path):
                 continue
             same = songs and self.often(0.08)
             content = self.one(songs).content if same else self.content(ntpath.splitext(path)[1])

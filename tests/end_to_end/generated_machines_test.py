@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Migrates machines made from seeds and holds what came against what was made: every playlist
 arrives in every player's folder with its songs, byte for byte, in order, at places where Windows
-can hold them, and nothing else changes. A second run changes nothing. Another old machine is then
+can hold them; whatever else was there is told, with the right exit code; and nothing else changes.
+A second run changes nothing. Another old machine is then
 moved to the same new one, and, with --grow, the same one after it has got more songs and
 playlists."""
 
@@ -18,10 +19,15 @@ from collections import Counter, defaultdict
 from multiprocessing import Pool
 from pathlib import Path
 
+from census import census_faults
 from generated_machine import make_machine
+from move_document import MoveDocument
+from makers.machine import GROUP_ROOT
 from native_playlists import (PLAYER_FOLDERS, Malformed, find_on_machine, is_local, path_fault,
                               read_native, reference_fault, upper)
+from told_details import MODERN_ENDING, MODERN_FOLDER, read_modern
 
+FORMS = {**PLAYER_FOLDERS, MODERN_FOLDER: MODERN_ENDING}
 PRODUCT_FOLDER = "C:\\Norvo\\"
 NEUTRAL_FOLDER = "Norvo PlayLists\\"
 MOST_SHOWN = 6
@@ -70,11 +76,28 @@ class Check:
         self.machine = machine
         self.faults = []
         self.before = snapshot(machine.folder)
-        self.places = defaultdict(set)  # content of a song to where playlists find it
+        # Content of a song to where playlists find it: those of 8-bit text, and the modern ones.
+        self.plain_places, self.modern_places = defaultdict(set), defaultdict(set)
         self.after = {}
 
     def fault(self, text):
         self.faults.append(text)
+
+    def census(self, result):
+        """What the run tells, held against the machine."""
+        if result.returncode not in (0, 1):
+            return self.fault(f"exit code {result.returncode}")
+        document = MoveDocument(result.stdout)
+        self.settle_group_root(document)
+        self.faults += census_faults(self.machine, document, result.returncode)
+
+    def settle_group_root(self, document):
+        """Where nothing else is said, a new machine's own documents folder may hold all."""
+        told = {row.companion.partition("PlayLists\\")[0] for row in document.lists
+                if row.companion}
+        usual = self.machine.documents + "Norvo Media\\"
+        if self.machine.group_root == GROUP_ROOT and told == {usual}:
+            self.machine.group_root = usual
 
     def first_run(self):
         self.after = snapshot(self.machine.folder)
@@ -85,7 +108,7 @@ class Check:
         self.check_outside()
         self.check_foreign_files()
         self.check_registry()
-        for player in PLAYER_FOLDERS:
+        for player in FORMS:
             self.check_player(player)
         self.check_places()
         self.check_new_files()
@@ -114,7 +137,8 @@ class Check:
         now = self.part("new", self.after)
         for line in changes(come, {path: now[path] for path in come if path in now}):
             self.fault(f"run after growth: {line}")
-        self.places.clear()
+        self.plain_places.clear()
+        self.modern_places.clear()
         self.check_all()
 
     # ---- what must not change ----
@@ -199,21 +223,29 @@ class Check:
             if fault:
                 self.fault(f"playlist {path}: {fault}")
             name = path[len(self.machine.group_root + "PlayLists\\" + player + "\\"):]
-            if "\\" in name or not name.endswith(PLAYER_FOLDERS[player]):
+            if "\\" in name or not name.endswith(FORMS[player]):
                 self.fault(f"playlist {path} stands in no player's folder or has a wrong ending")
             try:
-                references = read_native(player, raw)
-            except Malformed as malformed:
+                references = self.references(player, raw)
+            except (Malformed, UnicodeDecodeError) as malformed:
                 self.fault(f"playlist {path}: {malformed}")
                 continue
-            found.append((path, tuple(self.meaning(path, each) for each in references)))
+            is_modern = player == MODERN_FOLDER
+            found.append((path, tuple(self.meaning(path, each, is_modern)
+                                      for each in references)))
         self.compare(player, found)
 
-    def meaning(self, playlist, reference):
+    @staticmethod
+    def references(player, raw):
+        if player == MODERN_FOLDER:
+            return [told.reference for told in read_modern(raw)]
+        return read_native(player, raw)
+
+    def meaning(self, playlist, reference, is_modern):
         """The content of the song, or the address: what the player would play."""
         if not is_local(reference):
             return reference
-        fault = reference_fault(reference)
+        fault = (path_fault if is_modern else reference_fault)(reference)
         if not fault and not upper(reference).startswith(upper(self.machine.group_root)):
             fault = "not below the group root"
         place = find_on_machine(self.machine.new, reference)
@@ -224,7 +256,8 @@ class Check:
         if place is None or not place.is_file():
             return b"nothing"
         content = place.read_bytes()
-        self.places[content].add(upper(reference))
+        places = self.modern_places if is_modern else self.plain_places
+        places[content].add(upper(reference))
         return content
 
     def compare(self, player, found):
@@ -258,8 +291,12 @@ class Check:
                 for item in playlist.kept():
                     if item.kind == "song":
                         sources[item.song.content].add(upper(item.song.path))
+        for named in (self.plain_places, self.modern_places):
+            self.check_places_of(sources, named)
+
+    def check_places_of(self, sources, named):
         for content, paths in sources.items():
-            places = self.places.get(content, set())
+            places = named.get(content, set())
             if len(places) != len(paths):
                 self.fault(f"{len(paths)} songs, {sorted(paths)}, at {len(places)} places: "
                            f"{sorted(places)}")
@@ -269,9 +306,9 @@ class Check:
                     self.fault(f"{sorted(paths)} lost its ending: {place}")
 
     def check_new_files(self):
-        """Every new file is a native playlist, a song that one of them names, or the product's."""
+        """Every new file is a playlist for the players, a song that one of them names, or the product's."""
         root = upper(self.machine.group_root)
-        named = set().union(*self.places.values()) if self.places else set()
+        named = set().union(*self.plain_places.values(), *self.modern_places.values())
         before = self.part("new", self.before)
         for path, content in self.part("new", self.after).items():
             own = upper(machine_path(path))
@@ -310,8 +347,7 @@ def run_all(options, machine):
         (machine.folder / name).mkdir()
     for check, judge in trials(machine, options):
         result = migrate(options.program, check.machine)
-        if result.returncode not in (0, 1):
-            check.fault(f"exit code {result.returncode}")
+        check.census(result)
         judge()
         if check.faults:
             return check.faults, result.stderr.decode(errors="replace")
@@ -350,7 +386,7 @@ def judge(job):
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--program", required=True)
-    parser.add_argument("--seeds", type=int, default=int(os.environ.get("NORVO_SEEDS", "200")))
+    parser.add_argument("--seeds", type=int, default=int(os.environ.get("NORVO_SEEDS", "400")))
     parser.add_argument("--first", type=int, default=1)
     parser.add_argument("--only", type=int)
     parser.add_argument("--grow", action="store_true",

@@ -1,11 +1,17 @@
 """Where the songs and playlists of generated machines stand, and what the playlists name that is no
 song."""
 
-SONG_ENDINGS = [".mp3"] * 8 + [".MP3", ".Mp3", ".ogg", ".m4a", ".flac", ".wma", ".wav", ".WAV"]
+SONG_ENDINGS = [".mp3"] * 8 + [".MP3", ".Mp3", ".ogg", ".m4a", ".flac", ".wma", ".ape", ".wav",
+                                ".WAV"]
+USER_MUSIC = ["Documents and Settings\\Anna\\My Documents\\My Music\\",
+              "Documents and Settings\\Zoë\\My Documents\\", "Users\\Anna\\Music\\",
+              "Users\\Юля\\Music\\"]
+UNREAD_ENDINGS = [".kpl", ".fpl", ".mpcpl", ".pla"]
 PLAYER_PLACES = ["Program Files\\Winamp", "Program Files\\Sonique\\Playlists",
                  "Program Files\\MusicMatch\\MusicMatch Jukebox\\Playlist", "WinAmp",
                  "Windows Media Player", "My Documents\\My Music\\My Playlists", "My Documents"]
-SKIPPED_PLACES = ["RECYCLED", "RECYCLER\\S-1-5-21", "System Volume Information",
+SKIPPED_PLACES = ["RECYCLED", "RECYCLER\\S-1-5-21", "$Recycle.Bin\\S-1-5-21",
+                  "System Volume Information",
                   "System Volume Information.old\\x",
                   "WINDOWS\\Temporary Internet Files\\Content.IE5"]
 

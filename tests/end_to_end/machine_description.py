@@ -14,10 +14,12 @@ class Song:
 
 @dataclass(frozen=True)
 class Item:
-    """What one place of a playlist lists: a song, an address, or nothing that exists."""
-    kind: str  # "song", "address", "missing"
+    """What one place of a playlist lists: a song, an address, nothing that exists, or what may be
+    one of several songs."""
+    kind: str  # "song", "address", "missing", "ambiguous"
     song: Song = None
     address: str = ""
+    candidates: tuple = ()  # paths
 
 
 @dataclass
@@ -26,9 +28,20 @@ class Playlist:
     items: list
     skipped: bool  # stands where nobody looks for playlists
     what: str  # how it is written, for messages
+    name: str = ""  # its own, where a file holds several
+    lengths: dict = field(default_factory=dict)  # seconds that it tells, by the number of the item
 
     def kept(self):
-        return [item for item in self.items if item.kind != "missing"]
+        return [item for item in self.items if item.kind in ("song", "address")]
+
+    def lost(self):
+        """What cannot come, and must be told."""
+        return [item for item in self.items if item.kind in ("missing", "ambiguous")]
+
+    def kept_lengths(self):
+        """Of each kept item, the seconds that the playlist tells; None where it tells none."""
+        return [self.lengths.get(number) for number, item in enumerate(self.items)
+                if item.kind in ("song", "address")]
 
     def is_expected(self):
         return not self.skipped and any(item.kind == "song" for item in self.items)
@@ -43,6 +56,8 @@ class GeneratedMachine:
     folder: Path
     songs: list = field(default_factory=list)
     playlists: list = field(default_factory=list)
+    unread: list = field(default_factory=list)  # paths of playlists of kinds that nobody reads
+    seconds: dict = field(default_factory=dict)  # lengths that songs tell, by their content
     group_root: str = GROUP_ROOT  # of the new machine
     documents: str = "C:\\My Documents\\"  # of the new machine
     is_disk: bool = False  # handed over as the bare drive C of the old machine
@@ -69,7 +84,7 @@ class GeneratedMachine:
         source = self.old / "C" if self.is_disk else self.old
         work = ["--work", str(self.folder / ("work" + self.number))] if self.has_work else []
         links = ["--link"] if self.links else []
-        return ["migrate", "--from", str(source), "--to", str(self.new), *work, *links, "--quiet"]
+        return ["migrate", "--from", str(source), "--to", str(self.new), *work, *links, "--json"]
 
     def parts(self):
         """The folders beside the new machine that belong to this one, but for its work folder."""
@@ -78,6 +93,17 @@ class GeneratedMachine:
     def another(self):
         """A further old machine, to be moved to the same new one."""
         return self.maker.make_another()
+
+    def listed(self):
+        """The songs that playlists bring, by their paths."""
+        return {item.song.path: item.song for each in self.playlists if not each.skipped
+                for item in each.items if item.kind == "song"}
+
+    def exit_code(self):
+        """What a run must say that brings all that can come."""
+        doubts = any(item.kind == "ambiguous" for each in self.playlists if not each.skipped
+                     for item in each.items)
+        return 1 if doubts or self.unread else 0
 
     def must_stay_whole(self):
         """Nothing at all may be written to the old machine."""

@@ -1,6 +1,7 @@
 """Puts on the new machine of a move what stands there already."""
 
 import ntpath
+import re
 
 from makers.chance import ByChance
 from makers.machine import DESTINATION, machine_ini, role_keys
@@ -73,6 +74,8 @@ class NewMachineMaker(ByChance):
 
     def occupy_old_addresses(self):
         for song in self.random.sample(self.made.songs, min(4, len(self.made.songs))):
+            if re.match(r".:\\(users|documents and settings)\\", song.path, re.I):
+                continue  # the new machine would have another user
             path = song.path if self.often(0.5) else song.path.upper()
             content = song.content if self.often(0.3) else b"another " + song.path.encode()
             self.put_foreign(path, content)
