@@ -57,13 +57,13 @@ class Census:
             self.fault(f"{each.path} is not told as skipped: {[row.outcome for row in rows]}")
 
     def check_lost(self, each, row):
-        if len(row.left_out) < len(each.lost()):
+        if row.left_out != len(each.lost()):
             self.fault(f"{each.path} {each.name} ({each.what}) lost {len(each.lost())} items, "
-                       f"told are {row.left_out}")
-        for item in each.lost():
-            for path in item.candidates:
-                if path.replace("\\", "\\\\") not in row.told:
-                    self.fault(f"{each.path} tells nothing of {path}, which may be meant")
+                       f"told are {row.left_out}: {row.told}")
+        wanted = {upper(path) for item in each.lost() for path in item.candidates}
+        if {upper(path) for path in row.candidates} != wanted:
+            self.fault(f"{each.path} tells that {sorted(row.candidates)} may be meant instead of "
+                       f"{sorted(wanted)}")
 
     def check_companion(self, each, row):
         """The row's own file has the list's songs, with the lengths that are known of them."""

@@ -306,7 +306,7 @@ class Check:
                     self.fault(f"{sorted(paths)} lost its ending: {place}")
 
     def check_new_files(self):
-        """Every new file is a playlist for the players, a song that one of them names, or the product's."""
+        """Every new file is a playlist, a song that one of them names, or the product's."""
         root = upper(self.machine.group_root)
         named = set().union(*self.plain_places.values(), *self.modern_places.values())
         before = self.part("new", self.before)

@@ -15,7 +15,9 @@ class ListRow:
     outcome: str
     natives: tuple
     companion: str  # empty without one
-    left_out: tuple  # texts on what it lists and what did not come
+    left_out: int  # items that did not come
+    elsewhere: int  # items that were not where the list says
+    candidates: frozenset  # paths of which one may be meant
     told: str  # all that is told of it, as JSON text
 
     def forms(self):
@@ -47,7 +49,12 @@ class MoveDocument:
     @staticmethod
     def list_row(row):
         return ListRow(row["path"], row.get("name") or "", row["outcome"], tuple(row["natives"]),
-                       row.get("companion") or "", tuple(row["leftOut"]), json.dumps(row, ensure_ascii=False))
+                       row.get("companion") or "",
+                       sum(item["outcome"] == LEFT_OUT for item in row["items"]),
+                       sum(bool(item.get("foundElsewhere")) for item in row["items"]),
+                       frozenset(path for item in row["items"]
+                                 for path in item.get("candidates", ())),
+                       json.dumps(row, ensure_ascii=False))
 
     @staticmethod
     def places(row):

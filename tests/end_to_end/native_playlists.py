@@ -4,6 +4,7 @@ the program, so that it can bear witness against it."""
 
 import os
 import re
+from functools import lru_cache
 from pathlib import Path
 
 PLAYER_FOLDERS = {"Windows Media Player": ".asx", "WinAmp": ".m3u", "MusicMatch Jukebox": ".m3u",
@@ -21,6 +22,7 @@ class Malformed(Exception):
     """The file is no playlist of its kind."""
 
 
+@lru_cache(maxsize=1 << 16)
 def upper(text):
     """Upper case as Windows compares names: one character for one, nothing that grows."""
     return "".join(map(upper_character, text))
