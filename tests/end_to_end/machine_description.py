@@ -24,12 +24,14 @@ class Item:
 
 @dataclass
 class Playlist:
+    ANY_LENGTH = "any"  # a length is told, in a way that leaves open which it is
+
     path: str
     items: list
     skipped: bool  # stands where nobody looks for playlists
     what: str  # how it is written, for messages
     name: str = ""  # its own, where a file holds several
-    lengths: dict = field(default_factory=dict)  # seconds that it tells, by the number of the item
+    lengths: dict = field(default_factory=dict)  # seconds, ANY_LENGTH; by the number of the item
 
     def kept(self):
         return [item for item in self.items if item.kind in ("song", "address")]

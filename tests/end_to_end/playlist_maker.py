@@ -69,8 +69,8 @@ class PlaylistMaker(ByChance):
         return blanks + write[self.syntax](chosen)
 
     def make_library(self, path):
-        names = self.random.sample(sorted(set(PLAYLIST_NAMES)) + WIDE_PLAYLIST_NAMES,
-                                   self.random.randrange(1, 5))
+        names = self.random.sample(sorted({name.strip() for name in PLAYLIST_NAMES}) +
+                                   WIDE_PLAYLIST_NAMES, self.random.randrange(1, 5))
         lists = [(name, self.items()) for name in names]
         markup = MarkupMaker(self.random, self.syntax)
         text = markup.library(lists)
@@ -314,6 +314,8 @@ class PlaylistMaker(ByChance):
             plain = item.comma == "," and not item.between and kind == "header"
             if plain and item.title and item.seconds in ("215", "1234"):
                 self.lengths[number] = int(item.seconds)
+            elif not plain and item.title is not None:
+                self.lengths[number] = Playlist.ANY_LENGTH
         tail = []
         if self.form["last_title"] and kind == "header":
             tail = [playlists.title_line("Nobody - Nothing", 100)]
@@ -337,7 +339,7 @@ class PlaylistMaker(ByChance):
         for _, reference in items:
             written.append(self.pls_item(reference, written[-1].number if written else 0))
         self.lengths = {number: int(item.seconds) for number, item in enumerate(written)
-                        if item.seconds == "215" and form["equals"] == "="}
+                        if item.seconds == "215"}
         lines = playlists.pls(
             written, count=form["count"], count_first=self.one([True, False]),
             head=["CachedInfo=1"] if form["cached"] else [],

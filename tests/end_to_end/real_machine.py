@@ -187,7 +187,7 @@ class RealMachine:
         self.write(ANNA + "itunes.m3u", real_lists.itunes_m3u, plain, swapped=True)
         self.write(ANNA + "itunes 7.m3u8", real_lists.itunes_m3u8, every, swapped=True)
         self.write(SECOND + "foobar.m3u8", real_lists.foobar_m3u8, every)
-        self.write(SECOND + "foobar 0.8.m3u8", real_lists.foobar_old_m3u8, every, titles=False)
+        self.write(SECOND + "foobar early.m3u8", real_lists.foobar_old_m3u8, every, titles=False)
         self.write(SECOND + "foobar.m3u", real_lists.foobar_m3u, plain, titles=False)
         self.write(ZOE + "vlc.xspf", real_lists.vlc_xspf, every + [RADIO])
         self.write(ZOE + "vlc.m3u8", real_lists.vlc_m3u8, every + [RADIO])
@@ -240,7 +240,6 @@ class RealMachine:
         trailing = [replace(each, reference=each.reference + end)
                     for each, end in zip(plain, ("\\", "/", "\\\\"), strict=True)]
         self.add(SECOND + "separators.m3u", real_lists.foobar_m3u("", trailing), plain)
-        self.lists[-1].wanted = [replace(each, seconds=None) for each in self.lists[-1].wanted]
         lines = playlists.m3u(real_lists.items("", wide))
         self.add(SECOND + "no mark.m3u", encoded(joined(lines), "utf-8"), wide)
         lines = playlists.pls(real_lists.items("", wide))
