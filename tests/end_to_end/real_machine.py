@@ -70,6 +70,7 @@ PLAIN = {
     "wire": song(ZOE + "Wire.m4a", "MP4", "Zoë", "Copper", "Wire", 3, 61),
     "drops": song(ZOE + "Drops.wma", "ASF", "Zoë", "Copper", "Drops", 4, 75),
     "monk": song(SECOND + "Monk.ape", "APE", "Quiet Monk", "One", "Bell", 1, 431),
+    "clip": song(ZOE + "My Videos\\Clip 1.avi", None, "Nobody", None, "Moving", 0, 130),
     "mute": song(ANNA + "Track 01.mp3", None, "Nobody", None, "Untold", 0, 77),
 }
 WIDE = {
@@ -175,9 +176,9 @@ class RealMachine:
         self.write(LISTS + "media player 6.asx", real_lists.media_player_6_asx, plain[2:10])
         self.write(LISTS + "media player 7.asx", real_lists.media_player_7_asx, plain + [RADIO])
         self.write(LISTS + "redirect.wax", real_lists.media_player_7_asx, plain[:2])
-        self.write(LISTS + "video.wvx", real_lists.media_player_7_asx, plain[1:3])
-        self.write(LISTS + "media player 9.m3u", real_lists.media_player_9_m3u,
-                   [each for each in plain if "Track 01" not in each.reference], titles=False)
+        self.write(LISTS + "video.wvx", real_lists.media_player_7_asx, plain[9:])
+        self.write(LISTS + "media player 9.m3u", real_lists.media_player_9_m3u, plain,
+                   titles=False)
         self.lists[-1].wanted = [replace(each, titles=()) for each in self.lists[-1].wanted]
         self.write(LISTS + "media player 11.wpl", real_lists.media_player_wpl, every,
                    titles=False)
