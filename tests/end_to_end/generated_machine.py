@@ -231,8 +231,10 @@ class Maker(ByChance):
             path = self.one(folders) + name
             if names(path)[0] in self.sought or not self.settle(path):
                 continue
-            same = songs and self.often(0.08)
-            content = self.one(songs).content if same else self.content(ntpath.splitext(path)[1])
+            ending = ntpath.splitext(path)[1]
+            alike = [song for song in songs if song.path.endswith(ending)]
+            same = alike and self.often(0.08)
+            content = self.one(alike).content if same else self.content(ending)
             songs.append(Song(path, content))
             self.put(self.made.old, path, content)
 

@@ -312,7 +312,7 @@ class PlaylistMaker(ByChance):
         written = [self.m3u_item(reference, kind) for _, reference in items]
         for number, item in enumerate(written):
             plain = item.comma == "," and not item.between and kind == "header"
-            if plain and item.title and item.seconds in ("215", "1234"):
+            if plain and item.title is not None and item.seconds in ("215", "1234"):
                 self.lengths[number] = int(item.seconds)
             elif not plain and item.title is not None:
                 self.lengths[number] = Playlist.ANY_LENGTH
