@@ -6,10 +6,10 @@ set -eu
 
 packages="g++ cmake ninja-build libcli11-dev nlohmann-json3-dev python3 git
           libpugixml-dev libtag1-dev libutf8proc-dev"
-# For the automation library: compilers and libraries of Windows, the IDL compiler with the files
-# that it imports, and what runs the result.
+# For Windows: compilers, what its libraries are built with, the IDL compiler with the files that it
+# imports, and what runs the result.
 windows="g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev
-         wine64 wine googletest"
+         dpkg-dev libutfcpp-dev wine64 wine googletest"
 if [ "${1:-}" = windows ]; then
     packages="$packages $windows"
 fi
@@ -19,24 +19,31 @@ if [ "${1:-}" = test ]; then
               chromium chromium-driver"
 fi
 
+install() {
+    root=
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null 2>&1 || {
+            echo "Missing packages: $*" >&2
+            echo "Run this as root, or install them: apt-get install $*" >&2
+            exit 1
+        }
+        root=sudo
+    fi
+    echo "Installing: $*"
+    # An index of a foreign architecture that cannot be fetched does no harm.
+    $root apt-get update -qq >/dev/null 2>&1 || true
+    $root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "$@" \
+        >/dev/null
+}
+
 missing=
 for package in $packages; do
     status=$(dpkg-query -W -f='${Status}' "$package" 2>/dev/null || true)
     [ "$status" = "install ok installed" ] || missing="$missing $package"
 done
-[ -n "$missing" ] || exit 0
-
-root=
-if [ "$(id -u)" -ne 0 ]; then
-    command -v sudo >/dev/null 2>&1 || {
-        echo "Missing packages:$missing" >&2
-        echo "Run this as root, or install them: apt-get install$missing" >&2
-        exit 1
-    }
-    root=sudo
-fi
-echo "Installing:$missing"
-# An index of a foreign architecture that cannot be fetched does no harm.
-$root apt-get update -qq >/dev/null 2>&1 || true
 # shellcheck disable=SC2086
-$root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null
+[ -z "$missing" ] || install $missing
+
+case ${1:-} in
+windows | test) "$(dirname "$0")/build-windows-libraries.sh" ;;
+esac

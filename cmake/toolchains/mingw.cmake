@@ -4,8 +4,25 @@ set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_C_COMPILER ${NORVO_MINGW_TRIPLE}-gcc-posix)
 set(CMAKE_CXX_COMPILER ${NORVO_MINGW_TRIPLE}-g++-posix)
 set(CMAKE_RC_COMPILER ${NORVO_MINGW_TRIPLE}-windres)
+
+# The libraries that scripts/build-windows-libraries.sh has built, where that keeps them.
+set(NORVO_MINGW_LIBRARIES "$ENV{HOME}/.cache/norvo-playlists/windows")
+if(NOT "$ENV{XDG_CACHE_HOME}" STREQUAL "")
+  set(NORVO_MINGW_LIBRARIES "$ENV{XDG_CACHE_HOME}/norvo-playlists/windows")
+endif()
+if(NOT "$ENV{NORVO_WINDOWS_LIBRARIES}" STREQUAL "")
+  set(NORVO_MINGW_LIBRARIES "$ENV{NORVO_WINDOWS_LIBRARIES}")
+endif()
+string(APPEND NORVO_MINGW_LIBRARIES "/${NORVO_MINGW_TRIPLE}")
+if(NOT EXISTS "${NORVO_MINGW_LIBRARIES}/versions")
+  message(FATAL_ERROR "The libraries for Windows are missing in ${NORVO_MINGW_LIBRARIES}. "
+    "Run scripts/install-dependencies.sh windows first; it builds them.")
+endif()
+set(CMAKE_CXX_STANDARD_INCLUDE_DIRECTORIES "${NORVO_MINGW_LIBRARIES}/include")
+set(CMAKE_CXX_FLAGS_INIT "-DTAGLIB_STATIC -DUTF8PROC_STATIC")
+
 # The programs need none of the compiler's own libraries beside them.
-set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-static \"-L${NORVO_MINGW_LIBRARIES}/lib\"")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT -static)
 set(CMAKE_FIND_ROOT_PATH /usr/${NORVO_MINGW_TRIPLE})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
