@@ -67,14 +67,15 @@ build_library() {
     triple=$1
     source=$2
     shift 2
-    cmake -G Ninja -S "$source" -B "$source-$triple" \
+    build=$work/build/$triple/$(basename "$source")
+    cmake -G Ninja -S "$source" -B "$build" \
         -DCMAKE_SYSTEM_NAME=Windows -DCMAKE_SYSTEM_PROCESSOR="${triple%%-*}" \
         -DCMAKE_C_COMPILER="$triple-gcc-posix" -DCMAKE_CXX_COMPILER="$triple-g++-posix" \
         -DCMAKE_RC_COMPILER="$triple-windres" \
         -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=OFF \
         -DCMAKE_INSTALL_PREFIX="$work/$triple" -DCMAKE_INSTALL_LIBDIR=lib "$@"
-    cmake --build "$source-$triple"
-    cmake --install "$source-$triple"
+    cmake --build "$build"
+    cmake --install "$build"
 }
 
 # build_bitness TRIPLE
