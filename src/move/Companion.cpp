@@ -67,7 +67,8 @@ std::string CompanionText(const MovedPlaylist& playlist, const std::vector<ToldD
     const MovedItem& item = playlist.items[i];
     const bool isNowhere = item.IsSong() && songs[item.song].place.empty();
     if (!item.IsCarried() || isNowhere) continue;
-    const String name = ShownName(told[i]);
+    String name = ShownName(told[i]);
+    if (name.empty() && item.IsSong()) name = BaseName(songs[item.song].place);
     if (!name.empty())
       text += u"#EXTINF:" + Seconds(told[i].seconds) + u"," + name + String(kLineEnd);
     text += (item.IsSong() ? songs[item.song].place : item.reference) + String(kLineEnd);

@@ -176,11 +176,7 @@ void CountAtEnd(Component& from, Component& to, bool withSongs, MoveWork& work) 
   const std::vector<MovedPlaylist>& playlists = work.result.playlists;
   for (std::size_t i = 0; i < playlists.size(); ++i) {
     work.report.Progress({WorkPhase::Counting, i + 1, playlists.size(), 0, 0, playlists[i].source});
-    if (ShouldBeThere(playlists[i])) {
-      counter.Playlist(playlists[i]);
-    } else if (playlists[i].state == MovedPlaylist::State::LeftOut) {
-      ++work.result.count.playlists;
-    }
+    if (ShouldBeThere(playlists[i])) counter.Playlist(playlists[i]);
   }
   counter.CountSongs();
 }

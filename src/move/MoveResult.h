@@ -64,6 +64,8 @@ struct MovedItem {
   std::size_t entry = 0;   ///< 1-based number in the new playlist; 0 for what is left out
   bool foundElsewhere = false;     ///< the song is not where the reference points
   std::vector<String> candidates;  ///< full paths on the old machine; only of what is ambiguous
+  String artist;                   ///< as far as the playlist or the song's tag tells it
+  String title;                    ///< the same
 
   /// True for a song of the move.
   bool IsSong() const { return fate == Fate::Song; }
@@ -186,8 +188,8 @@ struct UnlistedSong {
 /// songs held against those of the old machine, by content and order. What was wrong is among the
 /// warnings.
 struct FinalCount {
-  std::size_t playlists = 0;       ///< old ones that should be there
-  std::size_t wholePlaylists = 0;  ///< and are, in each of their new forms
+  std::size_t playlists = 0;       ///< old ones that were moved
+  std::size_t wholePlaylists = 0;  ///< and are there, in each of their new forms
   std::size_t songs = 0;           ///< that should be reached from some playlist
   std::size_t rightSongs = 0;      ///< and are, with the same content
 };

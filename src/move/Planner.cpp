@@ -198,8 +198,27 @@ void Planner::AdjustEntry(std::size_t playlist, const MovedItem& item, const Ent
   names.fileName = LastComponent(song.plainPlace);
   Set(playlist, item.entry, u"FileName", names.fileName, reason);
   if (EqualsIgnoreCase(entries_.Ask(names).place, song.plainPlace)) return;
+  KeepBothNames(playlist, item.entry, places_.ChosenFor(item.song).artist, reason);
   Set(playlist, item.entry, u"Artist", places_.ChosenFor(item.song).artist, reason);
   Set(playlist, item.entry, u"Album", places_.ChosenFor(item.song).album, reason);
+}
+
+/// A playlist that tells names in the other order, title first, would tell the artist twice.
+void Planner::KeepBothNames(std::size_t playlist, std::size_t entry, const String& artist,
+                            Reason reason) {
+  const IniDocument& document = DocumentOf(playlist);
+  const std::size_t section = document.FindSection(SectionOf(entry));
+  const auto value = [&](StringView key) {
+    return String(document.Value(section, key).value_or(StringView()));
+  };
+  const String title = value(u"Artist");
+  if (artist.empty() || title.empty() || !EqualsIgnoreCase(artist, value(u"SongName"))) return;
+  for (const StringView key : {u"SongName", u"ASX_SongName", u"ASX_Title"}) {
+    if (EqualsIgnoreCase(value(key), artist)) Set(playlist, entry, key, title, reason);
+  }
+  for (const StringView key : {u"ASX_Artist", u"ASX_Author"}) {
+    if (value(key) == title) Set(playlist, entry, key, artist, reason);
+  }
 }
 
 /// Now that all places are known: an entry whose old address is some file's place on the new

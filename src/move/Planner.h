@@ -44,6 +44,7 @@ class Planner {
   bool IsBlockedIn(const String& folder, const String& name, StringView extension);
   void AdjustMarkup(std::size_t playlist, std::size_t entry);
   void AdjustEntry(std::size_t playlist, const MovedItem& item, const EntryAnswer& answer);
+  void KeepBothNames(std::size_t playlist, std::size_t entry, const String& artist, Reason reason);
   void Confirm(std::size_t playlist);
   const String& NameAtOldAddress(const String& address);
   void Set(std::size_t playlist, std::size_t entry, StringView key, const String& value,

@@ -110,7 +110,7 @@ Rescue::Rescue(Component& library, const ProductSettings& settings, const Stock&
       work_(work),
       stock_(stock),
       finder_(library),
-      search_(stock.media) {}
+      search_(stock.media, library.Machine().AnsiPage()) {}
 
 /// In the order of the stock.
 std::vector<Rescue::CollectedFile> Rescue::FilesOf(const CollectResult& collected) const {

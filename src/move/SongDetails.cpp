@@ -36,12 +36,6 @@ double SecondsOf(const String& clock) {
   return ParseNumber(ParseAsxTime(clock)).value_or(0);
 }
 
-/// The name of a file without its extension.
-String BaseName(StringView path) {
-  const StringView name = LastComponent(path);
-  return String(name.substr(0, name.rfind(u'.')));
-}
-
 /// "radio.example.com" of "http://radio.example.com:8000/live".
 String HostOf(StringView address) {
   const std::size_t start = address.find(u"://");
@@ -158,7 +152,7 @@ class Completer {
   }
 
   /// True when a name was filled in or mended by the song's tag.
-  bool Complete(const MovedItem& item, ToldDetails& told, Section& entry) {
+  bool Complete(MovedItem& item, ToldDetails& told, Section& entry) {
     const SongTags tags = item.IsSong() ? work_.tags[item.song] : SongTags();
     SetNumbers(told, tags, entry);
     if (HasBetterTag(told, tags)) told.artist = told.title = String();
@@ -184,8 +178,8 @@ class Completer {
     entry.SetWhereEmpty(u"ASX_Author", artist);
     entry.Set(u"Genre", Choose(told.genre, tags.genre, entry.Get(u"Genre")));
     if (!title.empty()) entry.Set(u"HasExtendedInfo", String(kTrue));
-    told.title = title;
-    told.artist = artist;
+    told.title = item.title = title;
+    told.artist = item.artist = artist;
     return mended;
   }
 

@@ -54,6 +54,11 @@ StringView LastComponent(StringView path) noexcept {
   return last == StringView::npos ? path : path.substr(last + 1);
 }
 
+StringView BaseName(StringView path) noexcept {
+  const StringView name = LastComponent(path);
+  return name.substr(0, name.rfind(u'.'));
+}
+
 StringView ParentFolder(StringView path) noexcept {
   const std::size_t last = LastSeparator(path);
   if (last == StringView::npos) return {};

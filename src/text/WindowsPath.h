@@ -21,6 +21,9 @@ StringView DriveName(StringView path) noexcept;
 /// What follows the last separator; the whole text without one, empty after a trailing one.
 StringView LastComponent(StringView path) noexcept;
 
+/// The last component without its extension, which begins at its last point.
+StringView BaseName(StringView path) noexcept;
+
 /// What precedes the last separator, without it; a drive's root keeps its own ("C:\").
 StringView ParentFolder(StringView path) noexcept;
 

@@ -25,7 +25,7 @@ TEST_F(CompanionTest, EveryPlaylistHasOneInUtf8WithEverySong) {
   machines.from->AddFile(u"C:\\Микс.m3u8", "C:\\Music\\Песня.mp3\r\nhttp://example.com/live\r\n");
   const MoveResult move = machines.Run();
   EXPECT_EQ(Companion("Микс.m3u8"),
-            "\xEF\xBB\xBF#EXTM3U\r\n"
+            "\xEF\xBB\xBF#EXTM3U\r\n#EXTINF:-1,Песня\r\n"
             "C:\\My Documents\\Norvo Media\\Music\\Песня.mp3\r\nhttp://example.com/live\r\n");
   ASSERT_EQ(move.playlists.size(), 1u);
   EXPECT_EQ(Utf8(move.playlists[0].companion), kFolder + "Микс.m3u8");

@@ -87,12 +87,5 @@ TEST_F(FinalCountTest, WithoutSongsOnlyThePlaylistsCount) {
   EXPECT_TRUE(move.IsWhole());
 }
 
-TEST_F(FinalCountTest, APlaylistThatStayedBehindIsNoWholeOne) {
-  machines.from->AddFile(u"C:\\Music\\Other.fpl", "nobody knows");
-  const MoveResult move = machines.Run();
-  EXPECT_EQ(move.count.playlists, 2u);
-  EXPECT_EQ(move.count.wholePlaylists, 1u);
-}
-
 }  // namespace
 }  // namespace norvo
