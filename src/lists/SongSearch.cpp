@@ -41,11 +41,13 @@ SongSearch::SongSearch(std::vector<String> mediaFiles, const CodePage& page)
 
 SongSearch::Found SongSearch::Find(const String& reference) const {
   if (IsInternetAddress(reference)) return {};
+  Match best;
   for (const String& text : ReferenceTexts(reference, page_)) {
-    Found found = FindKey(KeyOf(text));
-    if (found.kind != Kind::None) return found;
+    // Of equal ones the first: the texts come in the order of their likelihood.
+    Match match = FindKey(KeyOf(text));
+    if (match.names > best.names) best = std::move(match);
   }
-  return {};
+  return Chosen(best.files);
 }
 
 SongSearch::Key SongSearch::KeyOf(StringView path) {
@@ -69,23 +71,21 @@ SongSearch::Key SongSearch::KeyOf(StringView path) {
   return key;
 }
 
-SongSearch::Found SongSearch::FindKey(const Key& key) const {
+SongSearch::Match SongSearch::FindKey(const Key& key) const {
+  Match match;
   const auto named = byName_.find(String(LastComponent(key.text)));
-  if (named == byName_.end()) return {};
-  std::vector<std::size_t> samePath;
-  std::vector<std::size_t> sameEnd;
-  std::size_t longest = 1;
+  if (named == byName_.end()) return match;
   for (const std::size_t file : named->second) {
-    if (key.isFull && keys_[file] == key.text) samePath.push_back(file);
-    const std::size_t names = CommonNames(keys_[file], key.text);
-    if (names > longest) sameEnd.clear();
-    longest = std::max(longest, names);
-    if (names == longest) sameEnd.push_back(file);
+    const bool isWhole = key.isFull && keys_[file] == key.text;
+    const std::size_t names = isWhole ? kWholePath : CommonNames(keys_[file], key.text);
+    if (names > match.names) match = {names, {}};
+    if (names == match.names) match.files.push_back(file);
   }
-  return Chosen(samePath.empty() ? sameEnd : samePath);
+  return match;
 }
 
 SongSearch::Found SongSearch::Chosen(const std::vector<std::size_t>& files) const {
+  if (files.empty()) return {};
   Found found{files.size() == 1 ? Kind::Unique : Kind::Several, {}};
   for (const std::size_t file : files) found.paths.push_back(files_[file]);
   return found;

@@ -26,8 +26,8 @@ class SongSearch {
   explicit SongSearch(std::vector<String> mediaFiles, const CodePage& page = Windows1252());
 
   /// What a reference can mean, as a playlist has it: a path, relative or not, or a "file:"
-  /// address. The first of these that any file fulfils decides: the same path on another drive;
-  /// the longest end of the path, of at least a folder and a name; the name alone.
+  /// address. By whatever spelling, the first of these that any file fulfils decides: the same path
+  /// on another drive; the longest end of the path, of at least a folder and a name; the name alone.
   Found Find(const String& reference) const;
 
  private:
@@ -37,8 +37,15 @@ class SongSearch {
     bool isFull = false;  // from a drive's root
   };
 
+  /// The files that have most of a path in common with it.
+  struct Match {
+    std::size_t names = 0;  // at its end; kWholePath for all but the drive
+    std::vector<std::size_t> files;
+  };
+  static constexpr std::size_t kWholePath = static_cast<std::size_t>(-1);
+
   static Key KeyOf(StringView path);
-  Found FindKey(const Key& key) const;
+  Match FindKey(const Key& key) const;
   Found Chosen(const std::vector<std::size_t>& files) const;
 
   std::vector<String> files_;

@@ -174,10 +174,13 @@ class Completer {
     entry.Set(u"ASX_SongName", title);
     entry.Set(u"ASX_Artist", artist);
     entry.Set(u"ASX_Album", album);
-    entry.SetWhereEmpty(u"ASX_Title", title);
+    // The library's own guess, by the file's name, is what a player shows anyway.
+    const bool isGuess = told.title.empty() && tags.title.empty() && artist.empty() &&
+                         entry.Get(u"Duration").empty();
+    if (!isGuess) entry.SetWhereEmpty(u"ASX_Title", title);
     entry.SetWhereEmpty(u"ASX_Author", artist);
     entry.Set(u"Genre", Choose(told.genre, tags.genre, entry.Get(u"Genre")));
-    if (!title.empty()) entry.Set(u"HasExtendedInfo", String(kTrue));
+    if (!title.empty() && !isGuess) entry.Set(u"HasExtendedInfo", String(kTrue));
     told.title = item.title = title;
     told.artist = item.artist = artist;
     return mended;

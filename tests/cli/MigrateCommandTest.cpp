@@ -284,7 +284,7 @@ TEST_F(MigrateCommandTest, TheDocumentHasARecordPerPlaylistMediaFileAndAdjustmen
       {"natives", natives}};
   const auto mix = PlaylistOf(moved, kMix);
   for (const auto& [name, value] : expected.items()) EXPECT_EQ(mix.at(name), value) << name;
-  EXPECT_EQ(mix.at("healed")[0].at("reasonCode"), "detailsFilled");
+  EXPECT_EQ(mix.at("healed"), nlohmann::json::array());
   const auto& one = moved.at("media")[0];
   EXPECT_EQ(one.at("source"), kOne);
   EXPECT_EQ(one.at("place"), kRoot + R"(Music\AC-DC\One.mp3)");

@@ -73,6 +73,14 @@ TEST(SongSearch, SpellingAndCaseDoNotMatter) {
             Utf8(std::vector<String>{files.front()}));
 }
 
+TEST(SongSearch, TheSpellingThatHasMostOfThePathDecides) {
+  // As written only the name is known, of two files; decoded it is the path of one.
+  const SongSearch search({u"C:\\Łódź\\a.mp3", u"C:\\Other\\a.mp3"});
+  const SongSearch::Found found = search.Find(u"file:///E:/%C5%81%C3%B3d%C5%BA/a.mp3");
+  EXPECT_EQ(found.kind, SongSearch::Kind::Unique);
+  EXPECT_EQ(found.paths, std::vector<String>{u"C:\\Łódź\\a.mp3"});
+}
+
 TEST(SongSearch, WhatNamesNoFileOfTheMachineIsNotFound) {
   for (const StringView reference : {u"", u"C:\\", u"\\", u"..", u"C:\\x\\b.mp3", u"http://x/a.mp3",
                                      u"a", u"a.mp3.bak", u"file:", u"C:\\a.mp3\\b"}) {

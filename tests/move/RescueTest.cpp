@@ -46,7 +46,8 @@ TEST_F(RescueTest, WhatTheQueueMadeWholeIsTakenAsItIs) {
   EXPECT_EQ(AdjustmentsOf(moved), Texts());
   EXPECT_EQ(ChangedLines(ReadFile(OldPlace(kRoot + R"(KVs\Mix.ini)")),
                          ReadFile(NewPlace(R"(C:\My Documents\Norvo PlayLists\Mix.ini)"))),
-            kAsCarried);
+            (Texts{"PlaylistType=1", "ASX Version=3.0", "AllowShuffle=yes", "ASX_SongName=One",
+                   "ASX_SongName=Two"}));
   ExpectMoved("Mix", kBoth);
 }
 
