@@ -150,8 +150,11 @@ class Page {
     const FinalCount& count = move_.count;
     if (count.playlists > 0 || count.songs > 0) {
       Fact("Checked at the end: " + std::to_string(count.wholePlaylists) + " of " +
-           Counted(count.playlists, "playlist") + ", " + std::to_string(count.rightSongs) + " of " +
-           Counted(count.songs, "song") + " are right.");
+           Counted(count.playlists, "playlist") +
+           (count.songs == 0
+                ? std::string()
+                : ", " + std::to_string(count.rightSongs) + " of " + Counted(count.songs, "song")) +
+           " are right.");
     }
     if (totals_.before > 0) {
       Fact(Counted(totals_.before, "playlist") + " moved before, and as they were.");
@@ -237,7 +240,7 @@ class Page {
     html_ += kTableHead;
     for (const MovedItem& item : playlist.items) {
       if (item.IsSong()) {
-        Song(move_.songs[item.song], item.entry, item.foundElsewhere);
+        Song(move_.songs[item.song], item);
       } else {
         html_ += item.IsCarried() ? "<tr><td>" : "<tr class=\"p\"><td>";
         if (item.entry > 0) html_ += std::to_string(item.entry);
@@ -248,20 +251,26 @@ class Page {
     html_ += "</tbody></table>\n";
   }
 
-  void Song(const MovedSong& song, std::size_t number, bool foundElsewhere) {
+  /// "Artist - Title" as far as known, else the file's name.
+  static String ShownName(const MovedItem& item, StringView fileName) {
+    if (item.title.empty()) return String(fileName);
+    return item.artist.empty() ? item.title : item.artist + u" - " + item.title;
+  }
+
+  void Song(const MovedSong& song, const MovedItem& item) {
     const bool isLeftOut = song.state == MovedSong::State::LeftOut;
     const StringView name = LastComponent(song.source);
     const bool isRenamed =
         !song.place.empty() && !EqualsIgnoreCase(name, LastComponent(song.place));
-    html_ += isLeftOut                     ? "<tr class=\"p\"><td>"
-             : foundElsewhere || isRenamed ? "<tr class=\"c\"><td>"
-                                           : "<tr><td>";
-    if (number > 0) html_ += std::to_string(number);
-    html_ += "<td><b>" + Name(name) + "</b><small>" + Name(ParentFolder(song.source)) +
+    html_ += isLeftOut                          ? "<tr class=\"p\"><td>"
+             : item.foundElsewhere || isRenamed ? "<tr class=\"c\"><td>"
+                                                : "<tr><td>";
+    if (item.entry > 0) html_ += std::to_string(item.entry);
+    html_ += "<td><b>" + Name(ShownName(item, name)) + "</b><small>" + Name(song.source) +
              "</small><td>" + (song.place.empty() ? "" : Name(song.place)) + "<td>" +
              HtmlText(SongOutcome(song, terms_.dryRun));
     if (isLeftOut) html_ += ": " + HtmlText(ReasonText(song));
-    if (foundElsewhere) html_ += ", found elsewhere";
+    if (item.foundElsewhere) html_ += ", found elsewhere";
     if (isRenamed) html_ += ", new name";
     html_ += "<small>" + SizeText(song.size) + "</small>\n";
   }
@@ -287,7 +296,7 @@ class Page {
         " left where they are</em></summary>\n<div class=\"inside\">\n";
     html_ += kTableHead;
     for (const MovedSong& song : move_.songs) {
-      if (!song.listed) Song(song, 0, false);
+      if (!song.listed) Song(song, MovedItem());
     }
     for (const UnlistedSong& song : move_.unlisted) {
       html_ += "<tr><td><td><b>" + Name(LastComponent(song.source)) + "</b><small>" +

@@ -266,7 +266,9 @@ class Report {
     const bool isRight = count.wholePlaylists == count.playlists && count.rightSongs == count.songs;
     Title("Checked",
           std::to_string(count.wholePlaylists) + " of " + Counted(count.playlists, "playlist") +
-              ", " + std::to_string(count.rightSongs) + " of " + Counted(count.songs, "song") +
+              (count.songs == 0 ? std::string()
+                                : ", " + std::to_string(count.rightSongs) + " of " +
+                                      Counted(count.songs, "song")) +
               " are right",
           isRight ? Style::Good : Style::Problem);
   }

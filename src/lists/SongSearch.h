@@ -27,7 +27,8 @@ class SongSearch {
 
   /// What a reference can mean, as a playlist has it: a path, relative or not, or a "file:"
   /// address. By whatever spelling, the first of these that any file fulfils decides: the same path
-  /// on another drive; the longest end of the path, of at least a folder and a name; the name alone.
+  /// on another drive; the longest end of the path, of at least a folder and a name; the name
+  /// alone.
   Found Find(const String& reference) const;
 
  private:

@@ -12,8 +12,7 @@ namespace norvo {
 /// already.
 ///
 /// Contents are held against each other by their sizes and by samples of 64 KiB from beginning,
-/// middle and end. Without songs (they were not to be brought, or it is a trial) only the playlists
-/// are counted.
+/// middle and end. Where songs were not to be brought only the playlists are counted.
 void CountAtEnd(Component& from, Component& to, bool withSongs, MoveWork& work);
 
 }  // namespace norvo

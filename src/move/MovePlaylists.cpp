@@ -202,7 +202,7 @@ void Run(const MoveMachines& machines, const MoveOptions& options, MediaPlacer& 
   machine.EndPlan();
   Restore(machine, ledger, work);
   VerifyMove(machine.PlanLibrary(), bringing || options.dryRun, work);
-  CountAtEnd(old.Library(), machine.Library(), bringing, work);
+  if (!options.dryRun) CountAtEnd(old.Library(), machine.Library(), bringing, work);
 }
 
 }  // namespace

@@ -58,7 +58,7 @@ TEST_F(MigrateDiskTest, NothingElseIsMadeOnItThanTheProductsFolder) {
 TEST_F(MigrateDiskTest, ADryRunWritesNothing) {
   MakeDisk({"Ann"});
   const auto before = Snapshot(New());
-  const Outcome outcome = Migrate({"--dry-run"});
+  const Outcome outcome = Migrate({"--dry-run", "--verbose"});
   EXPECT_EQ(outcome.code, 0) << outcome.err;
   EXPECT_TRUE(Holds(outcome.out, R"(C:\Users\Ann\Documents\Norvo Media\Music\One.mp3)"));
   EXPECT_EQ(Snapshot(New()), before);
