@@ -4,12 +4,7 @@
 #include <norvo/library/Library.h>
 #include <norvo/platform/hosted/HostedPlatform.h>
 
-#include <exception>
 #include <iostream>
-#include <memory>
-#include <string>
-
-namespace {
 
 void PrintEntry(int number, norvo::AutomationObject& entry) {
   std::cout << number << "  " << norvo::ToUtf8Text(entry.Get("Entry_ArtistName")) << " - "
@@ -21,9 +16,8 @@ int PrintPlaylist(const std::string& folder, const std::string& path) {
   const auto library = norvo::OpenLibrary(std::make_shared<norvo::HostedPlatform>(folder));
   const norvo::ObjectRef manager = library->Create("helperMan");
   const norvo::ObjectRef playlist = library->Create("PlayList");
-
-  const bool isPls = path.ends_with(".pls") || path.ends_with(".PLS");
-  playlist->Let("PlayListType", manager->Call(isPls ? "ParsePLSHeader" : "ParseM3UHeader", path));
+  const char* const parse = path.ends_with(".pls") ? "ParsePLSHeader" : "ParseM3UHeader";
+  playlist->Let("PlayListType", manager->Call(parse, path));
   const bool whole = norvo::ToBoolean(playlist->Call("ReadPlayList", path));
 
   const norvo::ObjectRef entries = norvo::ToObject(playlist->Get("PlayListEntries"));
@@ -33,17 +27,12 @@ int PrintPlaylist(const std::string& folder, const std::string& path) {
   return whole && count > 0 ? 0 : 1;
 }
 
-}  // namespace
-
 int main(int argc, char** argv) {
-  if (argc != 3) {
-    std::cerr << "usage: print_playlist MACHINE-FOLDER PLAYLIST\n";
-    return 2;
-  }
   try {
-    return PrintPlaylist(argv[1], argv[2]);
+    if (argc == 3) return PrintPlaylist(argv[1], argv[2]);
+    std::cerr << "usage: print_playlist MACHINE-FOLDER PLAYLIST\n";
   } catch (const std::exception& failure) {
     std::cerr << failure.what() << '\n';
-    return 2;
   }
+  return 2;
 }

@@ -108,7 +108,7 @@ def add_winamp_pls(add):
         [(r"Électronique [12 inch]\Kraft & Stoff - Signal.mp3", KEPT),
          (r"Électronique [12 inch]\Signal (Extended).mp3", KEPT),
          (r"..\Archive\Deep\er\than most folders\lost tape.mp3", KEPT),
-         (r"\Musik\Klassik\Suite Nr. 1\4. Gigue.mp3", UNREAD)])
+         (r"\Musik\Klassik\Suite Nr. 1\4. Gigue.mp3", UNREAD, SONG)])
 
     add("D/RECYCLER/S-1-5-21-1004336348-1177238915-682003330-1003/Dd4.pls", T_WAP,
         "In the recycle bin: the scan never lists it.",

@@ -78,10 +78,11 @@ class Counter {
   }
 
   void CountSongs() {
-    for (std::size_t i = 0; i < result_.songs.size(); ++i) {
-      if (!withSongs_ || !isReached_[i]) continue;
+    for (std::size_t i = 0; withSongs_ && i < result_.songs.size(); ++i) {
+      const bool isLeftOut = result_.songs[i].state == MovedSong::State::LeftOut;
+      if (!isReached_[i] && !(isLeftOut && result_.songs[i].listed)) continue;
       ++result_.count.songs;
-      if (!isWrong_[i]) ++result_.count.rightSongs;
+      if (!isWrong_[i] && !isLeftOut) ++result_.count.rightSongs;
     }
   }
 
