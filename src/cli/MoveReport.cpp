@@ -11,6 +11,7 @@
 #include "cli/TextLayout.h"
 #include "cli/WarningWords.h"
 #include "text/Encoding.h"
+#include "text/WindowsPath.h"
 
 namespace norvo::cli {
 namespace {
@@ -244,9 +245,19 @@ class Report {
                               SizeText(totals_.unlisted.bytes) +
                               "), left where they are; --all-music brings them, too");
     }
+    Folder();
     Players();
     Count();
     if (terms_.dryRun) Line("A trial: nothing was written on the new machine.", Style::Heading);
+  }
+
+  /// Where the new lists are: above the one of those for players of today.
+  void Folder() {
+    for (const MovedPlaylist& playlist : move_.playlists) {
+      if (playlist.companion.empty()) continue;
+      return Title("New lists", ToUtf8(ParentFolder(ParentFolder(playlist.companion))) +
+                                    ", a folder for each player");
+    }
   }
 
   /// What was set is told one by one only to those who want to know.

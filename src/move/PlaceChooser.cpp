@@ -187,6 +187,8 @@ String PlaceChooser::FullPlace(const MovedSong& song, const EntryAnswer& names) 
   constexpr int kMostTwins = 100;
   EntryAnswer full = names;
   if (full.fileName.empty()) full.fileName = LastComponent(song.source);
+  const CodePage& page = library_.Machine().AnsiPage();
+  if (page.Fits(names.place) && page.Fits(full.fileName)) return song.plainPlace;
   const auto portable = [](const String& name) {
     return name.empty() ? name : PortableName(name, nullptr);
   };
@@ -194,7 +196,7 @@ String PlaceChooser::FullPlace(const MovedSong& song, const EntryAnswer& names) 
   const String fileName = full.fileName;
   for (int mark = 2; mark < kMostTwins; ++mark) {
     const String place = entries_.Ask(full).place;
-    if (library_.Machine().AnsiPage().Fits(place)) break;
+    if (page.Fits(place)) break;
     const Fault fault = Judge(song, place, Spelling::Any);
     if (fault == Fault::None) return place;
     if (fault != Fault::Taken) break;

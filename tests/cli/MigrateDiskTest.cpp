@@ -194,8 +194,12 @@ TEST_F(NextStepTest, OfAMachineFolderTheFileIsTakenThere) {
       << outcome.out;
 }
 
-TEST_F(NextStepTest, WithoutPlayersSettingsThereIsNothingToImport) {
+TEST_F(NextStepTest, OfADiskTheProgramsOwnSettingsAreToBeImportedWithoutAnyPlayer) {
   MakeDisk({"Ann"});
+  EXPECT_TRUE(Holds(Migrate().out, "Next: on the new PC, double-click C:\\Norvo\\registry.reg"));
+}
+
+TEST_F(NextStepTest, OfAMachineFolderWithoutPlayersThereIsNothingToImport) {
   EXPECT_FALSE(Holds(Migrate().out, "Next:"));
 }
 

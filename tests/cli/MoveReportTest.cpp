@@ -87,6 +87,14 @@ TEST(MoveReport, AWholeMoveHasNoProblems) {
                                           "Checked     1 of 1 playlist, 1 of 1 song are right"}));
 }
 
+TEST(MoveReport, TheFolderOfTheNewListsIsTold) {
+  MadeMove move;
+  move.AddSong(u"C:\\One.mp3", u"C:\\New\\One.mp3", 100);
+  move.AddList(u"C:\\Mix.m3u", {0}).companion = u"C:\\Lists\\Modern Players\\Mix.m3u8";
+  EXPECT_NE(TextOf(ReportOf(move.result)).find("New lists   C:\\Lists, a folder for each player\n"),
+            std::string::npos);
+}
+
 TEST(MoveReport, NoLineIsWiderThanTheTerminal) {
   MadeMove move = EventfulMove();
   const String wide(30, u'\u97F3');

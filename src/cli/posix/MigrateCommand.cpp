@@ -77,14 +77,16 @@ void TellOpened(const OpenedFolders& opened, Console& console) {
   if (!to.empty()) console.Note(to);
 }
 
-/// What is left to be done on the new PC when settings of players stand in a registry's file. (One
-/// player has its settings in a file of its own, which is moved along.)
+/// What is left to be done on the new PC: its registry lacks what stands in the registry's file. Of
+/// a disk these are the program's own settings at least; in a machine's folder only those of
+/// players are of use elsewhere. (One player has its settings in a file of its own, which is moved
+/// along.)
 void SayNextStep(const MoveResult& move, const RegistryPlace& registry, Console& console) {
   const bool inRegistry =
       std::any_of(move.settings.begin(), move.settings.end(),
                   [](const PlayerSetting& setting) { return !HasDrive(setting.place); });
-  if (!inRegistry) return;
   const bool isOnDrive = !registry.machinePath.empty();
+  if (!inRegistry && !isOnDrive) return;
   const std::string file = isOnDrive ? registry.machinePath : "registry.reg";
   if (!isOnDrive) console.Say("Next: take " + registry.file.string() + " to the new PC.");
   console.Say((isOnDrive ? "Next: on" : "On") + std::string(" the new PC, double-click ") + file +
