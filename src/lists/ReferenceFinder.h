@@ -27,7 +27,7 @@ struct FoundReference {
 
 /// Finds what the references of playlists mean, by all the ways in which programs write them, and
 /// by all spellings of a name in Unicode. None of its questions raises, and none changes the
-/// component's state. It remembers the names of folders that it had to list.
+/// component's state. It remembers the names in the folders that it had to list.
 class ReferenceFinder {
  public:
   /// The component must outlive the finder.

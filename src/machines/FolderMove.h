@@ -34,8 +34,7 @@ struct OpenedFolders {
 /// A move between machines that are held in folders.
 struct FolderMove {
   /// A machine folder, or any folder, such as a mounted disk, which is then drive C of a machine;
-  /// see TakeFolder for the rule.
-  /// Nothing is written to a folder that is no machine.
+  /// see TakeFolder for the rule. Nothing is written to a folder that is no machine.
   std::filesystem::path from;
   /// The same; one that is empty or missing is made a machine. On a disk nothing is made but what
   /// the product puts there: its own folder, which takes the registry's file, songs and lists.

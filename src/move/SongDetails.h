@@ -10,8 +10,8 @@ namespace norvo {
 /// byte and of one kind, does not give. What a playlist itself tells comes first, unless its text
 /// is of the 8-bit page and the tag's name does not fit that.
 ///
-/// The files are from then on of the kind whose entries tell most, so that each of the native
-/// playlists made of them has names and lengths.
+/// The files are from then on of the kind whose entries tell most, so that each native playlist
+/// made of them has names and lengths, if its kind has room for any.
 void CompleteDetails(Component& library, MoveWork& work);
 
 }  // namespace norvo

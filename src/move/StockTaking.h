@@ -20,14 +20,15 @@ struct StockList {
 /// All that a machine has of playlists and music, whatever names it.
 struct Stock {
   std::vector<StockList> lists;  ///< in the order of the folders, files before sub-folders
-  std::vector<String> media;     ///< the same; those of folders that are skipped are no part of it
+  /// The same, without those in folders that nothing is taken from, and the system's own sounds.
+  std::vector<String> media;
 };
 
-/// Goes through all folders of the machine's fixed drives. A folder that cannot be listed is warned
-/// of, and the rest goes on.
+/// Goes through all folders of the machine's fixed drives, with progress. A folder that cannot be
+/// listed is passed over: the scan for playlists, which goes the same way, warns of it.
 ///
 /// Beside the known endings, files count as lists that begin as one does. To find these, files are
-/// opened; those whose endings tell that they are something else are not.
+/// opened; those whose endings tell that they are something else are not, nor is music.
 Stock TakeStock(Component& library, WorkReport& report);
 
 }  // namespace norvo
