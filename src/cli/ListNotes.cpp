@@ -111,6 +111,10 @@ void ListNotes::AddProblems(const MovedPlaylist& playlist, std::vector<Note>& no
       for (std::size_t i = 0; i < item.candidates.size(); ++i) {
         text += (i == 0 ? "; it may be " : " or ") + ToUtf8(item.candidates[i]);
       }
+      if (item.candidateCount > item.candidates.size()) {
+        text +=
+            " or one of " + std::to_string(item.candidateCount - item.candidates.size()) + " more";
+      }
       add(text);
     }
   }
@@ -163,6 +167,13 @@ void ListNotes::NoteSong(const Adjustment& row, const std::string& because) {
   const MovedSong& song = move_.songs[item->song];
   const StringView before = LastComponent(song.source);
   const StringView after = LastComponent(song.place);
+  if (song.plainPlace != song.place) {
+    changes_[row.playlist].push_back(
+        {"older players find " + Quoted(after) + " as " + ToUtf8(song.plainPlace) +
+             ", a second name of it, since their lists cannot hold all of its letters",
+         Weight::Detail});
+    return;
+  }
   const bool isSame = EqualsIgnoreCase(before, after);
   changes_[row.playlist].push_back({Quoted(before) +
                                         (isSame ? " is now in " + ToUtf8(ParentFolder(song.place))

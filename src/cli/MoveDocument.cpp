@@ -46,7 +46,10 @@ Json ItemDocument(const MovedItem& item, const MoveResult& move) {
   // Of a song it matters only where it does not lead to it.
   if (!item.IsSong() || item.foundElsewhere) AddPath(document, "reference", item.reference);
   if (!item.IsCarried()) AddReason(document, ReasonText(item), CodeOf(item.fate));
-  if (!item.candidates.empty()) document["candidates"] = Texts(item.candidates);
+  if (!item.candidates.empty()) {
+    document["candidates"] = Texts(item.candidates);
+    document["candidateCount"] = item.candidateCount;
+  }
   return document;
 }
 

@@ -123,7 +123,10 @@ class Page {
     const Segment segments[] = {
         {"brought", "brought", totals_.brought},
         {"there", "there already", totals_.there},
-        {"planned", terms_.dryRun ? "to be brought" : "left where they are, as you asked",
+        {"planned",
+         terms_.dryRun      ? "to be brought"
+         : terms_.withMedia ? "not brought yet"
+                            : "left where they are, as you asked",
          totals_.planned},
         {"left", "left out", totals_.songsLeftOut},
         {"unlisted", "in no playlist, left where they are", totals_.unlisted}};
@@ -292,8 +295,9 @@ class Page {
     html_ +=
         "<details class=\"list idle\"><summary><strong>Songs in no playlist</strong><small>"
         "</small><em>" +
-        Counted(totals_.unlisted.count, "song") +
-        " left where they are</em></summary>\n<div class=\"inside\">\n";
+        (hasBrought ? "came along, as you asked"
+                    : Counted(totals_.unlisted.count, "song") + " left where they are") +
+        "</em></summary>\n<div class=\"inside\">\n";
     html_ += kTableHead;
     for (const MovedSong& song : move_.songs) {
       if (!song.listed) Song(song, MovedItem());

@@ -304,7 +304,9 @@ void TellLeftOut(const MoveResult& move, Console& console) {
   const auto tell = [&](const std::string& line) {
     console.IsReportSeen() ? console.KeepLeftOut(line) : console.LeftOut(line);
   };
-  for (const WorkWarning& warning : move.warnings) console.KeepLeftOut(MoveWarningText(warning));
+  for (const WorkWarning& warning : move.warnings) {
+    if (!IsNotice(warning)) console.KeepLeftOut(MoveWarningText(warning));
+  }
   for (const MovedPlaylist& playlist : move.playlists) {
     const std::string path = ToUtf8(playlist.source) + ": ";
     if (playlist.state == MovedPlaylist::State::LeftOut) tell(path + ReasonText(playlist));

@@ -117,13 +117,14 @@ bool SongFile::LooksLike(const Kind& kind) {
 
 bool SongFile::Open(const Kind& kind) {
   file_.reset();
+  chunkTag_.reset();
   stream_ = std::make_unique<TagStream>(bytes_);
   (this->*kind.open)();
   if (!file_->isValid()) file_.reset();
   return file_ != nullptr;
 }
 
-/// A file that is called MP3 is MayBeModule taken for one.
+/// A file that is called MP3 is always taken for one.
 bool SongFile::TellsAnything() const {
   if (!file_) return false;
   const TagLib::AudioProperties* const audio = file_->audioProperties();

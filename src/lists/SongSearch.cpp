@@ -1,6 +1,7 @@
 #include "lists/SongSearch.h"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 #include "lists/NameSpelling.h"
@@ -86,8 +87,11 @@ SongSearch::Match SongSearch::FindKey(const Key& key) const {
 
 SongSearch::Found SongSearch::Chosen(const std::vector<std::size_t>& files) const {
   if (files.empty()) return {};
-  Found found{files.size() == 1 ? Kind::Unique : Kind::Several, {}};
-  for (const std::size_t file : files) found.paths.push_back(files_[file]);
+  constexpr std::size_t kMostTold = 10;  // who chooses by hand looks at no more
+  Found found{files.size() == 1 ? Kind::Unique : Kind::Several, {}, files.size()};
+  for (const std::size_t file : std::span(files).first(std::min(files.size(), kMostTold))) {
+    found.paths.push_back(files_[file]);
+  }
   return found;
 }
 

@@ -18,7 +18,8 @@ class SongSearch {
   /// The song; or all that it could be, in the order of the machine's files.
   struct Found {
     Kind kind = Kind::None;
-    std::vector<String> paths;  ///< full paths; none, one, or more, as the kind says
+    std::vector<String> paths;  ///< full paths; none, one, or more, of many the first ten
+    std::size_t count = 0;      ///< of all
   };
 
   /// Full paths of all media files of a machine, and the page of its 8-bit texts, which must

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <utility>
 
-#include "model/GenericSections.h"
 #include "move/PortableNames.h"
 #include "services/DataCop.h"
 #include "text/Encoding.h"
@@ -44,14 +43,10 @@ void SetNatives(MovedPlaylist& playlist, std::vector<String> paths) {
   playlist.natives = std::move(paths);
 }
 
-String NewCompanionPath(Component& library, const IniDocument& genericFile) {
+String NewCompanionPath(Component& library, StringView native) {
   const String folder =
       DataCop::GetSubNamePath(library, DataCop::kPlayListSlot) + String(kCompanionFolder) + u'\\';
-  const std::size_t globals = genericFile.FindSection(kGlobalSection);
-  const String original(genericFile.Value(globals, u"OriginalFileName").value_or(StringView()));
-  String base = original.substr(0, original.find(u'.'));
-  if (!IsPortableName(base)) base = PortableName(base);
-  const String name = base + String(kExtension);
+  const String name = String(BaseName(native)) + String(kExtension);
   const auto isFree = [&](const String& path) {
     return !library.Files().FileExists(path) && !library.Files().FolderExists(path);
   };

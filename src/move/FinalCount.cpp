@@ -104,6 +104,7 @@ class Counter {
     const std::vector<ListedItem> found = ItemsOf(path);
     bool right = found.size() == expected.size();
     if (!right) Warn(Kind::CountedListWrong, path, {}, {}, found.size(), expected.size());
+    for (std::size_t i = found.size(); i < expected.size(); ++i) NoteUnreached(*expected[i]);
     for (std::size_t i = 0; i < std::min(found.size(), expected.size()); ++i) {
       const String reference = found[i].references.front();
       right = (expected[i]->IsSong() ? Song(expected[i]->song, reference, path)
@@ -133,6 +134,10 @@ class Counter {
     isWrong_[number] = true;
     Warn(Kind::CountedSongWrong, path, reference, song.source);
     return false;
+  }
+
+  void NoteUnreached(const MovedItem& item) {
+    if (item.IsSong()) isReached_[item.song] = isWrong_[item.song] = true;
   }
 
   bool IsSame(const String& source, const String& place) {

@@ -20,8 +20,14 @@ bool MoveResult::IsWhole() const {
     return Count(playlist.items,
                  [](const MovedItem& item) { return item.fate == MovedItem::Fate::Ambiguous; }) > 0;
   };
-  return !cancelled && warnings.empty() && Count(playlists, isLeftOut) == 0 &&
+  const auto isFault = [](const WorkWarning& warning) { return !IsNotice(warning); };
+  return !cancelled && Count(warnings, isFault) == 0 && Count(playlists, isLeftOut) == 0 &&
          Count(playlists, isDoubtful) == 0 && Count(songs, isLeftOut) == 0;
+}
+
+bool IsNotice(const WorkWarning& warning) {
+  return warning.kind == WorkWarning::Kind::RoleKept ||
+         warning.kind == WorkWarning::Kind::GroupRootKept;
 }
 
 std::size_t CountSongs(const MovedPlaylist& playlist) {

@@ -58,12 +58,13 @@ struct MovedItem {
     Ambiguous    ///< left out: it leads to nothing, and `candidates` have its name
   };
 
-  Fate fate = Fate::Song;  ///< decides which of the others are set
-  std::size_t song = 0;    ///< 0-based number among the move's songs
-  String reference;        ///< of an address as it goes along; of what is left out as it was listed
-  std::size_t entry = 0;   ///< 1-based number in the new playlist; 0 for what is left out
+  Fate fate = Fate::Song;          ///< decides which of the others are set
+  std::size_t song = 0;            ///< 0-based number among the move's songs
+  String reference;                ///< of an address as it goes along; of all else as it was listed
+  std::size_t entry = 0;           ///< 1-based number in the new playlist; 0 for what is left out
   bool foundElsewhere = false;     ///< the song is not where the reference points
-  std::vector<String> candidates;  ///< full paths on the old machine; only of what is ambiguous
+  std::vector<String> candidates;  ///< full paths on the old machine, of many the first ten
+  std::size_t candidateCount = 0;  ///< all of them; only of what is ambiguous
   String artist;                   ///< as far as the playlist or the song's tag tells it
   String title;                    ///< the same
 
@@ -213,11 +214,14 @@ struct MoveResult {
   std::vector<MoveLog> logs;             ///< when one was wished for
   bool cancelled = false;  ///< the observer ended it; what is done stays, another run completes it
 
-  /// True when nothing that exists was left behind unasked: no warning, no song or playlist left
-  /// out, no item that may be one of several songs. Songs in no playlist, and playlists where
-  /// nothing is taken from, do not count.
+  /// True when nothing that exists was left behind unasked: no warning that is more than a notice,
+  /// no song or playlist left out, no item that may be one of several songs. Songs in no playlist,
+  /// and playlists where nothing is taken from, do not count.
   bool IsWhole() const;
 };
+
+/// True for a warning of what was found and is kept as it is: nothing is left behind for it.
+bool IsNotice(const WorkWarning& warning);
 
 /// Items of a playlist that are songs.
 std::size_t CountSongs(const MovedPlaylist& playlist);

@@ -184,7 +184,6 @@ void PlaceChooser::Settle(std::size_t number, MovedSong& song, const EntryAnswer
 /// The place that the song's own names give, in every script; the plain one where that tells them,
 /// or where there is no way.
 String PlaceChooser::FullPlace(const MovedSong& song, const EntryAnswer& names) {
-  constexpr int kMostTwins = 100;
   EntryAnswer full = names;
   if (full.fileName.empty()) full.fileName = LastComponent(song.source);
   const CodePage& page = library_.Machine().AnsiPage();
@@ -194,13 +193,15 @@ String PlaceChooser::FullPlace(const MovedSong& song, const EntryAnswer& names) 
   };
   full = {{}, portable(full.artist), portable(full.album), portable(full.fileName)};
   const String fileName = full.fileName;
-  for (int mark = 2; mark < kMostTwins; ++mark) {
-    const String place = entries_.Ask(full).place;
+  String place = entries_.Ask(full).place;
+  int& mark = nextMarks_.try_emplace(Fold(place), 2).first->second;
+  for (; mark < kMostNumbers; ++mark) {
     if (page.Fits(place)) break;
     const Fault fault = Judge(song, place, Spelling::Any);
     if (fault == Fault::None) return place;
     if (fault != Fault::Taken) break;
     full.fileName = NumberedName(fileName, mark);
+    place = entries_.Ask(full).place;
   }
   return song.plainPlace;
 }

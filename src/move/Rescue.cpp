@@ -243,6 +243,7 @@ Rescue::FoundItem Rescue::Find(const ListedItem& listed, const String& folder, b
     const bool better = !best || (found.kind == Kind::File && best->kind != Kind::File) ||
                         (found.kind == Kind::Address && best->kind > Kind::Address);
     if (better) best = std::move(found);
+    if (best->kind == Kind::File) break;
   }
   FoundItem found;
   found.listed = listed;
@@ -278,10 +279,12 @@ void Rescue::SearchFor(const ListedItem& listed, MovedItem& item) {
       item.song = songs_.NumberOf(found.paths.front());
       item.foundElsewhere = true;
       item.candidates.clear();
+      item.candidateCount = 0;
       return;
     }
     item.fate = MovedItem::Fate::Ambiguous;
     item.candidates = found.paths;
+    item.candidateCount = found.count;
   }
 }
 
@@ -401,7 +404,8 @@ void Rescue::Rewrite(const CollectedFile& file, const Listing& listing) {
       AddItem(*found, playlist, draft);
       MovedItem& item = playlist.items.back();
       if (!item.IsCarried()) continue;
-      item.reference = TextOf(*part[entry], u"Entry_SourceURL");  // the reader may spell it anew
+      // The reader may spell an address anew.
+      if (!item.IsSong()) item.reference = TextOf(*part[entry], u"Entry_SourceURL");
       item.entry = ++entry;
     }
     if (at + part.size() == entries.size()) {

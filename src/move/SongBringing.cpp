@@ -85,7 +85,7 @@ void GivePlainNames(MediaPlacer& namer, MoveWork& work) {
   std::vector<const MovedSong*> songs;
   std::vector<PlaceJob> jobs;
   for (const MovedSong& song : work.result.songs) {
-    if (!IsThere(song) || song.plainPlace == song.place) continue;
+    if (!IsThere(song) || !song.listed || song.plainPlace == song.place) continue;
     songs.push_back(&song);
     jobs.push_back({song.place, song.plainPlace});
   }

@@ -9,8 +9,8 @@ namespace norvo {
 /// notes what became of each.
 void BringSongs(MediaPlacer& placer, PlaceMode mode, MoveWork& work);
 
-/// Gives the songs that stand at places which the 8-bit page cannot tell their plain names. `namer`
-/// works from the new machine to itself. One that gets none is warned of.
+/// Gives the listed songs that stand at places which the 8-bit page cannot tell their plain names.
+/// `namer` works from the new machine to itself. One that gets none is warned of.
 void GivePlainNames(MediaPlacer& namer, MoveWork& work);
 
 }  // namespace norvo
