@@ -81,6 +81,9 @@ std::string FolderText(const MoveError& error) {
       return subject +
              " is no folder. Name the old machine's folder, or the folder where its disk is "
              "mounted, with --from.";
+    case MoveFault::EmptyFolder:
+      return subject +
+             " is empty. See that the old disk is mounted there, or name its folder with --from.";
     case MoveFault::NotListed:
       return subject + ": " + detail;
     case MoveFault::WorkNotCreated:

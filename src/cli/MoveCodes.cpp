@@ -85,6 +85,8 @@ const char* CodeOf(MovedPlaylist::Fault fault) {
   switch (fault) {
     case MovedPlaylist::Fault::None:
       break;
+    case MovedPlaylist::Fault::NotUnderstood:
+      return "notUnderstood";
     case MovedPlaylist::Fault::KindNotRead:
       return "kindNotRead";
     case MovedPlaylist::Fault::Unreadable:
@@ -229,6 +231,8 @@ const char* CodeOf(WorkWarning::Kind kind) {
       return "changedAddress";
     case WorkWarning::Kind::NoPlainName:
       return "noPlainName";
+    case WorkWarning::Kind::ListDamaged:
+      return "listDamaged";
     case WorkWarning::Kind::CompanionMissing:
       return "companionMissing";
     case WorkWarning::Kind::CountedListWrong:

@@ -90,7 +90,9 @@ Json SongDocument(const MovedSong& song) {
 }
 
 Json UnlistedDocument(const UnlistedSong& song) {
-  return {{"source", ToUtf8(song.source)}, {"bytes", JsonNumber(song.size)}};
+  Json document{{"source", ToUtf8(song.source)}, {"bytes", JsonNumber(song.size)}};
+  if (song.rule != MovedPlaylist::SkipRule::None) document["rule"] = CodeOf(song.rule);
+  return document;
 }
 
 Json AdjustmentDocument(const Adjustment& row, const MoveResult& move) {
@@ -137,6 +139,7 @@ Json SummaryDocument(const MoveResult& move) {
           {"planned", AmountDocument(totals.planned)},
           {"songsLeftOut", AmountDocument(totals.songsLeftOut)},
           {"unlisted", AmountDocument(totals.unlisted)},
+          {"discarded", AmountDocument(totals.discarded)},
           {"foundElsewhere", totals.elsewhere},
           {"referencesChecked", move.verification.checked},
           {"referencesFound", move.verification.found}};

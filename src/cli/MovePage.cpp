@@ -81,7 +81,7 @@ class Page {
   }
 
  private:
-  bool IsAll() const { return move_.IsWhole() && totals_.gone == 0; }
+  bool IsAll() const { return move_.IsWhole() && totals_.gone + totals_.notMedia == 0; }
 
   // -------------------------------------------------------------------------- the summary ----
 

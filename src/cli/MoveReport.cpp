@@ -193,7 +193,11 @@ class Report {
     }
     if (totals_.gone > 0) {
       Problem(Counted(totals_.gone, "listed file") + (totals_.gone == 1 ? " is" : " are") +
-              " not on the old machine, or no music");
+              " not on the old machine");
+    }
+    if (totals_.notMedia > 0) {
+      Problem(Counted(totals_.notMedia, "listed file") + (totals_.notMedia == 1 ? " is" : " are") +
+              " no music");
     }
     for (const WorkWarning& warning : move_.warnings) Problem(MoveWarningText(warning));
   }
@@ -244,6 +248,11 @@ class Report {
       Title("In no list", Counted(totals_.unlisted.count, "song") + " (" +
                               SizeText(totals_.unlisted.bytes) +
                               "), left where they are; --all-music brings them, too");
+    }
+    if (totals_.discarded.count > 0) {
+      Title("", Counted(totals_.discarded.count, "song") + " (" +
+                    SizeText(totals_.discarded.bytes) +
+                    ") in recycle bins and among temporary files, not taken");
     }
     Folder();
     Players();

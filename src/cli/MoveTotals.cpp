@@ -46,12 +46,16 @@ MoveTotals TotalsOf(const MoveResult& move) {
     for (const MovedItem& item : playlist.items) {
       const bool isDoubtful = item.fate == MovedItem::Fate::Ambiguous;
       totals.ambiguous += isDoubtful ? 1U : 0U;
-      totals.gone += !item.IsCarried() && !isDoubtful ? 1U : 0U;
+      totals.gone += item.fate == MovedItem::Fate::NoSuchFile ? 1U : 0U;
+      totals.notMedia += item.fate == MovedItem::Fate::NotMedia ? 1U : 0U;
       totals.elsewhere += item.foundElsewhere ? 1U : 0U;
     }
   }
   for (const MovedSong& song : move.songs) AmountOf(song, totals).Add(song.size);
-  for (const UnlistedSong& song : move.unlisted) totals.unlisted.Add(song.size);
+  for (const UnlistedSong& song : move.unlisted) {
+    (song.rule == MovedPlaylist::SkipRule::None ? totals.unlisted : totals.discarded)
+        .Add(song.size);
+  }
   return totals;
 }
 

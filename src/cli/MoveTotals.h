@@ -35,9 +35,11 @@ struct MoveTotals {
   Amount planned;       ///< have a place, to which they were not brought
   Amount songsLeftOut;  ///< could not be brought
   Amount unlisted;      ///< in no playlist, and left where they are
+  Amount discarded;     ///< in no playlist, in recycle bins and the like
 
   // Entries of playlists.
-  std::size_t gone = 0;       ///< lead to nothing, or to no media file
+  std::size_t gone = 0;       ///< lead to nothing
+  std::size_t notMedia = 0;   ///< lead to a file that is no music
   std::size_t ambiguous = 0;  ///< may be one of several songs
   std::size_t elsewhere = 0;  ///< are songs that do not stand where the playlist says
 };

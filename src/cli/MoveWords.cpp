@@ -94,6 +94,8 @@ std::string ReasonText(const MovedPlaylist& playlist) {
   switch (playlist.fault) {
     case MovedPlaylist::Fault::None:
       break;
+    case MovedPlaylist::Fault::NotUnderstood:
+      return "the file is damaged, or no playlist but for its name";
     case MovedPlaylist::Fault::KindNotRead:
       return "only its own player can read a " +
              (playlist.kind.empty() ? "list of this kind" : playlist.kind);

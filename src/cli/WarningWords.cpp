@@ -40,6 +40,8 @@ std::string FindingText(const WorkWarning& warning) {
     case Kind::NoPlainName:
       return subject + "older players cannot find it under its own name, and a second name, " +
              ToUtf8(warning.wanted) + ", cannot be made: " + ToUtf8(warning.detail);
+    case Kind::ListDamaged:
+      return subject + "is damaged: it ends before its own end, and what stood behind that is lost";
     case Kind::CompanionMissing:
       return subject + "its new list for players of today (.m3u8) was not written";
     case Kind::CountedListWrong:

@@ -59,6 +59,9 @@ class EntryCollector {
     if (tags.Opens(u"Entry") || tags.Closes(u"Entry")) {
       EndEntry();
       if (tags.Opens(u"Entry") && !tags.IsSelfClosing()) entry_.emplace();
+    } else if (tags.Opens(u"EntryRef")) {
+      EndEntry();
+      AddList(tags.Attribute(u"href"));
     } else if (entry_ && tags.Opens(u"Ref")) {
       AddReference(tags.Attribute(u"href"));
     } else if (entry_ && tags.Opens(u"Param")) {
@@ -87,6 +90,12 @@ class EntryCollector {
   ListedList List() && { return std::move(list_); }
 
  private:
+  /// Another list, of which a player takes the entries: mostly of a station on the internet.
+  void AddList(StringView href) {
+    String reference = ReferenceText(href);
+    if (!reference.empty()) list_.items.emplace_back().references.push_back(std::move(reference));
+  }
+
   /// Outside the entries the title is the list's, but only in front of them.
   String* TitleElement() {
     if (entry_) return &entry_->title;

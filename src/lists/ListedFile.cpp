@@ -1,5 +1,7 @@
 #include "lists/ListedFile.h"
 
+#include <algorithm>
+
 #include "lists/ItemText.h"
 #include "lists/ListEncoding.h"
 #include "lists/ListMarks.h"
@@ -15,6 +17,36 @@ bool HasDirective(StringView text) {
   return false;
 }
 
+/// The tag that ends a file of that syntax; empty where none must.
+StringView EndOf(ListSyntax syntax) {
+  switch (syntax) {
+    case ListSyntax::Wpl:
+      return u"</smil>";
+    case ListSyntax::Xspf:
+      return u"</playlist>";
+    case ListSyntax::B4s:
+      return u"</WinampXML>";
+    case ListSyntax::ITunes:
+      return u"</plist>";
+    case ListSyntax::Asx:  // which many write without one
+    case ListSyntax::M3u:
+    case ListSyntax::Pls:
+      break;
+  }
+  return {};
+}
+
+/// Nothing but blanks and NULs, and of these at least one: what a failing disk leaves of a file.
+bool IsBlankedOut(StringView text) {
+  const auto isNothing = [](char16_t unit) { return unit == 0 || IsBlankOrControl(unit); };
+  return text.find(u'\0') != StringView::npos && std::all_of(text.begin(), text.end(), isNothing);
+}
+
+bool IsDamaged(StringView text, ListSyntax syntax) {
+  if (CleanText(text).empty()) return IsBlankedOut(text);
+  return !ContainsIgnoreCase(text, EndOf(syntax));
+}
+
 }  // namespace
 
 std::optional<ListedFile> ReadListFile(StringView fileName, std::string_view bytes,
@@ -23,7 +55,7 @@ std::optional<ListedFile> ReadListFile(StringView fileName, std::string_view byt
   const std::optional<ListSyntax> syntax = SyntaxOf(fileName, text);
   if (!syntax) return std::nullopt;
   return ListedFile{*syntax, *syntax == ListSyntax::M3u && HasDirective(text),
-                    ReadLists(text, *syntax, most)};
+                    ReadLists(text, *syntax, most), IsDamaged(text, *syntax)};
 }
 
 }  // namespace norvo

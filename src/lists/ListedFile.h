@@ -14,6 +14,8 @@ struct ListedFile {
   ListSyntax syntax = ListSyntax::M3u;  ///< how it is written, whatever its name says
   bool hasTitles = false;               ///< an M3U with lines like "#EXTINF:215,Artist - Title"
   std::vector<ListedList> lists;        ///< see ReadLists
+  /// It is no list but for its name, or ends before its own end, so that more may have stood there.
+  bool isDamaged = false;
 };
 
 /// Reads a list file of any kind that is known, by its name and its text; see SyntaxOf and

@@ -19,6 +19,9 @@ TakenFolder TakeSource(const fs::path& from) {
   if (taken.kind == TakenFolder::Kind::Missing) {
     throw MoveError(MoveFault::NoFolder, from.string());
   }
+  if (taken.kind == TakenFolder::Kind::Empty) {
+    throw MoveError(MoveFault::EmptyFolder, from.string());
+  }
   return taken;
 }
 

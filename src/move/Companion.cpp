@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "model/GenericSections.h"
 #include "move/PortableNames.h"
 #include "services/DataCop.h"
 #include "text/Encoding.h"
@@ -43,10 +44,12 @@ void SetNatives(MovedPlaylist& playlist, std::vector<String> paths) {
   playlist.natives = std::move(paths);
 }
 
-String NewCompanionPath(Component& library, StringView native) {
+String NewCompanionPath(Component& library, const IniDocument& genericFile) {
   const String folder =
       DataCop::GetSubNamePath(library, DataCop::kPlayListSlot) + String(kCompanionFolder) + u'\\';
-  const String name = String(BaseName(native)) + String(kExtension);
+  const std::size_t globals = genericFile.FindSection(kGlobalSection);
+  const String original(genericFile.Value(globals, u"OriginalFileName").value_or(StringView()));
+  const String name = PortableName(original.substr(0, original.find(u'.'))) + String(kExtension);
   const auto isFree = [&](const String& path) {
     return !library.Files().FileExists(path) && !library.Files().FolderExists(path);
   };

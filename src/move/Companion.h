@@ -2,6 +2,7 @@
 
 #include "move/MoveWork.h"
 #include "services/Component.h"
+#include "services/IniDocument.h"
 #include "text/Text.h"
 
 namespace norvo {
@@ -18,8 +19,9 @@ bool IsCompanion(StringView path);
 /// Takes over what a playlist was made into: the files of the players, and its companion.
 void SetNatives(MovedPlaylist& playlist, std::vector<String> paths);
 
-/// A full path for the companion, which no file has, by the name of one of the players' files.
-String NewCompanionPath(Component& library, StringView native);
+/// A full path for the companion of a playlist with that generic file, which no file has. It has
+/// the playlist's own name, while the players' files lose some letters of theirs.
+String NewCompanionPath(Component& library, const IniDocument& genericFile);
 
 /// Its text, with a byte order mark. A song that has no place is no part of it.
 std::string CompanionText(const MovedPlaylist& playlist, const std::vector<ToldDetails>& told,

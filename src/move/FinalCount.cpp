@@ -129,7 +129,10 @@ class Counter {
     if (!withSongs_ || song.state == MovedSong::State::LeftOut) return true;
     isReached_[number] = true;
     const FoundReference found = finder_.Find(reference, ParentFolder(path));
-    const bool right = found.kind == FoundReference::Kind::File && IsSame(song.source, found.path);
+    // Music without an ending that tells so counts as well.
+    const bool isFile =
+        found.kind == FoundReference::Kind::File || found.kind == FoundReference::Kind::NotMedia;
+    const bool right = isFile && IsSame(song.source, found.path);
     if (right) return true;
     isWrong_[number] = true;
     Warn(Kind::CountedSongWrong, path, reference, song.source);

@@ -37,6 +37,8 @@ const char* StatementOf(MoveFault fault) {
       return "holds no machine";
     case MoveFault::NoFolder:
       return "is no folder";
+    case MoveFault::EmptyFolder:
+      return "is empty";
     case MoveFault::NotListed:
       return "cannot be listed";
     case MoveFault::WorkNotCreated:

@@ -26,6 +26,7 @@ enum class MoveFault {
   // Machines that are held in folders.
   NoMachine,            ///< subject: a folder that holds none; detail: why
   NoFolder,             ///< subject: what should be the old machine's folder
+  EmptyFolder,          ///< subject: what should be the old machine's folder, and holds nothing
   NotListed,            ///< subject: a folder; detail: why it cannot be listed
   WorkNotCreated,       ///< subject: the work folder; detail: why
   WorkTaken,            ///< subject: the work folder, which holds a machine of its own

@@ -119,12 +119,27 @@ void DropUnused(MoveResult& move) {
   move.songs = std::move(songs);
 }
 
+/// Of several paths that lead to one file, as the links of a disk make them, only the first.
+void DropSecondPaths(std::vector<String>& media, MediaPlacer& placer) {
+  std::unordered_set<std::string> identities;
+  std::erase_if(media, [&](const String& path) {
+    return !identities.insert(placer.IdentityOf(path)).second;
+  });
+}
+
 /// The music that no playlist names: it comes along when all is wished for, else it is told of.
-void AddUnlisted(const Stock& stock, FileSystem& files, bool allMusic, MoveResult& move) {
+void AddUnlisted(const Stock& stock, FileSystem& files, MediaPlacer& placer, bool allMusic,
+                 MoveResult& move) {
   std::unordered_set<String> listed;
-  for (const MovedSong& song : move.songs) listed.insert(Fold(song.source));
+  std::unordered_set<std::string> identities;
+  for (const MovedSong& song : move.songs) {
+    listed.insert(Fold(song.source));
+    identities.insert(placer.IdentityOf(song.source));
+  }
   for (const String& path : stock.media) {
+    // A link may lead to the same file by another path.
     if (listed.contains(Fold(path))) continue;
+    if (!identities.insert(placer.IdentityOf(path)).second) continue;
     const std::optional<FileFacts> facts = files.FactsOf(path);
     const double size = facts ? facts->size : 0;
     if (!allMusic) {
@@ -136,18 +151,20 @@ void AddUnlisted(const Stock& stock, FileSystem& files, bool allMusic, MoveResul
     song.size = size;
     song.listed = false;
   }
+  move.unlisted.insert(move.unlisted.end(), stock.skipped.begin(), stock.skipped.end());
 }
 
 /// Finds what there is to move on the old machine.
 void Gather(OldMachine& old, const MoveOptions& options, MediaPlacer& placer, MoveWork& work) {
   Component& library = old.Library();
-  const Stock stock = TakeStock(library, work.report);
+  Stock stock = TakeStock(library, work.report);
+  DropSecondPaths(stock.media, placer);
   CollectResult collected;
   CollectForMove(library, old.Settings(), work.report, collected);
   SongBook songs(library.Files(), placer, work.result.songs);
   Rescue(library, old.Settings(), stock, songs, work).Run(collected);
   DropUnused(work.result);
-  AddUnlisted(stock, library.Files(), options.allMusic, work.result);
+  AddUnlisted(stock, library.Files(), placer, options.allMusic, work.result);
   CompleteDetails(library, work);
 }
 

@@ -120,6 +120,7 @@ struct MovedPlaylist {
   enum class Fault {
     None,                    ///< it was not
     KindNotRead,             ///< nobody but its own player can read it
+    NotUnderstood,           ///< it is damaged, or no list but for its name
     Unreadable,              ///< on the old machine
     GenericNotWritten,       ///< on the old machine
     GenericDoesNotReadBack,  ///< what was written for it tells something else
@@ -181,8 +182,9 @@ struct Verification {
 
 /// A media file of the old machine that no playlist names and that stays behind.
 struct UnlistedSong {
-  String source;    ///< full path on the old machine
-  double size = 0;  ///< bytes
+  String source;                                                 ///< full path on the old machine
+  double size = 0;                                               ///< bytes
+  MovedPlaylist::SkipRule rule = MovedPlaylist::SkipRule::None;  ///< where nothing is taken from
 };
 
 /// What the count at the end gave: every new playlist read afresh by a reader of its own, and its

@@ -10,6 +10,7 @@
 #include "automation/RunTimeError.h"
 #include "controller/HeaderSniffer.h"
 #include "lists/ListKinds.h"
+#include "lists/SongTags.h"
 #include "lists/XmlEntities.h"
 #include "model/GenericSections.h"
 #include "model/NewEntry.h"
@@ -82,20 +83,6 @@ Fingerprint ContentOf(const ListedList& list) {
   return FingerprintOf(fields);
 }
 
-MovedPlaylist::SkipRule RuleOf(SkippedFolder folder) {
-  switch (folder) {
-    case SkippedFolder::None:
-      break;
-    case SkippedFolder::SystemVolume:
-      return MovedPlaylist::SkipRule::SystemFolder;
-    case SkippedFolder::RecycleBin:
-      return MovedPlaylist::SkipRule::RecycleBin;
-    case SkippedFolder::TemporaryInternetFiles:
-      return MovedPlaylist::SkipRule::TemporaryInternetFiles;
-  }
-  return MovedPlaylist::SkipRule::None;
-}
-
 ToldDetails DetailsOf(const ListedItem& item) {
   return {item.title, item.artist, item.album, item.genre, item.track, item.seconds};
 }
@@ -118,7 +105,7 @@ std::vector<Rescue::CollectedFile> Rescue::FilesOf(const CollectResult& collecte
   std::unordered_map<StringView, std::size_t> byPath;
   const auto fileOf = [&](const String& path) -> CollectedFile& {
     const auto [found, isNew] = byPath.try_emplace(path, files.size());
-    if (isNew) files.emplace_back().stock = {path, "playlist", true, SkippedFolder::None};
+    if (isNew) files.emplace_back().stock = {path, "playlist", true, MovedPlaylist::SkipRule::None};
     return files[found->second];
   };
   for (const StockList& list : stock_.lists) fileOf(list.path).stock = list;
@@ -164,9 +151,9 @@ MovedPlaylist Rescue::NewPlaylist(const CollectedFile& file) {
 
 void Rescue::Take(const CollectedFile& file) {
   MovedPlaylist playlist = NewPlaylist(file);
-  if (file.stock.place != SkippedFolder::None) {
+  if (file.stock.rule != MovedPlaylist::SkipRule::None) {
     playlist.state = MovedPlaylist::State::Skipped;
-    playlist.rule = RuleOf(file.stock.place);
+    playlist.rule = file.stock.rule;
   } else if (!file.stock.isRead) {
     LeaveOut(playlist, MovedPlaylist::Fault::KindNotRead);
   } else {
@@ -180,12 +167,30 @@ void Rescue::Take(const CollectedFile& file) {
 }
 
 void Rescue::TakeLists(const CollectedFile& file) {
-  const std::vector<Listing> listings = Look(file.stock.path);
-  for (const Listing& listing : listings) TakeList(file, listing);
-  if (!listings.empty()) return;
-  MovedPlaylist playlist = NewPlaylist(file);
-  playlist.state = MovedPlaylist::State::NoSongs;
-  Add(std::move(playlist), {});
+  const LookedAt found = Look(file.stock.path);
+  const bool hasSongs = std::any_of(found.listings.begin(), found.listings.end(),
+                                    [](const Listing& listing) { return listing.hasSongs; });
+  if (hasSongs) {
+    if (found.isDamaged) WarnOfDamage(file.stock.path);
+    for (const Listing& listing : found.listings) TakeList(file, listing);
+  } else if (found.isDamaged) {
+    MovedPlaylist playlist = NewPlaylist(file);
+    LeaveOut(playlist, MovedPlaylist::Fault::NotUnderstood);
+    Add(std::move(playlist), {});
+  } else if (found.listings.empty()) {
+    MovedPlaylist playlist = NewPlaylist(file);
+    playlist.state = MovedPlaylist::State::NoSongs;
+    Add(std::move(playlist), {});
+  } else {
+    for (const Listing& listing : found.listings) TakeList(file, listing);
+  }
+}
+
+void Rescue::WarnOfDamage(const String& path) {
+  WorkWarning warning;
+  warning.kind = WorkWarning::Kind::ListDamaged;
+  warning.subject = path;
+  work_.report.Warn(std::move(warning));
 }
 
 void Rescue::TakeList(const CollectedFile& file, const Listing& listing) {
@@ -205,21 +210,22 @@ void Rescue::TakeList(const CollectedFile& file, const Listing& listing) {
   Add(std::move(playlist), std::move(draft));
 }
 
-std::vector<Rescue::Listing> Rescue::Look(const String& path) {
+Rescue::LookedAt Rescue::Look(const String& path) {
   const std::string bytes = ReadWholeFile(*library_.Files().OpenForReading(path));
   const std::optional<ListedFile> file =
       ReadListFile(NameForReading(path), bytes, library_.Machine().AnsiPage());
-  std::vector<Listing> listings;
-  if (!file) return listings;
+  LookedAt found;
+  if (!file) return found;
+  found.isDamaged = file->isDamaged;
   const bool isLibrary = file->syntax == ListSyntax::ITunes;
   for (const ListedList& list : file->lists) {
     Listing listing = Resolve(list, String(ParentFolder(path)), file->syntax);
     listing.hasTitles = file->hasTitles;
     listing.content = isLibrary ? ContentOf(list) : FingerprintOf(bytes);
     if (isLibrary) listing.name = list.name;
-    listings.push_back(std::move(listing));
+    found.listings.push_back(std::move(listing));
   }
-  return listings;
+  return found;
 }
 
 Rescue::Listing Rescue::Resolve(const ListedList& list, const String& folder, ListSyntax syntax) {
@@ -259,6 +265,10 @@ Rescue::FoundItem Rescue::Find(const ListedItem& listed, const String& folder, b
       break;
     case Kind::NotMedia:
       found.item.fate = MovedItem::Fate::NotMedia;
+      if (ReadSongTags(library_.Files(), best->path)) {  // by its content it is music all the same
+        found.item.fate = MovedItem::Fate::Song;
+        found.item.song = songs_.NumberOf(best->path, best->size);
+      }
       break;
     case Kind::Missing:
       SearchFor(listed, found.item);

@@ -57,6 +57,12 @@ class Rescue {
     Fingerprint content;
   };
 
+  /// A file as it understands it.
+  struct LookedAt {
+    std::vector<Listing> listings;
+    bool isDamaged = false;
+  };
+
   std::vector<CollectedFile> FilesOf(const CollectResult& collected) const;
   static Mending::Kind WhyLost(const CollectedFile& file);
   static MovedPlaylist NewPlaylist(const CollectedFile& file);
@@ -65,7 +71,8 @@ class Rescue {
   void TakeList(const CollectedFile& file, const Listing& listing);
   void Add(MovedPlaylist playlist, PlaylistDraft draft);
   static void AddItem(const FoundItem& found, MovedPlaylist& playlist, PlaylistDraft& draft);
-  std::vector<Listing> Look(const String& path);
+  void WarnOfDamage(const String& path);
+  LookedAt Look(const String& path);
   Listing Resolve(const ListedList& list, const String& folder, ListSyntax syntax);
   FoundItem Find(const ListedItem& listed, const String& folder, bool isMarkup);
   void SearchFor(const ListedItem& listed, MovedItem& item);

@@ -47,7 +47,6 @@ class LedgerWatcher final : public LibraryWatcher {
     // When the sub-names cannot be read for a moment it would stand where no player looks.
     if (!path.starts_with(folder_)) throw RunTimeError(error::kPathNotFound);
     ledger_.AddNative(String(path));
-    native_ = path;
     whole_ = before;
     ++natives_;
   }
@@ -74,7 +73,7 @@ class LedgerWatcher final : public LibraryWatcher {
 
   bool WriteCompanion(std::size_t number) {
     return Attempt([&] {
-      const String path = NewCompanionPath(library_, native_);
+      const String path = NewCompanionPath(library_, work_.drafts[number].document);
       if (!path.starts_with(folder_)) throw RunTimeError(error::kPathNotFound);
       ledger_.AddNative(path);
       library_.Machine().Settings().Write(
@@ -86,7 +85,6 @@ class LedgerWatcher final : public LibraryWatcher {
   Component& library_;
   RestoreLedger& ledger_;
   MoveWork& work_;
-  String native_;                          // the last one
   String folder_;                          // of all native playlists
   std::map<String, std::size_t> numbers_;  // of the move's playlists, by folded generic file
   std::set<String> restored_;              // generic files, folded

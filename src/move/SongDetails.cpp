@@ -65,6 +65,15 @@ String Tellable(const String& address, const CodePage& page) {
   return text;
 }
 
+/// What a text of the 8-bit page may have in place of a tag's character: a mark, the byte of
+/// another page, or a letter without its accent.
+bool IsRemainder(char16_t told, char16_t tag) {
+  constexpr char16_t kLastLatin = 0x24F;
+  constexpr char16_t kLastAscii = 0x7F;
+  if (tag <= kLastAscii) return ToUpper(told) == ToUpper(tag);
+  return told == u'?' || told == u'_' || told > kLastAscii || tag <= kLastLatin;
+}
+
 /// One section of a generic file.
 class Section {
  public:
@@ -137,9 +146,10 @@ class Completer {
     }
   }
 
-  /// A playlist of the 8-bit page cannot tell the tag's name.
+  /// A playlist of the 8-bit page cannot tell the tag's name, and has what became of it there.
   bool IsLossy(const String& told, const String& tag) const {
-    return !tag.empty() && !page_.Fits(tag) && page_.Fits(told);
+    return !page_.Fits(tag) && page_.Fits(told) &&
+           std::equal(told.begin(), told.end(), tag.begin(), tag.end(), IsRemainder);
   }
   /// True where the playlist's own names do not hold against the tag's: they cannot tell them, or
   /// are in the other order, as one player writes them.
@@ -161,8 +171,10 @@ class Completer {
     if (HasBetterTag(told, tags)) told.artist = told.title = String();
     if (IsLossy(told.album, tags.album)) told.album.clear();
     String title = Choose(told.title, tags.title, entry.Get(u"SongName"));
-    String artist = Choose(told.artist, tags.artist, entry.Get(u"Artist"));
-    const String album = Choose(told.album, tags.album, entry.Get(u"Album"));
+    const String shownArtist = Choose(told.artist, tags.artist, entry.Get(u"Artist"));
+    // They decide where the song goes, for all lists that name it: its own tag goes first.
+    String artist = Choose(tags.artist, told.artist, entry.Get(u"Artist"));
+    const String album = Choose(tags.album, told.album, entry.Get(u"Album"));
     // A length goes along with a name only.
     const bool lacksName = title.empty() && item.IsSong() && !entry.Get(u"Duration").empty();
     if (lacksName) title = BaseName(work_.result.songs[item.song].source);
@@ -180,12 +192,12 @@ class Completer {
     // The library's own guess, by the file's name, is what a player shows anyway.
     const bool isGuess = told.title.empty() && tags.title.empty() && artist.empty() &&
                          entry.Get(u"Duration").empty();
-    if (!isGuess) entry.SetWhereEmpty(u"ASX_Title", title);
-    entry.SetWhereEmpty(u"ASX_Author", artist);
+    if (!isGuess) entry.Set(u"ASX_Title", title);
+    if (!isStream) entry.SetWhereEmpty(u"ASX_Author", shownArtist);
     entry.Set(u"Genre", Choose(told.genre, tags.genre, entry.Get(u"Genre")));
     if (!title.empty() && !isGuess) entry.Set(u"HasExtendedInfo", String(kTrue));
     told.title = item.title = title;
-    told.artist = item.artist = artist;
+    told.artist = item.artist = shownArtist;
     return mended;
   }
 

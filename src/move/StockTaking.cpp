@@ -4,9 +4,11 @@
 #include <array>
 #include <iterator>
 #include <optional>
+#include <span>
 #include <string_view>
 
 #include "automation/Attempt.h"
+#include "controller/ScanRules.h"
 #include "lists/ListKinds.h"
 #include "lists/ListMarks.h"
 #include "lists/SongNames.h"
@@ -46,33 +48,74 @@ bool IsMusic(StringView name) {
   return HasSongExtension(name) && !EqualsIgnoreCase(Utility::GetExtension(name), u"dat");
 }
 
-/// The system's own sounds are no music of anybody's.
+/// The system's own sounds are no music of anybody's. Old systems keep people's folders there, too.
 bool IsOfSystem(StringView folder) {
-  const StringView below = folder.substr(std::min(folder.size(), std::size_t{3}));
-  const StringView top = below.substr(0, below.find(u'\\'));
-  return EqualsIgnoreCase(top, u"Windows") || EqualsIgnoreCase(top, u"WINNT");
+  constexpr StringView kTops[] = {u"Windows", u"WINNT"};
+  constexpr StringView kOwn[] = {u"assembly",
+                                 u"Cursors",
+                                 u"diagnostics",
+                                 u"Help",
+                                 u"ImmersiveControlPanel",
+                                 u"Installer",
+                                 u"Media",
+                                 u"Resources",
+                                 u"ServicePackFiles",
+                                 u"servicing",
+                                 u"Speech",
+                                 u"SystemApps",
+                                 u"SystemResources",
+                                 u"System",
+                                 u"System32",
+                                 u"SysWOW64",
+                                 u"Web",
+                                 u"WinSxS"};
+  const std::vector<StringView> names = Split(folder, u'\\');
+  if (names.size() < 3) return false;
+  const auto isOne = [](StringView name, std::span<const StringView> of) {
+    return std::any_of(of.begin(), of.end(),
+                       [name](StringView each) { return EqualsIgnoreCase(name, each); });
+  };
+  return isOne(names[1], kTops) && isOne(names[2], kOwn);
+}
+
+MovedPlaylist::SkipRule RuleOf(SkippedFolder folder) {
+  switch (folder) {
+    case SkippedFolder::None:
+      break;
+    case SkippedFolder::SystemVolume:
+      return MovedPlaylist::SkipRule::SystemFolder;
+    case SkippedFolder::RecycleBin:
+      return MovedPlaylist::SkipRule::RecycleBin;
+    case SkippedFolder::TemporaryInternetFiles:
+      return MovedPlaylist::SkipRule::TemporaryInternetFiles;
+  }
+  return MovedPlaylist::SkipRule::None;
 }
 
 class StockTaker final : public FolderVisitor {
+  using Rule = MovedPlaylist::SkipRule;
+
  public:
   StockTaker(Component& library, WorkReport& report) : library_(library), report_(report) {}
 
   bool EnterFolder(StringView folder) override {
     report_.Progress({WorkPhase::TakingStock, ++folders_, 0, 0, 0, folder});
-    place_ = SkippedFolder::None;
+    rule_ = Rule::None;
     for (const StringView name : Split(folder, u'\\')) {
-      if (place_ == SkippedFolder::None) place_ = SkippedFolderOf(name);
+      if (rule_ == Rule::None) rule_ = RuleOf(SkippedFolderOf(name));
     }
     isOfSystem_ = IsOfSystem(folder);
     return true;
   }
 
-  void VisitFile(StringView folder, StringView name) override {
+  /// Points and blanks at the end of a name do not count on Windows.
+  void VisitFile(StringView folder, StringView written) override {
+    const StringView name = WithoutTrail(written);
     const String path = String(folder) + String(name);
     if (const ListKind* const kind = KindOf(path)) {
       AddList(path, kind->name, kind->syntax.has_value());
     } else if (IsMusic(name)) {
-      if (place_ == SkippedFolder::None && !isOfSystem_) stock_.media.push_back(path);
+      AddMedia(path);
     } else if (!HasOtherEnding(name) && BeginsAsList(path)) {
       AddList(path, "playlist with a name of its own", true);
     }
@@ -86,7 +129,15 @@ class StockTaker final : public FolderVisitor {
 
  private:
   void AddList(const String& path, const char* kind, bool isRead) {
-    stock_.lists.push_back({path, kind, isRead, place_});
+    stock_.lists.push_back({path, kind, isRead, rule_});
+  }
+
+  void AddMedia(const String& path) {
+    if (isOfSystem_) return;
+    if (rule_ == Rule::None) return stock_.media.push_back(path);
+    const std::optional<FileFacts> facts =
+        AnswerOr(std::optional<FileFacts>(), [&] { return library_.Files().FactsOf(path); });
+    stock_.skipped.push_back({path, facts ? facts->size : 0, rule_});
   }
 
   /// False also for one that cannot be opened: its name tells of no list.
@@ -102,8 +153,8 @@ class StockTaker final : public FolderVisitor {
   WorkReport& report_;
   Stock stock_;
   std::size_t folders_ = 0;
-  SkippedFolder place_ = SkippedFolder::None;  // of the folder in hand
-  bool isOfSystem_ = false;                    // the folder in hand
+  Rule rule_ = Rule::None;   // of the folder in hand
+  bool isOfSystem_ = false;  // the folder in hand
 };
 
 }  // namespace

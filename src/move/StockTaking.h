@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "controller/ScanRules.h"
+#include "move/MoveResult.h"
 #include "move/WorkReport.h"
 #include "services/Component.h"
 
@@ -12,9 +12,9 @@ namespace norvo {
 /// A file of the old machine that is a list of songs, by its name or by what it begins with.
 struct StockList {
   String path;
-  std::string kind;                           ///< what people call such a list
-  bool isRead = false;                        ///< lists of this kind can be read
-  SkippedFolder place = SkippedFolder::None;  ///< where it stands, if nothing is taken from there
+  std::string kind;                                              ///< what people call such a list
+  bool isRead = false;                                           ///< lists of this kind can be read
+  MovedPlaylist::SkipRule rule = MovedPlaylist::SkipRule::None;  ///< where nothing is taken from
 };
 
 /// All that a machine has of playlists and music, whatever names it.
@@ -22,6 +22,7 @@ struct Stock {
   std::vector<StockList> lists;  ///< in the order of the folders, files before sub-folders
   /// The same, without those in folders that nothing is taken from, and the system's own sounds.
   std::vector<String> media;
+  std::vector<UnlistedSong> skipped;  ///< those in folders that nothing is taken from
 };
 
 /// Goes through all folders of the machine's fixed drives, with progress. A folder that cannot be

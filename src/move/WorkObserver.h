@@ -71,6 +71,7 @@ struct WorkWarning {
     NativeIncomplete,   ///< `subject` reads back with `found` of `expected` references
     WrongSong,          ///< in `subject` stands `detail`, which does not lead to the song `wanted`
     ChangedAddress,     ///< in `subject` stands `detail`, which was `wanted`
+    ListDamaged,        ///< `subject` ends before its own end; what it had behind that is lost
     NoPlainName,        ///< the song `subject` has no second name `wanted`, since `detail`
     CompanionMissing,   ///< of playlist `subject` there is no playlist for players of today
     CountedListWrong,   ///< counted at the end: `subject` lists `found` songs of `expected`

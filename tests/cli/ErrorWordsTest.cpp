@@ -61,6 +61,8 @@ const Row kRows[] = {
      "as C), or a machine.ini that names the drives. Name one with --machine, or the folder where "
      "a "
      "disk is mounted."},
+    {MoveFault::EmptyFolder, "old", "",
+     "old is empty. See that the old disk is mounted there, or name its folder with --from."},
     {MoveFault::NoFolder, "old", "",
      "old is no folder. Name the old machine's folder, or the folder where its disk is mounted, "
      "with --from."},

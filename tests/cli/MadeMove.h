@@ -54,8 +54,9 @@ inline MadeMove EventfulMove() {
   move.AddList(uR"(C:\Music\Party.asx)", {0, 1});
   MovedPlaylist& mix = move.AddList(uR"(C:\Music\Mix.m3u)", {0, 2});
   MadeMove::AddItem(mix, MovedItem::Fate::NoSuchFile, uR"(D:\gone.mp3)");
-  MadeMove::AddItem(mix, MovedItem::Fate::Ambiguous, u"Song.mp3").candidates = {
-      uR"(C:\A\Song.mp3)", uR"(C:\B\Song.mp3)"};
+  MovedItem& doubtful = MadeMove::AddItem(mix, MovedItem::Fate::Ambiguous, u"Song.mp3");
+  doubtful.candidates = {uR"(C:\A\Song.mp3)", uR"(C:\B\Song.mp3)"};
+  doubtful.candidateCount = 2;
   MadeMove::AddItem(mix, MovedItem::Fate::Address, u"http://radio.example.com/");
   MovedPlaylist& old =
       move.AddList(uR"(C:\Old\mix.M3U)", {0}, MovedPlaylist::State::AlreadyRestored);

@@ -220,7 +220,7 @@ TEST_F(MigrateCommandTest, TheReportTellsWhatWasMovedAndLeftOut) {
       "      no such file: gone.mp3\n"
       "\n"
       "What did not come over, or not as it was\n"
-      "! 1 listed file is not on the old machine, or no music\n"
+      "! 1 listed file is not on the old machine\n"
       "\n"
       "Playlists   2: 1 moved in part, 1 without songs\n"
       "Songs       2: 2 brought (1 KB)\n";

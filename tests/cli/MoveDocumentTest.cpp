@@ -20,7 +20,8 @@ TEST(MoveDocument, APlaylistTellsOfEachOfItsItems) {
      "reasonCode": "noSuchFile"},
     {"outcome": "leftOut", "reference": "Song.mp3",
      "reason": "not where the list says, and several files have that name",
-     "reasonCode": "ambiguous", "candidates": ["C:\\A\\Song.mp3", "C:\\B\\Song.mp3"]},
+     "reasonCode": "ambiguous", "candidates": ["C:\\A\\Song.mp3", "C:\\B\\Song.mp3"],
+     "candidateCount": 2},
     {"outcome": "address", "entry": 5, "reference": "http://radio.example.com/"}])");
   EXPECT_EQ(document.at("playlists")[1].at("items"), expected);
   EXPECT_EQ(document.at("playlists")[1].at("missing"), 3);

@@ -65,7 +65,7 @@ What did not come over, or not as it was
 ! 1 song (8.1 MB) could not be brought
 ! 1 listed song may be one of several files; move the right one to where the
   list says, and run again
-! 1 listed file is not on the old machine, or no music
+! 1 listed file is not on the old machine
 ! C:\Mix.asx: was written, and is gone now
 
 Playlists   7: 3 moved, 1 moved in part, 1 without songs, 1 not read, 1 skipped

@@ -83,8 +83,15 @@ TEST(AsxItems, AnEntryEndsWhereTheNextOneBeginsOrTheTextEnds) {
                {u"</Entry><Entry><Ref href='a.mp3'/></Entry></Entry>", {"a.mp3"}}});
 }
 
+TEST(AsxItems, AReferenceToAnotherListIsAnItem) {
+  ExpectItems(
+      {{u"<EntryRef href='x.asx'/><Entry><Ref href='a'/></Entry>", {"x.asx", "a"}},
+       {u"<Entry><Ref href='a'/><EntryRef HREF=\"http://x/y.asx\" />", {"a", "http://x/y.asx"}},
+       {u"<EntryRef/><EntryRef href=''/>", {}}});
+}
+
 TEST(AsxItems, OtherElementsAreNoEntries) {
-  ExpectItems({{u"<EntryRef href='x.asx'/><Entrys><Ref href='x'/></Entrys>", {}},
+  ExpectItems({{u"<Entrys><Ref href='x'/></Entrys>", {}},
                {u"<Entry><Reference href='x'/><MoreInfo href='y'/><Ref href='a'/></Entry>", {"a"}},
                {u"<Repeat count=2><Entry><Ref href='a'/></Entry></Repeat>", {"a"}}});
 }

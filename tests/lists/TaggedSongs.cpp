@@ -80,7 +80,9 @@ std::string Chunks(const Named& chunks, bool bigEndian) {
 
 std::string BigEndian(std::uint64_t number, int bytes) {
   std::string text;
-  for (int i = bytes - 1; i >= 0; --i) text += static_cast<char>((number >> (8 * i)) & 0xFF);
+  for (int i = bytes - 1; i >= 0; --i) {
+    text += i < 8 ? static_cast<char>((number >> (8 * i)) & 0xFF) : '\0';
+  }
   return text;
 }
 

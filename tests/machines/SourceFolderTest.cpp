@@ -152,6 +152,11 @@ TEST_F(SourceMachineTest, LinksAloneAreNoMachineOfTheWorkFolder) {
   EXPECT_EQ(SourceFolder(At("disk"), At("work")).GroupRoot(), "Z:\\Norvo Media\\");
 }
 
+TEST_F(SourceMachineTest, AnEmptyFolderIsRefusedSinceADiskMayNotBeMounted) {
+  fs::create_directories(At("empty"));
+  ExpectError(ErrorOfSource("empty", {}), MoveFault::EmptyFolder, At("empty").string());
+}
+
 TEST_F(SourceMachineTest, WhatIsNoFolderIsRefused) {
   Put(At("file"), "");
   ExpectError(ErrorOfSource("none", {}), MoveFault::NoFolder, At("none").string());

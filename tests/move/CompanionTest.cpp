@@ -38,7 +38,7 @@ TEST_F(CompanionTest, PlaylistsOfOneNameGetOneEach) {
   machines.AddPlaylist(u"C:\\b\\Mix.m3u", {"C:\\One.mp3"});
   machines.Run();
   EXPECT_NE(Companion("Mix.m3u8"), "(none)");
-  EXPECT_NE(Companion("Mix1.m3u8"), "(none)");
+  EXPECT_NE(Companion("Mix (2).m3u8"), "(none)");
 }
 
 TEST_F(CompanionTest, ASecondRunLeavesItAsItIs) {

@@ -25,7 +25,7 @@ std::string NameOf(MovedItem::Fate fate) {
 }
 
 std::string NameOf(MovedPlaylist::Fault fault) {
-  return Named(fault, {"", "KindNotRead", "Unreadable", "GenericNotWritten",
+  return Named(fault, {"", "KindNotRead", "NotUnderstood", "Unreadable", "GenericNotWritten",
                        "GenericDoesNotReadBack", "NotCarried", "NotRestored", "NotNoted"});
 }
 
@@ -56,8 +56,8 @@ std::string NameOf(Adjustment::Reason reason) {
 std::string NameOf(WorkWarning::Kind kind) {
   return Named(kind, {"Library", "Oddity", "SettingUnusable", "RoleKept", "GroupRootKept",
                       "NoLogFolder", "NativesMissing", "UntellableAddress", "NativeGone",
-                      "NativeIncomplete", "WrongSong", "ChangedAddress", "NoPlainName",
-                      "CompanionMissing", "CountedListWrong", "CountedSongWrong"});
+                      "NativeIncomplete", "WrongSong", "ChangedAddress", "ListDamaged",
+                      "NoPlainName", "CompanionMissing", "CountedListWrong", "CountedSongWrong"});
 }
 
 /// In front of what is there.

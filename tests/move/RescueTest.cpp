@@ -343,6 +343,40 @@ TEST_F(RescueTest, AListThatEndsTheQueueIsSplitAndTheOthersAreMovedToo) {
   EXPECT_EQ(moved.at("summary").at("referencesFound"), 4 * (kMost + 2 + 2));
 }
 
+TEST_F(RescueTest, ADamagedListIsNeverCalledEmpty) {
+  WriteOld("C:\\Music\\a.wpl", "\x89PNG\r\n");
+  WriteOld("C:\\Music\\b.m3u", std::string(100, '\0'));
+  const auto moved = Moved();
+  EXPECT_EQ(moved.at("exitCode"), 1);
+  for (const char* const path : {"C:\\Music\\a.wpl", "C:\\Music\\b.m3u"}) {
+    EXPECT_EQ(PlaylistOf(moved, path).at("reasonCode"), "notUnderstood") << path;
+  }
+}
+
+TEST_F(RescueTest, AListThatIsCutOffIsMovedAsFarAsItGoesAndTold) {
+  WriteOld("C:\\Music\\a.wpl",
+           "<?wpl version=\"1.0\"?><smil><body><seq><media src=\"One.mp3\"/><media src=\"Tw");
+  const auto moved = Moved();
+  EXPECT_EQ(moved.at("exitCode"), 1);
+  EXPECT_EQ(PlaylistOf(moved, "C:\\Music\\a.wpl").at("outcome"), "restored");
+  EXPECT_EQ(moved.at("warnings")[0].at("reasonCode"), "listDamaged");
+}
+
+TEST_F(RescueTest, AListedFileThatIsMusicByItsContentIsMoved) {
+  // A frame of MPEG audio after another, without a name that tells so.
+  std::string frame("\xFF\xFB\x90\x64", 4);
+  frame.resize(417, '\0');
+  std::string sound;
+  for (int i = 0; i < 20; ++i) sound += frame;
+  WriteOld("C:\\Music\\noend", sound);
+  WriteOld("C:\\Music\\notes.doc", "no sound at all");
+  WriteOld(kMix, M3u({"noend", "notes.doc", "One.mp3"}));
+  const auto moved = Moved();
+  EXPECT_EQ(moved.at("exitCode"), 0) << moved.dump(1);
+  EXPECT_EQ(PlaylistOf(moved, kMix).at("songs"), 2);
+  EXPECT_FALSE(PlaceOf(moved, "C:\\Music\\noend").empty());
+}
+
 TEST_F(RescueTest, TextsThatLookLikeMarkupHarmNoPlayer) {
   const Texts odd{"</Entry>", "<Entry>", "</ASX>",  "<Banner>",   "\" />",   "<Ref href=\"x\"/>",
                   "EXTM3U",   "EXTINF",  "File1=x", "[playlist]", "</Title>"};

@@ -89,11 +89,14 @@ TEST_F(SongDetailsTest, TitlesAndLengthsOfTagsReachEveryNativePlaylist) {
             std::string::npos);
 }
 
-TEST_F(SongDetailsTest, WhatThePlaylistTellsComesFirst) {
+TEST_F(SongDetailsTest, WhatThePlaylistTellsComesFirstButForTheArtistOfThePlace) {
   machines.from->AddFile(kSong, TaggedSong(kBjork, "215000"));
   machines.from->AddFile(u"C:\\Mix.m3u",
                          "#EXTM3U\r\n#EXTINF:99,Me - My name for it\r\nC:\\Music\\One.mp3\r\n");
-  EXPECT_NE(Native("WinAmp", "Mix.m3u").find("#EXTINF:99,Me - My name for it\r\n"),
+  // The artist decides the song's place, which is one for all playlists.
+  EXPECT_NE(Native("WinAmp", "Mix.m3u").find("#EXTINF:99,Bj\xF6rk - My name for it\r\n"),
+            std::string::npos);
+  EXPECT_NE(Native("Modern Players", "Mix.m3u8").find("#EXTINF:99,Me - My name for it\r\n"),
             std::string::npos);
 }
 
@@ -102,6 +105,14 @@ TEST_F(SongDetailsTest, ANameThatThe8BitPlaylistCouldNotTellComesFromTheTag) {
   machines.from->AddFile(u"C:\\Mix.m3u",
                          "#EXTM3U\r\n#EXTINF:99,???? - ????\r\nC:\\Music\\One.mp3\r\n");
   EXPECT_NE(Native("Modern Players", "Mix.m3u8").find("#EXTINF:99,Кино - Спокойная ночь\r\n"),
+            std::string::npos);
+}
+
+TEST_F(SongDetailsTest, AnOwnNameForASongWithATagInAnotherScriptIsKept) {
+  machines.from->AddFile(kSong, TaggedSong(kKino));
+  machines.from->AddFile(u"C:\\Mix.m3u",
+                         "#EXTM3U\r\n#EXTINF:9,Kino - A quiet night\r\nC:\\Music\\One.mp3\r\n");
+  EXPECT_NE(Native("Modern Players", "Mix.m3u8").find("#EXTINF:9,Kino - A quiet night\r\n"),
             std::string::npos);
 }
 

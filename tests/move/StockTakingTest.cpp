@@ -78,7 +78,9 @@ TEST_F(StockTakingTest, TheSystemsOwnSoundsAreNobodysMusic) {
   machine->AddFile(u"C:\\WINDOWS\\Media\\ding.wav", "sound");
   machine->AddFile(u"C:\\WinNT\\Media\\ding.wav", "sound");
   machine->AddFile(u"C:\\Program Files\\Winamp\\demo.mp3", "sound");
-  EXPECT_EQ(Media(), Lines{"C:\\Program Files\\Winamp\\demo.mp3"});
+  machine->AddFile(u"C:\\WINDOWS\\Profiles\\Ann\\Music\\own.mp3", "sound");
+  EXPECT_EQ(Media(), (Lines{"C:\\Program Files\\Winamp\\demo.mp3",
+                            "C:\\WINDOWS\\Profiles\\Ann\\Music\\own.mp3"}));
 }
 
 TEST_F(StockTakingTest, WhatWasDeletedOrIsKeptByABrowserIsToldWithItsPlace) {
@@ -88,10 +90,19 @@ TEST_F(StockTakingTest, WhatWasDeletedOrIsKeptByABrowserIsToldWithItsPlace) {
   machine->AddFile(u"C:\\System Volume Information\\Kept.pls", "");
   const Stock stock = Take();
   ASSERT_EQ(stock.lists.size(), 3u);
-  EXPECT_EQ(stock.lists[0].place, SkippedFolder::RecycleBin);
-  EXPECT_EQ(stock.lists[1].place, SkippedFolder::SystemVolume);
-  EXPECT_EQ(stock.lists[2].place, SkippedFolder::TemporaryInternetFiles);
+  EXPECT_EQ(stock.lists[0].rule, MovedPlaylist::SkipRule::RecycleBin);
+  EXPECT_EQ(stock.lists[1].rule, MovedPlaylist::SkipRule::SystemFolder);
+  EXPECT_EQ(stock.lists[2].rule, MovedPlaylist::SkipRule::TemporaryInternetFiles);
   EXPECT_TRUE(stock.media.empty());
+  ASSERT_EQ(stock.skipped.size(), 1u);
+  EXPECT_TEXT(stock.skipped[0].source, u"C:\\RECYCLER\\S-1\\Old.mp3");
+  EXPECT_EQ(stock.skipped[0].size, 5);
+  EXPECT_EQ(stock.skipped[0].rule, MovedPlaylist::SkipRule::RecycleBin);
+}
+
+TEST_F(StockTakingTest, PointsAndBlanksAtTheEndOfANameDoNotCount) {
+  machine->AddFile(u"C:\\a.m3u.", "");
+  EXPECT_EQ(Lists().size(), 1u);
 }
 
 TEST_F(StockTakingTest, OnlyFixedDrivesAreGoneThrough) {
