@@ -6,23 +6,17 @@
 #include <unordered_map>
 #include <utility>
 
-#include "automation/Conversions.h"
 #include "automation/RunTimeError.h"
 #include "controller/HeaderSniffer.h"
 #include "lists/ListKinds.h"
-#include "lists/SongTags.h"
-#include "lists/XmlEntities.h"
 #include "model/GenericSections.h"
 #include "model/NewEntry.h"
 #include "model/PlaylistTypes.h"
 #include "move/LibraryCalls.h"
-#include "move/PortableNames.h"
 #include "services/DataCop.h"
-#include "services/TextStream.h"
 #include "text/Encoding.h"
 #include "text/Number.h"
 #include "text/WindowsPath.h"
-#include "writers/GenericNaming.h"
 
 namespace norvo {
 namespace {
@@ -51,10 +45,6 @@ std::int64_t PartNumber(std::size_t first) {
   return static_cast<std::int64_t>(first / kMostEntries + 1);
 }
 
-String BaseOf(StringView fileName) {
-  return String(fileName.substr(0, fileName.rfind(u'.')));
-}
-
 /// What new playlists take their names from: the file's, or of a file that holds several lists the
 /// list's own.
 String FileNameOf(StringView path, const String& listName) {
@@ -63,24 +53,6 @@ String FileNameOf(StringView path, const String& listName) {
   // A point would be taken for the start of an extension.
   std::replace(name.begin(), name.end(), u'.', u' ');
   return name + u".m3u";
-}
-
-/// A name whose ending tells how the file is to be read. The scan goes by the last three
-/// characters, whether or not a point stands before them; what begins as a list may be called
-/// anything.
-String NameForReading(const String& path) {
-  if (KindOf(path) != nullptr) return String(LastComponent(path));
-  const String ending = u"." + path.substr(path.size() - 3);
-  return KindOf(ending) != nullptr ? ending : String(u".m3u");
-}
-
-/// Of the list alone: a file that holds several changes with each of them.
-Fingerprint ContentOf(const ListedList& list) {
-  std::vector<Fingerprint> fields = {FingerprintOf(list.name)};
-  for (const ListedItem& item : list.items) {
-    for (const String& reference : item.references) fields.push_back(FingerprintOf(reference));
-  }
-  return FingerprintOf(fields);
 }
 
 ToldDetails DetailsOf(const ListedItem& item) {
@@ -92,12 +64,11 @@ ToldDetails DetailsOf(const ListedItem& item) {
 Rescue::Rescue(Component& library, const ProductSettings& settings, const Stock& stock,
                SongBook& songs, MoveWork& work)
     : library_(library),
-      dataArea_(DataAreaOf(settings)),
       songs_(songs),
       work_(work),
       stock_(stock),
-      finder_(library),
-      search_(stock.media, library.Machine().AnsiPage()) {}
+      reader_(library, stock, songs),
+      maker_(library, DataAreaOf(settings)) {}
 
 /// In the order of the stock.
 std::vector<Rescue::CollectedFile> Rescue::FilesOf(const CollectResult& collected) const {
@@ -123,7 +94,7 @@ std::vector<Rescue::CollectedFile> Rescue::FilesOf(const CollectResult& collecte
 void Rescue::Run(const CollectResult& collected) {
   const std::vector<CollectedFile> files = FilesOf(collected);
   for (const CollectedFile& file : files) {
-    if (!file.genericFile.empty()) taken_.insert(Fold(file.genericFile));
+    if (!file.genericFile.empty()) maker_.Take(file.genericFile);
   }
   for (std::size_t i = 0; i < files.size(); ++i) {
     work_.report.Progress({WorkPhase::Checking, i + 1, files.size(), 0, 0, files[i].stock.path});
@@ -167,22 +138,22 @@ void Rescue::Take(const CollectedFile& file) {
 }
 
 void Rescue::TakeLists(const CollectedFile& file) {
-  const LookedAt found = Look(file.stock.path);
-  const bool hasSongs = std::any_of(found.listings.begin(), found.listings.end(),
+  const PatientReader::File found = reader_.Read(file.stock.path);
+  const bool hasSongs = std::any_of(found.lists.begin(), found.lists.end(),
                                     [](const Listing& listing) { return listing.hasSongs; });
   if (hasSongs) {
     if (found.isDamaged) WarnOfDamage(file.stock.path);
-    for (const Listing& listing : found.listings) TakeList(file, listing);
+    for (const Listing& listing : found.lists) TakeList(file, listing);
   } else if (found.isDamaged) {
     MovedPlaylist playlist = NewPlaylist(file);
     LeaveOut(playlist, MovedPlaylist::Fault::NotUnderstood);
     Add(std::move(playlist), {});
-  } else if (found.listings.empty()) {
+  } else if (found.lists.empty()) {
     MovedPlaylist playlist = NewPlaylist(file);
     playlist.state = MovedPlaylist::State::NoSongs;
     Add(std::move(playlist), {});
   } else {
-    for (const Listing& listing : found.listings) TakeList(file, listing);
+    for (const Listing& listing : found.lists) TakeList(file, listing);
   }
 }
 
@@ -208,94 +179,6 @@ void Rescue::TakeList(const CollectedFile& file, const Listing& listing) {
     return Rewrite(file, listing);
   }
   Add(std::move(playlist), std::move(draft));
-}
-
-Rescue::LookedAt Rescue::Look(const String& path) {
-  const std::string bytes = ReadWholeFile(*library_.Files().OpenForReading(path));
-  const std::optional<ListedFile> file =
-      ReadListFile(NameForReading(path), bytes, library_.Machine().AnsiPage());
-  LookedAt found;
-  if (!file) return found;
-  found.isDamaged = file->isDamaged;
-  const bool isLibrary = file->syntax == ListSyntax::ITunes;
-  for (const ListedList& list : file->lists) {
-    Listing listing = Resolve(list, String(ParentFolder(path)), file->syntax);
-    listing.hasTitles = file->hasTitles;
-    listing.content = isLibrary ? ContentOf(list) : FingerprintOf(bytes);
-    if (isLibrary) listing.name = list.name;
-    found.listings.push_back(std::move(listing));
-  }
-  return found;
-}
-
-Rescue::Listing Rescue::Resolve(const ListedList& list, const String& folder, ListSyntax syntax) {
-  Listing listing;
-  listing.syntax = syntax;
-  for (const ListedItem& item : list.items) {
-    FoundItem found = Find(item, folder, syntax == ListSyntax::Asx);
-    if (item.maybeComment && !found.item.IsSong()) continue;
-    listing.hasSongs = listing.hasSongs || found.item.IsCarried();
-    listing.items.push_back(std::move(found));
-  }
-  return listing;
-}
-
-/// By the first of an item's references that is a song; else by the first address.
-Rescue::FoundItem Rescue::Find(const ListedItem& listed, const String& folder, bool isMarkup) {
-  using Kind = FoundReference::Kind;
-  std::optional<FoundReference> best;
-  for (const String& reference : listed.references) {
-    FoundReference found = finder_.Find(reference, folder);
-    const bool better = !best || (found.kind == Kind::File && best->kind != Kind::File) ||
-                        (found.kind == Kind::Address && best->kind > Kind::Address);
-    if (better) best = std::move(found);
-    if (best->kind == Kind::File) break;
-  }
-  FoundItem found;
-  found.listed = listed;
-  found.item.reference = listed.references.front();
-  switch (best->kind) {
-    case Kind::File:
-      found.item.song = songs_.NumberOf(best->path, best->size);
-      found.item.fate = MovedItem::Fate::Song;
-      break;
-    case Kind::Address:
-      found.item.reference = isMarkup ? DecodeEntities(best->path) : best->path;
-      found.item.fate = MovedItem::Fate::Address;
-      break;
-    case Kind::NotMedia:
-      found.item.fate = MovedItem::Fate::NotMedia;
-      if (ReadSongTags(library_.Files(), best->path)) {  // by its content it is music all the same
-        found.item.fate = MovedItem::Fate::Song;
-        found.item.song = songs_.NumberOf(best->path, best->size);
-      }
-      break;
-    case Kind::Missing:
-      SearchFor(listed, found.item);
-      break;
-  }
-  return found;
-}
-
-/// What is not where the references point may be elsewhere, since people move their music about.
-void Rescue::SearchFor(const ListedItem& listed, MovedItem& item) {
-  item.fate = MovedItem::Fate::NoSuchFile;
-  if (listed.maybeComment) return;
-  for (const String& reference : listed.references) {
-    const SongSearch::Found found = search_.Find(reference);
-    if (found.kind == SongSearch::Kind::None) continue;
-    if (found.kind == SongSearch::Kind::Unique) {
-      item.fate = MovedItem::Fate::Song;
-      item.song = songs_.NumberOf(found.paths.front());
-      item.foundElsewhere = true;
-      item.candidates.clear();
-      item.candidateCount = 0;
-      return;
-    }
-    item.fate = MovedItem::Fate::Ambiguous;
-    item.candidates = found.paths;
-    item.candidateCount = found.count;
-  }
 }
 
 MovedItem Rescue::ItemOf(const String& address, std::int32_t urlType) {
@@ -402,7 +285,7 @@ void Rescue::Rewrite(const CollectedFile& file, const Listing& listing) {
   std::size_t added = 0;
   const std::vector<ObjectRef> entries = CompleteEntries(EntriesOf(*read), listing, type, added);
   // What was written for it before is replaced.
-  if (!file.genericFile.empty()) taken_.erase(Fold(file.genericFile));
+  if (!file.genericFile.empty()) maker_.Release(file.genericFile);
   auto found = listing.items.begin();
   for (std::size_t at = 0; at < entries.size(); at += kMostEntries) {
     const auto part = std::span(entries).subspan(at, std::min(kMostEntries, entries.size() - at));
@@ -423,7 +306,7 @@ void Rescue::Rewrite(const CollectedFile& file, const Listing& listing) {
     }
     const String number = at == 0 ? String() : u' ' + FormatInteger(PartNumber(at));
     const String fileName = FileNameOf(file.stock.path, listing.name);
-    playlist.collected = Write(*read, fileName, number, type, part);
+    playlist.collected = maker_.Write(*read, fileName, number, type, part);
     if (playlist.collected.empty()) {
       LeaveOut(playlist, MovedPlaylist::Fault::GenericNotWritten);
     } else {
@@ -475,54 +358,6 @@ ObjectRef Rescue::NewEntry(const FoundItem& found, std::int32_t type) {
   }
   entry->Let(u"HasExtendedInfo", !artist.empty() && !song.empty());
   return entry;
-}
-
-ObjectRef Rescue::NewRecord(AutomationObject& read, const String& fileName, std::int32_t type) {
-  constexpr StringView kCopied[] = {u"CreationTime", u"ASX_AllowShuffle",     u"ASX_Artist",
-                                    u"ASX_Album",    u"ASX_Author",           u"ASX_Title",
-                                    u"ASX_Version",  u"ASX_PlayListAttribute"};
-  const ObjectRef playlist = library_.Create(u"PlayList");
-  playlist->Let(u"PlayListType", type);
-  playlist->Let(u"OriginalFileName", fileName);
-  for (const StringView property : kCopied) playlist->Let(property, read.Get(property));
-  return playlist;
-}
-
-/// Gives the playlist the attempt's name; false when no generic file can be written under it.
-bool Rescue::Name(AutomationObject& playlist, const String& fileName, std::int32_t type,
-                  int attempt) {
-  String base = BaseOf(fileName);
-  if (attempt > 1) {
-    // A point would be taken for the start of an extension.
-    std::replace(base.begin(), base.end(), u'.', u' ');
-    base = PortableName(base) + u" " + FormatInteger(attempt);
-  }
-  playlist.Let(u"PlayListName", base + String(FindPlaylistType(type)->extension));
-  const String name = TextOf(playlist, u"PlayListName");
-  if (name.empty() || name.find_first_of(u"\\/:") != String::npos) return false;
-  return taken_.insert(Fold(dataArea_ + PlayListToIni(name))).second;
-}
-
-/// The path of the generic file; empty when none can be written.
-String Rescue::Write(AutomationObject& read, const String& fileName, const String& number,
-                     std::int32_t type, std::span<const ObjectRef> entries) {
-  const String base = fileName.substr(0, fileName.find(u'.'));
-  const ObjectRef playlist = NewRecord(read, base + number + fileName.substr(base.size()), type);
-  const ObjectRef collection = ToObject(playlist->Get(u"PlayListEntries"));
-  collection->Let(u"CollectionType", type);
-  for (const ObjectRef& entry : entries) {
-    entry->Let(u"Entry_EntryType", type);
-    collection->Call(u"Add", entry);
-  }
-  int& attempt = nextNames_.try_emplace(Fold(BaseOf(fileName)), 1).first->second;
-  for (int failures = 0; failures < 2; ++attempt) {
-    if (!Name(*playlist, fileName, type, attempt)) continue;
-    if (ToBoolean(playlist->Call(u"WriteGeneric", fileName))) {
-      return dataArea_ + PlayListToIni(TextOf(*playlist, u"PlayListName"));
-    }
-    ++failures;  // the name may be one that this disk cannot have, or the disk is full
-  }
-  return {};
 }
 
 }  // namespace norvo

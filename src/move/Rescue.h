@@ -1,16 +1,12 @@
 #pragma once
 
-#include <map>
-#include <set>
-#include <span>
-#include <string>
+#include <optional>
 #include <vector>
 
-#include "lists/ListedFile.h"
-#include "lists/ReferenceFinder.h"
-#include "lists/SongSearch.h"
 #include "move/CollectPlaylists.h"
+#include "move/GenericFileMaker.h"
 #include "move/MoveWork.h"
+#include "move/PatientReader.h"
 #include "move/ProductSettings.h"
 #include "move/SongBook.h"
 #include "move/StockTaking.h"
@@ -42,26 +38,6 @@ class Rescue {
     std::optional<PlaylistOutcome> outcome;  // nothing: the queue never came to its end
     String genericFile;                      // empty when there is none that is its own
   };
-  /// An item with what the playlist tells of it.
-  struct FoundItem {
-    MovedItem item;
-    ListedItem listed;
-  };
-  /// One playlist as the patient reader understands it.
-  struct Listing {
-    ListSyntax syntax = ListSyntax::M3u;
-    String name;             // its own, in a file that may hold several
-    bool hasTitles = false;  // an M3U with "#EXT" lines
-    bool hasSongs = false;   // or addresses
-    std::vector<FoundItem> items;
-    Fingerprint content;
-  };
-
-  /// A file as it understands it.
-  struct LookedAt {
-    std::vector<Listing> listings;
-    bool isDamaged = false;
-  };
 
   std::vector<CollectedFile> FilesOf(const CollectResult& collected) const;
   static Mending::Kind WhyLost(const CollectedFile& file);
@@ -72,10 +48,6 @@ class Rescue {
   void Add(MovedPlaylist playlist, PlaylistDraft draft);
   static void AddItem(const FoundItem& found, MovedPlaylist& playlist, PlaylistDraft& draft);
   void WarnOfDamage(const String& path);
-  LookedAt Look(const String& path);
-  Listing Resolve(const ListedList& list, const String& folder, ListSyntax syntax);
-  FoundItem Find(const ListedItem& listed, const String& folder, bool isMarkup);
-  void SearchFor(const ListedItem& listed, MovedItem& item);
   IniDocument ReadGenericFile(const String& path);
   bool IsComplete(const Listing& listing, MovedPlaylist& playlist, PlaylistDraft& draft);
   ObjectRef ReadByLibrary(const CollectedFile& file, std::int32_t type);
@@ -87,21 +59,13 @@ class Rescue {
   ObjectRef NewEntry(const FoundItem& found, std::int32_t type);
   MovedItem ItemOf(const String& address, std::int32_t urlType);
   std::int32_t FittingType(const CollectedFile& file, const Listing& listing);
-  ObjectRef NewRecord(AutomationObject& read, const String& fileName, std::int32_t type);
-  bool Name(AutomationObject& playlist, const String& fileName, std::int32_t type, int attempt);
-  /// `number` tells the parts of a split playlist apart: " 2".
-  String Write(AutomationObject& read, const String& fileName, const String& number,
-               std::int32_t type, std::span<const ObjectRef> entries);
 
   Component& library_;
-  String dataArea_;
   SongBook& songs_;
   MoveWork& work_;
   const Stock& stock_;
-  ReferenceFinder finder_;
-  SongSearch search_;
-  std::map<String, int> nextNames_;  // number of the next name to try, by the playlist's own
-  std::set<String> taken_;           // generic files that belong to a playlist, folded
+  PatientReader reader_;
+  GenericFileMaker maker_;
 };
 
 }  // namespace norvo

@@ -78,14 +78,14 @@ TEST_F(SourceMachineTest, ADiskIsDriveCAndTheProductsDataGoToATemporaryDriveZ) {
 TEST_F(SourceMachineTest, AWorkFolderTakesTheProductsData) {
   PutDisk("disk");
   {
-    const SourceFolder source(At("disk"), At("some/work"));
+    const SourceFolder source(At("disk"), At("some/data"));
     EXPECT_TRUE(source.IsReadOnly());
     EXPECT_FALSE(source.IsTemporary());
     EXPECT_EQ(source.GroupRoot(), "Z:\\Norvo Media\\");
     EXPECT_EQ(DrivesOf(source),
-              (Lines{"C: " + At("disk").string(), "Z: " + At("some/work/Z").string()}));
+              (Lines{"C: " + At("disk").string(), "Z: " + At("some/data/Z").string()}));
   }
-  EXPECT_TRUE(fs::is_directory(At("some/work/Z")));
+  EXPECT_TRUE(fs::is_directory(At("some/data/Z")));
 }
 
 TEST_F(SourceMachineTest, AMachineWithAWorkFolderKeepsItsDrivesAndGetsALetterMore) {

@@ -197,6 +197,17 @@ TEST_F(RescueTest, OrderAndRepetitionsStayAndMissingOnesAreTold) {
   ExpectMoved("Mix", {kBoth[1], kBoth[0], kBoth[1], kBoth[1]});
 }
 
+TEST_F(RescueTest, OfSeveralSongsOfTheNameNoneIsGuessedUnlessTheyAreOneSong) {
+  AddSong(R"(C:\A\Four.mp3)");
+  AddSong(R"(C:\B\Four.mp3)");
+  WriteOld(kMix, M3u({"One.mp3", R"(D:\Lost\Four.mp3)"}));
+  EXPECT_EQ(MissedOf(Moved(), kMix), Texts{R"(D:\Lost\Four.mp3: ambiguous)"});
+  WriteOld(R"(C:\B\Four.mp3)", ReadFile(OldPlace(R"(C:\A\Four.mp3)")));
+  fs::remove_all(New());
+  EXPECT_EQ(Moved().at("exitCode"), 0);
+  ExpectMoved("Mix", {R"(C:\Music\One.mp3)", R"(C:\A\Four.mp3)"});
+}
+
 TEST_F(RescueTest, AddressesAndSharesStayAsTheyAre) {
   const References items{"http://radio.example.com:8000/",
                          kBoth[0],

@@ -16,20 +16,6 @@ namespace {
 
 class FilePlacerTest : public PlacerTest {};
 
-using Names = std::vector<std::string>;
-
-constexpr std::size_t kMegabyte = std::size_t{1024} * 1024;
-
-/// Bytes that differ from place to place.
-std::string Noise(std::size_t size, unsigned seed = 1) {
-  std::string bytes(size, '\0');
-  for (char& each : bytes) {
-    seed = seed * 1664525u + 1013904223u;
-    each = static_cast<char>(seed >> 24);
-  }
-  return bytes;
-}
-
 TEST_F(FilePlacerTest, CopiesBytesAndTimes) {
   const std::string bytes = Noise(3 * kMegabyte + 17);
   Put(Disk("C/Music/Song.mp3"), bytes);
@@ -363,45 +349,6 @@ TEST_F(FilePlacerTest, WhatTheListenerThrowsEndsTheWorkAndLeavesNothingHalfWritt
   EXPECT_THROW(Place(jobs, notes), std::runtime_error);
   EXPECT_TRUE(NamesIn(New("C")).empty());
   EXPECT_EQ(Place(jobs), Lines(3, "copied"));
-}
-
-TEST_F(FilePlacerTest, ALinkIsASecondNameOfTheFile) {
-  Put(Disk("C/a.mp3"), "12345");
-  PlaceNotes notes(1);
-  const std::vector<PlaceJob> jobs = {{u"C:\\A.mp3", u"C:\\Songs\\b.mp3"}};
-  Place(jobs, notes, PlaceMode::Link);
-  EXPECT_EQ(notes.lines, Lines{"linked"});
-  EXPECT_EQ(notes.bytes, 5u);
-  EXPECT_EQ(StatOf(New("C/Songs/b.mp3")).st_ino, StatOf(Disk("C/a.mp3")).st_ino);
-  PlaceNotes again(1);
-  Place(jobs, again, PlaceMode::Link);
-  EXPECT_EQ(again.lines, Lines{"already there"});
-  EXPECT_EQ(again.bytes, 5u);
-}
-
-TEST_F(FilePlacerTest, ALinkOfALinkIsANameOfTheFileItself) {
-  Put(Disk("C/real/a.mp3"), "12345");
-  std::filesystem::create_symlink("real/a.mp3", Disk("C/alias.mp3"));
-  EXPECT_EQ(PlaceOne(u"C:\\alias.mp3", u"C:\\a.mp3", PlaceMode::Link), "linked");
-  EXPECT_EQ(StatOf(New("C/a.mp3")).st_ino, StatOf(Disk("C/real/a.mp3")).st_ino);
-}
-
-TEST_F(FilePlacerTest, AFileOnAnotherDiskIsCopiedInsteadOfLinked) {
-  const std::filesystem::path memory = "/dev/shm";
-  struct stat there = {};
-  if (::stat(memory.c_str(), &there) != 0 || there.st_dev == StatOf(Disk("")).st_dev ||
-      ::access(memory.c_str(), W_OK) != 0) {
-    GTEST_SKIP() << "there is no second disk to write to";
-  }
-  std::string pattern = (memory / "norvo-placer-XXXXXX").string();
-  ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
-  const std::string bytes = Noise(2 * kMegabyte + 3);
-  Put(Disk("C/a.mp3"), bytes);
-  Put(New("machine.ini"), "[Drives]\nC=fixed\nD=fixed," + pattern + "\n");
-  EXPECT_EQ(PlaceOne(u"C:\\a.mp3", u"D:\\a.mp3", PlaceMode::Link), "copied");
-  EXPECT_EQ(Get(pattern + "/a.mp3"), bytes);
-  EXPECT_EQ(NamesIn(pattern), Names{"a.mp3"});
-  std::filesystem::remove_all(pattern);
 }
 
 TEST_F(FilePlacerTest, FilesThatTheSystemFindsTooLargeFailAndSmallOnesGoOn) {

@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <fstream>
 #include <functional>
 #include <map>
 #include <memory>
@@ -17,6 +18,20 @@
 #include "support/TextPrinting.h"
 
 namespace norvo {
+
+using Names = std::vector<std::string>;
+
+constexpr std::size_t kMegabyte = std::size_t{1024} * 1024;
+
+/// Bytes that differ from place to place.
+inline std::string Noise(std::size_t size, unsigned seed = 1) {
+  std::string bytes(size, '\0');
+  for (char& each : bytes) {
+    seed = seed * 1664525u + 1013904223u;
+    each = static_cast<char>(seed >> 24);
+  }
+  return bytes;
+}
 
 /// Keeps what it is told, as text: "copied", "failed: the disk is full".
 class PlaceNotes : public PlaceListener {

@@ -1,6 +1,6 @@
 #include "platform/files/FileCopy.h"
 
-#include "FilesTest.h"
+#include "platform/files/FilesTest.h"
 
 namespace norvo {
 namespace {

@@ -1,6 +1,6 @@
 #include "platform/files/NewFile.h"
 
-#include "FilesTest.h"
+#include "platform/files/FilesTest.h"
 #include "platform/files/TemporaryFile.h"
 
 namespace norvo {

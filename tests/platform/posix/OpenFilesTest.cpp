@@ -1,7 +1,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include "../files/FilesTest.h"
+#include "platform/files/FilesTest.h"
 #include "platform/posix/Descriptor.h"
 
 namespace norvo {

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <vector>
+
+#include "lists/ListedFile.h"
+#include "lists/ReferenceFinder.h"
+#include "lists/SongSearch.h"
+#include "move/MoveResult.h"
+#include "move/SongBook.h"
+#include "move/StockTaking.h"
+#include "services/Component.h"
+#include "text/Fingerprint.h"
+
+namespace norvo {
+
+/// An item of a playlist of the old machine, with what the playlist tells of it.
+struct FoundItem {
+  MovedItem item;
+  ListedItem listed;
+};
+
+/// One playlist of the old machine as the patient reader understands it.
+struct Listing {
+  ListSyntax syntax = ListSyntax::M3u;
+  String name;             ///< its own, in a file that may hold several
+  bool hasTitles = false;  ///< an M3U with "#EXT" lines
+  bool hasSongs = false;   ///< or addresses
+  std::vector<FoundItem> items;
+  Fingerprint content;
+};
+
+/// Reads the list files of the old machine with all patience, and finds what their items mean:
+/// where they point, or where else their songs have gone.
+class PatientReader {
+ public:
+  /// A file as it is understood.
+  struct File {
+    std::vector<Listing> lists;
+    bool isDamaged = false;  ///< see ListedFile
+  };
+
+  /// What is referred to must outlive this. Songs that are met are noted in the book.
+  PatientReader(Component& library, const Stock& stock, SongBook& songs);
+
+  /// RunTimeError when the file cannot be read.
+  File Read(const String& path);
+
+ private:
+  Listing Resolve(const ListedList& list, const String& folder, ListSyntax syntax);
+  FoundItem Find(const ListedItem& listed, const String& folder, bool isMarkup);
+  bool AreOneSong(const SongSearch::Found& found);
+  void SearchFor(const ListedItem& listed, MovedItem& item);
+
+  Component& library_;
+  SongBook& songs_;
+  ReferenceFinder finder_;
+  SongSearch search_;
+};
+
+}  // namespace norvo
