@@ -22,6 +22,8 @@ class NamedMachine {
   /// The group root of a machine that has none yet, in UTF-8, unless another is asked for; empty
   /// for the usual one.
   virtual std::string UsualGroupRoot() const { return {}; }
+  /// True for a plain disk on which the product has no settings yet.
+  virtual bool IsBareDisk() const { return false; }
 };
 
 /// Whether a command must know the documents folder, and so asks whose it is where there are many.

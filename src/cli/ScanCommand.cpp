@@ -9,6 +9,8 @@
 #include "cli/ScanFailure.h"
 #include "model/PlaylistTypes.h"
 #include "move/ScanPlaylists.h"
+#include "move/SetUpMachine.h"
+#include "overlay/OverlayPlatform.h"
 #include "text/Encoding.h"
 
 namespace norvo::cli {
@@ -18,7 +20,8 @@ constexpr HelpText kHelp = {R"(Examples:
   norvo-playlists scan --machine /mnt/old-disk
   norvo-playlists scan --machine /mnt/old-disk --json | jq '.playlists[].path'
 
-The list stays in PlayLists.txt of the machine's data area.)",
+The list stays in PlayLists.txt of the machine's data area. To a disk on which init was never run
+nothing is written.)",
                             R"(Examples:
   norvo-playlists scan
   norvo-playlists scan --json > playlists.json
@@ -49,6 +52,16 @@ Json ListDocument(const std::vector<ListedPlaylist>& playlists) {
   return {{"playlists", list}, {"byType", byType}};
 }
 
+constexpr const char* kNothingWritten =
+    "The disk has no settings of this program, so nothing was written to it; init writes them.";
+
+/// The machine as it would be with the settings that it lacks; nothing is written to it.
+std::shared_ptr<Platform> AsIfSetUp(const std::shared_ptr<Platform>& machine) {
+  auto supposed = std::make_shared<OverlayPlatform>(machine);
+  SetUpMachine(supposed);
+  return supposed;
+}
+
 class ScanCommand final : public Command {
  public:
   CLI::App* AddTo(CLI::App& program, CommonArguments& common) override {
@@ -59,17 +72,21 @@ class ScanCommand final : public Command {
   }
 
   Json Run(const CommonArguments& common, Console& console) override {
-    const auto machine = OpenMachine(common, console, DocumentsUse::Unneeded)->Platform();
+    const auto named = OpenMachine(common, console, DocumentsUse::Unneeded);
+    const bool isBare = named->IsBareDisk();
+    const auto machine = isBare ? AsIfSetUp(named->Platform()) : named->Platform();
     ConsoleObserver observer(console);
     const ScanResult result =
         NamingScanFailure(*machine, [&] { return ScanPlaylists(machine, {common.log}, observer); });
     SayByType(result.playlists, console);
     console.Say("Playlists found: " + std::to_string(result.playlists.size()));
-    if (!result.playlists.empty()) console.Say("List: " + BothPaths(*machine, result.listFile));
+    if (isBare) console.Note(kNothingWritten);
+    if (!result.playlists.empty() && !isBare)
+      console.Say("List: " + BothPaths(*machine, result.listFile));
     if (!console.IsJson()) return {};
     Json document = ListDocument(result.playlists);
     document["folders"] = result.folders;
-    document["listFile"] = PathDocument(*machine, result.listFile);
+    if (!isBare) document["listFile"] = PathDocument(*machine, result.listFile);
     AddLog(document, result.log);
     return document;
   }

@@ -1,3 +1,5 @@
+#include <nlohmann/json.hpp>
+
 #include "cli/ProgramFixture.h"
 
 namespace norvo::cli {
@@ -56,7 +58,13 @@ TEST_F(DiskMachineTest, ReadingChangesNothing) {
   const auto before = Snapshot(Root());
   EXPECT_EQ(Run("show", {R"(C:\Music\Mix.m3u)"}).code, 0);
   EXPECT_EQ(Run("verify", {R"(C:\Music\Mix.m3u)"}).code, 0);
-  EXPECT_EQ(Run("scan").code, 2);  // it has no settings yet
+  const Outcome scanned = Run("scan");
+  EXPECT_EQ(scanned.code, 0) << scanned.err;
+  EXPECT_TRUE(Holds(scanned.out, "C:\\Music\\Mix.m3u\nPlaylists found: 1\n")) << scanned.out;
+  EXPECT_EQ(scanned.err, Taken() +
+                             "The disk has no settings of this program, so nothing was written to "
+                             "it; init writes them.\n");
+  EXPECT_FALSE(nlohmann::json::parse(Run("scan", {"--json"}).out).contains("listFile"));
   EXPECT_EQ(Snapshot(Root()), before);
 }
 

@@ -22,8 +22,10 @@ namespace fs = std::filesystem;
 class FolderMachine final : public NamedMachine {
  public:
   FolderMachine(std::shared_ptr<HostedPlatform> platform, MessageDialog& messages,
-                std::string usualGroupRoot = {})
-      : platform_(std::move(platform)), usualGroupRoot_(std::move(usualGroupRoot)) {
+                std::string usualGroupRoot = {}, bool isBareDisk = false)
+      : platform_(std::move(platform)),
+        usualGroupRoot_(std::move(usualGroupRoot)),
+        isBareDisk_(isBareDisk) {
     platform_->SetMessageDialog(messages);
   }
 
@@ -40,10 +42,12 @@ class FolderMachine final : public NamedMachine {
     return *inside;
   }
   std::string UsualGroupRoot() const override { return usualGroupRoot_; }
+  bool IsBareDisk() const override { return isBareDisk_; }
 
  private:
   std::shared_ptr<HostedPlatform> platform_;
   std::string usualGroupRoot_;
+  bool isBareDisk_;
 };
 
 /// The machine of `--machine`: a machine folder, or a disk.
@@ -56,7 +60,8 @@ std::shared_ptr<FolderMachine> OpenFolder(const CommonArguments& common, Console
   FolderLayout folder = LayOut(taken, {common.user, {}, {}, use == DocumentsUse::Needed});
   if (taken.IsDisk()) console.Note(TextOf(taken));
   return std::make_shared<FolderMachine>(std::make_shared<HostedPlatform>(std::move(folder.layout)),
-                                         console, std::move(folder.usualGroupRoot));
+                                         console, std::move(folder.usualGroupRoot),
+                                         taken.IsDisk() && folder.groupRoot.empty());
 }
 
 bool IsSingleLetter(const fs::path& name) {
