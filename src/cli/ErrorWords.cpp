@@ -130,6 +130,9 @@ std::string DocumentsText(const MoveError& error) {
       return "--user " + subject + ": nobody of that name has a documents folder there. " +
              (detail.empty() ? "Nobody else has one, either: leave --user out."
                              : "Those who have one: " + detail + ".");
+    case MoveFault::OtherUser:
+      return "--user " + subject + ": the music on this disk stands in the documents of " + detail +
+             " already. Leave --user out, or name " + detail + ".";
     case MoveFault::DocumentsNotFull:
       return "--documents " + subject +
              R"( is no full path of the new machine, such as C:\Users\Ann\Documents)";

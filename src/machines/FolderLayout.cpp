@@ -125,6 +125,17 @@ String DocumentsOfDisk(const TakenFolder& taken, const FolderLayout& folder,
   throw MoveError(MoveFault::ManyUsers, taken.folder.string(), NamesOf(users));
 }
 
+/// A machine has its music in one place: once it is some user's it is nobody else's.
+String DocumentsOfNamed(const FolderLayout& folder, const std::string& name) {
+  const std::vector<UserDocuments> users = UsersOf(folder.layout);
+  const String documents = NamedUser(users, name);
+  const UserDocuments* const owner = UserWith(users, folder.groupRoot);
+  if (owner != nullptr && owner->path != documents) {
+    throw MoveError(MoveFault::OtherUser, name, owner->user);
+  }
+  return documents;
+}
+
 /// The documents folder, where it is not left to the machine.
 String DocumentsOf(const TakenFolder& taken, const FolderLayout& folder,
                    const LayoutWishes& wishes) {
@@ -132,7 +143,7 @@ String DocumentsOf(const TakenFolder& taken, const FolderLayout& folder,
     return CheckedPath(wishes.documents, folder.layout,
                        {MoveFault::DocumentsNotFull, MoveFault::DocumentsNowhere});
   }
-  if (!wishes.user.empty()) return NamedUser(UsersOf(folder.layout), wishes.user);
+  if (!wishes.user.empty()) return DocumentsOfNamed(folder, wishes.user);
   return taken.IsDisk() ? DocumentsOfDisk(taken, folder, wishes) : String();
 }
 

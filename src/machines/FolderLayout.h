@@ -32,8 +32,8 @@ struct FolderLayout {
 /// registry is "Norvo\registry.reg" on it, and its documents folder is that of its user. Of several
 /// users it is the one whose documents hold the product's data. Nothing is written. MoveError when
 /// its settings cannot be read, when it must be asked whose documents are meant (ManyUsers), when
-/// there is no such user, or when a wished path is no full one or lies on a drive that there is
-/// not.
+/// there is no such user or the product's data are another's (OtherUser), or when a wished path is
+/// no full one or lies on a drive that there is not.
 FolderLayout LayOut(const TakenFolder& taken, const LayoutWishes& wishes = {});
 
 }  // namespace norvo

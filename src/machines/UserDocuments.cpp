@@ -21,6 +21,9 @@ struct UsersPlace {
 constexpr UsersPlace kPlaces[] = {{u"Users", u"Documents"},
                                   {u"Documents and Settings", u"My Documents"}};
 
+/// Where a newer Windows has the documents folder, if a person lets it.
+constexpr StringView kCloud = u"OneDrive";
+
 constexpr StringView kNobody[] = {u"All Users",    u"Default",      u"Default User",
                                   u"defaultuser0", u"LocalService", u"NetworkService",
                                   u"Public"};
@@ -72,10 +75,13 @@ void AddUsers(const UsersPlace& place, const HostedDrive& drive,
   if (!top) return;
   for (const SubFolder& user : SubFoldersOf(top->path)) {
     if (!IsPerson(user.name) || HasUser(users, ToUtf8(user.name))) continue;
-    const std::optional<SubFolder> documents = FindFolder(user.path, place.documents);
-    if (!documents) continue;
-    users.push_back({ToUtf8(user.name), String(1, drive.letter) + u":\\" + top->name + u'\\' +
-                                            user.name + u'\\' + documents->name});
+    const String start = String(1, drive.letter) + u":\\" + top->name + u'\\' + user.name + u'\\';
+    if (const auto documents = FindFolder(user.path, place.documents)) {
+      users.push_back({ToUtf8(user.name), start + documents->name});
+    } else if (const auto cloud = FindFolder(user.path, kCloud)) {
+      const std::optional<SubFolder> there = FindFolder(cloud->path, place.documents);
+      if (there) users.push_back({ToUtf8(user.name), start + cloud->name + u'\\' + there->name});
+    }
   }
 }
 

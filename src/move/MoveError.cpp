@@ -62,6 +62,8 @@ const char* StatementOf(MoveFault fault) {
       return "has the documents of several users";
     case MoveFault::UnknownUser:
       return "is no user with a documents folder";
+    case MoveFault::OtherUser:
+      return "is not the user whose documents hold the music";
     case MoveFault::DocumentsNotFull:
       return "is no full path of the machine, and cannot be the documents folder";
     case MoveFault::DocumentsNowhere:

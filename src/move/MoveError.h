@@ -39,6 +39,7 @@ enum class MoveFault {
   LeadsOut,          ///< subject: the registry's file, which a link leads out of a disk (detail)
   ManyUsers,         ///< subject: a folder with the documents of several users; detail: "Ann, Bob"
   UnknownUser,       ///< subject: a name; detail: the users that there are, may be empty
+  OtherUser,         ///< subject: a name; detail: the user in whose documents the music is
   DocumentsNotFull,  ///< the wished documents folder (subject) is no full path of the machine
   DocumentsNowhere,  ///< it (subject) lies on a drive (detail) that there is not
   NoTemporaryFolder  ///< subject: the folder that takes none

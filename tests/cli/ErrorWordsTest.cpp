@@ -96,6 +96,9 @@ const Row kRows[] = {
     {MoveFault::UnknownUser, "Zoe", "",
      "--user Zoe: nobody of that name has a documents folder there. Nobody else has one, either: "
      "leave --user out."},
+    {MoveFault::OtherUser, "Zoe", "Ann",
+     "--user Zoe: the music on this disk stands in the documents of Ann already. Leave --user out, "
+     "or name Ann."},
     {MoveFault::DocumentsNotFull, "Mine", "",
      R"(--documents Mine is no full path of the new machine, such as C:\Users\Ann\Documents)"},
     {MoveFault::DocumentsNowhere, "Q:\\Mine", "Q:",

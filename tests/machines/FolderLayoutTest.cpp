@@ -138,7 +138,8 @@ TEST_F(FolderLayoutTest, TheUserWhoseDocumentsHoldTheProductsDataIsMeant) {
   Make("disk/Users/Bobby/Documents");
   PutGroupRoot("disk/Norvo/registry.reg", R"(c:\\USERS\\bob\\Documents\\Norvo Media\\)");
   EXPECT_EQ(DocumentsOf("disk"), kBob);
-  EXPECT_EQ(DocumentsOf("disk", {"Ann", {}, {}}), kAnn);
+  EXPECT_EQ(DocumentsOf("disk", {"BOB", {}, {}}), kBob);
+  ExpectError(ErrorOfLayout("disk", {"Ann", {}, {}}), MoveFault::OtherUser, "Ann", "Bob");
   PutGroupRoot("disk/Norvo/registry.reg", R"(C:\\Norvo Media\\)");
   EXPECT_EQ(ErrorOfLayout("disk").Fault(), MoveFault::ManyUsers);
 }

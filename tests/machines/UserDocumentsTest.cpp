@@ -36,6 +36,15 @@ TEST_F(UserDocumentsTest, AreWhereAnOlderWindowsHasThem) {
   EXPECT_EQ(Lines(), Texts{R"(Ann: C:\Documents and Settings\Ann\My Documents)"});
 }
 
+TEST_F(UserDocumentsTest, AreInTheCloudFolderOfAUserWhoHasNoOthers) {
+  Make("Users/Ann/OneDrive/Documents");
+  Make("Users/Bob/Documents");
+  Make("Users/Bob/OneDrive/Documents");
+  Make("Users/Zoe/OneDrive/Pictures");
+  EXPECT_EQ(Lines(),
+            (Texts{R"(Ann: C:\Users\Ann\OneDrive\Documents)", R"(Bob: C:\Users\Bob\Documents)"}));
+}
+
 TEST_F(UserDocumentsTest, AreFoundInWhateverCaseAndSpelledAsOnTheDisk) {
   Make("USERS/ann/documents");
   EXPECT_EQ(Lines(), Texts{R"(ann: C:\USERS\ann\documents)"});
