@@ -42,6 +42,9 @@ ListNotes::ListNotes(const MoveResult& move) : move_(move), changes_(move.playli
   for (const MovedPlaylist& playlist : move.playlists) {
     names_.insert(Fold(FromUtf8Lossy(NameOf(playlist))));
   }
+  for (const WorkWarning& warning : move.warnings) {
+    if (warning.side == MachineSide::New) wrongFiles_.insert(warning.subject);
+  }
   for (const Adjustment& row : move.adjustments) {
     if (IsSilent(row.reason)) continue;
     const std::string because = std::string(", because ") + TextOf(row.reason);
@@ -90,8 +93,16 @@ std::string ListNotes::Outcome(const MovedPlaylist& playlist) const {
   return text;
 }
 
+std::vector<String> ListNotes::WrongFilesOf(const MovedPlaylist& playlist) const {
+  std::vector<String> files = playlist.natives;
+  files.push_back(playlist.companion);
+  std::erase_if(files, [&](const String& path) { return !wrongFiles_.contains(path); });
+  return files;
+}
+
 bool ListNotes::IsProblem(const MovedPlaylist& playlist) const {
-  return playlist.state == MovedPlaylist::State::LeftOut || CountMissing(move_, playlist) > 0;
+  return playlist.state == MovedPlaylist::State::LeftOut || CountMissing(move_, playlist) > 0 ||
+         !WrongFilesOf(playlist).empty();
 }
 
 /// Grouped by what happened to them, each thing once however often it is listed.
@@ -100,6 +111,9 @@ void ListNotes::AddProblems(const MovedPlaylist& playlist, std::vector<Note>& no
   const auto add = [&](const std::string& text) {
     if (told.insert(text).second) notes.push_back({text, Weight::Problem});
   };
+  for (const String& path : WrongFilesOf(playlist)) {
+    add("not as it was written; was it changed or deleted? " + ToUtf8(path));
+  }
   for (const MovedItem& item : playlist.items) {
     if (item.IsSong()) {
       const MovedSong& song = move_.songs[item.song];

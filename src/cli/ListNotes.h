@@ -37,13 +37,16 @@ class ListNotes {
 
   /// "5 of 6 songs, 1 address"; "not read".
   std::string Outcome(const MovedPlaylist& playlist) const;
-  /// True when something that it lists did not come over, or itself did not.
+  /// True when something that it lists did not come over, or itself did not, or a new list is not
+  /// as it was written.
   bool IsProblem(const MovedPlaylist& playlist) const;
   /// All there is to say of a playlist, by its number, problems first. A song that is called
   /// otherwise now is told of with one playlist only.
   std::vector<Note> Of(std::size_t playlist) const;
 
  private:
+  /// Those of its new files that the move warns of.
+  std::vector<String> WrongFilesOf(const MovedPlaylist& playlist) const;
   void AddProblems(const MovedPlaylist& playlist, std::vector<Note>& notes) const;
   void AddItems(const MovedPlaylist& playlist, std::vector<Note>& notes) const;
   void NoteListName(const Adjustment& row, const std::string& because);
@@ -51,6 +54,7 @@ class ListNotes {
   const MovedItem* ItemOf(const Adjustment& row);
 
   const MoveResult& move_;
+  std::set<String> wrongFiles_;             // of which the move warns
   std::multiset<String> names_;             // as Fold() has them
   std::vector<std::vector<Note>> changes_;  // by playlist: what the adjustments mean
   std::set<std::size_t> toldSongs_;

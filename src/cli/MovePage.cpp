@@ -157,7 +157,7 @@ class Page {
            (count.songs == 0
                 ? std::string()
                 : ", " + std::to_string(count.rightSongs) + " of " + Counted(count.songs, "song")) +
-           " are right.");
+           " right.");
     }
     if (totals_.before > 0) {
       Fact(Counted(totals_.before, "playlist") + " moved before, and as they were.");

@@ -289,7 +289,7 @@ class Report {
               (count.songs == 0 ? std::string()
                                 : ", " + std::to_string(count.rightSongs) + " of " +
                                       Counted(count.songs, "song")) +
-              " are right",
+              " right",
           isRight ? Style::Good : Style::Problem);
   }
 
@@ -305,8 +305,10 @@ class Report {
 }  // namespace
 
 std::string MoveWarningText(const WorkWarning& warning) {
-  const bool isOld = warning.side == MachineSide::Old;
-  return TextOf(warning, isOld ? "Old machine: " : "New machine: ");
+  const std::string side = warning.side == MachineSide::Old ? "Old machine: " : "New machine: ";
+  if (warning.kind == WorkWarning::Kind::Oddity) return side + ToUtf8(warning.warning.text);
+  if (warning.kind == WorkWarning::Kind::Library) return side + PlainText(warning.warning);
+  return TextOf(warning);
 }
 
 void TellLeftOut(const MoveResult& move, Console& console) {

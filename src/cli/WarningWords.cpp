@@ -54,7 +54,53 @@ std::string FindingText(const WorkWarning& warning) {
   }
 }
 
+const char* WordsFor(WarningKind kind) {
+  switch (kind) {
+    case WarningKind::FolderNotListed:
+      return "this folder cannot be listed";
+    case WarningKind::FolderNotChecked:
+      return "nobody can tell whether this folder is there";
+    case WarningKind::FileNotChecked:
+      return "nobody can tell whether this file is there";
+    case WarningKind::FileNotRead:
+      return "this file cannot be read";
+    case WarningKind::FolderNotCreated:
+      return "this folder cannot be made";
+    case WarningKind::ShellFolderNotTold:
+      return "the place of the documents is not known";
+    case WarningKind::VersionNotRead:
+      return "the version of this file cannot be read";
+    case WarningKind::GroupRootNotRead:
+      return "the place of the music is not known";
+    case WarningKind::DrivesNotListed:
+      return "the drives cannot be listed, so none was searched";
+    case WarningKind::ScanStopped:
+      return "the search for playlists ended before its end";
+    case WarningKind::QueueStopped:
+      return "the reading of the playlists ended before its end";
+    case WarningKind::ListNotRead:
+      return "the list of the playlists found cannot be read";
+    case WarningKind::PlaylistNotListed:
+      return "this playlist was found and cannot be listed";
+    case WarningKind::SizeNotWritten:
+      return "the size of all songs cannot be noted";
+    case WarningKind::MediaListNotWritten:
+      return "the songs of a playlist cannot be noted";
+  }
+  return "";
+}
+
 }  // namespace
+
+std::string PlainText(const Warning& warning) {
+  const std::string path = ToUtf8(warning.path);
+  std::string reason = ToUtf8(warning.reason);
+  // Many reasons end with the path, which stands in front.
+  const std::size_t at = path.empty() ? std::string::npos : reason.rfind(": " + path);
+  if (at != std::string::npos) reason.erase(at);
+  return (path.empty() ? "" : path + ": ") + WordsFor(warning.kind) +
+         (reason.empty() ? "" : ": " + reason);
+}
 
 std::string TextOf(const WorkWarning& warning, const char* library) {
   switch (warning.kind) {

@@ -10,4 +10,8 @@ namespace norvo::cli {
 /// library itself tells: "Old machine: ".
 std::string TextOf(const WorkWarning& warning, const char* library = "Warning: ");
 
+/// What the library did not do, without its own terms: "C:\Music: this folder cannot be listed:
+/// Permission denied".
+std::string PlainText(const Warning& warning);
+
 }  // namespace norvo::cli

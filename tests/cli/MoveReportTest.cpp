@@ -73,7 +73,7 @@ Playlists   7: 3 moved, 1 moved in part, 1 without songs, 1 not read, 1 skipped
 Songs       3: 1 brought (5.3 MB), 1 there already (2.5 GB), 1 left out (8.1 MB)
 Elsewhere   1 song found in another place than the lists say
 In no list  2 songs (9.0 MB), left where they are; --all-music brings them, too
-Checked     3 of 4 playlists, 8 of 9 songs are right
+Checked     3 of 4 playlists, 8 of 9 songs right
 )");
 }
 
@@ -84,7 +84,7 @@ TEST(MoveReport, AWholeMoveHasNoProblems) {
   move.result.count = {1, 1, 1, 1};
   EXPECT_EQ(ReportOf(move.result), (Lines{"  Mix.m3u  1 of 1 song", "", "Playlists   1: 1 moved",
                                           "Songs       1: 1 brought (1 KB)",
-                                          "Checked     1 of 1 playlist, 1 of 1 song are right"}));
+                                          "Checked     1 of 1 playlist, 1 of 1 song right"}));
 }
 
 TEST(MoveReport, TheFolderOfTheNewListsIsTold) {
@@ -93,6 +93,34 @@ TEST(MoveReport, TheFolderOfTheNewListsIsTold) {
   move.AddList(u"C:\\Mix.m3u", {0}).companion = u"C:\\Lists\\Modern Players\\Mix.m3u8";
   EXPECT_NE(TextOf(ReportOf(move.result)).find("New lists   C:\\Lists, a folder for each player\n"),
             std::string::npos);
+}
+
+TEST(MoveReport, AListWhoseNewFilesAreNotAsTheyWereWrittenSaysSo) {
+  MadeMove move;
+  move.AddSong(u"C:\\One.mp3", u"C:\\New\\One.mp3", 100);
+  MovedPlaylist& mix = move.AddList(u"C:\\Mix.m3u", {0}, MovedPlaylist::State::AlreadyRestored);
+  mix.natives = {u"C:\\Lists\\Mix.asx", u"C:\\Lists\\Mix.pls"};
+  WorkWarning gone;
+  gone.kind = WorkWarning::Kind::NativeGone;
+  gone.side = MachineSide::New;
+  gone.subject = u"C:\\Lists\\Mix.pls";
+  move.result.warnings = {gone};
+  const Lines lines = ReportOf(move.result);
+  EXPECT_EQ(lines.at(0), "! Mix.m3u (C:\\)  1 of 1 song, moved before");
+  EXPECT_EQ(lines.at(1),
+            "      not as it was written; was it changed or deleted? C:\\Lists\\Mix.pls");
+}
+
+TEST(MoveReport, WarningsOfTheLibraryAreInPlainWordsBehindTheirMachine) {
+  WorkWarning warning;
+  warning.kind = WorkWarning::Kind::Library;
+  warning.side = MachineSide::Old;
+  warning.warning = {WarningKind::FolderNotListed, u"C:\\Music", u"Permission denied",
+                     u"PlayListFinder -> Permission denied"};
+  EXPECT_EQ(MoveWarningText(warning),
+            "Old machine: C:\\Music: this folder cannot be listed: Permission denied");
+  warning.kind = WorkWarning::Kind::Oddity;
+  EXPECT_EQ(MoveWarningText(warning), "Old machine: PlayListFinder -> Permission denied");
 }
 
 TEST(MoveReport, NoLineIsWiderThanTheTerminal) {

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+#include <string>
+
 namespace norvo::cli {
 namespace {
 
@@ -29,6 +32,27 @@ TEST(WarningWords, AnOddityIsAWarningOfEitherMachine) {
   const WorkWarning warning = WarningOfText(Kind::Oddity, u"two names differ in case alone");
   EXPECT_EQ(TextOf(warning), "Warning: two names differ in case alone");
   EXPECT_EQ(TextOf(warning, "Old machine: "), "Warning: two names differ in case alone");
+}
+
+TEST(WarningWords, WhatTheLibraryDidNotDoIsSaidInPlainWords) {
+  const auto text = [](WarningKind kind, StringView path, StringView reason) {
+    return PlainText({kind, String(path), String(reason), u"DataCop -> in its own terms"});
+  };
+  EXPECT_EQ(text(WarningKind::FolderNotListed, u"C:\\Music", u"Permission denied"),
+            "C:\\Music: this folder cannot be listed: Permission denied");
+  EXPECT_EQ(text(WarningKind::FileNotRead, u"C:\\a.mp3", u"File not found: C:\\a.mp3"),
+            "C:\\a.mp3: this file cannot be read: File not found");
+  EXPECT_EQ(text(WarningKind::DrivesNotListed, u"", u""),
+            "the drives cannot be listed, so none was searched");
+}
+
+TEST(WarningWords, EveryKindOfWarningHasWordsOfItsOwn) {
+  std::set<std::string> told;
+  for (int kind = 0; kind <= static_cast<int>(WarningKind::MediaListNotWritten); ++kind) {
+    told.insert(PlainText({static_cast<WarningKind>(kind), {}, {}, {}}));
+  }
+  EXPECT_EQ(told.size(), static_cast<std::size_t>(WarningKind::MediaListNotWritten) + 1);
+  EXPECT_FALSE(told.contains(""));
 }
 
 TEST(WarningWords, ASettingThatIsOfNoUseSaysWhy) {
