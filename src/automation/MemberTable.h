@@ -89,6 +89,9 @@ struct Binding<String> {
   static constexpr ValueType kType = ValueType::Text;
   static String From(const Variant& value) { return ToText(value); }
 };
+/// A view of the argument, or of what stays until the object's next change.
+template <>
+struct Binding<StringView> : Binding<String> {};
 template <>
 struct Binding<Variant> {
   static constexpr ValueType kType = ValueType::Any;
@@ -123,10 +126,17 @@ Variant Wrap(Result&& value) {
   using Plain = std::remove_cvref_t<Result>;
   if constexpr (std::is_convertible_v<Plain, ObjectRef>) {
     return ObjectRef(std::forward<Result>(value));
+  } else if constexpr (std::is_same_v<Plain, StringView>) {
+    return String(value);
   } else {
     return Variant(std::forward<Result>(value));
   }
 }
+
+/// What holds an argument while its function runs.
+template <class Parameter>
+using Held = std::conditional_t<std::is_same_v<std::remove_cvref_t<Parameter>, StringView>, String,
+                                std::remove_cvref_t<Parameter>>;
 
 template <class Function>
 struct Signature;
@@ -159,8 +169,7 @@ struct Signature<R (C::*)(A...)> {
   template <auto kFunction, std::size_t... I>
   static Variant InvokeWith(C& object, Arguments arguments, std::index_sequence<I...>) {
     if (arguments.size() != sizeof...(A)) throw RunTimeError(error::kWrongArguments);
-    std::tuple<std::remove_cvref_t<A>...> values{
-        Binding<std::remove_cvref_t<A>>::From(arguments[I])...};
+    std::tuple<Held<A>...> values{Binding<Held<A>>::From(arguments[I])...};
     if constexpr (std::is_void_v<R>) {
       (object.*kFunction)(std::get<I>(values)...);
       (WriteBack<A>(arguments[I], std::get<I>(values)), ...);

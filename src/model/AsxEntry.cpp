@@ -2,30 +2,20 @@
 
 namespace norvo {
 
-void AsxEntry::SetSongName(const String& value) {
+void AsxEntry::SetSongName(StringView value) {
   FormatEntry::SetSongName(value);
   // The second set changes nothing; the sequence is kept on purpose.
   if (SongName().empty()) FormatEntry::SetSongName(value);
 }
 
-String AsxEntry::Artist() {
-  String plain = ArtistName();
-  return plain.size() >= artist_.size() ? plain : artist_;
+void AsxEntry::SetArtist(StringView value) {
+  asx_.Set(kArtist, value);
+  SetArtistName(asx_.At(kArtist));  // the value may have been a view of what has just moved
 }
 
-void AsxEntry::SetArtist(const String& value) {
-  artist_ = value;
-  SetArtistName(value);
-}
-
-String AsxEntry::Album() {
-  String plain = AlbumName();
-  return plain.size() >= album_.size() ? plain : album_;
-}
-
-void AsxEntry::SetAlbum(const String& value) {
-  album_ = value;
-  SetAlbumName(value);
+void AsxEntry::SetAlbum(StringView value) {
+  asx_.Set(kAlbum, value);
+  SetAlbumName(asx_.At(kAlbum));
 }
 
 const MemberTable& AsxEntry::Interface() {

@@ -10,34 +10,34 @@ class AsxEntry final : public FormatEntry {
   using FormatEntry::FormatEntry;
 
   /// See the plain name.
-  void SetSongName(const String& value) override;
+  void SetSongName(StringView value) override;
 
   /// @{
   /// Text of the element of that name; stored as given.
-  String Author() { return author_; }
-  void SetAuthor(const String& value) { author_ = value; }
+  StringView Author() { return asx_.At(kAuthor); }
+  void SetAuthor(StringView value) { asx_.Set(kAuthor, value); }
   /// @}
   /// The plain artist name when it is at least as long as the one set here, else the latter.
-  String Artist();
+  StringView Artist() { return LongerOf(ArtistName(), asx_.At(kArtist)); }
   /// Also sets the plain artist name.
-  void SetArtist(const String& value);
+  void SetArtist(StringView value);
   /// @{
   /// Album: the same two rules.
-  String Album();
-  void SetAlbum(const String& value);
+  StringView Album() { return LongerOf(AlbumName(), asx_.At(kAlbum)); }
+  void SetAlbum(StringView value);
   /// @}
   /// @{
   /// Texts of the elements of these names; stored as given.
-  String Copyright() { return copyright_; }
-  void SetCopyright(const String& value) { copyright_ = value; }
-  String Href() { return href_; }
-  void SetHref(const String& value) { href_ = value; }
-  String AsxSongName() { return asxSongName_; }
-  void SetAsxSongName(const String& value) { asxSongName_ = value; }
-  String Title() { return title_; }
-  void SetTitle(const String& value) { title_ = value; }
-  String Abstract() { return abstract_; }
-  void SetAbstract(const String& value) { abstract_ = value; }
+  StringView Copyright() { return asx_.At(kCopyright); }
+  void SetCopyright(StringView value) { asx_.Set(kCopyright, value); }
+  StringView Href() { return asx_.At(kHref); }
+  void SetHref(StringView value) { asx_.Set(kHref, value); }
+  StringView AsxSongName() { return asx_.At(kAsxSongName); }
+  void SetAsxSongName(StringView value) { asx_.Set(kAsxSongName, value); }
+  StringView Title() { return asx_.At(kTitle); }
+  void SetTitle(StringView value) { asx_.Set(kTitle, value); }
+  StringView Abstract() { return asx_.At(kAbstract); }
+  void SetAbstract(StringView value) { asx_.Set(kAbstract, value); }
   /// @}
 
   /// @{
@@ -49,10 +49,10 @@ class AsxEntry final : public FormatEntry {
   void SetDigitallySecure(Variant value) { digitallySecure_.swap(value); }
   Variant MediaAttribute() { return mediaAttribute_; }
   void SetMediaAttribute(const Variant& value) { mediaAttribute_ = ToInt16(value); }
-  Variant MediaType() { return mediaType_; }
-  void SetMediaType(const Variant& value) { mediaType_ = ToText(value); }
-  Variant PlaylistAttribute() { return playlistAttribute_; }
-  void SetPlaylistAttribute(const Variant& value) { playlistAttribute_ = ToText(value); }
+  Variant MediaType() { return String(asx_.At(kMediaType)); }
+  void SetMediaType(const Variant& value) { asx_.Set(kMediaType, ToText(value)); }
+  Variant PlaylistAttribute() { return String(asx_.At(kPlaylistAttribute)); }
+  void SetPlaylistAttribute(const Variant& value) { asx_.Set(kPlaylistAttribute, ToText(value)); }
   Variant PlayCount() { return playCount_; }
   void SetPlayCount(const Variant& value) { playCount_ = ToInt32(value); }
   /// @}
@@ -64,20 +64,29 @@ class AsxEntry final : public FormatEntry {
   const MemberTable& Table() const override { return Interface(); }
 
  private:
-  String author_;
-  String artist_;
-  String album_;
-  String copyright_;
-  String href_;
-  String asxSongName_;
-  String title_;
-  std::int32_t bitRate_ = 0;
+  enum AsxField : std::uint8_t {
+    kAuthor,
+    kArtist,
+    kAlbum,
+    kCopyright,
+    kHref,
+    kAsxSongName,
+    kTitle,
+    kMediaType,
+    kPlaylistAttribute,
+    kAbstract,
+    kAsxFieldCount
+  };
+
+  static StringView LongerOf(StringView plain, StringView own) {
+    return plain.size() >= own.size() ? plain : own;
+  }
+
+  PackedTexts<kAsxFieldCount> asx_;
   Variant digitallySecure_;
-  std::int16_t mediaAttribute_ = 0;
-  String mediaType_;
-  String playlistAttribute_;
+  std::int32_t bitRate_ = 0;
   std::int32_t playCount_ = 0;
-  String abstract_;
+  std::int16_t mediaAttribute_ = 0;
 };
 
 }  // namespace norvo

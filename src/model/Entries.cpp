@@ -5,12 +5,11 @@
 namespace norvo {
 
 void Entries::Add(const ObjectRef& entry) {
-  constexpr StringView kType = u"Entry_EntryType";
   // What cannot be added leaves no trace.
   Attempt([&] {
     if (!entry) throw RunTimeError(error::kObjectNotSet);
-    if (ToInt32(entry->Get(kType)) != collectionType_) {
-      entry->Get(kType);  // read once more and discarded: a script's object sees two reads
+    if (ToInt32(type_(*entry)) != collectionType_) {
+      type_(*entry);  // read once more and discarded: a script's object sees two reads
       return;
     }
     items_.Append(entry);

@@ -53,6 +53,7 @@ class Entries final : public TableObject {
 
  private:
   ObjectList items_;
+  PropertyReader type_{u"Entry_EntryType"};
   std::int32_t collectionType_ = 0;
 };
 

@@ -13,16 +13,6 @@
 namespace norvo {
 namespace {
 
-String Cleaned(const String& text) {
-  return String(NVServices::StripNull(text));
-}
-
-/// Replaces by length alone: a value of equal or smaller length never wins, however it reads.
-/// Lengths are those of the raw values, NULs included.
-void LongerWins(String& stored, const String& offered) {
-  if (stored.size() < offered.size()) stored = offered;
-}
-
 bool IsZeroOrNoNumber(StringView text) {
   const std::optional<double> number = ParseNumber(text);
   return !number || *number == 0;
@@ -30,111 +20,121 @@ bool IsZeroOrNoNumber(StringView text) {
 
 }  // namespace
 
-String EntryFields::AlbumName() {
-  return Cleaned(albumName_);
-}
-String EntryFields::ArtistName() {
-  return Cleaned(artistName_);
-}
-String EntryFields::SongName() {
-  return Cleaned(songName_);
+StringView EntryFields::Cleaned(Field field) const {
+  return NVServices::StripNull(texts_.At(field));
 }
 
-String EntryFields::FileName() {
-  if (!sourceUrl_.empty()) return fileName_;
+void EntryFields::Clean(Field field) {
+  texts_.Set(field, Cleaned(field));
+}
+
+/// Replaces by length alone: a value of equal or smaller length never wins, however it reads.
+/// Lengths are those of the raw values, NULs included.
+void EntryFields::TakeLonger(Field field, StringView offered) {
+  if (texts_.At(field).size() < offered.size()) texts_.Set(field, offered);
+}
+
+StringView EntryFields::FileName() {
+  if (!SourceURL().empty()) return texts_.At(kFileName);
   WriteLog(component_, u"Must set the SourceURL property to obtain the File name ");
   return {};
 }
 
 double EntryFields::FileSize() {
-  if (!sourceUrl_.empty()) return fileSize_;
+  if (!SourceURL().empty()) return fileSize_;
   WriteLog(component_, u"Must set the SourceURL property to obtain a size ");
   return 0;
 }
 
-void EntryFields::SetPlayListName(const String& value) {
-  if (value.find(u'.') == String::npos) {
-    playListName_ = value;
+void EntryFields::SetPlayListName(StringView value) {
+  if (value.find(u'.') == StringView::npos) {
+    texts_.Set(kPlayListName, value);
     return;
   }
   const StringView extension = EntryExtension(entryType_);
-  const std::size_t at = extension.empty() ? String::npos : FindIgnoreCase(value, extension);
-  if (at != String::npos) playListName_ = value.substr(0, at);
+  const std::size_t at = extension.empty() ? StringView::npos : FindIgnoreCase(value, extension);
+  if (at != StringView::npos) texts_.Set(kPlayListName, value.substr(0, at));
 }
 
-String EntryFields::SongTitle() {
-  if (!songTitle_.empty()) return songTitle_;
-  if (!songName_.empty() && !artistName_.empty()) songTitle_ = artistName_ + u" - " + songName_;
+StringView EntryFields::SongTitle() {
+  const StringView title = texts_.At(kSongTitle);
+  if (!title.empty()) return title;
+  const StringView songName = texts_.At(kSongName);
+  const StringView artistName = texts_.At(kArtistName);
+  if (!songName.empty() && !artistName.empty()) {
+    texts_.Set(kSongTitle, String(artistName).append(u" - ").append(songName));
+  }
   return {};  // also when a title was composed just now: the next call hands it out
 }
 
-void EntryFields::SetSongTitle(const String& value) {
-  if (songTitle_.empty()) songTitle_ = value;
+void EntryFields::SetSongTitle(StringView value) {
+  if (texts_.At(kSongTitle).empty()) texts_.Set(kSongTitle, value);
 }
 
 bool EntryFields::HasLocalType() const {
   return urlType_ == url_type::kFixedDrive || urlType_ == url_type::kDriveRoot;
 }
 
-void EntryFields::SetSourceURL(const String& value) {
-  sourceUrl_ = value;
+void EntryFields::SetSourceURL(StringView value) {
+  texts_.Set(kSourceUrl, value);
   stamp_.reset();
   if (!HasLocalType()) return;
-  const std::optional<FileFacts> facts = NVServices::FactsOfFile(component_, value);
+  const std::optional<FileFacts> facts = NVServices::FactsOfFile(component_, SourceURL());
   if (facts) TakeFacts(*facts);
 }
 
-void EntryFields::SetSource(const String& address, const std::optional<FileFacts>& facts) {
-  sourceUrl_ = address;
+void EntryFields::SetSource(StringView address, const FileFacts* facts) {
+  texts_.Set(kSourceUrl, address);
   stamp_.reset();
-  if (!facts) return;
+  if (facts == nullptr) return;
   stamp_ = FileStamp{facts->size, facts->modified};
   if (HasLocalType()) TakeFacts(*facts);
 }
 
 void EntryFields::TakeFacts(const FileFacts& facts) {
   fileSize_ = facts.size;
-  fileName_ = facts.name;
+  texts_.Set(kFileName, facts.name);
   if (!HasAsxEntries(entryType_)) fileCreationDate_ = facts.created;
 }
 
 String EntryFields::DestinationPath() {
-  artistName_ = Cleaned(artistName_);
-  albumName_ = Cleaned(albumName_);
-  fileName_ = Cleaned(fileName_);
+  Clean(kArtistName);
+  Clean(kAlbumName);
+  Clean(kFileName);
   if (urlType_ >= url_type::kRemovable && urlType_ <= url_type::kInternet) {
-    return Cleaned(sourceUrl_);
+    return String(Cleaned(kSourceUrl));
   }
-  if (fileName_.empty()) {
+  if (texts_.At(kFileName).empty()) {
     WriteLog(component_, u"The FileName Property has not been set");
     return {};
   }
-  String path =
-      DataCop::GetSubNamePath(component_, DataCop::DestinationSlot(artistName_, albumName_));
-  for (const String* const name : {&artistName_, &albumName_}) {
-    if (!name->empty()) path += *name + u"\\";
+  const StringView artist = texts_.At(kArtistName);
+  const StringView album = texts_.At(kAlbumName);
+  String path = DataCop::GetSubNamePath(component_, DataCop::DestinationSlot(artist, album));
+  for (const StringView name : {artist, album}) {
+    if (!name.empty()) path.append(name).append(1, u'\\');
   }
-  return path + fileName_;
+  return path.append(texts_.At(kFileName));
 }
 
 bool EntryFields::GetID3TagInfo() {
-  if (sourceUrl_.empty()) return false;
+  if (SourceURL().empty()) return false;
   // What the look-up told serves once: later the file may be another one.
   const std::optional<FileStamp> stamp = std::exchange(stamp_, std::nullopt);
   // A failing step is skipped: there simply is no tag.
   const AudioTag tag =
-      AnswerOr(AudioTag(), [&] { return ReadAudioTag(component_, sourceUrl_, stamp); });
+      AnswerOr(AudioTag(), [&] { return ReadAudioTag(component_, SourceURL(), stamp); });
   if (tag.kind == AudioTag::Kind::None) return false;
-  LongerWins(albumName_, tag.album);
-  LongerWins(artistName_, tag.artist);
-  LongerWins(genre_, tag.genre);
-  LongerWins(songName_, tag.song);
+  TakeLonger(kAlbumName, tag.Album());
+  TakeLonger(kArtistName, tag.Artist());
+  TakeLonger(kGenre, tag.Genre());
+  TakeLonger(kSongName, tag.Song());
   // An ID3v1 tag fills neither duration nor track nor creation date: intended. (Its year would go
   // into the file's own date, but four characters of a year are no date.)
   if (tag.kind == AudioTag::Kind::Id3v1) return true;
-  if (IsZeroOrNoNumber(duration_)) duration_ = FormatInteger(tag.duration);
-  if (IsZeroOrNoNumber(trackNumber_)) trackNumber_ = FormatInteger(tag.track);
-  if (creationDate_.empty()) creationDate_ = tag.year;
+  if (IsZeroOrNoNumber(DurationText())) SetDurationText(FormatInteger(tag.duration));
+  if (IsZeroOrNoNumber(TrackNumber())) SetTrackNumber(FormatInteger(tag.track));
+  if (CreationDate().empty()) SetCreationDate(tag.Year());
   return true;
 }
 

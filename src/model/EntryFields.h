@@ -5,6 +5,7 @@
 
 #include "automation/MemberTable.h"
 #include "services/Component.h"
+#include "text/PackedTexts.h"
 
 namespace norvo {
 
@@ -14,28 +15,32 @@ namespace norvo {
 class EntryFields : public TableObject {
  public:
   /// An entry of the component, which must outlive it.
-  explicit EntryFields(Component& component) : component_(component) {}
+  explicit EntryFields(Component& component) : component_(component) {
+    texts_.Reserve(kUsualUnits);
+  }
 
   /// @{
   /// Names, read back cut at the first NUL and trimmed; stored as given.
-  String AlbumName();
-  void SetAlbumName(const String& value) { albumName_ = value; }
-  String ArtistName();
-  void SetArtistName(const String& value) { artistName_ = value; }
-  String SongName();
-  virtual void SetSongName(const String& value) { songName_ = value; }
+  StringView AlbumName() { return Cleaned(kAlbumName); }
+  void SetAlbumName(StringView value) { texts_.Set(kAlbumName, value); }
+  StringView ArtistName() { return Cleaned(kArtistName); }
+  void SetArtistName(StringView value) { texts_.Set(kArtistName, value); }
+  StringView SongName() { return Cleaned(kSongName); }
+  virtual void SetSongName(StringView value) { texts_.Set(kSongName, value); }
   /// @}
 
   /// @{
   /// When the song was made, as its tag tells it: the year.
-  String CreationDate() { return creationDate_; }
-  void SetCreationDate(const String& value) { creationDate_ = value; }
+  StringView CreationDate() { return texts_.At(kCreationDate); }
+  void SetCreationDate(StringView value) { texts_.Set(kCreationDate, value); }
   /// @}
 
   /// @{
   /// Any value, kept as text: seconds, or whatever the reader stored.
-  Variant Duration() { return duration_; }
-  void SetDuration(const Variant& value) { duration_ = ToText(value); }
+  Variant Duration() { return String(DurationText()); }
+  void SetDuration(const Variant& value) { SetDurationText(ToText(value)); }
+  StringView DurationText() { return texts_.At(kDuration); }
+  void SetDurationText(StringView value) { texts_.Set(kDuration, value); }
   /// @}
 
   /// @{
@@ -47,16 +52,16 @@ class EntryFields : public TableObject {
   /// @{
   /// The file's own name, without its folder. The empty text and a log line while no source address
   /// is set.
-  String FileName();
-  void SetFileName(const String& value) { fileName_ = value; }
+  StringView FileName();
+  void SetFileName(StringView value) { texts_.Set(kFileName, value); }
   /// @}
   /// Bytes; 0 and a log line while no source address is set.
   double FileSize();
 
   /// @{
   /// The genre by its name.
-  String Genre() { return genre_; }
-  void SetGenre(const String& value) { genre_ = value; }
+  StringView Genre() { return texts_.At(kGenre); }
+  void SetGenre(StringView value) { texts_.Set(kGenre, value); }
   /// @}
   /// @{
   /// A number that a host may keep here.
@@ -65,22 +70,25 @@ class EntryFields : public TableObject {
   /// @}
 
   /// Always empty, whatever was set: intended. The playlist itself knows its name.
-  String PlayListName() { return {}; }
+  StringView PlayListName() { return {}; }
   /// Stores the name without the extension that belongs to the entry type; a name that has a point
   /// but not that extension is not stored.
-  void SetPlayListName(const String& value);
+  void SetPlayListName(StringView value);
 
   /// Without a stored title, the first call composes "artist - song" and still answers with the
   /// empty text; later calls hand it out. Intended.
-  String SongTitle();
+  StringView SongTitle();
   /// Only the first title that is not empty is kept.
-  void SetSongTitle(const String& value);
+  void SetSongTitle(StringView value);
+
+  /// The same question without the composing.
+  bool HasSongTitle() const { return !texts_.At(kSongTitle).empty(); }
 
   /// Address of the media: a full path or an internet address.
-  String SourceURL() { return sourceUrl_; }
+  StringView SourceURL() { return texts_.At(kSourceUrl); }
   /// Also reads the file's name, size and creation date when the address type is 0 or 1 and the
   /// file exists.
-  void SetSourceURL(const String& value);
+  void SetSourceURL(StringView value);
 
   /// @{
   /// Address type, one of url_type.
@@ -89,8 +97,8 @@ class EntryFields : public TableObject {
   /// @}
   /// @{
   /// Number of the song on its album, as text.
-  String TrackNumber() { return trackNumber_; }
-  void SetTrackNumber(const String& value) { trackNumber_ = value; }
+  StringView TrackNumber() { return texts_.At(kTrackNumber); }
+  void SetTrackNumber(StringView value) { texts_.Set(kTrackNumber, value); }
   /// @}
 
   /// Path under which the media file is to be placed; the source address itself for the types 6 to
@@ -101,36 +109,47 @@ class EntryFields : public TableObject {
 
   /// Sets the source address together with what a look-up has just told of the file, so that the
   /// disk is not asked twice. Same effect as `SetSourceURL`.
-  void SetSource(const String& address, const std::optional<FileFacts>& facts);
+  void SetSource(StringView address, const FileFacts* facts);
 
   /// @{
   /// What no property hands out.
-  const String& StoredPlayListName() const { return playListName_; }
+  StringView StoredPlayListName() const { return texts_.At(kPlayListName); }
   std::optional<FileTime> FileCreationDate() const { return fileCreationDate_; }
   /// @}
 
  private:
+  // What an ordinary song has of texts, so that they are given their room once.
+  static constexpr std::size_t kUsualUnits = 192;
+
+  enum Field : std::uint8_t {
+    kAlbumName,
+    kArtistName,
+    kCreationDate,
+    kDuration,
+    kFileName,
+    kGenre,
+    kPlayListName,
+    kSongName,
+    kSongTitle,
+    kSourceUrl,
+    kTrackNumber,
+    kFieldCount
+  };
+
+  StringView Cleaned(Field field) const;
+  void Clean(Field field);
+  void TakeLonger(Field field, StringView offered);
   void TakeFacts(const FileFacts& facts);
   bool HasLocalType() const;
 
   Component& component_;
-  String artistName_;
-  String albumName_;
-  String creationDate_;
-  String duration_;
-  String fileName_;
-  std::int32_t nativeFormat_ = 0;
-  String genre_;
-  String songName_;
-  String songTitle_;
-  String sourceUrl_;
-  String trackNumber_;
-  std::int32_t entryType_ = 0;
-  String playListName_;
+  PackedTexts<kFieldCount> texts_;
   double fileSize_ = 0;
-  std::int32_t urlType_ = 0;
   std::optional<FileTime> fileCreationDate_;
   std::optional<FileStamp> stamp_;  // of the file at the source address, as just looked up
+  std::int32_t nativeFormat_ = 0;
+  std::int32_t entryType_ = 0;
+  std::int32_t urlType_ = 0;
 };
 
 }  // namespace norvo

@@ -1,40 +1,67 @@
 #include "model/GenericKeys.h"
 
+#include <type_traits>
+#include <utility>
+
+#include "model/AsxEntry.h"
+#include "text/Number.h"
+
 namespace norvo {
 namespace {
+
+/// What `ToText` gives of the property's value.
+template <auto kGetter>
+void Append(FormatEntry& entry, String& text) {
+  using Class = typename detail::Signature<decltype(kGetter)>::Class;
+  auto value = (static_cast<Class&>(entry).*kGetter)();
+  using Value = decltype(value);
+  if constexpr (std::is_same_v<Value, StringView>) {
+    text += value;
+  } else if constexpr (std::is_same_v<Value, std::int32_t>) {
+    text += FormatInteger(value);
+  } else if constexpr (std::is_same_v<Value, double>) {
+    text += FormatNumber(value);
+  } else {
+    text += ToText(Variant(std::move(value)));
+  }
+}
 
 // The source address comes before its type, so an entry that is read looks for the file whatever
 // the type will be: intended.
 constexpr EntryKey kEntryKeys[] = {
-    {u"Abstract", u"Abstract", KeyUse::AsxEntries},
-    {u"ASX_Album", u"ASX_Album", KeyUse::AsxEntries},
-    {u"ASX_Artist", u"ASX_Artist", KeyUse::AsxEntries},
-    {u"ASX_Author", u"ASX_Author", KeyUse::AsxEntries},
-    {u"ASX_SongName", u"ASX_SongName", KeyUse::AsxEntries},
-    {u"ASX_Title", u"ASX_Title", KeyUse::AsxEntries},
-    {u"ASX_BitRate", u"BitRate", KeyUse::AsxEntries},
-    {u"ASX_Copyright", u"Copyright", KeyUse::AsxEntries},
-    {u"ASX_DigitallySecure", u"DigitallySecure", KeyUse::AsxEntries},
-    {u"ASX_HREF", u"HREF", KeyUse::AsxEntries},
-    {u"ASX_MediaAttribute", u"MediaAttribute", KeyUse::AsxEntries},
-    {u"ASX_MediaType", u"MediaType", KeyUse::AsxEntries},
-    {u"ASX_PlayCount", u"PlayCount", KeyUse::AsxEntries},
-    {u"ASX_PlaylistAttribute", u"PlaylistAttribute", KeyUse::AsxEntries},
-    {u"Artist", u"Entry_ArtistName"},
-    {u"Album", u"Entry_AlbumName"},
-    {u"CreationDate", u"Entry_CreationDate"},
-    {u"Duration", u"Entry_Duration"},
-    {u"EntryType", u"Entry_EntryType", KeyUse::WrittenForAsxOnly},
-    {u"FileName", u"Entry_FileName"},
-    {u"FileSize", u"Entry_FileSize", KeyUse::NeverRead},
-    {u"PlayListName", u"Entry_PlayListName", KeyUse::WrittenForAsxOnly},
-    {u"Genre", u"Entry_Genre"},
-    {u"HasExtendedInfo", u"HasExtendedInfo"},
-    {u"SongName", u"Entry_SongName"},
-    {u"SongTitle", u"Entry_SongTitle"},
-    {u"SourceURL", u"Entry_SourceURL"},
-    {u"TrackNumber", u"Entry_TrackNumber"},
-    {u"URLType", u"Entry_URLType"},
+    {u"Abstract", u"Abstract", Append<&AsxEntry::Abstract>, KeyUse::AsxEntries},
+    {u"ASX_Album", u"ASX_Album", Append<&AsxEntry::Album>, KeyUse::AsxEntries},
+    {u"ASX_Artist", u"ASX_Artist", Append<&AsxEntry::Artist>, KeyUse::AsxEntries},
+    {u"ASX_Author", u"ASX_Author", Append<&AsxEntry::Author>, KeyUse::AsxEntries},
+    {u"ASX_SongName", u"ASX_SongName", Append<&AsxEntry::AsxSongName>, KeyUse::AsxEntries},
+    {u"ASX_Title", u"ASX_Title", Append<&AsxEntry::Title>, KeyUse::AsxEntries},
+    {u"ASX_BitRate", u"BitRate", Append<&AsxEntry::BitRate>, KeyUse::AsxEntries},
+    {u"ASX_Copyright", u"Copyright", Append<&AsxEntry::Copyright>, KeyUse::AsxEntries},
+    {u"ASX_DigitallySecure", u"DigitallySecure", Append<&AsxEntry::DigitallySecure>,
+     KeyUse::AsxEntries},
+    {u"ASX_HREF", u"HREF", Append<&AsxEntry::Href>, KeyUse::AsxEntries},
+    {u"ASX_MediaAttribute", u"MediaAttribute", Append<&AsxEntry::MediaAttribute>,
+     KeyUse::AsxEntries},
+    {u"ASX_MediaType", u"MediaType", Append<&AsxEntry::MediaType>, KeyUse::AsxEntries},
+    {u"ASX_PlayCount", u"PlayCount", Append<&AsxEntry::PlayCount>, KeyUse::AsxEntries},
+    {u"ASX_PlaylistAttribute", u"PlaylistAttribute", Append<&AsxEntry::PlaylistAttribute>,
+     KeyUse::AsxEntries},
+    {u"Artist", u"Entry_ArtistName", Append<&FormatEntry::ArtistName>},
+    {u"Album", u"Entry_AlbumName", Append<&FormatEntry::AlbumName>},
+    {u"CreationDate", u"Entry_CreationDate", Append<&FormatEntry::CreationDate>},
+    {u"Duration", u"Entry_Duration", Append<&FormatEntry::DurationText>},
+    {u"EntryType", u"Entry_EntryType", Append<&FormatEntry::EntryType>, KeyUse::WrittenForAsxOnly},
+    {u"FileName", u"Entry_FileName", Append<&FormatEntry::FileName>},
+    {u"FileSize", u"Entry_FileSize", Append<&FormatEntry::FileSize>, KeyUse::NeverRead},
+    {u"PlayListName", u"Entry_PlayListName", Append<&FormatEntry::PlayListName>,
+     KeyUse::WrittenForAsxOnly},
+    {u"Genre", u"Entry_Genre", Append<&FormatEntry::Genre>},
+    {u"HasExtendedInfo", u"HasExtendedInfo", Append<&FormatEntry::HasExtendedInfo>},
+    {u"SongName", u"Entry_SongName", Append<&FormatEntry::SongName>},
+    {u"SongTitle", u"Entry_SongTitle", Append<&FormatEntry::SongTitle>},
+    {u"SourceURL", u"Entry_SourceURL", Append<&FormatEntry::SourceURL>},
+    {u"TrackNumber", u"Entry_TrackNumber", Append<&FormatEntry::TrackNumber>},
+    {u"URLType", u"Entry_URLType", Append<&FormatEntry::Urltype>},
 };
 
 constexpr AsxGlobalKey kAsxGlobalKeys[] = {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <span>
 
+#include "model/FormatEntry.h"
 #include "model/PlaylistRecord.h"
 
 namespace norvo {
@@ -23,8 +24,13 @@ enum class KeyUse {
 
 /// A key of an entry section and the entry's property behind it.
 struct EntryKey {
+  /// Adds the property's value to a text.
+  using Reader = void (*)(FormatEntry&, String&);
+
   StringView key;
-  StringView property;
+  StringView property;  ///< its name, by which objects of a host are asked
+  Reader append;  ///< the same of an entry of the library, without a value of its own; of keys
+                  ///< with a use of ASX entries the entry is one
   KeyUse use = KeyUse::Always;
 
   bool IsWritten(bool forAsx) const;

@@ -16,4 +16,9 @@ inline String EntrySection(std::int64_t position) {
   return u"Entry " + FormatInteger(position) + u" Properties";
 }
 
+/// Adds the line that begins it.
+inline void AppendEntrySection(String& text, std::int64_t position) {
+  text.append(u"[Entry ").append(FormatInteger(position)).append(u" Properties]\r\n");
+}
+
 }  // namespace norvo

@@ -12,17 +12,18 @@ namespace {
 constexpr std::size_t kSeparatorLength = 3;  // " - " and " / "
 constexpr std::size_t kDurationCharacters = 3;
 
-String Stripped(StringView text) {
-  return String(NVServices::StripNull(text));
+String Titled(StringView artist, StringView song) {
+  return String(artist).append(u" - ").append(song);
 }
 
 /// Completes the entry from its file's tag; true when a tag was consulted. The title is composed
 /// only when artist and song are both there.
 bool FillFromTag(FormatEntry& entry) {
   if (!entry.GetID3TagInfo()) return false;
-  const String artist = entry.ArtistName();
-  const String song = entry.SongName();
-  if (!artist.empty() && !song.empty()) entry.SetSongTitle(artist + u" - " + song);
+  if (entry.HasSongTitle()) return true;  // which stays
+  const StringView artist = entry.ArtistName();
+  const StringView song = entry.SongName();
+  if (!artist.empty() && !song.empty()) entry.SetSongTitle(Titled(artist, song));
   return true;
 }
 
@@ -35,9 +36,10 @@ String TakeDuration(StringView line, FormatEntry& entry) {
   const StringView before = line.substr(0, comma);
   const std::size_t length = std::min(before.size(), kDurationCharacters);
   const StringView duration = before.substr(before.size() - length);
-  if (!duration.empty()) entry.SetDuration(Stripped(duration));
+  if (!duration.empty()) entry.SetDurationText(NVServices::StripNull(duration));
   String title(line.substr(comma + 1));
-  return Utility::CleanString(title);
+  Utility::Clean(title);
+  return title;
 }
 
 String TitleText(StringView text, FormatEntry& entry, std::int32_t playlistType) {
@@ -53,8 +55,9 @@ String TitleText(StringView text, FormatEntry& entry, std::int32_t playlistType)
   return {};
 }
 
-void FillFromTitle(String title, FormatEntry& entry) {
-  title = Stripped(Utility::CleanString(title));
+void FillFromTitle(String text, FormatEntry& entry) {
+  Utility::Clean(text);
+  const StringView title = NVServices::StripNull(text);
   entry.SetSongTitle(title);
   const TitlePieces pieces = SplitTitle(title);
   if (!pieces.song.empty()) entry.SetSongName(pieces.song);
@@ -67,7 +70,7 @@ bool FillFromFileName(FormatEntry& entry) {
   entry.SetSongName(pieces.song);
   if (!pieces.track.empty()) entry.SetTrackNumber(pieces.track);
   if (pieces.artist.empty() || pieces.song.empty()) return false;
-  entry.SetSongTitle(pieces.artist + u" - " + pieces.song);
+  entry.SetSongTitle(Titled(pieces.artist, pieces.song));
   return true;
 }
 
@@ -104,7 +107,7 @@ TitlePieces SplitTitle(StringView title) {
   const std::size_t at = std::min(title.find(u" - "), title.find(u" / "));
   if (at == StringView::npos) return pieces;
   pieces.split = true;
-  pieces.song = Stripped(title.substr(at + kSeparatorLength));
+  pieces.song = NVServices::StripNull(title.substr(at + kSeparatorLength));
   const char16_t separator = title[at + 1];
   StringView artist = NVServices::StripNull(title.substr(0, at));
   while (artist.ends_with(separator)) artist = Trim(artist.substr(0, artist.size() - 1));

@@ -6,11 +6,11 @@
 
 namespace norvo {
 
-/// What a file name tells of a song.
+/// What a file name tells of a song; views of it.
 struct FileNamePieces {
-  String track;
-  String artist;
-  String song;
+  StringView track;
+  StringView artist;
+  StringView song;
 };
 
 /// Takes the extension off and splits at "-": a first piece of digits only is the track; one piece
@@ -18,11 +18,11 @@ struct FileNamePieces {
 /// is the song, also when it is all digits.
 FileNamePieces SplitFileName(StringView fileName);
 
-/// A title split into its artist and song.
+/// A title split into its artist and song; views of it.
 struct TitlePieces {
   bool split = false;  ///< a separator was found
-  String artist;
-  String song;
+  StringView artist;
+  StringView song;
 };
 
 /// Splits at " - " or " / ", whichever comes first.

@@ -1,7 +1,9 @@
 #include "readers/ItemResolver.h"
 
+#include "model/AsxEntry.h"
 #include "readers/ExtendedInfo.h"
 #include "services/Logging.h"
+#include "services/NVServices.h"
 
 namespace norvo {
 
@@ -13,18 +15,23 @@ ItemResolver::ItemResolver(Component& component, PlaylistRecord& playlist, Strin
       messages_(messages),
       destinations_(DataCop::LoadDestinations(component)) {}
 
-std::optional<ItemResolver::Item> ItemResolver::Judge(FormatEntry& entry, StringView reference) {
-  Item item{String(reference), DataCop::Status::Ok};
+bool ItemResolver::JudgeItem(FormatEntry& entry, Item& item) {
   std::int32_t type = url_type::kFixedDrive;
   std::optional<FileFacts> facts;
   item.status = DataCop::GetGenValue(component_, item.reference, folder_, type, &facts);
   if (type == url_type::kUnusable) {
     WriteLog(component_, String(messages_.fileNotFound) + item.reference);
     component_.Watcher().OnItem(item.reference, ItemOutcome::Missing);
-    return std::nullopt;
+    return false;
   }
   entry.SetUrltype(type);
-  entry.SetSource(item.reference, facts);
+  entry.SetSource(item.reference, facts ? &*facts : nullptr);
+  return true;
+}
+
+std::optional<ItemResolver::Item> ItemResolver::Judge(FormatEntry& entry, StringView reference) {
+  Item item{String(reference), DataCop::Status::Ok};
+  if (!JudgeItem(entry, item)) return std::nullopt;
   return item;
 }
 
@@ -59,18 +66,30 @@ ItemOutcome ItemResolver::AddOrDrop(const std::shared_ptr<FormatEntry>& entry, c
 
 bool ItemResolver::Resolve(const std::shared_ptr<FormatEntry>& entry, StringView reference,
                            StringView info, StringView label) {
-  const std::optional<Item> item = Judge(*entry, reference);
-  if (!item) return false;
-  Complete(entry, *item, info, label);
+  item_.reference = reference;
+  if (!JudgeItem(*entry, item_)) return false;
+  Complete(entry, item_, info, label);
   return true;
 }
 
+/// By the entry's own artist and album, of which the extended ones of an ASX entry go first; what
+/// DataCop::GetEntrySubFolder finds by asking any object by name.
 bool ItemResolver::Register(FormatEntry& entry, const String& path, StringView label) {
-  const StringView source = StringView(path).substr(0, path.rfind(u'\\') + 1);
+  StringView artist;
+  StringView album;
+  if (entry.Members() == &AsxEntry::Interface()) {
+    artist = static_cast<AsxEntry&>(entry).Artist();
+    album = static_cast<AsxEntry&>(entry).Album();
+  }
+  artist = NVServices::StripNull(artist.empty() ? entry.ArtistName() : artist);
+  album = NVServices::StripNull(album.empty() ? entry.AlbumName() : album);
+  record_.source.assign(path, 0, path.rfind(u'\\') + 1);
   // An item that came from a relative reference has no file name: its folder is registered.
-  return DataCop::RegisterMedia(component_, destinations_, label,
-                                DataCop::GetEntrySubFolder(entry, destinations_), source,
-                                entry.FileName());
+  record_.source += entry.FileName();
+  DataCop::BeginDestination(record_.destination, label);
+  DataCop::AppendSubFolder(record_.destination, artist, album, destinations_);
+  record_.category = label;
+  return DataCop::RegisterMedia(component_, destinations_, record_);
 }
 
 }  // namespace norvo

@@ -40,6 +40,7 @@ class ItemResolver {
                StringView label);
 
  private:
+  bool JudgeItem(FormatEntry& entry, Item& item);
   ItemOutcome AddOrDrop(const std::shared_ptr<FormatEntry>& entry, const Item& item,
                         StringView label);
   bool Register(FormatEntry& entry, const String& path, StringView label);
@@ -49,6 +50,8 @@ class ItemResolver {
   String folder_;
   ResolverMessages messages_;
   DataCop::Destinations destinations_;
+  Item item_;           // what is resolved now; its memory, like the record's,
+  MediaRecord record_;  // serves for all items
 };
 
 /// Category labels of the registered files.

@@ -6,10 +6,8 @@
 #include <optional>
 #include <span>
 #include <string_view>
-#include <typeindex>
-#include <typeinfo>
-#include <unordered_map>
 #include <utility>
+#include <vector>
 
 #include "automation/AutomationObject.h"
 #include "services/Observer.h"
@@ -94,9 +92,12 @@ class Component {
   /// State of another subsystem that lives as long as the component; made when first asked for.
   template <class State>
   State& Own() {
-    std::shared_ptr<void>& slot = owned_[std::type_index(typeid(State))];
-    if (!slot) slot = std::make_shared<State>();
-    return *static_cast<State*>(slot.get());
+    static constexpr char kKey = 0;  // its address is the state's name
+    for (const auto& [key, state] : owned_) {
+      if (key == &kKey) return *static_cast<State*>(state.get());
+    }
+    owned_.emplace_back(&kKey, std::make_shared<State>());
+    return *static_cast<State*>(owned_.back().second.get());
   }
 
   /// Bytes of the existing local files that were judged so far.
@@ -111,7 +112,7 @@ class Component {
   SubNameTable subNames_;
   double mediaBytes_ = 0;
   std::optional<String> pinnedGroupRoot_;
-  std::unordered_map<std::type_index, std::shared_ptr<void>> owned_;
+  std::vector<std::pair<const void*, std::shared_ptr<void>>> owned_;  // a few
 };
 
 }  // namespace norvo

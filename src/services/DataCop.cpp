@@ -205,32 +205,40 @@ int DestinationSlot(StringView artist, StringView album) {
   return album.empty() ? 4 : 3;
 }
 
+void AppendSubFolder(String& path, StringView artist, StringView album,
+                     const Destinations& destinations) {
+  path += destinations.folders.at(static_cast<std::size_t>(DestinationSlot(artist, album) - 1));
+  if (!artist.empty()) path.append(artist).append(1, u'\\');
+  if (!album.empty()) path.append(album).append(1, u'\\');
+}
+
 String GetEntrySubFolder(AutomationObject& entry, const Destinations& destinations) {
   const bool isAsx = entry.ClassName() == u"AsxEntry";
   const String artist = CleanName(entry, isAsx, u"Entry_ArtistName", u"ASX_Artist");
   const String album = CleanName(entry, isAsx, u"Entry_AlbumName", u"ASX_Album");
-  const String& folder =
-      destinations.folders.at(static_cast<std::size_t>(DestinationSlot(artist, album) - 1));
   String path;
-  path.reserve(folder.size() + artist.size() + album.size() + 2);
-  path += folder;
-  if (!artist.empty()) path.append(artist).append(1, u'\\');
-  if (!album.empty()) path.append(album).append(1, u'\\');
+  AppendSubFolder(path, artist, album, destinations);
   return path;
+}
+
+void BeginDestination(String& expression, StringView label) {
+  expression.assign(u"GET_SHELL_FOLDER,5,").append(label).append(1, u',');
+}
+
+bool RegisterMedia(Component& component, const Destinations& destinations,
+                   const MediaRecord& record) {
+  MigrationList& list = component.Machine().Migration();
+  return list.EnsureGroup(kGroup, destinations.subGroupRoot) && list.Add(record);
 }
 
 bool RegisterMedia(Component& component, const Destinations& destinations, StringView label,
                    StringView subFolder, StringView sourceFolder, StringView fileName) {
-  MigrationList& list = component.Machine().Migration();
-  if (!list.EnsureGroup(kGroup, destinations.subGroupRoot)) return false;
   MediaRecord record;
-  record.source.reserve(sourceFolder.size() + fileName.size());
   record.source.append(sourceFolder).append(fileName);
-  constexpr StringView kMacro = u"GET_SHELL_FOLDER,5,";
-  record.destination.reserve(kMacro.size() + label.size() + 1 + subFolder.size());
-  record.destination.append(kMacro).append(label).append(u",").append(subFolder);
+  BeginDestination(record.destination, label);
+  record.destination += subFolder;
   record.category = label;
-  return list.Add(record);
+  return RegisterMedia(component, destinations, record);
 }
 
 std::unique_ptr<TextStream> OpenTextStream(Component& component, StringView path) {

@@ -72,14 +72,23 @@ Destinations LoadDestinations(Component& component);
 /// Which of slots 1 to 4 an item with these names belongs to.
 int DestinationSlot(StringView artist, StringView album);
 
-/// Sub-folder of an entry by its artist and album, with a trailing backslash. The entry's fields
-/// are read by name.
+/// Adds the sub-folder of an item with these names, with a trailing backslash.
+void AppendSubFolder(String& path, StringView artist, StringView album,
+                     const Destinations& destinations);
+
+/// Sub-folder of an entry by its artist and album. The entry's fields are read by name.
 String GetEntrySubFolder(AutomationObject& entry, const Destinations& destinations);
 
 /// Hands one media file to the migration list; true when it was accepted. `sourceFolder` ends in a
 /// backslash; an empty `fileName` registers the folder.
 bool RegisterMedia(Component& component, const Destinations& destinations, StringView label,
                    StringView subFolder, StringView sourceFolder, StringView fileName);
+/// The same of a whole record; see `BeginDestination`.
+bool RegisterMedia(Component& component, const Destinations& destinations,
+                   const MediaRecord& record);
+
+/// Makes the text the beginning of a destination expression, which the sub-folder ends.
+void BeginDestination(String& expression, StringView label);
 
 /// Opens a file as text; null when it cannot be got or opened.
 std::unique_ptr<TextStream> OpenTextStream(Component& component, StringView path);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "services/SettingsText.h"
+
 namespace norvo {
 namespace {
 
@@ -11,34 +13,8 @@ constexpr std::size_t kSearchedLines = 32;
 // A section of a generic file has about so many.
 constexpr std::size_t kUsualLines = 14;
 
-bool IsLineEnd(char16_t unit) {
-  return unit == u'\r' || unit == u'\n';
-}
-
 StringView TrimBlanksAndTabs(StringView text) {
   return Trim(text, IsBlankOrTab);
-}
-
-StringView WithoutLineEnd(StringView value) {
-  if (value.ends_with(u'\n')) value.remove_suffix(1);
-  if (value.ends_with(u'\r')) value.remove_suffix(1);
-  return value;
-}
-
-/// Every line end within becomes one blank.
-String OnOneLine(StringView value) {
-  String line;
-  line.reserve(value.size());
-  for (std::size_t i = 0; i < value.size(); ++i) {
-    if (value[i] == u'\r' && i + 1 < value.size() && value[i + 1] == u'\n') continue;
-    line.push_back(IsLineEnd(value[i]) ? u' ' : value[i]);
-  }
-  return line;
-}
-
-void AppendLine(String& text, StringView line) {
-  text += line;
-  text += u"\r\n";
 }
 
 }  // namespace
@@ -143,17 +119,15 @@ std::vector<StringView> IniDocument::Keys(std::size_t section) const {
 void IniDocument::SetValue(std::size_t section, StringView key, StringView value) {
   Section& target = sections_.at(section);
   key = TrimBlanksAndTabs(key);
-  const StringView content = WithoutLineEnd(value);
-  const bool oneLine = std::none_of(content.begin(), content.end(), IsLineEnd);
-  const String joined = oneLine ? String() : OnOneLine(content);
-  const StringView stored = TrimBlanksAndTabs(oneLine ? content : StringView(joined));
+  String joined;
+  const StringView stored = StoredValue(value, joined);
   if (const std::size_t position = FindKey(target, key); position != kNone) {
     const String spelled(KeyOf(target.lines[position]));  // the key keeps its own spelling
     target.lines[position] = NewKey(spelled, stored);
     return;
   }
   target.lines.push_back(NewKey(key, stored));
-  if (content.size() != value.size()) target.lines.push_back(NewOther({}));
+  if (LeavesEmptyLine(value)) target.lines.push_back(NewOther({}));
 }
 
 String IniDocument::ToText() const {
@@ -165,9 +139,7 @@ String IniDocument::ToText() const {
   };
   appendLines(preamble_);
   for (const Section& section : sections_) {
-    text += u'[';
-    text += section.name;
-    AppendLine(text, u"]");
+    AppendSection(text, section.name);
     appendLines(section.lines);
   }
   return text;

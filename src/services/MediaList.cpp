@@ -14,22 +14,41 @@ constexpr std::string_view kMark = "\xEF\xBB\xBF";
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr char kSeparator = '\t';
 
+/// True for a text that a field holds as it is, in ASCII characters.
+bool IsPlain(StringView text) {
+  unsigned others = 0;
+  for (const char16_t unit : text) others |= static_cast<unsigned>(unit < u' ') | unit >> 7;
+  return others == 0;
+}
+
 /// The text as a field of a line can hold it. A destination carries names out of tags, which may
 /// hold anything: a control character, a line end among them, becomes a blank, and half a
 /// character the replacement character, which is what it would be when the file is read again.
-String AsField(StringView text) {
-  String field(text);
-  for (std::size_t i = 0; i < field.size(); ++i) {
-    if (IsAsciiControl(field[i])) {
-      field[i] = u' ';
-    } else if (IsPairAt(field, i)) {
-      ++i;
-    } else if (IsSurrogate(field[i])) {
-      field[i] = kReplacementCharacter;
+class Field {
+ public:
+  explicit Field(StringView text) : text_(text) {
+    if (IsPlain(text)) return;
+    made_ = text;
+    for (std::size_t i = 0; i < made_.size(); ++i) {
+      if (IsAsciiControl(made_[i])) {
+        made_[i] = u' ';
+      } else if (IsPairAt(made_, i)) {
+        ++i;
+      } else if (IsSurrogate(made_[i])) {
+        made_[i] = kReplacementCharacter;
+      }
     }
+    text_ = made_;
   }
-  return field;
-}
+  Field(const Field&) = delete;
+  Field& operator=(const Field&) = delete;
+
+  StringView Text() const { return text_; }
+
+ private:
+  String made_;  // only of a text that is not plain
+  StringView text_;
+};
 
 }  // namespace
 
@@ -80,14 +99,14 @@ void MediaList::Load(const std::optional<std::string>& bytes) {
 
 bool MediaList::Add(const MediaRecord& record) {
   if (path_.empty()) return false;
-  const String source = AsField(record.source);
-  const String destination = AsField(record.destination);
-  if (!known_.Insert(PrintOf(source, destination), 0)) return true;
-  AppendUtf8(pending_, AsField(record.category));
+  const Field source(record.source);
+  const Field destination(record.destination);
+  if (!known_.Insert(PrintOf(source.Text(), destination.Text()), 0)) return true;
+  AppendUtf8(pending_, Field(record.category).Text());
   pending_ += kSeparator;
-  AppendUtf8(pending_, source);
+  AppendUtf8(pending_, source.Text());
   pending_ += kSeparator;
-  AppendUtf8(pending_, destination);
+  AppendUtf8(pending_, destination.Text());
   pending_ += kLineEnd;
   return true;
 }

@@ -105,12 +105,18 @@ void ProfileFile::WriteValue(StringView key, StringView value) {
   changed_ = true;
 }
 
+void ProfileFile::WriteWhole(StringView text) {
+  if (!open_) throw RunTimeError(error::kObjectNotSet);
+  const bool isFile = !held_;
+  Abandon();
+  if (!isFile) return;
+  component_.Machine().Settings().Write(path_,
+                                        EncodeSettings(text, component_.Machine().AnsiPage()));
+}
+
 void ProfileFile::Close() {
-  const bool write = open_ && changed_ && !held_;
-  open_ = changed_ = held_ = false;
-  if (!write) return;
-  component_.Machine().Settings().Write(
-      path_, EncodeSettings(document_.ToText(), component_.Machine().AnsiPage()));
+  if (open_ && changed_) WriteWhole(document_.ToText());
+  Abandon();
 }
 
 void ProfileFile::Abandon() {

@@ -39,6 +39,8 @@ class ProfileFile {
   std::vector<StringView> Keys() const;
   /// Error 91 when no file is open or no section was selected.
   void WriteValue(StringView key, StringView value);
+  /// Replaces the file by this text at once, and lets go of it; raises when that fails.
+  void WriteWhole(StringView text);
   /// Writes what was set; raises when that fails. The object can be opened again afterwards.
   void Close();
   /// Lets go of the file without writing what was set.

@@ -1,6 +1,7 @@
 #include "services/Utility.h"
 
 #include <algorithm>
+#include <array>
 #include <bitset>
 
 #include "automation/Attempt.h"
@@ -12,6 +13,11 @@ namespace norvo::Utility {
 namespace {
 
 constexpr StringView kDeletedCharacters = u"(){}[]=+|*<>#@!$%~^`:;?.,'";
+constexpr std::array<bool, 128> kDeleted = [] {
+  std::array<bool, 128> deleted{};
+  for (const char16_t unit : kDeletedCharacters) deleted[unit] = true;
+  return deleted;
+}();
 constexpr StringView kAppPaths = u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\";
 
 std::size_t FindUnit(StringView text, char16_t unit, Compare compare) {
@@ -70,12 +76,15 @@ String ReplaceChars(StringView text, StringView from, StringView to, Compare com
   return result;
 }
 
-String CleanString(String& text) {
-  static const AsciiCandidates deleted(kDeletedCharacters);
-  std::erase_if(text, [](char16_t unit) { return unit < 128 && !deleted.Excludes(unit); });
+void Clean(String& text) {
+  std::erase_if(text, [](char16_t unit) { return unit < 128 && kDeleted[unit]; });
   std::replace(text.begin(), text.end(), u'_', u' ');
   // A third step would turn "%20" into the control character 14 (hexadecimal), but every "%" has
   // just been deleted: it never finds anything, as intended.
+}
+
+String CleanString(String& text) {
+  Clean(text);
   return text;
 }
 

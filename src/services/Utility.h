@@ -19,8 +19,9 @@ StringView GetExtension(StringView fileName);
 /// last character serves for all further places; with an empty `to` it is deleted.
 String ReplaceChars(StringView text, StringView from, StringView to, Compare compare);
 
-/// Deletes the punctuation that names in paths shall not hold and turns "_" into a blank. The
-/// result is also stored in the argument.
+/// Deletes the punctuation that names in paths shall not hold and turns "_" into a blank.
+void Clean(String& text);
+/// The same; the result is also stored in the argument.
 String CleanString(String& text);
 
 /// Folder of a program from its App Paths entry, with a trailing backslash; empty unless it is a

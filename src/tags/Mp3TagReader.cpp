@@ -49,15 +49,39 @@ std::int32_t FrameSize(std::string_view bytes) {
 }
 
 template <class Number, class Convert>
-Number NumberOrZero(const String& text, Convert&& convert) {
+Number NumberOrZero(StringView text, Convert&& convert) {
   return AnswerOr(Number{0}, [&] { return text.empty() ? Number{0} : convert(text); });
 }
 
 }  // namespace
 
+struct Mp3TagReader::FrameRow {
+  std::string_view id;
+  Text text;
+  std::size_t longest = kLongestText;
+};
+
+const Mp3TagReader::FrameRow* Mp3TagReader::FindFrame(std::string_view id) {
+  static constexpr FrameRow kRows[] = {
+      {"TIT2", kId3Title},     {"TPE1", kId3Artist},     {"TALB", kId3Album},
+      {"TCON", kId3Genre},     {"TRCK", kId3Track},      {"TLEN", kId3Length},
+      {"TYER", kId3Year},      {"TMED", kId3Media},      {"USLT", kId3Lyrics, kLongestLyrics},
+      {"TCOP", kId3Copyright}, {"WOAR", kId3WebAddress},
+  };
+  const auto* const row = std::find_if(std::begin(kRows), std::end(kRows),
+                                       [&](const FrameRow& each) { return each.id == id; });
+  return row == std::end(kRows) ? nullptr : row;
+}
+
+void Mp3TagReader::Store(Text text, std::string_view bytes) {
+  const std::size_t start = units_.size();
+  component_.Machine().AnsiPage().AppendDecoded(units_, bytes);
+  places_[text] = {start, units_.size() - start};
+}
+
 void Mp3TagReader::Reset() {
-  id3_ = Frames();
-  title_ = artist_ = album_ = year_ = comment_ = String();
+  units_.clear();
+  places_ = {};
   fileSize_ = 0;
   genre_ = 0;
   hasId3_ = hasTag_ = false;
@@ -65,7 +89,9 @@ void Mp3TagReader::Reset() {
 
 bool Mp3TagReader::ReadFile(StringView fileName, Extent extent) {
   Reset();
-  fileName_ = LastComponent(component_.Files().AbsolutePathName(fileName));
+  if (extent == Extent::Whole) {
+    fileName_ = LastComponent(component_.Files().AbsolutePathName(fileName));
+  }
   return Attempt([&] { ReadTags(fileName, extent); }) && (hasId3_ || hasTag_);
 }
 
@@ -100,44 +126,29 @@ void Mp3TagReader::WalkFrames(TagBytes& file) {
     if (size < static_cast<std::int32_t>(encodingByte)) throw RunTimeError(error::kInvalidArgument);
     lastLength = static_cast<std::size_t>(size) - encodingByte;
     position += kFrameHeader + encodingByte;
-    if (String* const store = StoreFor(id)) {
-      const std::size_t longest = id == "USLT" ? kLongestLyrics : kLongestText;
-      const auto length = static_cast<std::size_t>(std::min<std::uint64_t>(lastLength, longest));
-      *store = component_.Machine().AnsiPage().Decode(file.At(position, length));
+    if (const FrameRow* const row = FindFrame(id)) {
+      const auto length =
+          static_cast<std::size_t>(std::min<std::uint64_t>(lastLength, row->longest));
+      Store(row->text, file.At(position, length));
     }
     position += lastLength;
   }
-}
-
-String* Mp3TagReader::StoreFor(std::string_view id) {
-  struct Row {
-    std::string_view id;
-    String Frames::*store;
-  };
-  static constexpr Row kRows[] = {
-      {"TRCK", &Frames::track},     {"TMED", &Frames::media},      {"TLEN", &Frames::length},
-      {"TCON", &Frames::genre},     {"TYER", &Frames::year},       {"TALB", &Frames::album},
-      {"TPE1", &Frames::artist},    {"TIT2", &Frames::title},      {"USLT", &Frames::lyrics},
-      {"TCOP", &Frames::copyright}, {"WOAR", &Frames::webAddress},
-  };
-  const auto* const row = std::find_if(std::begin(kRows), std::end(kRows),
-                                       [&](const Row& candidate) { return candidate.id == id; });
-  return row == std::end(kRows) ? nullptr : &(id3_.*(row->store));
 }
 
 void Mp3TagReader::ReadTrailer(TagBytes& file) {
   const std::string_view record = file.At(file.Size() - kTrailer, kTrailer);
   if (!record.starts_with("TAG")) return;
   hasTag_ = true;
-  const auto text = [&](std::size_t offset, std::size_t length) {
-    const String raw = component_.Machine().AnsiPage().Decode(record.substr(offset, length));
-    return String(NVServices::StripNull(raw));
+  const auto store = [&](Text text, std::size_t offset, std::size_t length) {
+    Store(text, record.substr(offset, length));
+    const StringView clean = NVServices::StripNull(TextOf(text));
+    places_[text] = {static_cast<std::size_t>(clean.data() - units_.data()), clean.size()};
   };
-  title_ = text(3, 30);
-  artist_ = text(33, 30);
-  album_ = text(63, 30);
-  year_ = text(93, 4);
-  comment_ = text(97, 30);
+  store(kTitle, 3, 30);
+  store(kArtist, 33, 30);
+  store(kAlbum, 63, 30);
+  store(kYear, 93, 4);
+  store(kComment, 97, 30);
   genre_ = static_cast<std::uint8_t>(record[127]);
 }
 
@@ -146,17 +157,19 @@ String Mp3TagReader::GenreString() const {
 }
 
 std::int32_t Mp3TagReader::ID3Duration() const {
-  return NumberOrZero<std::int32_t>(
-      id3_.length, [](const String& text) { return NarrowToInt32(Int32FromText(text) / 1000.0); });
+  return NumberOrZero<std::int32_t>(TextOf(kId3Length), [](StringView text) {
+    return NarrowToInt32(Int32FromText(text) / 1000.0);
+  });
 }
 
 std::int16_t Mp3TagReader::ID3TrackNumber() const {
-  return NumberOrZero<std::int16_t>(id3_.track, Int16FromText);
+  return NumberOrZero<std::int16_t>(TextOf(kId3Track), Int16FromText);
 }
 
 StringView Mp3TagReader::ID3EncodingStyle() const {
-  if (id3_.media == u"DIG") return u"Digital";
-  return id3_.media == u"ANA" ? StringView(u"Analog") : StringView(u"Unknown");
+  const StringView media = TextOf(kId3Media);
+  if (media == u"DIG") return u"Digital";
+  return media == u"ANA" ? StringView(u"Analog") : StringView(u"Unknown");
 }
 
 }  // namespace norvo

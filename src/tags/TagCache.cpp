@@ -1,24 +1,39 @@
 #include "tags/TagCache.h"
 
+#include <algorithm>
+#include <cstring>
+
 namespace norvo {
 namespace {
 
-constexpr String AudioTag::*kTexts[] = {&AudioTag::album, &AudioTag::artist, &AudioTag::genre,
-                                        &AudioTag::song, &AudioTag::year};
-constexpr std::size_t kTextCount = std::size(kTexts);
+bool IsNarrow(StringView text) {
+  unsigned all = 0;
+  for (const char16_t unit : text) all |= unit;
+  return all < 0x100;
+}
 
 }  // namespace
 
-std::optional<AudioTag> TagCache::Find(StringView path, const FileStamp& stamp) const {
-  const std::optional<std::uint32_t> place = places_.Find(FingerprintOf(path));
+std::optional<AudioTag> TagCache::Find(const Fingerprint& path, const FileStamp& stamp) const {
+  const std::optional<std::uint32_t> place = places_.Find(path);
   if (!place || tags_[*place].stamp != stamp) return std::nullopt;
   const Packed& packed = tags_[*place];
+  const char* bytes = BytesOf(packed);
   AudioTag tag;
-  StringView rest = packed.texts;
-  for (std::size_t i = 0; i < kTextCount; ++i) {
-    const StringView text = i < packed.lengths.size() ? rest.substr(0, packed.lengths[i]) : rest;
-    tag.*kTexts[i] = text;
-    rest.remove_prefix(text.size());
+  std::size_t units = 0;
+  for (const std::uint16_t length : packed.lengths) units += length;
+  tag.texts.Reserve(units);
+  std::array<char16_t, kLongestText> text;
+  for (std::size_t i = 0; i < packed.lengths.size(); ++i) {
+    const std::size_t length = packed.lengths[i];
+    if (packed.isWide) {
+      std::memcpy(text.data(), bytes, length * 2);
+    } else {
+      std::transform(bytes, bytes + length, text.data(),
+                     [](char byte) { return static_cast<unsigned char>(byte); });
+    }
+    tag.texts.Set(i, {text.data(), length});
+    bytes += packed.isWide ? length * 2 : length;
   }
   tag.kind = packed.kind;
   tag.duration = packed.duration;
@@ -26,31 +41,48 @@ std::optional<AudioTag> TagCache::Find(StringView path, const FileStamp& stamp) 
   return tag;
 }
 
-TagCache::Packed TagCache::Pack(const FileStamp& stamp, const AudioTag& tag, std::size_t length) {
-  Packed packed;
-  packed.stamp = stamp;
-  packed.texts.reserve(length);
-  for (std::size_t i = 0; i < kTextCount; ++i) {
-    const String& text = tag.*kTexts[i];
-    packed.texts += text;
-    if (i < packed.lengths.size()) packed.lengths[i] = static_cast<std::uint16_t>(text.size());
-  }
-  packed.kind = tag.kind;
-  packed.duration = tag.duration;
-  packed.track = tag.track;
-  return packed;
+/// Room for so many bytes.
+char* TagCache::Take(std::size_t size, std::uint32_t& start) {
+  if (used_ % kBlock + size > kBlock) used_ += kBlock - used_ % kBlock;
+  if (used_ / kBlock == blocks_.size()) blocks_.push_back(std::make_unique<char[]>(kBlock));
+  start = static_cast<std::uint32_t>(used_);
+  used_ += size;
+  return blocks_[start / kBlock].get() + start % kBlock;
 }
 
-void TagCache::Keep(StringView path, const FileStamp& stamp, const AudioTag& tag) {
+void TagCache::Keep(const Fingerprint& path, const FileStamp& stamp, const AudioTag& tag) {
   std::size_t length = 0;
-  for (const auto text : kTexts) length += (tag.*text).size();
-  if (length > kLongestText) return;
-  const Fingerprint print = FingerprintOf(path);
-  if (const std::optional<std::uint32_t> place = places_.Find(print)) {
-    tags_[*place] = Pack(stamp, tag, length);
-  } else if (tags_.size() < kMostTags) {
-    tags_.push_back(Pack(stamp, tag, length));
-    places_.Insert(print, static_cast<std::uint32_t>(tags_.size() - 1));
+  Packed packed;
+  for (std::size_t i = 0; i < packed.lengths.size(); ++i) {
+    const StringView text = tag.texts.At(i);
+    length += text.size();
+    packed.lengths[i] = static_cast<std::uint16_t>(text.size());
+    packed.isWide = packed.isWide || !IsNarrow(text);
+  }
+  const std::size_t size = packed.isWide ? length * 2 : length;
+  const std::optional<std::uint32_t> place = places_.Find(path);
+  const bool isFull = !place && tags_.size() >= kMostTags;
+  if (length > kLongestText || isFull || used_ + size + kBlock > kMostBytes) return;
+  packed.stamp = stamp;
+  packed.duration = tag.duration;
+  packed.track = tag.track;
+  packed.kind = tag.kind;
+  char* bytes = Take(size, packed.start);
+  for (std::size_t i = 0; i < packed.lengths.size(); ++i) {
+    const StringView text = tag.texts.At(i);
+    if (packed.isWide) {
+      std::memcpy(bytes, text.data(), text.size() * 2);
+      bytes += text.size() * 2;
+    } else {
+      bytes = std::transform(text.begin(), text.end(), bytes,
+                             [](char16_t unit) { return static_cast<char>(unit); });
+    }
+  }
+  if (place) {
+    tags_[*place] = packed;
+  } else {
+    tags_.push_back(packed);
+    places_.Insert(path, static_cast<std::uint32_t>(tags_.size() - 1));
   }
 }
 

@@ -27,15 +27,17 @@ int EncodeUnit(char16_t unit) {
 
 class Windows1252Page final : public CodePage {
  public:
-  String Decode(std::string_view bytes) const override {
-    String text(bytes.size(), u'\0');
+  void AppendDecoded(String& text, std::string_view bytes) const override {
+    const std::size_t had = text.size();
+    text.resize(had + bytes.size());
+    char16_t* const to = text.data() + had;
     if (IsAscii(bytes)) {
-      std::copy(bytes.begin(), bytes.end(), text.begin());
+      std::transform(bytes.begin(), bytes.end(), to,
+                     [](char byte) { return static_cast<unsigned char>(byte); });
     } else {
-      std::transform(bytes.begin(), bytes.end(), text.begin(),
+      std::transform(bytes.begin(), bytes.end(), to,
                      [](char byte) { return DecodeByte(static_cast<unsigned char>(byte)); });
     }
-    return text;
   }
 
   std::string Encode(StringView text) const override {

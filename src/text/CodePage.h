@@ -12,8 +12,14 @@ class CodePage {
  public:
   virtual ~CodePage() = default;
 
+  /// Adds the text of these bytes.
+  virtual void AppendDecoded(String& text, std::string_view bytes) const = 0;
   /// The text of these bytes.
-  virtual String Decode(std::string_view bytes) const = 0;
+  String Decode(std::string_view bytes) const {
+    String text;
+    AppendDecoded(text, bytes);
+    return text;
+  }
   /// The bytes of a text. A character that the page lacks becomes "?".
   virtual std::string Encode(StringView text) const = 0;
   /// True when every character of the text has a byte of its own.

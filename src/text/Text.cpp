@@ -8,10 +8,7 @@
 
 namespace norvo {
 
-char16_t ToUpper(char16_t unit) noexcept {
-  if (unit < 0x80) {
-    return unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - 32) : unit;
-  }
+char16_t ToUpperBeyondAscii(char16_t unit) noexcept {
   return UpperCaseFromTable(unit);
 }
 

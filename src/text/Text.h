@@ -20,8 +20,14 @@ enum class Compare {
   Text     ///< by the upper case
 };
 
+/// For units from U+0080 on, see `ToUpper`.
+char16_t ToUpperBeyondAscii(char16_t unit) noexcept;
+
 /// Upper case of one UTF-16 unit; a unit without an upper-case form is its own.
-char16_t ToUpper(char16_t unit) noexcept;
+inline char16_t ToUpper(char16_t unit) noexcept {
+  if (unit >= 0x80) return ToUpperBeyondAscii(unit);
+  return unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - 32) : unit;
+}
 
 /// Lower case of one UTF-16 unit of the ASCII range; every other unit is returned as it is.
 constexpr char16_t ToLowerAscii(char16_t unit) noexcept {

@@ -4,9 +4,11 @@
 
 #include "automation/Attempt.h"
 #include "automation/RunTimeError.h"
+#include "model/AsxEntry.h"
 #include "model/GenericKeys.h"
 #include "model/GenericSections.h"
 #include "services/ProfileFile.h"
+#include "services/SettingsText.h"
 #include "text/Number.h"
 #include "writers/GenericNaming.h"
 
@@ -33,53 +35,82 @@ void RefuseForeignPath(const PlaylistRecord& playlist) {
   }
 }
 
-void WriteGlobals(ProfileFile& file, const PlaylistRecord& playlist) {
-  file.SelectSection(kGlobalSection);
-  file.WriteValue(kVersionKey, kFormatVersion);
-  file.WriteValue(u"PlaylistName", playlist.name);
-  file.WriteValue(u"PlaylistType", FormatInteger(playlist.type));
-  file.WriteValue(u"OriginalFileName", playlist.originalFileName);
-  file.WriteValue(u"CreationTime", playlist.creationTime);
+void AppendGlobals(String& text, const PlaylistRecord& playlist) {
+  AppendSection(text, kGlobalSection);
+  AppendSetting(text, kVersionKey, kFormatVersion);
+  AppendSetting(text, u"PlaylistName", playlist.name);
+  AppendSetting(text, u"PlaylistType", FormatInteger(playlist.type));
+  AppendSetting(text, u"OriginalFileName", playlist.originalFileName);
+  AppendSetting(text, u"CreationTime", playlist.creationTime);
   if (HasAsxEntries(playlist.type)) {
     for (const AsxGlobalKey& row : AsxGlobalKeys()) {
-      file.WriteValue(row.key, playlist.*row.property);
+      AppendSetting(text, row.key, playlist.*row.property);
     }
   }
   // The line end leaves an empty line before the first entry.
-  file.WriteValue(u"TotalSongs", FormatInteger(playlist.entries->TotalSongs()) + String(kLineEnd));
+  AppendSetting(text, u"TotalSongs",
+                FormatInteger(playlist.entries->TotalSongs()) + String(kLineEnd));
 }
 
-/// Writes the sections of the entries with one key set.
+/// Writes the sections of the entries with one key set. All keys and sections are different, so the
+/// text is the file as it stands.
 class EntryWriter {
  public:
-  EntryWriter(ProfileFile& file, bool asx) : file_(file) {
+  EntryWriter(String& text, bool asx) : text_(text), asx_(asx) {
     for (const EntryKey& row : EntryKeys()) {
-      if (row.IsWritten(asx)) keys_.push_back({row.key, PropertyReader(row.property)});
+      if (row.IsWritten(asx)) keys_.push_back({row, PropertyReader(row.property)});
     }
   }
 
   void Write(AutomationObject& entry, std::int32_t position) {
-    file_.SelectSection(EntrySection(position));
-    for (Key& key : keys_) {
-      String value = ToText(key.read(entry));
-      // The last key of a section is always written and leaves an empty line behind it.
-      if (&key == &keys_.back()) value += kLineEnd;
-      if (!value.empty()) file_.WriteValue(key.name, value);
+    AppendEntrySection(text_, position);
+    const std::size_t start = text_.size();
+    try {
+      WriteValues(entry);
+    } catch (...) {
+      text_.resize(start);  // all values of an entry, or none
+      throw;
     }
   }
 
  private:
   struct Key {
-    StringView name;
+    const EntryKey& row;
     PropertyReader read;
   };
 
-  ProfileFile& file_;
+  /// Entries of the library are not asked by name: nobody sees the difference, and asking costs
+  /// five times as much as all the rest of the writing.
+  FormatEntry* Own(AutomationObject& entry) const {
+    const MemberTable* const members = entry.Members();
+    const bool isPlain = members == &M3UEntry::Interface() || members == &PlsEntry::Interface();
+    const bool isOwn = members == &AsxEntry::Interface() || (isPlain && !asx_);
+    return isOwn ? static_cast<FormatEntry*>(&entry) : nullptr;
+  }
+
+  void WriteValues(AutomationObject& entry) {
+    FormatEntry* const own = Own(entry);
+    for (Key& key : keys_) {
+      value_.clear();
+      if (own != nullptr) {
+        key.row.append(*own, value_);
+      } else {
+        value_ = ToText(key.read(entry));
+      }
+      // The last key of a section is always written and leaves an empty line behind it.
+      if (&key == &keys_.back()) value_ += kLineEnd;
+      if (!value_.empty()) AppendSetting(text_, key.row.key, value_);
+    }
+  }
+
+  String& text_;
+  bool asx_;
   std::vector<Key> keys_;
+  String value_;
 };
 
-void WriteEntries(ProfileFile& file, const Entries& entries) {
-  EntryWriter writer(file, HasAsxEntries(entries.CollectionType()));
+void AppendEntries(String& text, const Entries& entries) {
+  EntryWriter writer(text, HasAsxEntries(entries.CollectionType()));
   entries.ForEach(
       [&](AutomationObject& entry, std::int32_t position) { writer.Write(entry, position); });
 }
@@ -93,10 +124,14 @@ bool WriteGeneric(Component& component, PlaylistRecord& playlist, StringView fil
     RefuseForeignPath(playlist);
     ProfileFile file(component);
     if (!file.CreateNew(PlayListToIni(playlist.name))) return false;
-    WriteGlobals(file, playlist);
-    WriteEntries(file, *playlist.entries);
-    file.Close();
-    return true;
+    // After an error what there is until then is written all the same.
+    String text;
+    const bool complete = Attempt([&] {
+      AppendGlobals(text, playlist);
+      AppendEntries(text, *playlist.entries);
+    });
+    file.WriteWhole(text);
+    return complete;
   });
 }
 

@@ -198,7 +198,7 @@ TEST_F(EntryTagTest, TagCompletionNeverRaises) {
       EXPECT_NO_THROW(object.Call(u"GetID3TagInfo"));
       if (!platform->Log().HasFailed()) break;
     }
-    EXPECT_GT(k, 3u);
+    EXPECT_GT(k, 2u);  // the opening and a read at least
     platform->Log().StopFailing();
   }
   EXPECT_TRUE(log.empty());

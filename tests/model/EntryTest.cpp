@@ -206,12 +206,12 @@ TEST_F(EntryTest, FactsHandedOverHaveTheSameEffectAsALookUp) {
     SCOPED_TRACE(type);
     Entry other(component);
     other.SetUrltype(type);
-    other.SetSource(u"C:\\x.mp3", facts);
+    other.SetSource(u"C:\\x.mp3", &facts);
     EXPECT_TEXT(other.SourceURL(), u"C:\\x.mp3");
     EXPECT_TEXT(other.FileName(), type <= 1 ? u"Other.mp3" : u"");
     EXPECT_EQ(other.FileSize(), type <= 1 ? 77 : 0);
     EXPECT_EQ(other.FileCreationDate().has_value(), type <= 1);
-    other.SetSource(u"C:\\y.mp3", std::nullopt);
+    other.SetSource(u"C:\\y.mp3", nullptr);
     EXPECT_TEXT(other.SourceURL(), u"C:\\y.mp3");
     EXPECT_TEXT(other.FileName(), type <= 1 ? u"Other.mp3" : u"");
   }

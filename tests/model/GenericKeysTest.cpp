@@ -27,12 +27,38 @@ TEST(GenericKeysTest, TheUseOfAKeySaysForWhichEntriesItIsWrittenAndRead) {
               {KeyUse::WrittenForAsxOnly, true, false, true, true},
               {KeyUse::NeverRead, true, true, false, false}};
   for (const auto& row : rows) {
-    const EntryKey key{u"Key", u"Property", row.use};
+    const EntryKey key{u"Key", u"Property", nullptr, row.use};
     EXPECT_EQ(key.IsWritten(true), row.writtenForAsx);
     EXPECT_EQ(key.IsWritten(false), row.written);
     EXPECT_EQ(key.IsRead(true), row.readForAsx);
     EXPECT_EQ(key.IsRead(false), row.read);
   }
+}
+
+class OwnValuesTest : public LibraryTest {
+ protected:
+  /// What both ways give of an entry whose properties all have a value.
+  void ExpectSame(StringView className, bool forAsx) {
+    const ObjectRef object = component.Create(className);
+    auto& entry = dynamic_cast<FormatEntry&>(*object);
+    std::int32_t number = 0;
+    for (const EntryKey& row : EntryKeys()) {
+      const Member* const member = entry.Members()->Find(row.property);
+      if (member != nullptr && member->let != nullptr) entry.Let(row.property, ++number);
+    }
+    for (const EntryKey& row : EntryKeys()) {
+      if (!row.IsWritten(forAsx)) continue;
+      String text = u"behind ";
+      row.append(entry, text);
+      EXPECT_TEXT(text, u"behind " + ToText(entry.Get(row.property))) << Utf8(row.key);
+    }
+  }
+};
+
+TEST_F(OwnValuesTest, AreThoseOfThePropertiesByName) {
+  ExpectSame(u"AsxEntry", true);
+  ExpectSame(u"M3UEntry", false);
+  ExpectSame(u"PlsEntry", false);
 }
 
 TEST(GenericKeysTest, TheLastKeyIsWrittenForAllEntries) {

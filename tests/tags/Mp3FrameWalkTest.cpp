@@ -264,7 +264,7 @@ TEST_F(Mp3FrameWalkTest, AHugeSizeCostsNeitherTimeNorMemoryNorTheTrailer) {
 TEST_F(Mp3FrameWalkTest, TextsAreKeptUpToTheirLimitAndTheWalkGoesByTheWholeSize) {
   const struct {
     std::string_view id;
-    const String& (Mp3TagReader::*text)() const;
+    StringView (Mp3TagReader::*text)() const;
     std::size_t limit;
   } rows[] = {{"TALB", &Mp3TagReader::ID3Album, 4096},
               {"WOAR", &Mp3TagReader::ID3WebAddress, 4096},

@@ -17,12 +17,12 @@ class Mp3TagReaderTest : public LibraryTest {
   }
 
   void ExpectNothingRead() {
-    for (const String* const text :
-         {&reader.SongName(), &reader.Artist(), &reader.Album(), &reader.Year(), &reader.Comment(),
-          &reader.ID3SongName(), &reader.ID3Artist(), &reader.ID3Album(), &reader.ID3Genre(),
-          &reader.ID3Year(), &reader.ID3SongLyrics(), &reader.ID3RecordingStudio(),
-          &reader.ID3WebAddress()}) {
-      EXPECT_TEXT(*text, u"");
+    for (const StringView text :
+         {reader.SongName(), reader.Artist(), reader.Album(), reader.Year(), reader.Comment(),
+          reader.ID3SongName(), reader.ID3Artist(), reader.ID3Album(), reader.ID3Genre(),
+          reader.ID3Year(), reader.ID3SongLyrics(), reader.ID3RecordingStudio(),
+          reader.ID3WebAddress()}) {
+      EXPECT_TEXT(text, u"");
     }
     EXPECT_TEXT(reader.ID3EncodingStyle(), u"Unknown");
     EXPECT_EQ(reader.ID3Duration(), 0);

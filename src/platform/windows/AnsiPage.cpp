@@ -13,14 +13,13 @@ int LengthOf(std::size_t length) {
 
 class AnsiPage final : public CodePage {
  public:
-  String Decode(std::string_view bytes) const override {
+  void AppendDecoded(String& text, std::string_view bytes) const override {
     const int length = LengthOf(bytes.size());
-    if (length == 0) return {};
-    String text(static_cast<std::size_t>(
-                    ::MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0)),
-                u'\0');
-    ::MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, ToWide(text), LengthOf(text.size()));
-    return text;
+    if (length == 0) return;
+    const int units = ::MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0);
+    const std::size_t had = text.size();
+    text.resize(had + static_cast<std::size_t>(units));
+    ::MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, ToWide(text) + had, units);
   }
 
   std::string Encode(StringView text) const override { return Convert(text, nullptr); }

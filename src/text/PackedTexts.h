@@ -1,0 +1,68 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <stdexcept>
+
+#include "text/Text.h"
+
+namespace norvo {
+
+/// So many texts that belong together, in one piece of memory: a thing with a dozen short texts
+/// costs one allocation instead of a dozen, and a third of the room.
+template <std::size_t kCount>
+class PackedTexts {
+ public:
+  /// The text at a 0-based place; the view holds until the next `Set`.
+  StringView At(std::size_t i) const {
+    return StringView(units_).substr(places_[i].start, places_[i].length);
+  }
+
+  /// `text` may be a view of what is held here.
+  void Set(std::size_t i, StringView text) {
+    Place& place = places_[i];
+    if (text.size() <= place.length) {
+      StringView::traits_type::move(units_.data() + place.start, text.data(), text.size());
+    } else if (text.size() <= units_.capacity() - units_.size()) {
+      place.start = static_cast<std::uint32_t>(units_.size());
+      units_.append(text);
+    } else {
+      SetAnew(i, text);
+    }
+    place.length = static_cast<std::uint32_t>(text.size());
+  }
+
+  /// Makes room for texts of so many units in all.
+  void Reserve(std::size_t units) { units_.reserve(units); }
+
+ private:
+  struct Place {
+    std::uint32_t start = 0;
+    std::uint32_t length = 0;
+  };
+
+  /// Without room: all others, and this one behind them, without what was replaced.
+  void SetAnew(std::size_t i, StringView text) {
+    std::size_t needed = text.size();
+    for (std::size_t k = 0; k < kCount; ++k) needed += k == i ? 0 : places_[k].length;
+    if (needed > UINT32_MAX / 2) throw std::length_error("texts too long");
+    String units;
+    units.reserve(needed + needed / 2);
+    std::array<Place, kCount> places;
+    for (std::size_t k = 0; k < kCount; ++k) {
+      if (k == i) continue;
+      places[k] = {static_cast<std::uint32_t>(units.size()), places_[k].length};
+      units.append(At(k));
+    }
+    places[i].start = static_cast<std::uint32_t>(units.size());
+    units.append(text);
+    units_.swap(units);
+    places_ = places;
+  }
+
+  String units_;
+  std::array<Place, kCount> places_{};
+};
+
+}  // namespace norvo

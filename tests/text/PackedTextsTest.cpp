@@ -1,0 +1,71 @@
+#include "text/PackedTexts.h"
+
+#include <gtest/gtest.h>
+
+#include "support/TextPrinting.h"
+
+namespace norvo {
+namespace {
+
+TEST(PackedTexts, AreEmptyAtFirst) {
+  const PackedTexts<3> texts;
+  for (std::size_t i = 0; i < 3; ++i) EXPECT_EQ(texts.At(i), u"");
+}
+
+TEST(PackedTexts, EachKeepsItsOwnText) {
+  PackedTexts<3> texts;
+  texts.Set(1, u"one");
+  texts.Set(0, u"nought");
+  texts.Set(2, u"two");
+  EXPECT_EQ(texts.At(0), u"nought");
+  EXPECT_EQ(texts.At(1), u"one");
+  EXPECT_EQ(texts.At(2), u"two");
+}
+
+TEST(PackedTexts, BecomeShorterAndLongerAndEmpty) {
+  PackedTexts<2> texts;
+  texts.Set(0, u"a text of some length");
+  texts.Set(1, u"beside");
+  texts.Set(0, u"short");
+  EXPECT_EQ(texts.At(0), u"short");
+  texts.Set(0, String(1000, u'x'));
+  EXPECT_EQ(texts.At(0), String(1000, u'x'));
+  texts.Set(0, u"");
+  EXPECT_EQ(texts.At(0), u"");
+  EXPECT_EQ(texts.At(1), u"beside");
+}
+
+TEST(PackedTexts, ATextMayComeFromAmongThem) {
+  PackedTexts<3> texts;
+  texts.Set(0, u"0123456789");
+  texts.Set(1, texts.At(0));  // without room
+  texts.Reserve(200);
+  texts.Set(2, texts.At(1).substr(2));  // with room
+  texts.Set(1, texts.At(1).substr(5));  // in its own place
+  EXPECT_EQ(texts.At(0), u"0123456789");
+  EXPECT_EQ(texts.At(1), u"56789");
+  EXPECT_EQ(texts.At(2), u"23456789");
+}
+
+TEST(PackedTexts, WhatWasReplacedDoesNotPileUp) {
+  PackedTexts<2> texts;
+  texts.Set(1, u"stays");
+  String longer;
+  for (int i = 0; i < 2000; ++i) {
+    longer += u'x';
+    texts.Set(0, longer);
+  }
+  EXPECT_EQ(texts.At(0), longer);
+  EXPECT_EQ(texts.At(1), u"stays");
+}
+
+TEST(PackedTexts, ACopyIsACopy) {
+  PackedTexts<2> texts;
+  texts.Set(0, u"first");
+  PackedTexts<2> copy = texts;
+  texts.Set(0, u"other");
+  EXPECT_EQ(copy.At(0), u"first");
+}
+
+}  // namespace
+}  // namespace norvo
