@@ -16,6 +16,14 @@ namespace {
 
 template <class Whole>
 Whole Narrow(double number) {
+  // Nearly all are whole already, which costs less to see than to round.
+  constexpr double kReach = 1 << 30;
+  if (number > -kReach && number < kReach) {
+    const auto whole = static_cast<std::int32_t>(number);
+    if (static_cast<double>(whole) == number && std::in_range<Whole>(whole)) {
+      return static_cast<Whole>(whole);
+    }
+  }
   const double rounded = RoundHalfToEven(number);
   // Written so that a value that is no number at all is refused too.
   const bool inRange = rounded >= static_cast<double>(std::numeric_limits<Whole>::min()) &&

@@ -57,6 +57,12 @@ class AsxEntry final : public FormatEntry {
   void SetPlayCount(const Variant& value) { playCount_ = ToInt32(value); }
   /// @}
 
+  /// Also when a value of another type may have such units as a text.
+  bool MayHaveControls() const override {
+    const bool isPlain = std::holds_alternative<std::monostate>(digitallySecure_);
+    return FormatEntry::MayHaveControls() || asx_.MayHaveControls() || !isPlain;
+  }
+
   /// The members that hosts reach by name.
   static const MemberTable& Interface();
 

@@ -20,10 +20,6 @@ bool IsZeroOrNoNumber(StringView text) {
 
 }  // namespace
 
-StringView EntryFields::Cleaned(Field field) const {
-  return NVServices::StripNull(texts_.At(field));
-}
-
 void EntryFields::Clean(Field field) {
   texts_.Set(field, Cleaned(field));
 }
@@ -125,16 +121,16 @@ bool EntryFields::GetID3TagInfo() {
   const AudioTag tag =
       AnswerOr(AudioTag(), [&] { return ReadAudioTag(component_, SourceURL(), stamp); });
   if (tag.kind == AudioTag::Kind::None) return false;
-  TakeLonger(kAlbumName, tag.Album());
-  TakeLonger(kArtistName, tag.Artist());
-  TakeLonger(kGenre, tag.Genre());
-  TakeLonger(kSongName, tag.Song());
+  TakeLonger(kAlbumName, tag.album);
+  TakeLonger(kArtistName, tag.artist);
+  TakeLonger(kGenre, tag.genre);
+  TakeLonger(kSongName, tag.song);
   // An ID3v1 tag fills neither duration nor track nor creation date: intended. (Its year would go
   // into the file's own date, but four characters of a year are no date.)
   if (tag.kind == AudioTag::Kind::Id3v1) return true;
   if (IsZeroOrNoNumber(DurationText())) SetDurationText(FormatInteger(tag.duration));
   if (IsZeroOrNoNumber(TrackNumber())) SetTrackNumber(FormatInteger(tag.track));
-  if (CreationDate().empty()) SetCreationDate(tag.Year());
+  if (CreationDate().empty()) SetCreationDate(tag.year);
   return true;
 }
 

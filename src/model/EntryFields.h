@@ -111,6 +111,9 @@ class EntryFields : public TableObject {
   /// disk is not asked twice. Same effect as `SetSourceURL`.
   void SetSource(StringView address, const FileFacts* facts);
 
+  /// False when no property's text has a unit below the blank.
+  virtual bool MayHaveControls() const { return texts_.MayHaveControls(); }
+
   /// @{
   /// What no property hands out.
   StringView StoredPlayListName() const { return texts_.At(kPlayListName); }
@@ -136,7 +139,10 @@ class EntryFields : public TableObject {
     kFieldCount
   };
 
-  StringView Cleaned(Field field) const;
+  StringView Cleaned(Field field) const {
+    const StringView text = texts_.At(field);
+    return texts_.MayHaveControls() ? Trim(BeforeNul(text)) : Trim(text);
+  }
   void Clean(Field field);
   void TakeLonger(Field field, StringView offered);
   void TakeFacts(const FileFacts& facts);

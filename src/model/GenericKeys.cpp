@@ -18,9 +18,11 @@ void Append(FormatEntry& entry, String& text) {
   if constexpr (std::is_same_v<Value, StringView>) {
     text += value;
   } else if constexpr (std::is_same_v<Value, std::int32_t>) {
-    text += FormatInteger(value);
+    AppendInteger(text, value);
   } else if constexpr (std::is_same_v<Value, double>) {
-    text += FormatNumber(value);
+    AppendNumber(text, value);
+  } else if constexpr (std::is_same_v<Value, bool>) {
+    text += value ? StringView(u"True") : StringView(u"False");
   } else {
     text += ToText(Variant(std::move(value)));
   }

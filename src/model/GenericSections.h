@@ -16,9 +16,11 @@ inline String EntrySection(std::int64_t position) {
   return u"Entry " + FormatInteger(position) + u" Properties";
 }
 
-/// Adds the line that begins it.
+/// Adds the line that begins it, without the line's end.
 inline void AppendEntrySection(String& text, std::int64_t position) {
-  text.append(u"[Entry ").append(FormatInteger(position)).append(u" Properties]\r\n");
+  text += u"[Entry ";
+  AppendInteger(text, position);
+  text += u" Properties]";
 }
 
 }  // namespace norvo

@@ -25,6 +25,21 @@ std::shared_ptr<FormatEntry> NewItem(Component& component, const PlaylistRecord&
   return entry;
 }
 
+/// What stands in a line; EXTM3U goes before EXTINF.
+enum class M3uLine { Header, Info, Reference };
+
+M3uLine KindOf(StringView line) {
+  // Both marks begin alike, and most lines hold nothing of the kind.
+  M3uLine kind = M3uLine::Reference;
+  for (std::size_t at = FindIgnoreCase(line, u"EXT"); at != StringView::npos;
+       at = FindIgnoreCase(line, u"EXT", at + 3)) {
+    const StringView mark = line.substr(at + 3, 3);
+    if (EqualsIgnoreCase(mark, u"M3U")) return M3uLine::Header;
+    if (EqualsIgnoreCase(mark, u"INF")) kind = M3uLine::Info;
+  }
+  return kind;
+}
+
 bool ResolveM3u(Component& component, PlaylistRecord& playlist, TextStream& stream, String folder) {
   // An empty file has no lines to walk and fails.
   const String text = stream.ReadAll();
@@ -80,8 +95,9 @@ std::vector<M3uItem> SplitM3u(const std::vector<StringView>& lines, bool& comple
   for (std::size_t i = 0; i < reachable; ++i) {
     if (lines[i].empty()) continue;
     const StringView line = NVServices::StripNull(lines[i]);
-    if (ContainsIgnoreCase(line, u"EXTM3U")) continue;
-    if (!ContainsIgnoreCase(line, u"EXTINF")) {
+    const M3uLine kind = KindOf(line);
+    if (kind == M3uLine::Header) continue;
+    if (kind == M3uLine::Reference) {
       items.push_back({line, {}, false});
     } else if (i + 1 < reachable) {
       items.push_back({NVServices::StripNull(lines[++i]), line, true});

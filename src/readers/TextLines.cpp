@@ -9,7 +9,10 @@ std::vector<StringView> SplitLines(StringView text) {
   // Two pieces past the limit tell that it is exceeded, whether or not the last one is empty.
   constexpr std::size_t kMostPieces = kMostLines + 2;
   while (lines.size() < kMostPieces) {
-    const std::size_t end = text.find(u"\r\n");
+    std::size_t end = FindUnit(text, u'\r');
+    while (end != StringView::npos && text.substr(end, 2) != u"\r\n") {
+      end = FindUnit(text, u'\r', end + 1);
+    }
     lines.push_back(text.substr(0, end));
     if (end == StringView::npos) break;
     text.remove_prefix(end + 2);

@@ -57,9 +57,12 @@ std::int32_t TypeByPattern(StringView reference) {
   return row == std::end(kPatterns) ? url_type::kUnusable : row->type;
 }
 
-/// Drive letters A and B are left out on purpose: such references fall through to the patterns.
+/// What "[C-Zc-z]:\\*" matches. Drive letters A and B are left out on purpose: such references fall
+/// through to the patterns.
 bool NamesDrive(StringView reference) {
-  return Matches(reference, u"[C-Zc-z]:\\*", Compare::Binary);
+  if (reference.size() < 3 || reference[1] != u':' || reference[2] != u'\\') return false;
+  const char16_t lower = ToLowerAscii(reference[0]);
+  return lower >= u'c' && lower <= u'z';
 }
 
 /// The kind of a reference, and its facts where the resolution had to look at the file.
@@ -114,8 +117,8 @@ std::span<const StringView> MediaMarks() {
 }
 
 bool IsMediaPath(StringView path) {
-  for (std::size_t point = path.find(u'.'); point != StringView::npos;
-       point = path.find(u'.', point + 1)) {
+  for (std::size_t point = FindUnit(path, u'.'); point != StringView::npos;
+       point = FindUnit(path, u'.', point + 1)) {
     const StringView rest = path.substr(point);
     for (const StringView mark : kMediaMarks) {
       if (EqualsIgnoreCase(rest.substr(0, mark.size()), mark)) return true;

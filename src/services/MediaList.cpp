@@ -58,7 +58,7 @@ Fingerprint MediaList::PrintOf(StringView source, StringView destination) {
 
 bool MediaList::EnsureGroup(StringView group, StringView root) {
   if (group.empty() || root.empty()) return false;
-  if (root == root_) return true;
+  if (SameUnits(root, root_)) return true;
   // Records of another root that cannot be written yet keep the list where it is.
   if (!Flush()) return false;
   String path = DataArea(root) + u"MediaList.txt";

@@ -24,9 +24,8 @@ String DataArea(StringView groupRoot) {
 }
 
 std::string EncodeSettings(StringView text, const CodePage& page) {
-  const FileEncoding encoding =
-      page.Fits(text) ? FileEncoding::CodePage : FileEncoding::Utf16LittleEndian;
-  return EncodeFile(text, encoding, page);
+  if (std::optional<std::string> bytes = page.EncodeFitting(text)) return std::move(*bytes);
+  return EncodeFile(text, FileEncoding::Utf16LittleEndian, page);
 }
 
 ProfileFile::~ProfileFile() {

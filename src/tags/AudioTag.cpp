@@ -1,8 +1,5 @@
 #include "tags/AudioTag.h"
 
-#include <initializer_list>
-#include <utility>
-
 #include "tags/Mp3TagReader.h"
 #include "tags/TagCache.h"
 
@@ -13,30 +10,29 @@ namespace {
 struct TagReading {
   TagCache cache;
   std::optional<Mp3TagReader> reader;  // its memory serves for all files
+  String genre;                        // of the last ID3v1 tag
 };
 
-void SetTexts(AudioTag& tag, std::initializer_list<StringView> texts) {
-  std::size_t units = 0;
-  for (const StringView text : texts) units += text.size();
-  tag.texts.Reserve(units);
-  std::size_t place = 0;
-  for (const StringView text : texts) tag.texts.Set(place++, text);
-}
-
 /// What the reader has; `whole` tells whether nothing failed on the way.
-AudioTag ReadFromFile(Mp3TagReader& reader, StringView path, bool& whole) {
+AudioTag ReadFromFile(TagReading& reading, StringView path, bool& whole) {
+  Mp3TagReader& reader = *reading.reader;
   whole = reader.ReadFile(path, Mp3TagReader::Extent::FramesHideTrailer);
   AudioTag tag;
   if (reader.HasID3()) {
     tag.kind = AudioTag::Kind::Id3v2;
-    SetTexts(tag, {reader.ID3Album(), reader.ID3Artist(), reader.ID3Genre(), reader.ID3SongName(),
-                   reader.ID3Year()});
+    tag.album = reader.ID3Album();
+    tag.artist = reader.ID3Artist();
+    tag.genre = reader.ID3Genre();
+    tag.song = reader.ID3SongName();
+    tag.year = reader.ID3Year();
     tag.duration = reader.ID3Duration();
     tag.track = reader.ID3TrackNumber();
   } else if (reader.HasTAG()) {
     tag.kind = AudioTag::Kind::Id3v1;
-    const String genre = reader.GenreString();
-    SetTexts(tag, {reader.Album(), reader.Artist(), genre, reader.SongName(), {}});
+    tag.album = reader.Album();
+    tag.artist = reader.Artist();
+    tag.genre = reading.genre = reader.GenreString();
+    tag.song = reader.SongName();
   }
   return tag;
 }
@@ -48,11 +44,11 @@ AudioTag ReadAudioTag(Component& component, StringView path,
   TagReading& reading = component.Own<TagReading>();
   const Fingerprint print = stamp ? FingerprintOf(path) : Fingerprint();
   if (stamp) {
-    if (std::optional<AudioTag> tag = reading.cache.Find(print, *stamp)) return std::move(*tag);
+    if (const std::optional<AudioTag> tag = reading.cache.Find(print, *stamp)) return *tag;
   }
   if (!reading.reader) reading.reader.emplace(component);
   bool whole = false;
-  AudioTag tag = ReadFromFile(*reading.reader, path, whole);
+  const AudioTag tag = ReadFromFile(reading, path, whole);
   // A read that failed may do better the next time.
   if (stamp && whole) reading.cache.Keep(print, *stamp, tag);
   return tag;

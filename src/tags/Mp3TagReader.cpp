@@ -1,6 +1,7 @@
 #include "tags/Mp3TagReader.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "automation/Attempt.h"
 #include "automation/Conversions.h"
@@ -38,13 +39,18 @@ bool IsWebFrame(std::string_view id) {
   return id == "WOAR" || id == "WCOM";
 }
 
+std::int16_t InInt16(std::int32_t number) {
+  if (!std::in_range<std::int16_t>(number)) throw RunTimeError(error::kOverflow);
+  return static_cast<std::int16_t>(number);
+}
+
 /// The frame's size by its four size bytes. The weights are neither plain nor synchsafe, and the
 /// lower three bytes are summed in 16 bits: both intended.
 std::int32_t FrameSize(std::string_view bytes) {
   const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
-  const std::int16_t second = NarrowToInt16(byteAt(1) * 4096);
-  const std::int16_t third = NarrowToInt16(byteAt(2) * 256);
-  const std::int16_t low = NarrowToInt16(second + third + byteAt(3));
+  const std::int16_t second = InInt16(byteAt(1) * 4096);
+  const std::int16_t third = InInt16(byteAt(2) * 256);
+  const std::int16_t low = InInt16(second + third + byteAt(3));
   return byteAt(0) * 65536 + low;
 }
 

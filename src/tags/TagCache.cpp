@@ -1,16 +1,12 @@
 #include "tags/TagCache.h"
 
-#include <algorithm>
-#include <cstring>
-
 namespace norvo {
 namespace {
 
-bool IsNarrow(StringView text) {
-  unsigned all = 0;
-  for (const char16_t unit : text) all |= unit;
-  return all < 0x100;
-}
+constexpr std::size_t kBlock = 32 * 1024;  // units
+
+constexpr StringView AudioTag::*kTexts[] = {&AudioTag::album, &AudioTag::artist, &AudioTag::genre,
+                                            &AudioTag::song, &AudioTag::year};
 
 }  // namespace
 
@@ -18,22 +14,11 @@ std::optional<AudioTag> TagCache::Find(const Fingerprint& path, const FileStamp&
   const std::optional<std::uint32_t> place = places_.Find(path);
   if (!place || tags_[*place].stamp != stamp) return std::nullopt;
   const Packed& packed = tags_[*place];
-  const char* bytes = BytesOf(packed);
   AudioTag tag;
-  std::size_t units = 0;
-  for (const std::uint16_t length : packed.lengths) units += length;
-  tag.texts.Reserve(units);
-  std::array<char16_t, kLongestText> text;
+  const char16_t* at = packed.texts;
   for (std::size_t i = 0; i < packed.lengths.size(); ++i) {
-    const std::size_t length = packed.lengths[i];
-    if (packed.isWide) {
-      std::memcpy(text.data(), bytes, length * 2);
-    } else {
-      std::transform(bytes, bytes + length, text.data(),
-                     [](char byte) { return static_cast<unsigned char>(byte); });
-    }
-    tag.texts.Set(i, {text.data(), length});
-    bytes += packed.isWide ? length * 2 : length;
+    tag.*kTexts[i] = {at, packed.lengths[i]};
+    at += packed.lengths[i];
   }
   tag.kind = packed.kind;
   tag.duration = packed.duration;
@@ -41,43 +26,36 @@ std::optional<AudioTag> TagCache::Find(const Fingerprint& path, const FileStamp&
   return tag;
 }
 
-/// Room for so many bytes.
-char* TagCache::Take(std::size_t size, std::uint32_t& start) {
-  if (used_ % kBlock + size > kBlock) used_ += kBlock - used_ % kBlock;
-  if (used_ / kBlock == blocks_.size()) blocks_.push_back(std::make_unique<char[]>(kBlock));
-  start = static_cast<std::uint32_t>(used_);
-  used_ += size;
-  return blocks_[start / kBlock].get() + start % kBlock;
+/// Room for so many units, at most those of a block; null when all of it is taken.
+char16_t* TagCache::Take(std::size_t units) {
+  if (units > left_) {
+    if ((blocks_.size() + 1) * kBlock > kMostText) return nullptr;
+    blocks_.push_back(std::make_unique_for_overwrite<char16_t[]>(kBlock));
+    left_ = kBlock;
+  }
+  char16_t* const place = blocks_.back().get() + (kBlock - left_);
+  left_ -= units;
+  return place;
 }
 
 void TagCache::Keep(const Fingerprint& path, const FileStamp& stamp, const AudioTag& tag) {
-  std::size_t length = 0;
-  Packed packed;
-  for (std::size_t i = 0; i < packed.lengths.size(); ++i) {
-    const StringView text = tag.texts.At(i);
-    length += text.size();
-    packed.lengths[i] = static_cast<std::uint16_t>(text.size());
-    packed.isWide = packed.isWide || !IsNarrow(text);
-  }
-  const std::size_t size = packed.isWide ? length * 2 : length;
+  std::size_t units = 0;
+  for (const auto text : kTexts) units += (tag.*text).size();
   const std::optional<std::uint32_t> place = places_.Find(path);
-  const bool isFull = !place && tags_.size() >= kMostTags;
-  if (length > kLongestText || isFull || used_ + size + kBlock > kMostBytes) return;
+  if (units > kLongestText || (!place && tags_.size() >= kMostTags)) return;
+  char16_t* at = units == 0 ? nullptr : Take(units);
+  if (at == nullptr && units > 0) return;
+  Packed packed;
   packed.stamp = stamp;
+  packed.texts = at;
+  for (std::size_t i = 0; i < packed.lengths.size(); ++i) {
+    const StringView text = tag.*kTexts[i];
+    packed.lengths[i] = static_cast<std::uint16_t>(text.size());
+    at += text.copy(at, text.size());
+  }
   packed.duration = tag.duration;
   packed.track = tag.track;
   packed.kind = tag.kind;
-  char* bytes = Take(size, packed.start);
-  for (std::size_t i = 0; i < packed.lengths.size(); ++i) {
-    const StringView text = tag.texts.At(i);
-    if (packed.isWide) {
-      std::memcpy(bytes, text.data(), text.size() * 2);
-      bytes += text.size() * 2;
-    } else {
-      bytes = std::transform(text.begin(), text.end(), bytes,
-                             [](char16_t unit) { return static_cast<char>(unit); });
-    }
-  }
   if (place) {
     tags_[*place] = packed;
   } else {

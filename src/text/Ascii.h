@@ -20,4 +20,16 @@ inline bool IsAscii(StringView text) noexcept {
   return all < 0x80;
 }
 
+/// @{
+/// Copies ASCII characters to a place that has room for them.
+inline void CopyAscii(std::string_view from, char16_t* __restrict to) noexcept {
+  const char* const bytes = from.data();
+  for (std::size_t i = 0; i < from.size(); ++i) to[i] = static_cast<unsigned char>(bytes[i]);
+}
+inline void CopyAscii(StringView from, char* __restrict to) noexcept {
+  const char16_t* const units = from.data();
+  for (std::size_t i = 0; i < from.size(); ++i) to[i] = static_cast<char>(units[i]);
+}
+/// @}
+
 }  // namespace norvo

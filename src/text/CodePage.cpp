@@ -32,8 +32,7 @@ class Windows1252Page final : public CodePage {
     text.resize(had + bytes.size());
     char16_t* const to = text.data() + had;
     if (IsAscii(bytes)) {
-      std::transform(bytes.begin(), bytes.end(), to,
-                     [](char byte) { return static_cast<unsigned char>(byte); });
+      CopyAscii(bytes, to);
     } else {
       std::transform(bytes.begin(), bytes.end(), to,
                      [](char byte) { return DecodeByte(static_cast<unsigned char>(byte)); });
@@ -43,14 +42,21 @@ class Windows1252Page final : public CodePage {
   std::string Encode(StringView text) const override {
     std::string bytes(text.size(), '\0');
     if (IsAscii(text)) {
-      std::transform(text.begin(), text.end(), bytes.begin(),
-                     [](char16_t unit) { return static_cast<char>(unit); });
+      CopyAscii(text, bytes.data());
     } else {
       std::transform(text.begin(), text.end(), bytes.begin(), [](char16_t unit) {
         const int byte = EncodeUnit(unit);
         return byte < 0 ? '?' : static_cast<char>(byte);
       });
     }
+    return bytes;
+  }
+
+  // Nearly all texts are ASCII: one look at them is enough.
+  std::optional<std::string> EncodeFitting(StringView text) const override {
+    if (!IsAscii(text)) return CodePage::EncodeFitting(text);
+    std::string bytes(text.size(), '\0');
+    CopyAscii(text, bytes.data());
     return bytes;
   }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -24,6 +25,11 @@ class CodePage {
   virtual std::string Encode(StringView text) const = 0;
   /// True when every character of the text has a byte of its own.
   virtual bool Fits(StringView text) const = 0;
+  /// The bytes of a text that fits.
+  virtual std::optional<std::string> EncodeFitting(StringView text) const {
+    if (!Fits(text)) return std::nullopt;
+    return Encode(text);
+  }
 };
 
 /// Windows-1252, with its five unassigned bytes taken as the C1 controls, so that every byte

@@ -148,8 +148,7 @@ void AppendUtf8(std::string& bytes, StringView text) {
   if (IsAscii(text)) {
     const std::size_t had = bytes.size();
     bytes.resize(had + text.size());
-    std::transform(text.begin(), text.end(), bytes.begin() + static_cast<std::ptrdiff_t>(had),
-                   [](char16_t unit) { return static_cast<char>(unit); });
+    CopyAscii(text, bytes.data() + had);
     return;
   }
   for (std::size_t i = 0; i < text.size(); ++i) {

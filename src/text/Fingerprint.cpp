@@ -1,7 +1,9 @@
 #include "text/Fingerprint.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdio>
+#include <cstring>
 #include <type_traits>
 
 #include "text/MurmurHash3.h"
@@ -22,6 +24,10 @@ Fingerprint Finished(const MurmurHash3& hash, std::uint64_t low, std::uint64_t h
 template <int kBits, class Unit>
 std::uint64_t WordOf(const Unit* units, std::size_t count) noexcept {
   std::uint64_t word = 0;
+  if constexpr (std::endian::native == std::endian::little && sizeof(Unit) * 8 == kBits) {
+    if (count > 0) std::memcpy(&word, units, count * sizeof(Unit));  // they lie as the lanes do
+    return word;
+  }
   for (std::size_t i = 0; i < count; ++i) {
     word |= std::uint64_t{static_cast<std::make_unsigned_t<Unit>>(units[i])} << (kBits * i);
   }

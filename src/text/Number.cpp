@@ -35,8 +35,22 @@ bool IsBelowOne(std::string_view number) {
   return static_cast<long>(point) - static_cast<long>(first) + exponent <= 0;
 }
 
-String Widen(const char* first, const char* last) {
-  return String(first, last);
+// A whole number of so many digits has a double of its own, and fits into 64 bits.
+constexpr std::size_t kExactDigits = 15;
+
+/// The number of a text of few digits and nothing else, as most are.
+std::optional<double> ParseDigits(StringView text) {
+  if (text.size() > kExactDigits) return std::nullopt;
+  std::int64_t number = 0;
+  for (const char16_t unit : text) {
+    if (!IsDigit(unit)) return std::nullopt;
+    number = number * 10 + (unit - u'0');
+  }
+  return static_cast<double>(number);
+}
+
+void AppendAscii(String& text, const char* first, const char* last) {
+  for (; first != last; ++first) text.push_back(static_cast<unsigned char>(*first));
 }
 
 }  // namespace
@@ -44,6 +58,7 @@ String Widen(const char* first, const char* last) {
 std::optional<double> ParseNumber(StringView text) {
   text = Trim(text);
   if (text.empty() || text.size() > kMostCharacters) return std::nullopt;
+  if (const std::optional<double> number = ParseDigits(text)) return number;
   std::string narrow;
   for (const char16_t unit : text) {
     if (!IsNumberCharacter(unit)) return std::nullopt;
@@ -65,16 +80,22 @@ std::optional<double> ParseNumber(StringView text) {
   return value;
 }
 
-String FormatInteger(std::int64_t number) {
+void AppendInteger(String& text, std::int64_t number) {
   char buffer[24];
-  const auto result = std::to_chars(buffer, buffer + sizeof buffer, number);
-  return Widen(buffer, result.ptr);
+  AppendAscii(text, buffer, std::to_chars(buffer, buffer + sizeof buffer, number).ptr);
 }
 
-String FormatNumber(double number) {
+String FormatInteger(std::int64_t number) {
+  String text;
+  AppendInteger(text, number);
+  return text;
+}
+
+void AppendNumber(String& text, double number) {
   constexpr double kExactlyWhole = 9007199254740992.0;
-  if (std::trunc(number) == number && std::fabs(number) < kExactlyWhole) {
-    return FormatInteger(static_cast<std::int64_t>(number));
+  const bool inReach = std::fabs(number) < kExactlyWhole;
+  if (inReach && static_cast<double>(static_cast<std::int64_t>(number)) == number) {
+    return AppendInteger(text, static_cast<std::int64_t>(number));
   }
   char buffer[400];
   const bool whole = std::trunc(number) == number;
@@ -82,7 +103,13 @@ String FormatNumber(double number) {
       whole ? std::to_chars(buffer, buffer + sizeof buffer, number, std::chars_format::fixed, 0)
             : std::to_chars(buffer, buffer + sizeof buffer, number, std::chars_format::general, 15);
   std::replace(buffer, result.ptr, 'e', 'E');
-  return Widen(buffer, result.ptr);
+  AppendAscii(text, buffer, result.ptr);
+}
+
+String FormatNumber(double number) {
+  String text;
+  AppendNumber(text, number);
+  return text;
 }
 
 double RoundHalfToEven(double number) {

@@ -17,6 +17,9 @@ std::optional<double> ParseNumber(StringView text);
 /// up to 15 significant digits.
 String FormatNumber(double number);
 String FormatInteger(std::int64_t number);
+/// Adds what `FormatNumber` and `FormatInteger` give.
+void AppendNumber(String& text, double number);
+void AppendInteger(String& text, std::int64_t number);
 
 /// Nearest whole number; a half goes to the even neighbour.
 double RoundHalfToEven(double number);

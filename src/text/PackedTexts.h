@@ -19,8 +19,12 @@ class PackedTexts {
     return StringView(units_).substr(places_[i].start, places_[i].length);
   }
 
+  /// False when no text has a unit below the blank.
+  bool MayHaveControls() const { return mayHaveControls_; }
+
   /// `text` may be a view of what is held here.
   void Set(std::size_t i, StringView text) {
+    mayHaveControls_ = mayHaveControls_ || HasControls(text);
     Place& place = places_[i];
     if (text.size() <= place.length) {
       StringView::traits_type::move(units_.data() + place.start, text.data(), text.size());
@@ -63,6 +67,7 @@ class PackedTexts {
 
   String units_;
   std::array<Place, kCount> places_{};
+  bool mayHaveControls_ = false;
 };
 
 }  // namespace norvo

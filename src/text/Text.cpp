@@ -12,6 +12,21 @@ char16_t ToUpperBeyondAscii(char16_t unit) noexcept {
   return UpperCaseFromTable(unit);
 }
 
+std::size_t FindUnit(StringView text, char16_t unit, std::size_t from) noexcept {
+  constexpr std::uint64_t kEachLane = 0x0001000100010001u;
+  const std::uint64_t sought = unit * kEachLane;
+  std::size_t at = std::min(from, text.size());
+  for (; text.size() - at >= 4; at += 4) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, text.data() + at, sizeof word);
+    word ^= sought;
+    // A lane that has become 0 borrows from its highest bit.
+    if (((word - kEachLane) & ~word & 0x8000 * kEachLane) != 0) break;
+  }
+  while (at < text.size() && text[at] != unit) ++at;
+  return at == text.size() ? StringView::npos : at;
+}
+
 String Fold(StringView text) {
   String folded(text);
   for (char16_t& unit : folded) unit = ToUpper(unit);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -94,9 +95,27 @@ constexpr StringView Trim(StringView text) noexcept {
   return Trim(text, [](char16_t unit) { return unit == u' '; });
 }
 
+/// 0-based position of the first such unit at or after `from`, npos when there is none. The same as
+/// `find`, which looks at one unit at a time, at four.
+std::size_t FindUnit(StringView text, char16_t unit, std::size_t from = 0) noexcept;
+
+/// The same as `==`, which looks at one unit at a time, as bytes.
+inline bool SameUnits(StringView left, StringView right) noexcept {
+  return left.size() == right.size() &&
+         std::memcmp(left.data(), right.data(), left.size() * sizeof(char16_t)) == 0;
+}
+
+/// True for a text with a unit below the blank. Looks at all units without a branch, which is the
+/// quickest for texts of usual lengths.
+inline bool HasControls(StringView text) noexcept {
+  unsigned found = 0;
+  for (const char16_t unit : text) found |= static_cast<unsigned>(unit < u' ');
+  return found != 0;
+}
+
 /// The text before its first NUL character.
-constexpr StringView BeforeNul(StringView text) noexcept {
-  return text.substr(0, text.find(u'\0'));
+inline StringView BeforeNul(StringView text) noexcept {
+  return text.substr(0, FindUnit(text, u'\0'));
 }
 
 /// The pieces between the separators, as views of `text`: one more than there are separators.

@@ -84,8 +84,10 @@ bool IsAbsolutePath(StringView path) noexcept {
   if (!HasDrive(path) || path.size() < 3 || path[2] != u'\\') return false;
   char16_t before = u'\\';
   for (const char16_t unit : path.substr(3)) {
-    if (unit == u'/') return false;
-    if (before == u'\\' && (unit == u'.' || unit == u'\\')) return false;
+    if (unit <= u'\\') {  // no lower-case letter, which most units are
+      if (unit == u'/') return false;
+      if (before == u'\\' && (unit == u'.' || unit == u'\\')) return false;
+    }
     before = unit;
   }
   return before != u'.' && before != u' ';

@@ -58,7 +58,8 @@ class EntryWriter {
  public:
   EntryWriter(String& text, bool asx) : text_(text), asx_(asx) {
     for (const EntryKey& row : EntryKeys()) {
-      if (row.IsWritten(asx)) keys_.push_back({row, PropertyReader(row.property)});
+      if (!row.IsWritten(asx)) continue;
+      keys_.push_back({row, PropertyReader(row.property), String(kLineEnd).append(row.key) + u'='});
     }
   }
 
@@ -69,14 +70,18 @@ class EntryWriter {
       WriteValues(entry);
     } catch (...) {
       text_.resize(start);  // all values of an entry, or none
+      text_ += kLineEnd;
       throw;
     }
+    // The last key of a section leaves an empty line behind it.
+    text_ += u"\r\n\r\n";
   }
 
  private:
   struct Key {
     const EntryKey& row;
     PropertyReader read;
+    String start;  // of its line, with the end of the line before: half as many pieces to add
   };
 
   /// Entries of the library are not asked by name: nobody sees the difference, and asking costs
@@ -90,23 +95,43 @@ class EntryWriter {
 
   void WriteValues(AutomationObject& entry) {
     FormatEntry* const own = Own(entry);
+    const bool mayHaveControls = own == nullptr || own->MayHaveControls();
     for (Key& key : keys_) {
-      value_.clear();
+      const std::size_t line = text_.size();
+      text_ += key.start;
+      const std::size_t value = text_.size();
       if (own != nullptr) {
-        key.row.append(*own, value_);
+        key.row.append(*own, text_);
       } else {
-        value_ = ToText(key.read(entry));
+        text_ += ToText(key.read(entry));
       }
-      // The last key of a section is always written and leaves an empty line behind it.
-      if (&key == &keys_.back()) value_ += kLineEnd;
-      if (!value_.empty()) AppendSetting(text_, key.row.key, value_);
+      // The last key is always written.
+      const bool isLast = &key == &keys_.back();
+      if (text_.size() == value && !isLast) {
+        text_.resize(line);
+      } else if (mayHaveControls || HasBlankAround(StringView(text_).substr(value))) {
+        Mend(value, isLast);
+      }
     }
+  }
+
+  static bool HasBlankAround(StringView value) {
+    return !value.empty() && (value.front() == u' ' || value.back() == u' ');
+  }
+
+  /// The value that begins there becomes what a settings file holds of it.
+  void Mend(std::size_t start, bool isLast) {
+    String value = text_.substr(start);
+    if (isLast) value += kLineEnd;
+    String joined;
+    text_.resize(start);
+    text_ += StoredValue(value, joined);
+    if (!isLast && LeavesEmptyLine(value)) text_ += kLineEnd;
   }
 
   String& text_;
   bool asx_;
   std::vector<Key> keys_;
-  String value_;
 };
 
 void AppendEntries(String& text, const Entries& entries) {

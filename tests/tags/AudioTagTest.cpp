@@ -28,8 +28,8 @@ TEST_F(AudioTagTest, AnId3v2TagGivesAllItsFields) {
   WriteSong("Song");
   const AudioTag tag = Read(std::nullopt);
   EXPECT_EQ(tag.kind, AudioTag::Kind::Id3v2);
-  EXPECT_TEXT(tag.Song(), u"Song");
-  EXPECT_TEXT(tag.Year(), u"1999");
+  EXPECT_TEXT(tag.song, u"Song");
+  EXPECT_TEXT(tag.year, u"1999");
   EXPECT_EQ(tag.duration, 216);
   EXPECT_EQ(tag.track, 7);
 }
@@ -38,8 +38,8 @@ TEST_F(AudioTagTest, AnId3v1TagGivesTheGenresName) {
   platform->AddFile(kPath, Trailer{"Song", "Artist", "Album", "1999", "", 17}.Bytes());
   const AudioTag tag = Read(std::nullopt);
   EXPECT_EQ(tag.kind, AudioTag::Kind::Id3v1);
-  EXPECT_TEXT(tag.Genre(), u"Rock");
-  EXPECT_TEXT(tag.Year(), u"");
+  EXPECT_TEXT(tag.genre, u"Rock");
+  EXPECT_TEXT(tag.year, u"");
 }
 
 TEST_F(AudioTagTest, AFileWithoutATagHasNone) {
@@ -53,8 +53,8 @@ TEST_F(AudioTagTest, TheSameFileIsReadOnce) {
   const AudioTag second = Read(kStamp);
   EXPECT_EQ(platform->Calls(u"OpenForReading"), 1u);
   EXPECT_EQ(second.kind, first.kind);
-  EXPECT_TEXT(second.Song(), first.Song());
-  EXPECT_TEXT(second.Year(), first.Year());
+  EXPECT_TEXT(second.song, first.song);
+  EXPECT_TEXT(second.year, first.year);
   EXPECT_EQ(second.duration, first.duration);
   EXPECT_EQ(second.track, first.track);
 }
@@ -63,10 +63,10 @@ TEST_F(AudioTagTest, AChangedFileIsReadAgain) {
   WriteSong("Old");
   Read(kStamp);
   WriteSong("New");
-  EXPECT_TEXT(Read(FileStamp{1000, 2}).Song(), u"New");
-  EXPECT_TEXT(Read(FileStamp{1000, 2}).Song(), u"New");
+  EXPECT_TEXT(Read(FileStamp{1000, 2}).song, u"New");
+  EXPECT_TEXT(Read(FileStamp{1000, 2}).song, u"New");
   EXPECT_EQ(platform->Calls(u"OpenForReading"), 2u);
-  EXPECT_TEXT(Read(FileStamp{1001, 2}).Song(), u"New");
+  EXPECT_TEXT(Read(FileStamp{1001, 2}).song, u"New");
   EXPECT_EQ(platform->Calls(u"OpenForReading"), 3u);
 }
 
@@ -74,14 +74,14 @@ TEST_F(AudioTagTest, WithoutALookUpAFileIsReadEachTime) {
   WriteSong("Old");
   Read(kStamp);
   WriteSong("New");
-  EXPECT_TEXT(Read(std::nullopt).Song(), u"New");
+  EXPECT_TEXT(Read(std::nullopt).song, u"New");
 }
 
 TEST_F(AudioTagTest, AFailedReadIsTriedAgain) {
   WriteSong("Song");
   platform->FailOn(u"ReadAt", 1, error::kDeviceInputOutput);
   EXPECT_EQ(Read(kStamp).kind, AudioTag::Kind::None);
-  EXPECT_TEXT(Read(kStamp).Song(), u"Song");
+  EXPECT_TEXT(Read(kStamp).song, u"Song");
 }
 
 Fingerprint Print(StringView path) {
@@ -105,11 +105,12 @@ TEST(TagCache, KeepsTextsUpToTheirLimit) {
   TagCache cache;
   const FileStamp stamp{1, 1};
   AudioTag tag;
-  tag.texts.Set(AudioTag::kAlbum, String(TagCache::kLongestText, u'x'));
+  const String longest(TagCache::kLongestText + 1, u'x');
+  tag.album = StringView(longest).substr(1);
   cache.Keep(Print(u"C:\\a"), stamp, tag);
   ASSERT_TRUE(cache.Find(Print(u"C:\\a"), stamp));
-  EXPECT_EQ(cache.Find(Print(u"C:\\a"), stamp)->Album(), tag.Album());
-  tag.texts.Set(AudioTag::kAlbum, String(TagCache::kLongestText + 1, u'x'));
+  EXPECT_EQ(cache.Find(Print(u"C:\\a"), stamp)->album, tag.album);
+  tag.album = longest;
   cache.Keep(Print(u"C:\\b"), stamp, tag);
   EXPECT_FALSE(cache.Find(Print(u"C:\\b"), stamp));
 }
@@ -118,15 +119,16 @@ TEST(TagCache, KeepsNoMoreTextThanItsLimit) {
   TagCache cache;
   const FileStamp stamp{1, 1};
   AudioTag tag;
-  tag.texts.Set(AudioTag::kAlbum, String(TagCache::kLongestText, u'\u4e00'));
-  const std::size_t fitting = TagCache::kMostBytes / (2 * TagCache::kLongestText);
+  const String text(TagCache::kLongestText, u'\u4e00');
+  tag.album = text;
+  const std::size_t fitting = TagCache::kMostText / TagCache::kLongestText;
   for (std::size_t i = 0; i <= fitting; ++i) {
     cache.Keep(Fingerprint{i, 1}, stamp, tag);
   }
   EXPECT_FALSE(cache.Find(Fingerprint{fitting, 1}, stamp));
   for (const std::size_t i : {std::size_t{0}, std::size_t{100}, fitting / 2}) {
     ASSERT_TRUE(cache.Find(Fingerprint{i, 1}, stamp)) << i;
-    EXPECT_EQ(cache.Find(Fingerprint{i, 1}, stamp)->Album(), tag.Album()) << i;
+    EXPECT_EQ(cache.Find(Fingerprint{i, 1}, stamp)->album, tag.album) << i;
   }
 }
 
@@ -141,19 +143,19 @@ TEST(TagCache, GivesEachTextBackWithItsNuls) {
   TagCache cache;
   const FileStamp stamp{1, 1};
   AudioTag tag;
-  tag.texts.Set(AudioTag::kAlbum, String(u"A\0", 2));
-  tag.texts.Set(AudioTag::kArtist, u"");
-  tag.texts.Set(AudioTag::kGenre, u"G");
-  tag.texts.Set(AudioTag::kSong, String(u"\0", 1));
-  tag.texts.Set(AudioTag::kYear, u"Y");
+  tag.album = StringView(u"A\0", 2);
+  tag.artist = u"";
+  tag.genre = u"G";
+  tag.song = StringView(u"\0", 1);
+  tag.year = u"Y";
   cache.Keep(Print(u"C:\\a"), stamp, tag);
   const std::optional<AudioTag> found = cache.Find(Print(u"C:\\a"), stamp);
   ASSERT_TRUE(found);
-  EXPECT_EQ(found->Album(), tag.Album());
-  EXPECT_EQ(found->Artist(), tag.Artist());
-  EXPECT_EQ(found->Genre(), tag.Genre());
-  EXPECT_EQ(found->Song(), tag.Song());
-  EXPECT_EQ(found->Year(), tag.Year());
+  EXPECT_EQ(found->album, tag.album);
+  EXPECT_EQ(found->artist, tag.artist);
+  EXPECT_EQ(found->genre, tag.genre);
+  EXPECT_EQ(found->song, tag.song);
+  EXPECT_EQ(found->year, tag.year);
 }
 
 }  // namespace

@@ -59,6 +59,18 @@ TEST(PackedTexts, WhatWasReplacedDoesNotPileUp) {
   EXPECT_EQ(texts.At(1), u"stays");
 }
 
+TEST(PackedTexts, TellWhetherAnyMayHaveControls) {
+  PackedTexts<2> texts;
+  EXPECT_FALSE(texts.MayHaveControls());
+  texts.Set(0, u" plain\u0080");
+  EXPECT_FALSE(texts.MayHaveControls());
+  for (const char16_t control : {u'\0', u'\t', u'\r', u'\n', u'\x1F'}) {
+    PackedTexts<2> others = texts;
+    others.Set(1, String(u"a text ") + control);
+    EXPECT_TRUE(others.MayHaveControls()) << static_cast<int>(control);
+  }
+}
+
 TEST(PackedTexts, ACopyIsACopy) {
   PackedTexts<2> texts;
   texts.Set(0, u"first");

@@ -1,7 +1,9 @@
 #include "platform/hosted/DiskName.h"
 
 #include <algorithm>
+#include <type_traits>
 
+#include "text/Ascii.h"
 #include "text/Encoding.h"
 #include "text/Utf16.h"
 #include "text/WindowsPath.h"
@@ -9,29 +11,41 @@
 namespace norvo {
 namespace {
 
-/// Plain characters only, in the sense of one byte per character and none of them special.
-bool IsPlainAscii(std::string_view name) {
-  return std::all_of(name.begin(), name.end(), [](char c) {
-    // A char is negative from 0x80 on with some compilers, and large with others.
-    const auto byte = static_cast<unsigned char>(c);
-    return byte >= 0x20 && byte < 0x80 && byte != '\\';
-  });
+/// Plain characters only, in the sense of one byte per character and none of them special. Looks at
+/// all without a branch, which is the quickest.
+template <class Unit>
+bool IsPlainAscii(std::basic_string_view<Unit> name) {
+  unsigned others = 0;
+  for (const Unit unit : name) {
+    const unsigned plain = static_cast<std::make_unsigned_t<Unit>>(unit);
+    others |= static_cast<unsigned>(plain < 0x20) | static_cast<unsigned>(plain >= 0x80) |
+              static_cast<unsigned>(plain == '\\');
+  }
+  return others == 0;
 }
 
 }  // namespace
 
-std::optional<std::string> ToDiskName(StringView component) {
+bool AppendDiskName(std::string& path, StringView component) {
   component = WithoutTrail(component);
-  if (component.empty() || std::any_of(component.begin(), component.end(), IsAsciiControl) ||
-      !IsWholeUtf16(component)) {
-    return std::nullopt;
+  if (component.empty()) return false;
+  if (!IsPlainAscii(component) && (HasControls(component) || !IsWholeUtf16(component))) {
+    return false;
   }
-  return ToUtf8(component);
+  AppendUtf8(path, component);
+  return true;
+}
+
+std::optional<std::string> ToDiskName(StringView component) {
+  std::string name;
+  if (!AppendDiskName(name, component)) return std::nullopt;
+  return name;
 }
 
 std::optional<String> FromDiskName(std::string_view name) {
   if (IsPlainAscii(name)) {
-    String text(name.begin(), name.end());
+    String text(name.size(), u'\0');
+    CopyAscii(name, text.data());
     return WithoutTrail(text).empty() ? std::nullopt : std::optional<String>(std::move(text));
   }
   std::optional<String> text = FromUtf8(name);

@@ -13,6 +13,8 @@ namespace norvo {
 /// How a component of a Windows path is spelled on the disk; nothing when no file can have it: no
 /// whole UTF-16, control characters, or nothing but points and blanks.
 std::optional<std::string> ToDiskName(StringView component);
+/// Adds it to a text; false, with nothing added, for what no file can have.
+bool AppendDiskName(std::string& path, StringView component);
 
 /// The text of a name on the disk; nothing for a name that no Windows path can express.
 std::optional<String> FromDiskName(std::string_view name);

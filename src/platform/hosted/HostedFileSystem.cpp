@@ -55,6 +55,7 @@ std::optional<FileFacts> HostedFileSystem::FactsOf(StringView path) {
   FileFacts facts{std::move(*name), static_cast<double>(record.size), record.created,
                   record.modified.seconds * 1'000'000'000 + record.modified.nanoseconds};
   lastSize_ = record.size;
+  lastAsked_ = path;
   lastSeen_ = {entry->drive, std::move(entry->isLink ? entry->target : entry->path)};
   return facts;
 }
@@ -104,7 +105,14 @@ void HostedFileSystem::RemoveFile(StringView path, bool force) {
 std::optional<HostedFileSystem::Opened> HostedFileSystem::OpenExisting(StringView path,
                                                                        OpenMode mode) {
   const bool asFolder = !path.empty() && IsSeparator(path.back());
-  if (std::optional<DrivePath> guess = asFolder ? std::nullopt : resolver_.Guess(path)) {
+  const bool wasSeen = lastSeen_.drive != nullptr && SameUnits(path, lastAsked_);
+  std::optional<DrivePath> guess;
+  if (wasSeen) {
+    guess = lastSeen_;
+  } else if (!asFolder) {
+    guess = resolver_.Guess(path);
+  }
+  if (guess) {
     FileResult<SystemFile> file = OpenBeneath(guess->drive->Root(), guess->path, mode);
     if (file) return Opened{std::move(*guess), std::move(*file)};
     if (file.Failure().kind == Kind::AccessDenied) {
@@ -239,8 +247,9 @@ String HostedFileSystem::AbsolutePathName(StringView path) {
 }
 
 DriveType HostedFileSystem::TypeOfDrive(StringView path) {
-  const String absolute = path.empty() ? String() : AbsolutePathName(path);
-  const DriveFolder* const drive = HasDrive(absolute) ? drives_.Find(absolute.front()) : nullptr;
+  if (path.empty()) return DriveType::Unknown;
+  const char16_t letter = HasDrive(path) ? path.front() : AbsolutePathName(path).front();
+  const DriveFolder* const drive = drives_.Find(letter);
   return drive == nullptr ? DriveType::Unknown : drive->Type();
 }
 

@@ -75,6 +75,7 @@ class HostedFileSystem final : public FileSystem {
   WarningSink warn_;
   /// The regular file that was looked at last: often it is the next one to be opened.
   DrivePath lastSeen_;
+  String lastAsked_;  // the path that led there
   std::uint64_t lastSize_ = 0;
   std::unordered_set<std::string> warned_;  // names that were reported
 };

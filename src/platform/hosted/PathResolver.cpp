@@ -62,7 +62,8 @@ Parts Split(StringView absolute) {
 
 const DrivePath* PathResolver::Known(StringView folder) {
   // A file is looked up and then opened: the same folder twice.
-  if (lastKnown_ != known_.end() && lastKnown_->first == folder) return &lastKnown_->second;
+  if (lastKnown_ != known_.end() && SameUnits(lastKnown_->first, folder))
+    return &lastKnown_->second;
   lastKnown_ = known_.find(folder);
   return lastKnown_ == known_.end() ? nullptr : &lastKnown_->second;
 }
@@ -85,11 +86,22 @@ std::optional<DiskEntry> PathResolver::FollowLink(const DriveFolder& drive, std:
   return DiskEntry{&drive, std::move(path), std::move(*target), true, *record};
 }
 
+/// The path of a name in a folder, if it is spelled as on the disk; nothing when no file can have
+/// it.
+std::optional<std::string> PathResolver::PathOf(const DrivePath& folder, StringView name) {
+  std::string path;
+  path.reserve(folder.path.size() + 1 + name.size());
+  path = folder.path;
+  if (!path.empty()) path.push_back('/');
+  if (!AppendDiskName(path, name)) return std::nullopt;
+  return path;
+}
+
 std::optional<DiskEntry> PathResolver::Step(const DrivePath& folder, StringView name) {
   reason_ = FileFailure::Kind::NotFound;
-  const std::optional<std::string> spelled = ToDiskName(name);
+  std::optional<std::string> spelled = PathOf(folder, name);
   if (!spelled) return std::nullopt;
-  std::string path = JoinDiskPath(folder.path, *spelled);
+  std::string& path = *spelled;
   FileResult<FileRecord> record = LookUp(folder.drive->Root(), path);
   if (!record) {
     reason_ = record.Failure().kind;
@@ -187,9 +199,9 @@ std::optional<DrivePath> PathResolver::Guess(StringView path) {
     guess = Walk(folder, false);
   }
   if (!guess || name.empty()) return guess;
-  const std::optional<std::string> spelled = ToDiskName(name);
+  std::optional<std::string> spelled = PathOf(*guess, name);
   if (!spelled) return std::nullopt;
-  guess->path = JoinDiskPath(guess->path, *spelled);
+  guess->path = std::move(*spelled);
   return guess;
 }
 
