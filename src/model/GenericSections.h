@@ -18,9 +18,11 @@ inline String EntrySection(std::int64_t position) {
 
 /// Adds the line that begins it, without the line's end.
 inline void AppendEntrySection(String& text, std::int64_t position) {
-  text += u"[Entry ";
+  constexpr StringView kStart = u"[Entry ";
+  constexpr StringView kEnd = u" Properties]";
+  text += kStart;
   AppendInteger(text, position);
-  text += u" Properties]";
+  text += kEnd;
 }
 
 }  // namespace norvo

@@ -30,38 +30,43 @@ bool FillFromTag(FormatEntry& entry) {
 /// Takes the duration from an "#EXTINF" line and gives its title; a line without a comma has
 /// neither. Only the last three characters before the comma count, so that a short length keeps
 /// its colon: intended.
-String TakeDuration(StringView line, FormatEntry& entry) {
-  const std::size_t comma = line.find(u',');
+StringView TakeDuration(StringView line, FormatEntry& entry) {
+  const std::size_t comma = FindUnit(line, u',');
   if (comma == StringView::npos) return {};
   const StringView before = line.substr(0, comma);
   const std::size_t length = std::min(before.size(), kDurationCharacters);
   const StringView duration = before.substr(before.size() - length);
   if (!duration.empty()) entry.SetDurationText(NVServices::StripNull(duration));
-  String title(line.substr(comma + 1));
-  Utility::Clean(title);
-  return title;
+  return line.substr(comma + 1);
 }
 
-String TitleText(StringView text, FormatEntry& entry, std::int32_t playlistType) {
+/// Takes the cleaned title of the text; false when it has none. A line's title must still be one
+/// when it is clean; a title that stands by itself need not: intended.
+bool TakeTitle(StringView text, FormatEntry& entry, std::int32_t playlistType, String& title) {
   const PlaylistType* const type = FindPlaylistType(playlistType);
-  switch (type == nullptr ? ItemInfo::None : type->itemInfo) {
-    case ItemInfo::ExtInfLine:
-      return TakeDuration(text, entry);
-    case ItemInfo::Title:
-      return String(text);
-    case ItemInfo::None:
-      break;
-  }
-  return {};
+  const ItemInfo info = type == nullptr ? ItemInfo::None : type->itemInfo;
+  if (info == ItemInfo::None) return false;
+  const bool isLine = info == ItemInfo::ExtInfLine;
+  title = isLine ? TakeDuration(text, entry) : text;
+  Utility::Clean(title);
+  return !isLine || !title.empty();
 }
 
-void FillFromTitle(String text, FormatEntry& entry) {
-  Utility::Clean(text);
+void FillFromTitle(StringView text, FormatEntry& entry) {
   const StringView title = NVServices::StripNull(text);
   entry.SetSongTitle(title);
   const TitlePieces pieces = SplitTitle(title);
   if (!pieces.song.empty()) entry.SetSongName(pieces.song);
   if (!pieces.artist.empty()) entry.SetArtistName(pieces.artist);
+}
+
+/// Where a mark between blanks begins, npos when there is none.
+std::size_t FindBetweenBlanks(StringView text, char16_t mark) {
+  for (std::size_t at = FindUnit(text, mark); at != StringView::npos;
+       at = FindUnit(text, mark, at + 1)) {
+    if (at > 0 && text[at - 1] == u' ' && text.substr(at + 1).starts_with(u' ')) return at - 1;
+  }
+  return StringView::npos;
 }
 
 bool FillFromFileName(FormatEntry& entry) {
@@ -104,7 +109,7 @@ FileNamePieces SplitFileName(StringView fileName) {
 
 TitlePieces SplitTitle(StringView title) {
   TitlePieces pieces;
-  const std::size_t at = std::min(title.find(u" - "), title.find(u" / "));
+  const std::size_t at = std::min(FindBetweenBlanks(title, u'-'), FindBetweenBlanks(title, u'/'));
   if (at == StringView::npos) return pieces;
   pieces.split = true;
   pieces.song = NVServices::StripNull(title.substr(at + kSeparatorLength));
@@ -115,14 +120,12 @@ TitlePieces SplitTitle(StringView title) {
   return pieces;
 }
 
-bool ReadExtendedInfo(StringView text, FormatEntry& entry, std::int32_t playlistType) {
+bool ReadExtendedInfo(StringView text, FormatEntry& entry, std::int32_t playlistType,
+                      String& buffer) {
   bool found = false;
-  if (!text.empty()) {
-    String title = TitleText(text, entry, playlistType);
-    if (!title.empty()) {
-      FillFromTitle(std::move(title), entry);
-      found = true;
-    }
+  if (!text.empty() && TakeTitle(text, entry, playlistType, buffer)) {
+    FillFromTitle(buffer, entry);
+    found = true;
   }
   if (FillFromTag(entry)) found = true;
   if (!found && MayUseFileName(entry, playlistType)) found = FillFromFileName(entry);

@@ -30,7 +30,9 @@ TitlePieces SplitTitle(StringView title);
 
 /// Fills an entry's duration, title, song and artist from the extended-information text of its
 /// playlist ("#EXTINF" line, PLS title), from the file's own tag, or from the file's name; true
-/// when any was found. `playlistType` decides what the text holds.
-bool ReadExtendedInfo(StringView text, FormatEntry& entry, std::int32_t playlistType);
+/// when any was found. `playlistType` decides what the text holds. `buffer` is memory that serves
+/// for all items.
+bool ReadExtendedInfo(StringView text, FormatEntry& entry, std::int32_t playlistType,
+                      String& buffer);
 
 }  // namespace norvo

@@ -37,7 +37,7 @@ std::optional<ItemResolver::Item> ItemResolver::Judge(FormatEntry& entry, String
 
 void ItemResolver::Complete(const std::shared_ptr<FormatEntry>& entry, const Item& item,
                             StringView info, StringView label) {
-  if (ReadExtendedInfo(info, *entry, playlist_.type)) entry->SetHasExtendedInfo(true);
+  if (ReadExtendedInfo(info, *entry, playlist_.type, title_)) entry->SetHasExtendedInfo(true);
   component_.Watcher().OnItem(item.reference, AddOrDrop(entry, item, label));
 }
 

@@ -50,8 +50,10 @@ class ItemResolver {
   String folder_;
   ResolverMessages messages_;
   DataCop::Destinations destinations_;
-  Item item_;           // what is resolved now; its memory, like the record's,
-  MediaRecord record_;  // serves for all items
+  // Their memory serves for all items.
+  Item item_;
+  String title_;
+  MediaRecord record_;
 };
 
 /// Category labels of the registered files.

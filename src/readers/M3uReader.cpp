@@ -28,14 +28,28 @@ std::shared_ptr<FormatEntry> NewItem(Component& component, const PlaylistRecord&
 /// What stands in a line; EXTM3U goes before EXTINF.
 enum class M3uLine { Header, Info, Reference };
 
+/// False for a line that cannot hold "EXT" in any case, told without a branch for each unit.
+bool MayHoldMark(StringView line) {
+  char16_t found = 0;
+  for (std::size_t i = 1; i < line.size(); ++i) {
+    const bool pair = ((line[i - 1] | 0x20) == u'e') & ((line[i] | 0x20) == u'x');
+    found = static_cast<char16_t>(found | (pair ? 1 : 0));
+  }
+  return found != 0;
+}
+
 M3uLine KindOf(StringView line) {
-  // Both marks begin alike, and most lines hold nothing of the kind.
+  if (!MayHoldMark(line)) return M3uLine::Reference;
+  // Both marks begin alike.
+  constexpr StringView kMark = u"EXT";
+  constexpr StringView kHeader = u"M3U";
+  constexpr StringView kInfo = u"INF";
   M3uLine kind = M3uLine::Reference;
-  for (std::size_t at = FindIgnoreCase(line, u"EXT"); at != StringView::npos;
-       at = FindIgnoreCase(line, u"EXT", at + 3)) {
-    const StringView mark = line.substr(at + 3, 3);
-    if (EqualsIgnoreCase(mark, u"M3U")) return M3uLine::Header;
-    if (EqualsIgnoreCase(mark, u"INF")) kind = M3uLine::Info;
+  for (std::size_t at = FindIgnoreCase(line, kMark); at != StringView::npos;
+       at = FindIgnoreCase(line, kMark, at + kMark.size())) {
+    const StringView rest = line.substr(at + kMark.size(), kHeader.size());
+    if (EqualsIgnoreCase(rest, kHeader)) return M3uLine::Header;
+    if (EqualsIgnoreCase(rest, kInfo)) kind = M3uLine::Info;
   }
   return kind;
 }

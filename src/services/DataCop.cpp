@@ -225,7 +225,8 @@ String GetEntrySubFolder(AutomationObject& entry, const Destinations& destinatio
 }
 
 void BeginDestination(String& expression, StringView label) {
-  expression.assign(u"GET_SHELL_FOLDER,5,").append(label).append(1, u',');
+  constexpr StringView kMacro = u"GET_SHELL_FOLDER,5,";
+  expression.assign(kMacro).append(label).append(1, u',');
 }
 
 bool RegisterMedia(Component& component, const Destinations& destinations,

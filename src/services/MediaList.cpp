@@ -4,6 +4,7 @@
 
 #include "automation/RunTimeError.h"
 #include "services/ProfileFile.h"
+#include "text/Ascii.h"
 #include "text/Encoding.h"
 #include "text/Utf16.h"
 
@@ -16,45 +17,46 @@ constexpr char kSeparator = '\t';
 
 /// True for a text that a field holds as it is, in ASCII characters.
 bool IsPlain(StringView text) {
-  unsigned others = 0;
-  for (const char16_t unit : text) others |= static_cast<unsigned>(unit < u' ') | unit >> 7;
+  char16_t others = 0;
+  for (const char16_t unit : text) {
+    others = static_cast<char16_t>(others | ((unit < u' ') | (unit >= 0x80) ? 1 : 0));
+  }
   return others == 0;
 }
 
 /// The text as a field of a line can hold it. A destination carries names out of tags, which may
 /// hold anything: a control character, a line end among them, becomes a blank, and half a
 /// character the replacement character, which is what it would be when the file is read again.
-class Field {
- public:
-  explicit Field(StringView text) : text_(text) {
-    if (IsPlain(text)) return;
-    made_ = text;
-    for (std::size_t i = 0; i < made_.size(); ++i) {
-      if (IsAsciiControl(made_[i])) {
-        made_[i] = u' ';
-      } else if (IsPairAt(made_, i)) {
-        ++i;
-      } else if (IsSurrogate(made_[i])) {
-        made_[i] = kReplacementCharacter;
-      }
+String AsField(StringView text) {
+  String field(text);
+  for (std::size_t i = 0; i < field.size(); ++i) {
+    if (IsAsciiControl(field[i])) {
+      field[i] = u' ';
+    } else if (IsPairAt(field, i)) {
+      ++i;
+    } else if (IsSurrogate(field[i])) {
+      field[i] = kReplacementCharacter;
     }
-    text_ = made_;
   }
-  Field(const Field&) = delete;
-  Field& operator=(const Field&) = delete;
+  return field;
+}
 
-  StringView Text() const { return text_; }
+void AppendField(std::string& line, StringView text) {
+  if (!IsPlain(text)) return AppendUtf8(line, AsField(text));
+  const std::size_t had = line.size();
+  line.resize(had + text.size());
+  CopyAscii(text, line.data() + had);
+}
 
- private:
-  String made_;  // only of a text that is not plain
-  StringView text_;
-};
+/// Of the fields that tell a record from others, with what separates them, without regard to case.
+/// A text that is ASCII in upper case is taken as its bytes, as nearly all are.
+Fingerprint PrintOf(std::string_view fields) {
+  if (IsAscii(fields)) return CaselessFingerprintOfBytes(fields);
+  const String folded = Fold(FromUtf8Lossy(fields));
+  return IsAscii(folded) ? CaselessFingerprintOfBytes(ToUtf8(folded)) : FingerprintOf(folded);
+}
 
 }  // namespace
-
-Fingerprint MediaList::PrintOf(StringView source, StringView destination) {
-  return FingerprintOf({CaselessFingerprintOf(source), CaselessFingerprintOf(destination)});
-}
 
 bool MediaList::EnsureGroup(StringView group, StringView root) {
   if (group.empty() || root.empty()) return false;
@@ -89,9 +91,7 @@ void MediaList::Load(const std::optional<std::string>& bytes) {
     const std::size_t first = line.find(kSeparator);
     const std::size_t second = line.find(kSeparator, first + 1);
     if (first == std::string_view::npos || second == std::string_view::npos) continue;
-    known_.Insert(PrintOf(FromUtf8Lossy(line.substr(first + 1, second - first - 1)),
-                          FromUtf8Lossy(line.substr(second + 1))),
-                  0);
+    known_.Insert(PrintOf(line.substr(first + 1)), 0);
   }
   torn_ = !rest.empty();
   whole_ = bytes->size() - rest.size();
@@ -99,15 +99,18 @@ void MediaList::Load(const std::optional<std::string>& bytes) {
 
 bool MediaList::Add(const MediaRecord& record) {
   if (path_.empty()) return false;
-  const Field source(record.source);
-  const Field destination(record.destination);
-  if (!known_.Insert(PrintOf(source.Text(), destination.Text()), 0)) return true;
-  AppendUtf8(pending_, Field(record.category).Text());
+  const std::size_t line = pending_.size();
+  AppendField(pending_, record.category);
   pending_ += kSeparator;
-  AppendUtf8(pending_, source.Text());
+  const std::size_t fields = pending_.size();
+  AppendField(pending_, record.source);
   pending_ += kSeparator;
-  AppendUtf8(pending_, destination.Text());
-  pending_ += kLineEnd;
+  AppendField(pending_, record.destination);
+  if (known_.Insert(PrintOf(std::string_view(pending_).substr(fields)), 0)) {
+    pending_ += kLineEnd;
+  } else {
+    pending_.resize(line);
+  }
   return true;
 }
 

@@ -22,7 +22,6 @@ class MediaList final : public MigrationList {
   bool Flush() override;
 
  private:
-  static Fingerprint PrintOf(StringView source, StringView destination);
   void Load(const std::optional<std::string>& bytes);
   void Write();
 

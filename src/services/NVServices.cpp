@@ -47,8 +47,9 @@ bool DoesPathExist(Component& component, StringView path, bool createIfMissing) 
 }
 
 std::optional<FileFacts> FactsOfFile(Component& component, StringView path) {
-  const WarningStart start = {WarningKind::FileNotChecked, path,
-                              u"NVServices::DoesFileExist -> ERROR!!!  "};
+  // A constant, whose length is not counted anew for each file.
+  constexpr StringView kText = u"NVServices::DoesFileExist -> ERROR!!!  ";
+  const WarningStart start = {WarningKind::FileNotChecked, path, kText};
   return AnswerOrWarn(component, start, std::optional<FileFacts>(),
                       [&] { return component.Files().FactsOf(path); });
 }

@@ -34,9 +34,16 @@ bool IsFrameId(std::string_view id) {
   return letters && (IsCapital(id[3]) || (id[3] >= '0' && id[3] <= '9'));
 }
 
+/// The four characters of a frame's name as one number.
+constexpr std::uint32_t NumberOf(std::string_view id) {
+  std::uint32_t number = 0;
+  for (const char each : id) number = number << 8 | static_cast<unsigned char>(each);
+  return number;
+}
+
 /// Web address frames carry no encoding byte.
 bool IsWebFrame(std::string_view id) {
-  return id == "WOAR" || id == "WCOM";
+  return NumberOf(id) == NumberOf("WOAR") || NumberOf(id) == NumberOf("WCOM");
 }
 
 std::int16_t InInt16(std::int32_t number) {
@@ -62,9 +69,12 @@ Number NumberOrZero(StringView text, Convert&& convert) {
 }  // namespace
 
 struct Mp3TagReader::FrameRow {
-  std::string_view id;
+  constexpr FrameRow(std::string_view name, Text stored, std::size_t most = kLongestText)
+      : id(NumberOf(name)), text(stored), longest(most) {}
+
+  std::uint32_t id;
   Text text;
-  std::size_t longest = kLongestText;
+  std::size_t longest;
 };
 
 const Mp3TagReader::FrameRow* Mp3TagReader::FindFrame(std::string_view id) {
@@ -74,8 +84,10 @@ const Mp3TagReader::FrameRow* Mp3TagReader::FindFrame(std::string_view id) {
       {"TYER", kId3Year},      {"TMED", kId3Media},      {"USLT", kId3Lyrics, kLongestLyrics},
       {"TCOP", kId3Copyright}, {"WOAR", kId3WebAddress},
   };
-  const auto* const row = std::find_if(std::begin(kRows), std::end(kRows),
-                                       [&](const FrameRow& each) { return each.id == id; });
+  const std::uint32_t number = NumberOf(id);
+  const auto* const row =
+      std::find_if(std::begin(kRows), std::end(kRows),
+                   [number](const FrameRow& each) { return each.id == number; });
   return row == std::end(kRows) ? nullptr : row;
 }
 
@@ -119,15 +131,15 @@ void Mp3TagReader::WalkFrames(TagBytes& file) {
   std::uint64_t position = kFirstFrame;
   std::uint64_t lastLength = 0;
   for (int misses = 0; misses <= kMostMisses;) {
-    const std::string header(file.At(position, kFrameHeader));
-    const std::string_view id = std::string_view(header).substr(0, 4);
+    const std::string_view header = file.At(position, kFrameHeader);
+    const std::string_view id = header.substr(0, 4);
     if (!IsFrameId(id)) {
       // Counted over the whole walk, not in a row.
       ++misses;
       position += kFrameHeader + 1 + lastLength;
       continue;
     }
-    const std::int32_t size = FrameSize(std::string_view(header).substr(4, 4));
+    const std::int32_t size = FrameSize(header.substr(4, 4));
     const std::size_t encodingByte = IsWebFrame(id) ? 0 : 1;
     if (size < static_cast<std::int32_t>(encodingByte)) throw RunTimeError(error::kInvalidArgument);
     lastLength = static_cast<std::size_t>(size) - encodingByte;

@@ -17,13 +17,18 @@ class TagBytes {
   explicit TagBytes(BinaryFile& file) : file_(file) {}
 
   /// `length` bytes at a 0-based offset. The view holds until the next call.
-  std::string_view At(std::uint64_t offset, std::size_t length);
+  std::string_view At(std::uint64_t offset, std::size_t length) {
+    const bool inside = offset >= start_ && offset + length <= start_ + length_;
+    return inside ? std::string_view(window_.data() + (offset - start_), length)
+                  : AtAnew(offset, length);
+  }
   std::uint64_t Size() { return file_.Size(); }
 
  private:
   // An ordinary tag without a picture lies within it.
   static constexpr std::size_t kWindow = 4096;
 
+  std::string_view AtAnew(std::uint64_t offset, std::size_t length);
   void Fill(std::uint64_t offset, std::span<char> bytes);
 
   BinaryFile& file_;

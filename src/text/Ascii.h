@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string_view>
+#include <type_traits>
 
 #include "text/Text.h"
 
@@ -8,16 +9,19 @@ namespace norvo {
 
 /// True when every unit is below 128. Most texts are, and such a text needs no table on its way in
 /// or out. Looks at all units without a branch, which is the quickest.
-inline bool IsAscii(std::string_view bytes) noexcept {
-  unsigned all = 0;
-  for (const char byte : bytes) all |= static_cast<unsigned char>(byte);
+template <class Unit>
+bool IsAsciiText(std::basic_string_view<Unit> text) noexcept {
+  using Bits =
+      std::make_unsigned_t<Unit>;  // as wide as the units, so that they need not be widened
+  Bits all = 0;
+  for (const Unit unit : text) all = static_cast<Bits>(all | static_cast<Bits>(unit));
   return all < 0x80;
 }
-
+inline bool IsAscii(std::string_view bytes) noexcept {
+  return IsAsciiText(bytes);
+}
 inline bool IsAscii(StringView text) noexcept {
-  unsigned all = 0;
-  for (const char16_t unit : text) all |= unit;
-  return all < 0x80;
+  return IsAsciiText(text);
 }
 
 /// @{

@@ -13,6 +13,7 @@ namespace {
 
 // A word holds 8 bytes of the input; of a text these are four units, each in a lane of its own.
 constexpr std::uint64_t kEachLane = 0x0001000100010001u;
+constexpr std::uint64_t kEachByte = 0x0101010101010101u;
 
 Fingerprint Finished(const MurmurHash3& hash, std::uint64_t low, std::uint64_t high,
                      std::size_t length) noexcept {
@@ -54,16 +55,18 @@ std::uint64_t Same(std::uint64_t word) noexcept {
   return word;
 }
 
-/// Four ASCII characters in upper case. The highest bit of a lane's lower byte tells whether its
-/// character is one from 'a' on and none behind 'z'; moved down it is the bit that is taken away.
+/// ASCII characters in upper case, one in each lane. The highest bit of a lane's lower byte tells
+/// whether its character is one from 'a' on and none behind 'z'; moved down it is the bit that is
+/// taken away.
+template <std::uint64_t kLanes>
 constexpr std::uint64_t AsciiInUpperCase(std::uint64_t word) noexcept {
-  const std::uint64_t fromA = word + (0x80 - 'a') * kEachLane;
-  const std::uint64_t behindZ = word + (0x80 - 'z' - 1) * kEachLane;
-  return word - ((fromA & ~behindZ & 0x80 * kEachLane) >> 2);
+  const std::uint64_t fromA = word + (0x80 - 'a') * kLanes;
+  const std::uint64_t behindZ = word + (0x80 - 'z' - 1) * kLanes;
+  return word - ((fromA & ~behindZ & 0x80 * kLanes) >> 2);
 }
 
 std::uint64_t InUpperCase(std::uint64_t word) noexcept {
-  if ((word & 0xFF80 * kEachLane) == 0) return AsciiInUpperCase(word);
+  if ((word & 0xFF80 * kEachLane) == 0) return AsciiInUpperCase<kEachLane>(word);
   std::uint64_t upper = 0;
   for (int shift = 0; shift < 64; shift += 16) {
     upper |= std::uint64_t{ToUpper(static_cast<char16_t>(word >> shift))} << shift;
@@ -86,7 +89,11 @@ Fingerprint CaselessFingerprintOf(StringView text) noexcept {
 }
 
 Fingerprint CaselessFingerprintOfAscii(std::string_view text) noexcept {
-  return HashOf<16>(text, 0, AsciiInUpperCase);
+  return HashOf<16>(text, 0, AsciiInUpperCase<kEachLane>);
+}
+
+Fingerprint CaselessFingerprintOfBytes(std::string_view ascii) noexcept {
+  return HashOf<8>(ascii, 0, AsciiInUpperCase<kEachByte>);
 }
 
 Fingerprint FingerprintOf(std::span<const Fingerprint> fields) noexcept {

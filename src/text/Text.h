@@ -108,14 +108,14 @@ inline bool SameUnits(StringView left, StringView right) noexcept {
 /// True for a text with a unit below the blank. Looks at all units without a branch, which is the
 /// quickest for texts of usual lengths.
 inline bool HasControls(StringView text) noexcept {
-  unsigned found = 0;
-  for (const char16_t unit : text) found |= static_cast<unsigned>(unit < u' ');
+  char16_t found = 0;  // as wide as the units, so that they need not be widened
+  for (const char16_t unit : text) found = static_cast<char16_t>(found | (unit < u' ' ? 1 : 0));
   return found != 0;
 }
 
 /// The text before its first NUL character.
 inline StringView BeforeNul(StringView text) noexcept {
-  return text.substr(0, FindUnit(text, u'\0'));
+  return HasControls(text) ? text.substr(0, FindUnit(text, u'\0')) : text;
 }
 
 /// The pieces between the separators, as views of `text`: one more than there are separators.

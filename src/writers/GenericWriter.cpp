@@ -74,7 +74,7 @@ class EntryWriter {
       throw;
     }
     // The last key of a section leaves an empty line behind it.
-    text_ += u"\r\n\r\n";
+    text_.append(kLineEnd).append(kLineEnd);
   }
 
  private:

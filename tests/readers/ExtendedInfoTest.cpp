@@ -255,7 +255,8 @@ TEST_F(ExtendedInfoTest, ThePlaylistTypeDecidesWhatTheTextHolds) {
   for (const TextRow& row : kRows) {
     M3UEntry entry(component);
     entry.SetUrltype(9);
-    EXPECT_EQ(ReadExtendedInfo(row.text, entry, row.playlistType), row.found)
+    String buffer;
+    EXPECT_EQ(ReadExtendedInfo(row.text, entry, row.playlistType, buffer), row.found)
         << "type " << row.playlistType << ", text " << Utf8(row.text);
     EXPECT_TEXT(entry.SongTitle(), row.title)
         << "type " << row.playlistType << ", text " << Utf8(row.text);

@@ -15,11 +15,12 @@ namespace {
 /// all without a branch, which is the quickest.
 template <class Unit>
 bool IsPlainAscii(std::basic_string_view<Unit> name) {
-  unsigned others = 0;
+  using Bits = std::make_unsigned_t<Unit>;
+  Bits others = 0;
   for (const Unit unit : name) {
-    const unsigned plain = static_cast<std::make_unsigned_t<Unit>>(unit);
-    others |= static_cast<unsigned>(plain < 0x20) | static_cast<unsigned>(plain >= 0x80) |
-              static_cast<unsigned>(plain == '\\');
+    const Bits bits = static_cast<Bits>(unit);
+    const bool isOther = (bits < 0x20) | (bits >= 0x80) | (bits == '\\');
+    others = static_cast<Bits>(others | (isOther ? 1 : 0));
   }
   return others == 0;
 }

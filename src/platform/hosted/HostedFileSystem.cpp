@@ -105,16 +105,18 @@ void HostedFileSystem::RemoveFile(StringView path, bool force) {
 std::optional<HostedFileSystem::Opened> HostedFileSystem::OpenExisting(StringView path,
                                                                        OpenMode mode) {
   const bool asFolder = !path.empty() && IsSeparator(path.back());
-  const bool wasSeen = lastSeen_.drive != nullptr && SameUnits(path, lastAsked_);
+  // What is remembered serves one opening, and never grows old.
   std::optional<DrivePath> guess;
+  DrivePath seen = std::exchange(lastSeen_, {});
+  const bool wasSeen = seen.drive != nullptr && SameUnits(path, lastAsked_);
   if (wasSeen) {
-    guess = lastSeen_;
+    guess = std::move(seen);
   } else if (!asFolder) {
     guess = resolver_.Guess(path);
   }
   if (guess) {
     FileResult<SystemFile> file = OpenBeneath(guess->drive->Root(), guess->path, mode);
-    if (file) return Opened{std::move(*guess), std::move(*file)};
+    if (file) return Opened{std::move(*guess), std::move(*file), wasSeen};
     if (file.Failure().kind == Kind::AccessDenied) {
       RaiseFileError(file.Failure(), Subject::File, path);
     }
@@ -123,7 +125,7 @@ std::optional<HostedFileSystem::Opened> HostedFileSystem::OpenExisting(StringVie
   if (!entry || entry->record.kind != FileRecord::Kind::File) return std::nullopt;
   FileResult<SystemFile> file = OpenBeneath(entry->drive->Root(), entry->RealPath(), mode);
   if (!file) RaiseFileError(file.Failure(), Subject::File, path);
-  return Opened{{entry->drive, entry->RealPath()}, std::move(*file)};
+  return Opened{{entry->drive, entry->RealPath()}, std::move(*file), false};
 }
 
 std::unique_ptr<BinaryFile> HostedFileSystem::OpenForReading(StringView path) {
@@ -131,10 +133,7 @@ std::unique_ptr<BinaryFile> HostedFileSystem::OpenForReading(StringView path) {
   if (!opened) RaiseMissing(path);
   std::uint64_t end = lastSize_;
   std::optional<std::uint64_t> size;
-  if (opened->path.drive != lastSeen_.drive || opened->path.path != lastSeen_.path) {
-    size = end = RecordOfRegular(opened->file, path).size;
-  }
-  lastSeen_ = {};  // what is remembered serves one opening, and never grows old
+  if (!opened->wasSeen) size = end = RecordOfRegular(opened->file, path).size;
   return std::make_unique<HostedBinaryFile>(std::move(opened->file), end, size, path);
 }
 
@@ -225,7 +224,7 @@ HostedFileSystem::Opened HostedFileSystem::OpenListed(StringView path) {
     FileResult<SystemFile> folder = OpenBeneath(guess->drive->Root(), guess->path, OpenMode::List);
     if (folder) {
       resolver_.Remember(absolute, *guess);
-      return {std::move(*guess), std::move(*folder)};
+      return {std::move(*guess), std::move(*folder), false};
     }
     if (folder.Failure().kind == Kind::AccessDenied) {
       RaiseFileError(folder.Failure(), Subject::Folder, path);
@@ -239,7 +238,7 @@ HostedFileSystem::Opened HostedFileSystem::OpenListed(StringView path) {
   FileResult<SystemFile> folder = OpenBeneath(found->drive->Root(), found->path, OpenMode::List);
   if (!folder) RaiseFileError(folder.Failure(), Subject::Folder, path);
   resolver_.Remember(absolute, *found);
-  return {std::move(*found), std::move(*folder)};
+  return {std::move(*found), std::move(*folder), false};
 }
 
 String HostedFileSystem::AbsolutePathName(StringView path) {

@@ -61,6 +61,7 @@ class HostedFileSystem final : public FileSystem {
   struct Opened {
     DrivePath path;
     SystemFile file;
+    bool wasSeen = false;  ///< by the look-up just before, whose size holds
   };
   std::optional<Opened> OpenExisting(StringView path, OpenMode mode);
   SystemFile CreateForAppending(StringView path);
