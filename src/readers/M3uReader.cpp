@@ -39,15 +39,15 @@ bool MayHoldMark(StringView line) {
 }
 
 M3uLine KindOf(StringView line) {
-  if (!MayHoldMark(line)) return M3uLine::Reference;
-  // Both marks begin alike.
-  constexpr StringView kMark = u"EXT";
+  constexpr StringView kMark = u"EXT";  // both begin so
   constexpr StringView kHeader = u"M3U";
   constexpr StringView kInfo = u"INF";
   M3uLine kind = M3uLine::Reference;
-  for (std::size_t at = FindIgnoreCase(line, kMark); at != StringView::npos;
-       at = FindIgnoreCase(line, kMark, at + kMark.size())) {
-    const StringView rest = line.substr(at + kMark.size(), kHeader.size());
+  while (MayHoldMark(line)) {
+    const std::size_t at = FindIgnoreCase(line, kMark);
+    if (at == StringView::npos) break;
+    line.remove_prefix(at + kMark.size());
+    const StringView rest = line.substr(0, kHeader.size());
     if (EqualsIgnoreCase(rest, kHeader)) return M3uLine::Header;
     if (EqualsIgnoreCase(rest, kInfo)) kind = M3uLine::Info;
   }

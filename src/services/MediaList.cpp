@@ -15,15 +15,6 @@ constexpr std::string_view kMark = "\xEF\xBB\xBF";
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr char kSeparator = '\t';
 
-/// True for a text that a field holds as it is, in ASCII characters.
-bool IsPlain(StringView text) {
-  char16_t others = 0;
-  for (const char16_t unit : text) {
-    others = static_cast<char16_t>(others | ((unit < u' ') | (unit >= 0x80) ? 1 : 0));
-  }
-  return others == 0;
-}
-
 /// The text as a field of a line can hold it. A destination carries names out of tags, which may
 /// hold anything: a control character, a line end among them, becomes a blank, and half a
 /// character the replacement character, which is what it would be when the file is read again.
@@ -42,10 +33,8 @@ String AsField(StringView text) {
 }
 
 void AppendField(std::string& line, StringView text) {
-  if (!IsPlain(text)) return AppendUtf8(line, AsField(text));
-  const std::size_t had = line.size();
-  line.resize(had + text.size());
-  CopyAscii(text, line.data() + had);
+  if (!IsPlainAscii(text)) return AppendUtf8(line, AsField(text));
+  AppendAscii(line, text);
 }
 
 /// Of the fields that tell a record from others, with what separates them, without regard to case.

@@ -42,8 +42,8 @@ constexpr std::uint32_t NumberOf(std::string_view id) {
 }
 
 /// Web address frames carry no encoding byte.
-bool IsWebFrame(std::string_view id) {
-  return NumberOf(id) == NumberOf("WOAR") || NumberOf(id) == NumberOf("WCOM");
+bool IsWebFrame(std::uint32_t id) {
+  return id == NumberOf("WOAR") || id == NumberOf("WCOM");
 }
 
 std::int16_t InInt16(std::int32_t number) {
@@ -77,17 +77,15 @@ struct Mp3TagReader::FrameRow {
   std::size_t longest;
 };
 
-const Mp3TagReader::FrameRow* Mp3TagReader::FindFrame(std::string_view id) {
+const Mp3TagReader::FrameRow* Mp3TagReader::FindFrame(std::uint32_t id) {
   static constexpr FrameRow kRows[] = {
       {"TIT2", kId3Title},     {"TPE1", kId3Artist},     {"TALB", kId3Album},
       {"TCON", kId3Genre},     {"TRCK", kId3Track},      {"TLEN", kId3Length},
       {"TYER", kId3Year},      {"TMED", kId3Media},      {"USLT", kId3Lyrics, kLongestLyrics},
       {"TCOP", kId3Copyright}, {"WOAR", kId3WebAddress},
   };
-  const std::uint32_t number = NumberOf(id);
-  const auto* const row =
-      std::find_if(std::begin(kRows), std::end(kRows),
-                   [number](const FrameRow& each) { return each.id == number; });
+  const auto* const row = std::find_if(std::begin(kRows), std::end(kRows),
+                                       [id](const FrameRow& each) { return each.id == id; });
   return row == std::end(kRows) ? nullptr : row;
 }
 
@@ -132,13 +130,13 @@ void Mp3TagReader::WalkFrames(TagBytes& file) {
   std::uint64_t lastLength = 0;
   for (int misses = 0; misses <= kMostMisses;) {
     const std::string_view header = file.At(position, kFrameHeader);
-    const std::string_view id = header.substr(0, 4);
-    if (!IsFrameId(id)) {
+    if (!IsFrameId(header)) {
       // Counted over the whole walk, not in a row.
       ++misses;
       position += kFrameHeader + 1 + lastLength;
       continue;
     }
+    const std::uint32_t id = NumberOf(header.substr(0, 4));
     const std::int32_t size = FrameSize(header.substr(4, 4));
     const std::size_t encodingByte = IsWebFrame(id) ? 0 : 1;
     if (size < static_cast<std::int32_t>(encodingByte)) throw RunTimeError(error::kInvalidArgument);

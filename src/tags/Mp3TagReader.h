@@ -82,7 +82,7 @@ class Mp3TagReader {
   };
   struct FrameRow;
 
-  static const FrameRow* FindFrame(std::string_view id);
+  static const FrameRow* FindFrame(std::uint32_t id);
   StringView TextOf(Text text) const {
     return StringView(units_).substr(places_[text].start, places_[text].length);
   }

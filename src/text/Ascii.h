@@ -1,5 +1,9 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
 #include <string_view>
 #include <type_traits>
 
@@ -7,32 +11,55 @@
 
 namespace norvo {
 
+/// @{
 /// True when every unit is below 128. Most texts are, and such a text needs no table on its way in
-/// or out. Looks at all units without a branch, which is the quickest.
-template <class Unit>
-bool IsAsciiText(std::basic_string_view<Unit> text) noexcept {
-  using Bits =
-      std::make_unsigned_t<Unit>;  // as wide as the units, so that they need not be widened
-  Bits all = 0;
-  for (const Unit unit : text) all = static_cast<Bits>(all | static_cast<Bits>(unit));
-  return all < 0x80;
-}
+/// or out.
 inline bool IsAscii(std::string_view bytes) noexcept {
-  return IsAsciiText(bytes);
+  constexpr std::uint64_t kBeyond = 0x8080808080808080u;
+  return !AnyWord(bytes, '\0', [](std::uint64_t word) { return word & kBeyond; });
 }
 inline bool IsAscii(StringView text) noexcept {
-  return IsAsciiText(text);
+  constexpr std::uint64_t kBeyond = InEachLane(static_cast<char16_t>(0xFF80));
+  return !AnyWord(text, u'\0', [](std::uint64_t word) { return word & kBeyond; });
+}
+/// @}
+
+/// True for ASCII characters alone, and no control among them.
+inline bool IsPlainAscii(StringView text) noexcept {
+  return !AnyWord(text, u' ', [](std::uint64_t word) {
+    constexpr std::uint64_t kBeyond = InEachLane(static_cast<char16_t>(0xFF80));
+    constexpr std::uint64_t kAboveControls = InEachLane(static_cast<char16_t>(0xFFE0));
+    return (word & kBeyond) | ZeroLanes<char16_t>(word & kAboveControls);
+  });
 }
 
-/// @{
-/// Copies ASCII characters to a place that has room for them.
-inline void CopyAscii(std::string_view from, char16_t* __restrict to) noexcept {
-  const char* const bytes = from.data();
-  for (std::size_t i = 0; i < from.size(); ++i) to[i] = static_cast<unsigned char>(bytes[i]);
+namespace detail {
+
+/// By pieces that stand on the stack: a string cannot grow without being filled first.
+template <class From, class To>
+void AppendByPieces(std::basic_string<To>& to, std::basic_string_view<From> from) {
+  constexpr std::size_t kPiece = 512;
+  if (from.size() > kPiece) to.reserve(to.size() + from.size());
+  std::array<To, kPiece> piece;
+  while (!from.empty()) {
+    const std::size_t length = from.size() < kPiece ? from.size() : kPiece;
+    for (std::size_t i = 0; i < length; ++i) {
+      piece[i] = static_cast<To>(static_cast<std::make_unsigned_t<From>>(from[i]));
+    }
+    to.append(piece.data(), length);
+    from.remove_prefix(length);
+  }
 }
-inline void CopyAscii(StringView from, char* __restrict to) noexcept {
-  const char16_t* const units = from.data();
-  for (std::size_t i = 0; i < from.size(); ++i) to[i] = static_cast<char>(units[i]);
+
+}  // namespace detail
+
+/// @{
+/// Adds ASCII characters.
+inline void AppendAscii(String& to, std::string_view from) {
+  detail::AppendByPieces(to, from);
+}
+inline void AppendAscii(std::string& to, StringView from) {
+  detail::AppendByPieces(to, from);
 }
 /// @}
 

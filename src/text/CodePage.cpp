@@ -25,39 +25,34 @@ int EncodeUnit(char16_t unit) {
                                        : 0x80 + static_cast<int>(found - kUpperControls.begin());
 }
 
+std::string OfAscii(StringView text) {
+  std::string bytes;
+  bytes.reserve(text.size());
+  AppendAscii(bytes, text);
+  return bytes;
+}
+
 class Windows1252Page final : public CodePage {
  public:
   void AppendDecoded(String& text, std::string_view bytes) const override {
-    const std::size_t had = text.size();
-    text.resize(had + bytes.size());
-    char16_t* const to = text.data() + had;
-    if (IsAscii(bytes)) {
-      CopyAscii(bytes, to);
-    } else {
-      std::transform(bytes.begin(), bytes.end(), to,
-                     [](char byte) { return DecodeByte(static_cast<unsigned char>(byte)); });
-    }
+    if (IsAscii(bytes)) return AppendAscii(text, bytes);
+    text.reserve(text.size() + bytes.size());
+    for (const char byte : bytes) text.push_back(DecodeByte(static_cast<unsigned char>(byte)));
   }
 
   std::string Encode(StringView text) const override {
+    if (IsAscii(text)) return OfAscii(text);
     std::string bytes(text.size(), '\0');
-    if (IsAscii(text)) {
-      CopyAscii(text, bytes.data());
-    } else {
-      std::transform(text.begin(), text.end(), bytes.begin(), [](char16_t unit) {
-        const int byte = EncodeUnit(unit);
-        return byte < 0 ? '?' : static_cast<char>(byte);
-      });
-    }
+    std::transform(text.begin(), text.end(), bytes.begin(), [](char16_t unit) {
+      const int byte = EncodeUnit(unit);
+      return byte < 0 ? '?' : static_cast<char>(byte);
+    });
     return bytes;
   }
 
   // Nearly all texts are ASCII: one look at them is enough.
   std::optional<std::string> EncodeFitting(StringView text) const override {
-    if (!IsAscii(text)) return CodePage::EncodeFitting(text);
-    std::string bytes(text.size(), '\0');
-    CopyAscii(text, bytes.data());
-    return bytes;
+    return IsAscii(text) ? OfAscii(text) : CodePage::EncodeFitting(text);
   }
 
   bool Fits(StringView text) const override {

@@ -145,12 +145,7 @@ String FromUtf8Lossy(std::string_view bytes) {
 }
 
 void AppendUtf8(std::string& bytes, StringView text) {
-  if (IsAscii(text)) {
-    const std::size_t had = bytes.size();
-    bytes.resize(had + text.size());
-    CopyAscii(text, bytes.data() + had);
-    return;
-  }
+  if (IsAscii(text)) return AppendAscii(bytes, text);
   for (std::size_t i = 0; i < text.size(); ++i) {
     char32_t point = text[i];
     if (IsPairAt(text, i)) {

@@ -13,15 +13,13 @@ char16_t ToUpperBeyondAscii(char16_t unit) noexcept {
 }
 
 std::size_t FindUnit(StringView text, char16_t unit, std::size_t from) noexcept {
-  constexpr std::uint64_t kEachLane = 0x0001000100010001u;
-  const std::uint64_t sought = unit * kEachLane;
+  constexpr std::size_t kUnits = 8;  // in two words
+  const std::uint64_t sought = InEachLane(unit);
   std::size_t at = std::min(from, text.size());
-  for (; text.size() - at >= 4; at += 4) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, text.data() + at, sizeof word);
-    word ^= sought;
-    // A lane that has become 0 borrows from its highest bit.
-    if (((word - kEachLane) & ~word & 0x8000 * kEachLane) != 0) break;
+  for (; text.size() - at >= kUnits; at += kUnits) {
+    const char16_t* const units = text.data() + at;
+    if (ZeroLanes<char16_t>(WordAt(units) ^ sought) != 0) break;
+    if (ZeroLanes<char16_t>(WordAt(units + kUnits / 2) ^ sought) != 0) break;
   }
   while (at < text.size() && text[at] != unit) ++at;
   return at == text.size() ? StringView::npos : at;
@@ -50,12 +48,13 @@ std::size_t FindIgnoreCase(StringView text, StringView sought, std::size_t from)
   if (from > text.size()) return StringView::npos;
   if (sought.empty()) return from;
   if (text.size() < sought.size()) return StringView::npos;
-  const char16_t first = ToUpper(sought.front());
+  const char16_t upper = ToUpper(sought.front());
+  const char16_t lower = upper >= u'A' && upper <= u'Z' ? static_cast<char16_t>(upper + 32) : upper;
   const std::size_t last = text.size() - sought.size();
   for (std::size_t i = from; i <= last; ++i) {
-    if (ToUpper(text[i]) == first && EqualsIgnoreCase(text.substr(i, sought.size()), sought)) {
-      return i;
-    }
+    const char16_t unit = text[i];
+    const bool begins = unit == upper || unit == lower || (unit >= 0x80 && ToUpper(unit) == upper);
+    if (begins && EqualsIgnoreCase(text.substr(i, sought.size()), sought)) return i;
   }
   return StringView::npos;
 }

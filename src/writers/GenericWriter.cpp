@@ -135,6 +135,10 @@ class EntryWriter {
 };
 
 void AppendEntries(String& text, const Entries& entries) {
+  // Room for sections of twice the usual length: what is not written to takes no memory, and a
+  // text that grows is copied again and again.
+  constexpr std::size_t kAmply = 640;
+  text.reserve(text.size() + static_cast<std::size_t>(entries.TotalSongs()) * kAmply);
   EntryWriter writer(text, HasAsxEntries(entries.CollectionType()));
   entries.ForEach(
       [&](AutomationObject& entry, std::int32_t position) { writer.Write(entry, position); });

@@ -1,7 +1,7 @@
 #include "platform/hosted/DiskName.h"
 
 #include <algorithm>
-#include <type_traits>
+#include <cstdint>
 
 #include "text/Ascii.h"
 #include "text/Encoding.h"
@@ -11,18 +11,14 @@
 namespace norvo {
 namespace {
 
-/// Plain characters only, in the sense of one byte per character and none of them special. Looks at
-/// all without a branch, which is the quickest.
-template <class Unit>
-bool IsPlainAscii(std::basic_string_view<Unit> name) {
-  using Bits = std::make_unsigned_t<Unit>;
-  Bits others = 0;
-  for (const Unit unit : name) {
-    const Bits bits = static_cast<Bits>(unit);
-    const bool isOther = (bits < 0x20) | (bits >= 0x80) | (bits == '\\');
-    others = static_cast<Bits>(others | (isOther ? 1 : 0));
-  }
-  return others == 0;
+/// Plain characters only, in the sense of one byte per character and none of them special.
+bool IsPlainName(std::string_view name) {
+  return !AnyWord(name, 'x', [](std::uint64_t word) {
+    constexpr std::uint64_t kBeyond = 0x8080808080808080u;
+    constexpr std::uint64_t kAboveControls = 0xE0E0E0E0E0E0E0E0u;
+    return (word & kBeyond) | ZeroLanes<char>(word & kAboveControls) |
+           ZeroLanes<char>(word ^ InEachLane('\\'));
+  });
 }
 
 }  // namespace
@@ -44,9 +40,9 @@ std::optional<std::string> ToDiskName(StringView component) {
 }
 
 std::optional<String> FromDiskName(std::string_view name) {
-  if (IsPlainAscii(name)) {
-    String text(name.size(), u'\0');
-    CopyAscii(name, text.data());
+  if (IsPlainName(name)) {
+    String text;
+    AppendAscii(text, name);
     return WithoutTrail(text).empty() ? std::nullopt : std::optional<String>(std::move(text));
   }
   std::optional<String> text = FromUtf8(name);
@@ -58,7 +54,7 @@ std::optional<String> FromDiskName(std::string_view name) {
 }
 
 bool IsExpressible(std::string_view name) {
-  if (!name.empty() && name.back() != '.' && name.back() != ' ' && IsPlainAscii(name)) return true;
+  if (!name.empty() && name.back() != '.' && name.back() != ' ' && IsPlainName(name)) return true;
   return FromDiskName(name).has_value();
 }
 
@@ -73,7 +69,7 @@ Fingerprint FingerprintOfName(StringView name) {
 }
 
 Fingerprint FingerprintOfDiskName(std::string_view name) {
-  if (!IsPlainAscii(name)) return FingerprintOfName(FromUtf8Lossy(name));
+  if (!IsPlainName(name)) return FingerprintOfName(FromUtf8Lossy(name));
   while (!name.empty() && (name.back() == '.' || name.back() == ' ')) name.remove_suffix(1);
   return CaselessFingerprintOfAscii(name);
 }

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+#include <type_traits>
+
+namespace norvo {
+
+/// Questions about all units of a text, answered for a machine word of them at a time: four units
+/// of UTF-16, or eight bytes. For the short texts that playlists are made of this takes a third of
+/// the instructions of a loop over the units, whatever a compiler makes of it.
+
+/// The unit in each lane of a word.
+template <class Unit>
+constexpr std::uint64_t InEachLane(Unit unit) noexcept {
+  constexpr std::uint64_t kOnes = sizeof(Unit) == 1 ? 0x0101010101010101u : 0x0001000100010001u;
+  return kOnes * static_cast<std::make_unsigned_t<Unit>>(unit);
+}
+
+/// Bits that are all 0 unless a lane of the word is 0.
+template <class Unit>
+constexpr std::uint64_t ZeroLanes(std::uint64_t word) noexcept {
+  constexpr std::uint64_t kOnes = InEachLane<Unit>(1);
+  constexpr std::uint64_t kHighest = kOnes << (8 * sizeof(Unit) - 1);
+  return (word - kOnes) & ~word & kHighest;  // only a lane of 0 borrows from its highest bit
+}
+
+template <class Unit>
+std::uint64_t WordAt(const Unit* units) noexcept {
+  std::uint64_t word = 0;
+  std::memcpy(&word, units, sizeof word);
+  return word;
+}
+
+/// Whether `bitsOf` gives a bit for any word of the text. The last word overlaps the one before it;
+/// a text that is shorter than a word is filled up with `filler`. No word ends the loop, so that a
+/// compiler can take several at a time.
+template <class Unit, class BitsOf>
+bool AnyWord(std::basic_string_view<Unit> text, Unit filler, BitsOf bitsOf) noexcept {
+  constexpr std::size_t kUnits = sizeof(std::uint64_t) / sizeof(Unit);
+  const Unit* const units = text.data();
+  if (text.size() < kUnits) {
+    std::uint64_t word = InEachLane(filler);
+    if (!text.empty()) std::memcpy(&word, units, text.size() * sizeof(Unit));
+    return bitsOf(word) != 0;
+  }
+  const std::size_t last = text.size() - kUnits;
+  std::uint64_t bits = bitsOf(WordAt(units + last));
+  for (std::size_t at = 0; at < last; at += kUnits) bits |= bitsOf(WordAt(units + at));
+  return bits != 0;
+}
+
+}  // namespace norvo
