@@ -1,21 +1,37 @@
 #include "tags/TagCache.h"
 
+#include <cstring>
+
 namespace norvo {
 namespace {
 
-constexpr std::size_t kBlock = 32 * 1024;  // units
+constexpr std::size_t kBlock = 64 * 1024;  // bytes
 
 constexpr StringView AudioTag::*kTexts[] = {&AudioTag::album, &AudioTag::artist, &AudioTag::genre,
                                             &AudioTag::song, &AudioTag::year};
 
+bool IsWide(StringView text) {
+  constexpr std::uint64_t kHigherBytes = InEachLane(static_cast<char16_t>(0xFF00));
+  return AnyWord(text, u'\0', [](std::uint64_t word) { return word & kHigherBytes; });
+}
+
 }  // namespace
 
-std::optional<AudioTag> TagCache::Find(const Fingerprint& path, const FileStamp& stamp) const {
+std::optional<AudioTag> TagCache::Find(const Fingerprint& path, const FileStamp& stamp) {
   const std::optional<std::uint32_t> place = places_.Find(path);
   if (!place || tags_[*place].stamp != stamp) return std::nullopt;
   const Packed& packed = tags_[*place];
+  std::size_t units = 0;
+  for (const std::uint16_t length : packed.lengths) units += length;
+  if (packed.isWide) {
+    std::memcpy(found_.data(), packed.texts, units * sizeof(char16_t));
+  } else {
+    for (std::size_t i = 0; i < units; ++i) {
+      found_[i] = static_cast<unsigned char>(packed.texts[i]);
+    }
+  }
   AudioTag tag;
-  const char16_t* at = packed.texts;
+  const char16_t* at = found_.data();
   for (std::size_t i = 0; i < packed.lengths.size(); ++i) {
     tag.*kTexts[i] = {at, packed.lengths[i]};
     at += packed.lengths[i];
@@ -26,33 +42,42 @@ std::optional<AudioTag> TagCache::Find(const Fingerprint& path, const FileStamp&
   return tag;
 }
 
-/// Room for so many units, at most those of a block; null when all of it is taken.
-char16_t* TagCache::Take(std::size_t units) {
-  if (units > left_) {
+/// Room for so many bytes, at most those of a block; null when all of it is taken.
+char* TagCache::Take(std::size_t bytes) {
+  if (bytes > left_ || blocks_.empty()) {
     if ((blocks_.size() + 1) * kBlock > kMostText) return nullptr;
-    blocks_.push_back(std::make_unique_for_overwrite<char16_t[]>(kBlock));
+    blocks_.push_back(std::make_unique_for_overwrite<char[]>(kBlock));
     left_ = kBlock;
   }
-  char16_t* const place = blocks_.back().get() + (kBlock - left_);
-  left_ -= units;
+  char* const place = blocks_.back().get() + (kBlock - left_);
+  left_ -= bytes;
   return place;
 }
 
 void TagCache::Keep(const Fingerprint& path, const FileStamp& stamp, const AudioTag& tag) {
-  std::size_t units = 0;
-  for (const auto text : kTexts) units += (tag.*text).size();
-  const std::optional<std::uint32_t> place = places_.Find(path);
-  if (units > kLongestText || (!place && tags_.size() >= kMostTags)) return;
-  char16_t* at = units == 0 ? nullptr : Take(units);
-  if (at == nullptr && units > 0) return;
   Packed packed;
-  packed.stamp = stamp;
-  packed.texts = at;
+  std::size_t units = 0;
   for (std::size_t i = 0; i < packed.lengths.size(); ++i) {
     const StringView text = tag.*kTexts[i];
+    units += text.size();
     packed.lengths[i] = static_cast<std::uint16_t>(text.size());
-    at += text.copy(at, text.size());
+    packed.isWide = packed.isWide || IsWide(text);
   }
+  const std::optional<std::uint32_t> place = places_.Find(path);
+  if (units > kLongestText || (!place && tags_.size() >= kMostTags)) return;
+  char* at = Take(packed.isWide ? units * sizeof(char16_t) : units);
+  if (at == nullptr) return;
+  packed.texts = at;
+  for (const auto each : kTexts) {
+    const StringView text = tag.*each;
+    if (packed.isWide) {
+      if (!text.empty()) std::memcpy(at, text.data(), text.size() * sizeof(char16_t));
+      at += text.size() * sizeof(char16_t);
+    } else {
+      for (const char16_t unit : text) *at++ = static_cast<char>(unit);
+    }
+  }
+  packed.stamp = stamp;
   packed.duration = tag.duration;
   packed.track = tag.track;
   packed.kind = tag.kind;

@@ -103,7 +103,8 @@ std::size_t FindUnit(StringView text, char16_t unit, std::size_t from = 0) noexc
 
 /// The same as `==`, which looks at one unit at a time, as bytes.
 inline bool SameUnits(StringView left, StringView right) noexcept {
-  return left.size() == right.size() &&
+  if (left.size() != right.size()) return false;
+  return left.empty() ||
          std::memcmp(left.data(), right.data(), left.size() * sizeof(char16_t)) == 0;
 }
 
