@@ -15,7 +15,7 @@ import sys
 import tempfile
 from pathlib import Path
 
-from end_to_end import BenchError, Candidate, Runner
+from runner import BenchError, Candidate, Runner
 
 FILES_PER_FOLDER = 50
 KIB = 1024
