@@ -15,8 +15,8 @@ if [ "${1:-}" = windows ]; then
 fi
 if [ "${1:-}" = test ]; then
     packages="$packages $windows libgtest-dev libbenchmark-dev clang libclang-rt-14-dev
-              clang-format strace python3-gi gir1.2-totemplparser-1.0 doxygen pkg-config
-              chromium chromium-driver"
+              clang-format strace valgrind python3-gi gir1.2-totemplparser-1.0
+              doxygen pkg-config chromium chromium-driver"
 fi
 
 install() {
