@@ -1,5 +1,6 @@
-// Reads one generic file and writes its playlist in all native syntaxes, and prints how many entries
-// it has, and the seconds for the one and the other. Usage: generic_program MACHINE-FOLDER FILE
+// Reads one generic file and writes its playlist in all native syntaxes, and prints how many
+// entries it has, and the seconds for the one and the other. Usage: generic_program MACHINE-FOLDER
+// FILE
 #include <chrono>
 #include <exception>
 #include <iostream>

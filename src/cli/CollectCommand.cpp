@@ -26,8 +26,14 @@ constexpr HelpText kHelp = {R"(Examples:
 /// Tells at once what is left out.
 class CollectObserver final : public ConsoleObserver {
  public:
-  using ConsoleObserver::ConsoleObserver;
+  /// `ahead` hears of the progress, too; it may be null.
+  CollectObserver(Console& console, WorkObserver* ahead)
+      : ConsoleObserver(console), ahead_(ahead) {}
 
+  void OnProgress(const WorkProgress& progress) override {
+    if (ahead_ != nullptr) ahead_->OnProgress(progress);
+    ConsoleObserver::OnProgress(progress);
+  }
   void OnDropped(const CollectedPlaylist& playlist, const DroppedItem& drop) override {
     Out().LeftOut(ToUtf8(playlist.path) + ": " + LeftOutText(drop));
   }
@@ -39,6 +45,9 @@ class CollectObserver final : public ConsoleObserver {
     Out().LeftOut(ToUtf8(earlier.path) + ": its neutral file is replaced by that of " +
                   ToUtf8(later.path) + ", which has the same name: rename one of the two");
   }
+
+ private:
+  WorkObserver* ahead_;
 };
 
 /// The queue stops at a playlist that it cannot count; those behind it are never begun.
@@ -61,6 +70,7 @@ class CollectCommand final : public Command {
     CLI::App* const app =
         program.add_subcommand("collect", "Find the playlists and write their neutral files");
     AddCommonOptions(*app, common, true);
+    AddReadAheadOption(*app, common);
     app->add_flag("--init", init_, "First write the settings that are missing");
     app->footer(kHelp.Here());
     return app;
@@ -70,7 +80,8 @@ class CollectCommand final : public Command {
     const auto named =
         OpenMachine(common, console, init_ ? DocumentsUse::Needed : DocumentsUse::Unneeded);
     const std::shared_ptr<Platform> machine = named->Platform();
-    CollectObserver observer(console);
+    const auto ahead = common.noReadAhead ? nullptr : named->ReadAhead();
+    CollectObserver observer(console, ahead.get());
     SetupResult setup;
     if (init_) {
       SetupWishes wishes;

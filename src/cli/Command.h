@@ -19,6 +19,7 @@ struct CommonArguments {
   bool log = false;
   bool json = false;
   bool quiet = false;
+  bool noReadAhead = false;  ///< only of commands that read ahead
 };
 
 /// One command of the program: its arguments, its help and its run stand in one file.

@@ -14,4 +14,10 @@ void AddCommonOptions(CLI::App& command, CommonArguments& common, bool machineRe
   AddOutputOptions(command, common);
 }
 
+void AddReadAheadOption(CLI::App& command, CommonArguments& common) {
+  if (!kWords.machinesAreFolders) return;
+  command.add_flag("--no-read-ahead", common.noReadAhead,
+                   "Do not read folders and songs before their turn");
+}
+
 }  // namespace norvo::cli

@@ -14,6 +14,9 @@ void AddOutputOptions(CLI::App& command, CommonArguments& common);
 /// need, and then refuse.
 void AddCommonOptions(CLI::App& command, CommonArguments& common, bool machineRequired);
 
+/// `--no-read-ahead`, where something reads ahead.
+void AddReadAheadOption(CLI::App& command, CommonArguments& common);
+
 /// `--machine DIR` and `--user NAME` alone; each system has its own.
 void AddMachineOption(CLI::App& command, CommonArguments& common, bool required);
 

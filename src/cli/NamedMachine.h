@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "cli/Command.h"
+#include "move/WorkObserver.h"
 #include "services/Platform.h"
 
 namespace norvo::cli {
@@ -22,6 +23,9 @@ class NamedMachine {
   /// The group root of a machine that has none yet, in UTF-8, unless another is asked for; empty
   /// for the usual one.
   virtual std::string UsualGroupRoot() const { return {}; }
+  /// Reads ahead of a scan or a collecting on this machine as long as the result lives, which is to
+  /// hear of its progress and must not outlive this; null where nothing does.
+  virtual std::unique_ptr<WorkObserver> ReadAhead() { return nullptr; }
   /// True for a plain disk on which the product has no settings yet.
   virtual bool IsBareDisk() const { return false; }
 };

@@ -67,12 +67,14 @@ class ScanCommand final : public Command {
   CLI::App* AddTo(CLI::App& program, CommonArguments& common) override {
     CLI::App* const app = program.add_subcommand("scan", "Find and list the playlists");
     AddCommonOptions(*app, common, true);
+    AddReadAheadOption(*app, common);
     app->footer(kHelp.Here());
     return app;
   }
 
   Json Run(const CommonArguments& common, Console& console) override {
     const auto named = OpenMachine(common, console, DocumentsUse::Unneeded);
+    const auto ahead = common.noReadAhead ? nullptr : named->ReadAhead();
     const bool isBare = named->IsBareDisk();
     const auto machine = isBare ? AsIfSetUp(named->Platform()) : named->Platform();
     ConsoleObserver observer(console);

@@ -18,7 +18,8 @@ MoveResult MovePlaylists(const FolderMove& folders, const MoveOptions& options,
     throw MoveError(MoveFault::LinkWritesToSource);
   }
   TargetFolder target(folders, options.dryRun);
-  if (folders.onOpened) folders.onOpened({source.Taken(), target.Taken(), target.Registry()});
+  if (folders.onOpened)
+    folders.onOpened({source.Taken(), target.Taken(), target.Registry(), source.Machine()});
   if (folders.messages != nullptr) {
     source.Machine()->SetMessageDialog(*folders.messages);
     target.Machine()->SetMessageDialog(*folders.messages);

@@ -6,6 +6,7 @@
 
 #include "machines/TakenFolder.h"
 #include "move/MovePlaylists.h"
+#include "platform/hosted/HostedPlatform.h"
 #include "services/Platform.h"
 
 namespace norvo {
@@ -29,6 +30,7 @@ struct OpenedFolders {
   TakenFolder from;        ///< the old machine's
   TakenFolder to;          ///< the new machine's
   RegistryPlace registry;  ///< of the new machine; of a dry run it may be a passing one
+  std::shared_ptr<HostedPlatform> source;  ///< the old machine itself
 };
 
 /// A move between machines that are held in folders.

@@ -36,6 +36,19 @@ TEST_F(CollectCommandTest, TwoRunsGiveTheSameBytes) {
   EXPECT_EQ(Snapshot(Machine()), before);
 }
 
+TEST_F(CollectCommandTest, ReadingAheadChangesNothing) {
+  WriteMix();
+  const Outcome with = Collect({"--init", "--log"});
+  const auto files = Snapshot(Machine());
+  for (const char* const made : {"C/My Documents", "C/Norvo", "registry.reg"}) {
+    fs::remove_all(Place(made));
+  }
+  const Outcome without = Collect({"--init", "--log", "--no-read-ahead"});
+  EXPECT_EQ(without.out, with.out);
+  EXPECT_EQ(without.err, with.err);
+  EXPECT_TRUE(Snapshot(Machine()) == files);
+}
+
 TEST_F(CollectCommandTest, NothingLeftOutEndsWithZero) {
   WriteSong("One.mp3");
   WriteFile(Place("C/Music/Mix.m3u"), "#EXTM3U\r\nOne.mp3\r\n");

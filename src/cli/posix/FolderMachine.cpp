@@ -5,6 +5,7 @@
 #include "cli/CommonOptions.h"
 #include "cli/NamedMachine.h"
 #include "cli/posix/FolderWords.h"
+#include "cli/posix/ReadAheadObserver.h"
 #include "library/Library.h"
 #include "machines/FolderLayout.h"
 #include "machines/MachineFolder.h"
@@ -42,6 +43,9 @@ class FolderMachine final : public NamedMachine {
     return *inside;
   }
   std::string UsualGroupRoot() const override { return usualGroupRoot_; }
+  std::unique_ptr<WorkObserver> ReadAhead() override {
+    return std::make_unique<ReadAheadObserver>(*platform_);
+  }
   bool IsBareDisk() const override { return isBareDisk_; }
 
  private:

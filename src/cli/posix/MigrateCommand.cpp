@@ -10,6 +10,7 @@
 #include "cli/MoveReport.h"
 #include "cli/posix/FolderWords.h"
 #include "cli/posix/PageFile.h"
+#include "cli/posix/ReadAheadObserver.h"
 #include "machines/FolderMove.h"
 #include "text/Encoding.h"
 #include "text/WindowsPath.h"
@@ -59,7 +60,14 @@ class MoveObserver final : public WorkObserver {
  public:
   explicit MoveObserver(Console& console) : console_(console), log_(console) {}
 
-  void OnProgress(const WorkProgress& progress) override { ShowProgress(progress, console_.Bar()); }
+  /// Reads ahead of the collecting, until that is over.
+  void ReadAhead(HostedPlatform& source) { ahead_.emplace(source); }
+
+  void OnProgress(const WorkProgress& progress) override {
+    if (ahead_) ahead_->OnProgress(progress);
+    if (progress.phase > WorkPhase::Collecting) ahead_.reset();
+    ShowProgress(progress, console_.Bar());
+  }
   void OnWarning(const WorkWarning& warning) override {
     if (!console_.IsReportSeen()) console_.Tell(MoveWarningText(warning));
   }
@@ -68,6 +76,7 @@ class MoveObserver final : public WorkObserver {
  private:
   Console& console_;
   ConsoleObserver log_;
+  std::optional<ReadAheadObserver> ahead_;
 };
 
 /// Tells what the folders were taken as, where they could be meant otherwise.
@@ -106,6 +115,7 @@ class MigrateCommand final : public Command {
     AddReportOptions(*app);
     app->add_flag("--dry-run", options_.dryRun, "Print the plan; write nothing on the new machine");
     app->footer(kHelp);
+    AddReadAheadOption(*app, common);
     AddOutputOptions(*app, common);
     return app;
   }
@@ -115,9 +125,11 @@ class MigrateCommand final : public Command {
     const MoveTerms terms{from_, to_, options_.dryRun, options_.media != MediaMode::None, verbose_};
     std::optional<PageFile> page;
     if (!page_.empty()) page.emplace(page_);
+    OpenedFolders opened;  // with the old machine, which the observer reads ahead of
     MoveObserver observer(console);
-    OpenedFolders opened;
-    const MoveResult result = MovePlaylists(Folders(console, opened), options_, observer);
+    const bool readsAhead = !common.noReadAhead;
+    const MoveResult result = MovePlaylists(
+        Folders(console, opened, readsAhead ? &observer : nullptr), options_, observer);
     TellLeftOut(result, console);
     for (const StyledLine& line : MoveReport(result, terms, console.Width())) console.Say(line);
     if (!options_.dryRun) SayNextStep(result, opened.registry, console);
@@ -126,7 +138,7 @@ class MigrateCommand final : public Command {
   }
 
  private:
-  FolderMove Folders(Console& console, OpenedFolders& opened) const {
+  FolderMove Folders(Console& console, OpenedFolders& opened, MoveObserver* readingAhead) const {
     FolderMove folders;
     folders.from = from_;
     folders.to = to_;
@@ -137,9 +149,10 @@ class MigrateCommand final : public Command {
     folders.work = work_;
     folders.messages = &console;
     folders.names = {"--from", "--to", "--work"};
-    folders.onOpened = [&](const OpenedFolders& taken) {
+    folders.onOpened = [&, readingAhead](const OpenedFolders& taken) {
       opened = taken;
       TellOpened(taken, console);
+      if (readingAhead != nullptr) readingAhead->ReadAhead(*taken.source);
     };
     return folders;
   }

@@ -81,6 +81,12 @@ FileFailure ForEachName(SystemFile folder,
 /// Bytes from a 0-based offset, as many as one call gives; 0 at the file's end.
 FileResult<std::size_t> ReadSome(const SystemFile& file, std::uint64_t offset,
                                  std::span<char> buffer);
+/// Has the system fetch these bytes of a file into its memory, where it can. Waits for none of
+/// them, and leaves the file's times as they are.
+void WillRead(const SystemFile& file, std::uint64_t offset, std::uint64_t size);
+/// A number that grows whenever this thread asks a disk for something or waits for it: between two
+/// equal ones the system had all in its memory. Nothing where the system does not tell.
+std::optional<std::uint64_t> DiskWaits();
 /// In one call wherever the system takes all bytes at once.
 FileFailure WriteAll(const SystemFile& file, std::string_view bytes);
 

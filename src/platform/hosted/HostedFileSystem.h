@@ -21,6 +21,7 @@ struct OpenedFile {
 class HostedFileSystem final : public FileSystem {
  public:
   using WarningSink = std::function<void(StringView)>;
+  using ListingSink = std::function<void(StringView folder, std::span<const FolderItem> items)>;
 
   /// `drives` and what `warn` refers to must outlive this.
   HostedFileSystem(const DriveMap& drives, WarningSink warn)
@@ -41,6 +42,9 @@ class HostedFileSystem final : public FileSystem {
   String FileVersion(StringView path) override;
   String SystemFolder() override;
   Date LocalDate(FileTime time) override;
+
+  /// Is told of each folder that is listed from now on; see HostedPlatform.
+  void SetListingSink(ListingSink sink) { listed_ = std::move(sink); }
 
   /// Replaces a file whole, after creating the folders that are missing. Raises.
   void ReplaceWhole(StringView path, std::string_view bytes);
@@ -74,6 +78,7 @@ class HostedFileSystem final : public FileSystem {
   const DriveMap& drives_;
   PathResolver resolver_;
   WarningSink warn_;
+  ListingSink listed_;
   /// The regular file that was looked at last: often it is the next one to be opened.
   DrivePath lastSeen_;
   String lastAsked_;  // the path that led there

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 
 #include "platform/files/DiskPath.h"
 #include "platform/files/FileError.h"
@@ -20,21 +21,26 @@ char LowerAscii(char c) {
 /// large folder only the wanted ones become text.
 class EndingFilter {
  public:
-  explicit EndingFilter(std::span<const StringView> endings) {
+  explicit EndingFilter(std::span<const StringView> endings) : passesAll_(endings.empty()) {
     for (const StringView ending : endings) {
       std::string bytes = ToUtf8(ending);
       std::transform(bytes.begin(), bytes.end(), bytes.begin(), LowerAscii);
+      passesAll_ = passesAll_ || bytes.empty();
+      if (!bytes.empty()) mayBeLast_[static_cast<unsigned char>(bytes.back())] = true;
       endings_.push_back(std::move(bytes));
     }
   }
 
+  /// Of most names the last character tells that they are not wanted: a sixth of the instructions
+  /// of a walk over a disk.
   bool Passes(std::string_view name) const {
-    return endings_.empty() ||
-           std::any_of(endings_.begin(), endings_.end(), [name](const std::string& ending) {
-             return name.size() >= ending.size() &&
-                    std::equal(ending.begin(), ending.end(), name.end() - Length(ending),
-                               [](char wanted, char c) { return wanted == LowerAscii(c); });
-           });
+    if (passesAll_) return true;
+    if (!mayBeLast_[static_cast<unsigned char>(LowerAscii(name.back()))]) return false;
+    return std::any_of(endings_.begin(), endings_.end(), [name](const std::string& ending) {
+      return name.size() >= ending.size() &&
+             std::equal(ending.begin(), ending.end(), name.end() - Length(ending),
+                        [](char wanted, char c) { return wanted == LowerAscii(c); });
+    });
   }
 
  private:
@@ -42,6 +48,8 @@ class EndingFilter {
     return static_cast<std::ptrdiff_t>(text.size());
   }
 
+  bool passesAll_;
+  std::array<bool, 256> mayBeLast_{};
   std::vector<std::string> endings_;
 };
 
@@ -86,6 +94,7 @@ std::vector<FolderItem> HostedFileSystem::ListFolder(StringView path,
     if (entry && entry->record.kind == FileRecord::Kind::File) add(name, false);
   }
   for (const std::string& name : odd) WarnOfName(path, name);
+  if (listed_) listed_(path, items);
   return items;
 }
 

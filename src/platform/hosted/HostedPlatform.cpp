@@ -90,6 +90,11 @@ void HostedPlatform::SetWarningSink(std::function<void(StringView)> sink) {
   parts_->warnings.SetSink(std::move(sink));
 }
 
+void HostedPlatform::SetListingSink(
+    std::function<void(StringView folder, std::span<const FolderItem> items)> sink) {
+  parts_->files.SetListingSink(std::move(sink));
+}
+
 std::vector<HostedDrive> HostedPlatform::DriveFolders() const {
   std::vector<HostedDrive> folders;
   for (const Drive& each : parts_->drives.List()) {

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,11 @@ class HostedPlatform final : public Platform {
   /// Is told, one line each, what is odd about the machine, such as names that no Windows path can
   /// express; also what was found before the call. Until it is set nobody is told.
   void SetWarningSink(std::function<void(StringView)> sink) override;
+
+  /// Is told of each folder that is listed from now on, by its path as it was asked for, and of
+  /// what the listing gives. It must neither raise nor call the machine.
+  void SetListingSink(
+      std::function<void(StringView folder, std::span<const FolderItem> items)> sink);
 
   /// The drives of the layout, in the order of their letters.
   std::vector<HostedDrive> DriveFolders() const;

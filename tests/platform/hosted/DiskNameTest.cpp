@@ -28,6 +28,21 @@ TEST(DiskName, WhatNoWindowsPathCanExpressHasNoText) {
   }
 }
 
+TEST(DiskName, ASingleByteDecidesWhereverItStands) {
+  for (std::size_t length = 1; length < 20; ++length) {
+    for (std::size_t at = 0; at < length; ++at) {
+      for (int byte = 1; byte < 256; ++byte) {
+        std::string name(length, 'x');
+        name[at] = static_cast<char>(byte);
+        const bool isPlain = byte >= 0x20 && byte <= 0x7F && byte != '\\';
+        const bool isAllTrail = length == 1 && (byte == '.' || byte == ' ');
+        EXPECT_EQ(IsExpressible(name), isPlain && !isAllTrail)
+            << length << ' ' << at << ' ' << byte;
+      }
+    }
+  }
+}
+
 TEST(DiskName, WhatCanBeNoFileHasNoNameOnTheDisk) {
   EXPECT_FALSE(ToDiskName(u""));
   EXPECT_FALSE(ToDiskName(u". ."));
