@@ -95,7 +95,7 @@ TEST_F(ReadAheadTest, ItDoesNotRunAheadWithoutEnd) {
   Files().ListFolder(u"C:\\Lists\\", {});
   EXPECT_TRUE(IsSoonInMemory(first));
   EXPECT_TRUE(IsSoonInMemory(second));
-  std::this_thread::sleep_for(std::chrono::milliseconds(50));  // until both are counted
+  std::this_thread::sleep_for(std::chrono::milliseconds(500));  // until both are counted
   Files().ListFolder(u"C:\\Rest\\", {});
   std::this_thread::sleep_for(std::chrono::milliseconds(50));
   EXPECT_FALSE(IsInMemory(third));
