@@ -70,6 +70,7 @@ class AsxEntry final : public FormatEntry {
   const MemberTable& Table() const override { return Interface(); }
 
  private:
+  /// @cond
   enum AsxField : std::uint8_t {
     kAuthor,
     kArtist,
@@ -83,6 +84,7 @@ class AsxEntry final : public FormatEntry {
     kAbstract,
     kAsxFieldCount
   };
+  /// @endcond
 
   static StringView LongerOf(StringView plain, StringView own) {
     return plain.size() >= own.size() ? plain : own;

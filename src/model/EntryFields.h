@@ -124,6 +124,7 @@ class EntryFields : public TableObject {
   // What an ordinary song has of texts, so that they are given their room once.
   static constexpr std::size_t kUsualUnits = 192;
 
+  /// @cond
   enum Field : std::uint8_t {
     kAlbumName,
     kArtistName,
@@ -138,6 +139,7 @@ class EntryFields : public TableObject {
     kTrackNumber,
     kFieldCount
   };
+  /// @endcond
 
   StringView Cleaned(Field field) const {
     const StringView text = texts_.At(field);

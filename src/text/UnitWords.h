@@ -34,6 +34,22 @@ std::uint64_t WordAt(const Unit* units) noexcept {
   return word;
 }
 
+/// Fewer units than a word has, in a word that `filler` fills up; units may stand there twice.
+template <class Unit>
+std::uint64_t ShortWord(std::basic_string_view<Unit> text, Unit filler) noexcept {
+  constexpr std::size_t kHalf = sizeof(std::uint32_t) / sizeof(Unit);
+  std::uint64_t word = InEachLane(filler);
+  if (text.size() >= kHalf) {
+    std::uint32_t halves[2];
+    std::memcpy(&halves[0], text.data(), sizeof halves[0]);
+    std::memcpy(&halves[1], text.data() + text.size() - kHalf, sizeof halves[1]);
+    std::memcpy(&word, halves, sizeof word);
+  } else if (!text.empty()) {
+    std::memcpy(&word, text.data(), text.size() * sizeof(Unit));
+  }
+  return word;
+}
+
 /// Whether `bitsOf` gives a bit for any word of the text. The last word overlaps the one before it;
 /// a text that is shorter than a word is filled up with `filler`. No word ends the loop, so that a
 /// compiler can take several at a time.
@@ -41,14 +57,10 @@ template <class Unit, class BitsOf>
 bool AnyWord(std::basic_string_view<Unit> text, Unit filler, BitsOf bitsOf) noexcept {
   constexpr std::size_t kUnits = sizeof(std::uint64_t) / sizeof(Unit);
   const Unit* const units = text.data();
-  if (text.size() < kUnits) {
-    std::uint64_t word = InEachLane(filler);
-    if (!text.empty()) std::memcpy(&word, units, text.size() * sizeof(Unit));
-    return bitsOf(word) != 0;
-  }
+  if (text.size() < kUnits) return bitsOf(ShortWord(text, filler)) != 0;
   const std::size_t last = text.size() - kUnits;
-  std::uint64_t bits = bitsOf(WordAt(units + last));
-  for (std::size_t at = 0; at < last; at += kUnits) bits |= bitsOf(WordAt(units + at));
+  std::uint64_t bits = bitsOf(WordAt(units)) | bitsOf(WordAt(units + last));
+  for (std::size_t at = kUnits; at < last; at += kUnits) bits |= bitsOf(WordAt(units + at));
   return bits != 0;
 }
 
