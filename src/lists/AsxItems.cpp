@@ -1,5 +1,6 @@
 #include "lists/AsxItems.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -108,10 +109,11 @@ class EntryCollector {
   }
 
   void TakeParam(StringView name, StringView value) {
-    String shown = ShownText(value);
+    name = CleanText(name);
     for (const ParamRow& row : kParams) {
-      const bool tells = !shown.empty() && EqualsIgnoreCase(CleanText(name), row.name);
-      if (tells) (*entry_).*row.field = std::move(shown);
+      if (!EqualsIgnoreCase(name, row.name)) continue;
+      String shown = ShownText(value);
+      if (!shown.empty()) (*entry_).*row.field = std::move(shown);
     }
   }
 
@@ -152,15 +154,18 @@ void SkipBanner(MarkupScanner& tags) {
 }  // namespace
 
 ListedList AsxItems(StringView text, std::size_t most) {
-  const std::vector<std::size_t> hiding = HidingBanners(text);
-  auto banner = hiding.begin();
+  std::optional<std::vector<std::size_t>> hiding;  // looked for at the first banner, which is rare
+  const auto hides = [&](const MarkupScanner& tags) {
+    if (!tags.Opens(u"Banner")) return false;
+    if (!hiding) hiding = HidingBanners(text);
+    return std::binary_search(hiding->begin(), hiding->end(), tags.Position());
+  };
   EntryCollector entries;
   MarkupScanner tags(text);
   while (tags.Next() && !tags.Closes(u"Asx") && entries.Count() < most) {
     entries.TakeText(tags.TextBefore());
-    if (banner != hiding.end() && *banner == tags.Position()) {
+    if (hides(tags)) {
       SkipBanner(tags);
-      ++banner;
     } else {
       entries.TakeTag(tags);
     }

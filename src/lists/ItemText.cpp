@@ -12,14 +12,19 @@ bool IsNoText(char16_t unit) {
 }  // namespace
 
 StringView TakeLine(StringView& rest) {
-  const std::size_t end = std::min(rest.find_first_of(u"\r\n"), rest.size());
-  const StringView line = rest.substr(0, end);
-  rest.remove_prefix(std::min(end + 1, rest.size()));
+  const auto endsLine = [](char16_t unit) { return unit == u'\r' || unit == u'\n'; };
+  const auto* const end = std::find_if(rest.begin(), rest.end(), endsLine);
+  const StringView line = rest.substr(0, static_cast<std::size_t>(end - rest.begin()));
+  rest.remove_prefix(std::min(line.size() + 1, rest.size()));
   return line;
 }
 
 StringView CleanText(StringView text) {
   return TrimEnd(BeforeNul(TrimStart(text, IsNoText)), IsNoText);
+}
+
+bool SaysNothing(StringView text) {
+  return TrimStart(text, IsNoText).empty();
 }
 
 String OnOneLine(String text) {

@@ -13,6 +13,9 @@ StringView TakeLine(StringView& rest);
 /// the first NUL character behind its start.
 StringView CleanText(StringView text);
 
+/// True when nothing is left of the text when it is cleaned; looks no further than at what is left.
+bool SaysNothing(StringView text);
+
 /// The text with every control character as a blank, then cleaned.
 String OnOneLine(String text);
 

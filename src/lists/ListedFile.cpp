@@ -43,7 +43,7 @@ bool IsBlankedOut(StringView text) {
 }
 
 bool IsDamaged(StringView text, ListSyntax syntax) {
-  if (CleanText(text).empty()) return IsBlankedOut(text);
+  if (SaysNothing(text)) return IsBlankedOut(text);
   return !ContainsIgnoreCase(text, EndOf(syntax));
 }
 

@@ -1,6 +1,7 @@
 #include "lists/MarkupScanner.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace norvo {
 namespace {
@@ -16,8 +17,18 @@ bool IsLetter(char16_t unit) {
   return lower >= u'a' && lower <= u'z';
 }
 
+/// A bit for each unit that ends a name, all of which are below 64: every unit of a list is asked,
+/// and one look at a table takes a tenth of the time of a search in a text.
+constexpr std::uint64_t NameEnds() {
+  std::uint64_t ends = 0;
+  for (const char16_t unit : StringView(u"<>/=\"'")) ends |= std::uint64_t{1} << unit;
+  for (char16_t unit = 0; IsBlankOrControl(unit); ++unit) ends |= std::uint64_t{1} << unit;
+  return ends;
+}
+
 bool EndsName(char16_t unit) {
-  return IsBlankOrControl(unit) || StringView(u"<>/=\"'").find(unit) != StringView::npos;
+  constexpr std::uint64_t kEnds = NameEnds();
+  return unit < 64 && ((kEnds >> unit) & 1U) != 0;
 }
 
 }  // namespace
@@ -146,9 +157,11 @@ std::size_t MarkupScanner::EndOfQuoted(char16_t quote) const {
 }
 
 StringView MarkupScanner::ReadName() {
-  const std::size_t start = at_;
-  while (!AtEnd() && !EndsName(text_[at_])) ++at_;
-  return text_.substr(start, at_ - start);
+  const StringView rest = text_.substr(at_);
+  const auto* const end = std::find_if(rest.begin(), rest.end(), EndsName);
+  const StringView name = rest.substr(0, static_cast<std::size_t>(end - rest.begin()));
+  at_ += name.size();
+  return name;
 }
 
 void MarkupScanner::SkipBlanks() {

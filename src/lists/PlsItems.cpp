@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <iterator>
 #include <optional>
+#include <set>
 
 #include "lists/ItemNumbers.h"
 #include "lists/ItemText.h"
@@ -64,19 +65,43 @@ void AddKey(SectionKeys& keys, StringView referenceKey, StringView line) {
   take(u"Length", keys.lengths);
 }
 
-/// What all sections of the name hold, or with an empty name the whole text.
-SectionKeys ReadSection(StringView text, const ListSection& section) {
-  SectionKeys keys;
+/// Visits the lines in all sections of the name, or with an empty name in the whole text, until
+/// `visit` returns false.
+template <class Visit>
+void ForEachLine(StringView text, const ListSection& section, Visit&& visit) {
   bool inside = section.name.empty();
   while (!text.empty()) {
     const StringView line = CleanText(TakeLine(text));
     if (const std::optional<StringView> name = SectionName(line)) {
       inside = section.name.empty() || EqualsIgnoreCase(*name, section.name);
-    } else if (inside) {
-      AddKey(keys, section.key, line);
+    } else if (inside && !visit(line)) {
+      return;
     }
   }
+}
+
+SectionKeys ReadSection(StringView text, const ListSection& section) {
+  SectionKeys keys;
+  ForEachLine(text, section, [&](StringView line) {
+    AddKey(keys, section.key, line);
+    return true;
+  });
   return keys;
+}
+
+/// Reads no further than the first item. Of equal numbers the first holds, though it be empty.
+bool HasItems(StringView text, const ListSection& section) {
+  std::set<std::uint64_t> numbers;
+  bool found = false;
+  ForEachLine(text, section, [&](StringView line) {
+    SectionKeys keys;
+    AddKey(keys, section.key, line);
+    for (const NumberedValue& reference : keys.references) {
+      found = numbers.insert(reference.number).second && !reference.value.empty();
+    }
+    return !found;
+  });
+  return found;
 }
 
 /// By number; of equal ones only the first.
@@ -128,6 +153,8 @@ std::vector<ListedItem> SectionItems(SectionKeys keys, std::size_t most) {
   return items;
 }
 
+constexpr ListSection kAnywhere{{}, u"File"};
+
 bool HasListSection(StringView text) {
   while (!text.empty()) {
     if (IsPlsSection(CleanText(TakeLine(text)))) return true;
@@ -146,11 +173,13 @@ bool IsPlsSection(StringView line) {
 }
 
 bool HasPlsKeys(StringView text) {
-  return !PlsItems(text, 1).empty();
+  if (!HasListSection(text)) return HasItems(text, kAnywhere);
+  return std::any_of(std::begin(kSections), std::end(kSections),
+                     [&](const ListSection& section) { return HasItems(text, section); });
 }
 
 std::vector<ListedItem> PlsItems(StringView text, std::size_t most) {
-  if (!HasListSection(text)) return SectionItems(ReadSection(text, {{}, u"File"}), most);
+  if (!HasListSection(text)) return SectionItems(ReadSection(text, kAnywhere), most);
   std::vector<ListedItem> items;
   for (const ListSection& section : kSections) {
     if (items.empty()) items = SectionItems(ReadSection(text, section), most);

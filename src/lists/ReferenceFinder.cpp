@@ -30,9 +30,23 @@ bool IsFull(StringView path) {
 
 }  // namespace
 
+/// Each song is asked for once, however many playlists name it; most name it by its full path, so
+/// that their folders do not matter.
 FoundReference ReferenceFinder::Find(StringView reference, StringView folder) {
+  // As many as most people have songs, and no more than a few megabytes.
+  constexpr std::size_t kMostKnown = 32768;
   reference = CleanText(reference);
   folder = TrimEnd(folder, IsSeparator);
+  String key(reference);
+  const bool isFull = HasDrive(reference) && reference.substr(2).starts_with(u'\\');
+  if (!isFull) key.append(1, u'\0').append(folder);
+  if (const auto known = found_.find(key); known != found_.end()) return known->second;
+  FoundReference found = LookFor(reference, folder);
+  if (found_.size() < kMostKnown) found_.emplace(std::move(key), found);
+  return found;
+}
+
+FoundReference ReferenceFinder::LookFor(StringView reference, StringView folder) {
   const CodePage& page = component_.Machine().AnsiPage();
   std::optional<FoundReference> found = NothingOnError([&]() -> std::optional<FoundReference> {
     for (const String& text : ReferenceTexts(reference, page)) {

@@ -27,7 +27,8 @@ struct FoundReference {
 
 /// Finds what the references of playlists mean, by all the ways in which programs write them, and
 /// by all spellings of a name in Unicode. None of its questions raises, and none changes the
-/// component's state. It remembers the names in the folders that it had to list.
+/// component's state. It remembers what it has found, since songs stand in several playlists, and
+/// the names in the folders that it had to list: it is for work during which nobody moves songs.
 class ReferenceFinder {
  public:
   /// The component must outlive the finder.
@@ -39,6 +40,7 @@ class ReferenceFinder {
   FoundReference Find(StringView reference, StringView folder);
 
  private:
+  FoundReference LookFor(StringView reference, StringView folder);
   std::optional<FoundReference> FindText(StringView text, StringView folder);
   std::optional<FoundReference> FindPath(StringView path, StringView text);
   std::optional<FoundReference> FindFile(StringView fullPath);
@@ -49,7 +51,8 @@ class ReferenceFinder {
   using Names = std::unordered_map<String, String>;  // as on disk, by the folded spelling
 
   Component& component_;
-  std::unordered_map<String, Names> names_;  // that are not ASCII, by the folder
+  std::unordered_map<String, FoundReference> found_;  // by the reference, with its folder
+  std::unordered_map<String, Names> names_;           // that are not ASCII, by the folder
 };
 
 }  // namespace norvo

@@ -47,6 +47,15 @@ String WithoutQuotes(StringView text) {
   return String(CleanText(text));
 }
 
+/// True for a text that none of the decodings changes: most are, and decoding them all the same
+/// would be most of the work.
+bool MeansItself(StringView text) {
+  const auto isPlain = [](char16_t unit) {
+    return unit < 0x80 && unit != u'&' && unit != u'%' && unit != u'"' && unit != u'\'';
+  };
+  return std::all_of(text.begin(), text.end(), isPlain) && CleanText(text).size() == text.size();
+}
+
 }  // namespace
 
 String DecodePercent(StringView text, const CodePage& page) {
@@ -69,6 +78,7 @@ String DecodePercent(StringView text, const CodePage& page) {
 
 std::vector<String> ReferenceTexts(StringView reference, const CodePage& page) {
   std::vector<String> texts{String(reference)};
+  if (MeansItself(reference)) return texts;
   const auto addChanged = [&texts](auto&& change) {
     for (std::size_t i = 0, had = texts.size(); i < had; ++i) {
       String changed = change(texts[i]);

@@ -19,6 +19,7 @@ class Verifier {
         withSongs_(withSongs),
         result_(work.result),
         report_(work.report),
+        reader_(library),
         rightSize_(Songs()) {}
 
   void Playlist(const MovedPlaylist& playlist) {
@@ -42,7 +43,7 @@ class Verifier {
   std::size_t Songs() const { return result_.songs.size(); }
 
   void Native(const std::vector<const MovedItem*>& items, const String& native) {
-    const VerifiedPlaylist found = ReadNative(library_, native);
+    const VerifiedPlaylist found = reader_.Read(native);
     if (!found.whole && !library_.Files().FileExists(native)) return Warn(Kind::NativeGone, native);
     if (!found.whole || found.references.size() != items.size()) {
       Warn(Kind::NativeIncomplete, native, {}, {}, found.references.size(), items.size());
@@ -97,6 +98,7 @@ class Verifier {
   bool withSongs_;
   MoveResult& result_;
   WorkReport& report_;
+  NativeReader reader_;
   std::vector<std::optional<bool>> rightSize_;  // by song
 };
 

@@ -7,7 +7,6 @@
 #include "automation/RunTimeError.h"
 #include "controller/HeaderSniffer.h"
 #include "lists/ListedFile.h"
-#include "lists/ReferenceFinder.h"
 #include "model/PlaylistTypes.h"
 #include "move/LibraryCalls.h"
 #include "services/ObserverScope.h"
@@ -60,16 +59,23 @@ bool ReadByLibrary(Component& library, const String& path, ReferenceWatcher& wat
   return ReadInto(*library.Create(u"PlayList"), path, type);
 }
 
-std::vector<VerifiedReference> ReadPatiently(Component& library, const String& path) {
-  const std::string bytes = ReadWholeFile(*library.Files().OpenForReading(path));
+bool HasMissing(const std::vector<VerifiedReference>& references) {
+  return std::any_of(references.begin(), references.end(), [](const VerifiedReference& row) {
+    return row.kind == VerifiedReference::Kind::Missing;
+  });
+}
+
+}  // namespace
+
+std::vector<VerifiedReference> NativeReader::ReadPatiently(const String& path) {
+  const std::string bytes = ReadWholeFile(*library_.Files().OpenForReading(path));
   const std::optional<ListedFile> file =
-      ReadListFile(LastComponent(path), bytes, library.Machine().AnsiPage());
+      ReadListFile(LastComponent(path), bytes, library_.Machine().AnsiPage());
   std::vector<VerifiedReference> references;
   if (!file || file->lists.empty()) return references;
-  ReferenceFinder finder(library);
   for (const ListedItem& item : file->lists.front().items) {
     if (item.maybeComment) continue;
-    const FoundReference found = finder.Find(item.references.front(), ParentFolder(path));
+    const FoundReference found = finder_.Find(item.references.front(), ParentFolder(path));
     using Kind = VerifiedReference::Kind;
     Kind kind = Kind::Found;
     if (found.kind == FoundReference::Kind::Address) kind = Kind::Address;
@@ -79,22 +85,14 @@ std::vector<VerifiedReference> ReadPatiently(Component& library, const String& p
   return references;
 }
 
-bool HasMissing(const std::vector<VerifiedReference>& references) {
-  return std::any_of(references.begin(), references.end(), [](const VerifiedReference& row) {
-    return row.kind == VerifiedReference::Kind::Missing;
-  });
-}
-
-}  // namespace
-
-VerifiedPlaylist ReadNative(Component& library, const String& path) {
-  ReferenceWatcher watcher(library.Files());
+VerifiedPlaylist NativeReader::Read(const String& path) {
+  ReferenceWatcher watcher(library_.Files());
   try {
-    const bool whole = ReadByLibrary(library, path, watcher);
+    const bool whole = ReadByLibrary(library_, path, watcher);
     if (whole && !HasMissing(watcher.references)) {
       return {path, std::move(watcher.references), true};
     }
-    std::vector<VerifiedReference> patient = ReadPatiently(library, path);
+    std::vector<VerifiedReference> patient = ReadPatiently(path);
     if (!whole || patient.size() == watcher.references.size()) {
       return {path, std::move(patient), true};
     }

@@ -1,14 +1,27 @@
 #pragma once
 
+#include "lists/ReferenceFinder.h"
 #include "move/VerifyPlaylists.h"
 #include "services/Component.h"
 
 namespace norvo {
 
-/// Reads a native playlist with the library and looks at each reference, in order. Where the
+/// Reads native playlists with the library and looks at each reference, in order. Where the
 /// library's readers give up, the patient reader has a look: at a list that has more lines than
-/// they take, and at references that they miss, such as "https://" addresses. The component's
-/// observer does not hear of the library's reading.
-VerifiedPlaylist ReadNative(Component& library, const String& path);
+/// they take, and at references that they miss, such as "https://" addresses.
+class NativeReader {
+ public:
+  /// The component must outlive this; nobody may move songs meanwhile.
+  explicit NativeReader(Component& library) : library_(library), finder_(library) {}
+
+  /// The component's observer does not hear of the library's reading.
+  VerifiedPlaylist Read(const String& path);
+
+ private:
+  std::vector<VerifiedReference> ReadPatiently(const String& path);
+
+  Component& library_;
+  ReferenceFinder finder_;
+};
 
 }  // namespace norvo

@@ -37,6 +37,26 @@ FileTime InSeconds(std::int64_t nanoseconds) {
   return nanoseconds / 1'000'000'000;
 }
 
+/// A path in full of which nothing is to be dropped, which is the usual case.
+bool IsPlaceAlready(StringView path) {
+  if (!IsAbsolutePath(path) || IsSeparator(path.back())) return false;
+  char16_t before = u'\0';
+  for (const char16_t unit : path) {
+    if (unit == u'\\' && (before == u'.' || before == u' ')) return false;
+    before = unit;
+  }
+  return true;
+}
+
+/// Visits the keys of the folders above a key, the innermost first.
+template <class Visit>
+void ForEachKeyAbove(StringView key, Visit&& visit) {
+  for (std::size_t end = key.rfind(u'\\'); end != StringView::npos && end > 0;
+       end = key.rfind(u'\\', end - 1)) {
+    visit(String(key.substr(0, end)));
+  }
+}
+
 }  // namespace
 
 class OverlayFiles::OpenedFile final : public BinaryFile {
@@ -74,6 +94,7 @@ StringView OverlayFiles::Place::Folder() const {
 OverlayFiles::Place OverlayFiles::PlaceOf(StringView path) const {
   Place place;
   if (path.empty()) return place;
+  if (IsPlaceAlready(path)) return {String(path), Fold(path), false};
   const String absolute = below_.Files().AbsolutePathName(path);
   StringView rest = absolute;
   while (!rest.empty()) {
@@ -94,13 +115,12 @@ OverlayFiles::Place OverlayFiles::PlaceOf(StringView path) const {
 const OverlayFiles::Node* OverlayFiles::Find(const Place& place) const {
   if (place.key.empty()) return nullptr;
   static const Node kPretendedFolder;
-  const String prefix = place.key + u'\\';
-  const auto inside = pretended_.lower_bound(prefix);
-  if (inside != pretended_.end() && inside->first.starts_with(prefix)) return &kPretendedFolder;
-  for (const Tree* const tree : {&pretended_, &written_}) {
-    if (const auto found = tree->find(place.key); found != tree->end()) return &found->second;
+  if (pretendedFolders_.contains(place.key)) return &kPretendedFolder;
+  if (const auto found = pretended_.find(place.key); found != pretended_.end()) {
+    return &found->second;
   }
-  return nullptr;
+  const auto found = written_.find(place.key);
+  return found == written_.end() ? nullptr : &found->second;
 }
 
 /// Raises when the path names no file; null when the machine below is to be asked.
@@ -154,19 +174,37 @@ std::shared_ptr<OverlayFiles::Content> OverlayFiles::Keep(const Place& place, Co
   if (!node.content) node.path = before ? String(place.Folder()) + before->name : place.path;
   node.kind = Node::Kind::File;
   node.content = std::make_shared<Content>(std::move(content));
-  pretended_.erase(place.key);
+  TakeBack(place);
   return node.content;
 }
 
 void OverlayFiles::Pretend(StringView path, const FileFacts& facts) {
   Place place = PlaceOf(path);
   RequireFreeForFile(path, place);
-  MissingFolders(place.Folder());
+  // A folder above another pretended file can be created.
+  const bool isKnown = pretendedFolders_.contains(place.key.substr(0, place.key.rfind(u'\\')));
+  if (!isKnown) MissingFolders(place.Folder());
   if (EqualsIgnoreCase(facts.name, LastComponent(place.path))) {
     place.path = String(place.Folder()) + facts.name;
   }
-  Node& node = pretended_[place.key] = {Node::Kind::File, std::move(place.path), {}, facts, 0};
+  const auto [pretended, isNew] = pretended_.try_emplace(place.key);
+  Node& node = pretended->second = {Node::Kind::File, std::move(place.path), {}, facts, 0};
   node.facts.name = LastComponent(node.path);
+  if (!isNew) return;
+  ForEachKeyAbove(place.key, [this](const String& folder) { ++pretendedFolders_[folder]; });
+}
+
+void OverlayFiles::TakeBack(const Place& place) {
+  if (pretended_.erase(place.key) == 0) return;
+  ForEachKeyAbove(place.key, [this](const String& folder) {
+    const auto counted = pretendedFolders_.find(folder);
+    if (--counted->second == 0) pretendedFolders_.erase(counted);
+  });
+}
+
+void OverlayFiles::TakeBackAll() {
+  pretended_.clear();
+  pretendedFolders_.clear();
 }
 
 std::optional<std::string> OverlayFiles::Written(StringView path) const {
@@ -243,7 +281,7 @@ void OverlayFiles::RemoveFile(StringView path, bool) {
   const Place place = PlaceOf(path);
   const bool isBelow = below_.Files().FileExists(path);
   if (RequireFile(path) == nullptr && !isBelow) RaiseMissing(path);
-  pretended_.erase(place.key);
+  TakeBack(place);
   written_.erase(place.key);
   if (isBelow) written_[place.key] = {Node::Kind::Deleted, place.path, {}, {}, 0};
 }
@@ -284,17 +322,21 @@ std::unique_ptr<AppendFile> OverlayFiles::OpenForAppending(StringView path, bool
 OverlayFiles::Tree OverlayFiles::ChildrenOf(const Place& folder) const {
   const String prefix = folder.key + u'\\';
   Tree children;
-  for (const Tree* const tree : {&pretended_, &written_}) {
-    for (auto at = tree->lower_bound(prefix); at != tree->end() && at->first.starts_with(prefix);
-         ++at) {
-      const std::size_t end = at->first.find(u'\\', prefix.size());
-      const bool direct = end == String::npos;
-      const std::size_t length = direct ? end : end - prefix.size();
-      Node child;
-      child.kind = direct ? at->second.kind : Node::Kind::Folder;
-      child.path = at->second.path.substr(prefix.size(), length);
-      children.try_emplace(at->first.substr(prefix.size(), length), std::move(child));
-    }
+  const auto add = [&](const String& key, const Node& node) {
+    const std::size_t end = key.find(u'\\', prefix.size());
+    const bool direct = end == String::npos;
+    const std::size_t length = direct ? end : end - prefix.size();
+    Node child;
+    child.kind = direct ? node.kind : Node::Kind::Folder;
+    child.path = node.path.substr(prefix.size(), length);
+    children.try_emplace(key.substr(prefix.size(), length), std::move(child));
+  };
+  for (const auto& [key, node] : pretended_) {
+    if (key.starts_with(prefix)) add(key, node);
+  }
+  for (auto at = written_.lower_bound(prefix);
+       at != written_.end() && at->first.starts_with(prefix); ++at) {
+    add(at->first, at->second);
   }
   return children;
 }

@@ -20,8 +20,8 @@ class OverlayFiles final : public FileSystem, public SettingsStorage {
   void Remember() { remembers_ = true; }
   void Forget();
   void Pretend(StringView path, const FileFacts& facts);
-  void TakeBack(StringView path) { pretended_.erase(PlaceOf(path).key); }
-  void TakeBackAll() { pretended_.clear(); }
+  void TakeBack(StringView path) { TakeBack(PlaceOf(path)); }
+  void TakeBackAll();
   std::optional<std::string> Written(StringView path) const;
   std::vector<String> WrittenPaths() const;
   /// Creates the folder and those above it that are missing. Error 75 when a file is in the way,
@@ -82,14 +82,17 @@ class OverlayFiles final : public FileSystem, public SettingsStorage {
   bool FolderExistsBelow(const Place& place, StringView path);
   std::optional<FileFacts> FactsBelow(const Place& place, StringView path);
   bool IsInMissingFolder(const Place& place) const;
+  void TakeBack(const Place& place);
   void RequireFreeForFile(StringView path, const Place& place);
   std::shared_ptr<Content> Keep(const Place& place, Content content);
   Tree ChildrenOf(const Place& folder) const;
   [[noreturn]] void RaiseMissing(StringView path);
 
   Platform& below_;
-  Tree written_;    // with all folders that were created, and all files that were deleted
-  Tree pretended_;  // files alone: the folders above them go with them
+  Tree written_;  // with all folders that were created, and all files that were deleted
+  // Thousands are pretended and asked for one by one, which a hash answers quicker than a tree.
+  std::unordered_map<String, Node> pretended_;  // files alone: the folders above them go with them
+  std::unordered_map<String, std::size_t> pretendedFolders_;  // by key; files in and below each
   std::size_t lastOrder_ = 0;
   bool remembers_ = false;
   // Answers of the machine below, by key.
