@@ -31,7 +31,7 @@ void AddReason(Json& document, const std::string& reason, const char* code) {
   document["reasonCode"] = code;
 }
 
-void AddPath(Json& document, const char* key, const String& path) {
+void AddPath(Json& document, const char* key, StringView path) {
   if (!path.empty()) document[key] = ToUtf8(path);
 }
 

@@ -257,7 +257,9 @@ class Page {
   /// "Artist - Title" as far as known, else the file's name.
   static String ShownName(const MovedItem& item, StringView fileName) {
     if (item.title.empty()) return String(fileName);
-    return item.artist.empty() ? item.title : item.artist + u" - " + item.title;
+    String name(item.artist);
+    if (!name.empty()) name += u" - ";
+    return name.append(item.title);
   }
 
   void Song(const MovedSong& song, const MovedItem& item) {

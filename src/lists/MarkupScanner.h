@@ -31,9 +31,9 @@ class MarkupScanner {
   StringView TextBefore() const { return text_.substr(textStart_, textEnd_ - textStart_); }
 
   /// True for <name ...> and <name ... />.
-  bool Opens(StringView name) const { return !closes_ && EqualsIgnoreCase(name_, name); }
+  bool Opens(StringView name) const { return !closes_ && IsNamed(name); }
   /// True for </name>.
-  bool Closes(StringView name) const { return closes_ && EqualsIgnoreCase(name_, name); }
+  bool Closes(StringView name) const { return closes_ && IsNamed(name); }
   /// True for <name ... />.
   bool IsSelfClosing() const { return selfClosing_; }
   /// True for </name>, whatever the name.
@@ -45,6 +45,10 @@ class MarkupScanner {
   StringView Attribute(StringView name) const;
 
  private:
+  /// Asked several times of each tag, and answered by the length alone for most names.
+  bool IsNamed(StringView name) const {
+    return name_.size() == name.size() && EqualsIgnoreCase(name_, name);
+  }
   bool SkipComment(std::size_t open);
   bool StartsTag(std::size_t open) const;
   bool ReadTag(std::size_t open);

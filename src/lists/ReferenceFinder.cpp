@@ -40,9 +40,15 @@ FoundReference ReferenceFinder::Find(StringView reference, StringView folder) {
   String key(reference);
   const bool isFull = HasDrive(reference) && reference.substr(2).starts_with(u'\\');
   if (!isFull) key.append(1, u'\0').append(folder);
-  if (const auto known = found_.find(key); known != found_.end()) return known->second;
-  FoundReference found = LookFor(reference, folder);
-  if (found_.size() < kMostKnown) found_.emplace(std::move(key), found);
+  auto known = found_.find(key);
+  if (known == found_.end()) {
+    FoundReference found = LookFor(reference, folder);
+    if (found_.size() >= kMostKnown || found.path.empty()) return found;
+    if (found.path == reference) found.path = {};
+    known = found_.emplace(std::move(key), std::move(found)).first;
+  }
+  FoundReference found = known->second;
+  if (found.path.empty()) found.path = reference;
   return found;
 }
 

@@ -51,8 +51,9 @@ class ReferenceFinder {
   using Names = std::unordered_map<String, String>;  // as on disk, by the folded spelling
 
   Component& component_;
-  std::unordered_map<String, FoundReference> found_;  // by the reference, with its folder
-  std::unordered_map<String, Names> names_;           // that are not ASCII, by the folder
+  // By the reference, with its folder; the path is empty where it is the reference itself.
+  std::unordered_map<String, FoundReference> found_;
+  std::unordered_map<String, Names> names_;  // that are not ASCII, by the folder
 };
 
 }  // namespace norvo

@@ -5,10 +5,12 @@
 #include <vector>
 
 #include "automation/RunTimeError.h"
+#include "model/GenericSections.h"
 #include "move/Companion.h"
 #include "move/MoveError.h"
 #include "move/PortableNames.h"
 #include "services/NVServices.h"
+#include "services/ProfileFile.h"
 #include "text/Fingerprint.h"
 #include "text/Number.h"
 #include "text/WindowsPath.h"
@@ -29,7 +31,8 @@ std::string KeyOf(const MovedPlaylist& playlist, const PlaylistDraft& draft, std
                                      draft.content};
   for (const MovedItem& item : playlist.items) {
     if (!item.IsCarried()) continue;
-    fields.push_back(FingerprintOf(item.IsSong() ? songs[item.song].plainPlace : item.reference));
+    const StringView place = item.IsSong() ? songs[item.song].plainPlace : item.reference;
+    fields.push_back(FingerprintOf(place));
   }
   return TextOf(FingerprintOf(fields));
 }
@@ -44,10 +47,13 @@ class Carrier {
     }
   }
 
-  void Carry(MovedPlaylist& playlist, const PlaylistDraft& draft) {
+  void Carry(MovedPlaylist& playlist, PlaylistDraft& draft) {
     playlist.carried = ledger_.CarriedFor(draft.key);
     if (playlist.carried.empty()) {
-      Write(playlist, draft.bytes);
+      const std::string bytes =
+          EncodeSettings(draft.document.ToText(), library_.Machine().AnsiPage());
+      draft.print = TextOf(FingerprintOf(bytes));
+      Write(playlist, bytes);
     } else {
       SetNatives(playlist, ledger_.NativesOf(playlist.carried));
       playlist.state = MovedPlaylist::State::AlreadyRestored;
@@ -106,6 +112,9 @@ void CarryGenericFiles(Component& library, RestoreLedger& ledger, MoveWork& work
     } catch (const RunTimeError& failure) {
       LeaveOut(playlist, MovedPlaylist::Fault::NotCarried, failure.Description());
     }
+    const std::size_t globals = draft.document.FindSection(kGlobalSection);
+    draft.originalName = draft.document.Value(globals, u"OriginalFileName").value_or(StringView());
+    draft.document = {};  // nobody asks for the rest of it any more
   }
 }
 

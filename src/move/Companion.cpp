@@ -4,7 +4,6 @@
 #include <cmath>
 #include <utility>
 
-#include "model/GenericSections.h"
 #include "move/PortableNames.h"
 #include "services/DataCop.h"
 #include "text/Encoding.h"
@@ -20,8 +19,9 @@ constexpr StringView kLineEnd = u"\r\n";
 
 /// "Artist - Title", or the one of both that is known.
 String ShownName(const ToldDetails& told) {
-  if (told.artist.empty() || told.title.empty()) return told.artist + told.title;
-  return told.artist + u" - " + told.title;
+  String name(told.artist);
+  if (!told.artist.empty() && !told.title.empty()) name += u" - ";
+  return name.append(told.title);
 }
 
 /// Whole seconds; "-1" where the length is not known, as players have it.
@@ -44,12 +44,11 @@ void SetNatives(MovedPlaylist& playlist, std::vector<String> paths) {
   playlist.natives = std::move(paths);
 }
 
-String NewCompanionPath(Component& library, const IniDocument& genericFile) {
+String NewCompanionPath(Component& library, StringView originalName) {
   const String folder =
       DataCop::GetSubNamePath(library, DataCop::kPlayListSlot) + String(kCompanionFolder) + u'\\';
-  const std::size_t globals = genericFile.FindSection(kGlobalSection);
-  const String original(genericFile.Value(globals, u"OriginalFileName").value_or(StringView()));
-  const String name = PortableName(original.substr(0, original.find(u'.'))) + String(kExtension);
+  const String name =
+      PortableName(originalName.substr(0, originalName.find(u'.'))) + String(kExtension);
   const auto isFree = [&](const String& path) {
     return !library.Files().FileExists(path) && !library.Files().FolderExists(path);
   };
@@ -69,7 +68,8 @@ std::string CompanionText(const MovedPlaylist& playlist, const std::vector<ToldD
     if (name.empty() && item.IsSong()) name = BaseName(songs[item.song].place);
     if (!name.empty())
       text += u"#EXTINF:" + Seconds(told[i].seconds) + u"," + name + String(kLineEnd);
-    text += (item.IsSong() ? songs[item.song].place : item.reference) + String(kLineEnd);
+    const StringView place = item.IsSong() ? songs[item.song].place : item.reference;
+    text.append(place).append(kLineEnd);
   }
   return std::string(kByteOrderMark) + ToUtf8(text);
 }

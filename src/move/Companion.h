@@ -2,7 +2,6 @@
 
 #include "move/MoveWork.h"
 #include "services/Component.h"
-#include "services/IniDocument.h"
 #include "text/Text.h"
 
 namespace norvo {
@@ -19,9 +18,10 @@ bool IsCompanion(StringView path);
 /// Takes over what a playlist was made into: the files of the players, and its companion.
 void SetNatives(MovedPlaylist& playlist, std::vector<String> paths);
 
-/// A full path for the companion of a playlist with that generic file, which no file has. It has
-/// the playlist's own name, while the players' files lose some letters of theirs.
-String NewCompanionPath(Component& library, const IniDocument& genericFile);
+/// A full path for the companion of a playlist whose generic file tells that original name, which
+/// no file has. It has the playlist's own name, while the players' files lose some letters of
+/// theirs.
+String NewCompanionPath(Component& library, StringView originalName);
 
 /// Its text, with a byte order mark. A song that has no place is no part of it.
 std::string CompanionText(const MovedPlaylist& playlist, const std::vector<ToldDetails>& told,

@@ -1,9 +1,13 @@
 #pragma once
 
+#include <cstdint>
+#include <deque>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
+#include "move/GenericDraft.h"
 #include "services/Component.h"
-#include "services/IniDocument.h"
 
 namespace norvo {
 
@@ -22,13 +26,22 @@ class EntryQuestions {
   explicit EntryQuestions(Component& library) : library_(library) {}
 
   /// All entries of a generic file, as if no file stood at their old addresses: what stands there
-  /// may have been put there by an earlier run.
-  std::vector<EntryAnswer> AskAll(const IniDocument& genericFile);
+  /// may have been put there by an earlier run. The answers stay where they are; entries whose
+  /// sections are equal share one.
+  std::vector<const EntryAnswer*> AskAll(const GenericDraft& genericFile);
   /// An entry with these names.
   EntryAnswer Ask(const EntryAnswer& names);
+  /// The same answer as one that stays where it is, as those of `AskAll` do.
+  const EntryAnswer& Keep(EntryAnswer answer) { return answers_.emplace_back(std::move(answer)); }
 
  private:
+  std::vector<EntryAnswer> Read(IniDocument genericFile);
+  bool AskNew(const GenericDraft& genericFile, std::size_t count);
+  std::vector<const EntryAnswer*> AskWhole(const GenericDraft& genericFile);
+
   Component& library_;
+  std::deque<EntryAnswer> answers_;
+  std::unordered_map<SectionPool::Id, const EntryAnswer*> bySection_;
 };
 
 }  // namespace norvo

@@ -59,6 +59,7 @@ class Counter {
         withSongs_(withSongs),
         result_(work.result),
         report_(work.report),
+        seen_(work.newLists),
         finder_(to),
         old_(from.Files()),
         new_(to.Files()),
@@ -72,8 +73,11 @@ class Counter {
   void Playlist(const MovedPlaylist& playlist) {
     ++result_.count.playlists;
     bool whole = !playlist.companion.empty() && !LacksSong(playlist);
-    for (const String& native : playlist.natives) whole = Form(playlist, native, true) && whole;
-    if (!playlist.companion.empty()) whole = Form(playlist, playlist.companion, false) && whole;
+    const Items plain = Expected(playlist, true);
+    for (const String& native : playlist.natives) whole = Form(plain, native, true) && whole;
+    if (!playlist.companion.empty()) {
+      whole = Form(Expected(playlist, false), playlist.companion, false) && whole;
+    }
     if (whole) ++result_.count.wholePlaylists;
   }
 
@@ -87,6 +91,26 @@ class Counter {
   }
 
  private:
+  /// What a new form of a playlist should list.
+  struct Items {
+    std::vector<const MovedItem*> items;
+    std::vector<Fingerprint> references;  // of the players' own lists
+  };
+
+  Items Expected(const MovedPlaylist& playlist, bool isPlain) const {
+    Items expected;
+    for (const MovedItem& item : playlist.items) {
+      // The one for players of today leaves out what has no place.
+      const bool isNowhere = item.IsSong() && result_.songs[item.song].place.empty();
+      if (!item.IsCarried() || (!isPlain && isNowhere)) continue;
+      expected.items.push_back(&item);
+      if (!isPlain) continue;
+      expected.references.push_back(FingerprintOf(
+          item.IsSong() ? result_.songs[item.song].plainPlace : AsTold(item.reference, isPlain)));
+    }
+    return expected;
+  }
+
   bool LacksSong(const MovedPlaylist& playlist) const {
     return std::any_of(playlist.items.begin(), playlist.items.end(), [this](const MovedItem& item) {
       return item.IsSong() && result_.songs[item.song].state == MovedSong::State::LeftOut;
@@ -94,14 +118,12 @@ class Counter {
   }
 
   /// One of the files that a playlist has become.
-  bool Form(const MovedPlaylist& playlist, const String& path, bool isPlain) {
-    std::vector<const MovedItem*> expected;
-    for (const MovedItem& item : playlist.items) {
-      // The one for players of today leaves out what has no place.
-      const bool isNowhere = item.IsSong() && result_.songs[item.song].place.empty();
-      if (item.IsCarried() && (isPlain || !isNowhere)) expected.push_back(&item);
-    }
-    const std::vector<ListedItem> found = ItemsOf(path);
+  bool Form(const Items& wanted, const String& path, bool isPlain) {
+    const std::string bytes = BytesOf(path);
+    // Without songs there is nothing more to it than what verifying has seen in these bytes.
+    if (isPlain && !withSongs_ && seen_.Lists(path, bytes, wanted.references)) return true;
+    const std::vector<const MovedItem*>& expected = wanted.items;
+    const std::vector<ListedItem> found = ItemsIn(path, bytes);
     bool right = found.size() == expected.size();
     if (!right) Warn(Kind::CountedListWrong, path, {}, {}, found.size(), expected.size());
     for (std::size_t i = found.size(); i < expected.size(); ++i) NoteUnreached(*expected[i]);
@@ -114,14 +136,17 @@ class Counter {
     return right;
   }
 
-  std::vector<ListedItem> ItemsOf(const String& path) {
-    return AnswerOr(std::vector<ListedItem>(), [&] {
-      const std::string bytes = ReadWholeFile(*to_.Files().OpenForReading(path));
-      std::optional<ListedFile> file =
-          ReadListFile(LastComponent(path), bytes, to_.Machine().AnsiPage());
-      if (!file || file->lists.empty()) return std::vector<ListedItem>();
-      return std::move(file->lists.front().items);
-    });
+  /// Empty for a file that cannot be read.
+  std::string BytesOf(const String& path) {
+    return AnswerOr(std::string(),
+                    [&] { return ReadWholeFile(*to_.Files().OpenForReading(path)); });
+  }
+
+  std::vector<ListedItem> ItemsIn(const String& path, std::string_view bytes) {
+    std::optional<ListedFile> file =
+        ReadListFile(LastComponent(path), bytes, to_.Machine().AnsiPage());
+    if (!file || file->lists.empty()) return {};
+    return std::move(file->lists.front().items);
   }
 
   bool Song(std::size_t number, const String& reference, const String& path) {
@@ -148,11 +173,16 @@ class Counter {
     return left && left == new_.Of(place);
   }
 
-  bool Address(const String& wanted, const String& reference, const String& path, bool isPlain) {
-    const CodePage& page = to_.Machine().AnsiPage();
-    if (reference == (isPlain ? page.Decode(page.Encode(wanted)) : wanted)) return true;
-    Warn(Kind::CountedSongWrong, path, reference, wanted);
+  bool Address(StringView wanted, const String& reference, const String& path, bool isPlain) {
+    if (reference == AsTold(wanted, isPlain)) return true;
+    Warn(Kind::CountedSongWrong, path, reference, String(wanted));
     return false;
+  }
+
+  /// An address as a list can tell it.
+  String AsTold(StringView address, bool isPlain) const {
+    const CodePage& page = to_.Machine().AnsiPage();
+    return isPlain ? page.Decode(page.Encode(address)) : String(address);
   }
 
   void Warn(Kind kind, const String& subject, const String& detail, const String& wanted,
@@ -165,6 +195,7 @@ class Counter {
   bool withSongs_;
   MoveResult& result_;
   WorkReport& report_;
+  const SeenLists& seen_;
   ReferenceFinder finder_;
   Samples old_;
   Samples new_;

@@ -57,7 +57,8 @@ class NewMachine {
  public:
   NewMachine(const MoveMachines& machines, bool dryRun, WorkReport& report)
       : dryRun_(dryRun),
-        library_(std::make_shared<SettingsMemory>(machines.to), MachineSide::New, report) {
+        machine_(std::make_shared<SettingsMemory>(machines.to)),
+        library_(machine_, MachineSide::New, report) {
     const auto setUp = [&](Component& library) {
       SetupWishes wishes;  // a machine that has a role already keeps it
       if (!ReadProductSettings(library).role) wishes.role = Utility::role::kDestination;
@@ -86,6 +87,7 @@ class NewMachine {
     if (!dryRun_) plan_->TakeBackAll();
     plan_->Forget();
   }
+  SettingsMemory& Memory() { return *machine_; }
 
  private:
   /// Both components are over one machine, whose table is read once.
@@ -95,6 +97,7 @@ class NewMachine {
   }
 
   bool dryRun_;
+  std::shared_ptr<SettingsMemory> machine_;
   OpenedLibrary library_;
   std::shared_ptr<OverlayPlatform> plan_ = std::make_shared<OverlayPlatform>(library_.Machine());
   std::unique_ptr<Component> planLibrary_ = OpenLibrary(plan_);
@@ -120,26 +123,24 @@ void DropUnused(MoveResult& move) {
 }
 
 /// Of several paths that lead to one file, as the links of a disk make them, only the first.
-void DropSecondPaths(std::vector<String>& media, MediaPlacer& placer) {
-  std::unordered_set<std::string> identities;
-  std::erase_if(media, [&](const String& path) {
-    return !identities.insert(placer.IdentityOf(path)).second;
-  });
+void DropSecondPaths(std::vector<String>& media, SongIdentities& identities) {
+  std::unordered_set<std::string> met;
+  std::erase_if(media, [&](const String& path) { return !met.insert(identities.Of(path)).second; });
 }
 
 /// The music that no playlist names: it comes along when all is wished for, else it is told of.
-void AddUnlisted(const Stock& stock, FileSystem& files, MediaPlacer& placer, bool allMusic,
+void AddUnlisted(const Stock& stock, FileSystem& files, SongIdentities& identities, bool allMusic,
                  MoveResult& move) {
   std::unordered_set<String> listed;
-  std::unordered_set<std::string> identities;
+  std::unordered_set<std::string> met;
   for (const MovedSong& song : move.songs) {
     listed.insert(Fold(song.source));
-    identities.insert(placer.IdentityOf(song.source));
+    met.insert(identities.Of(song.source));
   }
   for (const String& path : stock.media) {
     // A link may lead to the same file by another path.
     if (listed.contains(Fold(path))) continue;
-    if (!identities.insert(placer.IdentityOf(path)).second) continue;
+    if (!met.insert(identities.Of(path)).second) continue;
     const std::optional<FileFacts> facts = files.FactsOf(path);
     const double size = facts ? facts->size : 0;
     if (!allMusic) {
@@ -158,13 +159,14 @@ void AddUnlisted(const Stock& stock, FileSystem& files, MediaPlacer& placer, boo
 void Gather(OldMachine& old, const MoveOptions& options, MediaPlacer& placer, MoveWork& work) {
   Component& library = old.Library();
   Stock stock = TakeStock(library, work.report);
-  DropSecondPaths(stock.media, placer);
+  SongIdentities identities(placer);
+  DropSecondPaths(stock.media, identities);
   CollectResult collected;
   CollectForMove(library, old.Settings(), work.report, collected);
-  SongBook songs(library.Files(), placer, work.result.songs);
+  SongBook songs(library.Files(), identities, work.result.songs);
   Rescue(library, old.Settings(), stock, songs, work).Run(collected);
   DropUnused(work.result);
-  AddUnlisted(stock, library.Files(), placer, options.allMusic, work.result);
+  AddUnlisted(stock, library.Files(), identities, options.allMusic, work.result);
   CompleteDetails(library, work);
 }
 
@@ -178,6 +180,7 @@ void TellSettledSongs(const MoveWork& work, bool bringing) {
 }
 
 void Restore(NewMachine& machine, RestoreLedger& ledger, MoveWork& work) {
+  machine.Memory().RememberMissing();
   try {
     RestoreCarried(machine.Library(), ledger, work);
   } catch (const RunTimeError& failure) {
@@ -187,6 +190,7 @@ void Restore(NewMachine& machine, RestoreLedger& ledger, MoveWork& work) {
       LeaveOut(playlist, MovedPlaylist::Fault::NotNoted, failure.Description());
     }
   }
+  machine.Memory().ForgetMissing();
   for (const MovedPlaylist& playlist : work.result.playlists) {
     work.report.Observer().OnPlaylist(playlist);
   }
@@ -228,7 +232,8 @@ MoveResult MovePlaylists(const MoveMachines& machines, const MoveOptions& option
                          WorkObserver& observer) {
   MoveResult result;
   WorkReport report(observer, result.warnings);
-  MoveWork work{result, report, {}, {}};
+  MoveWork work{result, report, {}, {}, {}, {}};
+  result.texts = work.sections.SharedTexts();
   StreamPlacer streams(machines.from->Files(), machines.to->Files());
   StreamPlacer names(machines.to->Files(), machines.to->Files());
   MediaPlacer& placer = machines.placer != nullptr ? *machines.placer : streams;

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -47,7 +48,8 @@ struct MovedSong {
   String systemReason;                        ///< what the system said of the failure; may be empty
 };
 
-/// One item of a playlist and what becomes of it.
+/// One item of a playlist and what becomes of it. A move has very many: their texts stand in a
+/// pool, each once, and hold as long as `MoveResult::texts`.
 struct MovedItem {
   /// What becomes of it.
   enum class Fate {
@@ -60,13 +62,13 @@ struct MovedItem {
 
   Fate fate = Fate::Song;          ///< decides which of the others are set
   std::size_t song = 0;            ///< 0-based number among the move's songs
-  String reference;                ///< of an address as it goes along; of all else as it was listed
+  StringView reference;            ///< of an address as it goes along; of all else as it was listed
   std::size_t entry = 0;           ///< 1-based number in the new playlist; 0 for what is left out
   bool foundElsewhere = false;     ///< the song is not where the reference points
   std::vector<String> candidates;  ///< full paths on the old machine, of many the first ten
   std::size_t candidateCount = 0;  ///< all of them; only of what is ambiguous
-  String artist;                   ///< as far as the playlist or the song's tag tells it
-  String title;                    ///< the same
+  StringView artist;               ///< as far as the playlist or the song's tag tells it
+  StringView title;                ///< the same
 
   /// True for a song of the move.
   bool IsSong() const { return fate == Fate::Song; }
@@ -205,6 +207,7 @@ struct MoveLog {
 
 /// A whole move as data: what was found, what became of it.
 struct MoveResult {
+  std::shared_ptr<const void> texts;     ///< keeps those that the playlists' items view
   std::vector<MovedPlaylist> playlists;  ///< in the order of the scan
   std::vector<MovedSong> songs;          ///< each once, however many playlists name it
   std::vector<UnlistedSong> unlisted;    ///< in the order of their folders

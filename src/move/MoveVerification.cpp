@@ -19,7 +19,7 @@ class Verifier {
         withSongs_(withSongs),
         result_(work.result),
         report_(work.report),
-        reader_(library),
+        reader_(library, work.newLists),
         rightSize_(Songs()) {}
 
   void Playlist(const MovedPlaylist& playlist) {
@@ -35,7 +35,7 @@ class Verifier {
     for (const String& native : playlist.natives) Native(items, native);
     for (const MovedItem* const item : items) {
       if (item->IsSong() || library_.Machine().AnsiPage().Fits(item->reference)) continue;
-      Warn(Kind::UntellableAddress, playlist.source, item->reference);
+      Warn(Kind::UntellableAddress, playlist.source, String(item->reference));
     }
   }
 
@@ -72,10 +72,10 @@ class Verifier {
     }
   }
 
-  void Address(const String& address, const VerifiedReference& found, const String& native) {
+  void Address(StringView address, const VerifiedReference& found, const String& native) {
     const CodePage& page = library_.Machine().AnsiPage();
     if (found.reference == page.Decode(page.Encode(address))) return;
-    Warn(Kind::ChangedAddress, native, found.reference, address);
+    Warn(Kind::ChangedAddress, native, found.reference, String(address));
   }
 
   /// Looked up once, however many playlists have the song.

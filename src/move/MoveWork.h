@@ -3,21 +3,21 @@
 #include <string>
 #include <vector>
 
-#include "lists/SongTags.h"
+#include "move/GenericDraft.h"
 #include "move/MoveResult.h"
+#include "move/SeenLists.h"
 #include "move/WorkReport.h"
-#include "services/IniDocument.h"
 #include "text/Fingerprint.h"
 
 namespace norvo {
 
-/// What a playlist tells of an item, and once the tags are read what is known of it; empty and 0
-/// for what is not.
+/// What a playlist tells of an item, and once the tags are read what is known of it; or what a
+/// song's tag tells. Empty and 0 for what is not told. The texts stand in the move's pool.
 struct ToldDetails {
-  String title;
-  String artist;
-  String album;
-  String genre;
+  StringView title;
+  StringView artist;
+  StringView album;
+  StringView genre;
   int track = 0;
   double seconds = 0;
 };
@@ -25,8 +25,9 @@ struct ToldDetails {
 /// A playlist on its way, beside what the result tells of it.
 struct PlaylistDraft {
   std::vector<ToldDetails> told;  ///< one for each of its items
-  IniDocument document;           ///< its generic file, as it is going to be carried
-  std::string bytes;              ///< of that file, once it is planned
+  GenericDraft document;          ///< its generic file, until it is carried
+  String originalName;            ///< which that file tells, of which new lists take their names
+  std::string print;              ///< fingerprint of that file, once it is carried
   Fingerprint content;            ///< of the playlist's own file
   std::string key;                ///< by which the new machine knows it again
 };
@@ -35,8 +36,10 @@ struct PlaylistDraft {
 struct MoveWork {
   MoveResult& result;
   WorkReport& report;
+  SectionPool sections;               ///< of all generic files
   std::vector<PlaylistDraft> drafts;  ///< one for each of the result's playlists
-  std::vector<SongTags> tags;         ///< one for each of the result's songs
+  std::vector<ToldDetails> tags;      ///< one for each of the result's songs
+  SeenLists newLists;                 ///< those that verifying has taken apart
 };
 
 /// Marks a playlist as left out.

@@ -73,7 +73,9 @@ std::vector<VerifiedReference> NativeReader::ReadPatiently(const String& path) {
       ReadListFile(LastComponent(path), bytes, library_.Machine().AnsiPage());
   std::vector<VerifiedReference> references;
   if (!file || file->lists.empty()) return references;
-  for (const ListedItem& item : file->lists.front().items) {
+  const std::vector<ListedItem>& items = file->lists.front().items;
+  seen_.Note(path, bytes, items);
+  for (const ListedItem& item : items) {
     if (item.maybeComment) continue;
     const FoundReference found = finder_.Find(item.references.front(), ParentFolder(path));
     using Kind = VerifiedReference::Kind;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "lists/ReferenceFinder.h"
+#include "move/SeenLists.h"
 #include "move/VerifyPlaylists.h"
 #include "services/Component.h"
 
@@ -11,8 +12,10 @@ namespace norvo {
 /// they take, and at references that they miss, such as "https://" addresses.
 class NativeReader {
  public:
-  /// The component must outlive this; nobody may move songs meanwhile.
-  explicit NativeReader(Component& library) : library_(library), finder_(library) {}
+  /// The component must outlive this, and so must `seen`, which is told of all that the patient
+  /// reader has read; nobody may move songs meanwhile.
+  NativeReader(Component& library, SeenLists& seen)
+      : library_(library), seen_(seen), finder_(library) {}
 
   /// The component's observer does not hear of the library's reading.
   VerifiedPlaylist Read(const String& path);
@@ -21,6 +24,7 @@ class NativeReader {
   std::vector<VerifiedReference> ReadPatiently(const String& path);
 
   Component& library_;
+  SeenLists& seen_;
   ReferenceFinder finder_;
 };
 

@@ -35,11 +35,9 @@ Fingerprint ContentOf(const ListedList& list) {
 
 }  // namespace
 
-PatientReader::PatientReader(Component& library, const Stock& stock, SongBook& songs)
-    : library_(library),
-      songs_(songs),
-      finder_(library),
-      search_(stock.media, library.Machine().AnsiPage()) {}
+PatientReader::PatientReader(Component& library, const Stock& stock, SongBook& songs,
+                             TextPool& texts)
+    : library_(library), songs_(songs), texts_(texts), finder_(library), stock_(stock) {}
 
 PatientReader::File PatientReader::Read(const String& path) {
   const std::string bytes = ReadWholeFile(*library_.Files().OpenForReading(path));
@@ -84,14 +82,14 @@ FoundItem PatientReader::Find(const ListedItem& listed, const String& folder, bo
   }
   FoundItem found;
   found.listed = listed;
-  found.item.reference = listed.references.front();
+  found.item.reference = texts_.Keep(listed.references.front());
   switch (best->kind) {
     case Kind::File:
       found.item.song = songs_.NumberOf(best->path, best->size);
       found.item.fate = MovedItem::Fate::Song;
       break;
     case Kind::Address:
-      found.item.reference = isMarkup ? DecodeEntities(best->path) : best->path;
+      found.item.reference = texts_.Keep(isMarkup ? DecodeEntities(best->path) : best->path);
       found.item.fate = MovedItem::Fate::Address;
       break;
     case Kind::NotMedia:
@@ -117,12 +115,18 @@ bool PatientReader::AreOneSong(const SongSearch::Found& found) {
   });
 }
 
+/// It knows all songs of the machine by name, which most machines need not.
+const SongSearch& PatientReader::Search() {
+  if (!search_) search_.emplace(stock_.media, library_.Machine().AnsiPage());
+  return *search_;
+}
+
 /// What is not where the references point may be elsewhere, since people move their music about.
 void PatientReader::SearchFor(const ListedItem& listed, MovedItem& item) {
   item.fate = MovedItem::Fate::NoSuchFile;
   if (listed.maybeComment) return;
   for (const String& reference : listed.references) {
-    const SongSearch::Found found = search_.Find(reference);
+    const SongSearch::Found found = Search().Find(reference);
     if (found.kind == SongSearch::Kind::None) continue;
     if (found.kind == SongSearch::Kind::Unique || AreOneSong(found)) {
       item.fate = MovedItem::Fate::Song;

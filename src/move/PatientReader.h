@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "lists/ListedFile.h"
@@ -8,6 +9,7 @@
 #include "move/MoveResult.h"
 #include "move/SongBook.h"
 #include "move/StockTaking.h"
+#include "move/TextPool.h"
 #include "services/Component.h"
 #include "text/Fingerprint.h"
 
@@ -39,8 +41,9 @@ class PatientReader {
     bool isDamaged = false;  ///< see ListedFile
   };
 
-  /// What is referred to must outlive this. Songs that are met are noted in the book.
-  PatientReader(Component& library, const Stock& stock, SongBook& songs);
+  /// What is referred to must outlive this. Songs that are met are noted in the book, texts of the
+  /// found items in the pool.
+  PatientReader(Component& library, const Stock& stock, SongBook& songs, TextPool& texts);
 
   /// RunTimeError when the file cannot be read.
   File Read(const String& path);
@@ -50,11 +53,14 @@ class PatientReader {
   FoundItem Find(const ListedItem& listed, const String& folder, bool isMarkup);
   bool AreOneSong(const SongSearch::Found& found);
   void SearchFor(const ListedItem& listed, MovedItem& item);
+  const SongSearch& Search();
 
   Component& library_;
   SongBook& songs_;
+  TextPool& texts_;
   ReferenceFinder finder_;
-  SongSearch search_;
+  const Stock& stock_;
+  std::optional<SongSearch> search_;  // made when the first song is missed
 };
 
 }  // namespace norvo

@@ -44,10 +44,10 @@ void PlaceChooser::Vote(std::size_t song, const EntryAnswer& answer) {
   if (votes_.size() <= song) votes_.resize(song + 1);
   std::vector<Candidate>& of = votes_[song];
   const auto same = std::find_if(of.begin(), of.end(), [&](const Candidate& candidate) {
-    return candidate.answer.place == answer.place;
+    return candidate.answer == &answer || candidate.answer->place == answer.place;
   });
   if (same == of.end()) {
-    of.push_back({answer, 1});
+    of.push_back({&answer, 1});
   } else {
     ++same->count;
   }
@@ -76,9 +76,9 @@ void PlaceChooser::Choose(std::size_t number, MovedSong& song) {
     return left.count > right.count;
   });
   for (const Candidate& vote : votes) {
-    if (Judge(song, vote.answer.place) == Fault::None) return Settle(number, song, vote.answer);
+    if (Judge(song, vote.answer->place) == Fault::None) return Settle(number, song, *vote.answer);
   }
-  EntryAnswer names = votes.front().answer;
+  EntryAnswer names = *votes.front().answer;
   const CodePage& page = library_.Machine().AnsiPage();
   if (names.fileName.empty()) names.fileName = LastComponent(song.source);
   names.fileName = PortableName(names.fileName, &page);
@@ -143,7 +143,7 @@ bool PlaceChooser::TryNames(std::size_t number, MovedSong& song, const EntryAnsw
   for (; mark < kMostNumbers; ++mark) {
     const Fault fault = Judge(song, answer.place);
     if (fault == Fault::None) {
-      Settle(number, song, answer);
+      Settle(number, song, entries_.Keep(answer));
       return true;
     }
     if (fault != Fault::Taken) return false;
@@ -160,21 +160,22 @@ bool PlaceChooser::KeepPlace(std::size_t number, MovedSong& song) {
   for (const auto& [place, artist, album, full] : known) {
     if (!overlay_.Files().FileExists(full.empty() ? place : full)) continue;
     if (Judge(song, place) != Fault::None) continue;
-    Settle(number, song, {place, artist, album, String(LastComponent(place))},
+    Settle(number, song, entries_.Keep({place, artist, album, String(LastComponent(place))}),
            full.empty() ? place : full);
     return true;
   }
   return false;
 }
 
+/// The answer must outlive this.
 void PlaceChooser::Settle(std::size_t number, MovedSong& song, const EntryAnswer& answer,
                           const String& knownFull) {
   song.plainPlace = answer.place;
-  chosen_[number] = answer;
+  chosen_[number] = &answer;
   Occupy(number, song, song.plainPlace);
   const bool isKept = knownFull == song.plainPlace ||
                       (!knownFull.empty() && Judge(song, knownFull, Spelling::Any) == Fault::None);
-  song.place = isKept ? knownFull : FullPlace(song, votes_[number].front().answer);
+  song.place = isKept ? knownFull : FullPlace(song, *votes_[number].front().answer);
   const bool isPlain = song.place == song.plainPlace;
   if (!isPlain) Occupy(number, song, song.place);
   ledger_.AddPlace(NameInLedger(song),

@@ -30,13 +30,13 @@ class PlaceChooser {
                MediaPlacer& placer, RestoreLedger& ledger);
 
   /// An entry of the song, by its 0-based number, would have it there. The place that most want
-  /// comes first.
+  /// comes first. The answer must outlive this.
   void Vote(std::size_t song, const EntryAnswer& answer);
   /// Chooses for all songs with a vote; those for which there is no place are marked as left out.
   void ChooseAll(MoveWork& work);
 
   /// The names of which the song's place is computed.
-  const EntryAnswer& ChosenFor(std::size_t song) const { return chosen_[song]; }
+  const EntryAnswer& ChosenFor(std::size_t song) const { return *chosen_[song]; }
   /// Why a song does not go where its entry would have it; `RelativeReference` when it does, and
   /// the entry only lacks the name.
   Adjustment::Reason WhyNot(std::size_t song, const String& place);
@@ -44,7 +44,7 @@ class PlaceChooser {
  private:
   /// An answer that several entries of one song give.
   struct Candidate {
-    EntryAnswer answer;
+    const EntryAnswer* answer = nullptr;
     std::size_t count = 0;
   };
   /// Blocked: a file is where one of the folders should be.
@@ -71,7 +71,7 @@ class PlaceChooser {
   RestoreLedger& ledger_;
   String root_;                                     // of the group, with a trailing backslash
   std::vector<std::vector<Candidate>> votes_;       // by song
-  std::vector<EntryAnswer> chosen_;                 // by song
+  std::vector<const EntryAnswer*> chosen_;          // by song
   std::unordered_map<String, std::size_t> places_;  // songs by folded place
   std::set<String> folders_;                        // above the places, folded
   std::unordered_map<String, int> nextMarks_;       // of the numbered names, by folded first place

@@ -7,7 +7,6 @@
 #include "model/PlaylistTypes.h"
 #include "move/PortableNames.h"
 #include "services/DataCop.h"
-#include "services/ProfileFile.h"
 #include "services/Utility.h"
 #include "text/Number.h"
 #include "text/WindowsPath.h"
@@ -19,8 +18,8 @@ namespace {
 constexpr int kMostOfOneName = 10;
 
 /// 0 is the playlist itself.
-String SectionOf(std::size_t entry) {
-  return entry == 0 ? String(kGlobalSection) : EntrySection(static_cast<std::int64_t>(entry));
+std::size_t SectionOf(const GenericDraft& document, std::size_t entry) {
+  return entry == 0 ? document.FindSection(kGlobalSection) : document.FindEntry(entry);
 }
 
 /// One of the elements that readers of ASX files look for, closed or not.
@@ -64,8 +63,6 @@ void Planner::Run() {
   for (const Asked& asked : all) Adjust(asked);
   for (const Asked& asked : all) {
     Confirm(asked.playlist);
-    work_.drafts[asked.playlist].bytes =
-        EncodeSettings(DocumentOf(asked.playlist).ToText(), library_.Machine().AnsiPage());
   }
 }
 
@@ -83,7 +80,7 @@ std::vector<Planner::Asked> Planner::AskAll() {
       continue;
     }
     for (const MovedItem& item : playlists[i].items) {
-      if (item.IsSong()) places_.Vote(item.song, asked.answers[item.entry - 1]);
+      if (item.IsSong()) places_.Vote(item.song, *asked.answers[item.entry - 1]);
     }
     all.push_back(std::move(asked));
   }
@@ -95,16 +92,17 @@ void Planner::AskForUnlisted() {
   for (std::size_t i = 0; i < work_.result.songs.size(); ++i) {
     const MovedSong& song = work_.result.songs[i];
     if (song.listed) continue;
-    const SongTags& tags = work_.tags[i];
-    places_.Vote(i,
-                 entries_.Ask({{}, tags.artist, tags.album, String(LastComponent(song.source))}));
+    const ToldDetails& tags = work_.tags[i];
+    places_.Vote(
+        i, entries_.Keep(entries_.Ask(
+               {{}, String(tags.artist), String(tags.album), String(LastComponent(song.source))})));
   }
 }
 
 /// The native playlists take their names from what stands before the first point of this one.
 void Planner::AdjustName(std::size_t playlist) {
-  IniDocument& document = DocumentOf(playlist);
-  const std::size_t section = document.FindOrAddSection(SectionOf(0));
+  GenericDraft& document = DocumentOf(playlist);
+  const std::size_t section = document.FindOrAddSection(kGlobalSection);
   const String original(document.Value(section, u"OriginalFileName").value_or(StringView()));
   const std::size_t point = original.find(u'.');
   String base = original.substr(0, point);
@@ -167,17 +165,19 @@ String Planner::NativeName(const String& base) {
 
 /// Texts go into native ASX files as they are; one that holds an element would become one.
 void Planner::AdjustMarkup(std::size_t playlist, std::size_t entry) {
-  const IniDocument& document = DocumentOf(playlist);
-  const std::size_t section = document.FindSection(SectionOf(entry));
-  if (section == IniDocument::kNone) return;
+  const GenericDraft& document = DocumentOf(playlist);
+  const std::size_t section = SectionOf(document, entry);
+  if (section == GenericDraft::kNone) return;
+  if (plain_.contains(document.ContentOf(section))) return;
   std::vector<std::pair<String, String>> changes;
-  for (const StringView key : document.Keys(section)) {
-    String value(*document.Value(section, key));
-    if (!HoldsElement(value)) continue;
+  document.ForEachValue(section, [&](StringView key, StringView) {
+    String value(*document.Value(section, key));  // of equal keys the first holds
+    if (!HoldsElement(value)) return;
     std::replace(value.begin(), value.end(), u'<', u'(');
     std::replace(value.begin(), value.end(), u'>', u')');
     changes.emplace_back(key, std::move(value));
-  }
+  });
+  if (changes.empty()) plain_.insert(document.ContentOf(section));
   for (const auto& [key, value] : changes) Set(playlist, entry, key, value, Reason::Markup);
 }
 
@@ -185,7 +185,7 @@ void Planner::Adjust(const Asked& asked) {
   AdjustName(asked.playlist);
   for (std::size_t i = 0; i <= asked.answers.size(); ++i) AdjustMarkup(asked.playlist, i);
   for (const MovedItem& item : work_.result.playlists[asked.playlist].items) {
-    if (item.IsSong()) AdjustEntry(asked.playlist, item, asked.answers[item.entry - 1]);
+    if (item.IsSong()) AdjustEntry(asked.playlist, item, *asked.answers[item.entry - 1]);
   }
 }
 
@@ -206,8 +206,8 @@ void Planner::AdjustEntry(std::size_t playlist, const MovedItem& item, const Ent
 /// A playlist that tells names in the other order, title first, would tell the artist twice.
 void Planner::KeepBothNames(std::size_t playlist, std::size_t entry, const String& artist,
                             Reason reason) {
-  const IniDocument& document = DocumentOf(playlist);
-  const std::size_t section = document.FindSection(SectionOf(entry));
+  const GenericDraft& document = DocumentOf(playlist);
+  const std::size_t section = SectionOf(document, entry);
   const auto value = [&](StringView key) {
     return String(document.Value(section, key).value_or(StringView()));
   };
@@ -224,15 +224,15 @@ void Planner::KeepBothNames(std::size_t playlist, std::size_t entry, const Strin
 /// Now that all places are known: an entry whose old address is some file's place on the new
 /// machine would take that file's name.
 void Planner::Confirm(std::size_t playlist) {
-  const IniDocument& document = DocumentOf(playlist);
+  const GenericDraft& document = DocumentOf(playlist);
   for (const MovedItem& item : work_.result.playlists[playlist].items) {
     if (!item.IsSong()) continue;
     const String& place = work_.result.songs[item.song].plainPlace;
-    const std::size_t section = document.FindSection(SectionOf(item.entry));
+    const std::size_t section = document.FindEntry(item.entry);
     const auto value = [&](StringView key) {
       return String(document.Value(section, key).value_or(StringView()));
     };
-    const String& name = NameAtOldAddress(value(u"SourceURL"));
+    const String& name = NameAtOldAddress(document.Value(section, u"SourceURL").value_or(u""));
     if (place.empty() || name.empty()) continue;
     const EntryAnswer answer = entries_.Ask({{}, value(u"Artist"), value(u"Album"), name});
     if (EqualsIgnoreCase(answer.place, place)) continue;
@@ -241,7 +241,7 @@ void Planner::Confirm(std::size_t playlist) {
 }
 
 /// Empty when no file stands there on the new machine.
-const String& Planner::NameAtOldAddress(const String& address) {
+const String& Planner::NameAtOldAddress(StringView address) {
   const auto [known, isNew] = oldAddresses_.try_emplace(address);
   if (isNew && !address.empty()) {
     const std::optional<FileFacts> facts = library_.Files().FactsOf(address);
@@ -252,8 +252,9 @@ const String& Planner::NameAtOldAddress(const String& address) {
 
 void Planner::Set(std::size_t playlist, std::size_t entry, StringView key, const String& value,
                   Reason reason) {
-  IniDocument& document = DocumentOf(playlist);
-  const std::size_t section = document.FindOrAddSection(SectionOf(entry));
+  GenericDraft& document = DocumentOf(playlist);
+  const std::size_t section =
+      entry == 0 ? document.FindOrAddSection(kGlobalSection) : document.FindOrAddEntry(entry);
   const String before(document.Value(section, key).value_or(StringView()));
   if (before == value) return;
   document.SetValue(section, key, value);

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "move/EntryQuestions.h"
@@ -32,7 +33,7 @@ class Planner {
   /// The 0-based numbers of the playlists that are planned for, and what their entries say.
   struct Asked {
     std::size_t playlist = 0;
-    std::vector<EntryAnswer> answers;  ///< one per entry
+    std::vector<const EntryAnswer*> answers;  ///< one per entry
   };
 
   std::vector<Asked> AskAll();
@@ -46,19 +47,21 @@ class Planner {
   void AdjustEntry(std::size_t playlist, const MovedItem& item, const EntryAnswer& answer);
   void KeepBothNames(std::size_t playlist, std::size_t entry, const String& artist, Reason reason);
   void Confirm(std::size_t playlist);
-  const String& NameAtOldAddress(const String& address);
+  const String& NameAtOldAddress(StringView address);
   void Set(std::size_t playlist, std::size_t entry, StringView key, const String& value,
            Reason reason);
-  IniDocument& DocumentOf(std::size_t playlist) { return work_.drafts[playlist].document; }
+  GenericDraft& DocumentOf(std::size_t playlist) { return work_.drafts[playlist].document; }
 
   Component& library_;
   MediaPlacer& placer_;
   MoveWork& work_;
   EntryQuestions entries_;
   PlaceChooser places_;
-  std::unordered_map<String, int> nativeNames_;      // how many playlists have each, folded
-  std::unordered_map<String, bool> playerFolders_;   // whether each is there
-  std::unordered_map<String, String> oldAddresses_;  // names of the files that stand there
+  std::unordered_map<String, int> nativeNames_;     // how many playlists have each, folded
+  std::unordered_map<String, bool> playerFolders_;  // whether each is there
+  // Names of the files that stand at addresses, which are texts of the move's pool.
+  std::unordered_map<StringView, String> oldAddresses_;
+  std::unordered_set<SectionPool::Id> plain_;  // sections without markup
 };
 
 }  // namespace norvo

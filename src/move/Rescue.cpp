@@ -28,14 +28,20 @@ constexpr std::size_t kMostEntries = 32767;
 String KeyOf(const MovedItem& item) {
   if (item.IsSong()) return u"#" + FormatInteger(static_cast<std::int64_t>(item.song));
   const bool isUrl = item.reference.find(u"://") != String::npos;
-  return Fold(isUrl ? item.reference : AbsolutePath(item.reference, u"C:"));
+  return Fold(isUrl ? String(item.reference) : AbsolutePath(item.reference, u"C:"));
+}
+
+/// True when both have one key; what is mostly asked, of two songs, takes no text.
+bool IsSameItem(const MovedItem& left, const MovedItem& right) {
+  if (left.IsSong() && right.IsSong()) return left.song == right.song;
+  return KeyOf(left) == KeyOf(right);
 }
 
 /// True for a generic file of one type with entries of another, which no reading takes.
-bool HasForeignEntries(const IniDocument& document) {
+bool HasForeignEntries(const GenericDraft& document) {
   const std::size_t globals = document.FindSection(kGlobalSection);
-  const std::size_t entry = document.FindSection(EntrySection(1));
-  if (globals == IniDocument::kNone || entry == IniDocument::kNone) return false;
+  const std::size_t entry = document.FindEntry(1);
+  if (globals == GenericDraft::kNone || entry == GenericDraft::kNone) return false;
   const std::optional<StringView> type = document.Value(entry, u"EntryType");
   return type && type != document.Value(globals, u"PlaylistType");
 }
@@ -55,8 +61,13 @@ String FileNameOf(StringView path, const String& listName) {
   return name + u".m3u";
 }
 
-ToldDetails DetailsOf(const ListedItem& item) {
-  return {item.title, item.artist, item.album, item.genre, item.track, item.seconds};
+ToldDetails DetailsOf(const ListedItem& item, TextPool& texts) {
+  return {texts.Keep(item.title),
+          texts.Keep(item.artist),
+          texts.Keep(item.album),
+          texts.Keep(item.genre),
+          item.track,
+          item.seconds};
 }
 
 }  // namespace
@@ -67,7 +78,7 @@ Rescue::Rescue(Component& library, const ProductSettings& settings, const Stock&
       songs_(songs),
       work_(work),
       stock_(stock),
-      reader_(library, stock, songs),
+      reader_(library, stock, songs, work.sections.Texts()),
       maker_(library, DataAreaOf(settings)) {}
 
 /// In the order of the stock.
@@ -109,7 +120,7 @@ void Rescue::Add(MovedPlaylist playlist, PlaylistDraft draft) {
 
 void Rescue::AddItem(const FoundItem& found, MovedPlaylist& playlist, PlaylistDraft& draft) {
   playlist.items.push_back(found.item);
-  draft.told.push_back(DetailsOf(found.listed));
+  draft.told.push_back(DetailsOf(found.listed, work_.sections.Texts()));
 }
 
 MovedPlaylist Rescue::NewPlaylist(const CollectedFile& file) {
@@ -181,24 +192,24 @@ void Rescue::TakeList(const CollectedFile& file, const Listing& listing) {
   Add(std::move(playlist), std::move(draft));
 }
 
-MovedItem Rescue::ItemOf(const String& address, std::int32_t urlType) {
+MovedItem Rescue::ItemOf(StringView address, std::int32_t urlType) {
   MovedItem item;
-  item.reference = address;
+  item.reference = work_.sections.Texts().Keep(address);
   const bool isSong = urlType < url_type::kRemovable;
   item.fate = isSong ? MovedItem::Fate::Song : MovedItem::Fate::Address;
-  if (isSong) item.song = songs_.NumberOf(address);
+  if (isSong) item.song = songs_.NumberOf(String(address));
   return item;
 }
 
-IniDocument Rescue::ReadGenericFile(const String& path) {
+GenericDraft Rescue::ReadGenericFile(const String& path) {
   const std::optional<std::string> bytes = library_.Machine().Settings().Read(path);
-  return IniDocument(DecodeFile(bytes.value_or(""), library_.Machine().AnsiPage()));
+  return {DecodeFile(bytes.value_or(""), library_.Machine().AnsiPage()), work_.sections};
 }
 
 /// The generic file has all the items that the playlist lists, in their order. What it has beyond
 /// them counts too: then it was the reader who understood more.
 bool Rescue::IsComplete(const Listing& listing, MovedPlaylist& playlist, PlaylistDraft& draft) {
-  const IniDocument& document = draft.document;
+  const GenericDraft& document = draft.document;
   if (HasForeignEntries(document)) return false;
   auto next = listing.items.begin();
   const auto takeLeftOut = [&] {
@@ -207,9 +218,8 @@ bool Rescue::IsComplete(const Listing& listing, MovedPlaylist& playlist, Playlis
     }
   };
   for (std::size_t entry = 1;; ++entry) {
-    const std::size_t section =
-        document.FindSection(EntrySection(static_cast<std::int64_t>(entry)));
-    if (section == IniDocument::kNone) break;
+    const std::size_t section = document.FindEntry(entry);
+    if (section == GenericDraft::kNone) break;
     const auto value = [&](StringView key) {
       return String(document.Value(section, key).value_or(StringView()));
     };
@@ -218,7 +228,7 @@ bool Rescue::IsComplete(const Listing& listing, MovedPlaylist& playlist, Playlis
     found.item = ItemOf(value(u"SourceURL"), static_cast<std::int32_t>(urlType));
     found.item.entry = entry;
     takeLeftOut();
-    if (next != listing.items.end() && KeyOf(found.item) == KeyOf(next->item)) {
+    if (next != listing.items.end() && IsSameItem(found.item, next->item)) {
       found.listed = next->listed;
       ++next;
     }
@@ -298,7 +308,9 @@ void Rescue::Rewrite(const CollectedFile& file, const Listing& listing) {
       MovedItem& item = playlist.items.back();
       if (!item.IsCarried()) continue;
       // The reader may spell an address anew.
-      if (!item.IsSong()) item.reference = TextOf(*part[entry], u"Entry_SourceURL");
+      if (!item.IsSong()) {
+        item.reference = work_.sections.Texts().Keep(TextOf(*part[entry], u"Entry_SourceURL"));
+      }
       item.entry = ++entry;
     }
     if (at + part.size() == entries.size()) {
@@ -345,7 +357,8 @@ ObjectRef Rescue::NewEntry(const FoundItem& found, std::int32_t type) {
   const ObjectRef entry = norvo::NewEntry(library_, type);
   const bool isSong = found.item.IsSong();
   entry->Let(u"Entry_URLType", isSong ? url_type::kFixedDrive : url_type::kInternet);
-  entry->Let(u"Entry_SourceURL", isSong ? songs_.SourceOf(found.item.song) : found.item.reference);
+  entry->Let(u"Entry_SourceURL",
+             isSong ? songs_.SourceOf(found.item.song) : String(found.item.reference));
   entry->Let(u"Entry_SongName", found.listed.title);
   entry->Let(u"Entry_ArtistName", found.listed.artist);
   entry->Let(u"Entry_AlbumName", found.listed.album);

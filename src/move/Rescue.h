@@ -46,9 +46,9 @@ class Rescue {
   void TakeLists(const CollectedFile& file);
   void TakeList(const CollectedFile& file, const Listing& listing);
   void Add(MovedPlaylist playlist, PlaylistDraft draft);
-  static void AddItem(const FoundItem& found, MovedPlaylist& playlist, PlaylistDraft& draft);
+  void AddItem(const FoundItem& found, MovedPlaylist& playlist, PlaylistDraft& draft);
   void WarnOfDamage(const String& path);
-  IniDocument ReadGenericFile(const String& path);
+  GenericDraft ReadGenericFile(const String& path);
   bool IsComplete(const Listing& listing, MovedPlaylist& playlist, PlaylistDraft& draft);
   ObjectRef ReadByLibrary(const CollectedFile& file, std::int32_t type);
   void Rewrite(const CollectedFile& file, const Listing& listing);
@@ -57,7 +57,7 @@ class Rescue {
   std::vector<ObjectRef> CompleteEntries(const std::vector<ObjectRef>& read, const Listing& listing,
                                          std::int32_t type, std::size_t& added);
   ObjectRef NewEntry(const FoundItem& found, std::int32_t type);
-  MovedItem ItemOf(const String& address, std::int32_t urlType);
+  MovedItem ItemOf(StringView address, std::int32_t urlType);
   std::int32_t FittingType(const CollectedFile& file, const Listing& listing);
 
   Component& library_;

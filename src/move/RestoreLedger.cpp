@@ -151,8 +151,8 @@ void RestoreLedger::AddPlace(const String& song, const KnownPlace& place) {
 }
 
 void RestoreLedger::Begin(const String& genericFile, const std::string& key,
-                          const std::string* bytes) {
-  current_ = Row{genericFile, key, bytes ? PrintOf(*bytes) : FingerprintOf(genericFile), {}};
+                          const std::string& print) {
+  current_ = Row{genericFile, key, print.empty() ? FingerprintOf(genericFile) : print, {}};
   Append(BeginLine(current_->fingerprint, genericFile, key));
 }
 

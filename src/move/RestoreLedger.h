@@ -35,9 +35,9 @@ class RestoreLedger {
   /// The native playlists made of a generic file, in the order of their writing.
   std::vector<String> NativesOf(const String& genericFile) const;
 
-  /// `key` may be empty, and holds no tab. `bytes` are the file's where the caller knows them.
-  void Begin(const String& genericFile, const std::string& key = {},
-             const std::string* bytes = nullptr);
+  /// `key` may be empty, and holds no tab. `print` is the file's fingerprint where the caller knows
+  /// it.
+  void Begin(const String& genericFile, const std::string& key = {}, const std::string& print = {});
   void AddNative(const String& path);
   /// With `whole` false the native playlists are deleted and the generic file counts as not
   /// restored.

@@ -40,7 +40,7 @@ class LedgerWatcher final : public LibraryWatcher {
     whole_ = true;
     natives_ = 0;
     const PlaylistDraft& draft = work_.drafts[NumberOf(path)];
-    ledger_.Begin(String(path), draft.key, &draft.bytes);
+    ledger_.Begin(String(path), draft.key, draft.print);
   }
   void OnNativeFile(StringView path, std::int32_t) override {
     const bool before = std::exchange(whole_, false);  // holds when the file is not to be written
@@ -73,7 +73,7 @@ class LedgerWatcher final : public LibraryWatcher {
 
   bool WriteCompanion(std::size_t number) {
     return Attempt([&] {
-      const String path = NewCompanionPath(library_, work_.drafts[number].document);
+      const String path = NewCompanionPath(library_, work_.drafts[number].originalName);
       if (!path.starts_with(folder_)) throw RunTimeError(error::kPathNotFound);
       ledger_.AddNative(path);
       library_.Machine().Settings().Write(

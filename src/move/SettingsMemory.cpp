@@ -2,11 +2,14 @@
 
 #include <utility>
 
+#include "text/WindowsPath.h"
+
 namespace norvo {
 namespace {
 
-// The generic files of some hundred playlists of usual length.
-constexpr std::size_t kMostBytes = std::size_t{32} * 1024 * 1024;
+// The generic files of some dozen playlists of usual length: more would make the memory of a large
+// move, and reading them again is cheap, since the system has them in its own.
+constexpr std::size_t kMostBytes = std::size_t{4} * 1024 * 1024;
 
 String NameOf(FileSystem& files, StringView path) {
   return Fold(files.AbsolutePathName(path));
@@ -26,11 +29,18 @@ void SettingsMemory::Memory::Keep(String path, const std::string& bytes) {
   files_.emplace(std::move(path), bytes);
 }
 
+/// The path is about to change.
 void SettingsMemory::Memory::Forget(const String& path) {
+  missing_.erase(path);
   const auto found = files_.find(path);
   if (found == files_.end()) return;
   bytes_ -= found->second.size();
   files_.erase(found);
+}
+
+void SettingsMemory::Memory::ForgetMissing() {
+  remembersMissing_ = false;
+  missing_ = {};
 }
 
 const std::string* SettingsMemory::Memory::Find(const String& path) const {
@@ -48,6 +58,16 @@ void SettingsMemory::Storage::Write(StringView path, const std::string& bytes) {
   memory_.Forget(name);  // should the writing fail, what stands there then is not known
   machine_.Settings().Write(path, bytes);
   memory_.Keep(name, bytes);
+}
+
+std::optional<FileFacts> SettingsMemory::Disk::FactsOf(StringView path) {
+  if (!memory_.RemembersMissing() || path.empty()) return files_.FactsOf(path);
+  String name = NameOf(files_, path);
+  if (memory_.IsMissing(name)) return std::nullopt;
+  std::optional<FileFacts> facts = files_.FactsOf(path);
+  // A folder below which nothing is may come to be; its name with a backslash is no file's.
+  if (!facts && !IsSeparator(path.back())) memory_.NoteMissing(std::move(name));
+  return facts;
 }
 
 void SettingsMemory::Disk::RemoveFile(StringView path, bool force) {

@@ -3,6 +3,8 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "services/Platform.h"
@@ -12,9 +14,17 @@ namespace norvo {
 /// A machine whose settings files, once written through this, are read from memory: the steps of a
 /// move hand each other generic files and lists by way of the disk, where they must stand anyway.
 /// Up to a limit, beyond which they are read from the disk again. Everything else is the machine's.
+///
+/// While playlists are restored it also remembers which files are not there: every entry of a
+/// generic file asks for its old address, of which the new machine mostly has none.
 class SettingsMemory final : public Platform {
  public:
   explicit SettingsMemory(std::shared_ptr<Platform> machine);
+
+  /// From now on until `ForgetMissing` a file that is not there is asked for once, unless it is
+  /// created through this: for work during which nobody else writes there.
+  void RememberMissing() { memory_.RememberMissing(); }
+  void ForgetMissing() { memory_.ForgetMissing(); }
 
   FileSystem& Files() override { return files_; }
   norvo::Registry& Registry() override { return machine_->Registry(); }
@@ -38,9 +48,17 @@ class SettingsMemory final : public Platform {
     void Forget(const String& path);
     const std::string* Find(const String& path) const;
 
+    void RememberMissing() { remembersMissing_ = true; }
+    void ForgetMissing();
+    bool RemembersMissing() const { return remembersMissing_; }
+    bool IsMissing(const String& path) const { return missing_.contains(path); }
+    void NoteMissing(String path) { missing_.insert(std::move(path)); }
+
    private:
     std::unordered_map<String, std::string> files_;
     std::size_t bytes_ = 0;
+    bool remembersMissing_ = false;
+    std::unordered_set<String> missing_;
   };
 
   class Storage final : public SettingsStorage {
@@ -60,7 +78,7 @@ class SettingsMemory final : public Platform {
     Disk(FileSystem& files, Memory& memory) : files_(files), memory_(memory) {}
 
     bool FolderExists(StringView path) override { return files_.FolderExists(path); }
-    std::optional<FileFacts> FactsOf(StringView path) override { return files_.FactsOf(path); }
+    std::optional<FileFacts> FactsOf(StringView path) override;
     void CreateFolder(StringView path) override { files_.CreateFolder(path); }
     void RemoveFile(StringView path, bool force) override;
     std::unique_ptr<BinaryFile> OpenForReading(StringView path) override {

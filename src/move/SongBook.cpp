@@ -6,7 +6,7 @@ namespace norvo {
 std::size_t SongBook::NumberOf(const String& path, std::optional<double> size) {
   const auto spelling = bySpelling_.find(path);
   if (spelling != bySpelling_.end()) return spelling->second;
-  const std::string identity = placer_.IdentityOf(path);
+  const std::string& identity = identities_.Of(path);
   auto file = byIdentity_.find(identity);
   if (file == byIdentity_.end()) file = byIdentity_.emplace(identity, Add(path, size)).first;
   return bySpelling_[path] = file->second;

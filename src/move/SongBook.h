@@ -12,12 +12,30 @@
 
 namespace norvo {
 
+/// What the placer says of the files of the old machine, which is asked of each path once.
+class SongIdentities {
+ public:
+  /// The placer must outlive this.
+  explicit SongIdentities(MediaPlacer& placer) : placer_(placer) {}
+
+  /// See MediaPlacer::IdentityOf.
+  const std::string& Of(const String& path) {
+    const auto known = known_.find(path);
+    return known != known_.end() ? known->second
+                                 : known_.emplace(path, placer_.IdentityOf(path)).first->second;
+  }
+
+ private:
+  MediaPlacer& placer_;
+  std::unordered_map<String, std::string> known_;
+};
+
 /// Numbers the media files of the old machine, each once, however its path is spelled.
 class SongBook {
  public:
   /// All must outlive the book.
-  SongBook(FileSystem& files, MediaPlacer& placer, std::vector<MovedSong>& songs)
-      : files_(files), placer_(placer), songs_(songs) {}
+  SongBook(FileSystem& files, SongIdentities& identities, std::vector<MovedSong>& songs)
+      : files_(files), identities_(identities), songs_(songs) {}
 
   /// The 0-based number of the file at a full path that exists; new files are added. `size` where a
   /// look-up has just told it.
@@ -28,7 +46,7 @@ class SongBook {
   std::size_t Add(const String& path, std::optional<double> size);
 
   FileSystem& files_;
-  MediaPlacer& placer_;
+  SongIdentities& identities_;
   std::vector<MovedSong>& songs_;
   std::unordered_map<String, std::size_t> bySpelling_;
   std::unordered_map<std::string, std::size_t> byIdentity_;

@@ -32,7 +32,7 @@ String ClockText(double seconds) {
 }
 
 /// Of a clock text; 0 for any other.
-double SecondsOf(const String& clock) {
+double SecondsOf(StringView clock) {
   return ParseNumber(ParseAsxTime(clock)).value_or(0);
 }
 
@@ -49,9 +49,9 @@ String HostOf(StringView address) {
 
 /// The address with what the 8-bit page cannot tell as percent signs and digits, which mean the
 /// same to every player.
-String Tellable(const String& address, const CodePage& page) {
-  const bool isUrl = address.find(u"://") != String::npos;
-  if (!isUrl || page.Fits(address)) return address;
+String Tellable(StringView address, const CodePage& page) {
+  const bool isUrl = address.find(u"://") != StringView::npos;
+  if (!isUrl || page.Fits(address)) return String(address);
   constexpr StringView kDigits = u"0123456789ABCDEF";
   String text;
   for (const char byte : ToUtf8(address)) {
@@ -77,38 +77,47 @@ bool IsRemainder(char16_t told, char16_t tag) {
 /// One section of a generic file.
 class Section {
  public:
-  Section(IniDocument& document, std::size_t section) : document_(document), section_(section) {}
+  Section(GenericDraft& document, std::size_t section) : edit_(document, section) {}
 
-  String Get(StringView key) const {
-    return String(document_.Value(section_, key).value_or(StringView()));
-  }
+  StringView Get(StringView key) const { return edit_.Value(key).value_or(StringView()); }
   /// True when that changes something. An empty value says nothing.
-  bool Set(StringView key, const String& value) {
+  bool Set(StringView key, StringView value) {
     if (value.empty() || Get(key) == value) return false;
-    document_.SetValue(section_, key, value);
+    edit_.SetValue(key, value);
     return true;
   }
   void Clear(StringView key) {
-    if (!Get(key).empty()) document_.SetValue(section_, key, {});
+    if (!Get(key).empty()) edit_.SetValue(key, {});
   }
-  void SetWhereEmpty(StringView key, const String& value) {
+  void SetWhereEmpty(StringView key, StringView value) {
     if (Get(key).empty()) Set(key, value);
   }
+  /// Nothing is changed before.
+  void Keep() { edit_.Keep(); }
 
  private:
-  IniDocument& document_;
-  std::size_t section_;
+  SectionEdit edit_;
 };
 
 class Completer {
  public:
   Completer(Component& library, MoveWork& work)
-      : page_(library.Machine().AnsiPage()), files_(library.Files()), work_(work) {
+      : page_(library.Machine().AnsiPage()),
+        files_(library.Files()),
+        work_(work),
+        texts_(work.sections.Texts()) {
     work_.tags.resize(work_.result.songs.size());
   }
 
   void Read(std::size_t song) {
-    work_.tags[song] = ReadSongTags(files_, work_.result.songs[song].source).value_or(SongTags());
+    const std::optional<SongTags> tags = ReadSongTags(files_, work_.result.songs[song].source);
+    if (!tags) return;
+    work_.tags[song] = {texts_.Keep(tags->title),
+                        texts_.Keep(tags->artist),
+                        texts_.Keep(tags->album),
+                        texts_.Keep(tags->genre),
+                        tags->track,
+                        tags->seconds};
   }
 
   void Complete(std::size_t number) {
@@ -119,19 +128,20 @@ class Completer {
     for (std::size_t i = 0; i < playlist.items.size(); ++i) {
       MovedItem& item = playlist.items[i];
       if (!item.IsCarried()) continue;
-      Section entry(draft.document, draft.document.FindOrAddSection(
-                                        EntrySection(static_cast<std::int64_t>(item.entry))));
+      Section entry(draft.document, draft.document.FindOrAddEntry(item.entry));
       if (Complete(item, draft.told[i], entry)) ++filled;
-      if (item.IsSong()) continue;
-      item.reference = Tellable(item.reference, page_);
-      entry.Set(u"SourceURL", item.reference);
+      if (!item.IsSong()) {
+        item.reference = texts_.Keep(Tellable(item.reference, page_));
+        entry.Set(u"SourceURL", item.reference);
+      }
+      entry.Keep();
     }
     if (filled > 0) playlist.mendings.push_back({Mending::Kind::DetailsFilled, filled});
   }
 
  private:
   /// Only entries of this kind keep a length that all writers can tell.
-  static void AsAsx(IniDocument& document) {
+  static void AsAsx(GenericDraft& document) {
     const String code = FormatInteger(playlist_type::kWmpAsx);
     Section globals(document, document.FindOrAddSection(kGlobalSection));
     const std::optional<double> type = ParseNumber(globals.Get(u"PlaylistType"));
@@ -139,48 +149,50 @@ class Completer {
     globals.Set(u"PlaylistType", code);
     globals.SetWhereEmpty(u"ASX Version", u"3.0");
     if (!wasAsx) globals.SetWhereEmpty(u"AllowShuffle", u"yes");  // as of files of other kinds
-    for (std::int64_t i = 1;; ++i) {
-      const std::size_t section = document.FindSection(EntrySection(i));
-      if (section == IniDocument::kNone) return;
+    globals.Keep();
+    for (std::size_t i = 1;; ++i) {
+      const std::size_t section = document.FindEntry(i);
+      if (section == GenericDraft::kNone) return;
       if (document.Value(section, u"EntryType")) document.SetValue(section, u"EntryType", code);
     }
   }
 
   /// A playlist of the 8-bit page cannot tell the tag's name, and has what became of it there.
-  bool IsLossy(const String& told, const String& tag) const {
+  bool IsLossy(StringView told, StringView tag) const {
     return !page_.Fits(tag) && page_.Fits(told) &&
            std::equal(told.begin(), told.end(), tag.begin(), tag.end(), IsRemainder);
   }
   /// True where the playlist's own names do not hold against the tag's: they cannot tell them, or
   /// are in the other order, as one player writes them.
-  bool HasBetterTag(const ToldDetails& told, const SongTags& tags) const {
+  bool HasBetterTag(const ToldDetails& told, const ToldDetails& tags) const {
     const bool isSwapped =
         EqualsIgnoreCase(told.artist, tags.title) && EqualsIgnoreCase(told.title, tags.artist);
     return isSwapped || IsLossy(told.title, tags.title) || IsLossy(told.artist, tags.artist);
   }
   /// What the playlist tells, what the tag tells, what the library made of both.
-  static String Choose(const String& told, const String& tag, const String& known) {
+  static StringView Choose(StringView told, StringView tag, StringView known) {
     if (!told.empty()) return told;
     return tag.empty() ? known : tag;
   }
 
   /// True when a name was filled in or mended by the song's tag.
   bool Complete(MovedItem& item, ToldDetails& told, Section& entry) {
-    const SongTags tags = item.IsSong() ? work_.tags[item.song] : SongTags();
+    static const ToldDetails kNone;
+    const ToldDetails& tags = item.IsSong() ? work_.tags[item.song] : kNone;
     SetNumbers(told, tags, entry);
-    if (HasBetterTag(told, tags)) told.artist = told.title = String();
-    if (IsLossy(told.album, tags.album)) told.album.clear();
-    String title = Choose(told.title, tags.title, entry.Get(u"SongName"));
-    const String shownArtist = Choose(told.artist, tags.artist, entry.Get(u"Artist"));
+    if (HasBetterTag(told, tags)) told.artist = told.title = {};
+    if (IsLossy(told.album, tags.album)) told.album = {};
+    StringView title = Choose(told.title, tags.title, entry.Get(u"SongName"));
+    const StringView shownArtist = Choose(told.artist, tags.artist, entry.Get(u"Artist"));
     // They decide where the song goes, for all lists that name it: its own tag goes first.
-    String artist = Choose(tags.artist, told.artist, entry.Get(u"Artist"));
-    const String album = Choose(tags.album, told.album, entry.Get(u"Album"));
+    StringView artist = Choose(tags.artist, told.artist, entry.Get(u"Artist"));
+    const StringView album = Choose(tags.album, told.album, entry.Get(u"Album"));
     // A length goes along with a name only.
     const bool lacksName = title.empty() && item.IsSong() && !entry.Get(u"Duration").empty();
-    if (lacksName) title = BaseName(work_.result.songs[item.song].source);
+    if (lacksName) title = texts_.Keep(BaseName(work_.result.songs[item.song].source));
     const bool isStream = !item.IsSong() && !title.empty();
-    if (isStream && artist.empty()) artist = HostOf(item.reference);
-    const auto set = [&entry](StringView key, const String& value, const String& tag) {
+    if (isStream && artist.empty()) artist = texts_.Keep(HostOf(item.reference));
+    const auto set = [&entry](StringView key, StringView value, StringView tag) {
       return entry.Set(key, value) && value == tag;
     };
     bool mended = set(u"SongName", title, tags.title);
@@ -195,13 +207,13 @@ class Completer {
     if (!isGuess) entry.Set(u"ASX_Title", title);
     if (!isStream) entry.SetWhereEmpty(u"ASX_Author", shownArtist);
     entry.Set(u"Genre", Choose(told.genre, tags.genre, entry.Get(u"Genre")));
-    if (!title.empty() && !isGuess) entry.Set(u"HasExtendedInfo", String(kTrue));
+    if (!title.empty() && !isGuess) entry.Set(u"HasExtendedInfo", kTrue);
     told.title = item.title = title;
     told.artist = item.artist = shownArtist;
     return mended;
   }
 
-  static void SetNumbers(ToldDetails& told, const SongTags& tags, Section& entry) {
+  static void SetNumbers(ToldDetails& told, const ToldDetails& tags, Section& entry) {
     const int track = told.track > 0 ? told.track : tags.track;
     if (track > 0) entry.SetWhereEmpty(u"TrackNumber", FormatInteger(track));
     const double known = SecondsOf(entry.Get(u"Duration"));
@@ -217,6 +229,7 @@ class Completer {
   const CodePage& page_;
   FileSystem& files_;
   MoveWork& work_;
+  TextPool& texts_;
 };
 
 }  // namespace

@@ -57,7 +57,8 @@ VerifyResult VerifyPlaylists(const std::shared_ptr<Platform>& machine,
   std::vector<String> playlists;
   for (const std::string& path : paths) playlists.push_back(FromUtf8Lossy(path));
   if (playlists.empty()) playlists = RestoredPlaylists(*library);
-  NativeReader reader(*library);
+  SeenLists seen;
+  NativeReader reader(*library, seen);
   result.cancelled = WasCancelled([&] {
     for (std::size_t i = 0; i < playlists.size(); ++i) {
       report.Progress({WorkPhase::Verifying, i + 1, playlists.size(), 0, 0, playlists[i]});

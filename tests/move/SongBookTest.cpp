@@ -17,7 +17,8 @@ class SongBookTest : public ::testing::Test {
   MemoryPlatform machine;
   StreamPlacer placer{machine.Files(), machine.Files()};
   std::vector<MovedSong> songs;
-  SongBook book{machine.Files(), placer, songs};
+  SongIdentities identities{placer};
+  SongBook book{machine.Files(), identities, songs};
 };
 
 TEST_F(SongBookTest, AFileHasOneNumberHoweverItsPathIsSpelled) {
