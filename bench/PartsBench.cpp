@@ -158,10 +158,11 @@ BENCHMARK(ReadTag);
 
 void FillExtendedInfo(benchmark::State& state) {
   OneSong song;
+  String buffer;
   for (auto _ : state) {
     M3UEntry entry(song.Library());
     benchmark::DoNotOptimize(ReadExtendedInfo(u"#EXTINF:215,Some Artist - A Song With A Name",
-                                              entry, playlist_type::kWinampM3u));
+                                              entry, playlist_type::kWinampM3u, buffer));
   }
 }
 BENCHMARK(FillExtendedInfo);

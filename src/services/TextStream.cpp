@@ -81,7 +81,8 @@ String TextStream::ReadAll() {
   while (ReadMore()) {
   }
   String text = Decode(std::string_view(buffer_).substr(position_));
-  position_ = buffer_.size();
+  buffer_ = std::string();  // all of it is in the text, and takes no room beside it
+  position_ = 0;
   return text;
 }
 
