@@ -32,8 +32,8 @@ enum class M3uLine { Header, Info, Reference };
 bool MayHoldMark(StringView line) {
   char16_t found = 0;
   for (std::size_t i = 1; i < line.size(); ++i) {
-    const bool pair = ((line[i - 1] | 0x20) == u'e') & ((line[i] | 0x20) == u'x');
-    found = static_cast<char16_t>(found | (pair ? 1 : 0));
+    const int others = ((line[i - 1] | 0x20) ^ u'e') | ((line[i] | 0x20) ^ u'x');
+    found = static_cast<char16_t>(found | (others == 0 ? 1 : 0));
   }
   return found != 0;
 }
