@@ -31,6 +31,7 @@ struct MadeMove {
     return playlist;
   }
   /// What the playlist lists and is no song of the move.
+  /// The reference must outlive the move.
   static MovedItem& AddItem(MovedPlaylist& playlist, MovedItem::Fate fate, StringView reference) {
     MovedItem& item = playlist.items.emplace_back();
     item.fate = fate;

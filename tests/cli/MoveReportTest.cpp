@@ -128,8 +128,8 @@ TEST(MoveReport, NoLineIsWiderThanTheTerminal) {
   const String wide(30, u'\u97F3');
   move.AddSong(u"C:\\" + wide + u"\\\xD83C\xDFB5.mp3", u"C:\\New\\" + wide + wide + u"\\x.mp3");
   MovedPlaylist& playlist = move.AddList(u"C:\\" + wide + u"\\" + wide + u".m3u", {3});
-  MadeMove::AddItem(playlist, MovedItem::Fate::NoSuchFile,
-                    u"D:\\" + String(150, u'x') + u"\\" + wide + u".mp3");
+  const String gone = u"D:\\" + String(150, u'x') + u"\\" + wide + u".mp3";
+  MadeMove::AddItem(playlist, MovedItem::Fate::NoSuchFile, gone);
   move.AddList(u"C:\\Other\\" + wide + u".m3u", {3});
   for (const std::size_t width : {40U, 80U, 200U}) {
     for (const std::string& line : ReportOf(move.result, width, Verbose())) {
