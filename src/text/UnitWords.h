@@ -27,6 +27,7 @@ constexpr std::uint64_t ZeroLanes(std::uint64_t word) noexcept {
   return (word - kOnes) & ~word & kHighest;  // only a lane of 0 borrows from its highest bit
 }
 
+/// As many units as a word has, from wherever they stand.
 template <class Unit>
 std::uint64_t WordAt(const Unit* units) noexcept {
   std::uint64_t word = 0;
