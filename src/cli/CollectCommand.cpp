@@ -70,6 +70,7 @@ class CollectCommand final : public Command {
     CLI::App* const app =
         program.add_subcommand("collect", "Find the playlists and write their neutral files");
     AddCommonOptions(*app, common, true);
+    AddWaitOption(*app, common);
     AddReadAheadOption(*app, common);
     app->add_flag("--init", init_, "First write the settings that are missing");
     app->footer(kHelp.Here());
@@ -79,6 +80,7 @@ class CollectCommand final : public Command {
   Json Run(const CommonArguments& common, Console& console) override {
     const auto named =
         OpenMachine(common, console, init_ ? DocumentsUse::Needed : DocumentsUse::Unneeded);
+    named->Lock();
     const std::shared_ptr<Platform> machine = named->Platform();
     const auto ahead = common.noReadAhead ? nullptr : named->ReadAhead();
     CollectObserver observer(console, ahead.get());

@@ -19,6 +19,7 @@ struct CommonArguments {
   bool log = false;
   bool json = false;
   bool quiet = false;
+  bool wait = false;         ///< for a machine that another run works on; only where that matters
   bool noReadAhead = false;  ///< only of commands that read ahead
 };
 

@@ -14,6 +14,11 @@ void AddCommonOptions(CLI::App& command, CommonArguments& common, bool machineRe
   AddOutputOptions(command, common);
 }
 
+void AddWaitOption(CLI::App& command, CommonArguments& common) {
+  if (!kWords.machinesAreFolders) return;
+  command.add_flag("--wait", common.wait, "Wait while another run works on the machine");
+}
+
 void AddReadAheadOption(CLI::App& command, CommonArguments& common) {
   if (!kWords.machinesAreFolders) return;
   command.add_flag("--no-read-ahead", common.noReadAhead,

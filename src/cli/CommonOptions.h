@@ -14,6 +14,9 @@ void AddOutputOptions(CLI::App& command, CommonArguments& common);
 /// need, and then refuse.
 void AddCommonOptions(CLI::App& command, CommonArguments& common, bool machineRequired);
 
+/// `--wait`, of commands that write to a machine, where machines are locked.
+void AddWaitOption(CLI::App& command, CommonArguments& common);
+
 /// `--no-read-ahead`, where something reads ahead.
 void AddReadAheadOption(CLI::App& command, CommonArguments& common);
 

@@ -32,6 +32,9 @@ std::string SettingsText(const MoveError& error) {
     case MoveFault::FileNotWritten:
       return "The file " + subject + " cannot be written: " + error.Detail() +
              ". Make its folder writable.";
+    case MoveFault::FileNotRead:
+      return "The file " + subject +
+             " cannot be read. See that the disk is in order, and run it again.";
     case MoveFault::RoleMissing:
       return MissingSettings("the machine's role (mode)");
     case MoveFault::GroupRootMissing:
@@ -96,6 +99,9 @@ std::string FolderText(const MoveError& error) {
     case MoveFault::MachineNotMade:
       return subject + " cannot be made a machine: " + detail +
              ". Name a folder that can be written with --to.";
+    case MoveFault::MachineBusy:
+      return subject + " is being worked on by " + (detail.empty() ? "another run" : detail) +
+             ". Try again when that is done, or let this run wait for it with --wait.";
     case MoveFault::LinkWritesToSource:
       return "--link writes to the old disk, which counts the links of a file. Use --copy, or name "
              "a "

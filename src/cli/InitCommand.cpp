@@ -34,6 +34,7 @@ class InitCommand final : public Command {
   CLI::App* AddTo(CLI::App& program, CommonArguments& common) override {
     app_ = program.add_subcommand("init", "Write the settings that are missing");
     AddCommonOptions(*app_, common, true);
+    AddWaitOption(*app_, common);
     app_->add_option("--role", role_, "What the machine is: source (the default) or destination")
         ->type_name("ROLE")
         ->check(CLI::IsMember({"source", "destination"}));
@@ -46,6 +47,7 @@ class InitCommand final : public Command {
   Json Run(const CommonArguments& common, Console& console) override {
     const auto machine = OpenMachine(
         common, console, groupRoot_.empty() ? DocumentsUse::Needed : DocumentsUse::Unneeded);
+    machine->Lock();
     ConsoleObserver observer(console);
     const SetupResult result =
         SetUpMachine(machine->Platform(), Wishes(*machine), {common.log}, observer);

@@ -239,6 +239,8 @@ const char* CodeOf(WorkWarning::Kind kind) {
       return "countedListWrong";
     case WorkWarning::Kind::CountedSongWrong:
       return "countedSongWrong";
+    case WorkWarning::Kind::TagsNotRead:
+      return "tagsNotRead";
   }
   return "";
 }

@@ -23,6 +23,9 @@ class NamedMachine {
   /// The group root of a machine that has none yet, in UTF-8, unless another is asked for; empty
   /// for the usual one.
   virtual std::string UsualGroupRoot() const { return {}; }
+  /// Keeps other runs from the machine as long as this lives; for commands that write to it.
+  /// MoveError when another run has it, unless `--wait` was given.
+  virtual void Lock() {}
   /// Reads ahead of a scan or a collecting on this machine as long as the result lives, which is to
   /// hear of its progress and must not outlive this; null where nothing does.
   virtual std::unique_ptr<WorkObserver> ReadAhead() { return nullptr; }

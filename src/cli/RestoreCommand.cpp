@@ -100,12 +100,15 @@ class RestoreCommand final : public Command {
     CLI::App* const app =
         program.add_subcommand("restore", "Write native playlists from the neutral files");
     AddCommonOptions(*app, common, true);
+    AddWaitOption(*app, common);
     app->footer(kHelp.Here());
     return app;
   }
 
   Json Run(const CommonArguments& common, Console& console) override {
-    const auto machine = OpenMachine(common, console, DocumentsUse::Needed)->Platform();
+    const auto named = OpenMachine(common, console, DocumentsUse::Needed);
+    named->Lock();
+    const std::shared_ptr<Platform> machine = named->Platform();
     RestoreObserver observer(console);
     const RestoreResult result = RestorePlaylists(machine, {common.log}, observer);
     if (result.playlists.empty()) TellNothingFound(machine, console);

@@ -67,6 +67,7 @@ class ScanCommand final : public Command {
   CLI::App* AddTo(CLI::App& program, CommonArguments& common) override {
     CLI::App* const app = program.add_subcommand("scan", "Find and list the playlists");
     AddCommonOptions(*app, common, true);
+    AddWaitOption(*app, common);
     AddReadAheadOption(*app, common);
     app->footer(kHelp.Here());
     return app;
@@ -76,6 +77,7 @@ class ScanCommand final : public Command {
     const auto named = OpenMachine(common, console, DocumentsUse::Unneeded);
     const auto ahead = common.noReadAhead ? nullptr : named->ReadAhead();
     const bool isBare = named->IsBareDisk();
+    if (!isBare) named->Lock();
     const auto machine = isBare ? AsIfSetUp(named->Platform()) : named->Platform();
     ConsoleObserver observer(console);
     const ScanResult result =

@@ -7,7 +7,9 @@
 #include <exception>
 #include <memory>
 #include <string>
+#include <utility>
 
+#include "automation/RunTimeError.h"
 #include "lists/ItemText.h"
 #include "lists/SongFile.h"
 #include "text/CodePage.h"
@@ -79,9 +81,39 @@ double SecondsOfTag(TagLib::File& file) {
   return mpeg ? std::max(First(mpeg->properties(), "LENGTH").toInt(), 0) / 1000.0 : 0;
 }
 
-std::optional<SongTags> ReadTags(FileSystem& files, StringView path) {
-  const std::unique_ptr<BinaryFile> bytes = files.OpenForReading(path);
-  const SongFile song(*bytes, LastComponent(path));
+/// A file that remembers why it could not be read: the tag library takes that for its end.
+class RememberingFile final : public BinaryFile {
+ public:
+  explicit RememberingFile(std::unique_ptr<BinaryFile> file) : file_(std::move(file)) {}
+
+  std::size_t ReadAt(std::uint64_t offset, std::span<char> buffer) override {
+    return Remembering<std::size_t>([&] { return file_->ReadAt(offset, buffer); });
+  }
+  std::uint64_t Size() override {
+    return Remembering<std::uint64_t>([&] { return file_->Size(); });
+  }
+
+  void RaiseFailure() const {
+    if (failure_) throw RunTimeError(*failure_);
+  }
+
+ private:
+  template <class Answer, class Work>
+  Answer Remembering(Work&& work) {
+    try {
+      return work();
+    } catch (const RunTimeError& error) {
+      failure_ = error;
+      throw;
+    }
+  }
+
+  std::unique_ptr<BinaryFile> file_;
+  std::optional<RunTimeError> failure_;
+};
+
+std::optional<SongTags> ReadTags(BinaryFile& bytes, StringView name) {
+  const SongFile song(bytes, name);
   if (!song.File()) return std::nullopt;
   SongTags tags;
   if (song.ChunkTag()) Add(tags, song.ChunkTag()->properties());
@@ -95,11 +127,15 @@ std::optional<SongTags> ReadTags(FileSystem& files, StringView path) {
 }  // namespace
 
 std::optional<SongTags> ReadSongTags(FileSystem& files, StringView path) {
+  RememberingFile bytes(files.OpenForReading(path));
+  std::optional<SongTags> tags;
   try {
-    return ReadTags(files, path);
+    tags = ReadTags(bytes, LastComponent(path));
   } catch (const std::exception&) {
-    return std::nullopt;
+    // What the tag library cannot bear is no sound file.
   }
+  bytes.RaiseFailure();
+  return tags;
 }
 
 }  // namespace norvo

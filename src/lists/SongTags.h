@@ -20,9 +20,9 @@ struct SongTags {
   bool operator==(const SongTags&) const = default;
 };
 
-/// Nothing when the file cannot be opened, or is no sound file that can be understood. Reads no
-/// more of it than the tag and the first and last pieces of sound (see `TagStream` for the limits).
-/// A text is cut at 4096 characters. Never raises.
+/// Nothing when the file is no sound file that can be understood. Reads no more of it than the tag
+/// and the first and last pieces of sound (see `TagStream` for the limits). A text is cut at 4096
+/// characters. RunTimeError when the file cannot be opened or read.
 std::optional<SongTags> ReadSongTags(FileSystem& files, StringView path);
 
 }  // namespace norvo

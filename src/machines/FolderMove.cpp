@@ -1,14 +1,38 @@
 #include "machines/FolderMove.h"
 
 #include <algorithm>
+#include <memory>
+#include <set>
+#include <vector>
 
 #include "machines/FoldersApart.h"
+#include "machines/MachineLock.h"
 #include "machines/SourceFolder.h"
 #include "machines/TargetFolder.h"
 #include "move/MoveError.h"
 #include "placing/FilePlacer.h"
 
 namespace norvo {
+namespace {
+
+/// Of all folders that are written to.
+class Locks {
+ public:
+  Locks(const SourceFolder& source, const TargetFolder& target, const FolderMove& folders,
+        bool dryRun) {
+    std::set<std::filesystem::path> shared{source.SharedFolder()};
+    if (!dryRun) shared.insert(target.Registry().file.parent_path());
+    // In the order of the paths: two moves in opposite directions would else wait for each other.
+    for (const std::filesystem::path& folder : shared) {
+      if (!folder.empty()) locks_.push_back(std::make_unique<MachineLock>(folder, folders.lock));
+    }
+  }
+
+ private:
+  std::vector<std::unique_ptr<MachineLock>> locks_;
+};
+
+}  // namespace
 
 MoveResult MovePlaylists(const FolderMove& folders, const MoveOptions& options,
                          WorkObserver& observer) {
@@ -18,6 +42,7 @@ MoveResult MovePlaylists(const FolderMove& folders, const MoveOptions& options,
     throw MoveError(MoveFault::LinkWritesToSource);
   }
   TargetFolder target(folders, options.dryRun);
+  const Locks locks(source, target, folders, options.dryRun);
   if (folders.onOpened)
     folders.onOpened({source.Taken(), target.Taken(), target.Registry(), source.Machine()});
   if (folders.messages != nullptr) {

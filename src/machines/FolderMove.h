@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 
+#include "machines/LockWishes.h"
 #include "machines/TakenFolder.h"
 #include "move/MovePlaylists.h"
 #include "platform/hosted/HostedPlatform.h"
@@ -57,13 +58,15 @@ struct FolderMove {
   std::filesystem::path work;
   /// Shows the messages of both machines, if not null; else they go to the standard error stream.
   MessageDialog* messages = nullptr;
+  LockWishes lock;    ///< for machines that another run works on
   FolderNames names;  ///< for the sentences of errors
   /// Hears, before anything is moved, what the folders were taken as; may be empty.
   std::function<void(const OpenedFolders&)> onOpened;
 };
 
 /// Moves the playlists and songs of one machine to another; see MovePlaylists of two platforms.
-/// MoveError when a folder cannot be used, or two lie in each other.
+/// The folders that are written to are locked until it ends. MoveError when a folder cannot be
+/// used, two lie in each other, or another run works on one.
 MoveResult MovePlaylists(const FolderMove& folders, const MoveOptions& options,
                          WorkObserver& observer);
 

@@ -75,6 +75,7 @@ SourceFolder::SourceFolder(const fs::path& from, const fs::path& work)
     : taken_(TakeSource(from)), readOnly_(!work.empty() || !taken_.IsMachine()) {
   if (!readOnly_) {
     machine_ = OpenMachineFolder(from);
+    shared_ = ReadLayout(from).registryFile.parent_path();
     return;
   }
   if (work.empty()) temporary_ = std::make_unique<TemporaryFolder>();
@@ -84,6 +85,7 @@ SourceFolder::SourceFolder(const fs::path& from, const fs::path& work)
   const std::optional<char16_t> letter = FreeLetter(layout.drives);
   if (!letter) throw MoveError(MoveFault::NoFreeLetter, from.string());
   MakeWork(folder, *letter);
+  shared_ = work;
   const std::string name(1, static_cast<char>(*letter));
   layout.drives.push_back({*letter, DriveType::Fixed, folder / name});
   layout.registryFile = folder / "registry.reg";

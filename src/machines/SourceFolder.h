@@ -25,6 +25,9 @@ class SourceFolder {
   const std::string& GroupRoot() const { return groupRoot_; }
   /// Nothing below the folder is written.
   bool IsReadOnly() const { return readOnly_; }
+  /// The folder that is written to and that others may write to at the same time; empty when there
+  /// is none.
+  const std::filesystem::path& SharedFolder() const { return shared_; }
   /// The product's data, and so the log, go with this object.
   bool IsTemporary() const { return temporary_ != nullptr; }
 
@@ -33,6 +36,7 @@ class SourceFolder {
   std::unique_ptr<TemporaryFolder> temporary_;
   bool readOnly_;
   std::string groupRoot_;
+  std::filesystem::path shared_;
   std::shared_ptr<HostedPlatform> machine_;
 };
 

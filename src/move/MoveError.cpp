@@ -19,6 +19,8 @@ const char* StatementOf(MoveFault fault) {
       return "cannot be created";
     case MoveFault::FileNotWritten:
       return "cannot be written";
+    case MoveFault::FileNotRead:
+      return "cannot be read";
     case MoveFault::RoleMissing:
       return "the machine's registry lacks its role";
     case MoveFault::GroupRootMissing:
@@ -48,6 +50,8 @@ const char* StatementOf(MoveFault fault) {
       return "holds a machine of its own, and cannot be the work folder";
     case MoveFault::NoFreeLetter:
       return "has no free drive letter";
+    case MoveFault::MachineBusy:
+      return "is being worked on";
     case MoveFault::LinkWritesToSource:
       return "linking songs would write to the old disk, which counts the links of a file";
     case MoveFault::FoldersOverlap:

@@ -15,6 +15,7 @@ enum class MoveFault {
   RegistryUnwritable,       ///< the system refuses
   FolderNotCreated,         ///< subject: the folder; detail: why
   FileNotWritten,           ///< subject: the file; detail: why
+  FileNotRead,              ///< subject: the file
   RoleMissing,              ///< the machine has no role yet; SetUpMachine gives it one
   GroupRootMissing,         ///< it has no group root yet
   RoleAndGroupRootMissing,  ///< it has neither
@@ -32,6 +33,7 @@ enum class MoveFault {
   WorkTaken,            ///< subject: the work folder, which holds a machine of its own
   NoFreeLetter,         ///< subject: the old machine's folder, which has all 24 drives
   MachineNotMade,       ///< subject: the new machine's folder; detail: why
+  MachineBusy,          ///< subject: a machine's folder; detail: who works on it, may be empty
   LinkWritesToSource,   ///< linking would write to a machine that is only to be read
   FoldersOverlap,       ///< subject and detail: two folders that lie in each other
   DriveLetterUnusable,  ///< subject: what should be a letter from C to Z

@@ -12,6 +12,7 @@
 #include "move/Collecting.h"
 #include "move/FinalCount.h"
 #include "move/MachineSetup.h"
+#include "move/MoveError.h"
 #include "move/MoveVerification.h"
 #include "move/MoveWork.h"
 #include "move/OpenedLibrary.h"
@@ -27,6 +28,7 @@
 #include "overlay/OverlayPlatform.h"
 #include "services/DataCop.h"
 #include "services/Utility.h"
+#include "text/Encoding.h"
 
 namespace norvo {
 namespace {
@@ -92,7 +94,10 @@ class NewMachine {
  private:
   /// Both components are over one machine, whose table is read once.
   void ShareSubNames() {
-    DataCop::LoadSubNames(*planLibrary_);
+    // Without them all would go to other folders, and stay there.
+    if (!DataCop::LoadSubNames(*planLibrary_)) {
+      throw MoveError(MoveFault::FileNotRead, ToUtf8(settings_.groupRoot + u"SubNames.txt"));
+    }
     library_.Get().SubNames() = planLibrary_->SubNames();
   }
 
@@ -179,6 +184,22 @@ void TellSettledSongs(const MoveWork& work, bool bringing) {
   }
 }
 
+/// Of songs that come over all the same, without the names that their tags would have given them.
+void TellUnreadTags(const MoveWork& work) {
+  for (const UnreadTags& unread : work.unreadTags) {
+    const MovedSong& song = work.result.songs[unread.song];
+    if (song.state == MovedSong::State::LeftOut) continue;  // which is told
+    work.report.Warn({WorkWarning::Kind::TagsNotRead,
+                      MachineSide::Old,
+                      Warning(),
+                      song.source,
+                      unread.reason,
+                      {},
+                      0,
+                      0});
+  }
+}
+
 void Restore(NewMachine& machine, RestoreLedger& ledger, MoveWork& work) {
   machine.Memory().RememberMissing();
   try {
@@ -220,6 +241,7 @@ void Run(const MoveMachines& machines, const MoveOptions& options, MediaPlacer& 
   const bool bringing = !options.dryRun && options.media != MediaMode::None;
   TellSettledSongs(work, bringing);
   if (bringing) Bring(options, placer, namer, work);
+  TellUnreadTags(work);
   machine.EndPlan();
   Restore(machine, ledger, work);
   VerifyMove(machine.PlanLibrary(), bringing || options.dryRun, work);
@@ -232,7 +254,7 @@ MoveResult MovePlaylists(const MoveMachines& machines, const MoveOptions& option
                          WorkObserver& observer) {
   MoveResult result;
   WorkReport report(observer, result.warnings);
-  MoveWork work{result, report, {}, {}, {}, {}};
+  MoveWork work{result, report, {}, {}, {}, {}, {}};
   result.texts = work.sections.SharedTexts();
   StreamPlacer streams(machines.from->Files(), machines.to->Files());
   StreamPlacer names(machines.to->Files(), machines.to->Files());

@@ -32,14 +32,21 @@ struct PlaylistDraft {
   std::string key;                ///< by which the new machine knows it again
 };
 
+/// A song whose tags could not be read.
+struct UnreadTags {
+  std::size_t song = 0;  ///< 0-based number among the move's songs
+  String reason;
+};
+
 /// A move on its way.
 struct MoveWork {
   MoveResult& result;
   WorkReport& report;
-  SectionPool sections;               ///< of all generic files
-  std::vector<PlaylistDraft> drafts;  ///< one for each of the result's playlists
-  std::vector<ToldDetails> tags;      ///< one for each of the result's songs
-  SeenLists newLists;                 ///< those that verifying has taken apart
+  SectionPool sections;                ///< of all generic files
+  std::vector<PlaylistDraft> drafts;   ///< one for each of the result's playlists
+  std::vector<ToldDetails> tags;       ///< one for each of the result's songs
+  std::vector<UnreadTags> unreadTags;  ///< in the order of the songs
+  SeenLists newLists;                  ///< those that verifying has taken apart
 };
 
 /// Marks a playlist as left out.

@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "automation/Attempt.h"
 #include "lists/ListKinds.h"
 #include "lists/SongTags.h"
 #include "lists/XmlEntities.h"
@@ -94,7 +95,7 @@ FoundItem PatientReader::Find(const ListedItem& listed, const String& folder, bo
       break;
     case Kind::NotMedia:
       found.item.fate = MovedItem::Fate::NotMedia;
-      if (ReadSongTags(library_.Files(), best->path)) {  // by its content it is music all the same
+      if (MayBeMusic(best->path)) {
         found.item.fate = MovedItem::Fate::Song;
         found.item.song = songs_.NumberOf(best->path, best->size);
       }
@@ -104,6 +105,11 @@ FoundItem PatientReader::Find(const ListedItem& listed, const String& folder, bo
       break;
   }
   return found;
+}
+
+/// By its content. One that cannot be read may be music: when it is brought that will be told.
+bool PatientReader::MayBeMusic(const String& path) {
+  return AnswerOr(true, [&] { return ReadSongTags(library_.Files(), path).has_value(); });
 }
 
 /// Copies of one song: each of them will do.

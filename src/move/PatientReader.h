@@ -51,6 +51,7 @@ class PatientReader {
  private:
   Listing Resolve(const ListedList& list, const String& folder, ListSyntax syntax);
   FoundItem Find(const ListedItem& listed, const String& folder, bool isMarkup);
+  bool MayBeMusic(const String& path);
   bool AreOneSong(const SongSearch::Found& found);
   void SearchFor(const ListedItem& listed, MovedItem& item);
   const SongSearch& Search();

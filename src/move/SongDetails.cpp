@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "automation/Attempt.h"
 #include "lists/SongTags.h"
 #include "model/GenericSections.h"
 #include "model/PlaylistTypes.h"
@@ -110,7 +111,12 @@ class Completer {
   }
 
   void Read(std::size_t song) {
-    const std::optional<SongTags> tags = ReadSongTags(files_, work_.result.songs[song].source);
+    const std::optional<SongTags> tags =
+        AnswerOrElse([&] { return ReadSongTags(files_, work_.result.songs[song].source); },
+                     [&](const RunTimeError& failure) {
+                       work_.unreadTags.push_back({song, failure.Description()});
+                       return std::optional<SongTags>();
+                     });
     if (!tags) return;
     work_.tags[song] = {texts_.Keep(tags->title),
                         texts_.Keep(tags->artist),

@@ -75,7 +75,8 @@ struct WorkWarning {
     NoPlainName,        ///< the song `subject` has no second name `wanted`, since `detail`
     CompanionMissing,   ///< of playlist `subject` there is no playlist for players of today
     CountedListWrong,   ///< counted at the end: `subject` lists `found` songs of `expected`
-    CountedSongWrong    ///< counted at the end: in `subject` stands `detail`, which is not `wanted`
+    CountedSongWrong,   ///< counted at the end: in `subject` stands `detail`, which is not `wanted`
+    TagsNotRead         ///< the song `subject` came over, but its tags were not read: `detail`
   };
 
   Kind kind = Kind::Library;            ///< decides which of the others are set

@@ -67,6 +67,10 @@ const Row kRows[] = {
      "old is no folder. Name the old machine's folder, or the folder where its disk is mounted, "
      "with --from."},
     {MoveFault::NotListed, "old", "Permission denied", "old: Permission denied"},
+    {MoveFault::FileNotRead, "C:\\Norvo Media\\SubNames.txt", "",
+     "The file C:\\Norvo Media\\SubNames.txt cannot be read. See that the disk is in order, and "
+     "run "
+     "it again."},
     {MoveFault::WorkNotCreated, "work", "Permission denied",
      "work: Permission denied. Choose another --work."},
     {MoveFault::WorkTaken, "work", "",
@@ -75,6 +79,14 @@ const Row kRows[] = {
     {MoveFault::MachineNotMade, "new", "Permission denied",
      "new cannot be made a machine: Permission denied. Name a folder that can be written with "
      "--to."},
+    {MoveFault::MachineBusy, "/mnt/new",
+     "norvo-playlists (process 7 of ann on pc) since 2026-11-22 14:05",
+     "/mnt/new is being worked on by norvo-playlists (process 7 of ann on pc) since 2026-11-22 "
+     "14:05. Try again when that is done, or let this run wait for it with --wait."},
+    {MoveFault::MachineBusy, "/mnt/new", "",
+     "/mnt/new is being worked on by another run. Try again when that is done, or let this run "
+     "wait "
+     "for it with --wait."},
     {MoveFault::LinkWritesToSource, "", "",
      "--link writes to the old disk, which counts the links of a file. Use --copy, or name a "
      "machine folder with --from and leave --work out."},

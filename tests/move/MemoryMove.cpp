@@ -54,10 +54,11 @@ std::string NameOf(Adjustment::Reason reason) {
 }
 
 std::string NameOf(WorkWarning::Kind kind) {
-  return Named(kind, {"Library", "Oddity", "SettingUnusable", "RoleKept", "GroupRootKept",
-                      "NoLogFolder", "NativesMissing", "UntellableAddress", "NativeGone",
-                      "NativeIncomplete", "WrongSong", "ChangedAddress", "ListDamaged",
-                      "NoPlainName", "CompanionMissing", "CountedListWrong", "CountedSongWrong"});
+  return Named(
+      kind, {"Library", "Oddity", "SettingUnusable", "RoleKept", "GroupRootKept", "NoLogFolder",
+             "NativesMissing", "UntellableAddress", "NativeGone", "NativeIncomplete", "WrongSong",
+             "ChangedAddress", "ListDamaged", "NoPlainName", "CompanionMissing", "CountedListWrong",
+             "CountedSongWrong", "TagsNotRead"});
 }
 
 /// In front of what is there.

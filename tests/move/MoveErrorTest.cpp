@@ -110,6 +110,28 @@ TEST_F(MoveErrorTest, AListThatCannotBeWrittenEndsTheScanWithTheLastWarning) {
               "HelperMan::GetAllPlayLists -> Exception Thrown: Disk full");
 }
 
+TEST_F(MoveErrorTest, FolderNamesThatCannotBeReadEndTheMoveBeforeAllGoesElsewhere) {
+  machines.AddMix();
+  static_cast<void>(machines.Run());
+  const Contents before = ContentsOf(*machines.to);
+  machines.to->Log().Clear();
+  std::size_t reads = 0;
+  do {
+    machines.to->FailOn(u"Settings.Read", ++reads, error::kDeviceInputOutput);
+    try {
+      static_cast<void>(machines.Run());
+    } catch (const MoveError& error) {
+      ExpectError(error, MoveFault::FileNotRead, "C:\\My Documents\\Norvo Media\\SubNames.txt");
+      break;
+    } catch (const RunTimeError&) {
+      // Another file's.
+    }
+  } while (machines.to->Log().HasFailed());
+  EXPECT_TRUE(machines.to->Log().HasFailed()) << "no read of that file ended a move";
+  machines.to->Log().StopFailing();
+  EXPECT_EQ(ContentsOf(*machines.to), before);
+}
+
 TEST_F(MoveErrorTest, AMachineWithoutRestoredPlaylistsHasNoneToVerify) {
   const auto errorOfVerify = [this] {
     return ErrorOf([this] { return VerifyPlaylists(machines.to, {}, {}, nobody); });

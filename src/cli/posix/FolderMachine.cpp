@@ -1,14 +1,17 @@
 #include <cctype>
 #include <filesystem>
+#include <optional>
 
 #include "automation/RunTimeError.h"
 #include "cli/CommonOptions.h"
 #include "cli/NamedMachine.h"
 #include "cli/posix/FolderWords.h"
+#include "cli/posix/LockWords.h"
 #include "cli/posix/ReadAheadObserver.h"
 #include "library/Library.h"
 #include "machines/FolderLayout.h"
 #include "machines/MachineFolder.h"
+#include "machines/MachineLock.h"
 #include "move/ProductSettings.h"
 #include "platform/hosted/DiskName.h"
 #include "platform/hosted/SystemPaths.h"
@@ -19,14 +22,20 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// What is known of the folder of a machine that is named for a command.
+struct FolderFacts {
+  std::string usualGroupRoot;
+  bool isBareDisk = false;
+  fs::path registryFolder;
+  LockWishes lock;
+};
+
 /// A machine that is held in a folder.
 class FolderMachine final : public NamedMachine {
  public:
   FolderMachine(std::shared_ptr<HostedPlatform> platform, MessageDialog& messages,
-                std::string usualGroupRoot = {}, bool isBareDisk = false)
-      : platform_(std::move(platform)),
-        usualGroupRoot_(std::move(usualGroupRoot)),
-        isBareDisk_(isBareDisk) {
+                FolderFacts facts = {})
+      : platform_(std::move(platform)), facts_(std::move(facts)) {
     platform_->SetMessageDialog(messages);
   }
 
@@ -42,16 +51,17 @@ class FolderMachine final : public NamedMachine {
     }
     return *inside;
   }
-  std::string UsualGroupRoot() const override { return usualGroupRoot_; }
+  std::string UsualGroupRoot() const override { return facts_.usualGroupRoot; }
+  void Lock() override { lock_.emplace(facts_.registryFolder, facts_.lock); }
   std::unique_ptr<WorkObserver> ReadAhead() override {
     return std::make_unique<ReadAheadObserver>(*platform_);
   }
-  bool IsBareDisk() const override { return isBareDisk_; }
+  bool IsBareDisk() const override { return facts_.isBareDisk; }
 
  private:
   std::shared_ptr<HostedPlatform> platform_;
-  std::string usualGroupRoot_;
-  bool isBareDisk_;
+  FolderFacts facts_;
+  std::optional<MachineLock> lock_;
 };
 
 /// The machine of `--machine`: a machine folder, or a disk.
@@ -63,9 +73,10 @@ std::shared_ptr<FolderMachine> OpenFolder(const CommonArguments& common, Console
   }
   FolderLayout folder = LayOut(taken, {common.user, {}, {}, use == DocumentsUse::Needed});
   if (taken.IsDisk()) console.Note(TextOf(taken));
+  FolderFacts facts{std::move(folder.usualGroupRoot), taken.IsDisk() && folder.groupRoot.empty(),
+                    folder.layout.registryFile.parent_path(), LockWishesOf(common, console)};
   return std::make_shared<FolderMachine>(std::make_shared<HostedPlatform>(std::move(folder.layout)),
-                                         console, std::move(folder.usualGroupRoot),
-                                         taken.IsDisk() && folder.groupRoot.empty());
+                                         console, std::move(facts));
 }
 
 bool IsSingleLetter(const fs::path& name) {

@@ -9,6 +9,7 @@
 #include "cli/MoveProgress.h"
 #include "cli/MoveReport.h"
 #include "cli/posix/FolderWords.h"
+#include "cli/posix/LockWords.h"
 #include "cli/posix/PageFile.h"
 #include "cli/posix/ReadAheadObserver.h"
 #include "machines/FolderMove.h"
@@ -33,6 +34,7 @@ folder of its user, and the registry to Norvo/registry.reg, which is to be impor
 
 Run it again after an interruption, or later: what is there already stays, and playlists that were
 restored are not restored again. No song and no playlist that is there is ever overwritten.
+While it runs no other run may write to its machines: that one ends at once, or waits with --wait.
 The folders must not lie in each other. --link is refused where nothing is written to --from.
 Exit code 1: something that exists was left out, above all a song that no playlist of the new
 machine leads to.)";
@@ -115,6 +117,7 @@ class MigrateCommand final : public Command {
     AddReportOptions(*app);
     app->add_flag("--dry-run", options_.dryRun, "Print the plan; write nothing on the new machine");
     app->footer(kHelp);
+    AddWaitOption(*app, common);
     AddReadAheadOption(*app, common);
     AddOutputOptions(*app, common);
     return app;
@@ -129,7 +132,7 @@ class MigrateCommand final : public Command {
     MoveObserver observer(console);
     const bool readsAhead = !common.noReadAhead;
     const MoveResult result = MovePlaylists(
-        Folders(console, opened, readsAhead ? &observer : nullptr), options_, observer);
+        Folders(common, console, opened, readsAhead ? &observer : nullptr), options_, observer);
     TellLeftOut(result, console);
     for (const StyledLine& line : MoveReport(result, terms, console.Width())) console.Say(line);
     if (!options_.dryRun) SayNextStep(result, opened.registry, console);
@@ -138,7 +141,8 @@ class MigrateCommand final : public Command {
   }
 
  private:
-  FolderMove Folders(Console& console, OpenedFolders& opened, MoveObserver* readingAhead) const {
+  FolderMove Folders(const CommonArguments& common, Console& console, OpenedFolders& opened,
+                     MoveObserver* readingAhead) const {
     FolderMove folders;
     folders.from = from_;
     folders.to = to_;
@@ -148,6 +152,7 @@ class MigrateCommand final : public Command {
     folders.groupRoot = groupRoot_;
     folders.work = work_;
     folders.messages = &console;
+    folders.lock = LockWishesOf(common, console);
     folders.names = {"--from", "--to", "--work"};
     folders.onOpened = [&, readingAhead](const OpenedFolders& taken) {
       opened = taken;

@@ -110,6 +110,19 @@ FileFailure ClaimSpace(const SystemFile& file, std::uint64_t size);
 /// thread of its own.
 std::vector<FileFailure> FlushToDisk(std::span<const SystemFile* const> files);
 
+/// What the asking for a lock gave.
+enum class LockAnswer {
+  Taken,
+  Busy,    ///< another open file has it
+  Refused  ///< the disk has no locks
+};
+
+/// Takes the lock of an open file, and waits for it when it is to. It ends when the file is closed,
+/// and so with the process, however that ends.
+LockAnswer LockFile(const SystemFile& file, bool wait);
+/// This process, for people: "norvo-playlists (process 1234 of ann on pc7)".
+std::string ThisProcess();
+
 /// How many files the process may have open; 0 when the system does not say.
 std::size_t MostOpenFiles();
 
