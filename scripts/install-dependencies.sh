@@ -1,23 +1,27 @@
 #!/bin/sh
-# Installs what building and testing need on a Debian 12 system, if it is missing.
+# Installs what building and testing need on a Debian 12 system, if it is missing: for the build
+# alone; for that of a program that needs no shared library; for Windows; or for all tests.
 #
-#   scripts/install-dependencies.sh build|windows|test
+#   scripts/install-dependencies.sh build|static|windows|test
 set -eu
 
 packages="g++ cmake ninja-build libcli11-dev nlohmann-json3-dev python3 git
           libpugixml-dev libtag1-dev libutf8proc-dev"
+# What the static TagLib is built with.
+static="dpkg-dev libutfcpp-dev zlib1g-dev"
 # For Windows: compilers, what its libraries are built with, the IDL compiler with the files that it
 # imports, and what runs the result.
 windows="g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev
          dpkg-dev libutfcpp-dev wine64 wine googletest"
-if [ "${1:-}" = windows ]; then
-    packages="$packages $windows"
-fi
-if [ "${1:-}" = test ]; then
-    packages="$packages $windows libgtest-dev libbenchmark-dev clang libclang-rt-14-dev
+case ${1:-} in
+static) packages="$packages $static" ;;
+windows) packages="$packages $windows" ;;
+test)
+    packages="$packages $static $windows libgtest-dev libbenchmark-dev clang libclang-rt-14-dev
               clang-format strace valgrind python3-gi gir1.2-totemplparser-1.0
               doxygen pkg-config chromium chromium-driver"
-fi
+    ;;
+esac
 
 install() {
     root=
@@ -44,6 +48,10 @@ done
 # shellcheck disable=SC2086
 [ -z "$missing" ] || install $missing
 
+scripts=$(dirname "$0")
 case ${1:-} in
-windows | test) "$(dirname "$0")/build-windows-libraries.sh" ;;
+windows | test) "$scripts/build-libraries.sh" windows ;;
+esac
+case ${1:-} in
+static | test) "$scripts/build-libraries.sh" linux ;;
 esac

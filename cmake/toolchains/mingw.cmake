@@ -5,15 +5,8 @@ set(CMAKE_C_COMPILER ${NORVO_MINGW_TRIPLE}-gcc-posix)
 set(CMAKE_CXX_COMPILER ${NORVO_MINGW_TRIPLE}-g++-posix)
 set(CMAKE_RC_COMPILER ${NORVO_MINGW_TRIPLE}-windres)
 
-# The libraries that scripts/build-windows-libraries.sh has built, where that keeps them.
-set(NORVO_MINGW_LIBRARIES "$ENV{HOME}/.cache/norvo-playlists/windows")
-if(NOT "$ENV{XDG_CACHE_HOME}" STREQUAL "")
-  set(NORVO_MINGW_LIBRARIES "$ENV{XDG_CACHE_HOME}/norvo-playlists/windows")
-endif()
-if(NOT "$ENV{NORVO_WINDOWS_LIBRARIES}" STREQUAL "")
-  set(NORVO_MINGW_LIBRARIES "$ENV{NORVO_WINDOWS_LIBRARIES}")
-endif()
-string(APPEND NORVO_MINGW_LIBRARIES "/${NORVO_MINGW_TRIPLE}")
+include("${CMAKE_CURRENT_LIST_DIR}/../NorvoBuiltLibraries.cmake")
+norvo_built_libraries(NORVO_MINGW_LIBRARIES windows ${NORVO_MINGW_TRIPLE})
 if(NOT EXISTS "${NORVO_MINGW_LIBRARIES}/versions")
   message(FATAL_ERROR "The libraries for Windows are missing in ${NORVO_MINGW_LIBRARIES}. "
     "Run scripts/install-dependencies.sh windows first; it builds them.")

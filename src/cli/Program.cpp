@@ -50,6 +50,8 @@ The program works on the machine that it runs on: its drives, its registry, its 
 Exit codes: 0 done; 1 done, but something was left out, which is named on standard error;
 2 wrong usage, or a machine that cannot be worked on.)"};
 
+constexpr const char* kVersion = "norvo-playlists " NORVO_VERSION;
+
 /// The program's command line, which its commands declare.
 class CommandLine {
  public:
@@ -57,7 +59,7 @@ class CommandLine {
     app_.name("norvo-playlists");
     // "/Music/Mix.m3u" is a path, on Windows too.
     app_.allow_windows_style_options(false);
-    app_.set_version_flag("--version", "norvo-playlists " NORVO_VERSION);
+    app_.set_version_flag("--version", kVersion);
     app_.footer(kHelp.Here());
     app_.require_subcommand(1);
     for (const NewCommand make : AllCommands()) {
@@ -146,15 +148,30 @@ int RunCommand(CommandLine& line, Console& console) {
   }
 }
 
+int ParseAndRun(const std::vector<std::string>& words, std::ostream& out, std::ostream& err,
+                Console& console) {
+  CommandLine line;
+  int code = exit_code::kDone;
+  if (!line.Parse(words, out, err, code)) return code;
+  if (line.Common().quiet) console.SetQuiet();
+  if (line.Common().json) console.SetJson();
+  return RunCommand(line, console);
+}
+
+/// Alone, the version is told without making the options of all commands, which would take two
+/// thirds of the program's own instructions.
+bool AsksVersionAlone(const std::vector<std::string>& words) {
+  return words.size() == 1 && words.front() == "--version";
+}
+
 int RunLine(const std::vector<std::string>& words, std::ostream& out, std::ostream& err,
             bool errIsTerminal) {
   Console console(out, err, errIsTerminal);
-  CommandLine line;
   int code = exit_code::kDone;
-  if (line.Parse(words, out, err, code)) {
-    if (line.Common().quiet) console.SetQuiet();
-    if (line.Common().json) console.SetJson();
-    code = RunCommand(line, console);
+  if (AsksVersionAlone(words)) {
+    out << kVersion << '\n';
+  } else {
+    code = ParseAndRun(words, out, err, console);
   }
   return console.Flush() ? code : std::max(code, exit_code::kLeftOut);
 }

@@ -88,6 +88,15 @@ TEST_F(UsageTest, TellsItsVersion) {
   EXPECT_EQ(outcome.out.rfind("norvo-playlists ", 0), 0u) << outcome.out;
 }
 
+// Alone it is told in a way of its own.
+TEST_F(UsageTest, TellsTheSameVersionBesideOtherWords) {
+  const Outcome alone = RunProgram({"--version"});
+  const Outcome beside = RunProgram({"--version", "scan"});
+  EXPECT_EQ(beside.code, alone.code);
+  EXPECT_EQ(beside.out, alone.out);
+  EXPECT_EQ(beside.err, alone.err);
+}
+
 TEST_F(UsageTest, UnusableMachineEndsWithTwoAndNamesTheFolder) {
   fs::create_directories(Root() / "empty");
   const std::array<std::string, 2> folders = {(Root() / "empty").string(),
