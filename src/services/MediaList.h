@@ -5,7 +5,7 @@
 #include <string>
 
 #include "services/Platform.h"
-#include "text/FingerprintIndex.h"
+#include "text/FingerprintSet.h"
 
 namespace norvo {
 
@@ -30,7 +30,7 @@ class MediaList final : public MigrationList {
   String root_;
   String path_;
   /// The records, each by its source and destination.
-  FingerprintIndex known_;
+  FingerprintSet known_;
   std::string pending_;    // lines not yet in the file
   std::size_t whole_ = 0;  // bytes of the file up to the end of its last whole line
   bool torn_ = false;      // the file may end in a torn line

@@ -1,48 +1,23 @@
-#include "text/FingerprintIndex.h"
-
-#include <utility>
+#include "text/FingerprintSet.h"
 
 namespace norvo {
-namespace {
 
-constexpr std::size_t kFirstSlots = 64;
-
-}  // namespace
-
-std::size_t FingerprintIndex::Place(const Fingerprint& print) const noexcept {
-  const std::size_t mask = slots_.size() - 1;
-  std::size_t place = static_cast<std::size_t>(print.first) & mask;
-  while (slots_[place].used && slots_[place].print != print) place = (place + 1) & mask;
-  return place;
+bool FingerprintSet::Has(const Fingerprint& print) const noexcept {
+  return places_.Find(print.first, [&](std::size_t at) { return prints_[at] == print; })
+      .has_value();
 }
 
-std::optional<std::uint32_t> FingerprintIndex::Find(const Fingerprint& print) const noexcept {
-  if (slots_.empty()) return std::nullopt;
-  const Slot& slot = slots_[Place(print)];
-  return slot.used ? std::optional(slot.number) : std::nullopt;
-}
-
-bool FingerprintIndex::Insert(const Fingerprint& print, std::uint32_t number) {
-  // A quarter of the slots stays free, so that probing stays short.
-  if ((size_ + 1) * 4 > slots_.size() * 3) Grow();
-  Slot& slot = slots_[Place(print)];
-  if (slot.used) return false;
-  slot = {print, number, true};
-  ++size_;
+bool FingerprintSet::Insert(const Fingerprint& print) {
+  if (Has(print)) return false;
+  places_.Reserve(prints_.size() + 1, [this](std::size_t at) { return prints_[at].first; });
+  prints_.push_back(print);
+  places_.Add(prints_.size() - 1, print.first);
   return true;
 }
 
-void FingerprintIndex::Grow() {
-  std::vector<Slot> old(slots_.empty() ? kFirstSlots : slots_.size() * 2);
-  std::swap(old, slots_);
-  for (const Slot& slot : old) {
-    if (slot.used) slots_[Place(slot.print)] = slot;
-  }
-}
-
-void FingerprintIndex::Clear() {
-  slots_.clear();
-  size_ = 0;
+void FingerprintSet::Clear() noexcept {
+  prints_.clear();
+  places_.Clear();
 }
 
 }  // namespace norvo

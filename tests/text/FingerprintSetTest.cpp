@@ -1,4 +1,4 @@
-#include "text/FingerprintIndex.h"
+#include "text/FingerprintSet.h"
 
 #include <gtest/gtest.h>
 
@@ -7,43 +7,43 @@
 namespace norvo {
 namespace {
 
-TEST(FingerprintIndex, AnEmptyIndexFindsNothing) {
-  EXPECT_FALSE(FingerprintIndex().Find(Fingerprint()));
+TEST(FingerprintSet, AnEmptySetHasNothing) {
+  EXPECT_FALSE(FingerprintSet().Has(Fingerprint()));
 }
 
-TEST(FingerprintIndex, FindsTheNumbersOfManyPrints) {
-  FingerprintIndex index;
+TEST(FingerprintSet, HasAllOfManyPrintsAndNoOther) {
+  FingerprintSet set;
   for (std::uint32_t i = 0; i < 5000; ++i) {
-    ASSERT_TRUE(index.Insert(FingerprintOf(FormatInteger(i)), i));
+    ASSERT_TRUE(set.Insert(FingerprintOf(FormatInteger(i))));
   }
-  EXPECT_EQ(index.Size(), 5000u);
+  EXPECT_EQ(set.Size(), 5000u);
   for (std::uint32_t i = 0; i < 5000; ++i) {
-    ASSERT_EQ(index.Find(FingerprintOf(FormatInteger(i))), i);
+    ASSERT_TRUE(set.Has(FingerprintOf(FormatInteger(i))));
   }
-  EXPECT_FALSE(index.Find(FingerprintOf(u"5000")));
+  EXPECT_FALSE(set.Has(FingerprintOf(u"5000")));
 }
 
-TEST(FingerprintIndex, KeepsTheFirstNumberOfAPrint) {
-  FingerprintIndex index;
-  EXPECT_TRUE(index.Insert(CaselessFingerprintOf(u"a"), 1));
-  EXPECT_FALSE(index.Insert(CaselessFingerprintOf(u"A"), 2));
-  EXPECT_EQ(index.Find(CaselessFingerprintOf(u"a")), 1u);
-  EXPECT_EQ(index.Size(), 1u);
+TEST(FingerprintSet, TakesEachPrintOnce) {
+  FingerprintSet set;
+  EXPECT_TRUE(set.Insert(CaselessFingerprintOf(u"a")));
+  EXPECT_FALSE(set.Insert(CaselessFingerprintOf(u"A")));
+  EXPECT_EQ(set.Size(), 1u);
 }
 
-TEST(FingerprintIndex, PrintsThatBelongInOnePlaceAreToldApart) {
-  FingerprintIndex index;
-  for (std::uint32_t i = 0; i < 60; ++i) ASSERT_TRUE(index.Insert({7, i}, i));
-  for (std::uint32_t i = 0; i < 60; ++i) ASSERT_EQ(index.Find({7, i}), i);
+TEST(FingerprintSet, PrintsThatBelongInOnePlaceAreToldApart) {
+  FingerprintSet set;
+  for (std::uint32_t i = 0; i < 60; ++i) ASSERT_TRUE(set.Insert({7, i}));
+  for (std::uint32_t i = 0; i < 60; ++i) ASSERT_TRUE(set.Has({7, i}));
+  EXPECT_FALSE(set.Has({7, 60}));
 }
 
-TEST(FingerprintIndex, HoldsNothingAfterClearing) {
-  FingerprintIndex index;
-  index.Insert(Fingerprint(), 1);
-  index.Clear();
-  EXPECT_EQ(index.Size(), 0u);
-  EXPECT_FALSE(index.Find(Fingerprint()));
-  EXPECT_TRUE(index.Insert(Fingerprint(), 2));
+TEST(FingerprintSet, HoldsNothingAfterClearing) {
+  FingerprintSet set;
+  set.Insert(Fingerprint());
+  set.Clear();
+  EXPECT_EQ(set.Size(), 0u);
+  EXPECT_FALSE(set.Has(Fingerprint()));
+  EXPECT_TRUE(set.Insert(Fingerprint()));
 }
 
 }  // namespace
