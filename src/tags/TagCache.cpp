@@ -1,6 +1,7 @@
 #include "tags/TagCache.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 #include <numeric>
 #include <span>
@@ -17,6 +18,13 @@ constexpr StringView AudioTag::*kShared[] = {&AudioTag::album, &AudioTag::artist
 bool IsWide(StringView text) {
   constexpr std::uint64_t kHigherBytes = InEachLane(static_cast<char16_t>(0xFF00));
   return AnyWord(text, u'\0', [](std::uint64_t word) { return word & kHigherBytes; });
+}
+
+/// The path's fingerprint and the stamp in one, which saves a third of a song's room. Of one path
+/// two are the same exactly when the stamps are.
+Fingerprint FileOf(const Fingerprint& path, const FileStamp& stamp) {
+  return {path.first ^ std::bit_cast<std::uint64_t>(stamp.size),
+          path.second ^ static_cast<std::uint64_t>(stamp.modified)};
 }
 
 /// Puts texts together as bytes.
@@ -56,13 +64,13 @@ std::size_t Sum(std::span<const std::uint16_t> lengths) {
 
 }  // namespace
 
-std::optional<std::size_t> TagCache::FindSong(const Fingerprint& path) const {
-  return songsByPath_.Find(path.first, [&](std::size_t at) { return songs_[at].path == path; });
+std::optional<std::size_t> TagCache::FindSong(const Fingerprint& file) const {
+  return songsByFile_.Find(file.first, [&](std::size_t at) { return songs_[at].file == file; });
 }
 
 std::optional<AudioTag> TagCache::Find(const Fingerprint& path, const FileStamp& stamp) {
-  const std::optional<std::size_t> place = FindSong(path);
-  if (!place || songs_[*place].stamp != stamp) return std::nullopt;
+  const std::optional<std::size_t> place = FindSong(FileOf(path, stamp));
+  if (!place) return std::nullopt;
   const Song& song = songs_[*place];
   const Album& album = albums_[song.album];
   const char16_t* text = found_.data();
@@ -131,13 +139,9 @@ std::optional<std::uint32_t> TagCache::AlbumOf(const AudioTag& tag, bool isWide)
 }
 
 void TagCache::KeepSong(const Song& song) {
-  if (const std::optional<std::size_t> place = FindSong(song.path)) {
-    songs_[*place] = song;
-    return;
-  }
-  songsByPath_.Reserve(songs_.size() + 1, [this](std::size_t at) { return songs_[at].path.first; });
+  songsByFile_.Reserve(songs_.size() + 1, [this](std::size_t at) { return songs_[at].file.first; });
   songs_.push_back(song);
-  songsByPath_.Add(songs_.size() - 1, song.path.first);
+  songsByFile_.Add(songs_.size() - 1, song.file.first);
 }
 
 void TagCache::Keep(const Fingerprint& path, const FileStamp& stamp, const AudioTag& tag) {
@@ -147,14 +151,15 @@ void TagCache::Keep(const Fingerprint& path, const FileStamp& stamp, const Audio
     units += (tag.*each).size();
     isWide = isWide || IsWide(tag.*each);
   }
-  if (units > kLongestText || (songs_.size() >= kMostTags && !FindSong(path))) return;
+  const Fingerprint file = FileOf(path, stamp);
+  if (units > kLongestText || songs_.size() >= kMostTags || FindSong(file)) return;
   const std::optional<std::uint32_t> album = AlbumOf(tag, isWide);
   Packing title(isWide);
   title.Add(tag.song);
   const std::optional<std::uint32_t> text = album ? KeepText(title.Bytes()) : std::nullopt;
   if (!text) return;
-  KeepSong({path, stamp, *text, *album, tag.duration, static_cast<std::uint16_t>(tag.song.size()),
-            tag.track});
+  KeepSong(
+      {file, *text, *album, tag.duration, static_cast<std::uint16_t>(tag.song.size()), tag.track});
 }
 
 }  // namespace norvo

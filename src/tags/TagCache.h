@@ -13,7 +13,8 @@
 namespace norvo {
 
 /// Tags that were read, by the fingerprint of the file's path and the file's stamp. It holds so
-/// many tags, and so much of their texts, and no more; those that come later are read each time.
+/// many tags, those of files that have changed since included, and so much of their texts, and no
+/// more; those that come later are read each time.
 ///
 /// A tag that is kept shall take little room. A unit of its texts is one byte, unless one of them
 /// needs two; and what the songs of an album have in common is kept once: of 20,000 songs on 2,000
@@ -27,7 +28,7 @@ class TagCache {
   static constexpr std::size_t kMostTags = 32768;
   /// Tags with more text are not kept; ordinary ones have about a tenth of it.
   static constexpr std::size_t kLongestText = 1024;
-  /// Bytes of all texts, also of those of tags that were replaced.
+  /// Bytes of all texts.
   static constexpr std::size_t kMostText = std::size_t{16} * 1024 * 1024;
 
  private:
@@ -41,8 +42,7 @@ class TagCache {
     bool isWide = false;  // the texts, and those of the songs, take two bytes a unit
   };
   struct Song {
-    Fingerprint path;
-    FileStamp stamp;
+    Fingerprint file;
     std::uint32_t title = 0;  // see `TextAt`
     std::uint32_t album = 0;  // its position
     std::int32_t duration = 0;
@@ -50,14 +50,14 @@ class TagCache {
     std::int16_t track = 0;
   };
 
-  std::optional<std::size_t> FindSong(const Fingerprint& path) const;
+  std::optional<std::size_t> FindSong(const Fingerprint& file) const;
   /// Position of this album, which is kept if it was not; nothing when there is no room for it.
   std::optional<std::uint32_t> AlbumOf(const AudioTag& tag, bool isWide);
   void KeepSong(const Song& song);
   const char* TextAt(std::uint32_t place) const;
   std::optional<std::uint32_t> KeepText(std::string_view bytes);
 
-  PositionTable songsByPath_;
+  PositionTable songsByFile_;
   std::deque<Song> songs_;
   PositionTable albumsByText_;
   std::deque<Album> albums_;
