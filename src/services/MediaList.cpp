@@ -100,6 +100,8 @@ bool MediaList::Add(const MediaRecord& record) {
   } else {
     pending_.resize(line);
   }
+  // What cannot be written waits: for as much again, or for the next flush, which tells of it.
+  if (pending_.size() >= most_ && !Flush()) most_ = pending_.size() + kManyBytes;
   return true;
 }
 
@@ -114,6 +116,7 @@ bool MediaList::Flush() {
   exists_ = true;
   torn_ = false;
   pending_.clear();
+  most_ = kManyBytes;
   return true;
 }
 
