@@ -61,6 +61,7 @@ class PackedTexts {
     std::uint32_t length = 0;
   };
 
+  /// Controls were looked for when the whole was set.
   void SetPart(std::size_t i, std::size_t length, std::size_t start) {
     places_[i] = {static_cast<std::uint32_t>(start), static_cast<std::uint32_t>(length)};
     hasParts_ = true;
