@@ -89,7 +89,7 @@ void EntryFields::SetSource(StringView address, const FileFacts* facts) {
 
 void EntryFields::TakeFacts(const FileFacts& facts) {
   fileSize_ = facts.size;
-  texts_.Set(kFileName, facts.name);
+  texts_.SetAsPart(kFileName, facts.name, kSourceUrl);
   if (!HasAsxEntries(entryType_)) fileCreationDate_ = facts.created;
 }
 

@@ -24,9 +24,9 @@ class EntryFields : public TableObject {
   StringView AlbumName() { return Cleaned(kAlbumName); }
   void SetAlbumName(StringView value) { texts_.Set(kAlbumName, value); }
   StringView ArtistName() { return Cleaned(kArtistName); }
-  void SetArtistName(StringView value) { texts_.Set(kArtistName, value); }
+  void SetArtistName(StringView value) { texts_.SetAsPart(kArtistName, value, kSongTitle); }
   StringView SongName() { return Cleaned(kSongName); }
-  virtual void SetSongName(StringView value) { texts_.Set(kSongName, value); }
+  virtual void SetSongName(StringView value) { texts_.SetAsPart(kSongName, value, kSongTitle); }
   /// @}
 
   /// @{
@@ -122,7 +122,7 @@ class EntryFields : public TableObject {
 
  private:
   // What an ordinary song has of texts, so that they are given their room once.
-  static constexpr std::size_t kUsualUnits = 192;
+  static constexpr std::size_t kUsualUnits = 139;
 
   /// @cond
   enum Field : std::uint8_t {

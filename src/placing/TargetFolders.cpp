@@ -30,12 +30,12 @@ const TargetFolders::Folder& TargetFolders::FolderOf(StringView path) {
   if (known != folders_.end()) return known->second;
   Folder folder{files_.MakeFolderOf(path), {}};
   folder.print = PrintOf(folder.path);
-  if (read_.Insert(folder.print, 0)) ReadNames(folder, path);
+  if (read_.Insert(folder.print)) ReadNames(folder, path);
   return folders_.emplace(std::move(parent), std::move(folder)).first->second;
 }
 
 bool TargetFolders::TakeName(const Folder& folder, std::string_view name) {
-  return names_.Insert(FingerprintOf({folder.print, FingerprintOfDiskName(name)}), 0);
+  return names_.Insert(FingerprintOf({folder.print, FingerprintOfDiskName(name)}));
 }
 
 void TargetFolders::ReadNames(const Folder& folder, StringView path) {

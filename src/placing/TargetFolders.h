@@ -4,7 +4,7 @@
 #include <unordered_map>
 
 #include "platform/hosted/PathResolver.h"
-#include "text/FingerprintIndex.h"
+#include "text/FingerprintSet.h"
 
 namespace norvo {
 
@@ -39,9 +39,8 @@ class TargetFolders {
 
   HostedFileSystem& files_;
   std::unordered_map<String, Folder> folders_;  // by their paths as they were given
-  // Both hold fingerprints only; their numbers mean nothing.
-  FingerprintIndex read_;
-  FingerprintIndex names_;
+  FingerprintSet read_;
+  FingerprintSet names_;
 };
 
 }  // namespace norvo

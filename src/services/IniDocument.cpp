@@ -1,6 +1,7 @@
 #include "services/IniDocument.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <utility>
 
 #include "services/SettingsText.h"
@@ -22,12 +23,19 @@ StringView TrimBlanksAndTabs(StringView text) {
 IniDocument::Line IniDocument::NewKey(StringView key, StringView value) {
   const std::size_t start = pool_.size();
   pool_.append(key).append(1, u'=').append(value);
-  return {start, pool_.size() - start, key.size()};
+  return LastLine(start, key.size());
 }
 
 IniDocument::Line IniDocument::NewOther(StringView text) {
   pool_.append(text);
-  return {pool_.size() - text.size(), text.size(), 0};
+  return LastLine(pool_.size() - text.size(), 0);
+}
+
+/// The line whose text was put at the pool's end just now.
+IniDocument::Line IniDocument::LastLine(std::size_t start, std::size_t keyLength) const {
+  if (pool_.size() > UINT32_MAX) throw std::length_error("settings too long");
+  return {static_cast<std::uint32_t>(start), static_cast<std::uint32_t>(pool_.size() - start),
+          static_cast<std::uint32_t>(keyLength)};
 }
 
 IniDocument::IniDocument(StringView text) {
@@ -86,19 +94,35 @@ std::size_t IniDocument::FindOrAddSection(StringView name) {
 
 std::size_t IniDocument::FindKey(const Section& section, StringView key) const {
   if (key.empty()) return kNone;
-  if (section.lines.size() <= kSearchedLines) {
-    for (std::size_t i = 0; i < section.lines.size(); ++i) {
-      const Line& line = section.lines[i];
-      if (line.keyLength == key.size() && EqualsIgnoreCase(KeyOf(line), key)) return i;
-    }
-    return kNone;
+  if (section.lines.size() <= kSearchedLines) return SearchKey(section, key);
+  IndexKeys(section);
+  return FindIndexed(section, key).value_or(kNone);
+}
+
+std::size_t IniDocument::SearchKey(const Section& section, StringView key) const {
+  for (std::size_t i = 0; i < section.lines.size(); ++i) {
+    const Line& line = section.lines[i];
+    if (line.keyLength == key.size() && EqualsIgnoreCase(KeyOf(line), key)) return i;
   }
+  return kNone;
+}
+
+std::optional<std::size_t> IniDocument::FindIndexed(const Section& section, StringView key) const {
+  return section.byKey.Find(CaselessHash()(key), [&](std::size_t at) {
+    return EqualsIgnoreCase(KeyOf(section.lines[at]), key);
+  });
+}
+
+/// Of equal keys the first one only.
+void IniDocument::IndexKeys(const Section& section) const {
+  if (section.indexed == section.lines.size()) return;
+  const auto hashOf = [&](std::size_t at) { return CaselessHash()(KeyOf(section.lines[at])); };
+  section.byKey.Reserve(section.lines.size(), hashOf);
   for (; section.indexed < section.lines.size(); ++section.indexed) {
     const Line& line = section.lines[section.indexed];
-    if (line.keyLength > 0) section.byKey.emplace(KeyOf(line), section.indexed);
+    if (line.keyLength == 0 || FindIndexed(section, KeyOf(line))) continue;
+    section.byKey.Add(section.indexed, hashOf(section.indexed));
   }
-  const auto found = section.byKey.find(key);
-  return found == section.byKey.end() ? kNone : found->second;
 }
 
 std::optional<StringView> IniDocument::Value(std::size_t section, StringView key) const {

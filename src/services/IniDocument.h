@@ -1,11 +1,13 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <optional>
 #include <unordered_map>
 #include <vector>
 
+#include "text/PositionTable.h"
 #include "text/Text.h"
 
 namespace norvo {
@@ -46,20 +48,21 @@ class IniDocument {
   /// One line as it is written: a key, an equals sign and the value, or any other line. Its text
   /// stands in the document's pool, so that a line costs no allocation of its own.
   struct Line {
-    std::size_t start = 0;
-    std::size_t length = 0;
-    std::size_t keyLength = 0;  // 0 for a line that is no key
+    std::uint32_t start = 0;
+    std::uint32_t length = 0;
+    std::uint32_t keyLength = 0;  // 0 for a line that is no key
   };
   struct Section {
     String name;
     std::vector<Line> lines;
     // Filled only for sections with many keys; small ones are searched.
-    mutable std::unordered_map<String, std::size_t, CaselessHash, CaselessEqual> byKey;
+    mutable PositionTable byKey;
     mutable std::size_t indexed = 0;  // lines that byKey covers
   };
 
   Line NewKey(StringView key, StringView value);
   Line NewOther(StringView text);
+  Line LastLine(std::size_t start, std::size_t keyLength) const;
   StringView TextOf(const Line& line) const {
     return StringView(pool_).substr(line.start, line.length);
   }
@@ -68,6 +71,9 @@ class IniDocument {
   void AddLine(std::size_t& section, StringView line);
   /// Position of the key's line in the section, kNone when there is none.
   std::size_t FindKey(const Section& section, StringView key) const;
+  std::size_t SearchKey(const Section& section, StringView key) const;
+  void IndexKeys(const Section& section) const;
+  std::optional<std::size_t> FindIndexed(const Section& section, StringView key) const;
 
   String pool_;                   // the lines' texts, also of those that were replaced
   std::vector<Line> preamble_;    // lines before the first section

@@ -80,7 +80,7 @@ void MediaList::Load(const std::optional<std::string>& bytes) {
     const std::size_t first = line.find(kSeparator);
     const std::size_t second = line.find(kSeparator, first + 1);
     if (first == std::string_view::npos || second == std::string_view::npos) continue;
-    known_.Insert(PrintOf(line.substr(first + 1)), 0);
+    known_.Insert(PrintOf(line.substr(first + 1)));
   }
   torn_ = !rest.empty();
   whole_ = bytes->size() - rest.size();
@@ -95,11 +95,13 @@ bool MediaList::Add(const MediaRecord& record) {
   AppendField(pending_, record.source);
   pending_ += kSeparator;
   AppendField(pending_, record.destination);
-  if (known_.Insert(PrintOf(std::string_view(pending_).substr(fields)), 0)) {
+  if (known_.Insert(PrintOf(std::string_view(pending_).substr(fields)))) {
     pending_ += kLineEnd;
   } else {
     pending_.resize(line);
   }
+  // What cannot be written waits: for as much again, or for the next flush, which tells of it.
+  if (pending_.size() >= most_ && !Flush()) most_ = pending_.size() + kManyBytes;
   return true;
 }
 
@@ -114,6 +116,7 @@ bool MediaList::Flush() {
   exists_ = true;
   torn_ = false;
   pending_.clear();
+  most_ = kManyBytes;
   return true;
 }
 

@@ -5,14 +5,15 @@
 #include <string>
 
 #include "services/Platform.h"
-#include "text/FingerprintIndex.h"
+#include "text/FingerprintSet.h"
 
 namespace norvo {
 
 /// The migration list as a text file, "MediaList.txt" in the group's data area: one line per
 /// record (category, source path, destination expression, separated by tabs) in UTF-8 with a byte
 /// order mark. Lines are added in one write per flush, so that a stop at any moment leaves whole
-/// records and at most one torn line, which is no record and is left out by the next flush.
+/// records and at most one torn line, which is no record and is left out by the next flush. Very
+/// many lines are written before they are flushed, so that they do not gather in memory.
 class MediaList final : public MigrationList {
  public:
   MediaList(FileSystem& files, SettingsStorage& storage) : files_(files), storage_(storage) {}
@@ -22,6 +23,9 @@ class MediaList final : public MigrationList {
   bool Flush() override;
 
  private:
+  // Some 2,000 lines: an ordinary playlist is written once.
+  static constexpr std::size_t kManyBytes = std::size_t{256} * 1024;
+
   void Load(const std::optional<std::string>& bytes);
   void Write();
 
@@ -30,10 +34,11 @@ class MediaList final : public MigrationList {
   String root_;
   String path_;
   /// The records, each by its source and destination.
-  FingerprintIndex known_;
-  std::string pending_;    // lines not yet in the file
-  std::size_t whole_ = 0;  // bytes of the file up to the end of its last whole line
-  bool torn_ = false;      // the file may end in a torn line
+  FingerprintSet known_;
+  std::string pending_;            // lines not yet in the file
+  std::size_t most_ = kManyBytes;  // of them, before they are written
+  std::size_t whole_ = 0;          // bytes of the file up to the end of its last whole line
+  bool torn_ = false;              // the file may end in a torn line
   bool exists_ = false;
 };
 

@@ -2,6 +2,7 @@
 
 #include "automation/RunTimeError.h"
 #include "support/LibraryTest.h"
+#include "text/Number.h"
 
 namespace norvo {
 namespace {
@@ -203,6 +204,34 @@ TEST_F(MediaListTest, ManyRecordsAreAllKept) {
   }
   list.Flush();
   EXPECT_EQ(Occurrences("\r\n"), 20000u);
+}
+
+TEST_F(MediaListTest, VeryManyRecordsDoNotGatherInMemory) {
+  MediaList list = Fresh();
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  const String folder = u"C:\\" + String(1000, u'x');
+  const auto add = [&](std::int32_t number) { list.Add(Record(folder + FormatInteger(number))); };
+  for (std::int32_t i = 0; i < 200; ++i) add(i);
+  EXPECT_FALSE(platform->HasFile(kPath));
+  for (std::int32_t i = 200; i < 1000; ++i) add(i);
+  ASSERT_TRUE(platform->HasFile(kPath));
+  EXPECT_GT(Occurrences("\r\n"), 700u);
+  list.Flush();
+  EXPECT_EQ(Occurrences("\r\n"), 1000u);
+}
+
+TEST_F(MediaListTest, VeryManyRecordsThatCannotBeWrittenAreTriedNowAndThenAndNotLost) {
+  platform->AddFile(kPath, "\xEF\xBB\xBF");
+  MediaList list = Fresh();
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  platform->FailOn(u"Append", 1, error::kDiskFull);
+  platform->FailOn(u"Settings.Write", 1, error::kDiskFull);
+  const String folder = u"C:\\" + String(1000, u'x');
+  for (std::int32_t i = 0; i < 1000; ++i) list.Add(Record(folder + FormatInteger(i)));
+  EXPECT_EQ(platform->Calls(u"Append"), 1u);
+  EXPECT_EQ(platform->Calls(u"Settings.Write"), 2u);
+  EXPECT_TRUE(list.Flush());
+  EXPECT_EQ(Occurrences("\r\n"), 1000u);
 }
 
 TEST_F(MediaListTest, TextOutOfATagForgesNoRecord) {

@@ -122,7 +122,7 @@ TEST(TagCache, KeepsNoMoreTextThanItsLimit) {
   const FileStamp stamp{1, 1};
   AudioTag tag;
   const String text(TagCache::kLongestText, u'\u4e00');
-  tag.album = text;
+  tag.song = text;
   const std::size_t fitting = TagCache::kMostText / (2 * TagCache::kLongestText);
   for (std::size_t i = 0; i <= fitting; ++i) {
     cache.Keep(Fingerprint{i, 1}, stamp, tag);
@@ -130,7 +130,66 @@ TEST(TagCache, KeepsNoMoreTextThanItsLimit) {
   EXPECT_FALSE(cache.Find(Fingerprint{fitting, 1}, stamp));
   for (const std::size_t i : {std::size_t{0}, std::size_t{100}, fitting / 2}) {
     ASSERT_TRUE(cache.Find(Fingerprint{i, 1}, stamp)) << i;
-    EXPECT_EQ(cache.Find(Fingerprint{i, 1}, stamp)->album, tag.album) << i;
+    EXPECT_EQ(cache.Find(Fingerprint{i, 1}, stamp)->song, tag.song) << i;
+  }
+}
+
+TEST(TagCache, KeepsNoMoreAlbumsThanTheirTextsHaveRoom) {
+  TagCache cache;
+  const FileStamp stamp{1, 1};
+  const std::size_t fitting = TagCache::kMostText / (2 * TagCache::kLongestText);
+  String text(TagCache::kLongestText, u'\u4e00');
+  AudioTag tag;
+  for (std::size_t i = 0; i <= fitting; ++i) {
+    text.front() = static_cast<char16_t>(0x5000 + i);
+    tag.album = text;
+    cache.Keep(Fingerprint{i, 1}, stamp, tag);
+  }
+  EXPECT_FALSE(cache.Find(Fingerprint{fitting, 1}, stamp));
+  text.front() = 0x5000;
+  ASSERT_TRUE(cache.Find(Fingerprint{0, 1}, stamp));
+  EXPECT_EQ(cache.Find(Fingerprint{0, 1}, stamp)->album, text);
+}
+
+TEST(TagCache, SongsOfOneAlbumAndOfAlmostOneKeepTheirOwnTags) {
+  TagCache cache;
+  const FileStamp stamp{1, 1};
+  using Kind = AudioTag::Kind;
+  const AudioTag tags[] = {
+      {Kind::Id3v2, u"Album", u"Artist", u"Rock", u"First", u"1999", 100, 1},
+      {Kind::Id3v2, u"Album", u"Artist", u"Rock", u"Second", u"1999", 200, 2},
+      {Kind::Id3v1, u"Album", u"Artist", u"Rock", u"Third", u"1999", 0, 0},
+      {Kind::Id3v2, u"AlbumA", u"rtist", u"Rock", u"Fourth", u"1999", 400, 4},
+      {Kind::Id3v2, u"Album", u"Artist", u"Rock", u"\u97F3", u"1999", 500, 5},
+      {Kind::Id3v2, {}, {}, {}, {}, {}, 600, 6},
+      {Kind::Id3v2, u"Album", u"Artist", u"Rock", {}, u"1999", 700, 7},
+  };
+  for (std::size_t i = 0; i < std::size(tags); ++i) cache.Keep(Fingerprint{i, 1}, stamp, tags[i]);
+  for (std::size_t i = 0; i < std::size(tags); ++i) {
+    SCOPED_TRACE(i);
+    const std::optional<AudioTag> found = cache.Find(Fingerprint{i, 1}, stamp);
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->kind, tags[i].kind);
+    EXPECT_TEXT(found->album, tags[i].album);
+    EXPECT_TEXT(found->artist, tags[i].artist);
+    EXPECT_TEXT(found->genre, tags[i].genre);
+    EXPECT_TEXT(found->song, tags[i].song);
+    EXPECT_TEXT(found->year, tags[i].year);
+    EXPECT_EQ(found->duration, tags[i].duration);
+    EXPECT_EQ(found->track, tags[i].track);
+  }
+}
+
+TEST(TagCache, FillsABlockOfTextsToItsEnd) {
+  TagCache cache;
+  const FileStamp stamp{1, 1};
+  const String text(TagCache::kLongestText, u'x');  // of which a whole number fits
+  AudioTag tag;
+  for (std::size_t i = 0; i < 200; ++i) {
+    tag.song = i % 2 == 0 ? StringView(text) : StringView();
+    cache.Keep(Fingerprint{i, 1}, stamp, tag);
+    ASSERT_TRUE(cache.Find(Fingerprint{i, 1}, stamp)) << i;
+    ASSERT_EQ(cache.Find(Fingerprint{i, 1}, stamp)->song, tag.song) << i;
   }
 }
 

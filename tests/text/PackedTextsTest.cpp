@@ -59,6 +59,60 @@ TEST(PackedTexts, WhatWasReplacedDoesNotPileUp) {
   EXPECT_EQ(texts.At(1), u"stays");
 }
 
+TEST(PackedTexts, APartOfAnotherTakesNoRoom) {
+  PackedTexts<4> texts;
+  texts.Reserve(16);
+  texts.Set(0, u"0123456789");
+  for (const StringView part : {u"0123", u"6789", u"0123456789"}) {
+    texts.SetAsPart(1, part, 0);
+    EXPECT_EQ(texts.At(1), part);
+    EXPECT_TRUE(texts.At(1).data() >= texts.At(0).data() &&
+                texts.At(1).data() < texts.At(0).data() + texts.At(0).size());
+  }
+  texts.SetAsPart(2, u"4567", 0);  // stands there, but neither in front nor at the end
+  EXPECT_EQ(texts.At(2), u"4567");
+  texts.SetAsPart(3, u"01234567890", 0);
+  EXPECT_EQ(texts.At(3), u"01234567890");
+  texts.SetAsPart(3, u"", 0);
+  EXPECT_EQ(texts.At(3), u"");
+}
+
+TEST(PackedTexts, APartOutlivesWhatItIsAPartOf) {
+  for (const std::size_t room : {0u, 100u}) {
+    PackedTexts<3> texts;
+    texts.Reserve(room);
+    texts.Set(0, u"one and two");
+    texts.SetAsPart(1, u"two", 0);
+    texts.SetAsPart(2, u"one", 0);
+    texts.Set(0, u"eleven");
+    EXPECT_EQ(texts.At(0), u"eleven");
+    EXPECT_EQ(texts.At(1), u"two");
+    EXPECT_EQ(texts.At(2), u"one");
+    texts.Set(1, texts.At(1).substr(1));
+    EXPECT_EQ(texts.At(1), u"wo");
+    EXPECT_EQ(texts.At(2), u"one");
+    texts.Set(0, String(500, u'x'));
+    EXPECT_EQ(texts.At(0), String(500, u'x'));
+    EXPECT_EQ(texts.At(1), u"wo");
+    EXPECT_EQ(texts.At(2), u"one");
+  }
+}
+
+TEST(PackedTexts, WhatWasReplacedDoesNotPileUpBesideParts) {
+  PackedTexts<3> texts;
+  texts.Set(0, u"one and two");
+  texts.SetAsPart(1, u"two", 0);
+  std::size_t moves = 0;
+  const char16_t* last = nullptr;
+  for (int i = 0; i < 2000; ++i) {
+    texts.Set(2, i % 2 == 0 ? u"some text" : u"another one");
+    if (texts.At(0).data() != std::exchange(last, texts.At(0).data())) ++moves;
+  }
+  EXPECT_GT(moves, 1u);
+  EXPECT_EQ(texts.At(1), u"two");
+  EXPECT_EQ(texts.At(2), u"another one");
+}
+
 TEST(PackedTexts, TellWhetherAnyMayHaveControls) {
   PackedTexts<2> texts;
   EXPECT_FALSE(texts.MayHaveControls());
