@@ -26,7 +26,7 @@ bool ExceedsLineLimit(const std::vector<StringView>& lines) {
 }
 
 std::size_t ReachableLines(const std::vector<StringView>& lines) {
-  return ExceedsLineLimit(lines) ? kMostLines : lines.size();
+  return ExceedsLineLimit(lines) ? kMostLines + 1 : lines.size();
 }
 
 }  // namespace norvo

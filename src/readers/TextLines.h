@@ -11,8 +11,9 @@ namespace norvo {
 /// lines than can be read, only so many that this shows. The text must outlive them.
 std::vector<StringView> SplitLines(StringView text);
 
-/// Lines are counted with a 16-bit index: what stands behind this many is not read, and the read
-/// fails there. The empty piece behind a last line end is no line.
+/// Lines are counted with a 16-bit index from 0: counting it up behind one line more overflows, so
+/// that this line is still read before the read fails, and none behind it. The empty piece behind
+/// a last line end is no line.
 inline constexpr std::size_t kMostLines = 32767;
 
 /// How many of the lines a walk visits before it ends or fails.

@@ -240,20 +240,29 @@ TEST_F(AsxReaderTest, ThirtyTwoThousandSevenHundredAndSixtySevenLinesAreTheMost)
   EXPECT_EQ(Kept(), 2);
 }
 
-TEST_F(AsxReaderTest, WithOneLineMoreTheReadFailsBehindTheLimit) {
+TEST_F(AsxReaderTest, WithOneLineMoreTheReadFailsBehindThatLine) {
   Lines lines(32764);
-  for (const char* const line : {"<Entry>", kRef, "</Entry>", "<Title>Late</Title>"}) {
+  for (const char* const line : {"<Entry>", kRef, "</Entry>", "<Title>Last</Title>"}) {
     lines.emplace_back(line);
   }
   ASSERT_EQ(lines.size(), 32768u);
   const std::string tooLong = TextOf(lines);
-  for (const std::string& text : {tooLong, tooLong.substr(0, tooLong.size() - 2)}) {
+  for (const std::string& text :
+       {tooLong, tooLong.substr(0, tooLong.size() - 2), tooLong + "<Title>Late</Title>"}) {
     log.clear();
     EXPECT_FALSE(ReadText(u"C:\\Music\\Mix.asx", 1, text));
     EXPECT_EQ(Kept(), 1);
-    EXPECT_EQ(Property(u"ASX_Title"), "");
+    EXPECT_EQ(Property(u"ASX_Title"), "Last");
     EXPECT_EQ(LogLines(), Lines({kAsxFailed}));
   }
+}
+
+TEST_F(AsxReaderTest, AnEntryThatEndsInTheLastLineThatIsReadIsAdded) {
+  Lines lines(32765);
+  for (const char* const line : {"<Entry>", kRef, "</Entry>"}) lines.emplace_back(line);
+  ASSERT_EQ(lines.size(), 32768u);
+  EXPECT_FALSE(ReadText(u"C:\\Music\\Mix.asx", 1, TextOf(lines)));
+  EXPECT_EQ(Kept(), 1);
 }
 
 TEST_F(AsxReaderTest, AHugeLineIsJustALine) {

@@ -163,17 +163,29 @@ TEST_F(M3uReaderTest, ThirtyTwoThousandSevenHundredAndSixtySevenLinesAreTheMost)
   EXPECT_EQ(Kept(), 1);
 }
 
-TEST_F(M3uReaderTest, WithOneLineMoreTheReadFailsBehindTheLimit) {
+TEST_F(M3uReaderTest, WithOneLineMoreTheReadFailsBehindThatLine) {
   Lines lines(32766, "#EXTM3U");
   lines.emplace_back("a.mp3");
   lines.emplace_back("b.mp3");
   const std::string tooLong = TextOf(lines);
-  for (const std::string& text : {tooLong, tooLong.substr(0, tooLong.size() - 2)}) {
+  for (const std::string& text :
+       {tooLong, tooLong.substr(0, tooLong.size() - 2), tooLong + "c.mp3"}) {
     log.clear();
     EXPECT_FALSE(ReadM3u(text));
-    EXPECT_EQ(Fields(u"Entry_SourceURL"), Lines({"C:\\Music\\a.mp3"}));
+    EXPECT_EQ(Fields(u"Entry_SourceURL"), Lines({"C:\\Music\\a.mp3", "C:\\Music\\b.mp3"}));
     EXPECT_EQ(LogLines(), Lines({kFailed}));
   }
+}
+
+TEST_F(M3uReaderTest, AnInformationLineReachesNoFurtherThanTheLastLineThatIsRead) {
+  Lines lines(32766, "#EXTM3U");
+  lines.emplace_back("#EXTINF:100,A - B");
+  lines.emplace_back("a.mp3");
+  EXPECT_FALSE(ReadM3u(TextOf(lines)));
+  EXPECT_EQ(Fields(u"Entry_SongTitle"), Lines({"A - B"}));
+  lines.insert(lines.begin(), "#EXTM3U");
+  EXPECT_FALSE(ReadM3u(TextOf(lines)));
+  EXPECT_EQ(Kept(), 0);
 }
 
 TEST_F(M3uReaderTest, HugeLinesAreReferencesAndTitlesLikeOthers) {
