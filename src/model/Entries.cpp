@@ -8,7 +8,8 @@ void Entries::Add(const ObjectRef& entry) {
   // What cannot be added leaves no trace.
   Attempt([&] {
     if (!entry) throw RunTimeError(error::kObjectNotSet);
-    if (ToInt32(type_(*entry)) != collectionType_) {
+    // As numbers, and not rounded before: a script's 3.4 is not 3.
+    if (ToDouble(type_(*entry)) != collectionType_) {
       type_(*entry);  // read once more and discarded: a script's object sees two reads
       return;
     }

@@ -142,6 +142,17 @@ TEST_F(EntriesTest, AForeignTypeOfAnotherKindCountsByItsNumber) {
   EXPECT_EQ(Count(), 3);
 }
 
+TEST_F(EntriesTest, AForeignTypeIsComparedAsItIsAndNotRounded) {
+  entries.Let(u"CollectionType", std::int32_t{4});
+  const Variant others[] = {3.6, 4.4, String(u"4.4"), 4294967300.0, Date{4.25}};
+  for (const Variant& type : others) {
+    const auto foreign = Foreign(type);
+    Add(ObjectRef(foreign));
+    EXPECT_EQ(Count(), 0) << ToUtf8Text(type);
+    EXPECT_EQ(foreign->reads.size(), 2u) << ToUtf8Text(type);
+  }
+}
+
 TEST_F(EntriesTest, TheTypeOfARejectedObjectIsReadTwice) {
   const auto foreign = Foreign(std::int32_t{5});
   Add(ObjectRef(foreign));
