@@ -157,12 +157,15 @@ struct Signature<R (C::*)(A...)> {
  private:
   /// By-reference parameters (plain references in C++) are written back after the call. What the
   /// function leaves alone stays in the caller's own type: 1.25 does not become 1 by being looked
-  /// at.
+  /// at. An empty variable becomes "no object", though: a script cannot ask Empty whether it is
+  /// Nothing.
   template <class Parameter, class Value>
   static void WriteBack(Variant& argument, Value& value) {
     if constexpr (std::is_lvalue_reference_v<Parameter> &&
                   !std::is_const_v<std::remove_reference_t<Parameter>>) {
-      if (Binding<Value>::From(argument) != value) argument = Wrap(std::move(value));
+      const bool lacksObject = Binding<Value>::kType == ValueType::Object &&
+                               std::holds_alternative<std::monostate>(argument);
+      if (lacksObject || Binding<Value>::From(argument) != value) argument = Wrap(std::move(value));
     }
   }
 

@@ -220,6 +220,15 @@ TEST_F(ArtistListTest, ASearchByValueInAnEmptyListGivesNoNode) {
   EXPECT_EQ(current, nullptr);
 }
 
+TEST_F(ArtistListTest, ASearchByValueThatEndsBehindTheListFillsAnEmptyVariableWithNoObject) {
+  for (const bool withNode : {false, true}) {
+    if (withNode) Add(String(u"a"), std::int32_t{9});
+    std::vector<Variant> arguments{std::int32_t{1}, Variant()};
+    EXPECT_EQ(list->Call(u"SearchByValue", arguments), Variant(false));
+    EXPECT_EQ(arguments[1], Variant(ObjectRef()));
+  }
+}
+
 TEST_F(ArtistListTest, ASearchByValueTakesNodesOnlyAndNumbersOnly) {
   Add(String(u"a"), std::int32_t{1});
   ObjectRef current = list;

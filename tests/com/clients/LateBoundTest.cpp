@@ -106,6 +106,10 @@ TEST_F(LateBoundTest, AListFillsVariablesOfTheCaller) {
   list.Call(L"SearchByValue", {Value(2000L).Get(), LateBound::Variable(VT_DISPATCH, &current)});
   ASSERT_NE(current, nullptr);
   current->Release();
+  Value unset;
+  list.Call(L"SearchByValue", {Value(1L).Get(), LateBound::Variable(VT_VARIANT, unset.Place())});
+  EXPECT_EQ(unset.Type(), VT_DISPATCH);
+  EXPECT_EQ(unset.Get().pdispVal, nullptr);
 }
 
 TEST_F(LateBoundTest, NodesAreSetAndNotPut) {

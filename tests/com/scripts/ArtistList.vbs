@@ -1,6 +1,6 @@
-Plan 59
+Plan 61
 
-Dim list, key, value, node, sought
+Dim list, key, value, node, sought, unset
 Set list = Made("ArtistList")
 Equal list.Count, CLng(0), "no nodes at first"
 Equal list.AllowDuplicates, False, "no duplicates at first"
@@ -75,6 +75,8 @@ Same node.PreviousItem.PreviousItem.PreviousItem, Nothing, "nothing before the h
 Same node.PreviousItem.NextItem, node, "the same node from the other side"
 Equal list.SearchByValue(0.5, node), False, "a value below all"
 Same node, Nothing, "the walk comes to the end"
+Equal list.SearchByValue(0.5, unset), False, "a value below all, with a variable that is empty"
+Same unset, Nothing, "it holds no object then"
 Equal list.SearchByValue(99, node), False, "a value above all"
 Equal node.KeyID, "c", "the walk stays at the head"
 value = list.SearchByValue("x", node)
