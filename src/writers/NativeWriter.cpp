@@ -53,14 +53,19 @@ void WriteAsx(NativeFile& file, const PlaylistRecord& playlist) {
   lines.End();
 }
 
-/// What the M3U and the PLS files tell of an entry.
+/// What the M3U and the PLS files tell of an entry. A script's object sees which of its values are
+/// read, and in which order: the length of every entry, first, and the others as the lines have
+/// them. So no two are read in one expression, whose order would be the compiler's.
 class EntryFacts {
  public:
   bool IsExtended(AutomationObject& entry) { return ToBoolean(extended_(entry)); }
   String Path(AutomationObject& entry) { return ToText(entry.Call(u"Entry_DestinationPath")); }
   /// "artist - song"
   String Title(AutomationObject& entry) {
-    return ToText(artist_(entry)) + u" - " + ToText(song_(entry));
+    String title = ToText(artist_(entry));
+    title += u" - ";
+    title += ToText(song_(entry));
+    return title;
   }
   /// Seconds that have never been clock text count as 0: intended.
   String Seconds(AutomationObject& entry) {
@@ -79,8 +84,9 @@ void WriteM3u(NativeFile& file, const PlaylistRecord& playlist) {
   EntryFacts facts;
   file.Write(u"#EXTM3U");
   playlist.entries->ForEach([&](AutomationObject& entry, std::int32_t) {
+    const String seconds = facts.Seconds(entry);
     if (facts.IsExtended(entry)) {
-      file.Write(u"#EXTINF:" + facts.Seconds(entry) + u"," + facts.Title(entry));
+      file.Write(u"#EXTINF:" + seconds + u"," + facts.Title(entry));
     }
     file.Write(facts.Path(entry));
   });
@@ -98,8 +104,9 @@ void WritePls(NativeFile& file, const PlaylistRecord& playlist) {
   file.Write(u"[playlist]");
   playlist.entries->ForEach([&](AutomationObject& entry, std::int32_t i) {
     const String number = FormatInteger(i) + u"=";
+    const String seconds = facts.Seconds(entry);
     if (facts.IsExtended(entry)) {
-      file.Write(u"Length" + number + facts.Seconds(entry));
+      file.Write(u"Length" + number + seconds);
       file.Write(u"Title" + number + facts.Title(entry));
     }
     file.Write(u"File" + number + facts.Path(entry));

@@ -54,6 +54,18 @@ TEST_F(NativeWriterFailureTest, AnErrorEndsTheSyntaxInHandAndWhatWasWrittenStays
                    "torn Sonique\\Mix.pls 33"}));
 }
 
+TEST_F(NativeWriterFailureTest, ALengthThatCannotBeReadEndsTheSyntaxAlsoWhereItIsNotWritten) {
+  NewPlayList(3);
+  Add({kStreamType, kStream});
+  Add(std::make_shared<ForeignObject>(Values{{u"Entry_EntryType", std::int32_t{3}},
+                                             {u"HasExtendedInfo", false},
+                                             {u"Entry_DestinationPath", String(u"http://b")}}));
+  EXPECT_EQ(Write(), Variant(false));
+  EXPECT_EQ(Text(kWinampFile), "#EXTM3U\r\nhttp://host/a\r\n");
+  EXPECT_EQ(Text(kMusicMatchFile), "no file");
+  EXPECT_EQ(Text(kPlsFile), "[playlist]\r\nFile1=http://host/a\r\n");
+}
+
 TEST_F(NativeWriterFailureTest, AnEntryThatIsGoneWhenItsTurnComesEndsTheSyntaxInHand) {
   NewPlayList(3);
   bool armed = false;

@@ -165,6 +165,38 @@ TEST_F(NativeWriterTest, APlaylistWithoutEntriesMakesFilesWithoutEntries) {
   EXPECT_EQ(Text(kPlsFile), "[playlist]\r\nNumberOfEntries=0\r\nVersion=2\r\n");
 }
 
+TEST_F(NativeWriterTest, AScriptsObjectIsAskedForItsValuesInTheOrderOfTheLines) {
+  for (const bool extended : {false, true}) {
+    SCOPED_TRACE(extended);
+    const String text = u"1";
+    const auto entry = std::make_shared<ForeignObject>(Values{{u"Entry_EntryType", std::int32_t{3}},
+                                                              {u"Entry_DestinationPath", text},
+                                                              {u"Entry_Duration", text},
+                                                              {u"HasExtendedInfo", extended},
+                                                              {u"Entry_SongTitle", text},
+                                                              {u"Entry_SongName", text},
+                                                              {u"Entry_ArtistName", text},
+                                                              {u"Entry_AlbumName", text},
+                                                              {u"Entry_Genre", text},
+                                                              {u"Entry_TrackNumber", text},
+                                                              {u"Entry_CreationDate", text}});
+    NewPlayList(3);
+    Add(entry);
+    entry->reads.clear();
+    Write();
+    Lines expected = {"Entry_DestinationPath", "Entry_Duration",    "Entry_SongTitle",
+                      "Entry_SongName",        "Entry_ArtistName",  "Entry_AlbumName",
+                      "Entry_Genre",           "Entry_TrackNumber", "Entry_CreationDate"};
+    const Lines title = {"Entry_ArtistName", "Entry_SongName"};
+    for (const bool bareFileBehind : {true, false}) {
+      for (const char* const name : {"Entry_Duration", "HasExtendedInfo"}) expected.push_back(name);
+      if (extended) expected.insert(expected.end(), title.begin(), title.end());
+      expected.insert(expected.end(), bareFileBehind ? 2 : 1, "Entry_DestinationPath");
+    }
+    EXPECT_EQ(Utf8(entry->reads), expected);
+  }
+}
+
 TEST_F(NativeWriterTest, AnEntryWithoutAPathStillHasItsLines) {
   NewPlayList(3);
   Add({{u"Entry_URLType", std::int32_t{4}}, {u"Entry_SourceURL", String(u"C:\\Music\\gone.mp3")}});

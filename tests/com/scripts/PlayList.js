@@ -12,7 +12,7 @@ for (var i = 1; i <= playlist.TotalSongs; i += 1) {
 equal(titles, "Song One;Plain;", "a loop over the entries");
 
 // A literal is written like any other entry.
-var own = {Entry_EntryType: 3, HasExtendedInfo: false,
+var own = {Entry_EntryType: 3, Entry_Duration: 215, HasExtendedInfo: false,
            Entry_DestinationPath: "C:\\Own\\literal.mp3"};
 var other = made("PlayList");
 other.PlayListType = 3;
