@@ -1,5 +1,6 @@
 #include <cstdlib>
 
+#include "model/GenericKeys.h"
 #include "model/ModelTest.h"
 #include "writers/GenericWriter.h"
 
@@ -147,9 +148,40 @@ TEST_F(GenericWriterErrorTest, AValueWithoutTextFormEndsTheWriting) {
   record.name = u"C:\\Mix";
   record.entries->SetCollectionType(1);
   const ObjectRef entry = component.Create(u"AsxEntry");
-  SetAll(*entry, {{u"Entry_EntryType", std::int32_t{1}}, {u"DigitallySecure", ObjectRef()}});
+  SetAll(*entry, {{u"Entry_EntryType", std::int32_t{1}},
+                  {u"Abstract", String(u"read before it")},
+                  {u"DigitallySecure", ObjectRef()}});
   record.entries->Add(entry);
   EXPECT_FALSE(WriteGeneric(component, record, u""));
+  EXPECT_TRUE(platform->Bytes(u"C:\\Mix.ini").ends_with("\r\n\r\n[Entry 1 Properties]\r\n"));
+}
+
+TEST_F(GenericWriterErrorTest, WhicheverPropertyOfAScriptsObjectRaisesNoKeyOfItIsWritten) {
+  for (const bool asx : {false, true}) {
+    for (const EntryKey& raising : EntryKeys()) {
+      // The collection has asked for the type before.
+      if (!raising.IsWritten(asx) || raising.property == u"Entry_EntryType") continue;
+      SCOPED_TRACE(Utf8(raising.property));
+      const auto object = std::make_shared<ForeignObject>(Values{});
+      Lines expected;
+      for (const EntryKey& row : EntryKeys()) {
+        if (!row.IsWritten(asx)) continue;
+        if (&row <= &raising) expected.push_back(Utf8(row.property));
+        if (&row != &raising) object->Let(row.property, String(u"2"));
+      }
+      object->Let(u"Entry_EntryType", std::int32_t{2});
+      PlaylistRecord record;
+      record.type = 2;
+      record.name = u"C:\\Mix";
+      record.entries->SetCollectionType(2);
+      record.entries->Add(object);
+      record.entries->SetCollectionType(asx ? 2 : 3);
+      object->reads.clear();
+      EXPECT_FALSE(WriteGeneric(component, record, u""));
+      EXPECT_EQ(Utf8(object->reads), expected);
+      EXPECT_TRUE(platform->Bytes(u"C:\\Mix.ini").ends_with("\r\n\r\n[Entry 1 Properties]\r\n"));
+    }
+  }
 }
 
 TEST_F(GenericWriterErrorTest, APlaceThatIsNoFileGivesFalse) {
