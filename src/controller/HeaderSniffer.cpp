@@ -4,7 +4,6 @@
 #include "automation/RunTimeError.h"
 #include "controller/ScanWarnings.h"
 #include "model/PlaylistTypes.h"
-#include "services/Logging.h"
 #include "services/ProfileFile.h"
 #include "services/TextStream.h"
 #include "text/Wildcard.h"
@@ -63,9 +62,7 @@ template <class Sniff>
 std::int32_t UnknownOnError(Component& component, StringView member, StringView path,
                             Sniff&& sniff) {
   return AnswerOrElse(sniff, [&](const RunTimeError& failure) {
-    WriteWarning(component, {WarningKind::FileNotRead, String(path), failure.Description(),
-                             u"HelperMan::" + String(member) + u" -> " + failure.Description() +
-                                 u": " + String(path)});
+    WarnNotRead(component, member, path, failure.Description());
     return playlist_type::kUnknown;
   });
 }

@@ -5,22 +5,24 @@
 namespace norvo {
 namespace {
 
-String LineOf(StringView member, StringView what, StringView path) {
-  return String(u"HelperMan::").append(member).append(u" -> ").append(what).append(path);
+/// The line up to what an error says.
+String LineStart(StringView member) {
+  return String(u"HelperMan::").append(member).append(u" -> ");
 }
 
 }  // namespace
 
 void WarnNotListed(Component& component, StringView member, StringView folder, StringView reason) {
-  const String text = LineOf(member, u"Cannot list the folder ", folder) + u": ";
-  WriteWarning(component, {WarningKind::FolderNotListed, folder, text}, reason);
+  WriteWarning(component, {WarningKind::FolderNotListed, folder, LineStart(member)}, reason);
+}
+
+void WarnNotRead(Component& component, StringView member, StringView path, StringView reason) {
+  WriteWarning(component, {WarningKind::FileNotRead, path, LineStart(member)}, reason);
 }
 
 void WarnNotRead(Component& component, StringView member, StringView path) {
-  WriteWarning(component, {WarningKind::FileNotRead,
-                           String(path),
-                           {},
-                           LineOf(member, u"The file cannot be read: ", path)});
+  const String text = LineStart(member).append(u"The file cannot be read: ").append(path);
+  WriteWarning(component, {WarningKind::FileNotRead, String(path), {}, text});
 }
 
 }  // namespace norvo

@@ -137,19 +137,19 @@ const Site kSites[] = {
        CollectGenericFiles(*machine.library, u"C:\\My Documents");
      }},
     {WarningKind::FolderNotListed, "C:\\My Documents\\", kDenied,
-     "HelperMan::GenericQueue -> Cannot list the folder C:\\My Documents\\: Permission denied",
+     "HelperMan::GenericQueue -> Permission denied",
      [](Machine& machine) {
        machine.FailOn(u"ListFolder", 1);
        CollectGenericFiles(*machine.library, u"C:\\My Documents");
      }},
     {WarningKind::FolderNotListed, "C:\\", kDenied,
-     "HelperMan::GetAllPlayLists -> Cannot list the folder C:\\: Permission denied",
+     "HelperMan::GetAllPlayLists -> Permission denied",
      [](Machine& machine) {
        machine.FailOn(u"ListFolder", 1);
        GetAllPlaylists(machine.NewController());
      }},
     {WarningKind::FolderNotListed, "C:\\", kDenied,
-     "HelperMan::MigrateMediaByType -> Cannot list the folder C:\\: Permission denied",
+     "HelperMan::MigrateMediaByType -> Permission denied",
      [](Machine& machine) {
        machine.FailOn(u"ListFolder", 1);
        SearchMedia(*machine.library, u"*.mp3");
@@ -186,7 +186,7 @@ const Site kSites[] = {
        controller->Call(u"UpdateTotalFileSize");
      }},
     {WarningKind::FileNotRead, "C:\\Music\\Road Trip.m3u", kDenied,
-     "HelperMan::ParseM3UHeader -> Permission denied: C:\\Music\\Road Trip.m3u",
+     "HelperMan::ParseM3UHeader -> Permission denied",
      [](Machine& machine) {
        machine.FailOn(u"OpenForReading", 1);
        CallWith(machine.NewController(), u"ParseM3UHeader", String(u"C:\\Music\\Road Trip.m3u"));
@@ -198,7 +198,7 @@ const Site kSites[] = {
        CallWith(machine.NewController(), u"ParsePLSHeader", String(u"C:\\Music\\Amp.pls"));
      }},
     {WarningKind::FileNotRead, "C:\\Music\\Amp.pls", "Out of memory",
-     "HelperMan::ParsePLSHeader -> Out of memory: C:\\Music\\Amp.pls",
+     "HelperMan::ParsePLSHeader -> Out of memory",
      [](Machine& machine) {
        const ObjectRef controller = machine.NewController();
        machine.platform->Log().RunOutOfMemoryAt(1);

@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+#include "controller/GenericCollector.h"
+#include "support/LibraryTest.h"
 #include "support/TestMachine.h"
 
 namespace norvo {
@@ -31,6 +33,17 @@ TEST_F(HostedPlatformTest, AFolderThatHoldsNoMachineIsRefused) {
       EXPECT_NE(failure.Description().find(String(name, name + std::strlen(name))), String::npos);
     }
   }
+}
+
+TEST_F(HostedPlatformTest, ALogLineOfAnErrorNamesItsPathOnce) {
+  std::vector<String> lines;
+  LogCapture watcher(lines);
+  const auto library = OpenLibrary(std::make_shared<HostedPlatform>(Disk("")));
+  library->SetObserver(&watcher);
+  library->Create(u"helperMan")->Call(u"ParseM3UHeader", u"C:\\gone.m3u");
+  CollectGenericFiles(*library, u"C:\\gone");
+  EXPECT_EQ(Utf8(lines), Lines({"HelperMan::ParseM3UHeader -> File not found: C:\\gone.m3u",
+                                "HelperMan::GenericQueue -> Path not found: C:\\gone\\"}));
 }
 
 TEST_F(HostedPlatformTest, AMachineCanConsistOfItsSettingsOnly) {
