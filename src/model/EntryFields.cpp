@@ -30,6 +30,12 @@ void EntryFields::TakeLonger(Field field, StringView offered) {
   if (texts_.At(field).size() < offered.size()) texts_.Set(field, offered);
 }
 
+std::size_t EntryFields::TextUnits() const {
+  std::size_t units = 0;
+  for (std::size_t field = 0; field < kFieldCount; ++field) units += texts_.At(field).size();
+  return units;
+}
+
 StringView EntryFields::FileName() {
   if (!SourceURL().empty()) return texts_.At(kFileName);
   WriteLog(component_, u"Must set the SourceURL property to obtain the File name ");

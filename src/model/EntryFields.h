@@ -111,6 +111,9 @@ class EntryFields : public TableObject {
   /// disk is not asked twice. Same effect as `SetSourceURL`.
   void SetSource(StringView address, const FileFacts* facts);
 
+  /// Units of all its texts.
+  std::size_t TextUnits() const;
+
   /// False when no property's text has a unit below the blank.
   virtual bool MayHaveControls() const { return texts_.MayHaveControls(); }
 

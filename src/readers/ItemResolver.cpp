@@ -1,11 +1,21 @@
 #include "readers/ItemResolver.h"
 
+#include "automation/RunTimeError.h"
 #include "model/AsxEntry.h"
 #include "readers/ExtendedInfo.h"
 #include "services/Logging.h"
 #include "services/NVServices.h"
 
 namespace norvo {
+namespace {
+
+// A tag with texts of any length stands once in a song and once in every entry that names it. Texts
+// of an entry up to the usual amount are not counted, so that long playlists are read as ever; what
+// is counted would be more than the usual amount for each of as many entries as can be written.
+constexpr std::size_t kUsualText = 1024;
+constexpr std::size_t kMostLongTexts = std::size_t{32} * 1024 * 1024;
+
+}  // namespace
 
 ItemResolver::ItemResolver(Component& component, PlaylistRecord& playlist, String folder,
                            ResolverMessages messages)
@@ -38,7 +48,15 @@ std::optional<ItemResolver::Item> ItemResolver::Judge(FormatEntry& entry, String
 void ItemResolver::Complete(const std::shared_ptr<FormatEntry>& entry, const Item& item,
                             StringView info, StringView label) {
   if (ReadExtendedInfo(info, *entry, playlist_.type, title_)) entry->SetHasExtendedInfo(true);
+  CountTexts(*entry);
   component_.Watcher().OnItem(item.reference, AddOrDrop(entry, item, label));
+}
+
+void ItemResolver::CountTexts(const FormatEntry& entry) {
+  const std::size_t units = entry.TextUnits();
+  if (units <= kUsualText) return;
+  longTexts_ += units;
+  if (longTexts_ > kMostLongTexts) throw RunTimeError(error::kOutOfMemory);
 }
 
 ItemOutcome ItemResolver::AddOrDrop(const std::shared_ptr<FormatEntry>& entry, const Item& item,

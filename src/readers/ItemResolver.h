@@ -33,6 +33,7 @@ class ItemResolver {
   /// a reference of type 10.
   std::optional<Item> Judge(FormatEntry& entry, StringView reference);
   /// Second half: completes the entry from the extended-information text, then adds or drops it.
+  /// Error 7 when the entries' texts, with those of their tags, would fill the memory.
   void Complete(const std::shared_ptr<FormatEntry>& entry, const Item& item, StringView info,
                 StringView label);
   /// Both halves; false for a reference of type 10.
@@ -41,6 +42,7 @@ class ItemResolver {
 
  private:
   bool JudgeItem(FormatEntry& entry, Item& item);
+  void CountTexts(const FormatEntry& entry);
   ItemOutcome AddOrDrop(const std::shared_ptr<FormatEntry>& entry, const Item& item,
                         StringView label);
   bool Register(FormatEntry& entry, const String& path, StringView label);
@@ -50,6 +52,7 @@ class ItemResolver {
   String folder_;
   ResolverMessages messages_;
   DataCop::Destinations destinations_;
+  std::size_t longTexts_ = 0;  // units of the texts of all entries that have unusually much of them
   // Their memory serves for all items.
   Item item_;
   String title_;

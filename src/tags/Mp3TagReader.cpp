@@ -19,10 +19,10 @@ constexpr std::uint64_t kFirstFrame = 10;  // behind the ID3v2 header, which is 
 constexpr std::size_t kFrameHeader = 10;   // id, size, flags
 constexpr int kMostMisses = 2;             // the next thing that is no frame ends the walk
 
-// A size that lies could fill the memory with what is no text, once for every entry. Nothing that
-// a player shows comes near these; the walk itself goes by the size as it stands.
-constexpr std::size_t kLongestText = 4096;
-constexpr std::size_t kLongestLyrics = 65536;
+// A size that lies could fill the memory with what is no text. The lower three size bytes tell at
+// most 32767, and a first one other than 0 is that of a frame of at least 2 MiB, in either spelling
+// of sizes that tags have: no text comes near this. The walk itself goes by the size as it stands.
+constexpr std::size_t kLongestText = 65536;
 
 bool IsCapital(char byte) {
   return byte >= 'A' && byte <= 'Z';
@@ -69,20 +69,17 @@ Number NumberOrZero(StringView text, Convert&& convert) {
 }  // namespace
 
 struct Mp3TagReader::FrameRow {
-  constexpr FrameRow(std::string_view name, Text stored, std::size_t most = kLongestText)
-      : id(NumberOf(name)), text(stored), longest(most) {}
+  constexpr FrameRow(std::string_view name, Text stored) : id(NumberOf(name)), text(stored) {}
 
   std::uint32_t id;
   Text text;
-  std::size_t longest;
 };
 
 const Mp3TagReader::FrameRow* Mp3TagReader::FindFrame(std::uint32_t id) {
   static constexpr FrameRow kRows[] = {
-      {"TIT2", kId3Title},     {"TPE1", kId3Artist},     {"TALB", kId3Album},
-      {"TCON", kId3Genre},     {"TRCK", kId3Track},      {"TLEN", kId3Length},
-      {"TYER", kId3Year},      {"TMED", kId3Media},      {"USLT", kId3Lyrics, kLongestLyrics},
-      {"TCOP", kId3Copyright}, {"WOAR", kId3WebAddress},
+      {"TIT2", kId3Title},  {"TPE1", kId3Artist},    {"TALB", kId3Album},      {"TCON", kId3Genre},
+      {"TRCK", kId3Track},  {"TLEN", kId3Length},    {"TYER", kId3Year},       {"TMED", kId3Media},
+      {"USLT", kId3Lyrics}, {"TCOP", kId3Copyright}, {"WOAR", kId3WebAddress},
   };
   const auto* const row = std::find_if(std::begin(kRows), std::end(kRows),
                                        [id](const FrameRow& each) { return each.id == id; });
@@ -90,9 +87,21 @@ const Mp3TagReader::FrameRow* Mp3TagReader::FindFrame(std::uint32_t id) {
 }
 
 void Mp3TagReader::Store(Text text, std::string_view bytes) {
+  // Frames that replace earlier ones, again and again, shall not fill the memory either.
+  if (units_.size() > 2 * kTextCount * kLongestText) ForgetReplaced();
   const std::size_t start = units_.size();
   component_.Machine().AnsiPage().AppendDecoded(units_, bytes);
   places_[text] = {start, units_.size() - start};
+}
+
+void Mp3TagReader::ForgetReplaced() {
+  String units;
+  for (Place& place : places_) {
+    const std::size_t start = units.size();
+    units.append(units_, place.start, place.length);
+    place.start = start;
+  }
+  units_.swap(units);
 }
 
 void Mp3TagReader::Reset() {
@@ -144,7 +153,7 @@ void Mp3TagReader::WalkFrames(TagBytes& file) {
     position += kFrameHeader + encodingByte;
     if (const FrameRow* const row = FindFrame(id)) {
       const auto length =
-          static_cast<std::size_t>(std::min<std::uint64_t>(lastLength, row->longest));
+          static_cast<std::size_t>(std::min<std::uint64_t>(lastLength, kLongestText));
       Store(row->text, file.At(position, length));
     }
     position += lastLength;

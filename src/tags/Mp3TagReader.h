@@ -87,6 +87,7 @@ class Mp3TagReader {
     return StringView(units_).substr(places_[text].start, places_[text].length);
   }
   void Store(Text text, std::string_view bytes);
+  void ForgetReplaced();
   void Reset();
   void ReadTags(StringView path, Extent extent);
   void WalkFrames(TagBytes& file);

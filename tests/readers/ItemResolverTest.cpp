@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "readers/PlaylistFixture.h"
+#include "tags/TagBuilder.h"
 #include "text/Encoding.h"
 
 namespace norvo {
@@ -280,6 +281,26 @@ TEST_F(ItemResolverTest, TheCostPerEntryDoesNotGrowWithTheirNumber) {
     const std::size_t many = callsFor(300);
     EXPECT_EQ(more - few, many - more) << "type " << kind.type;
     EXPECT_LE(more - few, 100u * 12u) << "type " << kind.type;
+  }
+}
+
+TEST_F(ItemResolverTest, ALongTagIsTakenWholeAndSoOftenOnlyThatItCannotFillTheMemory) {
+  const std::string longest(32766, 'x');
+  platform->AddFile(u"C:\\Lists\\long.mp3",
+                    Id3(TextFrame("TIT2", longest) + TextFrame("TPE1", longest)));
+  for (const Kind& kind : kKinds) {
+    SCOPED_TRACE(kind.type);
+    ASSERT_TRUE(ReadReferences(kind, {"long.mp3", "here.mp3"}));
+    EXPECT_EQ(Field(1, u"Entry_SongName"), longest);
+    // Song, artist, and the title that both make: 131,087 units and those of the address.
+    constexpr std::int32_t kFit = 255;
+    EXPECT_TRUE(ReadReferences(kind, Lines(kFit, "long.mp3")));
+    EXPECT_EQ(Kept(), kFit);
+    log.clear();
+    EXPECT_FALSE(ReadReferences(kind, Lines(kFit + 45, "long.mp3")));
+    EXPECT_EQ(Kept(), kFit);
+    EXPECT_EQ(log.size(), 1u);
+    EXPECT_TRUE(ReadReferences(kind, Lines(1, "long.mp3")));
   }
 }
 

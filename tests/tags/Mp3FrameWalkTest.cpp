@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "support/LibraryTest.h"
 #include "tags/Mp3TagReader.h"
 #include "tags/TagBuilder.h"
@@ -265,19 +267,48 @@ TEST_F(Mp3FrameWalkTest, TextsAreKeptUpToTheirLimitAndTheWalkGoesByTheWholeSize)
   const struct {
     std::string_view id;
     StringView (Mp3TagReader::*text)() const;
-    std::size_t limit;
-  } rows[] = {{"TALB", &Mp3TagReader::ID3Album, 4096},
-              {"WOAR", &Mp3TagReader::ID3WebAddress, 4096},
-              {"USLT", &Mp3TagReader::ID3SongLyrics, 65536}};
+  } rows[] = {{"TALB", &Mp3TagReader::ID3Album},
+              {"WOAR", &Mp3TagReader::ID3WebAddress},
+              {"USLT", &Mp3TagReader::ID3SongLyrics}};
+  constexpr std::size_t kLimit = 65536;
   for (const auto& row : rows) {
-    for (const std::size_t length : {row.limit, row.limit + 1}) {
+    for (const std::size_t length : {kLimit, kLimit + 1}) {
       SCOPED_TRACE(std::string(row.id) + " " + std::to_string(length));
       const std::string content = (row.id == "WOAR" ? "" : "\0"s) + std::string(length, 'x');
       EXPECT_TRUE(Read(Id3(Frame(row.id, content) + TextFrame("TIT2", "behind"), 200000)));
-      EXPECT_EQ((reader.*row.text)().size(), row.limit);
+      EXPECT_EQ((reader.*row.text)().size(), kLimit);
       EXPECT_TEXT(reader.ID3SongName(), u"behind");
     }
   }
+}
+
+TEST_F(Mp3FrameWalkTest, TheLongestTextThatTheLowerSizeBytesCanTellIsStoredAsItStands) {
+  std::string text;
+  for (int i = 0; text.size() < 32766; ++i) text += std::to_string(i) + (i % 7 == 0 ? "\0"s : " ");
+  text.resize(32766);
+  for (const std::string_view id : {"TIT2", "TPE1", "TALB", "TCON", "TCOP", "USLT"}) {
+    SCOPED_TRACE(id);
+    EXPECT_TRUE(Read(Id3(TextFrame(id, text) + TextFrame("TYER", "1999"), 100000)));
+    const StringView stored[] = {reader.ID3SongName(),        reader.ID3Artist(),
+                                 reader.ID3Album(),           reader.ID3Genre(),
+                                 reader.ID3RecordingStudio(), reader.ID3SongLyrics()};
+    const auto found = std::find_if(std::begin(stored), std::end(stored),
+                                    [](StringView each) { return !each.empty(); });
+    ASSERT_NE(found, std::end(stored));
+    EXPECT_EQ(*found, String(text.begin(), text.end()));
+    EXPECT_TEXT(reader.ID3Year(), u"1999");
+  }
+}
+
+TEST_F(Mp3FrameWalkTest, FramesThatReplaceEachOtherLeaveTheTextsOfTheOthersAlone) {
+  std::string frames = TextFrame("TPE1", "Singer") + TextFrame("TALB", "Record");
+  for (int i = 0; i < 100; ++i)
+    frames += TextFrame("TIT2", std::string(32000, 'x') + std::to_string(i));
+  EXPECT_TRUE(Read(Id3(frames + TextFrame("TCON", "Rock"), 4'000'000)));
+  EXPECT_TEXT(reader.ID3Artist(), u"Singer");
+  EXPECT_TEXT(reader.ID3Album(), u"Record");
+  EXPECT_TEXT(reader.ID3SongName(), String(32000, u'x') + u"99");
+  EXPECT_TEXT(reader.ID3Genre(), u"Rock");
 }
 
 TEST_F(Mp3FrameWalkTest, ATagCutOffAnywhereIsReadAsFarAsItGoes) {
