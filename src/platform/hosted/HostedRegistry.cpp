@@ -99,7 +99,9 @@ void HostedRegistry::Load() {
   std::string bytes;
   usable_ = ReadBytes(bytes);
   encoding_ = {};
-  text_ = std::make_unique<RegistryText>(bytes.empty() ? String() : Decode(bytes, encoding_));
+  String text = bytes.empty() ? String() : Decode(bytes, encoding_);
+  bytes = std::string();  // beside the text it would take half as much again
+  text_ = std::make_unique<RegistryText>(std::move(text));
   if (usable_ && text_->IsValid()) return;
   warn_(String(u"The registry file ") + FromUtf8Lossy(file_) +
         (usable_ ? u" is not in the registry editor's form; it is left alone"

@@ -40,18 +40,11 @@ StringView WithoutTrailingSeparator(StringView key) {
   return TrimEnd(key, [](char16_t unit) { return unit == u'\\'; });
 }
 
-/// Takes the first name off a key's path.
-StringView TakeName(StringView& key) {
-  const StringView name = key.substr(0, key.find(u'\\'));
-  key.remove_prefix(std::min(name.size() + 1, key.size()));
-  return name;
-}
-
 /// True when a registry can hold a key as deep, and with names as long.
 bool IsWithinLimits(StringView key) {
   std::size_t levels = 0;
   while (!key.empty()) {
-    if (TakeName(key).size() > kLongestKeyName || ++levels > kMostKeyLevels) return false;
+    if (TakeKeyName(key).size() > kLongestKeyName || ++levels > kMostKeyLevels) return false;
   }
   return true;
 }
@@ -88,7 +81,7 @@ RegistryText::RegistryText(String text) : original_(std::move(text)) {
   if (valid_) {
     Parse();
   } else {
-    sections_.push_back({all, {}});
+    sections_.push_back({all});
   }
 }
 
@@ -110,7 +103,7 @@ void RegistryText::Parse() {
 }
 
 void RegistryText::AddSection(StringView header, StringView text) {
-  sections_.push_back({text, {}});
+  sections_.push_back({text});
   const std::size_t close = header.rfind(u']');
   if (close == StringView::npos || header.starts_with(u"[-")) return;  // a deletion is no key
   const StringView path = header.substr(1, close - 1);
@@ -119,43 +112,41 @@ void RegistryText::AddSection(StringView header, StringView text) {
     if (!EqualsIgnoreCase(row.name, hiveName)) continue;
     const StringView key =
         WithoutTrailingSeparator(path.substr(std::min(hiveName.size() + 1, path.size())));
-    if (IsWithinLimits(key)) AddKey(row.hive, key).sections.push_back(sections_.size() - 1);
+    if (IsWithinLimits(key)) AppendTo(keys_.AddViewed(row.hive, key), sections_.size() - 1);
   }
 }
 
-/// Adds the key, and those above it, which exist with it.
-RegistryText::Key& RegistryText::AddKey(Hive hive, StringView key) {
-  Key* at = &hives_[static_cast<std::size_t>(hive)];
-  while (!key.empty()) {
-    const StringView name = TakeName(key);
-    auto found = at->below.find(name);
-    if (found == at->below.end()) {
-      found = at->below.emplace(name, std::make_unique<Key>()).first;
-    }
-    at = found->second.get();
+void RegistryText::AppendTo(std::size_t key, std::size_t section) {
+  if (key >= ranges_.size()) ranges_.resize(keys_.Count());
+  SectionRange& range = ranges_[key];
+  const auto number = static_cast<std::uint32_t>(section);
+  if (range.first == 0) {
+    range.first = number;
+  } else {
+    sections_[range.last].next = number;
   }
-  return *at;
+  range.last = number;
 }
 
-const RegistryText::Key* RegistryText::FindKey(Hive hive, StringView key) const {
-  const Key* at = &hives_[static_cast<std::size_t>(hive)];
-  for (key = WithoutTrailingSeparator(key); !key.empty();) {
-    const auto found = at->below.find(TakeName(key));
-    if (found == at->below.end()) return nullptr;
-    at = found->second.get();
-  }
-  return at;
+RegistryText::SectionRange RegistryText::SectionsOf(std::size_t key) const {
+  return key < ranges_.size() ? ranges_[key] : SectionRange();
+}
+
+void RegistryText::Change(std::size_t section, String text) {
+  sections_[section].text = changed_[section] = std::move(text);
 }
 
 bool RegistryText::KeyExists(Hive hive, StringView key) const {
-  return WithoutTrailingSeparator(key).empty() || FindKey(hive, key) != nullptr;
+  return keys_.Find(hive, WithoutTrailingSeparator(key)).has_value();
 }
 
-const RegistryText::Values& RegistryText::ValuesOf(const Key& key) const {
-  if (key.values) return *key.values;
-  Values& values = key.values.emplace();
-  for (const std::size_t section : key.sections) {
-    const StringView text = sections_[section].Text();
+const RegistryText::Values& RegistryText::ValuesOf(std::size_t key) const {
+  const auto known = values_.find(key);
+  if (known != values_.end()) return known->second;
+  Values& values = values_[key];
+  for (std::size_t section = SectionsOf(key).first; section != 0;
+       section = sections_[section].next) {
+    const StringView text = sections_[section].text;
     for (std::size_t at = 0; at < text.size();) {
       RegistryLine line = ReadRegistryLine(text, at);
       if (line.name) {
@@ -168,38 +159,38 @@ const RegistryText::Values& RegistryText::ValuesOf(const Key& key) const {
 }
 
 std::optional<RegistryValue> RegistryText::Read(Hive hive, StringView key, StringView name) const {
-  const Key* const found = FindKey(hive, key);
-  if (found == nullptr) return std::nullopt;
+  const std::optional<std::size_t> found = keys_.Find(hive, WithoutTrailingSeparator(key));
+  if (!found) return std::nullopt;
   const Values& values = ValuesOf(*found);
   const auto value = values.find(name);
   if (value == values.end()) return std::nullopt;
   const Location& at = value->second;
-  return ParseRegistryData(sections_[at.section].Text().substr(at.data, at.end - at.data));
+  return ParseRegistryData(sections_[at.section].text.substr(at.data, at.end - at.data));
 }
 
 /// The section that takes a further value of the key; a new one at the text's end when the key was
 /// only known by those below it.
-std::size_t RegistryText::SectionForNewValue(Hive hive, StringView keyName, Key& key) {
-  if (!key.sections.empty()) return key.sections.back();
-  Section& last = sections_.back();
-  String before(last.Text());
+std::size_t RegistryText::SectionForNewValue(Hive hive, StringView path, std::size_t key) {
+  if (const SectionRange known = SectionsOf(key); known.last != 0) return known.last;
+  String before(sections_.back().text);
   if (!before.empty() && !before.ends_with(u'\n')) before += lineEnd_;
   const StringView content =
       StringView(before).substr(0, before.size() - std::min(before.size(), lineEnd_.size()));
   if (!content.ends_with(u'\n')) before += lineEnd_;  // a blank line between two keys
-  last.changed = std::move(before);
+  Change(sections_.size() - 1, std::move(before));
   String text = u"[" + String(NameOf(hive));
-  if (!keyName.empty()) text.append(u"\\").append(keyName);
-  sections_.push_back({{}, text.append(u"]").append(lineEnd_).append(lineEnd_)});
-  key.sections.push_back(sections_.size() - 1);
-  return key.sections.back();
+  if (!path.empty()) text.append(u"\\").append(path);
+  sections_.emplace_back();
+  Change(sections_.size() - 1, text.append(u"]").append(lineEnd_).append(lineEnd_));
+  AppendTo(key, sections_.size() - 1);
+  return sections_.size() - 1;
 }
 
 bool RegistryText::CreateKey(Hive hive, StringView key) {
   if (KeyExists(hive, key)) return true;
   key = WithoutTrailingSeparator(key);
   if (!valid_ || !IsWritableKey(key)) return false;
-  SectionForNewValue(hive, key, AddKey(hive, key));
+  SectionForNewValue(hive, key, keys_.AddCopied(hive, key));
   return true;
 }
 
@@ -208,7 +199,7 @@ bool RegistryText::Write(Hive hive, StringView key, StringView name, const Regis
   key = WithoutTrailingSeparator(key);
   if (!valid_ || !line || (!key.empty() && !IsWritableKey(key))) return false;
   line->append(lineEnd_);
-  Key& target = AddKey(hive, key);
+  const std::size_t target = keys_.AddCopied(hive, key);
   const Values& values = ValuesOf(target);
   const auto found = values.find(name);
   Location at;
@@ -216,27 +207,26 @@ bool RegistryText::Write(Hive hive, StringView key, StringView name, const Regis
     at = found->second;
   } else {
     at.section = SectionForNewValue(hive, key, target);
-    at.start = at.end = ContentEnd(sections_[at.section].Text());
+    at.start = at.end = ContentEnd(sections_[at.section].text);
   }
-  Section& section = sections_[at.section];
-  String text(section.Text());
+  String text(sections_[at.section].text);
   if (at.start == text.size() && !text.ends_with(u'\n')) line->insert(0, lineEnd_);
-  section.changed = text.replace(at.start, at.end - at.start, *line);
-  target.values.reset();
+  Change(at.section, text.replace(at.start, at.end - at.start, *line));
+  values_.erase(target);
   return true;
 }
 
 String RegistryText::Text() const {
   String text;
-  for (const Section& section : sections_) text += section.Text();
+  for (const Section& section : sections_) text += section.text;
   return text;
 }
 
 void RegistryText::UpgradeHeader() {
-  String text(sections_.front().Text());
+  String text(sections_.front().text);
   const std::size_t old = FindIgnoreCase(text, kOldHeader);
   if (old != String::npos && TrimBlanks(StringView(text).substr(0, old)).empty()) {
-    sections_.front().changed = text.replace(old, kOldHeader.size(), kHeader);
+    Change(0, text.replace(old, kOldHeader.size(), kHeader));
   }
 }
 

@@ -1,12 +1,13 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
+#include "platform/hosted/RegistryKeys.h"
 #include "services/Registry.h"
 #include "text/Text.h"
 
@@ -44,9 +45,13 @@ class RegistryText {
  private:
   /// From one bracketed line to the next; the first section holds what stands before all keys.
   struct Section {
-    StringView original;  // in original_
-    std::optional<String> changed;
-    StringView Text() const { return changed ? StringView(*changed) : original; }
+    StringView text;         // in original_ or changed_
+    std::uint32_t next = 0;  // the next section of the same key; 0 for the last
+  };
+  /// The sections of one key, by their numbers; 0, which is no key's, for none.
+  struct SectionRange {
+    std::uint32_t first = 0;
+    std::uint32_t last = 0;
   };
   struct Location {
     std::size_t section = 0;
@@ -55,25 +60,21 @@ class RegistryText {
     std::size_t data = 0;   // behind the "="
   };
   using Values = std::unordered_map<String, Location, CaselessHash, CaselessEqual>;
-  struct Key;
-  using Keys = std::unordered_map<String, std::unique_ptr<Key>, CaselessHash, CaselessEqual>;
-  struct Key {
-    Keys below;  // by the last name
-    std::vector<std::size_t> sections;
-    mutable std::optional<Values> values;  // found when the key is first read
-  };
-
   void Parse();
   void AddSection(StringView header, StringView text);
-  Key& AddKey(Hive hive, StringView key);
-  const Key* FindKey(Hive hive, StringView key) const;
-  const Values& ValuesOf(const Key& key) const;
-  std::size_t SectionForNewValue(Hive hive, StringView keyName, Key& key);
+  void AppendTo(std::size_t key, std::size_t section);
+  void Change(std::size_t section, String text);
+  SectionRange SectionsOf(std::size_t key) const;
+  const Values& ValuesOf(std::size_t key) const;
+  std::size_t SectionForNewValue(Hive hive, StringView path, std::size_t key);
 
   String original_;
   StringView lineEnd_ = u"\r\n";
   std::vector<Section> sections_;
-  Key hives_[3];  // by hive
+  std::unordered_map<std::size_t, String> changed_;  // texts of sections
+  RegistryKeys keys_;
+  std::vector<SectionRange> ranges_;  // by key; those behind the end have none
+  mutable std::unordered_map<std::size_t, Values> values_;  // of the keys that were read
   bool valid_ = true;
 };
 
