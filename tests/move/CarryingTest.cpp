@@ -149,6 +149,23 @@ TEST_F(CarryingTest, ASongThatWasTakenAwayIsBroughtAgain) {
   EXPECT_EQ(Snapshot(New()), tree);
 }
 
+TEST_F(CarryingTest, WhatALedgerCallsDoneWithoutAnyPlaylistIsDoneAgain) {
+  ASSERT_EQ(Moved().at("exitCode"), 0);
+  const auto tree = Snapshot(New());
+  const std::string ledger = kRoot + R"(KVs\Restored.txt)";
+  std::string bytes = ReadFile(NewPlace(ledger));
+  for (std::size_t at = bytes.find("native\t"); at != std::string::npos;
+       at = bytes.find("native\t")) {
+    bytes.erase(at, bytes.find("\r\n", at) + 2 - at);
+  }
+  WriteNew(ledger, bytes);
+  fs::remove_all(NewPlace(kRoot + "PlayLists"));
+  const auto again = Moved();
+  EXPECT_EQ(again.at("exitCode"), 0);
+  EXPECT_EQ(again.at("summary").at("restored"), 1);
+  EXPECT_EQ(Snapshot(New()), tree);
+}
+
 TEST_F(CarryingTest, WhatAKilledRunLeftUnfinishedIsDoneAgain) {
   ASSERT_EQ(Moved().at("exitCode"), 0);
   const auto tree = Snapshot(New());

@@ -121,6 +121,19 @@ MemoryMove LaterPlaylist() {
   return machines;
 }
 
+/// Machines of a move that was stopped before it restored anything: what it has carried stands on
+/// the disk, and is read from there.
+MemoryMove CarriedAlready() {
+  const MemoryMove machines = TwoPlaylists();
+  machines.Run();
+  for (const String& path : machines.to->Files().AllFiles()) {
+    const bool isRestored =
+        path.ends_with(u"Restored.txt") || path.starts_with(String(kGroupRoot) + u"PlayLists\\");
+    if (isRestored) machines.to->Files().RemoveFile(path);
+  }
+  return machines;
+}
+
 constexpr Fault kOldOnce = {"the old machine", true, FailOnce};
 constexpr Fault kNewOnce = {"the new machine", false, FailOnce};
 constexpr Fault kOldOn = {"the old machine from there on", true, FailFromThereOn};
@@ -179,6 +192,10 @@ TEST(FailingMove, OfTaggedSongsOfWhichOneCallOfTheOldMachineFailsIsHonest) {
 
 TEST(FailingMove, ToAMachineThatHasMusicAlreadyOfWhichOneCallFailsIsHonestAndTheNextIsWhole) {
   ExpectHonestAndMendedByTheNext(kNewOnce, LaterPlaylist);
+}
+
+TEST(FailingMove, ThatGoesOnWhereOneWasStoppedIsHonestAndTheNextIsWhole) {
+  ExpectHonestAndMendedByTheNext(kNewOnce, CarriedAlready);
 }
 
 TEST(FailingMove, OfWhichTheOldMachineFailsForGoodIsHonestAndTheNextIsWhole) {
