@@ -87,6 +87,10 @@ std::string FolderText(const MoveError& error) {
     case MoveFault::EmptyFolder:
       return subject +
              " is empty. See that the old disk is mounted there, or name its folder with --from.";
+    case MoveFault::SettingsNotRead:
+      return subject + " cannot be read: " + detail +
+             ". It should tell the machine's drives, in a text of a few lines; correct it or take "
+             "it away.";
     case MoveFault::NotListed:
       return subject + ": " + detail;
     case MoveFault::WorkNotCreated:

@@ -235,6 +235,8 @@ const char* CodeOf(WorkWarning::Kind kind) {
       return "listDamaged";
     case WorkWarning::Kind::CompanionMissing:
       return "companionMissing";
+    case WorkWarning::Kind::PlayerNotPointed:
+      return "playerNotPointed";
     case WorkWarning::Kind::CountedListWrong:
       return "countedListWrong";
     case WorkWarning::Kind::CountedSongWrong:

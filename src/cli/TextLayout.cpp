@@ -33,6 +33,12 @@ std::size_t EndWithout(std::string_view text, std::size_t cells) {
   return at;
 }
 
+/// True when a word does not fit any more behind what is taken; of a long one little is looked at.
+bool GoesBeyond(std::size_t width, std::size_t taken, std::string_view word) {
+  for (std::size_t at = 0; at < word.size() && taken <= width;) taken += NextCharacter(word, at);
+  return taken > width;
+}
+
 /// The part of a word that a line of its own takes.
 std::size_t BreakIn(std::string_view word, std::size_t cells) {
   const std::size_t end = StartThatFits(word, cells);
@@ -46,7 +52,7 @@ class Wrapping {
   Wrapping(std::size_t width, std::size_t indent) : width_(width), indent_(indent, ' ') {}
 
   void Add(std::string_view word) {
-    if (!isEmpty_ && taken_ + 1 + DisplayWidth(word) <= width_) {
+    if (!isEmpty_ && !GoesBeyond(width_, taken_ + 1, word)) {
       Put(' ', word);
       return;
     }
@@ -55,7 +61,7 @@ class Wrapping {
     } else if (!isEmpty_) {
       Put(' ', {});
     }
-    while (taken_ + DisplayWidth(word) > width_ && !word.empty()) {
+    while (GoesBeyond(width_, taken_, word) && !word.empty()) {
       const std::size_t end = BreakIn(word, width_ > taken_ ? width_ - taken_ : 1);
       Put('\0', word.substr(0, end));
       word.remove_prefix(end);
@@ -72,7 +78,7 @@ class Wrapping {
   /// A path that no line can hold begins where it is if there is room worth it.
   bool IsBetterOnItsOwn(std::string_view word) const {
     return word.find_first_of("\\/") == std::string_view::npos ||
-           indent_.size() + DisplayWidth(word) <= width_ || width_ - taken_ < width_ / 3;
+           !GoesBeyond(width_, indent_.size(), word) || width_ - taken_ < width_ / 3;
   }
   void NewLine() {
     lines_.push_back(std::move(line_));

@@ -19,6 +19,23 @@ std::string UnusableText(const std::string& value) {
          kWords.registry + ", then run init again.";
 }
 
+/// The reason without the path at its end, which its reader has just been told.
+std::string WithoutPath(std::string reason, const std::string& path) {
+  const std::size_t at = path.empty() ? std::string::npos : reason.rfind(": " + path);
+  if (at != std::string::npos) reason.erase(at);
+  return reason;
+}
+
+/// The setting is "file, key" or "registry key, value".
+std::string NotPointedText(const WorkWarning& warning) {
+  const std::string setting = ToUtf8(warning.subject);
+  const std::string reason =
+      WithoutPath(ToUtf8(warning.detail), setting.substr(0, setting.rfind(',')));
+  return setting + ": this setting of a player cannot be changed to " + ToUtf8(warning.wanted) +
+         (reason.empty() ? "" : ": " + reason) +
+         ". See that it can be written and run again, or choose that folder in the player";
+}
+
 /// Of what the new lists turned out to hold.
 std::string FindingText(const WorkWarning& warning) {
   const std::string subject = ToUtf8(warning.subject) + ": ";
@@ -44,6 +61,8 @@ std::string FindingText(const WorkWarning& warning) {
       return subject + "is damaged: it ends before its own end, and what stood behind that is lost";
     case Kind::CompanionMissing:
       return subject + "its new list for players of today (.m3u8) was not written";
+    case Kind::PlayerNotPointed:
+      return NotPointedText(warning);
     case Kind::CountedListWrong:
       return subject + "the check at the end has found " + counts + "songs in it";
     case Kind::CountedSongWrong:
@@ -97,10 +116,7 @@ const char* WordsFor(WarningKind kind) {
 
 std::string PlainText(const Warning& warning) {
   const std::string path = ToUtf8(warning.path);
-  std::string reason = ToUtf8(warning.reason);
-  // Many reasons end with the path, which stands in front.
-  const std::size_t at = path.empty() ? std::string::npos : reason.rfind(": " + path);
-  if (at != std::string::npos) reason.erase(at);
+  const std::string reason = WithoutPath(ToUtf8(warning.reason), path);
   return (path.empty() ? "" : path + ": ") + WordsFor(warning.kind) +
          (reason.empty() ? "" : ": " + reason);
 }

@@ -1,6 +1,7 @@
 #include "controller/PlayerFolders.h"
 
 #include "automation/Attempt.h"
+#include "automation/RunTimeError.h"
 #include "services/DataCop.h"
 #include "services/NVServices.h"
 #include "services/ProfileFile.h"
@@ -43,7 +44,7 @@ constexpr FolderValue kMediaPlayerValues[] = {
      u"SaveAsDir"},
 };
 
-/// An error skips what is left of the setting of one player.
+/// Each setting stands alone: an error skips it, and the watcher hears of it.
 class Players {
  public:
   Players(Component& component, String base) : component_(component), base_(std::move(base)) {}
@@ -69,13 +70,13 @@ class Players {
     const String folder = Utility::GetShellOpenFolder(component_, u"Winamp.File", u"Winamp.exe");
     if (!IsInstalled(folder, u"Winamp.ini")) return;
     const String path = folder + u"Winamp.ini";
-    Attempt([&] {
+    Change(kWinamp, path + u", cwd", [&](const String& value) {
       ProfileFile file(component_);
-      if (!file.OpenFile(path)) return;
+      if (!file.OpenFile(path)) throw RunTimeError(error::kPathFileAccess);
       file.SelectSection(kWinamp);
-      file.WriteValue(u"cwd", base_ + String(kWinamp));
+      file.WriteValue(u"cwd", value);
       file.Close();
-      Tell(kWinamp, path + u", cwd");
+      return true;
     });
   }
 
@@ -84,17 +85,27 @@ class Players {
     return !folder.empty() && NVServices::DoesFileExist(component_, folder + String(file));
   }
 
-  void Set(const FolderValue& value) {
-    Attempt([&] {
+  void Set(const FolderValue& setting) {
+    const String place = String(setting.key) + u", " + String(setting.name);
+    Change(setting.player, place, [&](const String& value) {
       RegistryKey key(component_.Machine().Registry());
-      if (!key.OpenIn(value.hive, value.key)) return;
-      if (!key.Write(value.name, base_ + String(value.player))) return;
-      Tell(value.player, String(value.key) + u", " + String(value.name));
+      if (!key.OpenIn(setting.hive, setting.key)) return false;
+      if (!key.Write(setting.name, value)) throw RunTimeError(error::kPermissionDenied, {});
+      return true;
     });
   }
 
-  void Tell(StringView player, const String& place) {
-    component_.Watcher().OnPlayerSetting(player, place, base_ + String(player));
+  /// `write` gives false for a setting that is not there, of which nobody need hear.
+  template <class Write>
+  void Change(StringView player, const String& place, Write&& write) {
+    const String value = base_ + String(player);
+    AnswerOrElse(
+        [&] {
+          if (write(value)) component_.Watcher().OnPlayerSetting(player, place, value);
+        },
+        [&](const RunTimeError& failure) {
+          component_.Watcher().OnPlayerSettingLost(player, place, value, failure.Description());
+        });
   }
 
   Component& component_;

@@ -1,13 +1,13 @@
 #include "machines/MachineFolder.h"
 
 #include <cctype>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <system_error>
 
 #include "automation/RunTimeError.h"
 #include "move/MoveError.h"
+#include "platform/files/FailureText.h"
+#include "platform/files/FileError.h"
 #include "services/IniDocument.h"
 #include "text/CodePage.h"
 #include "text/Encoding.h"
@@ -56,10 +56,17 @@ std::shared_ptr<HostedPlatform> OpenMachineFolder(const fs::path& folder) {
   }
 }
 
+std::string MachineSettingsText(const fs::path& folder) {
+  try {
+    return MachineSettingsIn(folder);
+  } catch (const FileError& error) {
+    throw MoveError(MoveFault::SettingsNotRead, (folder / "machine.ini").string(),
+                    ToUtf8(FailureText(error.Failure())));
+  }
+}
+
 bool HasMachineSettings(const fs::path& folder) {
-  std::ifstream stream(folder / "machine.ini", std::ios::binary);
-  const std::string bytes((std::istreambuf_iterator<char>(stream)), {});
-  const IniDocument settings(DecodeFile(bytes, Windows1252()));
+  const IniDocument settings(DecodeFile(MachineSettingsText(folder), Windows1252()));
   return settings.FindSection(u"Drives") != IniDocument::kNone ||
          settings.FindSection(u"ShellFolders") != IniDocument::kNone;
 }

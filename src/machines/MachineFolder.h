@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <string>
 
 #include "platform/hosted/HostedPlatform.h"
 
@@ -13,8 +14,12 @@ std::shared_ptr<HostedPlatform> OpenIfMachine(const std::filesystem::path& folde
 /// The same; MoveError for a folder that is none.
 std::shared_ptr<HostedPlatform> OpenMachineFolder(const std::filesystem::path& folder);
 
+/// The bytes of a folder's machine.ini, empty without one. MoveError when it cannot be read, or is
+/// no file or a very large one.
+std::string MachineSettingsText(const std::filesystem::path& folder);
+
 /// True for a folder whose machine.ini tells of drives or folders; others may have a file of that
-/// name.
+/// name. MoveError as above.
 bool HasMachineSettings(const std::filesystem::path& folder);
 
 /// True for what may stand beside the drives of a machine, by its name: its settings, its registry,
@@ -22,8 +27,8 @@ bool HasMachineSettings(const std::filesystem::path& folder);
 bool IsBesideDrives(const std::filesystem::path& path);
 
 /// The strict question, for a folder that may as well be a disk: true when its machine.ini tells of
-/// drives or folders, or when it holds drive C, maybe others, and nothing else. MoveError when it
-/// cannot be listed.
+/// drives or folders, or when it holds drive C, maybe others, and nothing else. MoveError as above,
+/// and when it cannot be listed.
 bool IsSurelyMachine(const std::filesystem::path& folder);
 
 }  // namespace norvo

@@ -1,7 +1,6 @@
 #include "machines/SourceFolder.h"
 
 #include <algorithm>
-#include <fstream>
 #include <optional>
 #include <string_view>
 #include <system_error>
@@ -46,11 +45,10 @@ std::optional<char16_t> FreeLetter(const std::vector<HostedDrive>& drives) {
 /// this was the first line of its settings.
 constexpr std::string_view kOldMark = "; Made anew by each run of norvo-playlists.";
 
-/// True for a folder that holds a machine which is not the leaving of an earlier run.
+/// True for a folder that holds a machine which is not the leaving of an earlier run. What a stop
+/// has left of the old settings tells of no machine, like any other text.
 bool HoldsOtherMachine(const fs::path& work, char16_t own) {
-  std::ifstream settings(work / "machine.ini", std::ios::binary);
-  std::string line;
-  if (settings.is_open()) return !std::getline(settings, line) || !line.starts_with(kOldMark);
+  if (HasMachineSettings(work)) return !MachineSettingsText(work).starts_with(kOldMark);
   for (char16_t letter = u'C'; letter <= u'Z'; ++letter) {
     const fs::path drive = work / std::string(1, static_cast<char>(letter));
     if (letter != own && fs::is_directory(fs::symlink_status(drive))) return true;

@@ -24,6 +24,17 @@ void LibraryWatcher::OnPlaylistBegin(StringView path, std::size_t position, std:
   Progress({phase_, position, count, 0, 0, path});
 }
 
+void LibraryWatcher::OnPlayerSettingLost(StringView, StringView place, StringView value,
+                                         StringView reason) {
+  WorkWarning told;
+  told.kind = WorkWarning::Kind::PlayerNotPointed;
+  told.side = side_;
+  told.subject = place;
+  told.detail = reason;
+  told.wanted = value;
+  report_.Warn(std::move(told));
+}
+
 /// A run-time error out of an observer's call ends the component's work, and nothing else does.
 void LibraryWatcher::Progress(const WorkProgress& progress) {
   try {

@@ -8,7 +8,8 @@
 namespace norvo {
 
 /// Follows a component's work for a call: hands its progress and its warnings on to the report, and
-/// ends the work when the caller has cancelled it.
+/// ends the work when the caller has cancelled it. A player's setting that could not be changed is
+/// a warning of the call.
 class LibraryWatcher : public Observer {
  public:
   /// `phase` is what the component does with single playlists.
@@ -18,6 +19,8 @@ class LibraryWatcher : public Observer {
   void OnWarning(const Warning& warning) override;
   void OnFolder(StringView path) override;
   void OnPlaylistBegin(StringView path, std::size_t position, std::size_t count) override;
+  void OnPlayerSettingLost(StringView player, StringView place, StringView value,
+                           StringView reason) override;
 
   std::size_t Folders() const { return folders_; }
   /// The last warning's text, for a message about work that failed as a whole.

@@ -41,6 +41,8 @@ const char* StatementOf(MoveFault fault) {
       return "is no folder";
     case MoveFault::EmptyFolder:
       return "is empty";
+    case MoveFault::SettingsNotRead:
+      return "cannot be read";
     case MoveFault::NotListed:
       return "cannot be listed";
     case MoveFault::WorkNotCreated:

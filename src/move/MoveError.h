@@ -28,6 +28,7 @@ enum class MoveFault {
   NoMachine,            ///< subject: a folder that holds none; detail: why
   NoFolder,             ///< subject: what should be the old machine's folder
   EmptyFolder,          ///< subject: what should be the old machine's folder, and holds nothing
+  SettingsNotRead,      ///< subject: a machine.ini; detail: why it cannot be read
   NotListed,            ///< subject: a folder; detail: why it cannot be listed
   WorkNotCreated,       ///< subject: the work folder; detail: why
   WorkTaken,            ///< subject: the work folder, which holds a machine of its own

@@ -61,6 +61,19 @@ String Likeness(char16_t unit, const CodePage* page) {
   return isMark || IsLowSurrogate(unit) ? u"" : u"_";
 }
 
+/// The text with each of these words broken up. No word overlaps itself or comes of the breaking.
+String WithoutM3uWord(StringView text, StringView word) {
+  constexpr std::size_t kKept = 3;  // in front of the break
+  String broken;
+  std::size_t done = 0;
+  for (std::size_t at = FindIgnoreCase(text, word); at != StringView::npos;
+       at = FindIgnoreCase(text, word, done)) {
+    broken.append(text.substr(done, at + kKept - done)).append(u"_");
+    done = at + kKept;
+  }
+  return broken.append(text.substr(done));
+}
+
 StringView TrimmedEnds(StringView name) {
   return WithoutTrail(TrimStart(name, [](char16_t unit) { return unit == u' '; }));
 }
@@ -83,6 +96,8 @@ String WithMark(StringView name, const String& mark, std::size_t most) {
   const StringView extension = ExtensionOf(name);
   StringView base = name.substr(0, name.size() - extension.size());
   const std::size_t taken = ByteCount(mark) + ByteCount(extension);
+  // Every unit takes a byte at least: of a name that is very much too long little is counted.
+  base = base.substr(0, std::max<std::size_t>(most, 1));
   while (base.size() > 1 && ByteCount(base) + taken > most) base.remove_suffix(1);
   // No half of a character at the cut.
   if (base.size() > 1 && IsHighSurrogate(base.back())) base.remove_suffix(1);
@@ -114,12 +129,7 @@ bool HasPortableNames(StringView path, const CodePage* page) {
 String PortableName(StringView name, const CodePage* page, std::size_t most) {
   String portable;
   for (const char16_t unit : name) portable += Likeness(unit, page);
-  for (const StringView word : kM3uWords) {
-    for (std::size_t at = FindIgnoreCase(portable, word); at != String::npos;
-         at = FindIgnoreCase(portable, word)) {
-      portable.insert(at + 3, u"_");
-    }
-  }
+  for (const StringView word : kM3uWords) portable = WithoutM3uWord(portable, word);
   portable = TrimmedEnds(portable);
   if (portable.empty() || IsDeviceName(portable)) portable.insert(0, u"_");
   return ByteCount(portable) <= most ? portable : WithMark(portable, {}, most);

@@ -93,7 +93,9 @@ void RestoreLedger::Take(const std::vector<String>& fields) {
   } else if (fields.size() == 2 && fields[0] == kNative && current_) {
     current_->natives.push_back(fields[1]);
   } else if (fields[0] == kDone && current_) {
-    Keep();
+    // Earlier versions noted a list as done of which nothing was written: it is to be restored.
+    if (!current_->natives.empty()) Keep();
+    current_.reset();
   } else if (fields[0] == kUndone) {
     current_.reset();
   }
@@ -164,13 +166,14 @@ void RestoreLedger::AddNative(const String& path) {
 
 void RestoreLedger::End(bool whole) {
   if (!current_) return;
-  if (whole) {
+  const bool done = whole && !current_->natives.empty();
+  if (done) {
     Keep();
   } else {
     DeleteNatives(*current_);
     current_.reset();
   }
-  Append(EndLine(whole ? kDone : kUndone));
+  Append(EndLine(done ? kDone : kUndone));
 }
 
 void RestoreLedger::Append(const std::string& line) {

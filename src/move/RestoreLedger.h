@@ -39,8 +39,8 @@ class RestoreLedger {
   /// it.
   void Begin(const String& genericFile, const std::string& key = {}, const std::string& print = {});
   void AddNative(const String& path);
-  /// With `whole` false the native playlists are deleted and the generic file counts as not
-  /// restored.
+  /// With `whole` false, or without any native playlist, the generic file counts as not restored,
+  /// and what was written of it is deleted.
   void End(bool whole);
 
   /// The places of a song, by whatever name the caller gives it: several when songs of several old

@@ -74,6 +74,7 @@ struct WorkWarning {
     ListDamaged,        ///< `subject` ends before its own end; what it had behind that is lost
     NoPlainName,        ///< the song `subject` has no second name `wanted`, since `detail`
     CompanionMissing,   ///< of playlist `subject` there is no playlist for players of today
+    PlayerNotPointed,   ///< a player's setting `subject` cannot be made `wanted`, since `detail`
     CountedListWrong,   ///< counted at the end: `subject` lists `found` songs of `expected`
     CountedSongWrong,   ///< counted at the end: in `subject` stands `detail`, which is not `wanted`
     TagsNotRead         ///< the song `subject` came over, but its tags were not read: `detail`

@@ -32,8 +32,9 @@ enum class ItemOutcome {
 /// An exception out of a call counts as an error of the work that it tells of, and ends just that:
 /// the scan or the queue, with a log line; the reading of a playlist, whose entries so far stay;
 /// the writing of a native file; the settings of a player. The search for media files hands it on
-/// to its caller. Three calls must not throw, since nothing catches it there: OnLogLine and
-/// OnWarning, which errors are told by, and OnNativeFileEnd, which is called by a destructor.
+/// to its caller. Four calls must not throw, since nothing catches it there: OnLogLine, OnWarning
+/// and OnPlayerSettingLost, which errors are told by, and OnNativeFileEnd, which is called by a
+/// destructor.
 class Observer {
  public:
   virtual ~Observer() = default;
@@ -67,6 +68,10 @@ class Observer {
   virtual void OnNativeFileEnd(StringView /*path*/, bool /*whole*/) {}
   /// A player was pointed at the folder of its playlists; `place` names the setting.
   virtual void OnPlayerSetting(StringView /*player*/, StringView /*place*/, StringView /*value*/) {}
+  /// A player that is there could not be pointed at that folder; the log says nothing of it.
+  /// `reason` is the error's description; empty where there is none.
+  virtual void OnPlayerSettingLost(StringView /*player*/, StringView /*place*/,
+                                   StringView /*value*/, StringView /*reason*/) {}
 };
 
 }  // namespace norvo

@@ -15,6 +15,7 @@ constexpr std::size_t kWrittenPiece = 64 * 1024;
 constexpr std::size_t kLargestPiece = 256 * 1024;
 // No playlist comes near this; a file that only has a playlist's name shall not fill the memory.
 constexpr std::uint64_t kLargestText = 64u * 1024 * 1024;
+constexpr StringView kTooLarge = u"File larger than 64 MB";
 
 }  // namespace
 
@@ -153,14 +154,17 @@ void TextWriter::Close() {
   file_.reset();
 }
 
-std::string ReadWholeFile(BinaryFile& file) {
+std::string ReadWholeFile(BinaryFile& file, StringView path) {
   std::string bytes;
   for (std::size_t piece = kFirstPiece;;) {
     const std::size_t had = bytes.size();
     bytes.resize(had + piece);
     const std::size_t got = file.ReadAt(had, std::span(bytes).subspan(had));
     bytes.resize(had + got);
-    if (bytes.size() > kLargestText) throw RunTimeError(error::kOutOfMemory);
+    if (bytes.size() > kLargestText) {
+      const String named = path.empty() ? String() : u": " + String(path);
+      throw RunTimeError(error::kOutOfMemory, String(kTooLarge) + named);
+    }
     if (got < piece) return bytes;
     piece = std::min(piece * 4, kLargestPiece);
   }
@@ -168,7 +172,7 @@ std::string ReadWholeFile(BinaryFile& file) {
 
 std::optional<std::string> ReadFileIfThere(FileSystem& files, StringView path) {
   try {
-    return ReadWholeFile(*files.OpenForReading(path));
+    return ReadWholeFile(*files.OpenForReading(path), path);
   } catch (const RunTimeError& failure) {
     const bool missing =
         failure.Number() == error::kFileNotFound || failure.Number() == error::kPathNotFound;

@@ -66,8 +66,9 @@ class TextWriter {
 };
 
 /// All bytes of a file, read in pieces of growing size. Error 7 for a file of more than 64 MiB: no
-/// playlist and no settings file comes near that. `TextStream` has the same limit.
-std::string ReadWholeFile(BinaryFile& file);
+/// playlist and no settings file comes near that. `TextStream` has the same limit. The error names
+/// the path, if one is given.
+std::string ReadWholeFile(BinaryFile& file, StringView path = {});
 
 /// The same of the file at a path; nothing when there is none.
 std::optional<std::string> ReadFileIfThere(FileSystem& files, StringView path);

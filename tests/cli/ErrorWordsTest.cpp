@@ -66,6 +66,10 @@ const Row kRows[] = {
     {MoveFault::NoFolder, "old", "",
      "old is no folder. Name the old machine's folder, or the folder where its disk is mounted, "
      "with --from."},
+    {MoveFault::SettingsNotRead, "old/machine.ini", "it is no file",
+     "old/machine.ini cannot be read: it is no file. It should tell the machine's drives, in a "
+     "text "
+     "of a few lines; correct it or take it away."},
     {MoveFault::NotListed, "old", "Permission denied", "old: Permission denied"},
     {MoveFault::FileNotRead, "C:\\Norvo Media\\SubNames.txt", "",
      "The file C:\\Norvo Media\\SubNames.txt cannot be read. See that the disk is in order, and "

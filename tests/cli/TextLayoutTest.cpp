@@ -25,6 +25,14 @@ TEST(TextLayout, ALongPathIsBrokenBehindASeparator) {
   EXPECT_EQ(Wrapped("abcdefghij", 4, 0), (Lines{"abcd", "efgh", "ij"}));
 }
 
+// It would take hours if the time grew with the square of the length.
+TEST(TextLayout, AWordOfManyLinesIsBrokenAsQuickly) {
+  const Lines lines = Wrapped(std::string(4'000'000, 'x'), 10, 2);
+  ASSERT_EQ(lines.size(), 500'000u);
+  EXPECT_EQ(lines.front(), std::string(10, 'x'));
+  EXPECT_EQ(lines[1], "  " + std::string(8, 'x'));
+}
+
 TEST(TextLayout, WideCharactersAreNeverCutOrCountedAsNarrow) {
   // Four characters of two cells each.
   const std::string wide = "\xE9\x9F\xB3\xE6\xA5\xBD\xE9\x9F\xB3\xE6\xA5\xBD";

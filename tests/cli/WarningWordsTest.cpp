@@ -114,5 +114,18 @@ TEST(WarningWords, WhatPlayersCannotReachIsTold) {
             "C:\\Mix.asx: its new list for players of today (.m3u8) was not written");
 }
 
+TEST(WarningWords, APlayersSettingThatIsNotChangedSaysWhatToDo) {
+  const StringView folder = u"C:\\M\\PlayLists\\Winamp";
+  EXPECT_EQ(TextOf(WarningOf(Kind::PlayerNotPointed, u"C:\\Winamp\\Winamp.ini, cwd",
+                             u"Permission denied: C:\\Winamp\\Winamp.ini", folder)),
+            "C:\\Winamp\\Winamp.ini, cwd: this setting of a player cannot be changed to "
+            "C:\\M\\PlayLists\\Winamp: Permission denied. See that it can be written and run "
+            "again, or choose that folder in the player");
+  EXPECT_EQ(TextOf(WarningOf(Kind::PlayerNotPointed, u"Software\\Player, Path", {}, folder)),
+            "Software\\Player, Path: this setting of a player cannot be changed to "
+            "C:\\M\\PlayLists\\Winamp. See that it can be written and run again, or choose that "
+            "folder in the player");
+}
+
 }  // namespace
 }  // namespace norvo::cli

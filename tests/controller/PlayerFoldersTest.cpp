@@ -19,7 +19,14 @@ class SettingFollower final : public Observer {
   void OnPlayerSetting(StringView player, StringView place, StringView value) override {
     settings.push_back(Utf8(player) + " | " + Utf8(place) + " | " + Utf8(value));
   }
+  void OnPlayerSettingLost(StringView player, StringView place, StringView value,
+                           StringView reason) override {
+    lost.push_back(Utf8(player) + " | " + Utf8(place) + " | " + Utf8(value));
+    reasons.push_back(Utf8(reason));
+  }
   Lines settings;
+  Lines lost;  // in the form of the settings
+  Lines reasons;
 };
 
 class PlayerFoldersTest : public LibraryTest {
@@ -61,7 +68,7 @@ class PlayerFoldersTest : public LibraryTest {
 
   /// Sets the folders and gives what the watcher heard.
   Lines Set() {
-    SettingFollower follower;
+    follower = {};
     component.SetObserver(&follower);
     EXPECT_NO_THROW(SetPlayerPlayListFolders(component));
     component.SetObserver(&watcher);
@@ -74,6 +81,7 @@ class PlayerFoldersTest : public LibraryTest {
     return text == nullptr ? "no text" : Utf8(*text);
   }
 
+  SettingFollower follower;  // what it heard last
   const std::string musicMatch1 = "MusicMatch JukeBox | " + Utf8(kMmdbKey) + ", PlayList Path | " +
                                   kBase + "MusicMatch JukeBox";
   const std::string musicMatch2 = "MusicMatch JukeBox | " + Utf8(kMainAppKey) +
@@ -105,6 +113,7 @@ TEST_F(PlayerFoldersTest, EachInstalledPlayerIsPointedAtItsFolder) {
 
 TEST_F(PlayerFoldersTest, WithoutAPlayerNothingIsWritten) {
   EXPECT_EQ(Set(), Lines());
+  EXPECT_EQ(follower.lost, Lines());
   EXPECT_EQ(platform->Calls(u"Registry.Write") + platform->Calls(u"Settings.Write"), 0u);
   EXPECT_TRUE(log.empty());
 }
@@ -189,14 +198,17 @@ TEST_F(PlayerFoldersTest, ASettingsFileWithoutTheSectionGetsIt) {
   EXPECT_EQ(platform->Bytes(kWinampIni), "[Winamp]\r\ncwd=" + std::string(kBase) + "Winamp\r\n");
 }
 
-TEST_F(PlayerFoldersTest, ASettingsFileThatCannotBeReadOrWrittenIsSkippedWithoutAWord) {
+TEST_F(PlayerFoldersTest, ASettingsFileThatCannotBeReadOrWrittenIsToldAndNotLogged) {
   InstallWinamp();
   const std::string before = platform->Bytes(kWinampIni);
   platform->Files().SetReadOnly(kWinampIni);
   EXPECT_EQ(Set(), Lines());
+  EXPECT_EQ(follower.lost, Lines({winamp}));
+  EXPECT_TRUE(follower.reasons.front().starts_with("Permission denied")) << follower.reasons[0];
   EXPECT_EQ(platform->Bytes(kWinampIni), before);
   platform->Files().Deny(kWinampIni);
   EXPECT_EQ(Set(), Lines());
+  EXPECT_EQ(follower.lost, Lines({winamp}));
   EXPECT_EQ(platform->Bytes(kWinampIni), before);
   EXPECT_TRUE(log.empty());
 }
@@ -210,12 +222,13 @@ TEST_F(PlayerFoldersTest, KeysAreOpenedInTheirOwnHiveAndNeverMade) {
   platform->SetRegistry(Hive::LocalMachine, String(kAppPaths) + u"wmplayer.exe", u"Path",
                         String(u"C:\\Programs\\WMP"));
   SetOpenCommand(u"Sonique.File", u"C:\\Programs\\Sonique\\Sonique.exe");
-  // Each key stands in the other hive only.
+  // Each key stands in the other hive only: the players have never been used, and nobody is told.
   platform->Registry().AddKey(Hive::CurrentUser, kMmdbKey);
   platform->Registry().AddKey(Hive::CurrentUser, kMainAppKey);
   platform->Registry().AddKey(Hive::LocalMachine, kSoniqueKey);
   platform->Registry().AddKey(Hive::LocalMachine, kPlayerKey);
   EXPECT_EQ(Set(), Lines());
+  EXPECT_EQ(follower.lost, Lines());
   EXPECT_EQ(platform->Calls(u"Registry.Write"), 0u);
   EXPECT_FALSE(platform->Registry().HasKey(Hive::LocalMachine, kMmdbKey));
   EXPECT_FALSE(platform->Registry().HasKey(Hive::CurrentUser, kSoniqueKey));
@@ -231,11 +244,11 @@ TEST_F(PlayerFoldersTest, TheTwoKeysOfMusicMatchAreIndependent) {
                           String(u"C:\\Programs\\MusicMatch"));
     platform->AddFile(u"C:\\Programs\\MusicMatch\\mmjb.exe", "x");
     platform->Registry().AddKey(Hive::LocalMachine, present);
-    SettingFollower follower;
-    library->SetObserver(&follower);
+    SettingFollower hears;
+    library->SetObserver(&hears);
     SetPlayerPlayListFolders(*library);
     library->SetObserver(nullptr);
-    EXPECT_EQ(follower.settings, Lines({present == kMmdbKey ? musicMatch1 : musicMatch2}));
+    EXPECT_EQ(hears.settings, Lines({present == kMmdbKey ? musicMatch1 : musicMatch2}));
   }
 }
 
@@ -243,10 +256,15 @@ TEST_F(PlayerFoldersTest, AKeyThatRefusesSkipsItsSettingAndTheNextPlayersAreStil
   InstallAll();
   platform->FailOn(u"Registry.Write", 1, error::kPermissionDenied);
   EXPECT_EQ(Set(), Lines({musicMatch2, sonique, player1, player2, winamp}));
+  EXPECT_EQ(follower.lost, Lines({musicMatch1}));
+  EXPECT_EQ(follower.reasons, Lines({"Permission denied"}));
   platform->FailOn(u"Registry.Write", 4, error::kPermissionDenied);
   EXPECT_EQ(Set(), Lines({musicMatch1, musicMatch2, sonique, player2, winamp}));
+  EXPECT_EQ(follower.lost, Lines({player1}));
   platform->Registry().RefuseWrites();
   EXPECT_EQ(Set(), Lines({winamp}));
+  EXPECT_EQ(follower.lost, Lines({musicMatch1, musicMatch2, sonique, player1, player2}));
+  EXPECT_EQ(follower.reasons, Lines(5));  // which the registry does not tell
   EXPECT_TRUE(log.empty());
 }
 
@@ -282,16 +300,16 @@ TEST_F(PlayerFoldersTest, NothingEscapesFromAFailingMachineAndTheRestIsStillHand
     std::size_t k = 0;
     while (failed) {
       const auto fresh = OpenLibrary(platform);
-      SettingFollower follower;
-      fresh->SetObserver(&follower);
+      SettingFollower hears;
+      fresh->SetObserver(&hears);
       ++k;
       memory ? platform->Log().RunOutOfMemoryAt(k) : platform->FailAt(k, error::kDeviceInputOutput);
       EXPECT_NO_THROW(SetPlayerPlayListFolders(*fresh)) << k;
       failed = platform->Log().HasFailed();
       // What fails costs one player, unless it is the base of all of them.
-      const bool hasBase = !follower.settings.empty();
-      EXPECT_GE(follower.settings.size(), hasBase ? all - 2 : 0) << k;
-      EXPECT_TRUE(failed || follower.settings.size() == all);
+      const bool hasBase = !hears.settings.empty();
+      EXPECT_GE(hears.settings.size(), hasBase ? all - 2 : 0) << k;
+      EXPECT_TRUE(failed || hears.settings.size() == all);
       fresh->SetObserver(nullptr);
     }
     EXPECT_GT(k, 15u);

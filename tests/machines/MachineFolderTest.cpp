@@ -1,5 +1,7 @@
 #include "machines/MachineFolder.h"
 
+#include <sys/stat.h>
+
 #include "machines/MachineFoldersTest.h"
 
 namespace norvo {
@@ -34,6 +36,26 @@ TEST_F(MachineFolderTest, OnlyWhatCannotBeADiskIsSurelyAMachine) {
   for (const char* const name : {"more", "letters", "noC", "other"}) {
     EXPECT_FALSE(IsSurelyMachine(At(name))) << name;
   }
+}
+
+TEST_F(MachineFolderTest, SettingsThatAreNoFileOfAFewLinesAreNamedAndNotWaitedFor) {
+  const auto expectRefused = [this](const std::string& folder, const std::string& reason) {
+    for (const auto ask : {HasMachineSettings, IsSurelyMachine}) {
+      ExpectError(ErrorOf([&] { return ask(At(folder)); }), MoveFault::SettingsNotRead,
+                  At(folder + "/machine.ini").string(), reason);
+    }
+  };
+  for (const char* const folder : {"pipe/C", "device/C", "sparse/C", "folder/C/machine.ini"}) {
+    fs::create_directories(At(folder));
+  }
+  ASSERT_EQ(::mkfifo(At("pipe/machine.ini").c_str(), 0666), 0);
+  expectRefused("pipe", "it is no file");
+  fs::create_symlink("/dev/zero", At("device/machine.ini"));
+  expectRefused("device", "it is no file");
+  Put(At("sparse/machine.ini"), "[Drives]\r\nC=fixed\r\n");
+  fs::resize_file(At("sparse/machine.ini"), std::uintmax_t{1} << 40);
+  expectRefused("sparse", "it is too large for such a file");
+  expectRefused("folder/C", "it is no file");
 }
 
 TEST_F(MachineFolderTest, WhatCannotBeListedIsToldWithTheReason) {

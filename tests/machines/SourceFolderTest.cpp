@@ -145,6 +145,31 @@ TEST_F(SourceMachineTest, AWorkFolderOfAnEarlierVersionWithLinksIsTaken) {
   EXPECT_EQ(Tree(At("disk")), before);
 }
 
+TEST_F(SourceMachineTest, WhatAStopHasLeftOfThoseSettingsIsNoMachine) {
+  PutDisk("disk");
+  const std::string settings =
+      "; Made anew by each run of norvo-playlists.\r\n[Drives]\r\nC=fixed\r\n";
+  for (std::size_t size = 0; size <= settings.size(); ++size) {
+    Put(At("work/machine.ini"), settings.substr(0, size));
+    EXPECT_EQ(SourceFolder(At("disk"), At("work")).GroupRoot(), "Z:\\Norvo Media\\") << size;
+  }
+}
+
+TEST_F(SourceMachineTest, ALinkInPlaceOfThoseSettingsIsNotWrittenThrough) {
+  PutDisk("disk");
+  fs::create_directories(At("work"));
+  fs::create_symlink(At("elsewhere"), At("work/machine.ini"));
+  EXPECT_EQ(SourceFolder(At("disk"), At("work")).GroupRoot(), "Z:\\Norvo Media\\");
+  EXPECT_FALSE(fs::exists(At("elsewhere")));
+}
+
+TEST_F(SourceMachineTest, AWorkFolderWithSettingsThatAreNoFileIsRefused) {
+  PutDisk("disk");
+  fs::create_directories(At("work/machine.ini"));
+  ExpectError(ErrorOfSource("disk", "work"), MoveFault::SettingsNotRead,
+              At("work/machine.ini").string(), "it is no file");
+}
+
 TEST_F(SourceMachineTest, LinksAloneAreNoMachineOfTheWorkFolder) {
   PutDisk("disk");
   fs::create_directories(At("work"));

@@ -1,4 +1,5 @@
 #include "move/MixFixture.h"
+#include "platform/files/TemporaryFile.h"
 
 namespace norvo {
 namespace {
@@ -113,17 +114,43 @@ TEST_F(CarryingTest, WithoutADocumentsFolderNothingIsCopied) {
   EXPECT_FALSE(fs::exists(NewPlace(kRoot + "Music")));
 }
 
-TEST_F(CarryingTest, InstalledPlayersArePointedAtTheirFolders) {
-  fs::create_directories(NewPlace("C:\\"));
-  WriteNew(R"(C:\Programs\WMP\wmplayer.exe)", "x");
-  WriteNew(R"(C:\Programs\Winamp\Winamp.ini)", "[Winamp]\r\nvolume=90\r\n");
-  WriteFile(fs::path(New()) / "registry.reg",
-            "Windows Registry Editor Version 5.00\r\n\r\n"
-            "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App "
-            "Paths\\wmplayer.exe]\r\n\"Path\"=\"C:\\\\Programs\\\\WMP\"\r\n\r\n"
-            "[HKEY_CURRENT_USER\\Software\\Microsoft\\MediaPlayer\\Player\\Settings]\r\n\r\n"
-            "[HKEY_CLASSES_ROOT\\Winamp.File\\shell\\open\\command]\r\n"
-            "@=\"C:\\\\Programs\\\\Winamp\\\\Winamp.exe %1\"\r\n");
+/// A new machine on which two players are installed.
+class PlayersTest : public CarryingTest {
+ protected:
+  static constexpr const char* kWinampIni = R"(C:\Programs\Winamp\Winamp.ini)";
+
+  void SetUp() override {
+    CarryingTest::SetUp();
+    WriteNew(R"(C:\Programs\WMP\wmplayer.exe)", "x");
+    WriteNew(kWinampIni, "[Winamp]\r\nvolume=90\r\n");
+    WriteFile(fs::path(New()) / "registry.reg",
+              "Windows Registry Editor Version 5.00\r\n\r\n"
+              "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App "
+              "Paths\\wmplayer.exe]\r\n\"Path\"=\"C:\\\\Programs\\\\WMP\"\r\n\r\n"
+              "[HKEY_CURRENT_USER\\Software\\Microsoft\\MediaPlayer\\Player\\Settings]\r\n\r\n"
+              "[HKEY_CLASSES_ROOT\\Winamp.File\\shell\\open\\command]\r\n"
+              "@=\"C:\\\\Programs\\\\Winamp\\\\Winamp.exe %1\"\r\n");
+  }
+
+  /// A folder where the file would be written anew, which nobody can remove as a file.
+  static fs::path BlockWritingOf(const fs::path& file) {
+    fs::path block = file.parent_path() / TemporaryPath(file.filename().string());
+    fs::create_directories(block / "full");
+    return block;
+  }
+  /// "setting -> value" of those that the move could not change.
+  static Texts LostSettingsOf(const nlohmann::json& moved) {
+    Texts lost;
+    for (const auto& warning : moved.at("warnings")) {
+      if (warning.at("reasonCode") != "playerNotPointed") continue;
+      lost.push_back(warning.at("subject").get<std::string>() + " -> " +
+                     warning.at("wanted").get<std::string>());
+    }
+    return lost;
+  }
+};
+
+TEST_F(PlayersTest, ArePointedAtTheirFolders) {
   const auto moved = Moved();
   EXPECT_EQ(moved.at("exitCode"), 0);
   const std::string key = "Software\\Microsoft\\MediaPlayer\\Player\\Settings, ";
@@ -135,8 +162,42 @@ TEST_F(CarryingTest, InstalledPlayersArePointedAtTheirFolders) {
        {"place", R"(C:\Programs\Winamp\Winamp.ini, cwd)"},
        {"value", kRoot + R"(PlayLists\Winamp)"}}};
   EXPECT_EQ(moved.at("settings"), expected);
-  EXPECT_TRUE(Holds(ReadFile(NewPlace(R"(C:\Programs\Winamp\Winamp.ini)")),
-                    "volume=90\r\ncwd=" + kRoot + "PlayLists\\Winamp\r\n"));
+  EXPECT_TRUE(
+      Holds(ReadFile(NewPlace(kWinampIni)), "volume=90\r\ncwd=" + kRoot + "PlayLists\\Winamp\r\n"));
+}
+
+TEST_F(PlayersTest, WhoseFileCannotBeWrittenAreToldAndPointedLater) {
+  const std::string before = ReadFile(NewPlace(kWinampIni));
+  const fs::path block = BlockWritingOf(NewPlace(kWinampIni));
+  const auto moved = Moved();
+  EXPECT_EQ(moved.at("exitCode"), 1);
+  EXPECT_EQ(LostSettingsOf(moved),
+            Texts{R"(C:\Programs\Winamp\Winamp.ini, cwd -> )" + kRoot + R"(PlayLists\Winamp)"});
+  EXPECT_EQ(moved.at("settings").size(), 2u);
+  EXPECT_EQ(ReadFile(NewPlace(kWinampIni)), before);
+  ExpectMoved("Mix", {kOne, kTwo});
+  fs::remove_all(block);
+  const auto again = Moved();
+  EXPECT_EQ(again.at("exitCode"), 0);
+  EXPECT_TRUE(Holds(ReadFile(NewPlace(kWinampIni)), "cwd=" + kRoot + "PlayLists\\Winamp\r\n"));
+}
+
+TEST_F(PlayersTest, WhoseRegistryCannotBeWrittenAreTold) {
+  ASSERT_EQ(Moved().at("exitCode"), 0);
+  BlockWritingOf(fs::path(New()) / "registry.reg");
+  const auto again = Moved();
+  EXPECT_EQ(again.at("exitCode"), 1);
+  const std::string wmp = " -> " + kRoot + R"(PlayLists\Windows Media Player)";
+  const std::string key = R"(Software\Microsoft\MediaPlayer\Player\Settings, )";
+  EXPECT_EQ(LostSettingsOf(again), (Texts{key + "OpenDir" + wmp, key + "SaveAsDir" + wmp}));
+  EXPECT_EQ(again.at("settings").size(), 1u);
+}
+
+TEST_F(PlayersTest, WhichCannotBePointedAreAmongTheProblemsOfTheReport) {
+  BlockWritingOf(NewPlace(kWinampIni));
+  const Outcome outcome = Migrate();
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_TRUE(Holds(outcome.out + outcome.err, "this setting of a player cannot be changed"));
 }
 
 TEST_F(CarryingTest, ASongThatWasTakenAwayIsBroughtAgain) {
@@ -146,6 +207,23 @@ TEST_F(CarryingTest, ASongThatWasTakenAwayIsBroughtAgain) {
   const auto again = Moved();
   EXPECT_EQ(again.at("exitCode"), 0);
   EXPECT_EQ(RecordOf(again.at("media"), "source", kOne).at("outcome"), "copied");
+  EXPECT_EQ(Snapshot(New()), tree);
+}
+
+TEST_F(CarryingTest, WhatALedgerCallsDoneWithoutAnyPlaylistIsDoneAgain) {
+  ASSERT_EQ(Moved().at("exitCode"), 0);
+  const auto tree = Snapshot(New());
+  const std::string ledger = kRoot + R"(KVs\Restored.txt)";
+  std::string bytes = ReadFile(NewPlace(ledger));
+  for (std::size_t at = bytes.find("native\t"); at != std::string::npos;
+       at = bytes.find("native\t")) {
+    bytes.erase(at, bytes.find("\r\n", at) + 2 - at);
+  }
+  WriteNew(ledger, bytes);
+  fs::remove_all(NewPlace(kRoot + "PlayLists"));
+  const auto again = Moved();
+  EXPECT_EQ(again.at("exitCode"), 0);
+  EXPECT_EQ(again.at("summary").at("restored"), 1);
   EXPECT_EQ(Snapshot(New()), tree);
 }
 

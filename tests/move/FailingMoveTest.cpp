@@ -92,6 +92,31 @@ MemoryMove TwoPlaylists() {
   return machines;
 }
 
+/// The settings that point the players at their lists.
+Lines SettingsIn(const MoveResult& move) {
+  Lines lines;
+  for (const PlayerSetting& setting : move.settings) {
+    lines.push_back(Utf8(setting.place) + " = " + Utf8(setting.value));
+  }
+  return lines;
+}
+
+/// Two players, each with another kind of setting.
+MemoryMove WithPlayers() {
+  MemoryMove machines;
+  machines.AddMix();
+  MemoryPlatform& to = *machines.to;
+  to.AddFile(u"C:\\Player\\wmplayer.exe", "x");
+  to.SetRegistry(Hive::LocalMachine,
+                 u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\wmplayer.exe", u"Path",
+                 String(u"C:\\Player"));
+  to.Registry().AddKey(Hive::CurrentUser, u"Software\\Microsoft\\MediaPlayer\\Player\\Settings");
+  to.AddFile(u"C:\\Winamp\\Winamp.ini", "[Winamp]\r\n");
+  to.SetRegistry(Hive::ClassesRoot, u"Winamp.File\\shell\\open\\command", u"",
+                 String(u"C:\\Winamp\\Winamp.exe"));
+  return machines;
+}
+
 MemoryMove OnePlaylist() {
   MemoryMove machines;
   machines.AddMix();
@@ -118,6 +143,17 @@ MemoryMove LaterPlaylist() {
   machines.Run();
   machines.AddWeb();
   machines.to->Log().Clear();
+  return machines;
+}
+
+/// Machines of a move that was stopped as soon as it had carried its generic files: they stand on
+/// the disk, and are read from there.
+MemoryMove CarriedAlready() {
+  const MemoryMove machines = OnePlaylist();
+  machines.Run();
+  for (const String& path : machines.to->Files().AllFiles()) {
+    if (!path.ends_with(u".ini")) machines.to->Files().RemoveFile(path);
+  }
   return machines;
 }
 
@@ -179,6 +215,33 @@ TEST(FailingMove, OfTaggedSongsOfWhichOneCallOfTheOldMachineFailsIsHonest) {
 
 TEST(FailingMove, ToAMachineThatHasMusicAlreadyOfWhichOneCallFailsIsHonestAndTheNextIsWhole) {
   ExpectHonestAndMendedByTheNext(kNewOnce, LaterPlaylist);
+}
+
+TEST(FailingMove, ThatCannotPointAPlayerAtItsListsTellsItAndTheNextDoesIt) {
+  const Sound sound(WithPlayers);
+  ASSERT_EQ(SettingsIn(sound.result).size(), 3u);
+  std::size_t lost = 0;
+  for (const StringView operation : {u"Registry.Write", u"Settings.Write"}) {
+    bool failed = true;
+    for (std::size_t k = 1; failed; ++k) {
+      const MemoryMove machines = WithPlayers();
+      machines.to->FailOn(operation, k, error::kDiskFull);
+      const std::optional<MoveResult> move = ResultOf(machines);
+      failed = machines.to->Log().HasFailed();
+      machines.to->Log().StopFailing();
+      const bool isLost = move && move->settings.size() < 3;
+      lost += isLost ? 1 : 0;
+      EXPECT_FALSE(isLost && move->IsWhole()) << Utf8(operation) << ' ' << k;
+      const MoveResult again = machines.Run();
+      EXPECT_TRUE(again.IsWhole()) << Utf8(operation) << ' ' << k;
+      EXPECT_EQ(SettingsIn(again), SettingsIn(sound.result)) << Utf8(operation) << ' ' << k;
+    }
+  }
+  EXPECT_GE(lost, 3u);  // each of them, and all where the move ends before
+}
+
+TEST(FailingMove, ThatGoesOnWhereOneWasStoppedIsHonestAndTheNextIsWhole) {
+  ExpectHonestAndMendedByTheNext(kNewOnce, CarriedAlready);
 }
 
 TEST(FailingMove, OfWhichTheOldMachineFailsForGoodIsHonestAndTheNextIsWhole) {

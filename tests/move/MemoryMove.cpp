@@ -57,8 +57,8 @@ std::string NameOf(WorkWarning::Kind kind) {
   return Named(
       kind, {"Library", "Oddity", "SettingUnusable", "RoleKept", "GroupRootKept", "NoLogFolder",
              "NativesMissing", "UntellableAddress", "NativeGone", "NativeIncomplete", "WrongSong",
-             "ChangedAddress", "ListDamaged", "NoPlainName", "CompanionMissing", "CountedListWrong",
-             "CountedSongWrong", "TagsNotRead"});
+             "ChangedAddress", "ListDamaged", "NoPlainName", "CompanionMissing", "PlayerNotPointed",
+             "CountedListWrong", "CountedSongWrong", "TagsNotRead"});
 }
 
 /// In front of what is there.

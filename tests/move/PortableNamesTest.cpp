@@ -164,6 +164,23 @@ TEST(PortableNames, ANumberStandsInFrontOfTheExtension) {
   EXPECT_EQ(NumberedName(String(255, u'x'), 100000), String(246, u'x') + u" (100000)");
 }
 
+// These would take many minutes if the time grew with the square of the length.
+TEST(PortableNames, AVeryLongNameIsCutAtOnce) {
+  const String name(1'000'000, u'x');
+  EXPECT_EQ(PortableName(name), String(255, u'x'));
+  EXPECT_EQ(NumberedName(name + u".mp3", 2), String(247, u'x') + u" (2).mp3");
+}
+
+TEST(PortableNames, AnyNumberOfWordsOfM3uFilesIsBrokenAtOnce) {
+  String name;
+  String broken;
+  for (int i = 0; i < 100'000; ++i) {
+    name += u"EXTINFextm3u";
+    broken += u"EXT_INFext_m3u";
+  }
+  EXPECT_EQ(PortableName(name, nullptr, broken.size()), broken);
+}
+
 TEST(PortableNames, APathIsPortableWhenAllItsNamesAre) {
   for (const StringView path :
        {u"C:\\a", u"d:\\My Documents\\Norvo Media\\Music\\Ärzte\\1 - One.mp3", u"C:\\.a\\..b"}) {

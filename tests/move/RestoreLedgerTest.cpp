@@ -69,11 +69,24 @@ TEST_F(RestoreLedgerTest, WhatIsDoneIsRememberedAcrossRuns) {
   }
 }
 
-TEST_F(RestoreLedgerTest, ANeutralFileWithoutNativesIsRememberedToo) {
+TEST_F(RestoreLedgerTest, ANeutralFileWithoutNativesIsNotRestored) {
   Restore(kMix, {});
+  EXPECT_FALSE(IsRestored(kMix));
+  Restart();
+  EXPECT_FALSE(IsRestored(kMix));
+}
+
+TEST_F(RestoreLedgerTest, ANeutralFileThatIsNotedAsDoneWithoutNativesIsNotRestored) {
+  Restore(kPop, {"Pop.asx"});
+  Ledger().Begin(String(kMix), "key");
+  WriteFile(File(), ReadFile(File()) + "done\r\n");
+  Restart();
+  EXPECT_FALSE(IsRestored(kMix));
+  EXPECT_EQ(Ledger().CarriedFor("key"), u"");
+  EXPECT_TRUE(IsRestored(kPop));
+  Restore(kMix, {"Mix.asx"});
   Restart();
   EXPECT_TRUE(IsRestored(kMix));
-  EXPECT_TRUE(Natives(kMix).empty());
 }
 
 TEST_F(RestoreLedgerTest, CaseOfAPathDoesNotMatter) {

@@ -29,6 +29,17 @@ class RestorePlaylistsTest : public ::testing::Test {
     return {kLists + "Windows Media Player\\" + name + ".asx", kLists + "WinAmp\\" + name + ".m3u",
             kLists + "MusicMatch Jukebox\\" + name + ".m3u", kLists + "Sonique\\" + name + ".pls"};
   }
+  void InstallMediaPlayer() {
+    machine->SetRegistry(Hive::LocalMachine,
+                         u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\wmplayer.exe",
+                         u"", String(u"C:\\Player\\wmplayer.exe"));
+    machine->SetRegistry(Hive::LocalMachine,
+                         u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\wmplayer.exe",
+                         u"Path", String(u"C:\\Player"));
+    machine->AddFile(u"C:\\Player\\wmplayer.exe", "");
+    machine->SetRegistry(Hive::CurrentUser, u"Software\\Microsoft\\MediaPlayer\\Player\\Settings",
+                         u"OpenDir", String(u"C:\\"));
+  }
   RestoreResult Restore(WatchedWork& watched) { return RestorePlaylists(machine, {}, watched); }
 
   std::shared_ptr<MemoryPlatform> machine = std::make_shared<MemoryPlatform>();
@@ -74,16 +85,20 @@ TEST_F(RestorePlaylistsTest, ANativePlaylistThatCannotBeWrittenIsNotWhole) {
   EXPECT_FALSE(result.playlists[0].natives[1].whole);
 }
 
+TEST_F(RestorePlaylistsTest, WarnsOfASettingThatCannotBeChanged) {
+  InstallMediaPlayer();
+  machine->FailOn(u"Registry.Write", 1, 70);
+  const RestoreResult result = Restore(heard);
+  EXPECT_EQ(result.settings.size(), 1u);
+  EXPECT_EQ(heard.warnings,
+            Lines{"old: PlayerNotPointed Software\\Microsoft\\MediaPlayer\\Player\\Settings, "
+                  "OpenDir, detail Permission denied, wanted " +
+                  kLists + "Windows Media Player"});
+  EXPECT_EQ(LinesOf(result.warnings), heard.warnings);
+}
+
 TEST_F(RestorePlaylistsTest, TellsTheSettingsThatPointThePlayersAtTheirPlaylists) {
-  machine->SetRegistry(Hive::LocalMachine,
-                       u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\wmplayer.exe",
-                       u"", String(u"C:\\Player\\wmplayer.exe"));
-  machine->SetRegistry(Hive::LocalMachine,
-                       u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\wmplayer.exe",
-                       u"Path", String(u"C:\\Player"));
-  machine->AddFile(u"C:\\Player\\wmplayer.exe", "");
-  machine->SetRegistry(Hive::CurrentUser, u"Software\\Microsoft\\MediaPlayer\\Player\\Settings",
-                       u"OpenDir", String(u"C:\\"));
+  InstallMediaPlayer();
   const RestoreResult result = Restore(heard);
   ASSERT_EQ(result.settings.size(), 2u);
   EXPECT_TEXT(result.settings[0].player, u"Windows Media Player");

@@ -210,6 +210,17 @@ TEST(M3uSplittingTest, ItemsKeepTheirInformationLine) {
   EXPECT_FALSE(items[1].extended);
 }
 
+// It would take hours if the time grew with the square of the length.
+TEST(M3uSplittingTest, ALineOfVeryManyMarksIsJudgedAsQuickly) {
+  String line;
+  for (int i = 0; i < 1'000'000; ++i) line += u"EXTINF";
+  bool complete = false;
+  const auto items = SplitM3u({line, u"a", line, u"#EXTM3U"}, complete);
+  ASSERT_EQ(items.size(), 2u);
+  EXPECT_TRUE(items[0].extended);
+  EXPECT_EQ(items[0].info.size(), line.size());
+}
+
 class MmjbReaderTest : public M3uReaderTest {
  protected:
   static constexpr const char* kMmjbNotFound =

@@ -321,6 +321,13 @@ TEST_F(TextStreamTest, AFileOfSixtyFourMebibytesIsTheLargest) {
     } else {
       EXPECT_THROW(stream.ReadAll(), RunTimeError);
       EXPECT_THROW(ReadWholeFile(*file), RunTimeError);
+      try {
+        ReadFileIfThere(platform->Files(), u"C:\\large.txt");
+        FAIL() << "it was read";
+      } catch (const RunTimeError& failure) {
+        EXPECT_EQ(failure.Number(), error::kOutOfMemory);
+        EXPECT_TEXT(failure.Description(), u"File larger than 64 MB: C:\\large.txt");
+      }
     }
   }
 }

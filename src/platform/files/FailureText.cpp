@@ -31,6 +31,10 @@ String FailureText(FileFailure failure) {
     case Kind::InvalidName:
     case Kind::IsAFolder:
       return u"the name cannot be a file's";
+    case Kind::NotAFile:
+      return u"it is no file";
+    case Kind::TooLong:
+      return u"it is too large for such a file";
     case Kind::DiskFailed:
       return u"the disk failed";
     case Kind::TooManyOpenFiles:

@@ -28,7 +28,10 @@ FileResult<std::size_t> ReadFully(const SystemFile& file, std::uint64_t offset,
 FileResult<std::string> ReadWhole(const SystemFile& file, std::size_t most) {
   constexpr std::size_t kPiece = std::size_t{64} * 1024;
   const FileResult<FileRecord> record = LookUp(file);
-  if (record && record->size > most) return FileFailure(FileFailure::Kind::OutOfMemory);
+  if (record && record->kind != FileRecord::Kind::File) {
+    return FileFailure(FileFailure::Kind::NotAFile);
+  }
+  if (record && record->size > most) return FileFailure(FileFailure::Kind::TooLong);
   // One byte more than the size, so that the usual file ends within the first piece.
   std::size_t piece = record ? static_cast<std::size_t>(record->size) + 1 : kPiece;
   std::string bytes;
@@ -40,7 +43,7 @@ FileResult<std::string> ReadWhole(const SystemFile& file, std::size_t most) {
     bytes.resize(had + *got);
     if (*got == 0) return bytes;
     // It has grown, or its size says nothing.
-    if (bytes.size() > most) return FileFailure(FileFailure::Kind::OutOfMemory);
+    if (bytes.size() > most) return FileFailure(FileFailure::Kind::TooLong);
     piece = kPiece;
   }
 }

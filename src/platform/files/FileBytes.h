@@ -8,7 +8,8 @@
 
 namespace norvo {
 
-/// The whole file. More than `most` bytes are not read: OutOfMemory.
+/// The whole file. What need not end, or might be waited for, is not read (NotAFile), nor are more
+/// than `most` bytes (TooLong).
 FileResult<std::string> ReadWhole(const SystemFile& file, std::size_t most);
 
 /// True when two files hold the same `size` bytes. A file that ends before is another one.

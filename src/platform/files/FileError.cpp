@@ -18,6 +18,7 @@ std::int32_t ErrorNumber(FileFailure::Kind kind, Subject subject) {
     case Kind::DiskFailed:
       return error::kDeviceInputOutput;
     case Kind::OutOfMemory:
+    case Kind::TooLong:
       return error::kOutOfMemory;
     default:
       return error::kPathFileAccess;

@@ -21,6 +21,8 @@ struct FileFailure {
     NameTooLong,
     InvalidName,
     IsAFolder,
+    NotAFile,  ///< a folder, a pipe or a device where a file's bytes were to be read
+    TooLong,   ///< a file of more bytes than its reader takes
     DiskFailed,
     TooManyOpenFiles,
     OutOfMemory,

@@ -18,9 +18,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Drives and shell folders fill a few hundred lines at most; what is larger was put there by
-// mistake, and would be held in memory as a whole.
-constexpr std::size_t kMostSettingsBytes = std::size_t{16} * 1024 * 1024;
+// Drives and shell folders fill a few hundred lines at most. What is larger than the largest text
+// that is read anywhere (services/TextStream.h) was put there by mistake, and would be held in
+// memory as a whole.
+constexpr std::size_t kMostSettingsBytes = std::size_t{64} * 1024 * 1024;
+
+constexpr const char* kSettingsFile = "machine.ini";
 
 struct TypeName {
   StringView name;
@@ -71,30 +74,18 @@ bool HasDriveFolder(const fs::path& machineFolder) {
 fs::path CheckedFolder(const fs::path& folder) {
   std::error_code failure;
   if (!fs::is_directory(folder, failure)) RaiseNoMachine(folder, u" is no folder");
-  if (!fs::exists(folder / "machine.ini", failure) && !HasDriveFolder(folder)) {
+  if (!fs::exists(folder / kSettingsFile, failure) && !HasDriveFolder(folder)) {
     RaiseNoMachine(folder, u" holds neither machine.ini nor a drive's folder");
   }
   return FullSystemPath(folder);
 }
 
-/// The machine's settings, empty without a file. They are UTF-8 text, or else 8-bit text.
-IniDocument ReadSettings(const fs::path& path) {
-  const FileResult<SystemFile> file = OpenSystemPath(ToDiskPath(path));
-  if (file.Failure().kind == FileFailure::Kind::NotFound) return {};
-  const String shown = Shown(path);
-  if (!file) RaiseFileError(file.Failure(), Subject::File, shown);
-  const FileResult<FileRecord> record = LookUp(*file);
-  if (!record) RaiseFileError(record.Failure(), Subject::File, shown);
-  // A pipe might be waited for, and a device need not end.
-  if (record->kind != FileRecord::Kind::File) {
-    RaiseFileError(FileFailure::Kind::InvalidName, Subject::File, shown + u" is no file");
+/// They are UTF-8 text, or else 8-bit text.
+IniDocument DecodedSettings(const std::string& bytes) {
+  if (DetectEncoding(bytes) == FileEncoding::CodePage) {
+    if (const std::optional<String> text = FromUtf8(bytes)) return IniDocument(*text);
   }
-  const FileResult<std::string> bytes = ReadWhole(*file, kMostSettingsBytes);
-  if (!bytes) RaiseFileError(bytes.Failure(), Subject::File, shown);
-  if (DetectEncoding(*bytes) == FileEncoding::CodePage) {
-    if (const std::optional<String> text = FromUtf8(*bytes)) return IniDocument(*text);
-  }
-  return IniDocument(DecodeFile(*bytes, Windows1252()));
+  return IniDocument(DecodeFile(bytes, Windows1252()));
 }
 
 /// "cdrom,/mnt/disc" or just "cdrom".
@@ -150,9 +141,22 @@ void ReadShellFolders(const IniDocument& settings, HostedLayout& layout) {
 
 }  // namespace
 
+std::string MachineSettingsIn(const fs::path& machineFolder) {
+  const fs::path path = machineFolder / kSettingsFile;
+  const FileResult<SystemFile> file = OpenSystemPath(ToDiskPath(path));
+  const FileFailure::Kind failure = file.Failure().kind;
+  if (failure == FileFailure::Kind::NotFound || failure == FileFailure::Kind::NotAFolder) return {};
+  if (!file) RaiseFileError(file.Failure(), Subject::File, Shown(path));
+  FileResult<std::string> bytes = ReadWhole(*file, kMostSettingsBytes);
+  const bool isNoFile = bytes.Failure().kind == FileFailure::Kind::NotAFile;
+  if (isNoFile) RaiseFileError(bytes.Failure(), Subject::File, Shown(path) + u" is no file");
+  if (!bytes) RaiseFileError(bytes.Failure(), Subject::File, Shown(path));
+  return std::move(*bytes);
+}
+
 HostedLayout ReadLayout(const fs::path& machineFolder) {
   const fs::path folder = CheckedFolder(machineFolder);
-  const IniDocument settings = ReadSettings(folder / "machine.ini");
+  const IniDocument settings = DecodedSettings(MachineSettingsIn(folder));
   HostedLayout layout;
   ReadDrives(folder, settings, layout);
   ReadShellFolders(settings, layout);

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <map>
+#include <string>
 #include <vector>
 
 #include "services/FileSystem.h"
@@ -29,6 +30,11 @@ struct HostedLayout {
   std::map<std::int32_t, String> shellFolders;
   std::vector<String> warnings;  ///< what is odd about the machine's settings, one line each
 };
+
+/// The bytes of a machine folder's "machine.ini"; empty when there is none. FileError when it
+/// cannot be read: also for one that is no file, such as a pipe or a device, which is not waited
+/// for, and for one of more than 64 MiB.
+std::string MachineSettingsIn(const std::filesystem::path& machineFolder);
 
 /// The layout of the machine in a folder: what its "machine.ini" tells of drives and shell folders;
 /// without drives there, one fixed drive for each folder with a single-letter name. The registry is

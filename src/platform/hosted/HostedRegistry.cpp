@@ -3,9 +3,9 @@
 #include <filesystem>
 #include <system_error>
 
+#include "automation/RunTimeError.h"
 #include "platform/files/DiskPath.h"
 #include "platform/files/FileBytes.h"
-#include "platform/files/FileError.h"
 #include "platform/files/ReplaceWhole.h"
 #include "text/CodePage.h"
 #include "text/Encoding.h"
@@ -25,11 +25,12 @@ String InMachineClasses(StringView key) {
   return String(kMachineClasses).append(key);
 }
 
-/// The file itself, if its name is a link.
+/// The file itself, if its name is a link to one.
 std::string WithoutLinks(const std::filesystem::path& file) {
   std::error_code failure;
   const std::filesystem::path real = std::filesystem::canonical(file, failure);
-  return ToDiskPath(failure ? file : real);
+  const bool isFile = !failure && std::filesystem::is_regular_file(real, failure);
+  return ToDiskPath(isFile ? real : file);
 }
 
 /// Nothing for a file that cannot be asked about.
@@ -84,10 +85,11 @@ bool HostedRegistry::ReadBytes(std::string& bytes) {
   const FileResult<SystemFile> file = OpenSystemPath(file_);
   record_ = file ? RecordOf(LookUp(*file)) : std::nullopt;
   if (!file) return file.Failure().kind == FileFailure::Kind::NotFound;
-  if (!record_ || record_->kind != FileRecord::Kind::File) return false;
+  if (!record_) return false;
   FileResult<std::string> read = ReadWhole(*file, kMostBytes);
-  if (read.Failure().kind == FileFailure::Kind::OutOfMemory) {
-    RaiseFileError(read.Failure(), Subject::File, FromUtf8Lossy(file_));
+  if (read.Failure().kind == FileFailure::Kind::TooLong) {
+    throw RunTimeError(error::kOutOfMemory,
+                       FromUtf8Lossy(file_) + u" is larger than any registry (512 MB)");
   }
   if (!read) return false;
   bytes = std::move(*read);

@@ -23,12 +23,18 @@ TEST_F(FileBytesTest, AWholeFileIsReadUpToTheLimitAndNotAByteMore) {
   Put(At("a"), bytes);
   Put(At("empty"), "");
   EXPECT_EQ(*ReadWhole(Open("a"), bytes.size()), bytes);
-  EXPECT_EQ(ReadWhole(Open("a"), bytes.size() - 1).Failure().kind, Kind::OutOfMemory);
+  EXPECT_EQ(ReadWhole(Open("a"), bytes.size() - 1).Failure().kind, Kind::TooLong);
   EXPECT_EQ(*ReadWhole(Open("empty"), 0), "");
 }
 
-TEST_F(FileBytesTest, AFolderCannotBeRead) {
-  EXPECT_EQ(ReadWhole(Open(""), std::size_t{1} << 40).Failure().kind, Kind::IsAFolder);
+TEST_F(FileBytesTest, AFolderIsNoFile) {
+  EXPECT_EQ(ReadWhole(Open(""), std::size_t{1} << 40).Failure().kind, Kind::NotAFile);
+}
+
+TEST_F(FileBytesTest, ASparseFileIsAsLargeAsItSays) {
+  Put(At("a"), "");
+  std::filesystem::resize_file(At("a"), std::uintmax_t{1} << 40);
+  EXPECT_EQ(ReadWhole(Open("a"), 1000).Failure().kind, Kind::TooLong);
 }
 
 TEST_F(FileBytesTest, FilesAreTheSameWhenAllTheirBytesAre) {

@@ -25,6 +25,8 @@ TEST(FileError, ItsNumberStandsForTheFailure) {
   EXPECT_EQ(numbers(Kind::QuotaReached), "61 61 61 ");
   EXPECT_EQ(numbers(Kind::DiskFailed), "57 57 57 ");
   EXPECT_EQ(numbers(Kind::OutOfMemory), "7 7 7 ");
+  EXPECT_EQ(numbers(Kind::TooLong), "7 7 7 ");
+  EXPECT_EQ(numbers(Kind::NotAFile), "75 75 75 ");
   EXPECT_EQ(numbers(Kind::AlreadyExists), "75 75 75 ");
   EXPECT_EQ(numbers(Kind::Other), "75 75 75 ");
 }
