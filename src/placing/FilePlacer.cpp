@@ -157,7 +157,8 @@ PlaceOutcome Placing::Compare(const OpenedFile& source, StringView target, const
   const std::optional<DiskEntry> there = to_.Find(target);
   if (!there) Fail(PlaceFailure::TargetUnwritable, Kind::AlreadyExists);
   // What a stopped process left behind while it made that file.
-  RemoveFile(there->drive->Root(), TemporaryPath(there->path));
+  const DrivePath temporary{there->drive, TemporaryPath(there->path)};
+  if (folders_.MayHaveHeld(temporary)) RemoveFile(temporary.drive->Root(), temporary.path);
   if (there->record.kind == FileRecord::Kind::Folder) {
     throw JobFailure{PlaceFailure::FolderThere, {}};
   }

@@ -22,6 +22,11 @@ Fingerprint PrintOf(const DrivePath& folder) {
   return FingerprintOf({FingerprintOf(StringView(&letter, 1)), FingerprintOf(folder.path)});
 }
 
+/// Of a name in that folder.
+Fingerprint PrintOf(const Fingerprint& folder, std::string_view name) {
+  return FingerprintOf({folder, FingerprintOfDiskName(name)});
+}
+
 }  // namespace
 
 const TargetFolders::Folder& TargetFolders::FolderOf(StringView path) {
@@ -35,7 +40,12 @@ const TargetFolders::Folder& TargetFolders::FolderOf(StringView path) {
 }
 
 bool TargetFolders::TakeName(const Folder& folder, std::string_view name) {
-  return names_.Insert(FingerprintOf({folder.print, FingerprintOfDiskName(name)}));
+  return names_.Insert(PrintOf(folder.print, name));
+}
+
+bool TargetFolders::MayHaveHeld(const DrivePath& file) const {
+  const Fingerprint folder = PrintOf(DrivePath{file.drive, std::string(ParentOf(file.path))});
+  return !read_.Has(folder) || names_.Has(PrintOf(folder, LeafOf(file.path)));
 }
 
 void TargetFolders::ReadNames(const Folder& folder, StringView path) {

@@ -26,6 +26,9 @@ class TargetFolders {
   /// FileError.
   Answer Take(StringView path);
 
+  /// False when a file's folder was read and did not hold that name then, in whatever case.
+  bool MayHaveHeld(const DrivePath& file) const;
+
  private:
   struct Folder {
     DrivePath path;

@@ -14,9 +14,10 @@
 #include <algorithm>
 #include <chrono>
 #include <optional>
+#include <utility>
 
 #include "PlacerTest.h"
-#include "RefusedCalls.h"
+#include "support/RefusedCalls.h"
 
 namespace norvo {
 namespace {
@@ -178,6 +179,73 @@ TEST_F(PlacerDiskTest, FilesThatTheDiskDoesNotTakeGetNoName) {
     if (lines == Lines{"skipped"}) GTEST_SKIP() << "no call can be refused here";
     EXPECT_EQ(lines, Lines(10, "failed: the new file cannot be written: the disk failed"));
     EXPECT_EQ(NamesIn(New("C")), (std::vector<std::string>{"Songs", "Songs/Pop", "Songs/Rock"}));
+  }
+}
+
+/// Folders of the new machine that become links while songs are on their way into them.
+class MeddledPlacerTest : public PlacerDiskTest {
+ protected:
+  MeddledPlacerTest() {
+    Put(Outside("away/Pop/kept.mp3"), "not ours");
+    Put(Disk("C/1.mp3"), "one");
+    Put(Disk("C/2.mp3"), "two");
+    Put(New("C/Songs/Pop/0.mp3"), "zero");
+  }
+
+  /// Turns the folder of the songs into a link.
+  void Meddle() const {
+    std::filesystem::rename(New("C/Songs"), New("C/Was"));
+    std::filesystem::create_directory_symlink(Outside("away"), New("C/Songs"));
+  }
+  void PutBack() {
+    RestartBoth();
+    std::filesystem::remove_all(New("C"));
+    Put(New("C/Songs/Pop/0.mp3"), "zero");
+  }
+
+  /// Each with what it refuses.
+  static std::vector<std::vector<Refusal>> Systems() {
+    return {
+        {},
+        {{SYS_openat2, ENOSYS}},
+        {{SYS_openat2, EPERM}},
+        {{SYS_openat2, E2BIG}},
+        WithoutUnnamedFiles(),
+        {{SYS_openat, EOPNOTSUPP, 2, O_TMPFILE}, {SYS_openat2, EINVAL}, {SYS_renameat2, EINVAL}}};
+  }
+};
+
+TEST_F(MeddledPlacerTest, NoSongGetsItsNameInAFolderThatBecameALink) {
+  for (const std::vector<Refusal>& refusals : Systems()) {
+    PutBack();
+    const Lines lines = PlaceInChild(
+        {{u"C:\\1.mp3", u"C:\\Songs\\Pop\\1.mp3"}}, [&] { return RefuseCalls(refusals); },
+        PlaceMode::Copy, [this] { Meddle(); });
+    if (lines == Lines{"skipped"}) GTEST_SKIP() << "no call can be refused here";
+    EXPECT_EQ(lines, Lines{"failed: the new file cannot be written: something else stands where it "
+                           "or its folder should"});
+    EXPECT_EQ(NamesIn(Outside("away")), (Names{"Pop", "Pop/kept.mp3"}));
+  }
+}
+
+TEST_F(MeddledPlacerTest, NoFolderIsMadeBelowOneThatBecameALink) {
+  const std::vector<PlaceJob> jobs = {{u"C:\\1.mp3", u"C:\\Songs\\Pop\\1.mp3"},
+                                      {u"C:\\2.mp3", u"C:\\Songs\\Pop\\New\\2.mp3"}};
+  for (const std::vector<Refusal>& refusals : Systems()) {
+    PutBack();
+    const Lines lines = PlaceInChild(
+        jobs,
+        [&] {
+          NewMachine().Files().FolderExists(u"C:\\Songs\\Pop");
+          return RefuseCalls(refusals);
+        },
+        PlaceMode::Copy,
+        [this, isFirst = std::make_shared<bool>(true)] {
+          if (std::exchange(*isFirst, false)) Meddle();
+        });
+    if (lines == Lines{"skipped"}) GTEST_SKIP() << "no call can be refused here";
+    EXPECT_TRUE(lines.at(1).starts_with("failed: ")) << lines.at(1);
+    EXPECT_EQ(NamesIn(Outside("away")), (Names{"Pop", "Pop/kept.mp3"}));
   }
 }
 

@@ -2,8 +2,6 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <fstream>
 #include <functional>
@@ -14,6 +12,7 @@
 
 #include "cli/MoveWords.h"
 #include "placing/FilePlacer.h"
+#include "support/ChildProcess.h"
 #include "support/TestMachine.h"
 #include "support/TextPrinting.h"
 
@@ -95,26 +94,6 @@ class PlacerTest : public TestMachine {
     return Place({{source, target}}, mode).front();
   }
 
-  /// Runs the work in a process of its own, which ends by it; its `waitpid` status.
-  static int StatusOfChild(const std::function<int()>& work) {
-    const pid_t child = ::fork();
-    if (child == 0) {
-      int result = 100;
-      try {
-        result = work();
-      } catch (...) {
-      }
-      ::_exit(result);
-    }
-    int status = -1;
-    if (child > 0) ::waitpid(child, &status, 0);
-    return status;
-  }
-  static constexpr int kSkip = 99;
-  static int ExitOfChild(const std::function<int()>& work) {
-    const int status = StatusOfChild(work);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  }
   /// Places in a process of its own that is made ready first; `false` of it skips. The lines come
   /// back by a file.
   Lines PlaceInChild(const std::vector<PlaceJob>& jobs, const std::function<bool()>& makeReady,

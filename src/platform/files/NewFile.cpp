@@ -41,18 +41,15 @@ FileResult<NewFile> NewFile::At(const SystemFile& root, std::string path, unsign
   return made;
 }
 
-FileFailure NewFile::NameIn(const SystemFile& folder) {
-  const std::string name(LeafOf(path_));
-  if (temporary_.empty()) return GiveName(file_, folder, name);
-  const FileFailure failure = RenameNew(folder, std::string(LeafOf(temporary_)), name);
+FileFailure NewFile::TakeName() {
+  if (temporary_.empty()) return GiveName(file_, *root_, path_);
+  const FileFailure failure = RenameNew(*root_, temporary_, path_);
   if (!failure) temporary_.clear();
   return failure;
 }
 
 FileFailure NewFile::PutInPlace() {
-  const FileResult<SystemFile> folder =
-      OpenBeneath(*root_, std::string(ParentOf(path_)), OpenMode::Start);
-  const FileFailure failure = folder ? NameIn(*folder) : folder.Failure();
+  const FileFailure failure = TakeName();
   Discard();
   return failure;
 }

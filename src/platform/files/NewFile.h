@@ -30,7 +30,7 @@ class NewFile {
 
  private:
   void Discard();
-  FileFailure NameIn(const SystemFile& folder);
+  FileFailure TakeName();
 
   const SystemFile* root_ = nullptr;
   std::string path_;

@@ -20,10 +20,12 @@ namespace norvo {
 /// linked.
 ///
 /// A path is UTF-8 with "/" between its names. One that comes with an open folder is relative to it
-/// and may be empty, which means the folder itself. Nothing here leads out of that folder by
-/// opening; where only the last name of a path is safe from links, it is said.
+/// and may be empty, which means the folder itself. Nothing leads out of that folder: whatever
+/// opens or changes something follows no link, neither at the path's end nor within (LinkInTheWay),
+/// not even where a folder becomes one at the same moment.
 
-/// One system call. Of a link, not of its target.
+/// Of a link, not of its target. A look opens and changes nothing: it is one system call, which a
+/// folder that has become a link deceives, wherever the safe way were three.
 FileResult<FileRecord> LookUp(const SystemFile& root, const std::string& path);
 FileResult<FileRecord> LookUp(const SystemFile& file);
 FileResult<FileRecord> LookUpSystemPath(const std::string& path);
@@ -40,34 +42,33 @@ enum class OpenMode {
   Start                ///< a folder, only to be the start of other paths
 };
 
-/// Opens a path below the folder. No link is followed, neither at the path's end nor within
-/// (LinkInTheWay).
+/// Opens a path below the folder.
 FileResult<SystemFile> OpenBeneath(const SystemFile& root, const std::string& path, OpenMode mode);
 /// A folder anywhere, opened only to be the start of other paths. Links are followed.
 FileResult<SystemFile> OpenRoot(const std::string& path);
 /// A file anywhere, opened for reading. Links are followed.
 FileResult<SystemFile> OpenSystemPath(const std::string& path);
 
-/// Makes a file that must not exist, open for writing; no link is followed. `permissions` are as in
-/// FileRecord, without those that the process's mask takes away.
+/// Makes a file that must not exist, open for writing. `permissions` are as in FileRecord, without
+/// those that the process's mask takes away.
 FileResult<SystemFile> CreateNew(const SystemFile& root, const std::string& path,
                                  unsigned permissions);
 /// Makes a file in a folder that has no name yet, open for writing. It fails where the disk has no
 /// files without names, or none that could get one.
 FileResult<SystemFile> CreateUnnamed(const SystemFile& root, const std::string& folder,
                                      unsigned permissions);
-/// Names a file without a name, in an open folder. AlreadyExists when something has that name.
-FileFailure GiveName(const SystemFile& unnamed, const SystemFile& folder, const std::string& name);
+/// Names a file without a name. AlreadyExists when something has that name.
+FileFailure GiveName(const SystemFile& unnamed, const SystemFile& root, const std::string& path);
 /// Gives an open file, found at `from`, one more name. AlreadyExists when something has it.
 FileFailure LinkFile(const SystemFile& file, const SystemFile& fromRoot, const std::string& from,
                      const SystemFile& toRoot, const std::string& to);
-/// Renames within a folder. AlreadyExists when something has that name.
-FileFailure RenameNew(const SystemFile& folder, const std::string& from, const std::string& to);
-/// Renames in one step, in place of what has that name. Only the last names are safe from links.
+/// Renames within a folder, which both paths have in common. AlreadyExists when something has that
+/// name.
+FileFailure RenameNew(const SystemFile& root, const std::string& from, const std::string& to);
+/// The same in one step, in place of what has that name.
 FileFailure RenameOver(const SystemFile& root, const std::string& from, const std::string& to);
-/// Only the last name is safe from links.
 FileFailure MakeFolder(const SystemFile& root, const std::string& path);
-/// Removes a file or a link, whatever its permissions. Only the last name is safe from links.
+/// Removes a file or a link, whatever its permissions.
 FileFailure RemoveFile(const SystemFile& root, const std::string& path);
 FileFailure SetPermissions(const SystemFile& file, std::uint32_t permissions);
 

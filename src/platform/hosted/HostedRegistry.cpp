@@ -25,12 +25,26 @@ String InMachineClasses(StringView key) {
   return String(kMachineClasses).append(key);
 }
 
-/// The file itself, if its name is a link to one.
+/// The file itself, if its name is a link to one; in any case by a folder without links.
 std::string WithoutLinks(const std::filesystem::path& file) {
   std::error_code failure;
-  const std::filesystem::path real = std::filesystem::canonical(file, failure);
-  const bool isFile = !failure && std::filesystem::is_regular_file(real, failure);
-  return ToDiskPath(isFile ? real : file);
+  const std::filesystem::path real = std::filesystem::weakly_canonical(file, failure);
+  if (!failure && std::filesystem::is_regular_file(real, failure)) return ToDiskPath(real);
+  const std::filesystem::path folder =
+      std::filesystem::weakly_canonical(file.parent_path(), failure);
+  return ToDiskPath(failure ? file : folder / file.filename());
+}
+
+/// Writes a file whole, and its folder with it. Its path has no links; what has become one since is
+/// not followed.
+FileFailure WriteWhole(const std::string& file, std::string_view bytes) {
+  const std::filesystem::path full = ToSystemPath(file);
+  const FileResult<SystemFile> root = OpenRoot(ToDiskPath(full.root_path()));
+  if (!root) return root.Failure();
+  const std::string path = ToDiskPath(full.relative_path());
+  // Mostly it is there; what cannot be made cannot be written into either.
+  MakeFolder(*root, std::string(ParentOf(path)));
+  return ReplaceWhole(*root, path, bytes);
 }
 
 /// Nothing for a file that cannot be asked about.
@@ -128,12 +142,7 @@ bool HostedRegistry::Save() {
     text_->UpgradeHeader();
     text = text_->Text();
   }
-  const std::filesystem::path file = ToSystemPath(file_);
-  std::error_code ignored;  // what cannot be made cannot be opened
-  std::filesystem::create_directory(file.parent_path(), ignored);
-  const FileResult<SystemFile> folder = OpenRoot(ToDiskPath(file.parent_path()));
-  const std::string name = ToDiskPath(file.filename());
-  const bool saved = folder && !ReplaceWhole(*folder, name, Encode(text, encoding_));
+  const bool saved = !WriteWhole(file_, Encode(text, encoding_));
   record_ = RecordOf(LookUpSystemPath(file_));
   if (!saved) text_.reset();  // what is in the file holds
   return saved;

@@ -9,6 +9,7 @@
 #include "platform/files/SystemCalls.h"
 #include "platform/posix/Descriptor.h"
 #include "platform/posix/Errno.h"
+#include "platform/posix/InsideFolder.h"
 
 namespace norvo {
 namespace {
@@ -31,70 +32,85 @@ int RenameWhereFree(int, const char*, const char*) {
 }
 #endif
 
-FileResult<SystemFile> OpenFolderOf(const SystemFile& root, const std::string& path) {
-  return OpenBeneath(root, std::string(ParentOf(path)), OpenMode::Start);
-}
-
-}  // namespace
-
 #ifdef O_TMPFILE
 
-FileFailure GiveName(const SystemFile& unnamed, const SystemFile& folder, const std::string& name) {
-  // The one way by which everybody may give a name to an open file.
-  const std::string path = "/proc/self/fd/" + std::to_string(DescriptorOf(unnamed));
+/// The one way by which everybody may give a name to an open file.
+FileFailure NameOpenFile(const SystemFile& file, const InsideFolder& in) {
+  const std::string path = "/proc/self/fd/" + std::to_string(DescriptorOf(file));
   return FailureUnlessZero(
-      ::linkat(AT_FDCWD, path.c_str(), DescriptorOf(folder), name.c_str(), AT_SYMLINK_FOLLOW));
+      ::linkat(AT_FDCWD, path.c_str(), in.Folder(), in.Name(), AT_SYMLINK_FOLLOW));
 }
 
 #else
 
-FileFailure GiveName(const SystemFile&, const SystemFile&, const std::string&) {
+FileFailure NameOpenFile(const SystemFile&, const InsideFolder&) {
   return FailureOf(ENOSYS);
 }
 
 #endif
 
-FileFailure LinkFile(const SystemFile& file, const SystemFile& fromRoot, const std::string& from,
-                     const SystemFile& toRoot, const std::string& to) {
-  const FileResult<SystemFile> folder = OpenFolderOf(toRoot, to);
-  if (!folder) return folder.Failure();
-  const std::string name(LeafOf(to));
-  const FileFailure failure = GiveName(file, *folder, name);
-  if (failure.code != ENOENT && failure.code != ENOSYS) return failure;
-  // No open file can be named here; its own name then has to do.
-  const FileResult<SystemFile> oldFolder = OpenFolderOf(fromRoot, from);
-  if (!oldFolder) return oldFolder.Failure();
-  const std::string oldName(LeafOf(from));
-  return FailureUnlessZero(
-      ::linkat(DescriptorOf(*oldFolder), oldName.c_str(), DescriptorOf(*folder), name.c_str(), 0));
+bool IsThere(int folder, const char* name) {
+  struct stat found;
+  return ::fstatat(folder, name, &found, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
-FileFailure RenameNew(const SystemFile& folder, const std::string& from, const std::string& to) {
-  const int in = DescriptorOf(folder);
-  if (RenameWhereFree(in, from.c_str(), to.c_str()) == 0) return {};
+FileFailure RenameNewIn(int folder, const char* from, const char* to) {
+  if (RenameWhereFree(folder, from, to) == 0) return {};
   if (errno != EINVAL && errno != ENOSYS && errno != ENOTSUP) return LastFailure();
   // The disk or the system knows no such step. A second name does not replace anything either.
-  if (::linkat(in, from.c_str(), in, to.c_str(), 0) == 0) {
-    ::unlinkat(in, from.c_str(), 0);
+  if (::linkat(folder, from, folder, to, 0) == 0) {
+    ::unlinkat(folder, from, 0);
     return {};
   }
   if (errno == EEXIST) return LastFailure();
   // Nor has the disk second names. To be replaced now, a file would have to come between two calls.
-  if (LookUp(folder, to)) return FailureOf(EEXIST);
-  return RenameOver(folder, from, to);
+  if (IsThere(folder, to)) return FailureOf(EEXIST);
+  return FailureUnlessZero(::renameat(folder, from, folder, to));
+}
+
+}  // namespace
+
+FileFailure GiveName(const SystemFile& unnamed, const SystemFile& root, const std::string& path) {
+  const InsideFolder in(root, path);
+  return in.Failure() ? in.Failure() : NameOpenFile(unnamed, in);
+}
+
+FileFailure LinkFile(const SystemFile& file, const SystemFile& fromRoot, const std::string& from,
+                     const SystemFile& toRoot, const std::string& to) {
+  const InsideFolder target(toRoot, to);
+  if (target.Failure()) return target.Failure();
+  const FileFailure failure = NameOpenFile(file, target);
+  if (failure.code != ENOENT && failure.code != ENOSYS) return failure;
+  // No open file can be named here; its own name then has to do.
+  const InsideFolder source(fromRoot, from);
+  if (source.Failure()) return source.Failure();
+  return FailureUnlessZero(
+      ::linkat(source.Folder(), source.Name(), target.Folder(), target.Name(), 0));
+}
+
+FileFailure RenameNew(const SystemFile& root, const std::string& from, const std::string& to) {
+  const InsideFolder in(root, from);
+  if (in.Failure()) return in.Failure();
+  return RenameNewIn(in.Folder(), in.Name(), std::string(LeafOf(to)).c_str());
 }
 
 FileFailure RenameOver(const SystemFile& root, const std::string& from, const std::string& to) {
-  const int in = DescriptorOf(root);
-  return FailureUnlessZero(::renameat(in, from.c_str(), in, to.c_str()));
+  const InsideFolder in(root, from);
+  if (in.Failure()) return in.Failure();
+  const std::string name(LeafOf(to));
+  return FailureUnlessZero(::renameat(in.Folder(), in.Name(), in.Folder(), name.c_str()));
 }
 
 FileFailure MakeFolder(const SystemFile& root, const std::string& path) {
-  return FailureUnlessZero(::mkdirat(DescriptorOf(root), path.c_str(), kEverybody));
+  const InsideFolder in(root, path);
+  if (in.Failure()) return in.Failure();
+  return FailureUnlessZero(::mkdirat(in.Folder(), in.Name(), kEverybody));
 }
 
 FileFailure RemoveFile(const SystemFile& root, const std::string& path) {
-  return FailureUnlessZero(::unlinkat(DescriptorOf(root), path.c_str(), 0));
+  const InsideFolder in(root, path);
+  if (in.Failure()) return in.Failure();
+  return FailureUnlessZero(::unlinkat(in.Folder(), in.Name(), 0));
 }
 
 FileFailure SetPermissions(const SystemFile& file, std::uint32_t permissions) {

@@ -8,6 +8,7 @@
 #include "platform/files/SystemCalls.h"
 #include "platform/posix/Descriptor.h"
 #include "platform/posix/Errno.h"
+#include "platform/posix/InsideFolder.h"
 
 namespace norvo {
 namespace {
@@ -81,8 +82,13 @@ FileResult<FileRecord> Stat(int folder, const char* path, int flags) {
 }  // namespace
 
 FileResult<FileRecord> LookUp(const SystemFile& root, const std::string& path) {
-  const int flags = AT_SYMLINK_NOFOLLOW | (path.empty() ? kItself : 0);
-  return Stat(DescriptorOf(root), path.c_str(), flags);
+  if (path.empty()) return LookUp(root);
+  // No call looks up a path without following links. Where opening the folder is one call more,
+  // and one to close it, that is too much for a look, by which nothing is opened or changed.
+  if (OpensAtOneStroke()) return Stat(DescriptorOf(root), path.c_str(), AT_SYMLINK_NOFOLLOW);
+  const InsideFolder in(root, path);
+  if (in.Failure()) return in.Failure();
+  return Stat(in.Folder(), in.Name(), AT_SYMLINK_NOFOLLOW);
 }
 
 FileResult<FileRecord> LookUp(const SystemFile& file) {

@@ -7,22 +7,12 @@
 #include "platform/files/SystemCalls.h"
 #include "platform/posix/Descriptor.h"
 #include "platform/posix/Errno.h"
-
-#ifdef __linux__
-#include <linux/openat2.h>
-#include <sys/syscall.h>
-#endif
+#include "platform/posix/InsideFolder.h"
 
 namespace norvo {
 namespace {
 
 constexpr unsigned kEverybodyReadsAndWrites = 0666;
-
-#ifdef O_PATH
-constexpr int kStartFlags = O_PATH | O_DIRECTORY;
-#else
-constexpr int kStartFlags = O_RDONLY | O_DIRECTORY;
-#endif
 
 int FlagsFor(OpenMode mode) {
   // What is no file is turned down by the caller; until then it is not to block.
@@ -42,49 +32,9 @@ int FlagsFor(OpenMode mode) {
   return O_RDONLY | kNeverWait;
 }
 
-#if defined(__linux__) && defined(SYS_openat2)
-
-bool Creates(int flags) {
-#ifdef O_TMPFILE
-  if ((flags & O_TMPFILE) == O_TMPFILE) return true;
-#endif
-  return (flags & O_CREAT) != 0;
-}
-
-#endif
-
-int OpenPlain(int folder, const char* path, int flags, unsigned permissions) {
-  return ::openat(folder, path, flags | O_NOFOLLOW, permissions);
-}
-
-int OpenWithoutLinks(int folder, const char* path, int flags, unsigned permissions) {
-#if defined(__linux__) && defined(SYS_openat2)
-  struct open_how how = {};
-  how.flags = static_cast<decltype(how.flags)>(flags);
-  how.mode = Creates(flags) ? permissions : 0;
-  how.resolve = RESOLVE_NO_SYMLINKS | RESOLVE_BENEATH;
-  const long result = ::syscall(SYS_openat2, folder, path, &how, sizeof how);
-  // Old systems lack the call, some containers refuse it, and a rename nearby can disturb it.
-  if (result >= 0 || (errno != ENOSYS && errno != EPERM && errno != EAGAIN)) {
-    return static_cast<int>(result);
-  }
-#endif
-  return OpenPlain(folder, path, flags, permissions);
-}
-
 FileResult<SystemFile> OwnedOrFailure(int descriptor) {
   if (descriptor < 0) return LastFailure();
   return SystemFile(descriptor);
-}
-
-FileResult<SystemFile> OpenInside(const SystemFile& root, const std::string& path, int flags,
-                                  unsigned permissions) {
-  const char* const name = path.empty() ? "." : path.c_str();
-  int descriptor = -1;
-  do {
-    descriptor = OpenWithoutLinks(DescriptorOf(root), name, flags | O_CLOEXEC, permissions);
-  } while (descriptor < 0 && errno == EINTR);
-  return OwnedOrFailure(descriptor);
 }
 
 }  // namespace

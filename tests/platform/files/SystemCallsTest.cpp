@@ -59,6 +59,19 @@ TEST_F(SystemCallsTest, NoOpeningLeadsOutOfTheRoot) {
   EXPECT_FALSE(std::filesystem::exists(Beside("new")));
 }
 
+TEST_F(SystemCallsTest, NothingIsMadeNamedOrRemovedThroughALink) {
+  Put(Beside("a"), "x");
+  Put(At("own"), "own");
+  std::filesystem::create_directory_symlink(Beside(""), At("folder"));
+  EXPECT_EQ(MakeFolder(Root(), "folder/new").kind, Kind::LinkInTheWay);
+  EXPECT_EQ(RenameNew(Root(), "folder/a", "folder/new").kind, Kind::LinkInTheWay);
+  EXPECT_EQ(RenameOver(Root(), "folder/a", "folder/new").kind, Kind::LinkInTheWay);
+  EXPECT_EQ(RemoveFile(Root(), "folder/a").kind, Kind::LinkInTheWay);
+  EXPECT_EQ(LinkFile(Open("own"), Root(), "own", Root(), "folder/new").kind, Kind::LinkInTheWay);
+  EXPECT_FALSE(std::filesystem::exists(Beside("new")));
+  EXPECT_EQ(Get(Beside("a")), "x");
+}
+
 TEST_F(SystemCallsTest, EachModeOpensWhatItIsFor) {
   Put(At("there"), "x");
   std::filesystem::create_directory(At("folder"));

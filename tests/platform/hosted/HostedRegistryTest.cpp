@@ -296,5 +296,19 @@ TEST_F(HostedRegistryTest, TruncationsOfAFileAreReadWithoutHarm) {
   }
 }
 
+TEST_F(HostedRegistryTest, AFolderThatBecomesALinkIsNotWrittenInto) {
+  std::filesystem::create_directory_symlink(Disk(""), Outside("alias"));
+  std::filesystem::create_directories(Outside("away"));
+  HostedLayout layout;
+  layout.registryFile = Outside("alias/C/Norvo/registry.reg");
+  HostedPlatform machine(layout);
+  EXPECT_TRUE(machine.Registry().CreateKey(Hive::CurrentUser, u"One")) << "a link was there before";
+  EXPECT_TRUE(std::filesystem::exists(Disk("C/Norvo/registry.reg")));
+  std::filesystem::remove_all(Disk("C/Norvo"));
+  std::filesystem::create_directory_symlink(Outside("away"), Disk("C/Norvo"));
+  EXPECT_FALSE(machine.Registry().CreateKey(Hive::CurrentUser, u"Two"));
+  EXPECT_TRUE(std::filesystem::is_empty(Outside("away")));
+}
+
 }  // namespace
 }  // namespace norvo

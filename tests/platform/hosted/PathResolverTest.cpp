@@ -142,6 +142,23 @@ TEST_F(PathResolverTest, AFolderThatBecomesALinkOutOfTheDriveIsNotFollowedByAnOp
   EXPECT_NE(NumberRaisedBy([&] { Files().ListFolder(u"C:\\m", {}); }), 0);
 }
 
+TEST_F(PathResolverTest, AFolderThatBecomesALinkOutOfTheDriveIsNotFollowedByAChange) {
+  Put(Disk("C/m/sub/a.ini"), "own");
+  Put(Outside("away/sub/a.ini"), "secret");
+  EXPECT_EQ(Read(u"C:\\m\\sub\\a.ini"), "own");
+  EXPECT_TRUE(Files().FolderExists(u"C:\\m\\sub"));
+  std::filesystem::remove_all(Disk("C/m"));
+  std::filesystem::create_directory_symlink(Outside("away"), Disk("C/m"));
+  EXPECT_NE(NumberRaisedBy([&] { Files().CreateFolder(u"C:\\m\\sub\\new"); }), 0);
+  EXPECT_NE(NumberRaisedBy([&] { Files().RemoveFile(u"C:\\m\\sub\\a.ini", true); }), 0);
+  EXPECT_NE(NumberRaisedBy([&] { Machine().Settings().Write(u"C:\\m\\sub\\a.ini", "x"); }), 0);
+  EXPECT_NE(NumberRaisedBy([&] { Machine().Settings().Write(u"C:\\m\\sub\\b\\c", "x"); }), 0);
+  EXPECT_NE(NumberRaisedBy([&] { Files().OpenForAppending(u"C:\\m\\sub\\log", true); }), 0);
+  EXPECT_EQ(Get(Outside("away/sub/a.ini")), "secret");
+  const std::filesystem::directory_iterator all(Outside("away/sub"));
+  EXPECT_EQ(std::distance(begin(all), end(all)), 1);
+}
+
 TEST_F(PathResolverTest, ALinkWithinTheDriveWorks) {
   Put(Disk("C/real/Song.mp3"), "123");
   std::filesystem::create_directory_symlink("real", Disk("C/Relative"));
