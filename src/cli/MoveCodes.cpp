@@ -233,6 +233,8 @@ const char* CodeOf(WorkWarning::Kind kind) {
       return "noPlainName";
     case WorkWarning::Kind::ListDamaged:
       return "listDamaged";
+    case WorkWarning::Kind::TimesLost:
+      return "timesLost";
     case WorkWarning::Kind::CompanionMissing:
       return "companionMissing";
     case WorkWarning::Kind::PlayerNotPointed:

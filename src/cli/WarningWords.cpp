@@ -59,6 +59,8 @@ std::string FindingText(const WorkWarning& warning) {
              ToUtf8(warning.wanted) + ", cannot be made: " + ToUtf8(warning.detail);
     case Kind::ListDamaged:
       return subject + "is damaged: it ends before its own end, and what stood behind that is lost";
+    case Kind::TimesLost:
+      return subject + "is whole, but its date is that of the copying: " + ToUtf8(warning.detail);
     case Kind::CompanionMissing:
       return subject + "its new list for players of today (.m3u8) was not written";
     case Kind::PlayerNotPointed:

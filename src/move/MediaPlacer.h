@@ -51,6 +51,8 @@ struct PlaceOutcome {
   /// Why the system refused, in words that end a sentence: "the disk is full". Empty for a failure
   /// that says all.
   String detail;
+  /// True for a copy that is whole but for the source's times; `detail` tells why.
+  bool hasLostTimes = false;
 };
 
 /// Watches files being placed. What it throws ends the work.

@@ -27,7 +27,8 @@ bool MoveResult::IsWhole() const {
 
 bool IsNotice(const WorkWarning& warning) {
   return warning.kind == WorkWarning::Kind::RoleKept ||
-         warning.kind == WorkWarning::Kind::GroupRootKept;
+         warning.kind == WorkWarning::Kind::GroupRootKept ||
+         warning.kind == WorkWarning::Kind::TimesLost;
 }
 
 std::size_t CountSongs(const MovedPlaylist& playlist) {

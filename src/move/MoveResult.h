@@ -225,7 +225,8 @@ struct MoveResult {
   bool IsWhole() const;
 };
 
-/// True for a warning of what was found and is kept as it is: nothing is left behind for it.
+/// True for a warning of what was found and is kept as it is, and of a song that is whole but for
+/// its times: nothing is left behind for it.
 bool IsNotice(const WorkWarning& warning);
 
 /// Items of a playlist that are songs.

@@ -6,6 +6,15 @@
 namespace norvo {
 namespace {
 
+WorkWarning LostTimes(const String& place, const PlaceOutcome& outcome) {
+  WorkWarning warning;
+  warning.kind = WorkWarning::Kind::TimesLost;
+  warning.side = MachineSide::New;
+  warning.subject = place;
+  warning.detail = outcome.detail;
+  return warning;
+}
+
 class SongListener final : public PlaceListener {
  public:
   SongListener(std::vector<MovedSong*> songs, WorkReport& report)
@@ -28,6 +37,7 @@ class SongListener final : public PlaceListener {
       song.systemReason = outcome.detail;
     }
     report_.Observer().OnSong(song);
+    if (outcome.hasLostTimes) report_.Warn(LostTimes(song.place, outcome));
   }
 
  private:
@@ -60,6 +70,7 @@ class NameListener final : public PlaceListener {
 
   void OnBytes(std::uint64_t) override {}
   void OnPlaced(std::size_t job, const PlaceOutcome& outcome) override {
+    if (outcome.hasLostTimes) report_.Warn(LostTimes(songs_[job]->plainPlace, outcome));
     if (outcome.result != PlaceResult::Failed) return;
     WorkWarning warning;
     warning.kind = WorkWarning::Kind::NoPlainName;

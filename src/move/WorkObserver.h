@@ -73,6 +73,7 @@ struct WorkWarning {
     ChangedAddress,     ///< in `subject` stands `detail`, which was `wanted`
     ListDamaged,        ///< `subject` ends before its own end; what it had behind that is lost
     NoPlainName,        ///< the song `subject` has no second name `wanted`, since `detail`
+    TimesLost,          ///< the song `subject` was copied without its times, since `detail`
     CompanionMissing,   ///< of playlist `subject` there is no playlist for players of today
     PlayerNotPointed,   ///< a player's setting `subject` cannot be made `wanted`, since `detail`
     CountedListWrong,   ///< counted at the end: `subject` lists `found` songs of `expected`

@@ -73,7 +73,7 @@ class Placing {
   PlaceOutcome Compare(const OpenedFile& source, StringView target, const ByteSink& sink);
   FileFailure Link(const OpenedFile& source, const DrivePath& target);
   void Copy(std::size_t job, const OpenedFile& source, DrivePath target);
-  void Fill(const NewFile& file, const OpenedFile& source);
+  FileFailure Fill(const NewFile& file, const OpenedFile& source);
 
   void TurnOver();
   void FinishAll();
@@ -186,18 +186,20 @@ void Placing::Copy(std::size_t job, const OpenedFile& source, DrivePath target) 
   const unsigned permissions = (source.record.permissions & kReadAndWrite) | kOwner;
   FileResult<NewFile> file = NewFile::At(target.drive->Root(), target.path, permissions);
   if (!file) Fail(PlaceFailure::TargetUnwritable, file.Failure());
-  Fill(*file, source);
-  filling_.Add({job, std::move(target), std::move(*file)}, source.record.size);
+  const FileFailure timesLost = Fill(*file, source);
+  filling_.Add({job, std::move(target), std::move(*file), timesLost}, source.record.size);
 }
 
-void Placing::Fill(const NewFile& file, const OpenedFile& source) {
+/// Why the system does not set the times, which is no reason to do without the song.
+FileFailure Placing::Fill(const NewFile& file, const OpenedFile& source) {
   if (wasFull_) {
     // The disk is asked first, so that no large file is copied for nothing.
     const FileFailure failure = ClaimSpace(file.File(), source.record.size);
     if (failure) Fail(PlaceFailure::TargetUnwritable, failure);
   }
-  const FileFailure failure = CopyWithTimes(source.file, source.record, file.File(), sink_);
-  if (!failure) return;
+  const FileRecord& record = source.record;
+  const FileFailure failure = CopyWhole(source.file, record, file.File(), sink_);
+  if (!failure) return SetTimes(file.File(), record.accessed, record.modified);
   if (failure.kind == Kind::SourceChanged) throw JobFailure{PlaceFailure::SourceChanged, {}};
   wasFull_ = wasFull_ || failure.kind == Kind::DiskFull || failure.kind == Kind::QuotaReached;
   Fail(PlaceFailure::NotCopied, failure);
@@ -230,7 +232,8 @@ void Placing::Finish(PlaceBatch& batch) {
 PlaceOutcome Placing::Settle(const PlaceBatch::File& file, FileFailure failure) {
   if (!failure) {
     to_.Written(file.path);
-    return {PlaceResult::Copied, {}, {}};
+    const bool isWithout = bool(file.timesLost);
+    return {PlaceResult::Copied, {}, isWithout ? FailureText(file.timesLost) : String(), isWithout};
   }
   if (failure.kind != Kind::AlreadyExists) Fail(PlaceFailure::TargetUnwritable, failure);
   // Somebody else has put something there in the meantime. The bytes are counted already.

@@ -10,8 +10,8 @@ namespace norvo {
 /// A file comes whole or not at all: it gets its name only when all its bytes are on the disk. What
 /// stands there already is never replaced. A run that was stopped at any moment is completed by
 /// another one over the same jobs, and nothing is left over of the first. Copies keep both times of
-/// their source; they can be written to by their owner and not be executed, and nobody may read
-/// them who may not read the source.
+/// their source, if the system lets them; they can be written to by their owner and not be
+/// executed, and nobody may read them who may not read the source.
 class FilePlacer final : public MediaPlacer {
  public:
   /// Both machines must outlive this; they may be the same.

@@ -18,6 +18,7 @@ class PlaceBatch {
     std::size_t job = 0;
     DrivePath path;
     NewFile file;
+    FileFailure timesLost;  // why it has not got its source's times
   };
 
   PlaceBatch();

@@ -106,6 +106,11 @@ TEST(WarningWords, WhatTheCheckAtTheEndHasFoundIsToldOfListAndSong) {
             "C:\\b.mp3");
 }
 
+TEST(WarningWords, ASongThatIsWholeButForItsTimesIsTold) {
+  EXPECT_EQ(TextOf(WarningOf(Kind::TimesLost, u"C:\\a.mp3", u"permission denied")),
+            "C:\\a.mp3: is whole, but its date is that of the copying: permission denied");
+}
+
 TEST(WarningWords, WhatPlayersCannotReachIsTold) {
   EXPECT_EQ(TextOf(WarningOf(Kind::NoPlainName, u"C:\\\u0416.mp3", u"disk full", u"C:\\J.mp3")),
             "C:\\\xD0\x96.mp3: older players cannot find it under its own name, and a second name, "

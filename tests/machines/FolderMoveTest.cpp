@@ -2,6 +2,8 @@
 
 #include "machines/MachineFoldersTest.h"
 #include "move/WatchedWork.h"
+#include "support/ChildProcess.h"
+#include "support/RefusedCalls.h"
 
 namespace norvo {
 namespace {
@@ -38,6 +40,27 @@ TEST_F(FolderMoveTest, MovesADiskWithoutWritingToIt) {
   EXPECT_EQ(move.verification.checked, 8u);
   EXPECT_EQ(move.verification.found, 8u);
 }
+
+#ifdef __linux__
+
+TEST_F(FolderMoveTest, WhereTimesCannotBeSetTheSongsComeAndTheirLostTimesAreTold) {
+  const int result = ExitOfChild([this] {
+    if (!RefuseCalls({{SYS_utimensat, EPERM}})) return kSkip;
+    const MoveResult move = Move("new");
+    EXPECT_TRUE(move.IsWhole());
+    EXPECT_EQ(Get(SongsOf(At("new")) / "One.mp3"), "the first song");
+    EXPECT_EQ(move.warnings.size(), move.songs.size());
+    const WorkWarning& warning = move.warnings.at(0);
+    EXPECT_EQ(warning.kind, WorkWarning::Kind::TimesLost);
+    EXPECT_TEXT(warning.subject, move.songs.at(0).place);
+    EXPECT_EQ(Utf8(warning.detail), "permission denied");
+    return HasFailure() ? 1 : 0;
+  });
+  if (result == kSkip) GTEST_SKIP() << "no call can be refused here";
+  EXPECT_EQ(result, 0);
+}
+
+#endif
 
 TEST_F(FolderMoveTest, OfADiskOnlyTheNewMachinesLogIsKept) {
   MoveOptions options;

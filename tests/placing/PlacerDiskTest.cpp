@@ -129,6 +129,25 @@ TEST_F(PlacerDiskTest, EveryWayOfCopyingMakesTheSameFiles) {
   }
 }
 
+TEST_F(PlacerDiskTest, WhereTimesCannotBeSetFilesAreCopiedAllTheSame) {
+  const std::vector<PlaceJob> jobs = MakeSongs(3, 1000);
+  for (const bool named : {false, true}) {
+    EmptyNewDrive();
+    const Lines lines = PlaceInChild(jobs, [&] {
+      std::vector<Refusal> refusals = {{SYS_utimensat, EPERM}};
+      if (named) {
+        for (const Refusal& each : WithoutUnnamedFiles()) refusals.push_back(each);
+      }
+      return RefuseCalls(refusals);
+    });
+    if (lines == Lines{"skipped"}) GTEST_SKIP() << "no call can be refused here";
+    EXPECT_EQ(lines, Lines(3, "copied, without its times: permission denied"));
+    EXPECT_EQ(Get(New("C/Songs/Rock/1.mp3")), Get(Disk("C/Rock/1.mp3")));
+    RestartBoth();
+    EXPECT_EQ(Place(jobs), Lines(3, "already there")) << "which is nobody's news";
+  }
+}
+
 TEST_F(PlacerDiskTest, WhatSomebodyElsePutsThereMeanwhileIsNotReplacedByAnyDisk) {
   const std::vector<PlaceJob> jobs = MakeSongs(1, 10);
   const std::filesystem::path target = New("C/Songs/Pop/0.mp3");

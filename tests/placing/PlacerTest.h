@@ -43,6 +43,7 @@ class PlaceNotes : public PlaceListener {
   void OnPlaced(std::size_t job, const PlaceOutcome& outcome) override {
     static const char* const kNames[] = {"copied", "linked", "already there", "failed: "};
     lines.at(job) += kNames[static_cast<int>(outcome.result)] + WhyNot(outcome);
+    if (outcome.hasLostTimes) lines.at(job) += ", without its times: " + ToUtf8(outcome.detail);
     if (onPlaced) onPlaced();
   }
 

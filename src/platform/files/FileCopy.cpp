@@ -2,8 +2,8 @@
 
 namespace norvo {
 
-FileFailure CopyWithTimes(const SystemFile& source, const FileRecord& record,
-                          const SystemFile& target, const ByteSink& sink) {
+FileFailure CopyWhole(const SystemFile& source, const FileRecord& record, const SystemFile& target,
+                      const ByteSink& sink) {
   if (const FileFailure failure = CopyBytes(source, target, record.size, sink)) return failure;
   const FileResult<FileRecord> after = LookUp(source);
   if (!after) return after.Failure();
@@ -11,7 +11,7 @@ FileFailure CopyWithTimes(const SystemFile& source, const FileRecord& record,
   if (!made) return made.Failure();
   const bool asBefore = after->size == record.size && after->modified == record.modified;
   if (!asBefore || made->size != record.size) return FileFailure::Kind::SourceChanged;
-  return SetTimes(target, record.accessed, record.modified);
+  return {};
 }
 
 }  // namespace norvo

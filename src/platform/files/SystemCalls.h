@@ -24,8 +24,8 @@ namespace norvo {
 /// opens or changes something follows no link, neither at the path's end nor within (LinkInTheWay),
 /// not even where a folder becomes one at the same moment.
 
-/// Of a link, not of its target. A look opens and changes nothing: it is one system call, which a
-/// folder that has become a link deceives, wherever the safe way were three.
+/// Of a link, not of its target. A look opens and changes nothing, so it is one system call
+/// wherever opening is one: a folder that has just become a link may deceive it there.
 FileResult<FileRecord> LookUp(const SystemFile& root, const std::string& path);
 FileResult<FileRecord> LookUp(const SystemFile& file);
 FileResult<FileRecord> LookUpSystemPath(const std::string& path);
