@@ -1,23 +1,29 @@
 #include "controller/GenericCollector.h"
 
+#include <optional>
+#include <string>
+
+#include "automation/RunTimeError.h"
 #include "controller/ScanRules.h"
 #include "controller/ScanWarnings.h"
 #include "model/GenericKeys.h"
 #include "model/GenericSections.h"
 #include "services/FolderWalk.h"
-#include "services/ProfileFile.h"
+#include "services/SettingsLines.h"
+#include "text/Encoding.h"
 
 namespace norvo {
 namespace {
 
 bool IsGenericFile(Component& component, const String& path) {
-  ProfileFile file(component);
-  if (!file.OpenFile(path)) {
+  try {
+    const std::optional<std::string> bytes = component.Machine().Settings().Read(path);
+    return bytes && HasSetting(DecodeFile(*bytes, component.Machine().AnsiPage()), kGlobalSection,
+                               kVersionKey);
+  } catch (const RunTimeError&) {
     WarnNotRead(component, u"GenericQueue", path);
     return false;
   }
-  String version;
-  return file.SelectSection(kGlobalSection) && file.ReadValue(kVersionKey, version) == 0;
 }
 
 class GenericVisitor final : public FolderVisitor {

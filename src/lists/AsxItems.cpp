@@ -40,7 +40,7 @@ String ShownText(StringView raw) {
 /// Neither files nor addresses have angle brackets: from there on it is what a forgotten quote
 /// took in.
 String ReferenceText(StringView raw) {
-  return OnOneLine(String(raw.substr(0, std::min(raw.find(u'<'), raw.find(u'>')))));
+  return OnOneLine(String(raw.substr(0, std::min(FindUnit(raw, u'<'), FindUnit(raw, u'>')))));
 }
 
 ListedItem Finished(OpenEntry entry) {

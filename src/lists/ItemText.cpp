@@ -12,9 +12,7 @@ bool IsNoText(char16_t unit) {
 }  // namespace
 
 StringView TakeLine(StringView& rest) {
-  const auto endsLine = [](char16_t unit) { return unit == u'\r' || unit == u'\n'; };
-  const auto* const end = std::find_if(rest.begin(), rest.end(), endsLine);
-  const StringView line = rest.substr(0, static_cast<std::size_t>(end - rest.begin()));
+  const StringView line = rest.substr(0, FindLineEnd(rest));
   rest.remove_prefix(std::min(line.size() + 1, rest.size()));
   return line;
 }
@@ -29,7 +27,7 @@ bool SaysNothing(StringView text) {
 
 String OnOneLine(String text) {
   text.resize(BeforeNul(text).size());
-  std::replace_if(text.begin(), text.end(), IsAsciiControl, u' ');
+  if (HasControls(text)) std::replace_if(text.begin(), text.end(), IsAsciiControl, u' ');
   const StringView clean = CleanText(text);
   return clean.size() == text.size() ? text : String(clean);
 }

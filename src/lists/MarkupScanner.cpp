@@ -37,7 +37,7 @@ bool MarkupScanner::Next() {
   textStart_ = at_;
   textEnd_ = StringView::npos;
   for (;;) {
-    const std::size_t open = text_.find(u'<', at_);
+    const std::size_t open = FindUnit(text_, u'<', at_);
     if (open == StringView::npos) break;
     if (SkipComment(open)) {
       textEnd_ = std::min(textEnd_, open);
@@ -148,12 +148,13 @@ StringView MarkupScanner::ReadQuoted(char16_t quote) {
 /// Place of the closing quote. Where a tag begins first the quote was forgotten, and its own tag's
 /// end is the place, or that beginning.
 std::size_t MarkupScanner::EndOfQuoted(char16_t quote) const {
-  std::size_t end = at_;
-  for (; end < text_.size(); ++end) {
-    if (text_[end] == quote) return end;
-    if (text_[end] == u'<' && StartsTag(end)) break;
-  }
-  return std::min(text_.substr(0, end).find(u'>', at_), end);
+  const std::size_t closing = std::min(FindUnit(text_, quote, at_), text_.size());
+  const StringView before = text_.substr(0, closing);
+  std::size_t end = FindUnit(before, u'<', at_);
+  while (end != StringView::npos && !StartsTag(end)) end = FindUnit(before, u'<', end + 1);
+  if (end == StringView::npos && closing < text_.size()) return closing;
+  end = std::min(end, text_.size());
+  return std::min(FindUnit(text_.substr(0, end), u'>', at_), end);
 }
 
 StringView MarkupScanner::ReadName() {

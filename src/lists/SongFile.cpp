@@ -22,6 +22,7 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace norvo {
@@ -81,7 +82,7 @@ std::span<const SongFile::Kind> SongFile::Kinds() {
       {{u"ape"}, T::APE::File::isSupported, &SongFile::OpenPlain<T::APE::File>},
       {{u"mp3", u"mp2", u"mp1", u"mpga", u"aac"},
        T::MPEG::File::isSupported,
-       &SongFile::OpenWithFrames<T::MPEG::File>,
+       &SongFile::OpenMpeg,
        true},
       {{u"it"}, MayBeModule, &SongFile::OpenPlain<T::IT::File>},
       {{u"s3m"}, MayBeModule, &SongFile::OpenPlain<T::S3M::File>},
@@ -90,8 +91,11 @@ std::span<const SongFile::Kind> SongFile::Kinds() {
   return kKinds;
 }
 
-SongFile::SongFile(BinaryFile& file, StringView name) : bytes_(file) {
+SongFile::SongFile(BinaryFile& file, StringView name, bool readsSound)
+    : bytes_(file), readsSound_(readsSound) {
   OpenByName(name);
+  // Whether it is such a file at all, only its sound can tell then.
+  if (!TellsAnything() && !std::exchange(readsSound_, true)) OpenByName(name);
   if (!TellsAnything()) OpenByContent();
 }
 
@@ -139,6 +143,10 @@ void SongFile::OpenPlain() {
 template <class OpenedFile>
 void SongFile::OpenWithFrames() {
   file_ = std::make_unique<OpenedFile>(stream_.get(), &frames_, true, kStyle);
+}
+
+void SongFile::OpenMpeg() {
+  file_ = std::make_unique<TagLib::MPEG::File>(stream_.get(), &frames_, readsSound_, kStyle);
 }
 
 template <class OpenedFile>

@@ -15,8 +15,10 @@ namespace norvo {
 /// anything, else as the kind that its content is.
 class SongFile {
  public:
-  /// The file must outlive this. `name` is read for its extension alone.
-  SongFile(BinaryFile& file, StringView name);
+  /// The file must outlive this. `name` is read for its extension alone. Without `readsSound` an
+  /// MPEG file whose tag tells anything has no audio properties: most of the work with it is to
+  /// find its last frame.
+  SongFile(BinaryFile& file, StringView name, bool readsSound = true);
 
   /// Null when it is no sound file that can be understood.
   TagLib::File* File() const { return file_.get(); }
@@ -36,10 +38,12 @@ class SongFile {
   void OpenPlain();
   template <class OpenedFile>
   void OpenWithFrames();
+  void OpenMpeg();
   template <class OpenedFile>
   void OpenChunks();
 
   BinaryFile& bytes_;
+  bool readsSound_;
   SongFrames frames_;
   std::unique_ptr<TagStream> stream_;
   std::unique_ptr<TagLib::File> file_;

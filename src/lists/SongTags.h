@@ -22,7 +22,8 @@ struct SongTags {
 
 /// Nothing when the file is no sound file that can be understood. Reads no more of it than the tag
 /// and the first and last pieces of sound (see `TagStream` for the limits). A text is cut at 4096
-/// characters. RunTimeError when the file cannot be opened or read.
-std::optional<SongTags> ReadSongTags(FileSystem& files, StringView path);
+/// characters. Without `withLength` the length is not told, which saves looking at the sound.
+/// RunTimeError when the file cannot be opened or read.
+std::optional<SongTags> ReadSongTags(FileSystem& files, StringView path, bool withLength = true);
 
 }  // namespace norvo

@@ -51,7 +51,7 @@ char32_t PointOf(StringView name) {
 }  // namespace
 
 String DecodeEntities(StringView text) {
-  if (text.find(u'&') == StringView::npos) return String(text);
+  if (FindUnit(text, u'&') == StringView::npos) return String(text);
   String decoded;
   decoded.reserve(text.size());
   for (std::size_t at = 0; at < text.size();) {

@@ -28,42 +28,84 @@ void Append(FormatEntry& entry, String& text) {
   }
 }
 
+template <class Setter>
+struct SetterOf;
+template <class C, class V>
+struct SetterOf<void (C::*)(V)> {
+  using Class = C;
+  using Value = std::remove_cvref_t<V>;
+};
+
+/// What `Let` does with the text.
+template <auto kSetter>
+void Set(FormatEntry& entry, StringView text) {
+  using Setter = SetterOf<decltype(kSetter)>;
+  using Value = typename Setter::Value;
+  auto& own = static_cast<typename Setter::Class&>(entry);
+  if constexpr (std::is_same_v<Value, StringView>) {
+    (own.*kSetter)(text);
+  } else {
+    (own.*kSetter)(detail::Binding<Value>::From(Variant(String(text))));
+  }
+}
+
 // The source address comes before its type, so an entry that is read looks for the file whatever
 // the type will be: intended.
 constexpr EntryKey kEntryKeys[] = {
-    {u"Abstract", u"Abstract", Append<&AsxEntry::Abstract>, KeyUse::AsxEntries},
-    {u"ASX_Album", u"ASX_Album", Append<&AsxEntry::Album>, KeyUse::AsxEntries},
-    {u"ASX_Artist", u"ASX_Artist", Append<&AsxEntry::Artist>, KeyUse::AsxEntries},
-    {u"ASX_Author", u"ASX_Author", Append<&AsxEntry::Author>, KeyUse::AsxEntries},
-    {u"ASX_SongName", u"ASX_SongName", Append<&AsxEntry::AsxSongName>, KeyUse::AsxEntries},
-    {u"ASX_Title", u"ASX_Title", Append<&AsxEntry::Title>, KeyUse::AsxEntries},
-    {u"ASX_BitRate", u"BitRate", Append<&AsxEntry::BitRate>, KeyUse::AsxEntries},
-    {u"ASX_Copyright", u"Copyright", Append<&AsxEntry::Copyright>, KeyUse::AsxEntries},
+    {u"Abstract", u"Abstract", Append<&AsxEntry::Abstract>, Set<&AsxEntry::SetAbstract>,
+     KeyUse::AsxEntries},
+    {u"ASX_Album", u"ASX_Album", Append<&AsxEntry::Album>, Set<&AsxEntry::SetAlbum>,
+     KeyUse::AsxEntries},
+    {u"ASX_Artist", u"ASX_Artist", Append<&AsxEntry::Artist>, Set<&AsxEntry::SetArtist>,
+     KeyUse::AsxEntries},
+    {u"ASX_Author", u"ASX_Author", Append<&AsxEntry::Author>, Set<&AsxEntry::SetAuthor>,
+     KeyUse::AsxEntries},
+    {u"ASX_SongName", u"ASX_SongName", Append<&AsxEntry::AsxSongName>,
+     Set<&AsxEntry::SetAsxSongName>, KeyUse::AsxEntries},
+    {u"ASX_Title", u"ASX_Title", Append<&AsxEntry::Title>, Set<&AsxEntry::SetTitle>,
+     KeyUse::AsxEntries},
+    {u"ASX_BitRate", u"BitRate", Append<&AsxEntry::BitRate>, Set<&AsxEntry::SetBitRate>,
+     KeyUse::AsxEntries},
+    {u"ASX_Copyright", u"Copyright", Append<&AsxEntry::Copyright>, Set<&AsxEntry::SetCopyright>,
+     KeyUse::AsxEntries},
     {u"ASX_DigitallySecure", u"DigitallySecure", Append<&AsxEntry::DigitallySecure>,
-     KeyUse::AsxEntries},
-    {u"ASX_HREF", u"HREF", Append<&AsxEntry::Href>, KeyUse::AsxEntries},
+     Set<&AsxEntry::SetDigitallySecure>, KeyUse::AsxEntries},
+    {u"ASX_HREF", u"HREF", Append<&AsxEntry::Href>, Set<&AsxEntry::SetHref>, KeyUse::AsxEntries},
     {u"ASX_MediaAttribute", u"MediaAttribute", Append<&AsxEntry::MediaAttribute>,
+     Set<&AsxEntry::SetMediaAttribute>, KeyUse::AsxEntries},
+    {u"ASX_MediaType", u"MediaType", Append<&AsxEntry::MediaType>, Set<&AsxEntry::SetMediaType>,
      KeyUse::AsxEntries},
-    {u"ASX_MediaType", u"MediaType", Append<&AsxEntry::MediaType>, KeyUse::AsxEntries},
-    {u"ASX_PlayCount", u"PlayCount", Append<&AsxEntry::PlayCount>, KeyUse::AsxEntries},
+    {u"ASX_PlayCount", u"PlayCount", Append<&AsxEntry::PlayCount>, Set<&AsxEntry::SetPlayCount>,
+     KeyUse::AsxEntries},
     {u"ASX_PlaylistAttribute", u"PlaylistAttribute", Append<&AsxEntry::PlaylistAttribute>,
-     KeyUse::AsxEntries},
-    {u"Artist", u"Entry_ArtistName", Append<&FormatEntry::ArtistName>},
-    {u"Album", u"Entry_AlbumName", Append<&FormatEntry::AlbumName>},
-    {u"CreationDate", u"Entry_CreationDate", Append<&FormatEntry::CreationDate>},
-    {u"Duration", u"Entry_Duration", Append<&FormatEntry::DurationText>},
-    {u"EntryType", u"Entry_EntryType", Append<&FormatEntry::EntryType>, KeyUse::WrittenForAsxOnly},
-    {u"FileName", u"Entry_FileName", Append<&FormatEntry::FileName>},
-    {u"FileSize", u"Entry_FileSize", Append<&FormatEntry::FileSize>, KeyUse::NeverRead},
+     Set<&AsxEntry::SetPlaylistAttribute>, KeyUse::AsxEntries},
+    {u"Artist", u"Entry_ArtistName", Append<&FormatEntry::ArtistName>,
+     Set<&FormatEntry::SetArtistName>},
+    {u"Album", u"Entry_AlbumName", Append<&FormatEntry::AlbumName>,
+     Set<&FormatEntry::SetAlbumName>},
+    {u"CreationDate", u"Entry_CreationDate", Append<&FormatEntry::CreationDate>,
+     Set<&FormatEntry::SetCreationDate>},
+    {u"Duration", u"Entry_Duration", Append<&FormatEntry::DurationText>,
+     Set<&FormatEntry::SetDurationText>},
+    {u"EntryType", u"Entry_EntryType", Append<&FormatEntry::EntryType>,
+     Set<&FormatEntry::SetEntryType>, KeyUse::WrittenForAsxOnly},
+    {u"FileName", u"Entry_FileName", Append<&FormatEntry::FileName>,
+     Set<&FormatEntry::SetFileName>},
+    {u"FileSize", u"Entry_FileSize", Append<&FormatEntry::FileSize>, nullptr, KeyUse::NeverRead},
     {u"PlayListName", u"Entry_PlayListName", Append<&FormatEntry::PlayListName>,
-     KeyUse::WrittenForAsxOnly},
-    {u"Genre", u"Entry_Genre", Append<&FormatEntry::Genre>},
-    {u"HasExtendedInfo", u"HasExtendedInfo", Append<&FormatEntry::HasExtendedInfo>},
-    {u"SongName", u"Entry_SongName", Append<&FormatEntry::SongName>},
-    {u"SongTitle", u"Entry_SongTitle", Append<&FormatEntry::SongTitle>},
-    {u"SourceURL", u"Entry_SourceURL", Append<&FormatEntry::SourceURL>},
-    {u"TrackNumber", u"Entry_TrackNumber", Append<&FormatEntry::TrackNumber>},
-    {u"URLType", u"Entry_URLType", Append<&FormatEntry::Urltype>},
+     Set<&FormatEntry::SetPlayListName>, KeyUse::WrittenForAsxOnly},
+    {u"Genre", u"Entry_Genre", Append<&FormatEntry::Genre>, Set<&FormatEntry::SetGenre>},
+    {u"HasExtendedInfo", u"HasExtendedInfo", Append<&FormatEntry::HasExtendedInfo>,
+     Set<&FormatEntry::SetHasExtendedInfo>},
+    {u"SongName", u"Entry_SongName", Append<&FormatEntry::SongName>,
+     Set<&FormatEntry::SetSongName>},
+    {u"SongTitle", u"Entry_SongTitle", Append<&FormatEntry::SongTitle>,
+     Set<&FormatEntry::SetSongTitle>},
+    {u"SourceURL", u"Entry_SourceURL", Append<&FormatEntry::SourceURL>,
+     Set<&FormatEntry::SetSourceURL>},
+    {u"TrackNumber", u"Entry_TrackNumber", Append<&FormatEntry::TrackNumber>,
+     Set<&FormatEntry::SetTrackNumber>},
+    {u"URLType", u"Entry_URLType", Append<&FormatEntry::Urltype>, Set<&FormatEntry::SetUrltype>},
 };
 
 constexpr AsxGlobalKey kAsxGlobalKeys[] = {

@@ -26,11 +26,17 @@ enum class KeyUse {
 struct EntryKey {
   /// Adds the property's value to a text.
   using Reader = void (*)(FormatEntry&, String&);
+  /// Gives the property a text, which becomes what the property takes; raises what `Let` raises.
+  using Writer = void (*)(FormatEntry&, StringView);
 
   StringView key;
   StringView property;  ///< its name, by which objects of a host are asked
-  Reader append;  ///< the same of an entry of the library, without a value of its own; of keys
-                  ///< with a use of ASX entries the entry is one
+  /// @{
+  /// The same of an entry of the library, without a value of its own; of keys with a use of ASX
+  /// entries the entry is one. `set` is null for what is never read.
+  Reader append;
+  Writer set;
+  /// @}
   KeyUse use = KeyUse::Always;
 
   bool IsWritten(bool forAsx) const;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "model/GenericSections.h"
+#include "services/SettingsLines.h"
 
 namespace norvo {
 namespace {
@@ -62,41 +63,31 @@ std::optional<StringView> ValueIn(const TextPool& texts, std::span<const Section
 }  // namespace
 
 GenericDraft::GenericDraft(StringView text, SectionPool& pool) : pool_(&pool) {
+  TextPool& texts = pool.Texts();
   std::size_t section = kNone;
-  std::vector<SectionPool::Line> lines;
-  while (!text.empty()) {
-    const auto endsLine = [](char16_t unit) { return unit == u'\r' || unit == u'\n'; };
-    const auto* const end = std::find_if(text.begin(), text.end(), endsLine);
-    const StringView line = text.substr(0, static_cast<std::size_t>(end - text.begin()));
-    text.remove_prefix(line.size());
-    text.remove_prefix(text.starts_with(u"\r\n") ? 2 : text.empty() ? 0 : 1);
-    const StringView content = TrimBlanksAndTabs(line);
-    const std::size_t close = content.starts_with(u'[') ? content.rfind(u']') : StringView::npos;
-    if (close == StringView::npos) {
-      lines.push_back(LineOf(line));
+  std::vector<SectionPool::Line> found;
+  SettingsLines lines(text);
+  for (SettingsLine line; lines.Next(line);) {
+    if (line.kind != SettingsLine::Kind::Section) {
+      const TextPool::Id key = texts.Add(line.name);
+      found.push_back({key, texts.Add(line.value)});
       continue;
     }
-    Append(section, std::exchange(lines, {}));
-    section = FindOrAddSection(content.substr(1, close - 1));
+    Append(section, found);
+    found.clear();
+    section = FindOrAddSection(line.name);
   }
-  Append(section, lines);
-}
-
-SectionPool::Line GenericDraft::LineOf(StringView text) const {
-  TextPool& texts = pool_->Texts();
-  const StringView content = TrimBlanksAndTabs(text);
-  const std::size_t equals = content.find(u'=');
-  if (content.starts_with(u';') || equals == StringView::npos || equals == 0) {
-    return {0, texts.Add(text)};
-  }
-  return {texts.Add(TrimBlanksAndTabs(content.substr(0, equals))),
-          texts.Add(TrimBlanksAndTabs(content.substr(equals + 1)))};
+  Append(section, found);
 }
 
 /// A section that stands in the file twice is one.
 void GenericDraft::Append(std::size_t section, std::span<const SectionPool::Line> lines) {
   SectionPool::Id& known = section == kNone ? preamble_ : sections_[section].lines;
   const std::span<const SectionPool::Line> before = pool_->Lines(known);
+  if (before.empty()) {
+    known = pool_->Add(lines);
+    return;
+  }
   std::vector<SectionPool::Line> all(before.begin(), before.end());
   all.insert(all.end(), lines.begin(), lines.end());
   known = pool_->Add(all);

@@ -59,7 +59,6 @@ class GenericDraft {
 
   std::span<const SectionPool::Line> Lines(std::size_t section) const;
   void Append(std::size_t section, std::span<const SectionPool::Line> lines);
-  SectionPool::Line LineOf(StringView text) const;
 
   SectionPool* pool_ = nullptr;
   SectionPool::Id preamble_ = 0;  // lines before the first section

@@ -108,15 +108,18 @@ class Completer {
         work_(work),
         texts_(work.sections.Texts()) {
     work_.tags.resize(work_.result.songs.size());
+    FindLengthsSought();
   }
 
   void Read(std::size_t song) {
-    const std::optional<SongTags> tags =
-        AnswerOrElse([&] { return ReadSongTags(files_, work_.result.songs[song].source); },
-                     [&](const RunTimeError& failure) {
-                       work_.unreadTags.push_back({song, failure.Description()});
-                       return std::optional<SongTags>();
-                     });
+    const std::optional<SongTags> tags = AnswerOrElse(
+        [&] {
+          return ReadSongTags(files_, work_.result.songs[song].source, isLengthSought_[song]);
+        },
+        [&](const RunTimeError& failure) {
+          work_.unreadTags.push_back({song, failure.Description()});
+          return std::optional<SongTags>();
+        });
     if (!tags) return;
     work_.tags[song] = {texts_.Keep(tags->title),
                         texts_.Keep(tags->artist),
@@ -146,6 +149,19 @@ class Completer {
   }
 
  private:
+  /// A length that each playlist tells itself is not looked for in the song, where it takes a third
+  /// of the work.
+  void FindLengthsSought() {
+    isLengthSought_.resize(work_.result.songs.size());
+    for (std::size_t i = 0; i < work_.drafts.size(); ++i) {
+      const std::vector<MovedItem>& items = work_.result.playlists[i].items;
+      for (std::size_t k = 0; k < items.size(); ++k) {
+        const bool isTold = !items[k].IsSong() || work_.drafts[i].told[k].seconds > 0;
+        if (!isTold) isLengthSought_[items[k].song] = true;
+      }
+    }
+  }
+
   /// Only entries of this kind keep a length that all writers can tell.
   static void AsAsx(GenericDraft& document) {
     const String code = FormatInteger(playlist_type::kWmpAsx);
@@ -236,6 +252,7 @@ class Completer {
   FileSystem& files_;
   MoveWork& work_;
   TextPool& texts_;
+  std::vector<bool> isLengthSought_;  // by song
 };
 
 }  // namespace

@@ -17,7 +17,7 @@ TextPool::TextPool() : texts_(1), slots_(kFirstSlots) {}
 std::size_t TextPool::SlotOf(StringView text) const {
   const std::size_t mask = slots_.size() - 1;
   std::size_t slot = std::hash<StringView>()(text) & mask;
-  while (slots_[slot] != 0 && texts_[slots_[slot]] != text) slot = (slot + 1) & mask;
+  while (slots_[slot] != 0 && !SameUnits(texts_[slots_[slot]], text)) slot = (slot + 1) & mask;
   return slot;
 }
 

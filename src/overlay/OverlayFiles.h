@@ -88,16 +88,21 @@ class OverlayFiles final : public FileSystem, public SettingsStorage {
   Tree ChildrenOf(const Place& folder) const;
   [[noreturn]] void RaiseMissing(StringView path);
 
+  /// The same without the order. Keys are folded, so that they may be compared as any names are: by
+  /// the word, not by the unit.
+  template <class Value>
+  using Table = std::unordered_map<String, Value, std::hash<String>, CaselessEqual>;
+
   Platform& below_;
   Tree written_;  // with all folders that were created, and all files that were deleted
   // Thousands are pretended and asked for one by one, which a hash answers quicker than a tree.
-  std::unordered_map<String, Node> pretended_;  // files alone: the folders above them go with them
-  std::unordered_map<String, std::size_t> pretendedFolders_;  // by key; files in and below each
+  Table<Node> pretended_;                // files alone: the folders above them go with them
+  Table<std::size_t> pretendedFolders_;  // by key; files in and below each
   std::size_t lastOrder_ = 0;
   bool remembers_ = false;
   // Answers of the machine below, by key.
-  std::unordered_map<String, bool> foldersBelow_;
-  std::unordered_map<String, std::optional<FileFacts>> factsBelow_;
+  Table<bool> foldersBelow_;
+  Table<std::optional<FileFacts>> factsBelow_;
 };
 
 }  // namespace norvo

@@ -3,13 +3,11 @@
 #include <algorithm>
 #include <span>
 
-#include "services/DataCop.h"
-
 namespace norvo {
 namespace {
 
 struct PatternRow {
-  StringView mark;  // the pattern is this text anywhere in the line
+  StringView mark;  // the pattern is this text anywhere in the line; all begin with "<"
   AsxLineKind kind;
 };
 
@@ -27,18 +25,32 @@ constexpr PatternRow kOutsideEntry[] = {
     {u"<Author", AsxLineKind::Author},          {u"</Asx>", AsxLineKind::AsxEnd},
 };
 
+/// The first of the rows whose mark stands in the line.
 AsxLineKind KindOf(StringView line, std::span<const PatternRow> rows) {
-  // Every pattern begins with this; most lines of other files lack it.
-  if (line.find(u'<') == StringView::npos) return AsxLineKind::Other;
-  const auto row = std::find_if(rows.begin(), rows.end(), [line](const PatternRow& candidate) {
-    return ContainsIgnoreCase(line, candidate.mark);
-  });
-  return row == rows.end() ? AsxLineKind::Other : row->kind;
+  auto kind = AsxLineKind::Other;
+  for (std::size_t at = FindUnit(line, u'<'); at != StringView::npos && !rows.empty();
+       at = FindUnit(line, u'<', at + 1)) {
+    const auto row = std::find_if(rows.begin(), rows.end(), [&](const PatternRow& candidate) {
+      return EqualsIgnoreCase(line.substr(at, candidate.mark.size()), candidate.mark);
+    });
+    if (row == rows.end()) continue;
+    kind = row->kind;
+    rows = rows.first(static_cast<std::size_t>(row - rows.begin()));  // only these go before it
+  }
+  return kind;
 }
 
-String ElementName(StringView line) {
+/// What `DataCop::Between` gives, without a text of its own.
+StringView Between(StringView text, char16_t open, char16_t close) {
+  const std::size_t start = FindUnit(text, open);
+  if (start == StringView::npos) return {};
+  const StringView rest = text.substr(start + 1);
+  return Trim(rest.substr(0, FindUnit(rest, close)));
+}
+
+StringView ElementName(StringView line) {
   const bool hasAttributes = line.find(u'=') != StringView::npos;
-  return DataCop::Between(line, u"<", hasAttributes ? u" " : u">");
+  return Between(line, u'<', hasAttributes ? u' ' : u'>');
 }
 
 struct ElementRow {
@@ -67,18 +79,18 @@ bool IsBannerEnd(StringView line) {
   return EqualsIgnoreCase(line, u"</Banner>");
 }
 
-String AttributeValue(StringView line, StringView attribute) {
+StringView AttributeValue(StringView line, StringView attribute) {
   const std::size_t at = FindIgnoreCase(line, attribute);
   if (at == StringView::npos) return {};
-  return DataCop::Between(line.substr(at + attribute.size()), u"\"", u"\"");
+  return Between(line.substr(at + attribute.size()), u'"', u'"');
 }
 
-String ElementText(StringView line) {
-  return DataCop::Between(line, u">", u"<");
+StringView ElementText(StringView line) {
+  return Between(line, u'>', u'<');
 }
 
-String ElementValue(StringView line) {
-  const String name = ElementName(line);
+StringView ElementValue(StringView line) {
+  const StringView name = ElementName(line);
   for (const ElementRow& row : kElements) {
     if (!EqualsIgnoreCase(row.name, name)) continue;
     return row.attribute.empty() ? ElementText(line) : AttributeValue(line, row.attribute);

@@ -1,44 +1,49 @@
 #include "readers/AsxParams.h"
 
 #include <algorithm>
+#include <type_traits>
 
 #include "readers/AsxLineParser.h"
 
 namespace norvo {
 namespace {
 
-void SetArtist(AsxEntry& entry, const String& value) {
+void SetArtist(AsxEntry& entry, StringView value) {
   entry.SetArtist(value);
   entry.SetArtistName(entry.Artist());
 }
 
-void SetAlbum(AsxEntry& entry, const String& value) {
+void SetAlbum(AsxEntry& entry, StringView value) {
   entry.SetAlbum(value);
   entry.SetAlbumName(entry.Album());
 }
 
-void SetName(AsxEntry& entry, const String& value) {
+void SetName(AsxEntry& entry, StringView value) {
   entry.SetAsxSongName(value);
   entry.SetSongName(entry.AsxSongName());
 }
 
-void SetAlbumTitle(AsxEntry& entry, const String& value) {
+void SetAlbumTitle(AsxEntry& entry, StringView value) {
   if (entry.AlbumName().empty()) entry.SetAlbumName(value);
   if (entry.Album().empty()) entry.SetAlbum(entry.AlbumName());
 }
 
-void SetGenreWhenEmpty(AsxEntry& entry, const String& value) {
+void SetGenreWhenEmpty(AsxEntry& entry, StringView value) {
   if (entry.Genre().empty()) entry.SetGenre(value);
 }
 
 template <auto kSetter>
-void Set(AsxEntry& entry, const String& value) {
-  (entry.*kSetter)(value);
+void Set(AsxEntry& entry, StringView value) {
+  if constexpr (std::is_invocable_v<decltype(kSetter), AsxEntry&, StringView>) {
+    (entry.*kSetter)(value);
+  } else {
+    (entry.*kSetter)(Variant(String(value)));
+  }
 }
 
 struct EntryRow {
   StringView name;
-  void (*apply)(AsxEntry&, const String&);
+  void (*apply)(AsxEntry&, StringView);
 };
 
 // "Is_Protected", "Is_Trusted", "TOC", "type", "WMFSDKNeeded" and "WMFSDKVersion" are known and
@@ -62,13 +67,13 @@ constexpr EntryRow kEntryRows[] = {
 };
 
 template <String PlaylistRecord::*kField>
-void SetField(PlaylistRecord& playlist, const String& value) {
+void SetField(PlaylistRecord& playlist, StringView value) {
   playlist.*kField = value;
 }
 
 struct PlaylistRow {
   StringView name;
-  void (*apply)(PlaylistRecord&, const String&);
+  void (*apply)(PlaylistRecord&, StringView);
 };
 
 constexpr PlaylistRow kPlaylistRows[] = {
@@ -78,14 +83,14 @@ constexpr PlaylistRow kPlaylistRows[] = {
     {u"CreationTime", SetField<&PlaylistRecord::creationTime>},
     {u"AllowShuffle", SetField<&PlaylistRecord::asxAllowShuffle>},
     {u"Name", [](PlaylistRecord& playlist,
-                 const String& value) { playlist.SetName(value, NameOrigin::Playlist); }},
+                 StringView value) { playlist.SetName(value, NameOrigin::Playlist); }},
     {u"Artist", SetField<&PlaylistRecord::asxArtist>},
     {u"Album", SetField<&PlaylistRecord::asxAlbum>},
 };
 
 template <class Target, class Row, std::size_t kCount>
 void Apply(StringView line, Target& target, const Row (&rows)[kCount]) {
-  const String name = AttributeValue(line, u"Name");
+  const StringView name = AttributeValue(line, u"Name");
   const auto* const row = std::find_if(std::begin(rows), std::end(rows), [&](const Row& candidate) {
     return EqualsIgnoreCase(candidate.name, name);
   });

@@ -55,7 +55,7 @@ class AsxWalk {
       case AsxLineKind::Ref:
         return entry_->SetHref(AttributeValue(line, u"href"));
       case AsxLineKind::Duration:
-        return entry_->SetDuration(AttributeValue(line, u"value"));
+        return entry_->SetDurationText(AttributeValue(line, u"value"));
       case AsxLineKind::Author:
         return entry_->SetAuthor(ElementText(line));
       case AsxLineKind::Title:
@@ -98,7 +98,7 @@ class AsxWalk {
     }
   }
 
-  void SetEntryTitle(const String& title) {
+  void SetEntryTitle(StringView title) {
     entry_->SetTitle(title);
     if (entry_->AsxSongName().empty()) entry_->SetAsxSongName(title);
     if (entry_->SongName().empty()) entry_->SetSongName(title);

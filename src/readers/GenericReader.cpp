@@ -1,6 +1,10 @@
 #include "readers/GenericReader.h"
 
+#include <memory>
+#include <optional>
+#include <span>
 #include <utility>
+#include <vector>
 
 #include "automation/Attempt.h"
 #include "model/GenericKeys.h"
@@ -36,14 +40,38 @@ void ReadAsxGlobals(const ProfileFile& file, PlaylistRecord& playlist) {
   ReadText(file, u"CreationTime", playlist.creationTime);
 }
 
-void ReadKeys(const ProfileFile& file, bool forAsx, AutomationObject& entry) {
-  for (const EntryKey& row : EntryKeys()) {
-    String value;
-    if (row.IsRead(forAsx) && file.ReadValue(row.key, value) == 0) {
-      entry.Let(row.property, std::move(value));
+/// The values of one section, by the rows of `EntryKeys`.
+class EntryValues {
+ public:
+  explicit EntryValues(const ProfileFile& file) : values_(EntryKeys().size()) {
+    file.ForEachValue([this](StringView key, StringView value) { Take(key, value); });
+  }
+
+  /// In the order of the rows, whatever the order in the file.
+  void Give(bool forAsx, FormatEntry& entry) const {
+    const std::span<const EntryKey> rows = EntryKeys();
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      if (values_[i] && rows[i].IsRead(forAsx)) rows[i].set(entry, *values_[i]);
     }
   }
-}
+
+ private:
+  /// Files are written in the order of the rows: the row of a key is mostly the next one or soon
+  /// after. Of equal keys the first holds.
+  void Take(StringView key, StringView value) {
+    const std::span<const EntryKey> rows = EntryKeys();
+    for (std::size_t tried = 0; tried < rows.size(); ++tried) {
+      const std::size_t row = (next_ + tried) % rows.size();
+      if (!EqualsIgnoreCase(rows[row].key, key)) continue;
+      if (!values_[row]) values_[row] = value;
+      next_ = row + 1;
+      return;
+    }
+  }
+
+  std::vector<std::optional<StringView>> values_;
+  std::size_t next_ = 0;
+};
 
 bool RestoresProperties(std::int32_t type) {
   const PlaylistType* const row = FindPlaylistType(type);
@@ -59,14 +87,14 @@ std::int32_t DeclaredCount(const ProfileFile& file) {
 void ReadEntries(Component& component, ProfileFile& file, PlaylistRecord& playlist,
                  std::int32_t count) {
   for (std::int32_t i = 1; i <= count; ++i) {
-    const ObjectRef entry = NewEntry(component, playlist.type);
+    const std::shared_ptr<FormatEntry> entry = NewEntry(component, playlist.type);
     if (!entry) {
       WriteLog(component,
                u"NVERR_OPFAIL, PLAYLIST::ReadGeneric, Bad Object Type - Unable to Process Entry");
       return;
     }
     file.SelectSection(EntrySection(i));
-    ReadKeys(file, HasAsxEntries(playlist.type), *entry);
+    EntryValues(file).Give(HasAsxEntries(playlist.type), *entry);
     playlist.entries->Add(entry);
   }
 }

@@ -163,7 +163,8 @@ String GetGroupRoot(Component& component) {
   if (!component.SubNames().loaded) LoadSubNames(component);
   String root;
   NVServices::GetSubGroupRoot(component, kGroup, root);
-  return root.empty() ? root : Utility::AddBackslash(root);
+  if (!root.empty() && root.back() != u'\\') root.push_back(u'\\');
+  return root;
 }
 
 bool LoadSubNames(Component& component) {
@@ -188,10 +189,11 @@ bool LoadSubNames(Component& component) {
 }
 
 String GetSubNamePath(Component& component, int slot) {
-  const String root = GetGroupRoot(component);
-  if (root.empty()) return {};
-  const String& name = component.SubNames().names.at(static_cast<std::size_t>(slot - 1));
-  return Utility::AddBackslash(root + name);
+  String path = GetGroupRoot(component);
+  if (path.empty()) return {};
+  path += component.SubNames().names.at(static_cast<std::size_t>(slot - 1));
+  if (path.back() != u'\\') path.push_back(u'\\');
+  return path;
 }
 
 Destinations LoadDestinations(Component& component) {

@@ -1,9 +1,9 @@
 #include "services/IniDocument.h"
 
-#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
+#include "services/SettingsLines.h"
 #include "services/SettingsText.h"
 
 namespace norvo {
@@ -20,31 +20,29 @@ StringView TrimBlanksAndTabs(StringView text) {
 
 }  // namespace
 
-IniDocument::Line IniDocument::NewKey(StringView key, StringView value) {
+/// Of a part of the pool itself.
+IniDocument::Piece IniDocument::PieceOf(StringView text) const {
+  return {static_cast<std::uint32_t>(text.empty() ? 0 : text.data() - pool_.data()),
+          static_cast<std::uint32_t>(text.size())};
+}
+
+IniDocument::Piece IniDocument::NewPiece(StringView text) {
   const std::size_t start = pool_.size();
-  pool_.append(key).append(1, u'=').append(value);
-  return LastLine(start, key.size());
-}
-
-IniDocument::Line IniDocument::NewOther(StringView text) {
+  if (text.size() > UINT32_MAX - start) throw std::length_error("texts too long");
   pool_.append(text);
-  return LastLine(pool_.size() - text.size(), 0);
+  return {static_cast<std::uint32_t>(start), static_cast<std::uint32_t>(text.size())};
 }
 
-/// The line whose text was put at the pool's end just now.
-IniDocument::Line IniDocument::LastLine(std::size_t start, std::size_t keyLength) const {
-  if (pool_.size() > UINT32_MAX) throw std::length_error("settings too long");
-  return {static_cast<std::uint32_t>(start), static_cast<std::uint32_t>(pool_.size() - start),
-          static_cast<std::uint32_t>(keyLength)};
-}
-
-IniDocument::IniDocument(StringView text) {
-  std::size_t section = kNone;
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t end = std::min(text.find_first_of(u"\r\n", at), text.size());
-    AddLine(section, text.substr(at, end - at));
-    const bool pair = text.substr(end, 2) == u"\r\n";
-    at = end + (pair ? 2 : 1);
+IniDocument::IniDocument(String text) : pool_(std::move(text)) {
+  if (pool_.size() > UINT32_MAX) throw std::length_error("texts too long");
+  std::vector<Line>* target = &preamble_;
+  SettingsLines lines(pool_);
+  for (SettingsLine line; lines.Next(line);) {
+    if (line.kind == SettingsLine::Kind::Section) {
+      target = &sections_[FindOrAddSection(line.name)].lines;
+    } else {
+      target->push_back({PieceOf(line.name), PieceOf(line.value)});
+    }
   }
 }
 
@@ -57,23 +55,6 @@ IniDocument::IniDocument(const IniDocument& other)
 
 IniDocument& IniDocument::operator=(const IniDocument& other) {
   return *this = IniDocument(other);
-}
-
-void IniDocument::AddLine(std::size_t& section, StringView line) {
-  const StringView content = TrimBlanksAndTabs(line);
-  const std::size_t close = content.rfind(u']');
-  if (content.starts_with(u'[') && close != StringView::npos) {
-    section = FindOrAddSection(content.substr(1, close - 1));
-    return;
-  }
-  std::vector<Line>& lines = section == kNone ? preamble_ : sections_[section].lines;
-  const std::size_t equals = content.find(u'=');
-  if (content.starts_with(u';') || equals == StringView::npos || equals == 0) {
-    lines.push_back(NewOther(line));
-    return;
-  }
-  lines.push_back(NewKey(TrimBlanksAndTabs(content.substr(0, equals)),
-                         TrimBlanksAndTabs(content.substr(equals + 1))));
 }
 
 std::size_t IniDocument::FindSection(StringView name) const {
@@ -101,26 +82,26 @@ std::size_t IniDocument::FindKey(const Section& section, StringView key) const {
 
 std::size_t IniDocument::SearchKey(const Section& section, StringView key) const {
   for (std::size_t i = 0; i < section.lines.size(); ++i) {
-    const Line& line = section.lines[i];
-    if (line.keyLength == key.size() && EqualsIgnoreCase(KeyOf(line), key)) return i;
+    const Piece& known = section.lines[i].key;
+    if (known.length == key.size() && EqualsIgnoreCase(TextOf(known), key)) return i;
   }
   return kNone;
 }
 
 std::optional<std::size_t> IniDocument::FindIndexed(const Section& section, StringView key) const {
   return section.byKey.Find(CaselessHash()(key), [&](std::size_t at) {
-    return EqualsIgnoreCase(KeyOf(section.lines[at]), key);
+    return EqualsIgnoreCase(TextOf(section.lines[at].key), key);
   });
 }
 
 /// Of equal keys the first one only.
 void IniDocument::IndexKeys(const Section& section) const {
   if (section.indexed == section.lines.size()) return;
-  const auto hashOf = [&](std::size_t at) { return CaselessHash()(KeyOf(section.lines[at])); };
+  const auto hashOf = [&](std::size_t at) { return CaselessHash()(TextOf(section.lines[at].key)); };
   section.byKey.Reserve(section.lines.size(), hashOf);
   for (; section.indexed < section.lines.size(); ++section.indexed) {
-    const Line& line = section.lines[section.indexed];
-    if (line.keyLength == 0 || FindIndexed(section, KeyOf(line))) continue;
+    const Piece& known = section.lines[section.indexed].key;
+    if (known.length == 0 || FindIndexed(section, TextOf(known))) continue;
     section.byKey.Add(section.indexed, hashOf(section.indexed));
   }
 }
@@ -129,13 +110,13 @@ std::optional<StringView> IniDocument::Value(std::size_t section, StringView key
   const Section& holder = sections_.at(section);
   const std::size_t position = FindKey(holder, TrimBlanksAndTabs(key));
   if (position == kNone) return std::nullopt;
-  return ValueOf(holder.lines[position]);
+  return TextOf(holder.lines[position].value);
 }
 
 std::vector<StringView> IniDocument::Keys(std::size_t section) const {
   std::vector<StringView> keys;
   for (const Line& line : sections_.at(section).lines) {
-    if (line.keyLength > 0) keys.push_back(KeyOf(line));
+    if (line.key.length > 0) keys.push_back(TextOf(line.key));
   }
   return keys;
 }
@@ -146,12 +127,16 @@ void IniDocument::SetValue(std::size_t section, StringView key, StringView value
   String joined;
   const StringView stored = StoredValue(value, joined);
   if (const std::size_t position = FindKey(target, key); position != kNone) {
-    const String spelled(KeyOf(target.lines[position]));  // the key keeps its own spelling
-    target.lines[position] = NewKey(spelled, stored);
+    target.lines[position].value = NewPiece(stored);  // the key keeps its own spelling
     return;
   }
-  target.lines.push_back(NewKey(key, stored));
-  if (LeavesEmptyLine(value)) target.lines.push_back(NewOther({}));
+  if (key.empty()) {  // a line that is no key
+    target.lines.push_back({{}, NewPiece(String(u"=").append(stored))});
+  } else {
+    const Piece added = NewPiece(key);
+    target.lines.push_back({added, NewPiece(stored)});
+  }
+  if (LeavesEmptyLine(value)) target.lines.emplace_back();
 }
 
 String IniDocument::ToText() const {
@@ -159,7 +144,10 @@ String IniDocument::ToText() const {
   String text;
   text.reserve(pool_.size() + pool_.size() / 4 + sections_.size() * kAround);
   const auto appendLines = [&](const std::vector<Line>& lines) {
-    for (const Line& line : lines) AppendLine(text, TextOf(line));
+    for (const Line& line : lines) {
+      if (line.key.length > 0) text.append(TextOf(line.key)).append(1, u'=');
+      AppendLine(text, TextOf(line.value));
+    }
   };
   appendLines(preamble_);
   for (const Section& section : sections_) {

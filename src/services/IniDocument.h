@@ -27,7 +27,7 @@ class IniDocument {
   IniDocument& operator=(IniDocument&&) = default;
   /// CR LF, LF and a lone CR end a line; ";" starts a comment line; blanks around names and values
   /// are not part of them; quotes stay.
-  explicit IniDocument(StringView text);
+  explicit IniDocument(String text);
 
   /// Position of a section, kNone when there is none.
   std::size_t FindSection(StringView name) const;
@@ -37,6 +37,14 @@ class IniDocument {
   std::optional<StringView> Value(std::size_t section, StringView key) const;
   /// Keys of a section in their order; equal keys come as often as they stand there.
   std::vector<StringView> Keys(std::size_t section) const;
+  /// Calls `visit` with each key of a section and its value, in their order; equal keys come as
+  /// often as they stand there.
+  template <class Visit>
+  void ForEachValue(std::size_t section, Visit&& visit) const {
+    for (const Line& line : sections_.at(section).lines) {
+      if (line.key.length > 0) visit(TextOf(line.key), TextOf(line.value));
+    }
+  }
   /// Replaces the value of the key, or adds the key at the section's end. A line end within the
   /// value becomes a blank; one at its end leaves an empty line behind the key.
   void SetValue(std::size_t section, StringView key, StringView value);
@@ -45,12 +53,16 @@ class IniDocument {
   String ToText() const;
 
  private:
-  /// One line as it is written: a key, an equals sign and the value, or any other line. Its text
-  /// stands in the document's pool, so that a line costs no allocation of its own.
-  struct Line {
+  /// A part of the pool.
+  struct Piece {
     std::uint32_t start = 0;
     std::uint32_t length = 0;
-    std::uint32_t keyLength = 0;  // 0 for a line that is no key
+  };
+  /// A key and its value, or any other line, which is a value without a key. Their texts stand in
+  /// the document's pool, so that a line costs no allocation of its own.
+  struct Line {
+    Piece key;
+    Piece value;
   };
   struct Section {
     String name;
@@ -60,22 +72,18 @@ class IniDocument {
     mutable std::size_t indexed = 0;  // lines that byKey covers
   };
 
-  Line NewKey(StringView key, StringView value);
-  Line NewOther(StringView text);
-  Line LastLine(std::size_t start, std::size_t keyLength) const;
-  StringView TextOf(const Line& line) const {
-    return StringView(pool_).substr(line.start, line.length);
+  Piece PieceOf(StringView text) const;
+  Piece NewPiece(StringView text);
+  StringView TextOf(Piece piece) const {
+    return StringView(pool_).substr(piece.start, piece.length);
   }
-  StringView KeyOf(const Line& line) const { return TextOf(line).substr(0, line.keyLength); }
-  StringView ValueOf(const Line& line) const { return TextOf(line).substr(line.keyLength + 1); }
-  void AddLine(std::size_t& section, StringView line);
   /// Position of the key's line in the section, kNone when there is none.
   std::size_t FindKey(const Section& section, StringView key) const;
   std::size_t SearchKey(const Section& section, StringView key) const;
   void IndexKeys(const Section& section) const;
   std::optional<std::size_t> FindIndexed(const Section& section, StringView key) const;
 
-  String pool_;                   // the lines' texts, also of those that were replaced
+  String pool_;                   // the file's text, and behind it what was set since
   std::vector<Line> preamble_;    // lines before the first section
   std::deque<Section> sections_;  // its elements stay in place, for the names that byName_ views
   std::unordered_map<StringView, std::size_t, CaselessHash, CaselessEqual> byName_;

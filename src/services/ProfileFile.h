@@ -37,6 +37,11 @@ class ProfileFile {
   std::int32_t ReadValue(StringView key, String& value) const;
   /// Keys of the current section, in their order. The views hold until the next write.
   std::vector<StringView> Keys() const;
+  /// Calls `visit` with each key of the current section and its value; see `IniDocument`.
+  template <class Visit>
+  void ForEachValue(Visit&& visit) const {
+    if (open_ && position_ != IniDocument::kNone) document_.ForEachValue(position_, visit);
+  }
   /// Error 91 when no file is open or no section was selected.
   void WriteValue(StringView key, StringView value);
   /// Replaces the file by this text at once, and lets go of it; raises when that fails.

@@ -7,6 +7,7 @@
 #include <type_traits>
 
 #include "text/MurmurHash3.h"
+#include "text/UpperCaseWords.h"
 
 namespace norvo {
 namespace {
@@ -53,25 +54,6 @@ Fingerprint HashOf(std::basic_string_view<Unit> text, std::uint32_t seed, Map ma
 
 std::uint64_t Same(std::uint64_t word) noexcept {
   return word;
-}
-
-/// ASCII characters in upper case, one in each lane. The highest bit of a lane's lower byte tells
-/// whether its character is one from 'a' on and none behind 'z'; moved down it is the bit that is
-/// taken away.
-template <std::uint64_t kLanes>
-constexpr std::uint64_t AsciiInUpperCase(std::uint64_t word) noexcept {
-  const std::uint64_t fromA = word + (0x80 - 'a') * kLanes;
-  const std::uint64_t behindZ = word + (0x80 - 'z' - 1) * kLanes;
-  return word - ((fromA & ~behindZ & 0x80 * kLanes) >> 2);
-}
-
-std::uint64_t InUpperCase(std::uint64_t word) noexcept {
-  if ((word & 0xFF80 * kEachLane) == 0) return AsciiInUpperCase<kEachLane>(word);
-  std::uint64_t upper = 0;
-  for (int shift = 0; shift < 64; shift += 16) {
-    upper |= std::uint64_t{ToUpper(static_cast<char16_t>(word >> shift))} << shift;
-  }
-  return upper;
 }
 
 }  // namespace

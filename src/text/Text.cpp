@@ -2,11 +2,24 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 
 #include "text/HashMixer.h"
 #include "text/UpperCaseTable.h"
+#include "text/UpperCaseWords.h"
 
 namespace norvo {
+namespace {
+
+constexpr std::size_t kUnitsOfWord = sizeof(std::uint64_t) / sizeof(char16_t);
+
+/// Each bit of the word changes bits above it, and these some below: tables go by the lowest ones.
+std::uint64_t Spread(std::uint64_t word) noexcept {
+  constexpr std::uint64_t kGoldenRatio = 0x9E3779B97F4A7C15u;
+  return FoldHash(word * kGoldenRatio);
+}
+
+}  // namespace
 
 char16_t ToUpperBeyondAscii(char16_t unit) noexcept {
   return UpperCaseFromTable(unit);
@@ -25,15 +38,38 @@ std::size_t FindUnit(StringView text, char16_t unit, std::size_t from) noexcept 
   return at == text.size() ? StringView::npos : at;
 }
 
+std::size_t FindLineEnd(StringView text, std::size_t from) noexcept {
+  constexpr std::uint64_t kReturns = InEachLane(u'\r');
+  constexpr std::uint64_t kFeeds = InEachLane(u'\n');
+  std::size_t at = std::min(from, text.size());
+  for (; text.size() - at >= kUnitsOfWord; at += kUnitsOfWord) {
+    const std::uint64_t word = WordAt(text.data() + at);
+    if ((ZeroLanes<char16_t>(word ^ kReturns) | ZeroLanes<char16_t>(word ^ kFeeds)) != 0) break;
+  }
+  while (at < text.size() && text[at] != u'\r' && text[at] != u'\n') ++at;
+  return at;
+}
+
 String Fold(StringView text) {
   String folded(text);
-  for (char16_t& unit : folded) unit = ToUpper(unit);
+  std::size_t i = 0;
+  for (; folded.size() - i >= kUnitsOfWord; i += kUnitsOfWord) {
+    const std::uint64_t word = InUpperCase(WordAt(folded.data() + i));
+    std::memcpy(folded.data() + i, &word, sizeof word);
+  }
+  for (; i < folded.size(); ++i) folded[i] = ToUpper(folded[i]);
   return folded;
 }
 
 bool EqualsIgnoreCase(StringView left, StringView right) noexcept {
   if (left.size() != right.size()) return false;
-  for (std::size_t i = 0; i < left.size(); ++i) {
+  std::size_t i = 0;
+  for (; left.size() - i >= kUnitsOfWord; i += kUnitsOfWord) {
+    const std::uint64_t l = WordAt(left.data() + i);
+    const std::uint64_t r = WordAt(right.data() + i);
+    if (l != r && InUpperCase(l) != InUpperCase(r)) return false;
+  }
+  for (; i < left.size(); ++i) {
     if (left[i] != right[i] && ToUpper(left[i]) != ToUpper(right[i])) return false;
   }
   return true;
@@ -50,8 +86,18 @@ std::size_t FindIgnoreCase(StringView text, StringView sought, std::size_t from)
   if (text.size() < sought.size()) return StringView::npos;
   const char16_t upper = ToUpper(sought.front());
   const char16_t lower = upper >= u'A' && upper <= u'Z' ? static_cast<char16_t>(upper + 32) : upper;
+  // A unit beyond ASCII may have an upper case of ASCII.
+  const auto mayBegin = [uppers = InEachLane(upper),
+                         lowers = InEachLane(lower)](std::uint64_t word) {
+    return (ZeroLanes<char16_t>(word ^ uppers) | ZeroLanes<char16_t>(word ^ lowers) |
+            (word & InEachLane(static_cast<char16_t>(0xFF80)))) != 0;
+  };
   const std::size_t last = text.size() - sought.size();
   for (std::size_t i = from; i <= last; ++i) {
+    if (last - i >= kUnitsOfWord && !mayBegin(WordAt(text.data() + i))) {
+      i += kUnitsOfWord - 1;
+      continue;
+    }
     const char16_t unit = text[i];
     const bool begins = unit == upper || unit == lower || (unit >= 0x80 && ToUpper(unit) == upper);
     if (begins && EqualsIgnoreCase(text.substr(i, sought.size()), sought)) return i;
@@ -83,8 +129,11 @@ bool LessIgnoreCase(StringView left, StringView right) noexcept {
 
 std::size_t CaselessHash::operator()(StringView text) const noexcept {
   std::uint64_t hash = kHashStart;
-  for (const char16_t unit : text) hash = MixIn(hash, ToUpper(unit));
-  return static_cast<std::size_t>(FoldHash(hash));
+  for (; text.size() >= kUnitsOfWord; text.remove_prefix(kUnitsOfWord)) {
+    hash = Spread(hash ^ InUpperCase(WordAt(text.data())));
+  }
+  hash = Spread(hash ^ InUpperCase(ShortWord(text, u'\0')));
+  return static_cast<std::size_t>(Spread(hash));
 }
 
 }  // namespace norvo

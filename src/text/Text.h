@@ -101,6 +101,9 @@ constexpr StringView Trim(StringView text) noexcept {
 /// `find`, which looks at one unit at a time, at four.
 std::size_t FindUnit(StringView text, char16_t unit, std::size_t from = 0) noexcept;
 
+/// 0-based position of the first CR or LF at or after `from`, the text's length when there is none.
+std::size_t FindLineEnd(StringView text, std::size_t from = 0) noexcept;
+
 /// The same as `==`, which looks at one unit at a time, as bytes.
 inline bool SameUnits(StringView left, StringView right) noexcept {
   if (left.size() != right.size()) return false;

@@ -82,10 +82,11 @@ StringView WithoutTrail(StringView name) noexcept {
 
 bool IsAbsolutePath(StringView path) noexcept {
   if (!HasDrive(path) || path.size() < 3 || path[2] != u'\\') return false;
-  if (FindUnit(path, u'/') != StringView::npos) return false;
-  for (std::size_t at = 2; at != StringView::npos; at = FindUnit(path, u'\\', at + 1)) {
-    const StringView name = path.substr(at + 1);
-    if (name.starts_with(u'.') || name.starts_with(u'\\')) return false;
+  char16_t before = u'\0';
+  for (const char16_t unit : path.substr(2)) {
+    if (unit == u'/') return false;
+    if (before == u'\\' && (unit == u'.' || unit == u'\\')) return false;
+    before = unit;
   }
   return path.back() != u'.' && path.back() != u' ';
 }

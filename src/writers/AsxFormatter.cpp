@@ -1,5 +1,7 @@
 #include "writers/AsxFormatter.h"
 
+#include <span>
+
 #include "automation/Conversions.h"
 #include "model/TimeValues.h"
 
@@ -13,14 +15,64 @@ String Quoted(StringView value) {
   return String(u"\"").append(value).append(u"\"");
 }
 
-String Text(AutomationObject& entry, StringView property) {
-  return ToText(entry.Get(property));
+/// A line of an entry that tells one of its properties; without a property, its place.
+struct LineRow {
+  StringView before;
+  StringView property;
+  StringView behind;
+};
+
+constexpr StringView kParamEnd = u"\" />";
+
+constexpr LineRow kAsxLines[] = {
+    {u"<Author > ", u"ASX_Author", u"</Author>"},
+    {u"<Abstract > ", u"Abstract", u"</Abstract>"},
+    {u"<CopyRight > ", u"Copyright", u"</CopyRight>"},
+    {u"<Title> ", u"ASX_Title", u"</Title>"},
+    {u"<Param Name = \"Name\" Value = \"", u"ASX_SongName", kParamEnd},
+    {u"<Param Name = \"Artist\" Value = \"", u"ASX_Artist", kParamEnd},
+    {u"<Param Name = \"Album\" Value = \"", u"ASX_Album", kParamEnd},
+    {u"<Param Name = \"Genre\" Value = \"", u"Entry_Genre", kParamEnd},
+    {u"<Param Name = \"MediaType\" Value = \"", u"MediaType", kParamEnd},
+    // A number of 0 is the text "0" and therefore written: intended.
+    {u"<Param Name = \"MediaAttribute\" Value = \"", u"MediaAttribute", kParamEnd},
+    {u"<Param Name = \"OriginalIndex\" Value = \"", u"Entry_TrackNumber", kParamEnd},
+    {u"<Param Name = \"BitRate\" Value = \"", u"BitRate", kParamEnd},
+    {u"<Param Name = \"DigitallySecure\" Value = \"", u"DigitallySecure", kParamEnd},
+    {u"<Param Name = \"PlayCount\" Value = \"", u"PlayCount", kParamEnd},
+    {u"<Param Name = \"SourceURL\" Value = \"", {}, kParamEnd},
+    {u"<Param Name = \"CreationDate\" Value = \"", u"Entry_CreationDate", kParamEnd},
+};
+
+constexpr LineRow kPlainLines[] = {
+    {u"<Title> ", u"Entry_SongTitle", u"</Title>"},
+    {u"<Param Name = \"Name\" Value = \"", u"Entry_SongName", kParamEnd},
+    {u"<Param Name = \"Artist\" Value = \"", u"Entry_ArtistName", kParamEnd},
+    {u"<Param Name = \"Album\" Value = \"", u"Entry_AlbumName", kParamEnd},
+    {u"<Param Name = \"Genre\" Value = \"", u"Entry_Genre", kParamEnd},
+    {u"<Param Name = \"OriginalIndex\" Value = \"", u"Entry_TrackNumber", kParamEnd},
+    {u"<Param Name = \"SourceURL\" Value = \"", {}, kParamEnd},
+    {u"<Param Name = \"CreationDate\" Value = \"", u"Entry_CreationDate", kParamEnd},
+};
+
+/// The place under which the entry's song stands.
+String PlaceOf(AutomationObject& entry) {
+  if (FormatEntry* const own = OwnEntry(entry)) return own->DestinationPath();
+  return ToText(entry.Call(u"Entry_DestinationPath"));
 }
 
 }  // namespace
 
 AsxFormatter::AsxFormatter(const PlaylistRecord& playlist, Write write)
-    : playlist_(playlist), write_(std::move(write)), fromAsx_(HasAsxEntries(playlist.type)) {}
+    : playlist_(playlist), write_(std::move(write)), fromAsx_(HasAsxEntries(playlist.type)) {
+  const auto rows = fromAsx_ ? std::span<const LineRow>(kAsxLines) : kPlainLines;
+  for (const LineRow& row : rows) {
+    EntryLine& line = entryLines_.emplace_back();
+    line.before = row.before;
+    line.behind = row.behind;
+    if (!row.property.empty()) line.text.emplace(row.property);
+  }
+}
 
 void AsxFormatter::Element(StringView opening, const String& text, StringView closing) {
   if (text.empty()) return;
@@ -52,54 +104,34 @@ void AsxFormatter::PlaylistParams() {
 
 void AsxFormatter::Entry(AutomationObject& entry) {
   write_(u"<Entry>");
-  const String path = ToText(entry.Call(u"Entry_DestinationPath"));
-  write_(u"<Ref href = " + Quoted(path) + u"/>" + String(kLineEnd));
-  String duration = Text(entry, u"Entry_Duration");
+  const String path = PlaceOf(entry);
+  AddressLines(entry, path);
+  for (EntryLine& line : entryLines_) Line(line, entry, path);
+  write_(u"</Entry>\r\n");
+}
+
+void AsxFormatter::AddressLines(AutomationObject& entry, const String& path) {
+  line_.assign(u"<Ref href = \"").append(path).append(u"\"/>").append(kLineEnd);
+  write_(line_);
+  String duration;
+  duration_.Append(entry, duration);
   if (!fromAsx_ && !duration.empty()) duration = FormatAsxTime(duration);
-  if (!duration.empty()) {
-    write_(u"<Duration Value = " + Quoted(duration) + u" />" + String(kLineEnd));
-  }
-  if (fromAsx_) {
-    AsxTexts(entry);
-    AsxParams(entry, path);
+  if (duration.empty()) return;
+  line_.assign(u"<Duration Value = \"").append(duration).append(kParamEnd).append(kLineEnd);
+  write_(line_);
+}
+
+/// Texts of lines are put together in one place, which keeps its room.
+void AsxFormatter::Line(EntryLine& line, AutomationObject& entry, const String& path) {
+  line_ = line.before;
+  if (line.text) {
+    line.text->Append(entry, line_);
+    if (line_.size() == line.before.size()) return;
   } else {
-    Element(u"<Title> ", Text(entry, u"Entry_SongTitle"), u"</Title>");
-    PlainParams(entry, path);
+    line_ += path;
   }
-  write_(u"</Entry>" + String(kLineEnd));
-}
-
-void AsxFormatter::AsxTexts(AutomationObject& entry) {
-  Element(u"<Author > ", Text(entry, u"ASX_Author"), u"</Author>");
-  Element(u"<Abstract > ", Text(entry, u"Abstract"), u"</Abstract>");
-  Element(u"<CopyRight > ", Text(entry, u"Copyright"), u"</CopyRight>");
-  Element(u"<Title> ", Text(entry, u"ASX_Title"), u"</Title>");
-}
-
-void AsxFormatter::AsxParams(AutomationObject& entry, const String& path) {
-  Param(u"Name", Text(entry, u"ASX_SongName"));
-  Param(u"Artist", Text(entry, u"ASX_Artist"));
-  Param(u"Album", Text(entry, u"ASX_Album"));
-  Param(u"Genre", Text(entry, u"Entry_Genre"));
-  Param(u"MediaType", Text(entry, u"MediaType"));
-  // A number of 0 is the text "0" and therefore written: intended.
-  Param(u"MediaAttribute", Text(entry, u"MediaAttribute"));
-  Param(u"OriginalIndex", Text(entry, u"Entry_TrackNumber"));
-  Param(u"BitRate", Text(entry, u"BitRate"));
-  Param(u"DigitallySecure", Text(entry, u"DigitallySecure"));
-  Param(u"PlayCount", Text(entry, u"PlayCount"));
-  write_(u"<Param Name = \"SourceURL\" Value = " + Quoted(path) + u" />" + String(kLineEnd));
-  Param(u"CreationDate", Text(entry, u"Entry_CreationDate"));
-}
-
-void AsxFormatter::PlainParams(AutomationObject& entry, const String& path) {
-  Param(u"Name", Text(entry, u"Entry_SongName"));
-  Param(u"Artist", Text(entry, u"Entry_ArtistName"));
-  Param(u"Album", Text(entry, u"Entry_AlbumName"));
-  Param(u"Genre", Text(entry, u"Entry_Genre"));
-  Param(u"OriginalIndex", Text(entry, u"Entry_TrackNumber"));
-  write_(u"<Param Name = \"SourceURL\" Value = " + Quoted(path) + u" />" + String(kLineEnd));
-  Param(u"CreationDate", Text(entry, u"Entry_CreationDate"));
+  line_.append(line.behind).append(kLineEnd);
+  write_(line_);
 }
 
 }  // namespace norvo

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <functional>
+#include <optional>
+#include <vector>
 
+#include "model/EntryText.h"
 #include "model/PlaylistRecord.h"
 
 namespace norvo {
@@ -16,22 +19,31 @@ class AsxFormatter {
   AsxFormatter(const PlaylistRecord& playlist, Write write);
 
   void Begin();
-  /// The entry's values are read by name; those of an entry of another kind than `AsxEntry` from
-  /// its plain fields.
+  /// The values of a host's own object are read by name, one after the other; those of an entry of
+  /// another kind than `AsxEntry` from its plain fields.
   void Entry(AutomationObject& entry);
   void End() { write_(u"</ASX>"); }
 
  private:
+  /// A line of an entry with one of its properties in it.
+  struct EntryLine {
+    StringView before;
+    std::optional<EntryText> text;  // none: the entry's place
+    StringView behind;
+  };
+
   void Element(StringView opening, const String& text, StringView closing);
   void Param(StringView name, const String& value);
   void PlaylistParams();
-  void AsxTexts(AutomationObject& entry);
-  void AsxParams(AutomationObject& entry, const String& path);
-  void PlainParams(AutomationObject& entry, const String& path);
+  void AddressLines(AutomationObject& entry, const String& path);
+  void Line(EntryLine& line, AutomationObject& entry, const String& path);
 
   const PlaylistRecord& playlist_;
   Write write_;
   bool fromAsx_;
+  EntryText duration_{u"Entry_Duration"};
+  std::vector<EntryLine> entryLines_;
+  String line_;  // in the making
 };
 
 }  // namespace norvo

@@ -5,7 +5,7 @@
 #include "automation/Attempt.h"
 #include "automation/RunTimeError.h"
 #include "model/AsxEntry.h"
-#include "model/GenericKeys.h"
+#include "model/EntryText.h"
 #include "model/GenericSections.h"
 #include "services/ProfileFile.h"
 #include "services/SettingsText.h"
@@ -84,13 +84,9 @@ class EntryWriter {
     String start;  // of its line, with the end of the line before: half as many pieces to add
   };
 
-  /// Entries of the library are not asked by name: nobody sees the difference, and asking takes
-  /// another 2,800 instructions for each.
+  /// Entries of the library are not asked by name, which takes another 2,800 instructions for each.
   FormatEntry* Own(AutomationObject& entry) const {
-    const MemberTable* const members = entry.Members();
-    const bool isPlain = members == &M3UEntry::Interface() || members == &PlsEntry::Interface();
-    const bool isOwn = members == &AsxEntry::Interface() || (isPlain && !asx_);
-    return isOwn ? static_cast<FormatEntry*>(&entry) : nullptr;
+    return asx_ ? OwnAsxEntry(entry) : OwnEntry(entry);
   }
 
   void WriteValues(AutomationObject& entry) {

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "automation/Attempt.h"
+#include "model/EntryText.h"
 #include "model/TimeValues.h"
 #include "text/Number.h"
 #include "writers/AsxFormatter.h"
@@ -58,26 +59,35 @@ void WriteAsx(NativeFile& file, const PlaylistRecord& playlist) {
 /// them. So no two are read in one expression, whose order would be the compiler's.
 class EntryFacts {
  public:
-  bool IsExtended(AutomationObject& entry) { return ToBoolean(extended_(entry)); }
-  String Path(AutomationObject& entry) { return ToText(entry.Call(u"Entry_DestinationPath")); }
+  bool IsExtended(AutomationObject& entry) {
+    FormatEntry* const own = OwnEntry(entry);
+    return own != nullptr ? own->HasExtendedInfo() : ToBoolean(extended_(entry));
+  }
+  String Path(AutomationObject& entry) {
+    FormatEntry* const own = OwnEntry(entry);
+    return own != nullptr ? own->DestinationPath() : ToText(entry.Call(u"Entry_DestinationPath"));
+  }
   /// "artist - song"
   String Title(AutomationObject& entry) {
-    String title = ToText(artist_(entry));
+    String title;
+    artist_.Append(entry, title);
     title += u" - ";
-    title += ToText(song_(entry));
+    song_.Append(entry, title);
     return title;
   }
   /// Seconds that have never been clock text count as 0: intended.
   String Seconds(AutomationObject& entry) {
-    const String seconds = ParseAsxTime(ToText(duration_(entry)));
+    String duration;
+    duration_.Append(entry, duration);
+    const String seconds = ParseAsxTime(duration);
     return seconds.empty() ? u"0" : seconds;
   }
 
  private:
   PropertyReader extended_{u"HasExtendedInfo"};
-  PropertyReader artist_{u"Entry_ArtistName"};
-  PropertyReader song_{u"Entry_SongName"};
-  PropertyReader duration_{u"Entry_Duration"};
+  EntryText artist_{u"Entry_ArtistName"};
+  EntryText song_{u"Entry_SongName"};
+  EntryText duration_{u"Entry_Duration"};
 };
 
 void WriteM3u(NativeFile& file, const PlaylistRecord& playlist) {

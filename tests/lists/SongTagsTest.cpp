@@ -46,6 +46,24 @@ class SongTagsTest : public ::testing::Test {
   MemoryPlatform platform;
 };
 
+TEST_F(SongTagsTest, WithoutTheLengthAllElseIsTheSame) {
+  const std::string tag = Id3v2(3, {{"TPE1", Latin1("Ann")}, {"TCON", Latin1("(17)")}});
+  for (const std::string& start : {tag, std::string()}) {
+    SongTags expected = Tags(u"a.mp3", start + MpegSound(1000)).value();
+    EXPECT_GT(expected.seconds, 0);
+    expected.seconds = 0;
+    EXPECT_EQ(ReadSongTags(platform.Files(), u"C:\\Music\\a.mp3", false), expected);
+  }
+  EXPECT_EQ(Tags(u"a.mp3", "no sound"), std::nullopt);
+  EXPECT_EQ(ReadSongTags(platform.Files(), u"C:\\Music\\a.mp3", false), std::nullopt);
+}
+
+TEST_F(SongTagsTest, OfSeveralFramesTheFirstThatTellsAnythingHolds) {
+  const std::string frames = Frame(3, "TPE1", std::string(1, '\0')) +
+                             Frame(3, "TPE1", Latin1("Ann")) + Frame(3, "TPE1", Latin1("Bob"));
+  EXPECT_EQ(Told(u"a.mp3", Id3v2(3, frames) + MpegSound(1000)), "Ann||||0|26");
+}
+
 TEST_F(SongTagsTest, EveryVersionOfId3v2IsRead) {
   EXPECT_EQ(Told(u"a.mp3", Id3v2(2, {{"TP1", Latin1("Ann")},
                                      {"TAL", Latin1("Best")},

@@ -4,6 +4,7 @@
 
 #include "model/AsxEntry.h"
 #include "model/ModelTest.h"
+#include "text/Number.h"
 
 namespace norvo {
 namespace {
@@ -27,7 +28,7 @@ TEST(GenericKeysTest, TheUseOfAKeySaysForWhichEntriesItIsWrittenAndRead) {
               {KeyUse::WrittenForAsxOnly, true, false, true, true},
               {KeyUse::NeverRead, true, true, false, false}};
   for (const auto& row : rows) {
-    const EntryKey key{u"Key", u"Property", nullptr, row.use};
+    const EntryKey key{u"Key", u"Property", nullptr, nullptr, row.use};
     EXPECT_EQ(key.IsWritten(true), row.writtenForAsx);
     EXPECT_EQ(key.IsWritten(false), row.written);
     EXPECT_EQ(key.IsRead(true), row.readForAsx);
@@ -56,6 +57,45 @@ class OwnValuesTest : public LibraryTest {
 };
 
 TEST_F(OwnValuesTest, AreThoseOfThePropertiesByName) {
+  ExpectSame(u"AsxEntry", true);
+  ExpectSame(u"M3UEntry", false);
+  ExpectSame(u"PlsEntry", false);
+}
+
+class OwnSettingTest : public LibraryTest {
+ protected:
+  using Texts = std::vector<String>;
+
+  /// The values of all readable properties of a new entry, or the error, once a text was set.
+  template <class Set>
+  std::vector<String> ValuesAfter(StringView className, Set set) {
+    const ObjectRef entry = component.Create(className);
+    std::vector<String> values;
+    values.push_back(FormatInteger(NumberRaisedBy([&] { set(*entry); })));
+    for (const EntryKey& row : EntryKeys()) {
+      const bool isThere = entry->Members()->Find(row.property) != nullptr;
+      if (isThere) values.push_back(ToText(entry->Get(row.property)));
+    }
+    return values;
+  }
+
+  void ExpectSame(StringView className, bool forAsx) {
+    for (const EntryKey& row : EntryKeys()) {
+      if (!row.IsRead(forAsx)) continue;
+      for (const String& text :
+           Texts{u"", u"3", u" true ", u"-40000", u"99999999999", u"a.m3u", u"C:\\a"}) {
+        const auto byName = [&](AutomationObject& entry) { entry.Let(row.property, text); };
+        const auto byRow = [&](AutomationObject& entry) {
+          row.set(dynamic_cast<FormatEntry&>(entry), text);
+        };
+        EXPECT_EQ(ValuesAfter(className, byRow), ValuesAfter(className, byName))
+            << Utf8(row.key) << " = " << Utf8(text);
+      }
+    }
+  }
+};
+
+TEST_F(OwnSettingTest, DoesWhatSettingByNameDoes) {
   ExpectSame(u"AsxEntry", true);
   ExpectSame(u"M3UEntry", false);
   ExpectSame(u"PlsEntry", false);

@@ -26,7 +26,7 @@ class GenericDraftTest : public testing::TestWithParam<StringView> {
  protected:
   SectionPool pool_;
   GenericDraft draft_{GetParam(), pool_};
-  IniDocument document_{GetParam()};
+  IniDocument document_{String(GetParam())};
 };
 
 TEST_P(GenericDraftTest, HasTheTextOfTheDocument) {

@@ -84,7 +84,7 @@ TEST(IniDocument, TwoEqualSectionsAreOne) {
 
 TEST(IniDocument, OrderCommentsAndBlankLinesAreKept) {
   const StringView text = u"; head\r\n\r\n[z]\r\nb=1\r\n; note\r\na=2\r\n\r\n[a]\r\nword\r\n";
-  EXPECT_TEXT(IniDocument(text).ToText(), text);
+  EXPECT_TEXT(IniDocument(String(text)).ToText(), text);
 }
 
 TEST(IniDocument, TheLastLineGetsItsEnd) {

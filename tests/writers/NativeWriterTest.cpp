@@ -286,6 +286,36 @@ TEST_F(NativeWriterTest, AnObjectOfAHostIsWrittenByItsProperties) {
   EXPECT_TRUE(Text(kAsxFile).ends_with("</Entry>\r\n\r\n</ASX>\r\n"));
 }
 
+TEST_F(NativeWriterTest, AScriptsObjectIsAskedForEachLineOfAnAsxFileInItsOrder) {
+  const Lines lines = {"Entry_DestinationPath",
+                       "Entry_Duration",
+                       "ASX_Author",
+                       "Abstract",
+                       "Copyright",
+                       "ASX_Title",
+                       "ASX_SongName",
+                       "ASX_Artist",
+                       "ASX_Album",
+                       "Entry_Genre",
+                       "MediaType",
+                       "MediaAttribute",
+                       "Entry_TrackNumber",
+                       "BitRate",
+                       "DigitallySecure",
+                       "PlayCount",
+                       "Entry_CreationDate"};
+  const auto entry = std::make_shared<ForeignObject>(Values{{u"Entry_EntryType", std::int32_t{1}}});
+  for (const std::string& line : lines) entry->Let(FromUtf8Lossy(line), String(u"1"));
+  NewPlayList(1);
+  Add(entry);
+  entry->reads.clear();
+  Write();
+  Lines reads = Utf8(entry->reads);
+  ASSERT_GE(reads.size(), lines.size());
+  reads.resize(lines.size());  // those of the other files follow
+  EXPECT_EQ(reads, lines);
+}
+
 TEST_F(NativeWriterTest, AnOutputFileIsOpenedForAppending) {
   std::unique_ptr<TextWriter> stream;
   platform->AddFile(u"C:\\there.txt", "old\r\n");

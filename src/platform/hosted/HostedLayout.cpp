@@ -83,7 +83,7 @@ fs::path CheckedFolder(const fs::path& folder) {
 /// They are UTF-8 text, or else 8-bit text.
 IniDocument DecodedSettings(const std::string& bytes) {
   if (DetectEncoding(bytes) == FileEncoding::CodePage) {
-    if (const std::optional<String> text = FromUtf8(bytes)) return IniDocument(*text);
+    if (std::optional<String> text = FromUtf8(bytes)) return IniDocument(std::move(*text));
   }
   return IniDocument(DecodeFile(bytes, Windows1252()));
 }

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "text/Text.h"
+
+namespace norvo {
+
+/// A line of a settings file, as views of its text.
+struct SettingsLine {
+  enum class Kind {
+    Section,  ///< "[name]"
+    Key,      ///< "name=value"; the name is not empty
+    Other     ///< a comment, which ";" starts, an empty line, or no settings line at all
+  };
+
+  Kind kind = Kind::Other;
+  StringView name;   ///< of a section or a key, without blanks and tabs around it
+  StringView value;  ///< of a key, without blanks and tabs around it; of others the whole line
+};
+
+/// Takes the text of a settings file apart, line by line. CR LF, LF and a lone CR end a line.
+class SettingsLines {
+ public:
+  /// The text must outlive this.
+  explicit SettingsLines(StringView text) : rest_(text) {}
+
+  /// False behind the last line; a line end at the end of the text begins no further one.
+  bool Next(SettingsLine& line);
+
+ private:
+  StringView rest_;
+};
+
+/// Whether a section of the text has the key; names are matched without regard to case. Reads no
+/// further than to the key.
+bool HasSetting(StringView text, StringView section, StringView key);
+
+}  // namespace norvo
