@@ -3,6 +3,7 @@
 #include <limits>
 #include <optional>
 #include <system_error>
+#include <utility>
 
 #include "automation/RunTimeError.h"
 #include "platform/files/DiskPath.h"
