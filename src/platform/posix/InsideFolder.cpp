@@ -39,22 +39,41 @@ bool IsLink(int folder, const char* name) {
   return ::fstatat(folder, name, &found, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(found.st_mode);
 }
 
-FileResult<SystemFile> OpenPart(int folder, const std::string& name, int flags,
+/// One name of a path, as the system's calls want it. It costs no allocation: such a name is short.
+class PartName {
+ public:
+  explicit PartName(std::string_view part) : fits_(part.size() < sizeof text_) {
+    if (fits_) text_[part.copy(text_, part.size())] = '\0';
+  }
+
+  bool Fits() const { return fits_; }
+  bool LeadsUp() const { return std::string_view(text_) == ".."; }
+  const char* Text() const { return text_; }
+
+ private:
+  bool fits_;
+  char text_[256];  // no disk has longer names
+};
+
+FileResult<SystemFile> OpenPart(int folder, std::string_view part, int flags,
                                 unsigned permissions) {
-  if (name == "..") return FailureOf(EXDEV);
+  const PartName name(part);
+  if (!name.Fits()) return FailureOf(ENAMETOOLONG);
+  if (name.LeadsUp()) return FailureOf(EXDEV);
   FileResult<SystemFile> file = Owned(Persist(
-      [&] { return ::openat(folder, name.c_str(), flags | O_NOFOLLOW | O_CLOEXEC, permissions); }));
+      [&] { return ::openat(folder, name.Text(), flags | O_NOFOLLOW | O_CLOEXEC, permissions); }));
   // Asked for a folder, the system tells of a link what it tells of all that is none.
   const bool isNoFolder = file.Failure().kind == FileFailure::Kind::NotAFolder;
-  if (isNoFolder && IsLink(folder, name.c_str())) return FailureOf(ELOOP);
+  if (isNoFolder && IsLink(folder, name.Text())) return FailureOf(ELOOP);
   return file;
 }
 
-FileResult<SystemFile> OpenPartByPart(int root, const std::string& path, int flags,
+FileResult<SystemFile> OpenPartByPart(int root, std::string_view path, int flags,
                                       unsigned permissions) {
   SystemFile reached;
   std::size_t begin = 0;
-  for (std::size_t end = 0; (end = path.find('/', begin)) != std::string::npos; begin = end + 1) {
+  for (std::size_t end = 0; (end = path.find('/', begin)) != std::string_view::npos;
+       begin = end + 1) {
     FileResult<SystemFile> next = OpenPart(reached.IsOpen() ? DescriptorOf(reached) : root,
                                            path.substr(begin, end - begin), kStartFlags, 0);
     if (!next) return next;
@@ -103,22 +122,23 @@ bool OpensAtOneStroke() {
 
 FileResult<SystemFile> OpenInside(const SystemFile& root, const std::string& path, int flags,
                                   unsigned permissions) {
-  static const std::string itself = ".";
-  const std::string& way = path.empty() ? itself : path;
+  const char* const way = path.empty() ? "." : path.c_str();
   const int folder = DescriptorOf(root);
   if (OpensAtOneStroke()) {
-    FileResult<SystemFile> file = OpenAtOneStroke(folder, way.c_str(), flags, permissions);
+    FileResult<SystemFile> file = OpenAtOneStroke(folder, way, flags, permissions);
     if (!IsOfTheCallItself(file.Failure().code)) return file;
   }
   return OpenPartByPart(folder, way, flags, permissions);
 }
 
 InsideFolder::InsideFolder(const SystemFile& root, const std::string& path)
-    : root_(root), name_(LeafOf(path)) {
+    : root_(root), name_(path.c_str() + (path.size() - LeafOf(path).size())) {
   const std::string_view folder = ParentOf(path);
-  if (name_ == "..") failure_ = FailureOf(EXDEV);
+  if (LeafOf(path) == "..") failure_ = FailureOf(EXDEV);
   if (folder.empty() || failure_) return;
-  FileResult<SystemFile> opened = OpenInside(root, std::string(folder), kStartFlags);
+  FileResult<SystemFile> opened = OpensAtOneStroke()
+                                      ? OpenInside(root, std::string(folder), kStartFlags)
+                                      : OpenPartByPart(DescriptorOf(root), folder, kStartFlags, 0);
   failure_ = opened.Failure();
   if (opened) reached_ = std::move(*opened);
 }

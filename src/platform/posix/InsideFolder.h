@@ -32,18 +32,18 @@ bool OpensAtOneStroke();
 /// A path of one name costs no call.
 class InsideFolder {
  public:
-  /// `root` must outlive this.
+  /// Both must outlive this.
   InsideFolder(const SystemFile& root, const std::string& path);
 
   /// Why the folder cannot be reached.
   FileFailure Failure() const { return failure_; }
   int Folder() const { return DescriptorOf(reached_.IsOpen() ? reached_ : root_); }
-  const char* Name() const { return name_.c_str(); }
+  const char* Name() const { return name_; }
 
  private:
   const SystemFile& root_;
   SystemFile reached_;  // not open where the root itself is the folder
-  std::string name_;
+  const char* name_;
   FileFailure failure_;
 };
 
