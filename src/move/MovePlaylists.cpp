@@ -1,5 +1,6 @@
 #include "move/MovePlaylists.h"
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <unordered_set>
@@ -160,6 +161,22 @@ void AddUnlisted(const Stock& stock, FileSystem& files, SongIdentities& identiti
   move.unlisted.insert(move.unlisted.end(), stock.skipped.begin(), stock.skipped.end());
 }
 
+/// Warns of folders that only the taking of stock could not see; the scan has told of others.
+void TellUnseen(const std::vector<UnseenFolder>& unseen, MoveWork& work) {
+  for (const UnseenFolder& folder : unseen) {
+    const std::vector<WorkWarning>& told = work.result.warnings;
+    const bool isTold = std::any_of(told.begin(), told.end(), [&](const WorkWarning& each) {
+      return each.kind == WorkWarning::Kind::Library && each.side == MachineSide::Old &&
+             each.warning.kind == WarningKind::FolderNotListed && each.warning.path == folder.path;
+    });
+    if (isTold) continue;
+    WorkWarning warning;
+    warning.side = MachineSide::Old;
+    warning.warning = {WarningKind::FolderNotListed, folder.path, folder.reason, folder.reason};
+    work.report.Warn(std::move(warning));
+  }
+}
+
 /// Finds what there is to move on the old machine.
 void Gather(OldMachine& old, const MoveOptions& options, MediaPlacer& placer, MoveWork& work) {
   Component& library = old.Library();
@@ -168,6 +185,7 @@ void Gather(OldMachine& old, const MoveOptions& options, MediaPlacer& placer, Mo
   DropSecondPaths(stock.media, identities);
   CollectResult collected;
   CollectForMove(library, old.Settings(), work.report, collected);
+  TellUnseen(stock.unseen, work);
   SongBook songs(library.Files(), identities, work.result.songs);
   Rescue(library, old.Settings(), stock, songs, work).Run(collected);
   DropUnused(work.result);

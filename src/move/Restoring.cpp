@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "automation/Attempt.h"
+#include "controller/PlayerFolders.h"
 #include "controller/QueueMode.h"
 #include "model/PlaylistTypes.h"
 #include "move/Companion.h"
@@ -31,6 +32,10 @@ class LedgerWatcher final : public LibraryWatcher {
     }
   }
 
+  void OnWarning(const Warning& warning) override {
+    LibraryWatcher::OnWarning(warning);
+    stopped_ = stopped_ || warning.kind == WarningKind::QueueStopped;
+  }
   /// The documents folder may hold other generic files, whose songs are not of this move.
   bool WantsGenericFile(StringView path) override {
     return numbers_.contains(Fold(path)) && !ledger_.IsRestored(String(path));
@@ -65,6 +70,8 @@ class LedgerWatcher final : public LibraryWatcher {
     work_.result.settings.push_back({String(player), String(place), String(value)});
   }
 
+  /// Whether the queue ended before it came to the players.
+  bool HasStopped() const { return stopped_; }
   /// Whether this run has restored a generic file.
   bool HasRestored(const String& path) const { return restored_.contains(Fold(path)); }
 
@@ -90,7 +97,14 @@ class LedgerWatcher final : public LibraryWatcher {
   std::set<String> restored_;              // generic files, folded
   std::size_t natives_ = 0;                // that were begun for the playlist in hand
   bool whole_ = true;
+  bool stopped_ = false;
 };
+
+/// As the queue does in the end, with the settings that cannot be written told one by one.
+void PointPlayers(Component& library, LedgerWatcher& watcher) {
+  const ObserverScope scope(library, watcher);
+  Attempt([&] { SetPlayerPlayListFolders(library); });
+}
 
 void Settle(MovedPlaylist& playlist, RestoreLedger& ledger, const LedgerWatcher& watcher) {
   SetNatives(playlist, ledger.NativesOf(playlist.carried));
@@ -117,6 +131,7 @@ void RestoreCarried(Component& library, RestoreLedger& ledger, MoveWork& work) {
     // On a full disk it stays as it grew; only the songs' places are not remembered.
   }
   watcher.ThrowIfCancelled();
+  if (watcher.HasStopped()) PointPlayers(library, watcher);
   for (MovedPlaylist& playlist : work.result.playlists) {
     if (playlist.state == MovedPlaylist::State::Collected) Settle(playlist, ledger, watcher);
   }

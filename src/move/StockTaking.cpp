@@ -121,8 +121,12 @@ class StockTaker final : public FolderVisitor {
     }
   }
 
-  void CannotList(StringView, const RunTimeError&) override {
-    // The scan for playlists, which goes the same way, tells of it.
+  void CannotList(StringView folder, const RunTimeError& failure) override {
+    if (rule_ != Rule::None) return;
+    constexpr StringView kRoot = u"C:\\";
+    const StringView bare =
+        folder.size() == kRoot.size() ? folder : folder.substr(0, folder.size() - 1);
+    stock_.unseen.push_back({String(bare), failure.Description()});
   }
 
   Stock Take() && { return std::move(stock_); }

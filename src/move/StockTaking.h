@@ -17,16 +17,25 @@ struct StockList {
   MovedPlaylist::SkipRule rule = MovedPlaylist::SkipRule::None;  ///< where nothing is taken from
 };
 
+/// A folder that nothing could be seen of.
+struct UnseenFolder {
+  String path;  ///< only a drive's root ends in a backslash
+  String reason;
+};
+
 /// All that a machine has of playlists and music, whatever names it.
 struct Stock {
   std::vector<StockList> lists;  ///< in the order of the folders, files before sub-folders
   /// The same, without those in folders that nothing is taken from, and the system's own sounds.
   std::vector<String> media;
   std::vector<UnlistedSong> skipped;  ///< those in folders that nothing is taken from
+  /// Folders that could not be listed, without those that nothing is taken from anyway.
+  std::vector<UnseenFolder> unseen;
 };
 
 /// Goes through all folders of the machine's fixed drives, with progress. A folder that cannot be
-/// listed is passed over: the scan for playlists, which goes the same way, warns of it.
+/// listed is passed over. The scan for playlists, which goes the same way, mostly warns of it, but
+/// not where the next try succeeds.
 ///
 /// Beside the known endings, files count as lists that begin as one does. To find these, files are
 /// opened; those whose endings tell that they are something else are not, nor is music.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "automation/RunTimeError.h"
 #include "move/MemoryMove.h"
 
 namespace norvo {
@@ -135,6 +136,49 @@ TEST_F(MovePlaylistsTest, APlaylistThatCannotBeReadIsLeftOut) {
             "C:\\Music\\Mix.m3u of type 0: left out, Unreadable, Permission denied");
   EXPECT_EQ(LineOf(move.playlists[1]), "C:\\Music\\Web.pls of type 4: restored");
   EXPECT_FALSE(move.IsWhole());
+}
+
+TEST_F(MovePlaylistsTest, AFolderThatCannotBeListedOnceLeavesNoPlaylistBehindUntold) {
+  const auto fill = [](MemoryMove& move) {
+    move.AddSong(u"C:\\Music\\One.mp3");
+    // The scan for playlists does not look for such a one.
+    move.from->AddFile(u"C:\\Music\\Mix.m3u8", "#EXTM3U\r\nOne.mp3\r\n");
+  };
+  fill(machines);
+  ASSERT_EQ(machines.Run().playlists.size(), 1u);
+  for (std::size_t k = 1; k <= machines.from->Calls(u"ListFolder"); ++k) {
+    MemoryMove failing;
+    fill(failing);
+    failing.from->FailOn(u"ListFolder", k, error::kDeviceInputOutput);
+    const MoveResult move = failing.Run();
+    EXPECT_FALSE(move.playlists.empty() && move.IsWhole()) << k;
+  }
+}
+
+TEST_F(MovePlaylistsTest, AFolderThatCanNeverBeListedIsToldOnce) {
+  machines.AddMix();
+  machines.from->AddFolder(u"C:\\Private");
+  machines.from->Files().Deny(u"C:\\Private");
+  EXPECT_EQ(LinesOf(machines.Run().warnings),
+            (Lines{"old: Library HelperMan::GetAllPlayLists -> Permission denied"}));
+}
+
+TEST_F(MovePlaylistsTest, ThePlayersArePointedAlsoWhenTheRestoringEndsBeforeItsEnd) {
+  const auto install = [](const MemoryMove& move) {
+    move.to->AddFile(u"C:\\Winamp\\Winamp.ini", "[Winamp]\r\nvolume=90\r\n");
+    move.to->SetRegistry(Hive::ClassesRoot, u"Winamp.File\\shell\\open\\command", u"",
+                         String(u"C:\\Winamp\\Winamp.exe %1"));
+  };
+  machines.AddMix();
+  install(machines);
+  ASSERT_EQ(machines.Run().settings.size(), 1u);
+  for (std::size_t k = 1; k <= machines.to->Calls(u"Append"); ++k) {
+    MemoryMove failing;
+    failing.AddMix();
+    install(failing);
+    failing.to->FailOn(u"Append", k, error::kDiskFull);
+    EXPECT_EQ(failing.Run().settings.size(), 1u) << k;
+  }
 }
 
 TEST_F(MovePlaylistsTest, ASongThatCannotBeReadIsLeftOutAndItsPlaylistGoes) {
