@@ -49,8 +49,7 @@ class LedgerWatcher final : public LibraryWatcher {
   }
   void OnNativeFile(StringView path, std::int32_t) override {
     const bool before = std::exchange(whole_, false);  // holds when the file is not to be written
-    // When the sub-names cannot be read for a moment it would stand where no player looks.
-    if (!path.starts_with(folder_)) throw RunTimeError(error::kPathNotFound);
+    RequireFree(path);
     ledger_.AddNative(String(path));
     whole_ = before;
     ++natives_;
@@ -78,10 +77,18 @@ class LedgerWatcher final : public LibraryWatcher {
  private:
   std::size_t NumberOf(StringView path) const { return numbers_.at(Fold(path)); }
 
+  /// Before anything is noted of a new list: what the ledger names is deleted after a stop.
+  void RequireFree(StringView path) const {
+    // When the sub-names cannot be read for a moment it would stand where no player looks.
+    if (!path.starts_with(folder_)) throw RunTimeError(error::kPathNotFound);
+    // Its name was chosen by a look that counts a failure as "not there".
+    if (library_.Files().FileExists(path)) throw RunTimeError(error::kPathFileAccess);
+  }
+
   bool WriteCompanion(std::size_t number) {
     return Attempt([&] {
       const String path = NewCompanionPath(library_, work_.drafts[number].originalName);
-      if (!path.starts_with(folder_)) throw RunTimeError(error::kPathNotFound);
+      RequireFree(path);
       ledger_.AddNative(path);
       library_.Machine().Settings().Write(
           path, CompanionText(work_.result.playlists[number], work_.drafts[number].told,

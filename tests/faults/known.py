@@ -8,8 +8,6 @@ KNOWN = {
         "a drive whose folder cannot be looked up counts as not there, untold",
     r'statx\(.*"Program Files':
         "a player whose program cannot be looked up counts as not there, untold",
-    r'statx\(.*PlayLists/Sonique/noon\.pls"':
-        "a foreign list that could not be looked up is written to",
     r'statx\(.*Norvo Media/Music(/Zo|")':
         "a place is chosen that a foreign song has, whose look-up failed; new lists lead to that one",
 }

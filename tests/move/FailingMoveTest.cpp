@@ -244,6 +244,31 @@ TEST(FailingMove, ThatGoesOnWhereOneWasStoppedIsHonestAndTheNextIsWhole) {
   ExpectHonestAndMendedByTheNext(kNewOnce, CarriedAlready);
 }
 
+/// A new machine where somebody else's lists have the names of those that are to come.
+MemoryMove ForeignLists() {
+  MemoryMove machines = OnePlaylist();
+  for (const StringView list : {u"Sonique\\Mix.pls", u"WinAmp\\Mix.m3u",
+                                u"Windows Media Player\\Mix.asx", u"Modern Players\\Mix.m3u8"}) {
+    machines.to->AddFile(u"C:\\My Documents\\Norvo Media\\PlayLists\\" + String(list), "foreign");
+  }
+  return machines;
+}
+
+TEST(FailingMove, NeverTouchesListsThatItHasNotMade) {
+  const Contents foreign = ContentsOf(*ForeignLists().to);
+  ForEachFailure(
+      kNewOnce, ForeignLists,
+      [&](const MemoryMove& machines, const std::optional<MoveResult>&, const std::string& where) {
+        static_cast<void>(ResultOf(machines));  // a next one
+        const Contents after = ContentsOf(*machines.to);
+        for (const auto& [path, bytes] : foreign) {
+          const auto found = after.find(path);
+          ASSERT_TRUE(found != after.end()) << path << ' ' << where;
+          EXPECT_EQ(found->second, bytes) << path << ' ' << where;
+        }
+      });
+}
+
 TEST(FailingMove, OfWhichTheOldMachineFailsForGoodIsHonestAndTheNextIsWhole) {
   ExpectHonestAndMendedByTheNext(kOldOn, OnePlaylist);
 }
