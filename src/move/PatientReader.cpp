@@ -16,6 +16,11 @@
 namespace norvo {
 namespace {
 
+// A move of so many takes ten seconds and 220 MiB. Nobody has a list of more, and a file that was
+// made to fill the memory is told by its name.
+constexpr std::size_t kMostItems = 100'000;
+constexpr const char16_t* kTooMany = u"it lists more than 100000 songs";
+
 /// A name whose ending tells how the file is to be read. The scan goes by the last three
 /// characters, whether or not a point stands before them; what begins as a list may be called
 /// anything.
@@ -43,9 +48,12 @@ PatientReader::PatientReader(Component& library, const Stock& stock, SongBook& s
 PatientReader::File PatientReader::Read(const String& path) {
   const std::string bytes = ReadWholeFile(*library_.Files().OpenForReading(path));
   const std::optional<ListedFile> file =
-      ReadListFile(NameForReading(path), bytes, library_.Machine().AnsiPage());
+      ReadListFile(NameForReading(path), bytes, library_.Machine().AnsiPage(), kMostItems + 1);
   File found;
   if (!file) return found;
+  for (const ListedList& list : file->lists) {
+    if (list.items.size() > kMostItems) throw RunTimeError(error::kOutOfMemory, kTooMany);
+  }
   found.isDamaged = file->isDamaged;
   const bool isLibrary = file->syntax == ListSyntax::ITunes;
   for (const ListedList& list : file->lists) {

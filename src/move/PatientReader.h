@@ -45,7 +45,7 @@ class PatientReader {
   /// found items in the pool.
   PatientReader(Component& library, const Stock& stock, SongBook& songs, TextPool& texts);
 
-  /// RunTimeError when the file cannot be read.
+  /// RunTimeError when the file cannot be read, or lists more than anybody's list does.
   File Read(const String& path);
 
  private:

@@ -4,8 +4,6 @@ told with its reason, and goes from here when it is mended."""
 import re
 
 KNOWN = {
-    r'newfstatat\(.*/(old|new)/[A-Z]"':
-        "a drive whose folder cannot be looked up counts as not there, untold",
     r'statx\(.*"Program Files':
         "a player whose program cannot be looked up counts as not there, untold",
     r'statx\(.*Norvo Media/Music(/Zo|")':

@@ -127,6 +127,18 @@ TEST_F(MovePlaylistsTest, APlaylistOfNothingThatExistsIsToldAndNotMoved) {
   EXPECT_TRUE(move.IsWhole());
 }
 
+TEST_F(MovePlaylistsTest, APlaylistOfMoreThanAnybodyHasIsLeftOutByName) {
+  std::string lines = "#EXTM3U\r\n";
+  for (int i = 0; i <= 100'000; ++i) lines += "http://x\r\n";
+  machines.from->AddFile(u"C:\\Music\\All.m3u", lines);
+  machines.AddMix();
+  const MoveResult move = machines.Run();
+  EXPECT_EQ(LineOf(move.playlists[0]),
+            "C:\\Music\\All.m3u of type 3: left out, Unreadable, it lists more than 100000 songs");
+  EXPECT_EQ(LineOf(move.playlists[1]), "C:\\Music\\Mix.m3u of type 3: restored");
+  EXPECT_FALSE(move.IsWhole());
+}
+
 TEST_F(MovePlaylistsTest, APlaylistThatCannotBeReadIsLeftOut) {
   machines.AddMix();
   machines.AddWeb();

@@ -48,9 +48,21 @@ String Shown(const fs::path& path) {
   return FromUtf8Lossy(ToDiskPath(path));
 }
 
+bool IsListed(const fs::path& path) {
+  std::error_code failure;
+  for (fs::directory_iterator at(path.parent_path(), failure), end; !failure && at != end;
+       at.increment(failure)) {
+    if (at->path().filename() == path.filename()) return true;
+  }
+  return false;
+}
+
+/// A folder that is there and cannot be looked up, such as one where a dead disk is mounted, counts
+/// as one: who lists it hears what is wrong with it.
 bool IsFolder(const fs::path& path) {
-  std::error_code ignored;
-  return fs::is_directory(path, ignored);
+  std::error_code failure;
+  const fs::file_type type = fs::status(path, failure).type();
+  return type == fs::file_type::directory || (type == fs::file_type::none && IsListed(path));
 }
 
 /// The folder of a drive in the machine's folder; the upper-case spelling goes before the other.

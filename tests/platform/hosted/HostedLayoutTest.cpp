@@ -162,5 +162,14 @@ TEST_F(HostedLayoutTest, WithoutSettingsEverySingleLetterFolderIsAFixedDrive) {
   EXPECT_TRUE(layout.warnings.empty());
 }
 
+TEST_F(HostedLayoutTest, AFolderThatCannotBeLookedUpIsADriveAllTheSame) {
+  std::filesystem::create_symlink("D", Disk("D"));  // leads to itself, as no name on a sound disk
+  std::filesystem::create_symlink("nowhere", Disk("E"));
+  const HostedLayout layout = ReadLayout(Disk(""));
+  ASSERT_EQ(layout.drives.size(), 2u);
+  EXPECT_EQ(layout.drives[1].letter, u'D');
+  EXPECT_EQ(layout.drives[1].folder, Disk("D"));
+}
+
 }  // namespace
 }  // namespace norvo
