@@ -71,8 +71,8 @@ std::string FindingText(const WorkWarning& warning) {
       return subject + "the check at the end has found " + detail + ", which is not the song " +
              ToUtf8(warning.wanted);
     case Kind::TagsNotRead:
-      return subject + "came over, but the names in it (its tags) could not be read: " +
-             ToUtf8(warning.detail) + ". It may stand among the songs without an artist";
+      return subject + "the names in it (its tags) could not be read: " + ToUtf8(warning.detail) +
+             ". It may stand among the songs without an artist";
     default:
       return subject + detail + " was " + ToUtf8(warning.wanted);
   }

@@ -79,11 +79,11 @@ std::size_t TextSize(const ListedItem& item) {
          item.album.size() + item.genre.size();
 }
 
-/// Makes lists, as long as there is room for their items.
+/// Makes lists of up to so many items, as long as there is room for the texts of all.
 class ListMaker {
  public:
   ListMaker(Tracks tracks, std::size_t most, std::size_t mostText)
-      : tracks_(std::move(tracks)), room_(most), textRoom_(mostText) {}
+      : tracks_(std::move(tracks)), most_(most), textRoom_(mostText) {}
 
   void Add(pugi::xml_node dictionary) {
     ListedList list;
@@ -110,15 +110,16 @@ class ListMaker {
       const auto track = tracks_.find(TextOf(value));
       if (track == tracks_.end()) return;
       const std::size_t size = TextSize(track->second);
-      if (room_ == 0 || textRoom_ < size) return;
-      --room_;
+      if (list.items.size() == most_) return;
+      list.isCut = list.isCut || textRoom_ < size;
+      if (list.isCut) return;
       textRoom_ -= size;
       list.items.push_back(track->second);
     });
   }
 
   Tracks tracks_;
-  std::size_t room_;
+  std::size_t most_;
   std::size_t textRoom_;
   std::vector<ListedList> lists_;
 };

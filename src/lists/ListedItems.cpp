@@ -20,9 +20,7 @@ std::vector<ListedList> OneList(ListedList list) {
   return lists;
 }
 
-}  // namespace
-
-std::vector<ListedList> ReadLists(StringView text, ListSyntax syntax, std::size_t most) {
+std::vector<ListedList> ReadUpTo(StringView text, ListSyntax syntax, std::size_t most) {
   switch (syntax) {
     case ListSyntax::Asx:
       return OneList(AsxItems(text, most));
@@ -40,6 +38,19 @@ std::vector<ListedList> ReadLists(StringView text, ListSyntax syntax, std::size_
       break;
   }
   return ITunesLists(text, most);
+}
+
+}  // namespace
+
+std::vector<ListedList> ReadLists(StringView text, ListSyntax syntax, std::size_t most) {
+  // One more tells whether there are more.
+  std::vector<ListedList> lists = ReadUpTo(text, syntax, most + 1);
+  for (ListedList& list : lists) {
+    if (list.items.size() <= most) continue;
+    list.items.pop_back();
+    list.isCut = true;
+  }
+  return lists;
 }
 
 std::vector<ListedItem> ListItems(StringView text, ListSyntax syntax, std::size_t most) {

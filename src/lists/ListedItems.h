@@ -37,14 +37,15 @@ struct ListedItem {
 struct ListedList {
   String name;  ///< as the file tells it; empty when it tells none
   std::vector<ListedItem> items;
+  bool isCut = false;  ///< more were listed, and are left out
 };
 
-/// No list has so many; a file made to fill the memory shall not.
-inline constexpr std::size_t kMostListedItems = 1'000'000;
+/// Nobody's list has so many; a file made to fill the memory shall not.
+inline constexpr std::size_t kMostListedItems = 100'000;
 
 /// The lists of a text: exactly one, but of an iTunes library each that its user made. What a
-/// player would play, in its order; what follows the first `most` items is left out. Looks at no
-/// disk; any text will do, and takes time and memory in proportion to its length.
+/// player would play, in its order; what follows the first `most` items of a list is left out.
+/// Looks at no disk; any text will do, and takes time and memory in proportion to its length.
 std::vector<ListedList> ReadLists(StringView text, ListSyntax syntax,
                                   std::size_t most = kMostListedItems);
 

@@ -9,10 +9,6 @@
 namespace norvo {
 namespace {
 
-StringView TrimBlanksAndTabs(StringView text) {
-  return Trim(text, IsBlankOrTab);
-}
-
 /// Of the section "Entry 12 Properties"; 0 for every other.
 std::size_t EntryNumberOf(StringView name) {
   constexpr StringView kBefore = u"Entry ";

@@ -1,6 +1,5 @@
 #include "move/MovePlaylists.h"
 
-#include <algorithm>
 #include <memory>
 #include <optional>
 #include <unordered_set>
@@ -81,6 +80,8 @@ class NewMachine {
   OpenedLibrary& Opened() { return library_; }
   /// Works on the machine itself, or of a dry run on what it would be.
   Component& Library() { return dryRun_ ? *planLibrary_ : library_.Get(); }
+  /// The files of `Library`, of which nothing is remembered but what a plan supposes.
+  FileSystem& Disk() { return dryRun_ ? planLibrary_->Files() : machine_->Fresh(); }
   /// Lies over the machine, and keeps what a plan supposes.
   OverlayPlatform& Plan() { return *plan_; }
   Component& PlanLibrary() { return *planLibrary_; }
@@ -163,13 +164,15 @@ void AddUnlisted(const Stock& stock, FileSystem& files, SongIdentities& identiti
 
 /// Warns of folders that only the taking of stock could not see; the scan has told of others.
 void TellUnseen(const std::vector<UnseenFolder>& unseen, MoveWork& work) {
+  std::unordered_set<String> told;
+  for (const WorkWarning& each : work.result.warnings) {
+    const bool isOfFolder = each.kind == WorkWarning::Kind::Library &&
+                            each.side == MachineSide::Old &&
+                            each.warning.kind == WarningKind::FolderNotListed;
+    if (isOfFolder) told.insert(each.warning.path);
+  }
   for (const UnseenFolder& folder : unseen) {
-    const std::vector<WorkWarning>& told = work.result.warnings;
-    const bool isTold = std::any_of(told.begin(), told.end(), [&](const WorkWarning& each) {
-      return each.kind == WorkWarning::Kind::Library && each.side == MachineSide::Old &&
-             each.warning.kind == WarningKind::FolderNotListed && each.warning.path == folder.path;
-    });
-    if (isTold) continue;
+    if (told.contains(folder.path)) continue;
     WorkWarning warning;
     warning.side = MachineSide::Old;
     warning.warning = {WarningKind::FolderNotListed, folder.path, folder.reason, folder.reason};
@@ -221,7 +224,7 @@ void TellUnreadTags(const MoveWork& work) {
 void Restore(NewMachine& machine, RestoreLedger& ledger, MoveWork& work) {
   machine.Memory().RememberMissing();
   try {
-    RestoreCarried(machine.Library(), ledger, work);
+    RestoreCarried(machine.Library(), machine.Disk(), ledger, work);
   } catch (const RunTimeError& failure) {
     // Without its ledger nothing can be restored; what is done until then is told all the same.
     for (MovedPlaylist& playlist : work.result.playlists) {

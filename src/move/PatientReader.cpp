@@ -16,9 +16,6 @@
 namespace norvo {
 namespace {
 
-// A move of so many takes ten seconds and 220 MiB. Nobody has a list of more, and a file that was
-// made to fill the memory is told by its name.
-constexpr std::size_t kMostItems = 100'000;
 constexpr const char16_t* kTooMany = u"it lists more than 100000 songs";
 
 /// A name whose ending tells how the file is to be read. The scan goes by the last three
@@ -48,11 +45,11 @@ PatientReader::PatientReader(Component& library, const Stock& stock, SongBook& s
 PatientReader::File PatientReader::Read(const String& path) {
   const std::string bytes = ReadWholeFile(*library_.Files().OpenForReading(path));
   const std::optional<ListedFile> file =
-      ReadListFile(NameForReading(path), bytes, library_.Machine().AnsiPage(), kMostItems + 1);
+      ReadListFile(NameForReading(path), bytes, library_.Machine().AnsiPage());
   File found;
   if (!file) return found;
   for (const ListedList& list : file->lists) {
-    if (list.items.size() > kMostItems) throw RunTimeError(error::kOutOfMemory, kTooMany);
+    if (list.isCut) throw RunTimeError(error::kOutOfMemory, kTooMany);
   }
   found.isDamaged = file->isDamaged;
   const bool isLibrary = file->syntax == ListSyntax::ITunes;

@@ -20,9 +20,10 @@ namespace {
 /// Keeps the ledger one step ahead of the queue.
 class LedgerWatcher final : public LibraryWatcher {
  public:
-  LedgerWatcher(Component& library, RestoreLedger& ledger, MoveWork& work)
+  LedgerWatcher(Component& library, FileSystem& disk, RestoreLedger& ledger, MoveWork& work)
       : LibraryWatcher(work.report, MachineSide::New, WorkPhase::Restoring),
         library_(library),
+        disk_(disk),
         ledger_(ledger),
         work_(work),
         folder_(DataCop::GetSubNamePath(library, DataCop::kPlayListSlot)) {
@@ -82,7 +83,7 @@ class LedgerWatcher final : public LibraryWatcher {
     // When the sub-names cannot be read for a moment it would stand where no player looks.
     if (!path.starts_with(folder_)) throw RunTimeError(error::kPathNotFound);
     // Its name was chosen by a look that counts a failure as "not there".
-    if (library_.Files().FileExists(path)) throw RunTimeError(error::kPathFileAccess);
+    if (disk_.FileExists(path)) throw RunTimeError(error::kPathFileAccess);
   }
 
   bool WriteCompanion(std::size_t number) {
@@ -97,6 +98,7 @@ class LedgerWatcher final : public LibraryWatcher {
   }
 
   Component& library_;
+  FileSystem& disk_;
   RestoreLedger& ledger_;
   MoveWork& work_;
   String folder_;                          // of all native playlists
@@ -126,8 +128,8 @@ void Settle(MovedPlaylist& playlist, RestoreLedger& ledger, const LedgerWatcher&
 
 }  // namespace
 
-void RestoreCarried(Component& library, RestoreLedger& ledger, MoveWork& work) {
-  LedgerWatcher watcher(library, ledger, work);
+void RestoreCarried(Component& library, FileSystem& disk, RestoreLedger& ledger, MoveWork& work) {
+  LedgerWatcher watcher(library, disk, ledger, work);
   {
     const ObserverScope scope(library, watcher);
     RunQueue(*library.Create(u"helperMan"), queue_mode::kRestore);

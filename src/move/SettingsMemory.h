@@ -26,6 +26,9 @@ class SettingsMemory final : public Platform {
   void RememberMissing() { memory_.RememberMissing(); }
   void ForgetMissing() { memory_.ForgetMissing(); }
 
+  /// The machine's own: asked anew each time.
+  FileSystem& Fresh() { return machine_->Files(); }
+
   FileSystem& Files() override { return files_; }
   norvo::Registry& Registry() override { return machine_->Registry(); }
   ShellFolders& Shell() override { return machine_->Shell(); }

@@ -78,7 +78,7 @@ struct WorkWarning {
     PlayerNotPointed,   ///< a player's setting `subject` cannot be made `wanted`, since `detail`
     CountedListWrong,   ///< counted at the end: `subject` lists `found` songs of `expected`
     CountedSongWrong,   ///< counted at the end: in `subject` stands `detail`, which is not `wanted`
-    TagsNotRead         ///< the song `subject` came over, but its tags were not read: `detail`
+    TagsNotRead         ///< the tags of the song `subject` were not read: `detail`
   };
 
   Kind kind = Kind::Library;            ///< decides which of the others are set

@@ -98,6 +98,11 @@ Classification Classify(Component& component, String& reference, StringView base
   return result;
 }
 
+/// A path that is not empty with a backslash at its end.
+void EndWithBackslash(String& path) {
+  if (path.back() != u'\\') path.push_back(u'\\');
+}
+
 String Reversed(StringView text) {
   return String(text.rbegin(), text.rend());
 }
@@ -163,7 +168,7 @@ String GetGroupRoot(Component& component) {
   if (!component.SubNames().loaded) LoadSubNames(component);
   String root;
   NVServices::GetSubGroupRoot(component, kGroup, root);
-  if (!root.empty() && root.back() != u'\\') root.push_back(u'\\');
+  if (!root.empty()) EndWithBackslash(root);
   return root;
 }
 
@@ -192,7 +197,7 @@ String GetSubNamePath(Component& component, int slot) {
   String path = GetGroupRoot(component);
   if (path.empty()) return {};
   path += component.SubNames().names.at(static_cast<std::size_t>(slot - 1));
-  if (path.back() != u'\\') path.push_back(u'\\');
+  EndWithBackslash(path);
   return path;
 }
 

@@ -14,10 +14,6 @@ constexpr std::size_t kSearchedLines = 32;
 // A section of a generic file has about so many.
 constexpr std::size_t kUsualLines = 14;
 
-StringView TrimBlanksAndTabs(StringView text) {
-  return Trim(text, IsBlankOrTab);
-}
-
 }  // namespace
 
 /// Of a part of the pool itself.

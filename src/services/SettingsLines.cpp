@@ -3,10 +3,6 @@
 namespace norvo {
 namespace {
 
-StringView TrimBlanksAndTabs(StringView text) {
-  return Trim(text, IsBlankOrTab);
-}
-
 SettingsLine LineOf(StringView text) {
   using Kind = SettingsLine::Kind;
   const StringView content = TrimBlanksAndTabs(text);

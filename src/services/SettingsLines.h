@@ -4,6 +4,11 @@
 
 namespace norvo {
 
+/// A name or a value without what may stand around it in a settings file.
+inline StringView TrimBlanksAndTabs(StringView text) {
+  return Trim(text, IsBlankOrTab);
+}
+
 /// A line of a settings file, as views of its text.
 struct SettingsLine {
   enum class Kind {

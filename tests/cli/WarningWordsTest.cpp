@@ -97,10 +97,9 @@ TEST(WarningWords, WhatTheReadingBackHasFoundIsToldOfTheFile) {
 TEST(WarningWords, WhatTheCheckAtTheEndHasFoundIsToldOfListAndSong) {
   EXPECT_EQ(TextOf(WarningOf(Kind::CountedListWrong, u"C:\\Mix.asx", {}, {}, 1, 2)),
             "C:\\Mix.asx: the check at the end has found 1 of 2 songs in it");
-  EXPECT_EQ(
-      TextOf(WarningOf(Kind::TagsNotRead, u"C:\\a.mp3", u"Device I/O error")),
-      "C:\\a.mp3: came over, but the names in it (its tags) could not be read: Device I/O error. "
-      "It may stand among the songs without an artist");
+  EXPECT_EQ(TextOf(WarningOf(Kind::TagsNotRead, u"C:\\a.mp3", u"Device I/O error")),
+            "C:\\a.mp3: the names in it (its tags) could not be read: Device I/O error. "
+            "It may stand among the songs without an artist");
   EXPECT_EQ(TextOf(WarningOf(Kind::CountedSongWrong, u"C:\\Mix.asx", u"C:\\a.mp3", u"C:\\b.mp3")),
             "C:\\Mix.asx: the check at the end has found \"C:\\a.mp3\", which is not the song "
             "C:\\b.mp3");

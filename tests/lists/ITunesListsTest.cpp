@@ -95,6 +95,17 @@ TEST(ITunesLists, ALibraryThatIsCutOffIsReadAsFarAsItGoes) {
   EXPECT_EQ(ITunes(u""), Lines{});
 }
 
+TEST(ITunesLists, HowManyItemsAListMayHaveIsCountedForEachOfThem) {
+  const String text =
+      String(kStart) + List(u"A", u"", {u"38", u"38"}) + List(u"B", u"", {u"38", u"38", u"38"});
+  const std::vector<ListedList> lists = ReadLists(text, ListSyntax::ITunes, 2);
+  ASSERT_EQ(lists.size(), 2u);
+  EXPECT_EQ(lists[0].items.size(), 2u);
+  EXPECT_FALSE(lists[0].isCut);
+  EXPECT_EQ(lists[1].items.size(), 2u);
+  EXPECT_TRUE(lists[1].isCut);
+}
+
 TEST(ITunesLists, ALibraryMadeToFillTheMemoryDoesNot) {
   constexpr std::size_t kLong = 100000;
   String text =
@@ -107,6 +118,7 @@ TEST(ITunesLists, ALibraryMadeToFillTheMemoryDoesNot) {
   }
   const std::vector<ListedList> lists = ITunesLists(text, kMostListedItems);
   ASSERT_EQ(lists.size(), 1u);
+  EXPECT_TRUE(lists.front().isCut);
   EXPECT_GT(lists.front().items.size(), 10u);
   EXPECT_LE(lists.front().items.size() * kLong, text.size() * 16);
 }

@@ -115,16 +115,16 @@ TEST(ListedItems, AListIsCutBehindAsManyItemsAsAreAskedFor) {
       u"<key>3</key><dict><key>Location</key><string>c</string></dict></dict>"
       u"<key>Playlists</key><array><dict><key>Playlist Items</key><array>"
       u"<dict><key>Track ID</key><integer>1</integer></dict>"
-      u"<dict><key>Track ID</key><integer>2</integer></dict></array></dict>"
-      u"<dict><key>Playlist Items</key><array>"
+      u"<dict><key>Track ID</key><integer>2</integer></dict>"
       u"<dict><key>Track ID</key><integer>3</integer></dict></array></dict></array>"};
   for (const ListSyntax syntax : kSyntaxes) {
     const StringView text = kTexts[static_cast<std::size_t>(syntax)];
     for (const std::size_t most : {0u, 1u, 2u, 3u, 4u}) {
-      const std::vector<ListedItem> items = ListItems(text, syntax, most);
-      ASSERT_EQ(items.size(), std::min<std::size_t>(most, 3)) << Utf8(text);
+      const ListedList list = ReadLists(text, syntax, most).front();
+      ASSERT_EQ(list.items.size(), std::min<std::size_t>(most, 3)) << Utf8(text);
+      EXPECT_EQ(list.isCut, most < 3) << Utf8(text);
       if (most > 1) {
-        EXPECT_TEXT(items[1].references.front(), u"b");
+        EXPECT_TEXT(list.items[1].references.front(), u"b");
       }
     }
   }
@@ -134,7 +134,9 @@ TEST(ListedItems, NoListIsLongerThanTheLimit) {
   String lines;
   for (std::size_t i = 0; i < kMostListedItems; ++i) lines += u"a\n";
   EXPECT_EQ(ListItems(lines, ListSyntax::M3u).size(), kMostListedItems);
+  EXPECT_FALSE(ReadLists(lines, ListSyntax::M3u).front().isCut);
   EXPECT_EQ(ListItems(lines + u"a", ListSyntax::M3u).size(), kMostListedItems);
+  EXPECT_TRUE(ReadLists(lines + u"a", ListSyntax::M3u).front().isCut);
 }
 
 }  // namespace

@@ -26,6 +26,14 @@ class MachineLockTest : public MachineFoldersTest {
     options.dryRun = dryRun;
     MovePlaylists(folders, options, nobody);
   }
+  /// A move is refused while somebody else works in that folder, and says who.
+  void ExpectRefused(const FolderMove& folders, const std::string& locked) const {
+    FileLock other = Others(locked);
+    ASSERT_TRUE(other.Take(false));
+    const std::string holder = Get(At(locked) / ".norvo-playlists.lock");
+    ExpectError(ErrorOf([&] { Move(folders); }), MoveFault::MachineBusy, At(locked).string(),
+                holder);
+  }
 };
 
 TEST_F(MachineLockTest, AFolderThatIsMissingIsMadeAndGoesWhenItStaysEmpty) {
@@ -47,12 +55,8 @@ TEST_F(MachineLockTest, AnEmptyFolderThatWasThereStays) {
 TEST_F(MachineLockTest, AMoveToAMachineThatIsWorkedOnEndsAtOnceAndSaysByWhom) {
   PutDisk("disk");
   fs::create_directories(At("new/C"));
-  FileLock other = Others("new");
-  ASSERT_TRUE(other.Take(false));
-  const std::string holder = Get(At("new/.norvo-playlists.lock"));
-  ExpectError(ErrorOf([&] { Move(Folders()); }), MoveFault::MachineBusy, At("new").string(),
-              holder);
-  EXPECT_EQ(Tree(At("new")).size(), 2u) << "nothing was written";
+  ExpectRefused(Folders(), "new");
+  EXPECT_EQ(Tree(At("new")).size(), 1u) << "nothing was written";
 }
 
 TEST_F(MachineLockTest, ADryRunNeedsNoLock) {
@@ -65,11 +69,7 @@ TEST_F(MachineLockTest, ADryRunNeedsNoLock) {
 
 TEST_F(MachineLockTest, AnOldMachineThatIsWrittenToIsLockedAsWell) {
   PutDisk("disk/C");
-  FileLock other = Others("disk");
-  ASSERT_TRUE(other.Take(false));
-  const std::string holder = Get(At("disk/.norvo-playlists.lock"));
-  ExpectError(ErrorOf([&] { Move(Folders()); }), MoveFault::MachineBusy, At("disk").string(),
-              holder);
+  ExpectRefused(Folders(), "disk");
 }
 
 TEST_F(MachineLockTest, AWorkFolderIsLockedInsteadOfTheOldMachine) {
@@ -80,10 +80,7 @@ TEST_F(MachineLockTest, AWorkFolderIsLockedInsteadOfTheOldMachine) {
   FolderMove folders = Folders();
   folders.work = At("work");
   EXPECT_NO_THROW(Move(folders));
-  FileLock onWork = Others("work");
-  ASSERT_TRUE(onWork.Take(false));
-  const std::string holder = Get(At("work/.norvo-playlists.lock"));
-  ExpectError(ErrorOf([&] { Move(folders); }), MoveFault::MachineBusy, At("work").string(), holder);
+  ExpectRefused(folders, "work");
 }
 
 TEST_F(MachineLockTest, WhoWaitsHearsForWhom) {
@@ -109,13 +106,9 @@ TEST_F(MachineLockTest, OfADiskTheProductsFolderIsLocked) {
   PutDisk("disk");
   PutDisk("newdisk");
   fs::create_directories(At("newdisk/Norvo"));
-  FileLock other = Others("newdisk/Norvo");
-  ASSERT_TRUE(other.Take(false));
   FolderMove folders = Folders();
   folders.to = At("newdisk");
-  const std::string holder = Get(At("newdisk/Norvo/.norvo-playlists.lock"));
-  ExpectError(ErrorOf([&] { Move(folders); }), MoveFault::MachineBusy, At("newdisk/Norvo").string(),
-              holder);
+  ExpectRefused(folders, "newdisk/Norvo");
 }
 
 }  // namespace

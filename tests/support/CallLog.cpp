@@ -27,14 +27,14 @@ void CallLog::CountDown() {
   }
   if (!onwards_) untilFailure_ = kNever;
   if (memory_) {
-    failed_ = true;
+    failedCall_ = trace_.back();
     throw std::bad_alloc();
   }
   Fail(number_);
 }
 
 void CallLog::Fail(std::int32_t number) {
-  failed_ = true;
+  failedCall_ = trace_.back();
   throw RunTimeError(number);
 }
 
@@ -43,7 +43,7 @@ void CallLog::Arm(std::size_t k, std::int32_t number, bool onwards, bool memory)
   number_ = number;
   onwards_ = onwards;
   memory_ = memory;
-  failed_ = false;
+  failedCall_.clear();
 }
 
 void CallLog::FailAt(std::size_t k, std::int32_t number) {
@@ -60,11 +60,24 @@ void CallLog::RunOutOfMemoryAt(std::size_t k) {
 
 void CallLog::FailOn(StringView operation, std::size_t k, std::int32_t number) {
   named_[String(operation)] = {k, number};
-  failed_ = false;
+  failedCall_.clear();
+}
+
+void CallLog::OverlookAt(std::size_t k) {
+  untilOverlooked_ = k;
+  failedCall_.clear();
+}
+
+bool CallLog::Overlooks() {
+  if (untilOverlooked_ == kNever || --untilOverlooked_ > 0) return false;
+  untilOverlooked_ = kNever;
+  failedCall_ = trace_.back();
+  return true;
 }
 
 void CallLog::StopFailing() {
   untilFailure_ = kNever;
+  untilOverlooked_ = kNever;
   named_.clear();
 }
 

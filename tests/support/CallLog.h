@@ -24,10 +24,16 @@ class CallLog {
   void RunOutOfMemoryAt(std::size_t k);
   /// The k-th call of the named operation from now on raises.
   void FailOn(StringView operation, std::size_t k, std::int32_t number);
+  /// The k-th look for a file from now on finds none, as on a disk that fails for a moment.
+  void OverlookAt(std::size_t k);
+  /// To be asked at each look for a file.
+  bool Overlooks();
   /// Nothing fails any more.
   void StopFailing();
   /// An operation has failed since a failure was last asked for.
-  bool HasFailed() const { return failed_; }
+  bool HasFailed() const { return !failedCall_.empty(); }
+  /// The line of the last one that has; empty when none has.
+  const String& Failed() const { return failedCall_; }
 
   std::size_t Total() const { return trace_.size(); }
   std::size_t Count(StringView operation) const;
@@ -52,10 +58,11 @@ class CallLog {
   std::vector<String> trace_;
   std::map<String, NamedFailure> named_;
   std::size_t untilFailure_ = kNever;
+  std::size_t untilOverlooked_ = kNever;
   std::int32_t number_ = 0;
   bool onwards_ = false;
   bool memory_ = false;
-  bool failed_ = false;
+  String failedCall_;
 };
 
 }  // namespace norvo

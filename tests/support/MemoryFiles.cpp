@@ -235,6 +235,7 @@ bool MemoryFiles::FolderExists(StringView path) {
 
 std::optional<FileFacts> MemoryFiles::FactsOf(StringView path) {
   calls_.Enter(u"FactsOf", path);
+  if (calls_.Overlooks()) return std::nullopt;
   const NodeRef node = FindFile(path);
   if (!node) return std::nullopt;
   return FileFacts{node->name, static_cast<double>(node->bytes.size()), node->created,

@@ -60,6 +60,7 @@ class RegistryText {
     std::size_t data = 0;   // behind the "="
   };
   using Values = std::unordered_map<String, Location, CaselessHash, CaselessEqual>;
+
   void Parse();
   void AddSection(StringView header, StringView text);
   void AppendTo(std::size_t key, std::size_t section);

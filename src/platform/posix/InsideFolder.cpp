@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "platform/files/DiskPath.h"
+#include "platform/posix/Descriptor.h"
 #include "platform/posix/Errno.h"
 
 #ifdef __linux__
@@ -18,11 +19,6 @@
 
 namespace norvo {
 namespace {
-
-FileResult<SystemFile> Owned(int descriptor) {
-  if (descriptor < 0) return LastFailure();
-  return SystemFile(descriptor);
-}
 
 /// Asks again as long as a signal comes in between.
 template <class Call>
@@ -136,6 +132,7 @@ InsideFolder::InsideFolder(const SystemFile& root, const std::string& path)
   const std::string_view folder = ParentOf(path);
   if (LeafOf(path) == "..") failure_ = FailureOf(EXDEV);
   if (folder.empty() || failure_) return;
+  // Part by part it takes a view of the path, which spares the copy that the call itself needs.
   FileResult<SystemFile> opened = OpensAtOneStroke()
                                       ? OpenInside(root, std::string(folder), kStartFlags)
                                       : OpenPartByPart(DescriptorOf(root), folder, kStartFlags, 0);

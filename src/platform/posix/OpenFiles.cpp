@@ -32,11 +32,6 @@ int FlagsFor(OpenMode mode) {
   return O_RDONLY | kNeverWait;
 }
 
-FileResult<SystemFile> OwnedOrFailure(int descriptor) {
-  if (descriptor < 0) return LastFailure();
-  return SystemFile(descriptor);
-}
-
 }  // namespace
 
 void SystemFile::Close() {
@@ -48,11 +43,11 @@ FileResult<SystemFile> OpenBeneath(const SystemFile& root, const std::string& pa
 }
 
 FileResult<SystemFile> OpenRoot(const std::string& path) {
-  return OwnedOrFailure(::open(path.c_str(), kStartFlags | O_CLOEXEC));
+  return Owned(::open(path.c_str(), kStartFlags | O_CLOEXEC));
 }
 
 FileResult<SystemFile> OpenSystemPath(const std::string& path) {
-  return OwnedOrFailure(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  return Owned(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
 }
 
 FileResult<SystemFile> CreateNew(const SystemFile& root, const std::string& path,
