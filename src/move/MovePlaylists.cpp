@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "automation/Attempt.h"
 #include "automation/RunTimeError.h"
 #include "library/Library.h"
 #include "move/Carrying.h"
@@ -148,7 +149,7 @@ void AddUnlisted(const Stock& stock, FileSystem& files, SongIdentities& identiti
     // A link may lead to the same file by another path.
     if (listed.contains(Fold(path))) continue;
     if (!met.insert(identities.Of(path)).second) continue;
-    const std::optional<FileFacts> facts = files.FactsOf(path);
+    const auto facts = AnswerOr(std::optional<FileFacts>(), [&] { return files.FactsOf(path); });
     const double size = facts ? facts->size : 0;
     if (!allMusic) {
       move.unlisted.push_back({path, size});

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "automation/Attempt.h"
 #include "model/PlaylistTypes.h"
 #include "move/NativeReading.h"
 
@@ -44,7 +45,7 @@ class Verifier {
 
   void Native(const std::vector<const MovedItem*>& items, const String& native) {
     const VerifiedPlaylist found = reader_.Read(native);
-    if (!found.whole && !library_.Files().FileExists(native)) return Warn(Kind::NativeGone, native);
+    if (!found.whole && IsGone(native)) return Warn(Kind::NativeGone, native);
     if (!found.whole || found.references.size() != items.size()) {
       Warn(Kind::NativeIncomplete, native, {}, {}, found.references.size(), items.size());
     }
@@ -55,6 +56,10 @@ class Verifier {
         ++result_.verification.checked;
       }
     }
+  }
+
+  bool IsGone(const String& native) {
+    return AnswerOr(false, [&] { return !library_.Files().FileExists(native); });
   }
 
   void Reference(const MovedItem& item, const VerifiedReference& found, const String& native) {
@@ -83,8 +88,10 @@ class Verifier {
     std::optional<bool>& known = rightSize_[number];
     if (!known) {
       const MovedSong& song = result_.songs[number];
-      const std::optional<FileFacts> facts = library_.Files().FactsOf(song.plainPlace);
-      known = facts && facts->size == song.size;
+      known = AnswerOr(false, [&] {
+        const std::optional<FileFacts> facts = library_.Files().FactsOf(song.plainPlace);
+        return facts && facts->size == song.size;
+      });
     }
     return *known;
   }

@@ -1,8 +1,10 @@
 #include "move/SongBook.h"
 
+#include "automation/Attempt.h"
+
 namespace norvo {
 
-/// Looks up before it notes anything: a look-up that fails leaves no number without a song.
+/// Looks up before it notes anything: a failure leaves no number without a song.
 std::size_t SongBook::NumberOf(const String& path, std::optional<double> size) {
   const auto spelling = bySpelling_.find(path);
   if (spelling != bySpelling_.end()) return spelling->second;
@@ -14,7 +16,8 @@ std::size_t SongBook::NumberOf(const String& path, std::optional<double> size) {
 
 std::size_t SongBook::Add(const String& path, std::optional<double> size) {
   if (!size) {
-    const std::optional<FileFacts> facts = files_.FactsOf(path);
+    // Of what cannot be looked up more is told when it is brought.
+    const auto facts = AnswerOr(std::optional<FileFacts>(), [&] { return files_.FactsOf(path); });
     size = facts ? facts->size : 0;
   }
   MovedSong& song = songs_.emplace_back();

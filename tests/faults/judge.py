@@ -18,6 +18,10 @@ from whole_files import (CONTENTS, LEDGER, LISTS, MUSIC, PASSING, PRODUCT, is_se
 OTHER_NAMES = "other names: a name that could not be looked up, or not written, counts as taken"
 BEGUN_LIST = "a begun list: killed while it was written; the ledger tells, and the next run mends it"
 
+# The file that tells that a player is there, by the settings that point it at its lists.
+PLAYER_FILES = {"DefaultFilesDirectory": "Sonique.exe", "OpenDir": "wmplayer.exe",
+                "SaveAsDir": "wmplayer.exe", "cwd": "Winamp.ini"}
+
 
 @dataclass(frozen=True)
 class Verdict:
@@ -147,7 +151,8 @@ class Judge:
                 yield f"{path}: {name}"
         for path, raw in self.new(self.reference).items():
             for value in lost_values(raw, now.get(path, b"")) if is_settings(path) else ():
-                if not re.search(rf", {value}: ", told):
+                # Or what tells that the player is there could not be looked up.
+                if not re.search(rf", {value}: |\\\\{PLAYER_FILES[value]}: ", told):
                     yield f"{path}: {value}"
 
     def next_run(self):

@@ -4,10 +4,10 @@ told with its reason, and goes from here when it is mended."""
 import re
 
 KNOWN = {
-    r'statx\(.*"Program Files':
-        "a player whose program cannot be looked up counts as not there, untold",
-    r'statx\(.*Norvo Media/Music(/Zo|")':
-        "a place is chosen that a foreign song has, whose look-up failed; new lists lead to that one",
+    r'statx\(.*"Program Files.*EACCES':
+        "a player whose program may not be looked up counts as not there, untold",
+    r'statx\(.*Norvo Media/Music(/Zo|").*EACCES':
+        "a place is chosen that a foreign song has, which may not be looked up; new lists lead there",
 }
 
 

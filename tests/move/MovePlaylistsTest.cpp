@@ -207,6 +207,18 @@ TEST_F(MovePlaylistsTest, ASongThatCannotBeReadIsLeftOutAndItsPlaylistGoes) {
   EXPECT_FALSE(move.IsWhole());
 }
 
+TEST_F(MovePlaylistsTest, SongsOnABadSpotOfTheDiskAreLeftOutAndAllElseGoes) {
+  machines.AddMix();
+  machines.from->AddFile(u"C:\\Music\\Alone.mp3", "ID3");
+  machines.from->Files().Break(u"C:\\Music\\Two.mp3");
+  machines.from->Files().Break(u"C:\\Music\\Alone.mp3");
+  MoveOptions all;
+  all.allMusic = true;
+  const MoveResult move = machines.Run(all);
+  EXPECT_EQ(LineOf(move.playlists[0]), "C:\\Music\\Mix.m3u of type 3: restored");
+  EXPECT_FALSE(move.IsWhole());
+}
+
 TEST_F(MovePlaylistsTest, ADryRunTellsTheSamePlanAndWritesNothingOnTheNewMachine) {
   machines.AddMix();
   machines.AddWeb();

@@ -15,6 +15,7 @@ struct MemoryFiles::Node {
   bool isFolder = false;
   bool readOnly = false;
   bool denied = false;
+  bool broken = false;
   FileTime created = kUsualFileTime;
   std::int64_t modified = 0;
   std::string bytes;
@@ -131,6 +132,12 @@ MemoryFiles::NodeRef MemoryFiles::FindFile(StringView path) const {
   return node && !node->isFolder ? node : nullptr;
 }
 
+MemoryFiles::NodeRef MemoryFiles::RequireNode(StringView path) const {
+  const NodeRef node = Find(path);
+  if (!node) throw std::out_of_range(ToUtf8(path));
+  return node;
+}
+
 MemoryFiles::NodeRef MemoryFiles::RequireParent(StringView path) const {
   NodeRef parent = Find(ParentFolder(FullPath(path)));
   if (!parent || !parent->isFolder) throw RunTimeError(error::kPathNotFound);
@@ -142,6 +149,7 @@ MemoryFiles::NodeRef MemoryFiles::RequireFile(StringView path) const {
   const NodeRef node = Find(path);
   if (!node || EndsInSeparator(path)) throw RunTimeError(error::kFileNotFound);
   if (node->isFolder) throw RunTimeError(error::kPathFileAccess);
+  if (node->broken) throw RunTimeError(error::kDeviceInputOutput);
   if (node->denied) throw RunTimeError(error::kPermissionDenied);
   return node;
 }
@@ -188,9 +196,11 @@ void MemoryFiles::SetReadOnly(StringView path) {
 }
 
 void MemoryFiles::Deny(StringView path) {
-  const NodeRef node = Find(path);
-  if (!node) throw std::out_of_range(ToUtf8(path));
-  node->denied = true;
+  RequireNode(path)->denied = true;
+}
+
+void MemoryFiles::Break(StringView path) {
+  RequireNode(path)->broken = true;
 }
 
 void MemoryFiles::SetVersion(StringView path, StringView version) {
@@ -238,6 +248,7 @@ std::optional<FileFacts> MemoryFiles::FactsOf(StringView path) {
   if (calls_.Overlooks()) return std::nullopt;
   const NodeRef node = FindFile(path);
   if (!node) return std::nullopt;
+  if (node->broken) throw RunTimeError(error::kDeviceInputOutput);
   return FileFacts{node->name, static_cast<double>(node->bytes.size()), node->created,
                    node->modified};
 }

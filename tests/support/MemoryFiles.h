@@ -30,6 +30,8 @@ class MemoryFiles final : public FileSystem, public SettingsStorage {
   void SetReadOnly(StringView path);
   /// Opening the file, or listing the folder, raises error 70 from now on.
   void Deny(StringView path);
+  /// Opening the file, and looking for it, raises error 57 from now on.
+  void Break(StringView path);
   void SetVersion(StringView path, StringView version);
 
   bool HasFile(StringView path) const;
@@ -65,6 +67,7 @@ class MemoryFiles final : public FileSystem, public SettingsStorage {
 
   NodeRef Find(StringView path) const;
   NodeRef FindFile(StringView path) const;
+  NodeRef RequireNode(StringView path) const;
   NodeRef RequireFile(StringView path) const;
   NodeRef RequireParent(StringView path) const;
   NodeRef MakeFolder(StringView path);

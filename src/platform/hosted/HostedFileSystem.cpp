@@ -41,13 +41,24 @@ FileRecord RecordOfRegular(const SystemFile& file, StringView path) {
 
 }  // namespace
 
+/// What the disk cannot tell of must not count as "not there": a song would be missed, or another
+/// one take its place.
+std::optional<DiskEntry> HostedFileSystem::Look(StringView path) {
+  std::optional<DiskEntry> entry = resolver_.Find(path);
+  const Kind reason = resolver_.Reason();
+  const bool isUntold = reason == Kind::DiskFailed || reason == Kind::TooManyOpenFiles ||
+                        reason == Kind::OutOfMemory || reason == Kind::Other;
+  if (!entry && isUntold) RaiseFileError(reason, Subject::File, path);
+  return entry;
+}
+
 bool HostedFileSystem::FolderExists(StringView path) {
-  const std::optional<DiskEntry> entry = resolver_.Find(path);
+  const std::optional<DiskEntry> entry = Look(path);
   return entry && entry->record.kind == FileRecord::Kind::Folder;
 }
 
 std::optional<FileFacts> HostedFileSystem::FactsOf(StringView path) {
-  std::optional<DiskEntry> entry = resolver_.Find(path);
+  std::optional<DiskEntry> entry = Look(path);
   if (!entry || entry->record.kind != FileRecord::Kind::File) return std::nullopt;
   std::optional<String> name = FromDiskName(LeafOf(entry->path));
   if (!name) return std::nullopt;
@@ -260,8 +271,9 @@ String HostedFileSystem::FileVersion(StringView path) {
   return FileExists(path) ? ProgramVersion(*OpenForReading(path)) : String();
 }
 
+/// A guess between two names, which needs no answer of the disk.
 String HostedFileSystem::SystemFolder() {
-  const bool older = !FolderExists(u"C:\\Windows") && FolderExists(u"C:\\WINNT");
+  const bool older = !resolver_.FindFolder(u"C:\\Windows") && resolver_.FindFolder(u"C:\\WINNT");
   return older ? u"C:\\WINNT\\System32\\" : u"C:\\Windows\\System32\\";
 }
 

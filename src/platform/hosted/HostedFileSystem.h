@@ -73,6 +73,7 @@ class HostedFileSystem final : public FileSystem {
   DrivePath CreateFolders(StringView path);
   DrivePath PathOfNew(const DrivePath& folder, StringView path);
   void WarnOfName(StringView folder, std::string_view name);
+  std::optional<DiskEntry> Look(StringView path);
   [[noreturn]] void RaiseMissing(StringView path);
 
   const DriveMap& drives_;

@@ -3,7 +3,12 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <cstdint>
 
+#include "automation/RunTimeError.h"
+#include "support/ChildProcess.h"
+#include "support/RefusedCalls.h"
 #include "support/TestMachine.h"
 
 namespace norvo {
@@ -73,6 +78,27 @@ TEST_F(HostedFileSystemTest, AFolderWithoutPermissionRaisesPermissionDenied) {
   EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForReading(u"C:\\closed\\a"); }), 70);
   std::filesystem::permissions(Disk("C/closed"), std::filesystem::perms::owner_all);
 }
+
+#ifdef __linux__
+TEST_F(HostedFileSystemTest, WhatTheDiskCannotTellOfIsNotMissing) {
+  Put(Disk("C/Music/a.mp3"), "");
+  const auto numbersWhenRefusedBy = [&](int reason) {
+    return ExitOfChild([&] {
+      const std::uint32_t number = static_cast<std::uint32_t>(reason);
+      if (!Files().FolderExists(u"C:\\Music") || !RefuseCalls({{SYS_statx, number}})) return kSkip;
+      const int ofFile = NumberRaisedBy([&] { Files().FactsOf(u"C:\\Music\\b.mp3"); });
+      const int ofFolder = NumberRaisedBy([&] { Files().FolderExists(u"C:\\Other"); });
+      const bool guesses = NumberRaisedBy([&] { Files().SystemFolder(); }) == 0;
+      return guesses && ofFile == ofFolder ? ofFile : 1;
+    });
+  };
+  const int failed = numbersWhenRefusedBy(EIO);
+  if (failed == kSkip) GTEST_SKIP() << "no call can be refused here";
+  EXPECT_EQ(failed, error::kDeviceInputOutput);
+  EXPECT_EQ(numbersWhenRefusedBy(ENOMEM), error::kOutOfMemory);
+  EXPECT_EQ(numbersWhenRefusedBy(EACCES), 0) << "nobody here can have it";
+}
+#endif
 
 TEST_F(HostedFileSystemTest, NamesThatNoPathCanExpressCostOneWarningEach) {
   Put(Disk("C/m") / "bad\xFF.mp3", "x");
