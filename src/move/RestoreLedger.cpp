@@ -8,6 +8,7 @@
 #include "services/Utility.h"
 #include "text/Encoding.h"
 #include "text/Fingerprint.h"
+#include "text/Number.h"
 
 namespace norvo {
 namespace {
@@ -19,7 +20,7 @@ constexpr const char* kTitle =
 // The kinds of lines. A line is whole only with its line end.
 constexpr StringView kBegin = u"begin";    // fingerprint, neutral file, key of the playlist
 constexpr StringView kNative = u"native";  // path
-constexpr StringView kDone = u"done";
+constexpr StringView kDone = u"done";      // until it is durable with a size for each native
 constexpr StringView kUndone = u"undone";
 constexpr StringView kSong = u"song";  // its name, place, artist, album, maybe full place
 
@@ -47,10 +48,6 @@ std::string NativeLine(const String& path) {
   return ToUtf8(kNative) + '\t' + ToUtf8(path) + "\r\n";
 }
 
-std::string EndLine(StringView kind) {
-  return ToUtf8(kind) + "\r\n";
-}
-
 std::string PrintOf(std::string_view bytes) {
   return TextOf(FingerprintOf(bytes));
 }
@@ -60,9 +57,10 @@ std::string PrintOf(std::string_view bytes) {
 RestoreLedger::RestoreLedger(Component& machine, const String& dataArea)
     : machine_(machine), path_(dataArea + u"Restored.txt") {
   const bool whole = Load();
-  if (whole && !current_) return;
-  if (current_) DeleteUnfinished(*current_);
-  current_.reset();
+  if (whole && !current_ && cutOff_.empty()) return;
+  if (current_) cutOff_.push_back(*std::exchange(current_, std::nullopt));
+  for (const Row& row : cutOff_) DeleteUnfinished(row);
+  cutOff_.clear();
   try {
     Compact();
   } catch (const RunTimeError&) {
@@ -93,12 +91,30 @@ void RestoreLedger::Take(const std::vector<String>& fields) {
   } else if (fields.size() == 2 && fields[0] == kNative && current_) {
     current_->natives.push_back(fields[1]);
   } else if (fields[0] == kDone && current_) {
-    // Earlier versions noted a list as done of which nothing was written: it is to be restored.
-    if (!current_->natives.empty()) Keep();
+    current_->isDurable = fields.size() == 1;
+    if (!current_->isDurable && !AreWhole(current_->natives, std::span(fields).subspan(1))) {
+      cutOff_.push_back(*std::move(current_));
+    } else if (!current_->natives.empty()) {
+      // Earlier versions noted a list as done of which nothing was written: it is to be restored.
+      Keep();
+    }
     current_.reset();
   } else if (fields[0] == kUndone) {
     current_.reset();
   }
+}
+
+/// Empty for a list that is not there.
+String RestoreLedger::SizeOf(const String& native) {
+  const std::optional<FileFacts> facts = machine_.Files().FactsOf(native);
+  return facts ? FormatInteger(static_cast<std::int64_t>(facts->size)) : String();
+}
+
+bool RestoreLedger::AreWhole(const std::vector<String>& natives, std::span<const String> sizes) {
+  return std::equal(natives.begin(), natives.end(), sizes.begin(), sizes.end(),
+                    [this](const String& native, const String& size) {
+                      return !size.empty() && SizeOf(native) == size;
+                    });
 }
 
 void RestoreLedger::Keep() {
@@ -167,13 +183,16 @@ void RestoreLedger::AddNative(const String& path) {
 void RestoreLedger::End(bool whole) {
   if (!current_) return;
   const bool done = whole && !current_->natives.empty();
+  std::string line = ToUtf8(done ? kDone : kUndone);
   if (done) {
+    for (const String& native : current_->natives) line += '\t' + ToUtf8(SizeOf(native));
+    current_->isDurable = false;
     Keep();
   } else {
     DeleteNatives(*current_);
     current_.reset();
   }
-  Append(EndLine(done ? kDone : kUndone));
+  Append(line + "\r\n");
 }
 
 void RestoreLedger::Append(const std::string& line) {
@@ -202,13 +221,26 @@ void RestoreLedger::DeleteNatives(const Row& row) {
   for (const String& native : row.natives) Utility::DeleteFileForced(machine_, native);
 }
 
+/// With the ledger itself, which tells until it is written anew whose they are.
+void RestoreLedger::MakeDurable() {
+  std::vector<String> paths;
+  for (const auto& [folded, row] : restored_) {
+    if (!row.isDurable) paths.insert(paths.end(), row.natives.begin(), row.natives.end());
+  }
+  if (paths.empty()) return;
+  paths.push_back(path_);
+  machine_.Files().MakeDurable(paths);
+  for (auto& [folded, row] : restored_) row.isDurable = true;
+}
+
 void RestoreLedger::Compact() {
+  MakeDurable();
   growing_.reset();
   std::string text = kTitle;
   for (const auto& [folded, row] : restored_) {
     text += BeginLine(row.fingerprint, row.genericFile, row.key);
     for (const String& native : row.natives) text += NativeLine(native);
-    text += EndLine(kDone);
+    text += ToUtf8(kDone) + "\r\n";
   }
   for (const auto& [song, known] : places_) {
     for (const KnownPlace& place : known) text += SongLine(song, place);

@@ -3,6 +3,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -21,10 +22,13 @@ struct KnownPlace {
 /// What a machine remembers of the moves to it: the generic files that were restored, by path and
 /// content, with the native playlists made of each, and the places of the songs. It stands in
 /// "Restored.txt" of the data area, is written ahead of each step, and so survives a run that is
-/// killed: what such a run has left unfinished is taken away before the next.
+/// killed: what such a run has left unfinished is taken away before the next. What was done counts
+/// from its writing anew on without a look; before, the sizes of the native playlists are noted
+/// with it, and what a loss of power has cut off is unfinished.
 class RestoreLedger {
  public:
-  /// Reads the machine's ledger. Playlists that were begun and not finished are deleted.
+  /// Reads the machine's ledger. Playlists that were begun and not finished are deleted. Raises
+  /// when a native playlist whose size was noted cannot be looked up.
   RestoreLedger(Component& machine, const String& dataArea);
 
   /// True for a generic file that was restored as it is now.
@@ -49,7 +53,10 @@ class RestoreLedger {
   /// Adds a place, or the names of one that is known. Is durable after the next `Compact`.
   void AddPlace(const String& song, const KnownPlace& place);
 
-  /// Writes the ledger anew, in the order of the names.
+  /// Waits until all native playlists that were noted since the last `Compact` are on the disk.
+  void MakeDurable();
+
+  /// The same, and writes the ledger anew, in the order of the names.
   void Compact();
 
  private:
@@ -58,6 +65,7 @@ class RestoreLedger {
     std::string key;
     std::string fingerprint;
     std::vector<String> natives;
+    bool isDurable = true;  // they are on the disk, and not only noted
   };
 
   bool Load();
@@ -66,6 +74,8 @@ class RestoreLedger {
   void Append(const std::string& line);
   void DeleteNatives(const Row& row);
   void DeleteUnfinished(const Row& row);
+  String SizeOf(const String& native);
+  bool AreWhole(const std::vector<String>& natives, std::span<const String> sizes);
   void Keep();
 
   Component& machine_;
@@ -76,6 +86,7 @@ class RestoreLedger {
   std::map<std::string, String> byKey_;  // the folded paths of those with a key
   std::map<String, std::vector<KnownPlace>> places_;
   std::optional<Row> current_;  // begun and not ended
+  std::vector<Row> cutOff_;     // noted as done, and not whole
 };
 
 }  // namespace norvo

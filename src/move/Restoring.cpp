@@ -134,6 +134,7 @@ void RestoreCarried(Component& library, FileSystem& disk, RestoreLedger& ledger,
     const ObserverScope scope(library, watcher);
     RunQueue(*library.Create(u"helperMan"), queue_mode::kRestore);
   }
+  ledger.MakeDurable();
   try {
     ledger.Compact();
   } catch (const RunTimeError&) {

@@ -88,6 +88,7 @@ class SettingsMemory final : public Platform {
       return files_.OpenForReading(path);
     }
     std::unique_ptr<AppendFile> OpenForAppending(StringView path, bool create) override;
+    void MakeDurable(std::span<const String> paths) override { files_.MakeDurable(paths); }
     std::vector<FolderItem> ListFolder(StringView path,
                                        std::span<const StringView> endings) override {
       return files_.ListFolder(path, endings);

@@ -33,6 +33,8 @@ class OverlayFiles final : public FileSystem, public SettingsStorage {
   void CreateFolder(StringView path) override;
   void RemoveFile(StringView path, bool force) override;
   std::unique_ptr<BinaryFile> OpenForReading(StringView path) override;
+  /// Nothing was written to a disk.
+  void MakeDurable(std::span<const String>) override {}
   std::unique_ptr<AppendFile> OpenForAppending(StringView path, bool create) override;
   std::vector<FolderItem> ListFolder(StringView path, std::span<const StringView> endings) override;
   String AbsolutePathName(StringView path) override {

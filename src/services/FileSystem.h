@@ -98,6 +98,10 @@ class FileSystem {
   /// Never null; with `create` a file that is missing is made.
   virtual std::unique_ptr<AppendFile> OpenForAppending(StringView path, bool create) = 0;
 
+  /// Waits until what was written to the files would outlast a loss of power, as far as the system
+  /// can tell; passes over those that are not there.
+  virtual void MakeDurable(std::span<const String> paths) = 0;
+
   /// Names in a folder: all sub-folders, and the files whose last characters are one of `endings`
   /// without regard to case (all files when there are none). In no particular order.
   virtual std::vector<FolderItem> ListFolder(StringView path,

@@ -219,6 +219,22 @@ TEST_F(MovePlaylistsTest, SongsOnABadSpotOfTheDiskAreLeftOutAndAllElseGoes) {
   EXPECT_FALSE(move.IsWhole());
 }
 
+TEST_F(MovePlaylistsTest, NewListsAreOnTheDiskBeforeTheLedgerCountsOnThem) {
+  machines.AddMix();
+  machines.Run();
+  const String ledger = u"C:\\My Documents\\Norvo Media\\KVs\\Restored.txt";
+  Lines last;  // of the calls
+  for (const String& call : machines.to->Log().Trace()) {
+    const bool isOfInterest = call.starts_with(u"MakeDurable") ||
+                              (call.starts_with(u"Settings.Write") && call.ends_with(ledger));
+    if (isOfInterest) last.push_back(Utf8(call.substr(call.rfind(u'\\') + 1)));
+  }
+  ASSERT_GE(last.size(), 7u);
+  last.erase(last.begin(), last.end() - 7);
+  EXPECT_EQ(last, (Lines{"Mix.pls", "Mix.m3u", "Mix.asx", "Mix.m3u", "Mix.m3u8", "Restored.txt",
+                         "Restored.txt"}));
+}
+
 TEST_F(MovePlaylistsTest, ADryRunTellsTheSamePlanAndWritesNothingOnTheNewMachine) {
   machines.AddMix();
   machines.AddWeb();

@@ -222,6 +222,38 @@ TEST_F(RestoreLedgerTest, WhereverTheLedgerIsTornTheNextRunIsRight) {
   }
 }
 
+TEST_F(RestoreLedgerTest, WhatALossOfPowerHasCutOffIsRestoredAnew) {
+  for (const char* const left : {"nat", ""}) {
+    Restore(kPop, {"Pop.asx"});
+    Restore(kMix, {"Mix.asx", "Mix.m3u"});
+    WriteFile(NativePlace("Mix.m3u"), left);
+    Restart();
+    EXPECT_FALSE(IsRestored(kMix)) << left;
+    EXPECT_FALSE(IsThere("Mix.asx")) << left;
+    EXPECT_FALSE(IsThere("Mix.m3u")) << left;
+    EXPECT_TRUE(IsRestored(kPop)) << left;
+    EXPECT_TRUE(IsThere("Pop.asx")) << left;
+  }
+}
+
+TEST_F(RestoreLedgerTest, WhatALossOfPowerHasTakenAwayIsRestoredAnew) {
+  Restore(kMix, {"Mix.asx", "Mix.m3u"});
+  fs::remove(NativePlace("Mix.asx"));
+  Restart();
+  EXPECT_FALSE(IsRestored(kMix));
+  EXPECT_FALSE(IsThere("Mix.m3u"));
+}
+
+TEST_F(RestoreLedgerTest, OnceItIsWrittenAnewItsListsAreTheUsers) {
+  Restore(kMix, {"Mix.asx", "Mix.m3u"});
+  Ledger().Compact();
+  WriteFile(NativePlace("Mix.asx"), "edited");
+  fs::remove(NativePlace("Mix.m3u"));
+  Restart();
+  EXPECT_TRUE(IsRestored(kMix));
+  EXPECT_TRUE(IsThere("Mix.asx"));
+}
+
 TEST_F(RestoreLedgerTest, CompactedItDoesNotTellTheOrderOfTheWork) {
   Restore(kMix, {"Mix.asx"});
   Ledger().Begin(u"C:\\Docs\\Gone.ini");

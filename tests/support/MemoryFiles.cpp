@@ -288,6 +288,10 @@ std::unique_ptr<AppendFile> MemoryFiles::OpenForAppending(StringView path, bool 
   return std::make_unique<GrowingFile>(node, calls_);
 }
 
+void MemoryFiles::MakeDurable(std::span<const String> paths) {
+  for (const String& path : paths) calls_.Enter(u"MakeDurable", path);
+}
+
 std::vector<FolderItem> MemoryFiles::ListFolder(StringView path,
                                                 std::span<const StringView> endings) {
   calls_.Enter(u"ListFolder", path);

@@ -47,6 +47,7 @@ class MemoryFiles final : public FileSystem, public SettingsStorage {
   void RemoveFile(StringView path, bool force) override;
   std::unique_ptr<BinaryFile> OpenForReading(StringView path) override;
   std::unique_ptr<AppendFile> OpenForAppending(StringView path, bool create) override;
+  void MakeDurable(std::span<const String> paths) override;
   /// Sub-folders and files mixed, in reverse name order.
   std::vector<FolderItem> ListFolder(StringView path, std::span<const StringView> endings) override;
   String AbsolutePathName(StringView path) override;

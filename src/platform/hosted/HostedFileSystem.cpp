@@ -180,6 +180,27 @@ std::unique_ptr<AppendFile> HostedFileSystem::OpenForAppending(StringView path, 
   return std::make_unique<HostedAppendFile>(std::move(file), path);
 }
 
+void HostedFileSystem::MakeDurable(std::span<const String> paths) {
+  constexpr std::size_t kOpenAtOnce = 64;
+  for (std::size_t done = 0; done < paths.size(); done += kOpenAtOnce) {
+    Flush(paths.subspan(done, std::min(kOpenAtOnce, paths.size() - done)));
+  }
+}
+
+void HostedFileSystem::Flush(std::span<const String> paths) {
+  std::vector<Opened> opened;
+  for (const String& path : paths) {
+    if (std::optional<Opened> file = OpenExisting(path, OpenMode::Read)) {
+      opened.push_back(*std::move(file));
+    }
+  }
+  std::vector<const SystemFile*> files;
+  for (const Opened& each : opened) files.push_back(&each.file);
+  for (const FileFailure& failure : FlushToDisk(files)) {
+    if (failure) RaiseFileError(failure, Subject::File, paths.front());
+  }
+}
+
 DrivePath HostedFileSystem::CreateFolders(StringView path) {
   if (const std::optional<DrivePath> folder = resolver_.FindFolder(path)) return *folder;
   const StringView parent = FolderOf(path);

@@ -35,6 +35,7 @@ class HostedFileSystem final : public FileSystem {
   std::unique_ptr<AppendFile> OpenForAppending(StringView path, bool create) override;
   /// Links to files are listed as files. Links to folders are left out, so that a walk through all
   /// folders ends; a path that names such a link leads into its folder all the same.
+  void MakeDurable(std::span<const String> paths) override;
   std::vector<FolderItem> ListFolder(StringView path, std::span<const StringView> endings) override;
   String AbsolutePathName(StringView path) override;
   DriveType TypeOfDrive(StringView path) override;
@@ -69,6 +70,7 @@ class HostedFileSystem final : public FileSystem {
   };
   std::optional<Opened> OpenExisting(StringView path, OpenMode mode);
   SystemFile CreateForAppending(StringView path);
+  void Flush(std::span<const String> paths);
   Opened OpenListed(StringView path);
   DrivePath CreateFolders(StringView path);
   DrivePath PathOfNew(const DrivePath& folder, StringView path);

@@ -145,6 +145,16 @@ std::unique_ptr<AppendFile> WindowsFileSystem::OpenForAppending(StringView path,
       OpenFile(path, kAccess, FILE_SHARE_READ | FILE_SHARE_WRITE, create), path);
 }
 
+void WindowsFileSystem::MakeDurable(std::span<const String> paths) {
+  for (const String& path : paths) {
+    if (!FileExists(path)) continue;
+    const FileHandle file = OpenFile(path, GENERIC_WRITE, kShareAll, false);
+    if (!::FlushFileBuffers(file.Get())) {
+      RaiseWindowsError(::GetLastError(), Subject::File, path);
+    }
+  }
+}
+
 void WindowsFileSystem::WarnOfName(StringView folder, StringView name) {
   const String path = String(folder).append(u"\\").append(name);
   if (warned_.size() < kMostRemembered && !warned_.insert(path).second) return;

@@ -30,6 +30,8 @@ class WindowsFileSystem final : public FileSystem {
   std::unique_ptr<BinaryFile> OpenForReading(StringView path) override;
   /// `CreateFileW`; others may read the file and add to it meanwhile.
   std::unique_ptr<AppendFile> OpenForAppending(StringView path, bool create) override;
+  /// `FlushFileBuffers`.
+  void MakeDurable(std::span<const String> paths) override;
   /// Links to files are listed as files. Junctions, links to folders and mounted disks are left
   /// out, so that a walk through all folders ends; a path that names one leads into its folder all
   /// the same.
