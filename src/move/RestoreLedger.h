@@ -67,6 +67,7 @@ class RestoreLedger {
   void DeleteNatives(const Row& row);
   void DeleteUnfinished(const Row& row);
   void Keep();
+  void TakeKey(const std::string& key, const String& folded);
 
   Component& machine_;
   String path_;
