@@ -1,10 +1,8 @@
 #pragma once
 
-#include <cstdint>
-#include <cstdlib>
 #include <memory>
-#include <string_view>
 
+#include "Fuzzing.h"
 #include "automation/RunTimeError.h"
 #include "library/Library.h"
 #include "support/MemoryPlatform.h"
@@ -30,10 +28,6 @@ inline void ReadFuzzedPlaylist(std::int32_t type, StringView name, std::string_v
   const ObjectRef entries = std::get<ObjectRef>(playlist->Get(u"PlayListEntries"));
   const std::int32_t total = std::get<std::int32_t>(entries->Get(u"TotalSongs"));
   if (written && total == 0) std::abort();
-}
-
-inline std::string_view AsBytes(const std::uint8_t* data, std::size_t size) {
-  return {reinterpret_cast<const char*>(data), size};
 }
 
 }  // namespace norvo

@@ -1,12 +1,60 @@
-// Any bytes as a settings file: what is written must read back as it was.
-#include "FuzzedPlaylist.h"
-#include "services/IniDocument.h"
+// Any bytes as a settings file, with changes behind its first zero byte (pieces of section, key and
+// value): what is written reads back as it was, and a draft of it is the same document.
+#include "Fuzzing.h"
+#include "move/GenericDraft.h"
+#include "services/SettingsLines.h"
 #include "text/Encoding.h"
 
+namespace {
+
+using namespace norvo;
+
+/// Without what a file cannot hold, or holds as another text.
+String Name(std::string_view bytes) {
+  String name = Windows1252().Decode(bytes);
+  for (char16_t& unit : name) {
+    if (IsAsciiControl(unit) || unit == u'=' || unit == u'[' || unit == u']' || unit == u';') {
+      unit = u'_';
+    }
+  }
+  return String(Trim(u'k' + name));
+}
+
+/// A draft leaves no empty line behind a key whose value ends in a line end.
+String Value(std::string_view bytes) {
+  String value = Windows1252().Decode(bytes);
+  while (!value.empty() && IsAsciiControl(value.back())) value.pop_back();
+  return value;
+}
+
+void Change(std::string_view changes, IniDocument& document, GenericDraft& draft) {
+  while (!changes.empty()) {
+    const String name = Name(TakePiece(changes));
+    const String key = Name(TakePiece(changes));
+    const String value = Value(TakePiece(changes));
+    const std::size_t section = document.FindOrAddSection(name);
+    const std::size_t drafted = draft.FindOrAddSection(name);
+    document.SetValue(section, key, value);
+    draft.SetValue(drafted, key, value);
+    Require(document.Value(section, key) == draft.Value(drafted, key));
+    Require(document.FindSection(name) == section && draft.FindSection(name) == drafted);
+    Require(HasSetting(document.ToText(), name, key));
+  }
+}
+
+}  // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const norvo::String text = norvo::DecodeFile(norvo::AsBytes(data, size), norvo::Windows1252());
-  const norvo::String once = norvo::IniDocument(text).ToText();
-  const norvo::String twice = norvo::IniDocument(once).ToText();
-  if (once != twice) std::abort();
+  std::string_view changes = AsBytes(data, size);
+  const String text = DecodeFile(TakePiece(changes), Windows1252());
+  IniDocument document(text);
+  const String once = document.ToText();
+  Require(IniDocument(once).ToText() == once);
+  SectionPool pool;
+  GenericDraft draft(text, pool);
+  Require(draft.ToText() == once);
+  Change(changes, document, draft);
+  Require(draft.ToText() == document.ToText());
+  Require(IniDocument(document.ToText()).ToText() == document.ToText());
   return 0;
 }

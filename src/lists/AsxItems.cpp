@@ -172,7 +172,10 @@ ListedList AsxItems(StringView text, std::size_t most) {
   }
   entries.TakeText(tags.TextBefore());
   entries.EndEntry();
-  return std::move(entries).List();
+  ListedList list = std::move(entries).List();
+  // An EntryRef ends the entry before it, so that both may come at once.
+  if (list.items.size() > most) list.items.pop_back();
+  return list;
 }
 
 }  // namespace norvo

@@ -121,8 +121,18 @@ void RestoreLedger::Keep() {
   Row row = std::move(*current_);
   current_.reset();
   String folded = Fold(row.genericFile);
-  if (!row.key.empty()) byKey_[row.key] = folded;
+  if (!row.key.empty()) TakeKey(row.key, folded);
   restored_.insert_or_assign(std::move(folded), std::move(row));
+}
+
+/// The last playlist with a key is the one that is known by it, and the only one that is written
+/// with it: the order of the names would decide else, the next time.
+void RestoreLedger::TakeKey(const std::string& key, const String& folded) {
+  const auto [known, isNew] = byKey_.try_emplace(key, folded);
+  if (isNew || known->second == folded) return;
+  Row& before = restored_.at(known->second);
+  if (before.key == key) before.key.clear();
+  known->second = folded;
 }
 
 std::string RestoreLedger::FingerprintOf(const String& genericFile) {

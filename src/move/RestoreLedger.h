@@ -77,6 +77,7 @@ class RestoreLedger {
   String SizeOf(const String& native);
   bool AreWhole(const std::vector<String>& natives, std::span<const String> sizes);
   void Keep();
+  void TakeKey(const std::string& key, const String& folded);
 
   Component& machine_;
   String path_;

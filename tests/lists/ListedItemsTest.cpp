@@ -130,6 +130,14 @@ TEST(ListedItems, AListIsCutBehindAsManyItemsAsAreAskedFor) {
   }
 }
 
+TEST(ListedItems, AListIsCutBetweenAnEntryAndTheOtherListThatEndsIt) {
+  constexpr StringView kText = u"<Asx><Entry><Ref href='a'/><EntryRef href='b'/></Asx>";
+  EXPECT_EQ(ListItems(kText, ListSyntax::Asx, 2).size(), 2u);
+  const std::vector<ListedItem> items = ListItems(kText, ListSyntax::Asx, 1);
+  ASSERT_EQ(items.size(), 1u);
+  EXPECT_TEXT(items.front().references.front(), u"a");
+}
+
 TEST(ListedItems, NoListIsLongerThanTheLimit) {
   String lines;
   for (std::size_t i = 0; i < kMostListedItems; ++i) lines += u"a\n";

@@ -307,6 +307,20 @@ TEST_F(RestoreLedgerTest, APlaylistIsKnownAgainByItsKey) {
   EXPECT_EQ(Ledger().CarriedFor("key"), u"");
 }
 
+TEST_F(RestoreLedgerTest, OfTwoPlaylistsWithOneKeyTheLaterIsKnownWhateverTheirNames) {
+  Ledger().Begin(String(kPop), "key");
+  WriteNative("Pop.asx");
+  Ledger().End(true);
+  WriteFile(Place("C/Docs/Pop.ini"), "POP");  // so that the next move carries the list anew
+  Ledger().Begin(String(kMix), "key");
+  WriteNative("Mix.asx");
+  Ledger().End(true);
+  EXPECT_EQ(Ledger().CarriedFor("key"), kMix);
+  Ledger().Compact();
+  Restart();
+  EXPECT_EQ(Ledger().CarriedFor("key"), kMix);
+}
+
 TEST_F(RestoreLedgerTest, AnUnfinishedPlaylistIsNotKnownAgain) {
   Ledger().Begin(String(kMix), "key");
   WriteNative("Mix.asx");
