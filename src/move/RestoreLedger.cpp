@@ -19,6 +19,7 @@ constexpr const char* kTitle =
 
 // The kinds of lines. A line is whole only with its line end.
 constexpr StringView kBegin = u"begin";    // fingerprint, neutral file, key of the playlist
+constexpr StringView kIntend = u"intend";  // path
 constexpr StringView kNative = u"native";  // path
 constexpr StringView kDone = u"done";      // until it is durable with a size for each native
 constexpr StringView kUndone = u"undone";
@@ -44,8 +45,8 @@ std::string SongLine(const String& source, const KnownPlace& known) {
   return holds ? ToUtf8(kSong) + '\t' + ToUtf8(line) + "\r\n" : std::string();
 }
 
-std::string NativeLine(const String& path) {
-  return ToUtf8(kNative) + '\t' + ToUtf8(path) + "\r\n";
+std::string PathLine(StringView kind, const String& path) {
+  return ToUtf8(kind) + '\t' + ToUtf8(path) + "\r\n";
 }
 
 std::string PrintOf(std::string_view bytes) {
@@ -84,10 +85,12 @@ bool RestoreLedger::Load() {
 
 void RestoreLedger::Take(const std::vector<String>& fields) {
   if (fields.size() == 4 && fields[0] == kBegin) {
-    current_ = Row{fields[2], ToUtf8(fields[3]), ToUtf8(fields[1]), {}};
+    current_ = Row{fields[2], ToUtf8(fields[3]), ToUtf8(fields[1]), {}, {}};
   } else if ((fields.size() == 5 || fields.size() == 6) && fields[0] == kSong) {
     AddPlace(fields[1],
              {fields[2], fields[3], fields[4], fields.size() == 6 ? fields[5] : String()});
+  } else if (fields.size() == 2 && fields[0] == kIntend && current_) {
+    current_->intended.push_back(fields[1]);
   } else if (fields.size() == 2 && fields[0] == kNative && current_) {
     current_->natives.push_back(fields[1]);
   } else if (fields[0] == kDone && current_) {
@@ -179,15 +182,21 @@ void RestoreLedger::AddPlace(const String& song, const KnownPlace& place) {
 }
 
 void RestoreLedger::Begin(const String& genericFile, const std::string& key,
-                          const std::string& print) {
-  current_ = Row{genericFile, key, print.empty() ? FingerprintOf(genericFile) : print, {}};
-  Append(BeginLine(current_->fingerprint, genericFile, key));
+                          const std::string& print, const std::vector<String>& intended) {
+  current_ =
+      Row{genericFile, key, print.empty() ? FingerprintOf(genericFile) : print, {}, intended};
+  std::string lines = BeginLine(current_->fingerprint, genericFile, key);
+  for (const String& native : intended) lines += PathLine(kIntend, native);
+  Append(lines);
+  if (!intended.empty()) Flush();
 }
 
 void RestoreLedger::AddNative(const String& path) {
   if (!current_) return;
   current_->natives.push_back(path);
-  Append(NativeLine(path));
+  Append(PathLine(kNative, path));
+  const std::vector<String>& intended = current_->intended;
+  if (std::find(intended.begin(), intended.end(), path) == intended.end()) Flush();
 }
 
 void RestoreLedger::End(bool whole) {
@@ -214,12 +223,18 @@ void RestoreLedger::Append(const std::string& line) {
   growing_->Append(line);
 }
 
+void RestoreLedger::Flush() {
+  machine_.Files().MakeDurable({&path_, 1});
+}
+
 /// A native playlist is noted before it is created. What was not written then is somebody else's.
 void RestoreLedger::DeleteUnfinished(const Row& row) {
   constexpr std::int64_t kSecond = 1'000'000'000;
   constexpr std::int64_t kLongest = 3600 * kSecond;
   const std::optional<FileFacts> ledger = machine_.Files().FactsOf(path_);
-  for (const String& native : row.natives) {
+  std::vector<String> natives = row.natives;
+  natives.insert(natives.end(), row.intended.begin(), row.intended.end());
+  for (const String& native : natives) {
     const std::optional<FileFacts> facts = machine_.Files().FactsOf(native);
     if (!ledger || !facts) continue;
     const std::int64_t after = facts->modified - ledger->modified;
@@ -249,7 +264,7 @@ void RestoreLedger::Compact() {
   std::string text = kTitle;
   for (const auto& [folded, row] : restored_) {
     text += BeginLine(row.fingerprint, row.genericFile, row.key);
-    for (const String& native : row.natives) text += NativeLine(native);
+    for (const String& native : row.natives) text += PathLine(kNative, native);
     text += ToUtf8(kDone) + "\r\n";
   }
   for (const auto& [song, known] : places_) {

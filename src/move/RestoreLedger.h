@@ -40,8 +40,11 @@ class RestoreLedger {
   std::vector<String> NativesOf(const String& genericFile) const;
 
   /// `key` may be empty, and holds no tab. `print` is the file's fingerprint where the caller knows
-  /// it.
-  void Begin(const String& genericFile, const std::string& key = {}, const std::string& print = {});
+  /// it; `intended` are the native playlists that will be made, as far as can be told: none of them
+  /// is there yet. They stand on the disk when this returns.
+  void Begin(const String& genericFile, const std::string& key = {}, const std::string& print = {},
+             const std::vector<String>& intended = {});
+  /// Before it is made; one that was not intended stands on the disk when this returns.
   void AddNative(const String& path);
   /// With `whole` false, or without any native playlist, the generic file counts as not restored,
   /// and what was written of it is deleted.
@@ -65,6 +68,7 @@ class RestoreLedger {
     std::string key;
     std::string fingerprint;
     std::vector<String> natives;
+    std::vector<String> intended;
     bool isDurable = true;  // they are on the disk, and not only noted
   };
 
@@ -72,6 +76,7 @@ class RestoreLedger {
   void Take(const std::vector<String>& fields);
   std::string FingerprintOf(const String& genericFile);
   void Append(const std::string& line);
+  void Flush();
   void DeleteNatives(const Row& row);
   void DeleteUnfinished(const Row& row);
   String SizeOf(const String& native);

@@ -3,6 +3,7 @@
 #include <map>
 #include <set>
 #include <utility>
+#include <vector>
 
 #include "automation/Attempt.h"
 #include "controller/PlayerFolders.h"
@@ -46,7 +47,7 @@ class LedgerWatcher final : public LibraryWatcher {
     whole_ = true;
     natives_ = 0;
     const PlaylistDraft& draft = work_.drafts[NumberOf(path)];
-    ledger_.Begin(String(path), draft.key, draft.print);
+    ledger_.Begin(String(path), draft.key, draft.print, IntendedFor(draft));
   }
   void OnNativeFile(StringView path, std::int32_t) override {
     const bool before = std::exchange(whole_, false);  // holds when the file is not to be written
@@ -77,6 +78,21 @@ class LedgerWatcher final : public LibraryWatcher {
 
  private:
   std::size_t NumberOf(StringView path) const { return numbers_.at(Fold(path)); }
+
+  /// What will be made of a playlist, where nothing stands in the way.
+  std::vector<String> IntendedFor(const PlaylistDraft& draft) const {
+    std::vector<String> intended;
+    const String name = draft.originalName.substr(0, draft.originalName.find(u'.'));
+    for (const PlaylistType* const type : NativeTypes()) {
+      intended.push_back(folder_ + String(type->playerFolder) + u'\\' + name +
+                         String(type->extension));
+    }
+    return AnswerOr(std::vector<String>(), [&] {
+      intended.push_back(NewCompanionPath(library_, draft.originalName));
+      std::erase_if(intended, [this](const String& path) { return disk_.FileExists(path); });
+      return intended;
+    });
+  }
 
   /// Before anything is noted of a new list: what the ledger names is deleted after a stop.
   void RequireFree(StringView path) const {

@@ -10,6 +10,7 @@ import beside  # noqa: F401
 from generated_machines_test import changes, snapshot
 from native_playlists import Malformed, find_on_machine, is_local
 
+import power
 from small_machine import NAMES
 from whole_files import (CONTENTS, LEDGER, LISTS, MUSIC, PASSING, PRODUCT, is_settings,
                          lost_values, references_of, torn, values_of)
@@ -17,6 +18,7 @@ from whole_files import (CONTENTS, LEDGER, LISTS, MUSIC, PASSING, PRODUCT, is_se
 # What is not as after an undisturbed move and yet right, each told with its reason and counted.
 OTHER_NAMES = "other names: a name that could not be looked up, or not written, counts as taken"
 BEGUN_LIST = "a begun list: killed while it was written; the ledger tells, and the next run mends it"
+LOST_LIST = "a lost list: it had not been flushed; the ledger does not count on it"
 
 # The file that tells that a player is there, by the settings that point it at its lists.
 PLAYER_FILES = {"DefaultFilesDirectory": "Sonique.exe", "OpenDir": "wmplayer.exe",
@@ -73,6 +75,8 @@ class Judge:
         self.stage.ahead = point.ahead
         ended = self.stage.move(point.tracer(self.stage.options.strace, self.stage.trace))
         self.stage.ahead = False
+        if point.how == "power":
+            power.lose(self.stage.trace, self.stage.folder)
         return self.verdict(point, ended)
 
     def fill_at(self, point):
@@ -86,14 +90,15 @@ class Judge:
         if ended.code == 0 and not ended.hit and point.how != "full":
             return Verdict(point, "not reached", ())
         now, allowed = self.stage.state(), set()
-        faults = self.harm() + self.torn_files(now, point.how == "kill", allowed)
-        if point.how != "kill":
+        killed = point.how in ("kill", "power")
+        faults = self.harm() + self.torn_files(now, point.how, allowed)
+        if not killed:
             faults += self.ending_faults(ended, now, allowed)
         elif ended.code in (0, 1, 2):
             faults.append(f"it was not killed: exit code {ended.code}")
         mend()
         faults += self.next_run()
-        ending = "killed" if point.how == "kill" else f"exit code {ended.code}"
+        ending = "killed" if killed else f"exit code {ended.code}"
         return Verdict(point, ending, tuple(faults), ended.hit, tuple(allowed),
                        ended.told)
 
@@ -104,8 +109,8 @@ class Judge:
                 not path.startswith(f"old/{PRODUCT}/") and not PASSING.fullmatch(path)]
         return self.stage.harm() + made
 
-    def torn_files(self, now, killed, allowed):
-        faults, begun = [], begun_list(now.get(LEDGER)) if killed else None
+    def torn_files(self, now, how, allowed):
+        faults, begun = [], begun_list(now.get(LEDGER)) if how == "kill" else None
         for path, raw in now.items():
             known = raw in (None, self.reference.get(path), self.stage.before.get(path))
             if not path.startswith("new/") or known or PASSING.fullmatch(path):
@@ -113,6 +118,8 @@ class Judge:
             fault = torn(path, raw, self.stage.new)
             if fault and begun == name_of(path) and path.startswith(LISTS):
                 allowed.add(BEGUN_LIST)
+            elif fault and how == "power" and path.startswith(LISTS):
+                allowed.add(LOST_LIST)
             elif fault:
                 faults.append(f"torn: {path}: {fault}")
         return faults

@@ -9,6 +9,8 @@ import beside  # noqa: F401
 
 from interrupted_migrate_test import CHANGING
 
+import power
+
 # What a call that looks may fail with: one after the other, since there are many of them.
 LOOKING = {"statx": ("EIO", "EACCES"), "newfstatat": ("EIO", "EACCES"),
            "openat": ("EIO", "EACCES", "EMFILE"), "openat2": ("EIO", "EACCES", "EMFILE"),
@@ -33,7 +35,7 @@ AHEAD = {"statx": 40, "openat2": 40, "getdents64": 20, "pread64": 20, "close": 4
 
 @dataclass(frozen=True)
 class Point:
-    how: str  # "fail", "kill" or "full"
+    how: str  # "fail", "kill", "power" or "full"
     what: str  # the call; of a full disk "bytes" or "files"
     number: int
     error: str = ""
@@ -52,10 +54,12 @@ class Point:
     def tracer(self, strace, trace):
         """What runs the program so that it is disturbed there."""
         # The quick way of tracing fails calls, but does not kill.
-        quick = [] if self.how == "kill" else ["--seccomp-bpf"]
-        effect = "signal=KILL" if self.how == "kill" else f"error={self.error}"
+        quick = ["--seccomp-bpf"] if self.how == "fail" else []
+        effect = f"error={self.error}" if self.how == "fail" else "signal=KILL"
+        traced = {self.what, *(power.TRACED if self.how == "power" else ())}
         return [strace, "-f", "-qq", "-y", *quick, "-o", str(trace), "-e",
-                f"trace={self.what}", "-e", f"inject={self.what}:{effect}:when={self.number}"]
+                f"trace={','.join(sorted(traced))}",
+                "-e", f"inject={self.what}:{effect}:when={self.number}"]
 
 
 def own_calls(lines, folder):
@@ -90,6 +94,7 @@ def points_of_calls(lines, folder):
             points.add(Point("fail", name, number, error))
         if changes:
             points.add(Point("kill", name, number))
+            points.add(Point("power", name, number))
             if name in LOOKING:
                 points.add(Point("fail", name, number, "ENOSPC"))
     for name, most in AHEAD.items():

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Disturbs a whole move at each call to the system that it makes: fails the call, kills the program
-before it, or lets the new machine's disk be full; and judges what each time is left. By default a
-sample of all points, chosen by a seed; --all for every point, --point for one of them."""
+before it, with or without a loss of power, or lets the new machine's disk be full; and judges what
+each time is left. By default a sample of all points, chosen by a seed; --all for every point, --how
+for every one of a kind, --point for one of them."""
 
 import argparse
 import os
@@ -97,7 +98,7 @@ def tell(verdict, options):
 
 def table(verdicts):
     """How the points ended, by what was done."""
-    for how in ("fail", "kill", "full"):
+    for how in ("fail", "kill", "power", "full"):
         endings = Counter(each.ending for each in verdicts if each.point.how == how)
         faulty = sum(bool(each.faults) for each in verdicts if each.point.how == how)
         print(f"{how}: {sum(endings.values())} points; " + "; ".join(
@@ -110,6 +111,8 @@ def table(verdicts):
 def chosen(points, options):
     if options.point:
         return [Point.of(text) for text in options.point]
+    if options.how:
+        return [point for point in points if point.how == options.how]
     if options.all or len(points) <= options.sample:
         return points
     # Not by their place among all of them: how many there are differs a little each time.
@@ -124,6 +127,7 @@ def main():
     parser.add_argument("--seed", type=int, default=SEED)
     parser.add_argument("--sample", type=int, default=SAMPLE)
     parser.add_argument("--all", action="store_true")
+    parser.add_argument("--how", choices=("fail", "kill", "power", "full"))
     parser.add_argument("--point", action="append", help="such as fail:openat2:37:EIO")
     parser.add_argument("--shown", type=int, default=4, help="faults of one point that are told")
     options = parser.parse_args()

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "automation/RunTimeError.h"
 #include "move/MemoryMove.h"
 
@@ -219,20 +221,32 @@ TEST_F(MovePlaylistsTest, SongsOnABadSpotOfTheDiskAreLeftOutAndAllElseGoes) {
   EXPECT_FALSE(move.IsWhole());
 }
 
-TEST_F(MovePlaylistsTest, NewListsAreOnTheDiskBeforeTheLedgerCountsOnThem) {
+/// The calls that give the ledger, and what it names, to the disk: by the last names, in order.
+Lines FlushesOf(MemoryPlatform& machine) {
+  Lines flushes;
+  for (const String& call : machine.Log().Trace()) {
+    const bool isLedger = call.starts_with(u"Settings.Write") && call.ends_with(u"\\Restored.txt");
+    if (!isLedger && !call.starts_with(u"MakeDurable")) continue;
+    flushes.push_back((isLedger ? "write " : "") + Utf8(call.substr(call.rfind(u'\\') + 1)));
+  }
+  return flushes;
+}
+
+TEST_F(MovePlaylistsTest, NewListsAreNotedBeforeTheyAreMadeAndOnTheDiskBeforeTheyCount) {
   machines.AddMix();
   machines.Run();
-  const String ledger = u"C:\\My Documents\\Norvo Media\\KVs\\Restored.txt";
-  Lines last;  // of the calls
-  for (const String& call : machines.to->Log().Trace()) {
-    const bool isOfInterest = call.starts_with(u"MakeDurable") ||
-                              (call.starts_with(u"Settings.Write") && call.ends_with(ledger));
-    if (isOfInterest) last.push_back(Utf8(call.substr(call.rfind(u'\\') + 1)));
-  }
-  ASSERT_GE(last.size(), 7u);
-  last.erase(last.begin(), last.end() - 7);
-  EXPECT_EQ(last, (Lines{"Mix.pls", "Mix.m3u", "Mix.asx", "Mix.m3u", "Mix.m3u8", "Restored.txt",
-                         "Restored.txt"}));
+  EXPECT_EQ(FlushesOf(*machines.to),
+            (Lines{"write Restored.txt", "Restored.txt", "Mix.asx", "Mix.m3u", "Mix.m3u", "Mix.pls",
+                   "Mix.m3u8", "Restored.txt", "write Restored.txt"}));
+}
+
+TEST_F(MovePlaylistsTest, AListWhoseNameIsTakenIsNotedByTheNextOneBeforeItIsMade) {
+  machines.AddMix();
+  machines.to->AddFile(u"C:\\My Documents\\Norvo Media\\PlayLists\\Sonique\\Mix.pls", "foreign");
+  machines.Run();
+  const Lines flushes = FlushesOf(*machines.to);
+  EXPECT_EQ(std::count(flushes.begin(), flushes.end(), "Restored.txt"), 3);
+  EXPECT_EQ(std::count(flushes.begin(), flushes.end(), "Mix1.pls"), 1);
 }
 
 TEST_F(MovePlaylistsTest, ADryRunTellsTheSamePlanAndWritesNothingOnTheNewMachine) {

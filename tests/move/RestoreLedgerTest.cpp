@@ -236,6 +236,27 @@ TEST_F(RestoreLedgerTest, WhatALossOfPowerHasCutOffIsRestoredAnew) {
   }
 }
 
+TEST_F(RestoreLedgerTest, WhatWasIntendedIsTakenAwayThoughNothingSaysThatItWasMade) {
+  Ledger().Begin(String(kMix), "", "", {PathOf("Mix.asx"), PathOf("Mix.m3u")});
+  const std::string lasting = ReadFile(File());
+  WriteNative("Mix.asx");
+  WriteNative("Stray.m3u");
+  WriteFile(File(), lasting);
+  Restart();
+  EXPECT_FALSE(IsRestored(kMix));
+  EXPECT_FALSE(IsThere("Mix.asx"));
+  EXPECT_TRUE(IsThere("Stray.m3u"));
+}
+
+TEST_F(RestoreLedgerTest, WhatWasIntendedAndNotMadeIsNoNative) {
+  Ledger().Begin(String(kMix), "", "", {PathOf("Mix.asx"), PathOf("Mix.m3u")});
+  WriteNative("Mix.asx");
+  Ledger().End(true);
+  Restart();
+  EXPECT_TRUE(IsRestored(kMix));
+  EXPECT_EQ(Natives(kMix), (std::vector<String>{PathOf("Mix.asx")}));
+}
+
 TEST_F(RestoreLedgerTest, WhatALossOfPowerHasTakenAwayIsRestoredAnew) {
   Restore(kMix, {"Mix.asx", "Mix.m3u"});
   fs::remove(NativePlace("Mix.asx"));
