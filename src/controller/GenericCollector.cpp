@@ -15,11 +15,15 @@
 namespace norvo {
 namespace {
 
+/// Of the generic files one that has too much in it is told and left out.
 bool IsGenericFile(Component& component, const String& path) {
   try {
     const std::optional<std::string> bytes = component.Machine().Settings().Read(path);
-    return bytes && HasSetting(DecodeFile(*bytes, component.Machine().AnsiPage()), kGlobalSection,
-                               kVersionKey);
+    if (!bytes) return false;
+    const String text = DecodeFile(*bytes, component.Machine().AnsiPage());
+    const bool isGeneric = HasSetting(text, kGlobalSection, kVersionKey);
+    if (isGeneric) CheckSettings(text);
+    return isGeneric;
   } catch (const RunTimeError&) {
     WarnNotRead(component, u"GenericQueue", path);
     return false;

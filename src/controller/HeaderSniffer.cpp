@@ -52,7 +52,7 @@ std::int32_t TypeOfSection(const ProfileFile& file) {
 
 std::int32_t TypeOfSettings(Component& component, StringView path) {
   ProfileFile file(component);
-  if (!file.OpenFile(path)) WarnNotRead(component, u"ParsePLSHeader", path);
+  if (!file.OpenFile(path, kLargestPlaylist)) WarnNotRead(component, u"ParsePLSHeader", path);
   file.SelectSection(u"playlist");
   return TypeOfSection(file);
 }

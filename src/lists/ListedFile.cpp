@@ -2,13 +2,22 @@
 
 #include <algorithm>
 
+#include "automation/RunTimeError.h"
 #include "lists/ItemText.h"
 #include "lists/ListEncoding.h"
 #include "lists/ListMarks.h"
 #include "lists/M3uItems.h"
+#include "services/TextStream.h"
 
 namespace norvo {
 namespace {
+
+// Of start tags, and of end tags. A list of 24 MiB that a program wrote has two thirds of them.
+constexpr std::size_t kMostTags = 800'000;
+
+// Of all titles, names and references together, which are in memory many times over when the list
+// is moved: those of sixty thousand songs.
+constexpr std::size_t kMostUnits = 10'000'000;
 
 bool HasDirective(StringView text) {
   while (!text.empty()) {
@@ -47,15 +56,64 @@ bool IsDamaged(StringView text, ListSyntax syntax) {
   return !ContainsIgnoreCase(text, EndOf(syntax));
 }
 
+/// A library holds much of each song, in and out of lists. It is known by how it begins, else by
+/// its name.
+std::uint64_t MostBytes(StringView fileName, std::string_view bytes, const CodePage& page) {
+  constexpr std::size_t kBeginning = 4096;
+  const String beginning = DecodePlaylist(bytes.substr(0, kBeginning), page);
+  return SyntaxOf(fileName, beginning) == ListSyntax::ITunes ? kLargestText : kLargestPlaylist;
+}
+
+bool HasTooManyTags(StringView text) {
+  std::size_t starts = 0;
+  std::size_t ends = 0;
+  for (std::size_t at = FindUnit(text, u'<'); at != StringView::npos;
+       at = FindUnit(text, u'<', at + 1)) {
+    ++(text.substr(at + 1).starts_with(u'/') ? ends : starts);
+  }
+  return std::max(starts, ends) > kMostTags;
+}
+
+/// Of the kinds that are held as a tree, each node of which takes more than its tag.
+bool IsTree(ListSyntax syntax) {
+  return syntax == ListSyntax::Wpl || syntax == ListSyntax::Xspf || syntax == ListSyntax::B4s;
+}
+
+std::size_t UnitsOf(const ListedItem& item) {
+  std::size_t units =
+      item.title.size() + item.artist.size() + item.album.size() + item.genre.size();
+  for (const String& reference : item.references) units += reference.size();
+  return units;
+}
+
+/// Of the only list of a file.
+bool HasTooLongTexts(const ListedList& list) {
+  std::size_t units = list.name.size();
+  for (const ListedItem& item : list.items) units += UnitsOf(item);
+  return units > kMostUnits;
+}
+
+[[noreturn]] void Refuse(StringView reason) {
+  throw RunTimeError(error::kOutOfMemory, String(reason));
+}
+
 }  // namespace
 
 std::optional<ListedFile> ReadListFile(StringView fileName, std::string_view bytes,
                                        const CodePage& page, std::size_t most) {
+  const std::uint64_t mostBytes = MostBytes(fileName, bytes, page);
+  if (bytes.size() > mostBytes) throw TooLarge(mostBytes);
   const String text = DecodePlaylist(bytes, page);
   const std::optional<ListSyntax> syntax = SyntaxOf(fileName, text);
   if (!syntax) return std::nullopt;
-  return ListedFile{*syntax, *syntax == ListSyntax::M3u && HasDirective(text),
-                    ReadLists(text, *syntax, most), IsDamaged(text, *syntax)};
+  if (IsTree(*syntax) && HasTooManyTags(text)) Refuse(u"it has more than 800000 tags");
+  ListedFile file{*syntax, *syntax == ListSyntax::M3u && HasDirective(text),
+                  ReadLists(text, *syntax, most), IsDamaged(text, *syntax)};
+  const bool isLibrary = *syntax == ListSyntax::ITunes;
+  if (!isLibrary && HasTooLongTexts(file.lists.front())) {
+    Refuse(u"its titles and paths have more than 10000000 characters");
+  }
+  return file;
 }
 
 }  // namespace norvo

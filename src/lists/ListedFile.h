@@ -20,7 +20,10 @@ struct ListedFile {
 
 /// Reads a list file of any kind that is known, by its name and its text; see SyntaxOf and
 /// DecodePlaylist. Nothing for a file of a kind that is not read, or that is no list. Any bytes
-/// will do; time and memory are in proportion to their number.
+/// will do; time and memory are in proportion to their number. Error 7, which says why, for a file
+/// that would fill the memory all the same: of more than `kLargestPlaylist` bytes (an iTunes
+/// library of more than `kLargestText`), more than 800,000 tags, or, but for a library, more than
+/// 10,000,000 characters of titles and paths.
 std::optional<ListedFile> ReadListFile(StringView fileName, std::string_view bytes,
                                        const CodePage& page, std::size_t most = kMostListedItems);
 

@@ -30,12 +30,25 @@ void AppendText(String& mended, StringView text) {
   for (const char16_t unit : text) {
     if (unit == u'<') {
       mended += u"&lt;";
-    } else if (unit == u'"') {
-      mended += u"&quot;";
     } else {
       mended += unit;
     }
   }
+}
+
+/// In the quotes that it does not have, as far as it can be.
+void AppendValue(String& mended, StringView value) {
+  const bool hasQuotes = value.find(u'"') != StringView::npos;
+  const char16_t quote = hasQuotes ? u'\'' : u'"';
+  mended += quote;
+  for (std::size_t end = value.find(u'\''); hasQuotes && end != StringView::npos;
+       end = value.find(u'\'')) {
+    AppendText(mended, value.substr(0, end));
+    mended += u"&apos;";
+    value.remove_prefix(end + 1);
+  }
+  AppendText(mended, value);
+  mended += quote;
 }
 
 /// Elements that are open, the innermost last.
@@ -72,9 +85,8 @@ void AppendStart(String& mended, const MarkupScanner& tags, StringView name) {
   mended += u'<';
   mended += name;
   for (const MarkupScanner::NamedValue& attribute : tags.Attributes()) {
-    mended += u' ' + PlainName(attribute.name) + u"=\"";
-    AppendText(mended, attribute.value);
-    mended += u'"';
+    mended += u' ' + PlainName(attribute.name) + u'=';
+    AppendValue(mended, attribute.value);
   }
   mended += tags.IsSelfClosing() ? u"/>" : u">";
 }

@@ -16,6 +16,10 @@ namespace {
 
 using Kind = FoundReference::Kind;
 
+// Windows has no longer path, and no program takes a longer address. Each meaning that such a text
+// could have would be another copy of it.
+constexpr std::size_t kLongestReference = 32767;
+
 /// Nothing where the work raises: a meaning that cannot be looked at is not there.
 template <class Work>
 std::optional<FoundReference> NothingOnError(Work&& work) {
@@ -53,6 +57,9 @@ FoundReference ReferenceFinder::Find(StringView reference, StringView folder) {
 }
 
 FoundReference ReferenceFinder::LookFor(StringView reference, StringView folder) {
+  if (reference.size() > kLongestReference) {
+    return FoundReference{Kind::Missing, String(reference), 0};
+  }
   const CodePage& page = component_.Machine().AnsiPage();
   std::optional<FoundReference> found = NothingOnError([&]() -> std::optional<FoundReference> {
     for (const String& text : ReferenceTexts(reference, page)) {

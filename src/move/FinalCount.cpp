@@ -142,9 +142,11 @@ class Counter {
                     [&] { return ReadWholeFile(*to_.Files().OpenForReading(path)); });
   }
 
+  /// None of a file that is refused.
   std::vector<ListedItem> ItemsIn(const String& path, std::string_view bytes) {
-    std::optional<ListedFile> file =
-        ReadListFile(LastComponent(path), bytes, to_.Machine().AnsiPage());
+    std::optional<ListedFile> file = AnswerOr(std::optional<ListedFile>(), [&] {
+      return ReadListFile(LastComponent(path), bytes, to_.Machine().AnsiPage());
+    });
     if (!file || file->lists.empty()) return {};
     return std::move(file->lists.front().items);
   }

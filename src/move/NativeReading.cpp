@@ -74,6 +74,7 @@ std::vector<VerifiedReference> NativeReader::ReadPatiently(const String& path) {
   std::vector<VerifiedReference> references;
   if (!file || file->lists.empty()) return references;
   const std::vector<ListedItem>& items = file->lists.front().items;
+  if (file->lists.front().isCut) throw RunTimeError(error::kOutOfMemory);
   seen_.Note(path, bytes, items);
   for (const ListedItem& item : items) {
     if (item.maybeComment) continue;
@@ -94,6 +95,7 @@ VerifiedPlaylist NativeReader::Read(const String& path) {
     if (whole && !HasMissing(watcher.references)) {
       return {path, std::move(watcher.references), true};
     }
+    if (!whole) watcher.references = {};  // which may be most of what there is room for
     std::vector<VerifiedReference> patient = ReadPatiently(path);
     if (!whole || patient.size() == watcher.references.size()) {
       return {path, std::move(patient), true};

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "automation/RunTimeError.h"
+#include "services/TextStream.h"
 #include "services/Utility.h"
 #include "text/Encoding.h"
 #include "text/Fingerprint.h"
@@ -24,6 +25,15 @@ constexpr StringView kNative = u"native";  // path
 constexpr StringView kDone = u"done";      // until it is durable with a size for each native
 constexpr StringView kUndone = u"undone";
 constexpr StringView kSong = u"song";  // its name, place, artist, album, maybe full place
+
+// A song has one, a playlist some eight; this is ten years of moves with all music of one person.
+// In memory each takes several times its length.
+constexpr std::uint64_t kLargest = std::uint64_t{32} * 1024 * 1024;  // bytes
+constexpr std::size_t kMostLines = 300'000;
+constexpr const char16_t* kTooManyLines = u"File of more than 300000 lines: ";
+
+// Bytes; the names and paths of a line have much less. What is longer is no line.
+constexpr std::size_t kLongestLine = std::size_t{1024} * 1024;
 
 std::vector<String> Fields(StringView line) {
   const std::vector<StringView> fields = Split(line, u'\t');
@@ -74,13 +84,16 @@ RestoreLedger::RestoreLedger(Component& machine, const String& dataArea)
 bool RestoreLedger::Load() {
   const std::optional<std::string> bytes = machine_.Machine().Settings().Read(path_);
   exists_ = bytes.has_value();
-  const String text = FromUtf8Lossy(bytes.value_or(std::string()));
-  std::size_t at = 0;
-  for (std::size_t end = text.find(u"\r\n"); end != String::npos; end = text.find(u"\r\n", at)) {
-    Take(Fields(StringView(text).substr(at, end - at)));
-    at = end + 2;
+  if (bytes && bytes->size() > kLargest) throw TooLarge(kLargest, path_);
+  std::string_view rest = bytes ? std::string_view(*bytes) : std::string_view();
+  std::size_t lines = 0;
+  for (std::size_t end = rest.find("\r\n"); end != std::string_view::npos;
+       end = rest.find("\r\n")) {
+    if (++lines > kMostLines) throw RunTimeError(error::kOutOfMemory, kTooManyLines + path_);
+    if (end <= kLongestLine) Take(Fields(FromUtf8Lossy(rest.substr(0, end))));
+    rest.remove_prefix(end + 2);
   }
-  return at == text.size();
+  return rest.empty();
 }
 
 void RestoreLedger::Take(const std::vector<String>& fields) {

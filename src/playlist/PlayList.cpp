@@ -6,6 +6,7 @@
 #include "readers/NativeReader.h"
 #include "services/Logging.h"
 #include "services/NVServices.h"
+#include "services/TextStream.h"
 #include "text/WindowsPath.h"
 #include "writers/GenericWriter.h"
 #include "writers/NativeNaming.h"
@@ -23,10 +24,19 @@ bool PlayList::ReadPlayList(const String& path) {
   record_.SetName(record_.originalFileName, NameOrigin::Playlist);
   const PlaylistType* const type = FindPlaylistType(record_.type);
   if (type == nullptr) return true;  // an unknown type is no error of the read: intended
-  const bool read = ReadNative(component_, record_, type->readAs, ParentFolder(fullPath));
+  const bool read = CanBeHeld(*facts, fullPath) &&
+                    ReadNative(component_, record_, type->readAs, ParentFolder(fullPath));
   if (!read) WriteLog(component_, type->failureText);
   KeepRegistrations();
   return read;
+}
+
+/// False, with a warning, for a file that is larger than any playlist.
+bool PlayList::CanBeHeld(const FileFacts& facts, StringView path) {
+  if (facts.size <= kLargestPlaylist) return true;
+  WriteWarning(component_, {WarningKind::FileNotRead, path, u"PLAYLIST::ReadPlayList -> "},
+               TooLarge(kLargestPlaylist, path).Description());
+  return false;
 }
 
 /// Makes durable what the read has registered; the list keeps what cannot be written for later.

@@ -14,10 +14,10 @@ class PlayList final : public TableObject {
 
   /// Reads the native playlist at the full path by the reader of `PlayListType`, which is set
   /// first; entries are appended to those that are there. False when the file is missing or its
-  /// reader failed. An unknown type reads nothing and gives true. Raises what the file
-  /// system raises between finding the file and opening it. References that are not found, or that
-  /// cannot be registered on a machine without the product's settings, become no entries; the
-  /// observer hears of each.
+  /// reader failed, or the file is larger than `kLargestPlaylist`. An unknown type reads nothing
+  /// and gives true. Raises what the file system raises between finding the file and opening it.
+  /// References that are not found, or that cannot be registered on a machine without the product's
+  /// settings, become no entries; the observer hears of each.
   bool ReadPlayList(const String& path);
 
   /// Writes the generic file of the playlist into the data area, named after the playlist. One
@@ -92,6 +92,7 @@ class PlayList final : public TableObject {
   const MemberTable& Table() const override { return Interface(); }
 
  private:
+  bool CanBeHeld(const FileFacts& facts, StringView path);
   void KeepRegistrations();
 
   Component& component_;

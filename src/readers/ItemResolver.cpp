@@ -3,6 +3,7 @@
 #include "automation/RunTimeError.h"
 #include "model/AsxEntry.h"
 #include "readers/ExtendedInfo.h"
+#include "readers/TextLines.h"
 #include "services/Logging.h"
 #include "services/NVServices.h"
 
@@ -14,6 +15,11 @@ namespace {
 // is counted would be more than the usual amount for each of as many entries as can be written.
 constexpr std::size_t kUsualText = 1024;
 constexpr std::size_t kMostLongTexts = std::size_t{32} * 1024 * 1024;
+
+// Far more than the 32767 that a playlist can count; a file of short lines shall not fill the
+// memory with entries, nor with what its reader's host keeps of each item.
+constexpr std::int32_t kMostEntries = 100'000;
+constexpr std::size_t kMostItems = 250'000;
 
 }  // namespace
 
@@ -39,7 +45,13 @@ bool ItemResolver::JudgeItem(FormatEntry& entry, Item& item) {
   return true;
 }
 
+void ItemResolver::CountItem(StringView reference) {
+  if (++items_ > kMostItems) throw RunTimeError(error::kOverflow);
+  CheckLine(reference);
+}
+
 std::optional<ItemResolver::Item> ItemResolver::Judge(FormatEntry& entry, StringView reference) {
+  CountItem(reference);
   Item item{String(reference), DataCop::Status::Ok};
   if (!JudgeItem(entry, item)) return std::nullopt;
   return item;
@@ -47,6 +59,7 @@ std::optional<ItemResolver::Item> ItemResolver::Judge(FormatEntry& entry, String
 
 void ItemResolver::Complete(const std::shared_ptr<FormatEntry>& entry, const Item& item,
                             StringView info, StringView label) {
+  CheckLine(info);
   if (ReadExtendedInfo(info, *entry, playlist_.type, title_)) entry->SetHasExtendedInfo(true);
   CountTexts(*entry);
   component_.Watcher().OnItem(item.reference, AddOrDrop(entry, item, label));
@@ -78,12 +91,14 @@ ItemOutcome ItemResolver::AddOrDrop(const std::shared_ptr<FormatEntry>& entry, c
       WriteLog(component_, String(messages_.invalidArgument) + item.reference);
       return ItemOutcome::Empty;
   }
+  if (playlist_.entries->TotalSongs() >= kMostEntries) throw RunTimeError(error::kOverflow);
   playlist_.entries->Add(entry);
   return ItemOutcome::Kept;
 }
 
 bool ItemResolver::Resolve(const std::shared_ptr<FormatEntry>& entry, StringView reference,
                            StringView info, StringView label) {
+  CountItem(reference);
   item_.reference = reference;
   if (!JudgeItem(*entry, item_)) return false;
   Complete(entry, item_, info, label);

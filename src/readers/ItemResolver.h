@@ -30,10 +30,12 @@ class ItemResolver {
   };
 
   /// First half: judges the reference and sets the entry's address. Nothing, with a log line, for
-  /// a reference of type 10.
+  /// a reference of type 10. Error 6 for more items than any playlist has; see also
+  /// `CheckLine`.
   std::optional<Item> Judge(FormatEntry& entry, StringView reference);
   /// Second half: completes the entry from the extended-information text, then adds or drops it.
-  /// Error 7 when the entries' texts, with those of their tags, would fill the memory.
+  /// Error 6 for more entries than any playlist has; error 7 when the entries' texts, with those of
+  /// their tags, would fill the memory.
   void Complete(const std::shared_ptr<FormatEntry>& entry, const Item& item, StringView info,
                 StringView label);
   /// Both halves; false for a reference of type 10.
@@ -41,6 +43,7 @@ class ItemResolver {
                StringView label);
 
  private:
+  void CountItem(StringView reference);
   bool JudgeItem(FormatEntry& entry, Item& item);
   void CountTexts(const FormatEntry& entry);
   ItemOutcome AddOrDrop(const std::shared_ptr<FormatEntry>& entry, const Item& item,
@@ -52,6 +55,7 @@ class ItemResolver {
   String folder_;
   ResolverMessages messages_;
   DataCop::Destinations destinations_;
+  std::size_t items_ = 0;      // judged so far
   std::size_t longTexts_ = 0;  // units of the texts of all entries that have unusually much of them
   // Their memory serves for all items.
   Item item_;

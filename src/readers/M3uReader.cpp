@@ -1,7 +1,6 @@
 #include "readers/M3uReader.h"
 
 #include "automation/Attempt.h"
-#include "automation/RunTimeError.h"
 #include "model/NewEntry.h"
 #include "readers/ItemResolver.h"
 #include "readers/TextLines.h"
@@ -71,15 +70,10 @@ bool ResolveM3u(Component& component, PlaylistRecord& playlist, TextStream& stre
   return complete;
 }
 
-// Far more than the 32767 that a playlist can count; a file of short lines shall not fill the
-// memory with entries.
-constexpr std::int32_t kMostEntries = 100'000;
-
 bool ResolveMmjb(Component& component, PlaylistRecord& playlist, TextStream& stream,
                  String folder) {
   ItemResolver resolver(component, playlist, std::move(folder), kMmjbMessages);
   while (!stream.AtEnd()) {
-    if (playlist.entries->TotalSongs() >= kMostEntries) throw RunTimeError(error::kOverflow);
     const String line = stream.ReadLine();
     resolver.Resolve(NewItem(component, playlist), NVServices::StripNull(line), {}, kMusicLabel);
   }

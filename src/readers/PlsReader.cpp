@@ -67,7 +67,7 @@ void ReadItem(Component& component, PlaylistRecord& playlist, const ProfileFile&
 void ReadItems(Component& component, PlaylistRecord& playlist, StringView fileName,
                const String& folder) {
   ProfileFile file(component);
-  file.OpenFile(folder + String(fileName));  // its status does not matter
+  file.OpenFile(folder + String(fileName), kLargestPlaylist);  // its status does not matter
   file.SelectSection(u"playlist");
   playlist.entries->SetCollectionType(playlist.type);
   String declared;

@@ -2,7 +2,13 @@
 
 #include <algorithm>
 
+#include "automation/RunTimeError.h"
+
 namespace norvo {
+
+void CheckLine(StringView line) {
+  if (line.size() > kLongestLine) throw RunTimeError(error::kOutOfMemory);
+}
 
 std::vector<StringView> SplitLines(StringView text) {
   std::vector<StringView> lines;
@@ -14,6 +20,7 @@ std::vector<StringView> SplitLines(StringView text) {
       end = FindUnit(text, u'\r', end + 1);
     }
     lines.push_back(text.substr(0, end));
+    CheckLine(lines.back());
     if (end == StringView::npos) break;
     text.remove_prefix(end + 2);
   }

@@ -28,6 +28,9 @@ constexpr PatternRow kPatterns[] = {
     {u"*[!\\]*", url_type::kBareName},      {u"*", url_type::kUnusable},
 };
 
+// Bytes of "SubNames.txt", which has six names of folders. Each is part of every song's new path.
+constexpr std::uint64_t kLargestSubNames = std::uint64_t{1024} * 1024;
+
 constexpr StringView kMediaMarks[] = {u".mp3", u".asx", u".wav",  u".cda", u".asf",
                                       u".as",  u".aif", u".aiff", u".wma"};
 
@@ -179,7 +182,8 @@ bool LoadSubNames(Component& component) {
   String root;
   NVServices::GetSubGroupRoot(component, kGroup, root);
   ProfileFile file(component);
-  if (root.empty() || !file.OpenFile(Utility::AddBackslash(root) + u"SubNames.txt") ||
+  if (root.empty() ||
+      !file.OpenFile(Utility::AddBackslash(root) + u"SubNames.txt", kLargestSubNames) ||
       !file.Exists()) {
     return false;
   }

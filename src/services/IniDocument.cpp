@@ -29,6 +29,11 @@ IniDocument::Piece IniDocument::NewPiece(StringView text) {
   return {static_cast<std::uint32_t>(start), static_cast<std::uint32_t>(text.size())};
 }
 
+void IniDocument::AddLine(std::vector<Line>& lines, Line added) {
+  if (lines.capacity() == 0) lines.reserve(kUsualLines);
+  lines.push_back(added);
+}
+
 IniDocument::IniDocument(String text) : pool_(std::move(text)) {
   if (pool_.size() > UINT32_MAX) throw std::length_error("texts too long");
   std::vector<Line>* target = &preamble_;
@@ -37,7 +42,7 @@ IniDocument::IniDocument(String text) : pool_(std::move(text)) {
     if (line.kind == SettingsLine::Kind::Section) {
       target = &sections_[FindOrAddSection(line.name)].lines;
     } else {
-      target->push_back({PieceOf(line.name), PieceOf(line.value)});
+      AddLine(*target, {PieceOf(line.name), PieceOf(line.value)});
     }
   }
 }
@@ -64,7 +69,6 @@ std::size_t IniDocument::FindOrAddSection(StringView name) {
   if (found != kNone) return found;
   Section& section = sections_.emplace_back();
   section.name = name;
-  section.lines.reserve(kUsualLines);
   byName_.emplace(section.name, sections_.size() - 1);
   return sections_.size() - 1;
 }
@@ -127,10 +131,10 @@ void IniDocument::SetValue(std::size_t section, StringView key, StringView value
     return;
   }
   if (key.empty()) {  // a line that is no key
-    target.lines.push_back({{}, NewPiece(String(u"=").append(stored))});
+    AddLine(target.lines, {{}, NewPiece(String(u"=").append(stored))});
   } else {
     const Piece added = NewPiece(key);
-    target.lines.push_back({added, NewPiece(stored)});
+    AddLine(target.lines, {added, NewPiece(stored)});
   }
   if (LeavesEmptyLine(value)) target.lines.emplace_back();
 }

@@ -72,6 +72,7 @@ class IniDocument {
     mutable std::size_t indexed = 0;  // lines that byKey covers
   };
 
+  static void AddLine(std::vector<Line>& lines, Line added);
   Piece PieceOf(StringView text) const;
   Piece NewPiece(StringView text);
   StringView TextOf(Piece piece) const {

@@ -15,6 +15,9 @@ constexpr std::string_view kMark = "\xEF\xBB\xBF";
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr char kSeparator = '\t';
 
+// No disk holds so many songs; a list that says so is damaged and shall not fill the memory.
+constexpr std::size_t kMostRecords = 1'000'000;
+
 /// The text as a field of a line can hold it. A destination carries names out of tags, which may
 /// hold anything: a control character, a line end among them, becomes a blank, and half a
 /// character the replacement character, which is what it would be when the file is read again.
@@ -81,6 +84,7 @@ void MediaList::Load(const std::optional<std::string>& bytes) {
     const std::size_t second = line.find(kSeparator, first + 1);
     if (first == std::string_view::npos || second == std::string_view::npos) continue;
     known_.Insert(PrintOf(line.substr(first + 1)));
+    if (known_.Size() > kMostRecords) throw RunTimeError(error::kOutOfMemory);
   }
   torn_ = !rest.empty();
   whole_ = bytes->size() - rest.size();

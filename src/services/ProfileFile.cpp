@@ -6,6 +6,7 @@
 #include "automation/RunTimeError.h"
 #include "services/DataCop.h"
 #include "services/NVServices.h"
+#include "services/SettingsLines.h"
 #include "services/Utility.h"
 #include "text/Encoding.h"
 #include "text/WindowsPath.h"
@@ -21,6 +22,12 @@ bool IsBareName(StringView path) {
 
 String DataArea(StringView groupRoot) {
   return groupRoot.empty() ? String() : Utility::AddBackslash(groupRoot) + u"KVs\\";
+}
+
+String DecodeSettings(std::string bytes, const CodePage& page) {
+  String text = DecodeFile(bytes, page);
+  CheckSettings(text);
+  return text;
 }
 
 std::string EncodeSettings(StringView text, const CodePage& page) {
@@ -51,12 +58,15 @@ bool ProfileFile::Bind(StringView path) {
   return open_ = true;
 }
 
-bool ProfileFile::OpenFile(StringView path) {
+bool ProfileFile::OpenFile(StringView path, std::uint64_t most) {
   if (!Bind(path)) return false;
   try {
-    const std::optional<std::string> bytes = component_.Machine().Settings().Read(path_);
+    std::optional<std::string> bytes = component_.Machine().Settings().Read(path_);
     exists_ = bytes.has_value();
-    if (bytes) document_ = IniDocument(DecodeFile(*bytes, component_.Machine().AnsiPage()));
+    if (bytes && bytes->size() > most) throw TooLarge(most);
+    if (bytes) {
+      document_ = IniDocument(DecodeSettings(*std::move(bytes), component_.Machine().AnsiPage()));
+    }
   } catch (const RunTimeError&) {
     return open_ = false;
   }

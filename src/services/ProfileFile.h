@@ -5,6 +5,7 @@
 
 #include "services/Component.h"
 #include "services/IniDocument.h"
+#include "services/TextStream.h"
 #include "text/Text.h"
 
 namespace norvo {
@@ -21,9 +22,10 @@ class ProfileFile {
   ProfileFile(const ProfileFile&) = delete;
   ProfileFile& operator=(const ProfileFile&) = delete;
 
-  /// Binds to a file; a missing one counts as empty. False when the file cannot be read, or when a
-  /// bare name has no data area to stand in; every read then finds nothing.
-  bool OpenFile(StringView path);
+  /// Binds to a file; a missing one counts as empty. False when the file cannot be read, has more
+  /// bytes than `most` or is refused by `DecodeSettings`, or when a bare name has no data area to
+  /// stand in; every read then finds nothing.
+  bool OpenFile(StringView path, std::uint64_t most = kLargestText);
   /// Binds to a file without reading it: what is written replaces it whole.
   bool CreateNew(StringView path);
   /// Binds to a text that is no file: it can be read, and what is set in it is never written.
@@ -68,6 +70,10 @@ class ProfileFile {
 
 /// Bytes of a settings file with this text, in the encoding that fits it; see `ProfileFile`.
 std::string EncodeSettings(StringView text, const CodePage& page);
+
+/// The text of a settings file of these bytes, which are let go of: it alone can take twice as
+/// much. Error 7 when there is too much of it; see `CheckSettings`.
+String DecodeSettings(std::string bytes, const CodePage& page);
 
 /// The data area of a group root: the root + "KVs\", with exactly one backslash between; empty for
 /// an empty root.

@@ -1,5 +1,7 @@
 #include "services/SettingsLines.h"
 
+#include "automation/RunTimeError.h"
+
 namespace norvo {
 namespace {
 
@@ -19,7 +21,42 @@ SettingsLine LineOf(StringView text) {
           TrimBlanksAndTabs(content.substr(equals + 1))};
 }
 
+/// Which of the limits the lines go beyond; empty when none.
+StringView TooManyLines(StringView text) {
+  std::size_t count = 0;
+  std::size_t sections = 0;
+  SettingsLines lines(text);
+  for (SettingsLine line; lines.Next(line);) {
+    ++count;
+    sections += line.kind == SettingsLine::Kind::Section ? 1 : 0;
+  }
+  if (count > kMostSettingsLines) return u"it has more than 2000000 lines";
+  return sections > kMostSettingsSections ? u"it has more than 200000 sections" : StringView();
+}
+
+/// True when so few units end a line or may begin a section that no limit is near. Nearly every
+/// text is, and this look takes a tenth of the time of the one at its lines.
+bool HasFewLines(StringView text) {
+  std::size_t ends = 0;
+  std::size_t brackets = 0;
+  for (const char16_t unit : text) {
+    ends += static_cast<std::size_t>(unit == u'\n' || unit == u'\r');
+    brackets += static_cast<std::size_t>(unit == u'[');
+  }
+  return ends < kMostSettingsLines && brackets <= kMostSettingsSections;
+}
+
 }  // namespace
+
+void CheckSettings(StringView text) {
+  StringView reason;
+  if (text.size() > kMostSettingsUnits) {
+    reason = u"it has more than 33554432 characters";
+  } else if (!HasFewLines(text)) {
+    reason = TooManyLines(text);
+  }
+  if (!reason.empty()) throw RunTimeError(error::kOutOfMemory, String(reason));
+}
 
 bool SettingsLines::Next(SettingsLine& line) {
   if (rest_.empty()) return false;

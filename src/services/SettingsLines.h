@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 #include "text/Text.h"
 
 namespace norvo {
@@ -34,6 +36,16 @@ class SettingsLines {
  private:
   StringView rest_;
 };
+
+/// What the text of a settings file can have at most to be held in memory with what is made of it,
+/// in some 200 MiB. A generic file of as many entries as can be counted (32,767) has a fourth of
+/// the characters, a third of the lines and a sixth of the sections.
+inline constexpr std::size_t kMostSettingsUnits = std::size_t{32} * 1024 * 1024;
+inline constexpr std::size_t kMostSettingsLines = 2'000'000;
+inline constexpr std::size_t kMostSettingsSections = 200'000;
+
+/// Error 7, which says why, for the text of a settings file that has more than that.
+void CheckSettings(StringView text);
 
 /// Whether a section of the text has the key; names are matched without regard to case. Reads no
 /// further than to the key.

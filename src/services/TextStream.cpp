@@ -4,7 +4,7 @@
 #include <exception>
 #include <utility>
 
-#include "automation/RunTimeError.h"
+#include "text/Number.h"
 
 namespace norvo {
 namespace {
@@ -13,9 +13,7 @@ namespace {
 constexpr std::size_t kFirstPiece = 4096;
 constexpr std::size_t kWrittenPiece = 64 * 1024;
 constexpr std::size_t kLargestPiece = 256 * 1024;
-// No playlist comes near this; a file that only has a playlist's name shall not fill the memory.
-constexpr std::uint64_t kLargestText = 64u * 1024 * 1024;
-constexpr StringView kTooLarge = u"File larger than 64 MB";
+constexpr std::size_t kMegabyte = std::size_t{1024} * 1024;
 
 }  // namespace
 
@@ -33,7 +31,7 @@ bool TextStream::ReadMore() {
   const std::size_t got = file_->ReadAt(offset_, std::span(buffer_).subspan(had));
   buffer_.resize(had + got);
   offset_ += got;
-  if (offset_ > kLargestText) throw RunTimeError(error::kOutOfMemory);
+  if (offset_ > kLargestPlaylist) throw TooLarge(kLargestPlaylist);
   exhausted_ = got < piece;
   return got > 0;
 }
@@ -154,18 +152,25 @@ void TextWriter::Close() {
   file_.reset();
 }
 
-std::string ReadWholeFile(BinaryFile& file, StringView path) {
+RunTimeError TooLarge(std::uint64_t most, StringView path) {
+  const auto megabytes = static_cast<std::int64_t>(most / kMegabyte);
+  const String named = path.empty() ? String() : u": " + String(path);
+  return RunTimeError(error::kOutOfMemory,
+                      u"File larger than " + FormatInteger(megabytes) + u" MB" + named);
+}
+
+std::string ReadWholeFile(BinaryFile& file, StringView path, std::uint64_t most) {
   std::string bytes;
   for (std::size_t piece = kFirstPiece;;) {
     const std::size_t had = bytes.size();
     bytes.resize(had + piece);
     const std::size_t got = file.ReadAt(had, std::span(bytes).subspan(had));
     bytes.resize(had + got);
-    if (bytes.size() > kLargestText) {
-      const String named = path.empty() ? String() : u": " + String(path);
-      throw RunTimeError(error::kOutOfMemory, String(kTooLarge) + named);
-    }
+    if (bytes.size() > most) throw TooLarge(most, path);
     if (got < piece) return bytes;
+    // Whenever it outgrows its room a text is in memory twice; a large one shall not.
+    const bool isLarge = bytes.capacity() < kMegabyte && bytes.size() >= kMegabyte / 2;
+    if (isLarge) bytes.reserve(std::min(file.Size(), most) + kLargestPiece);
     piece = std::min(piece * 4, kLargestPiece);
   }
 }

@@ -1,17 +1,27 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
 
+#include "automation/RunTimeError.h"
 #include "services/FileSystem.h"
 #include "text/CodePage.h"
 #include "text/Encoding.h"
 
 namespace norvo {
 
-/// A text file open for reading. The file is 8-bit text in the code page unless it starts with a
-/// UTF-8 or UTF-16 byte order mark. It is read piece by piece, as far as it is asked for.
+/// Bytes of the largest playlist that is read: half more than the longest ones take, which are
+/// those that the writers make of as many entries as can be counted.
+inline constexpr std::uint64_t kLargestPlaylist = 24u * 1024 * 1024;
+
+/// Bytes of the largest text of any other kind.
+inline constexpr std::uint64_t kLargestText = 64u * 1024 * 1024;
+
+/// A playlist open for reading as text. It is 8-bit text in the code page unless it starts with a
+/// UTF-8 or UTF-16 byte order mark. It is read piece by piece, as far as it is asked for. Error 7
+/// when more is read than `kLargestPlaylist`.
 class TextStream {
  public:
   /// Raises what `FileSystem::OpenForReading` raises.
@@ -65,10 +75,12 @@ class TextWriter {
   std::string gathered_;
 };
 
-/// All bytes of a file, read in pieces of growing size. Error 7 for a file of more than 64 MiB: no
-/// playlist and no settings file comes near that. `TextStream` has the same limit. The error names
-/// the path, if one is given.
-std::string ReadWholeFile(BinaryFile& file, StringView path = {});
+/// Error 7 for a file of so many bytes at most; it names the path, if one is given.
+RunTimeError TooLarge(std::uint64_t most, StringView path = {});
+
+/// All bytes of a file, read in pieces of growing size. `TooLarge` for a file of more than `most`.
+std::string ReadWholeFile(BinaryFile& file, StringView path = {},
+                          std::uint64_t most = kLargestText);
 
 /// The same of the file at a path; nothing when there is none.
 std::optional<std::string> ReadFileIfThere(FileSystem& files, StringView path);

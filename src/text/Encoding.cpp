@@ -55,15 +55,11 @@ bool DecodeUtf8(std::string_view bytes, bool strict, String& text) {
   return true;
 }
 
-std::string EncodeUtf16(StringView text, bool bigEndian) {
+std::string EncodeUtf16(std::string_view mark, StringView text, bool bigEndian) {
   std::string bytes;
-  bytes.reserve(text.size() * 2);
-  for (const char16_t unit : text) {
-    const char low = static_cast<char>(unit & 0xFF);
-    const char high = static_cast<char>(unit >> 8);
-    bytes.push_back(bigEndian ? high : low);
-    bytes.push_back(bigEndian ? low : high);
-  }
+  bytes.reserve(mark.size() + text.size() * 2);
+  bytes = mark;
+  AppendUtf16(bytes, text, bigEndian);
   return bytes;
 }
 
@@ -123,9 +119,9 @@ std::string EncodeFile(StringView text, FileEncoding encoding, const CodePage& c
     case FileEncoding::Utf8:
       return std::string(kUtf8Mark) + ToUtf8(text);
     case FileEncoding::Utf16LittleEndian:
-      return std::string(kUtf16LittleMark) + EncodeUtf16(text, false);
+      return EncodeUtf16(kUtf16LittleMark, text, false);
     case FileEncoding::Utf16BigEndian:
-      return std::string(kUtf16BigMark) + EncodeUtf16(text, true);
+      return EncodeUtf16(kUtf16BigMark, text, true);
     case FileEncoding::CodePage:
       break;
   }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "text/Text.h"
 
 namespace norvo {
@@ -41,6 +43,16 @@ inline void AppendCodePoint(String& text, char32_t point) {
   point -= 0x10000;
   text.push_back(static_cast<char16_t>(0xD800 + (point >> 10)));
   text.push_back(static_cast<char16_t>(0xDC00 + (point & 0x3FF)));
+}
+
+/// Adds the bytes of a text's units.
+inline void AppendUtf16(std::string& bytes, StringView text, bool bigEndian) {
+  for (const char16_t unit : text) {
+    const char low = static_cast<char>(unit & 0xFF);
+    const char high = static_cast<char>(unit >> 8);
+    bytes.push_back(bigEndian ? high : low);
+    bytes.push_back(bigEndian ? low : high);
+  }
 }
 
 }  // namespace norvo

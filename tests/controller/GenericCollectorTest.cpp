@@ -1,6 +1,7 @@
 #include "controller/GenericCollector.h"
 
 #include "automation/RunTimeError.h"
+#include "services/SettingsLines.h"
 #include "support/LibraryTest.h"
 #include "text/Encoding.h"
 
@@ -122,6 +123,16 @@ TEST_F(GenericCollectorTest, AFileThatCannotBeReadCostsOneLogLine) {
   EXPECT_EQ(Collect(), Lines({"a.ini", "c.ini"}));
   EXPECT_EQ(Utf8(log), Lines({"HelperMan::GenericQueue -> The file cannot be read: "
                               "C:\\My Documents\\b.ini"}));
+}
+
+TEST_F(GenericCollectorTest, AGenericFileOfTooManyLinesCostsOneLogLineAndAnotherFileNone) {
+  const std::string lines(kMostSettingsLines, '\n');
+  Add(u"a.ini", kGeneric + lines);
+  Add(u"b.ini", lines + "x");
+  Add(u"c.ini");
+  EXPECT_EQ(Collect(), Lines({"c.ini"}));
+  EXPECT_EQ(Utf8(log), Lines({"HelperMan::GenericQueue -> The file cannot be read: "
+                              "C:\\My Documents\\a.ini"}));
 }
 
 TEST_F(GenericCollectorTest, AFolderThatCannotBeListedCostsOneLogLine) {

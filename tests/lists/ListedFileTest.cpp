@@ -2,7 +2,9 @@
 
 #include <random>
 
+#include "automation/RunTimeError.h"
 #include "lists/ListedText.h"
+#include "services/TextStream.h"
 #include "text/Encoding.h"
 
 namespace norvo {
@@ -130,6 +132,47 @@ TEST(ListedFile, AnyBytesAreRead) {
       }
     }
   }
+}
+
+/// Why a file is refused; empty when it is not.
+std::string Refusal(StringView fileName, const std::string& bytes) {
+  try {
+    Read(fileName, bytes);
+    return {};
+  } catch (const RunTimeError& failure) {
+    EXPECT_EQ(failure.Number(), error::kOutOfMemory);
+    return Utf8(failure.Description());
+  }
+}
+
+TEST(ListedFile, OfMoreBytesThanAnyListIsRefusedAndALibraryMayHaveMore) {
+  const std::string most(kLargestPlaylist, '\n');
+  EXPECT_EQ(Refusal(u"a.m3u", most), "");
+  for (const StringView name : {u"a.m3u", u"a.pls", u"a.asx", u"a.wpl", u"a.xspf", u"a.b4s"}) {
+    EXPECT_EQ(Refusal(name, most + '\n'), "File larger than 24 MB") << Utf8(name);
+  }
+  EXPECT_EQ(Refusal(u"iTunes Library.xml", most + '\n'), "");
+  const std::string library = "<plist><dict><key>Major Version</key><integer>1</integer>";
+  EXPECT_EQ(Refusal(u"other.xml", library + most), "");
+}
+
+TEST(ListedFile, OfMoreTagsThanAnyListIsRefused) {
+  constexpr std::size_t kMost = 800'000;
+  std::string list = "<smil>";
+  for (std::size_t i = 1; i < kMost; ++i) list += "<a/>";
+  EXPECT_EQ(Refusal(u"a.wpl", list + "</smil>"), "");
+  EXPECT_EQ(Refusal(u"a.wpl", list + "<a/></smil>"), "it has more than 800000 tags");
+  for (std::size_t i = 0; i < kMost; ++i) list += "</a>";
+  EXPECT_EQ(Refusal(u"a.wpl", list + "</smil>"), "it has more than 800000 tags");
+}
+
+TEST(ListedFile, OfMoreTextsThanAnyListIsRefused) {
+  const std::string most(10'000'000, 'x');
+  EXPECT_EQ(Refusal(u"a.m3u", most), "");
+  EXPECT_EQ(Refusal(u"a.m3u", most + 'x'),
+            "its titles and paths have more than 10000000 characters");
+  EXPECT_EQ(Refusal(u"a.m3u", most + "\n#EXTINF:1,x\ny"),
+            "its titles and paths have more than 10000000 characters");
 }
 
 }  // namespace

@@ -14,7 +14,8 @@ TEST(MarkupMending, WhatIsWellFormedStays) {
 
 TEST(MarkupMending, ValuesGetQuotes) {
   EXPECT_TEXT(MendedMarkup(u"<a b=1 c='2' d/>"), u"<a b=\"1\" c=\"2\" d=\"\"/>");
-  EXPECT_TEXT(MendedMarkup(u"<a b='\"<'/>"), u"<a b=\"&quot;&lt;\"/>");
+  EXPECT_TEXT(MendedMarkup(u"<a b='\"<'/>"), u"<a b='\"&lt;'/>");
+  EXPECT_TEXT(MendedMarkup(u"<a b=1'2\"3'4/>"), u"<a b='1&apos;2\"3&apos;4'/>");
 }
 
 TEST(MarkupMending, EveryElementIsClosed) {
@@ -32,7 +33,7 @@ TEST(MarkupMending, NamesBecomeNamesOfXml) {
 
 TEST(MarkupMending, TextKeepsItsEntitiesAndIsNoMarkup) {
   EXPECT_TEXT(MendedMarkup(u"<?x?><a>1 < 2 &amp; & \"3\"</a>"),
-              u"&lt;?x?><a>1 &lt; 2 &amp; & &quot;3&quot;</a>");
+              u"&lt;?x?><a>1 &lt; 2 &amp; & \"3\"</a>");
 }
 
 }  // namespace

@@ -368,5 +368,12 @@ TEST(ReferenceFinder, FindsFilesOfAMachineInAFolder) {
   EXPECT_EQ(find(String(1 << 20, u'x')), "missing " + std::string(1 << 20, 'x'));
 }
 
+TEST_F(ReferenceFinderTest, WhatIsLongerThanAnyPathLeadsNowhere) {
+  const String start = u"http://a/";
+  const String longest = start + String(32767 - start.size(), u'x');
+  EXPECT_TRUE(Find(longest).starts_with("address "));
+  EXPECT_TRUE(Find(longest + u"x").starts_with("missing "));
+}
+
 }  // namespace
 }  // namespace norvo

@@ -58,6 +58,16 @@ TEST_F(MachineFolderTest, SettingsThatAreNoFileOfAFewLinesAreNamedAndNotWaitedFo
   expectRefused("folder/C", "it is no file");
 }
 
+TEST_F(MachineFolderTest, SettingsOfAMebibyteAreTheLargest) {
+  fs::create_directories(At("large/C"));
+  Put(At("large/machine.ini"), "[Drives]\r\nC=fixed\r\n");
+  fs::resize_file(At("large/machine.ini"), 1024 * 1024);
+  EXPECT_TRUE(HasMachineSettings(At("large")));
+  fs::resize_file(At("large/machine.ini"), 1024 * 1024 + 1);
+  ExpectError(ErrorOf([&] { return HasMachineSettings(At("large")); }), MoveFault::SettingsNotRead,
+              At("large/machine.ini").string(), "it is too large for such a file");
+}
+
 TEST_F(MachineFolderTest, WhatCannotBeListedIsToldWithTheReason) {
   Put(At("file"), "");
   ExpectError(ErrorOf([this] { return IsSurelyMachine(At("file")); }), MoveFault::NotListed,

@@ -2,6 +2,7 @@
 
 #include <chrono>
 
+#include "automation/RunTimeError.h"
 #include "cli/ProgramFixture.h"
 #include "library/Library.h"
 #include "platform/hosted/HostedPlatform.h"
@@ -424,6 +425,24 @@ TEST_F(RestoreLedgerTest, LinesThatMakeNoSenseAreSkipped) {
   EXPECT_TRUE(IsRestored(kMix));
   EXPECT_EQ(Natives(kMix).size(), 1u);
   EXPECT_TRUE(IsThere("Stray.m3u"));
+}
+
+TEST_F(RestoreLedgerTest, OneOfMoreLinesThanAnyHasIsNamedAndALineOfAMebibyteIsSkipped) {
+  std::string lines;
+  for (int i = 1; i < 300'000; ++i) lines += "\r\n";
+  const std::string longest = "song\t" + std::string(1024 * 1024, 'x') + "\tb\tc\td\r\n";
+  WriteFile(File(), lines + longest);
+  Restart();
+  EXPECT_TRUE(Ledger().PlacesOf(String(1024 * 1024, u'x')).empty());
+  WriteFile(File(), lines + longest + "\r\n");
+  try {
+    Restart();
+    FAIL() << "it was read";
+  } catch (const RunTimeError& failure) {
+    EXPECT_EQ(failure.Number(), error::kOutOfMemory);
+    EXPECT_EQ(ToUtf8(failure.Description()),
+              "File of more than 300000 lines: C:\\Data\\Restored.txt");
+  }
 }
 
 }  // namespace

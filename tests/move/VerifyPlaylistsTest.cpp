@@ -88,5 +88,14 @@ TEST_F(VerifyPlaylistsTest, CanBeEndedAtAnyPlaylist) {
   }
 }
 
+TEST_F(VerifyPlaylistsTest, AListOfMoreItemsThanAnyHasIsNotReadToItsEnd) {
+  std::string text = "x\ny\r\n";  // two lines for most players, and one for the library
+  for (int i = 2; i < 100'000; ++i) text += "a\n";
+  machine->AddFile(kMix, text);
+  EXPECT_TRUE(Verify().playlists.at(0).whole);
+  machine->AddFile(kMix, text + "a");
+  EXPECT_FALSE(Verify().playlists.at(0).whole);
+}
+
 }  // namespace
 }  // namespace norvo

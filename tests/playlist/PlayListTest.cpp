@@ -2,6 +2,7 @@
 
 #include "model/ModelTest.h"
 #include "readers/PlaylistFixture.h"
+#include "services/TextStream.h"
 
 namespace norvo {
 namespace {
@@ -173,6 +174,24 @@ TEST_F(PlayListTest, AMissingFileIsNotReadAndChangesAndLogsNothing) {
     EXPECT_EQ(CollectionType(), 0) << Utf8(path);
   }
   EXPECT_EQ(LogLines(), Lines());
+}
+
+TEST_F(PlayListTest, AFileThatIsLargerThanAnyPlaylistIsNamedAndNotRead) {
+  const std::string item = "http://a.example/\r\n";
+  for (const std::int32_t type : {1, 3, 6}) {
+    log.clear();
+    platform->AddFile(u"C:\\Music\\Mix.m3u", item + std::string(kLargestPlaylist, '\n'));
+    playlist = NewPlayList(type);
+    EXPECT_FALSE(Read(u"C:\\Music\\Mix.m3u"));
+    EXPECT_EQ(Kept(), 0);
+    ASSERT_FALSE(log.empty());
+    EXPECT_EQ(Utf8(log.front()),
+              "PLAYLIST::ReadPlayList -> File larger than 24 MB: C:\\Music\\Mix.m3u");
+  }
+  platform->AddFile(u"C:\\Music\\Mix.m3u",
+                    item + std::string(kLargestPlaylist - item.size(), '\0'));
+  playlist = NewPlayList(4);
+  EXPECT_TRUE(Read(u"C:\\Music\\Mix.m3u"));
 }
 
 struct FileRow {

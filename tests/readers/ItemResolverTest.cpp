@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "readers/PlaylistFixture.h"
+#include "readers/TextLines.h"
 #include "tags/TagBuilder.h"
 #include "text/Encoding.h"
 
@@ -302,6 +303,18 @@ TEST_F(ItemResolverTest, ALongTagIsTakenWholeAndSoOftenOnlyThatItCannotFillTheMe
     EXPECT_EQ(log.size(), 1u);
     EXPECT_TRUE(ReadReferences(kind, Lines(1, "long.mp3")));
   }
+}
+
+TEST_F(ItemResolverTest, OneItemMoreThanAQuarterOfAMillionEndsTheReading) {
+  std::string text(250'000, '\n');
+  EXPECT_TRUE(ReadText(u"C:\\Lists\\Mix.m3u", 6, text));
+  EXPECT_FALSE(ReadText(u"C:\\Lists\\Mix.m3u", 6, text + "\n"));
+}
+
+TEST_F(ItemResolverTest, AReferenceThatIsLongerThanAnyLineEndsTheReading) {
+  const std::string longest(kLongestLine, 'x');
+  EXPECT_TRUE(ReadText(u"C:\\Lists\\Mix.m3u", 6, longest));
+  EXPECT_FALSE(ReadText(u"C:\\Lists\\Mix.m3u", 6, longest + "x"));
 }
 
 /// Notes the items of the playlists that are being read.

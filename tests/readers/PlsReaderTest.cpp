@@ -1,6 +1,7 @@
 #include "readers/PlsReader.h"
 
 #include "readers/PlaylistFixture.h"
+#include "readers/TextLines.h"
 
 namespace norvo {
 namespace {
@@ -217,6 +218,25 @@ TEST_F(PlsReaderTest, TheDeclaredCountStaysInTheStore) {
   platform->AddFile(u"C:\\Music\\Mix.pls", "[playlist]\r\nNumberOfEntries=10\r\n");
   EXPECT_TRUE(ReadPLS(component, record, u"Mix.pls", u"C:\\Music"));
   EXPECT_TEXT(ToText(record.totalSongsStore), u"10");
+}
+
+TEST_F(PlsReaderTest, OneEntryMoreThanAHundredThousandEndsTheReading) {
+  Lines lines = {"NumberOfEntries=200000"};
+  constexpr std::int32_t kMost = 100'000;
+  for (int i = 1; i <= kMost; ++i) lines.push_back("File" + std::to_string(i) + "=http://a/");
+  EXPECT_TRUE(ReadPls(lines));
+  EXPECT_EQ(Kept(), kMost);
+  lines.push_back("File100001=http://a/");
+  EXPECT_FALSE(ReadPls(lines));
+  EXPECT_EQ(Kept(), kMost);
+}
+
+TEST_F(PlsReaderTest, ATitleThatIsLongerThanAnyLineEndsTheReading) {
+  for (const std::size_t more : {std::size_t{0}, std::size_t{1}}) {
+    const std::string title(kLongestLine + more, 'x');
+    EXPECT_EQ(ReadPls({"NumberOfEntries=1", "File1=1.mp3", "Title1=" + title}), more == 0);
+    EXPECT_EQ(Kept(), more == 0 ? 1 : 0);
+  }
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "automation/RunTimeError.h"
+#include "support/RaisedErrors.h"
 #include "support/TextPrinting.h"
 
 namespace norvo {
@@ -47,6 +49,13 @@ TEST(TextLinesTest, OfFarTooManyLinesOnlySoManyAreSplitThatThisShows) {
   EXPECT_EQ(lines.size(), kMostLines + 2);
   EXPECT_TRUE(ExceedsLineLimit(lines));
   EXPECT_EQ(ReachableLines(lines), kMostLines + 1);
+}
+
+TEST(TextLinesTest, ALineOfFourMebiUnitsIsTheLongest) {
+  String text = u"x\r\n" + String(kLongestLine, u'x') + u"\r\n";
+  EXPECT_EQ(SplitLines(text).size(), 3u);
+  text.insert(3, 1, u'x');
+  EXPECT_EQ(NumberRaisedBy([&] { SplitLines(text); }), error::kOutOfMemory);
 }
 
 }  // namespace

@@ -81,6 +81,16 @@ TEST_F(DestinationFoldersTest, AnUnreadableSubNamesFileIsLikeAMissingOne) {
   EXPECT_TEXT(GetSubNamePath(component, 1), kGroupRoot);
 }
 
+TEST_F(DestinationFoldersTest, ASubNamesFileOfAMebibyteIsTheLargest) {
+  platform->ConfigureProduct();
+  const std::string names = "[PlayListStrings]\r\nSzID001=One\r\n;";
+  const std::string most = names + std::string(1024 * 1024 - names.size(), 'x');
+  platform->AddFile(String(kGroupRoot) + u"SubNames.txt", most);
+  EXPECT_TRUE(LoadSubNames(component));
+  platform->AddFile(String(kGroupRoot) + u"SubNames.txt", most + "x");
+  EXPECT_FALSE(LoadSubNames(component));
+}
+
 TEST_F(DestinationFoldersTest, WithoutAGroupRootThereAreNoSubNamePaths) {
   EXPECT_FALSE(LoadSubNames(component));
   for (int slot = 1; slot <= 5; ++slot) EXPECT_TEXT(GetSubNamePath(component, slot), u"");

@@ -258,5 +258,14 @@ TEST_F(MediaListTest, HalfACharacterIsKnownAgain) {
   EXPECT_EQ(platform->Bytes(kPath), first);
 }
 
+TEST_F(MediaListTest, AListOfMoreThanAMillionRecordsIsNotTaken) {
+  std::string bytes;
+  for (int i = 0; i < 1'000'000; ++i) bytes += "\t" + std::to_string(i) + "\t\r\n";
+  platform->AddFile(kPath, bytes);
+  EXPECT_TRUE(Fresh().EnsureGroup(kGroup, kRoot));
+  platform->AddFile(kPath, bytes + "\tx\t\r\n");
+  EXPECT_FALSE(Fresh().EnsureGroup(kGroup, kRoot));
+}
+
 }  // namespace
 }  // namespace norvo

@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "automation/RunTimeError.h"
+#include "services/SettingsLines.h"
 #include "support/LibraryTest.h"
 #include "support/RaisedErrors.h"
 
@@ -284,6 +285,18 @@ TEST_F(ProfileFileTest, AfterAHeldTextAFileIsWrittenAgain) {
   file.WriteValue(u"key", u"2");
   file.Close();
   EXPECT_TRUE(platform->HasFile(u"C:\\a.ini"));
+}
+
+TEST_F(ProfileFileTest, AFileOfMoreBytesThanAskedForOrTooManySectionsIsNotOpened) {
+  platform->AddFile(u"C:\\a.ini", "[s]\nkey=1");
+  ProfileFile file(component);
+  EXPECT_TRUE(file.OpenFile(u"C:\\a.ini", 9));
+  EXPECT_FALSE(file.OpenFile(u"C:\\a.ini", 8));
+  EXPECT_FALSE(file.SelectSection(u"s"));
+  std::string sections;
+  for (std::size_t i = 0; i <= kMostSettingsSections; ++i) sections += "[s]\n";
+  platform->AddFile(u"C:\\b.ini", sections + "key=1");
+  EXPECT_TEXT(ReadOne(u"C:\\b.ini", u"s", u"key"), u"<not open>");
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "automation/RunTimeError.h"
 #include "support/TextPrinting.h"
 
 namespace norvo {
@@ -33,6 +34,35 @@ TEST(SettingsLinesTest, ASettingIsFoundInItsSectionOnly) {
   EXPECT_TRUE(HasSetting(u"[a]\r\nkey=", u"a", u"key"));
   EXPECT_FALSE(HasSetting(u"key=1\r\n[a]\r\n;key=1\r\nkeys=1\r\n[b]\r\nkey=1", u"a", u"key"));
   EXPECT_FALSE(HasSetting(u"[a]\r\nkey", u"a", u"key"));
+}
+
+/// Empty when the text is taken.
+String Refusal(StringView text) {
+  try {
+    CheckSettings(text);
+    return {};
+  } catch (const RunTimeError& failure) {
+    EXPECT_EQ(failure.Number(), error::kOutOfMemory);
+    return failure.Description();
+  }
+}
+
+String Repeated(std::size_t count, StringView text) {
+  String repeated;
+  for (std::size_t i = 0; i < count; ++i) repeated += text;
+  return repeated;
+}
+
+TEST(SettingsLinesTest, SoManyCharactersLinesAndSectionsAreTakenAndNoMore) {
+  String text(kMostSettingsUnits, u'x');
+  EXPECT_TEXT(Refusal(text), u"");
+  EXPECT_TEXT(Refusal(text + u"x"), u"it has more than 33554432 characters");
+  text = Repeated(kMostSettingsLines, u"\r\n");
+  EXPECT_TEXT(Refusal(text), u"");
+  EXPECT_TEXT(Refusal(text + u"x"), u"it has more than 2000000 lines");
+  text = Repeated(kMostSettingsSections, u"[a]\n") + u"a=[\n";
+  EXPECT_TEXT(Refusal(text), u"");
+  EXPECT_TEXT(Refusal(text + u"[b]"), u"it has more than 200000 sections");
 }
 
 }  // namespace

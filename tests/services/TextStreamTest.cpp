@@ -309,17 +309,25 @@ TEST_F(TextStreamTest, AFileThatIsMissingIsNoneAndOneThatCannotBeReadIsAnError) 
             error::kPermissionDenied);
 }
 
-TEST_F(TextStreamTest, AFileOfSixtyFourMebibytesIsTheLargest) {
-  constexpr std::size_t kLargest = 64u * 1024 * 1024;
-  for (const std::size_t size : {kLargest, kLargest + 1}) {
-    platform->AddFile(u"C:\\large.txt", std::string(size, 'x'));
-    TextStream stream(platform->Files(), u"C:\\large.txt", Windows1252());
-    const auto file = platform->Files().OpenForReading(u"C:\\large.txt");
-    if (size == kLargest) {
+TEST_F(TextStreamTest, APlaylistOfTwentyFourMebibytesIsTheLargest) {
+  for (const std::size_t size : {kLargestPlaylist, kLargestPlaylist + 1}) {
+    platform->AddFile(u"C:\\large.m3u", std::string(size, 'x'));
+    TextStream stream(platform->Files(), u"C:\\large.m3u", Windows1252());
+    if (size == kLargestPlaylist) {
       EXPECT_EQ(stream.ReadAll().size(), size);
+    } else {
+      EXPECT_EQ(NumberRaisedBy([&] { stream.ReadAll(); }), error::kOutOfMemory);
+    }
+  }
+}
+
+TEST_F(TextStreamTest, AFileOfSixtyFourMebibytesIsTheLargest) {
+  for (const std::size_t size : {kLargestText, kLargestText + 1}) {
+    platform->AddFile(u"C:\\large.txt", std::string(size, 'x'));
+    const auto file = platform->Files().OpenForReading(u"C:\\large.txt");
+    if (size == kLargestText) {
       EXPECT_EQ(ReadWholeFile(*file).size(), size);
     } else {
-      EXPECT_THROW(stream.ReadAll(), RunTimeError);
       EXPECT_THROW(ReadWholeFile(*file), RunTimeError);
       try {
         ReadFileIfThere(platform->Files(), u"C:\\large.txt");

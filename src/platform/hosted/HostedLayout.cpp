@@ -19,10 +19,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Drives and shell folders fill a few hundred lines at most. What is larger than the largest text
-// that is read anywhere (services/TextStream.h) was put there by mistake, and would be held in
-// memory as a whole.
-constexpr std::size_t kMostSettingsBytes = std::size_t{64} * 1024 * 1024;
+// Drives and shell folders fill a few hundred lines at most. What is much larger was put there by
+// mistake, and would be held in memory as a whole.
+constexpr std::size_t kMostSettingsBytes = std::size_t{1024} * 1024;
 
 constexpr const char* kSettingsFile = "machine.ini";
 

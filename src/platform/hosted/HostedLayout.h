@@ -33,7 +33,7 @@ struct HostedLayout {
 
 /// The bytes of a machine folder's "machine.ini"; empty when there is none. FileError when it
 /// cannot be read: also for one that is no file, such as a pipe or a device, which is not waited
-/// for, and for one of more than 64 MiB.
+/// for, and for one of more than 1 MiB.
 std::string MachineSettingsIn(const std::filesystem::path& machineFolder);
 
 /// The layout of the machine in a folder: what its "machine.ini" tells of drives and shell folders;

@@ -9,6 +9,7 @@
 #include "platform/files/ReplaceWhole.h"
 #include "text/CodePage.h"
 #include "text/Encoding.h"
+#include "text/Utf16.h"
 
 namespace norvo {
 namespace {
@@ -58,6 +59,12 @@ bool IsSame(const std::optional<FileRecord>& left, const std::optional<FileRecor
          left->changed == right->changed;
 }
 
+bool FitsPage(const RegistryText& text) {
+  bool fits = true;
+  text.ForEachPart([&fits](StringView part) { fits = fits && Windows1252().Fits(part); });
+  return fits;
+}
+
 }  // namespace
 
 HostedRegistry::HostedRegistry(const std::filesystem::path& file,
@@ -80,19 +87,26 @@ String HostedRegistry::Decode(std::string_view bytes, Encoding& encoding) {
   return text ? std::move(*text) : Windows1252().Decode(bytes);
 }
 
-std::string HostedRegistry::Encode(StringView text, const Encoding& encoding) {
-  switch (encoding.kind) {
-    case Encoding::Kind::Utf16Little:
-      return EncodeFile(text, FileEncoding::Utf16LittleEndian, Windows1252());
-    case Encoding::Kind::Utf16Big:
-      return EncodeFile(text, FileEncoding::Utf16BigEndian, Windows1252());
-    case Encoding::Kind::Utf8:
-    case Encoding::Kind::CodePage:
-      break;
-  }
-  std::string bytes(encoding.marked ? kUtf8Mark : std::string_view());
-  return bytes +
-         (encoding.kind == Encoding::Kind::Utf8 ? ToUtf8(text) : Windows1252().Encode(text));
+std::string HostedRegistry::Encode(const RegistryText& text, const Encoding& encoding) {
+  constexpr std::string_view kBigMark = "\xFE\xFF";
+  constexpr std::string_view kLittleMark = "\xFF\xFE";
+  const bool isBig = encoding.kind == Encoding::Kind::Utf16Big;
+  const bool isWide = isBig || encoding.kind == Encoding::Kind::Utf16Little;
+  std::size_t units = 0;
+  text.ForEachPart([&units](StringView part) { units += part.size(); });
+  std::string bytes;
+  bytes.reserve(kUtf8Mark.size() + (isWide ? 2 * units : units));
+  if (encoding.marked || isWide) bytes = isBig ? kBigMark : isWide ? kLittleMark : kUtf8Mark;
+  text.ForEachPart([&](StringView part) {
+    if (isWide) {
+      AppendUtf16(bytes, part, isBig);
+    } else if (encoding.kind == Encoding::Kind::Utf8) {
+      AppendUtf8(bytes, part);
+    } else {
+      bytes += Windows1252().Encode(part);
+    }
+  });
+  return bytes;
 }
 
 bool HostedRegistry::ReadBytes(std::string& bytes) {
@@ -136,13 +150,11 @@ void HostedRegistry::LoadAnewIfChanged() {
 }
 
 bool HostedRegistry::Save() {
-  String text = text_->Text();
-  if (encoding_.kind == Encoding::Kind::CodePage && !Windows1252().Fits(text)) {
+  if (encoding_.kind == Encoding::Kind::CodePage && !FitsPage(*text_)) {
     encoding_ = {};  // no character is given up for the sake of the old encoding
     text_->UpgradeHeader();
-    text = text_->Text();
   }
-  const bool saved = !WriteWhole(file_, Encode(text, encoding_));
+  const bool saved = !WriteWhole(file_, Encode(*text_, encoding_));
   record_ = RecordOf(LookUpSystemPath(file_));
   if (!saved) text_.reset();  // what is in the file holds
   return saved;

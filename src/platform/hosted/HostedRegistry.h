@@ -35,7 +35,7 @@ class HostedRegistry final : public Registry {
   };
 
   static String Decode(std::string_view bytes, Encoding& encoding);
-  static std::string Encode(StringView text, const Encoding& encoding);
+  static std::string Encode(const RegistryText& text, const Encoding& encoding);
 
   RegistryText& Loaded();
   void Load();

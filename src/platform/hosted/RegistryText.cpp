@@ -66,6 +66,15 @@ std::size_t ContentEnd(StringView text) {
   return feed == StringView::npos ? text.size() : feed + 1;
 }
 
+/// How many lines begin with a bracket; few of them are no section.
+std::size_t CountBrackets(StringView text) {
+  std::size_t count = 0;
+  for (std::size_t i = 1; i < text.size(); ++i) {
+    count += static_cast<std::size_t>(text[i] == u'[' && text[i - 1] == u'\n');
+  }
+  return count;
+}
+
 }  // namespace
 
 RegistryText::RegistryText() : RegistryText(String()) {}
@@ -87,6 +96,8 @@ RegistryText::RegistryText(String text) : original_(std::move(text)) {
 
 void RegistryText::Parse() {
   const StringView all = original_;
+  // A million of them would be in memory twice whenever they outgrow their room.
+  sections_.reserve(CountBrackets(all) + 1);
   StringView header;
   std::size_t start = 0;
   for (std::size_t at = 0; at < all.size();) {
@@ -214,12 +225,6 @@ bool RegistryText::Write(Hive hive, StringView key, StringView name, const Regis
   Change(at.section, text.replace(at.start, at.end - at.start, *line));
   values_.erase(target);
   return true;
-}
-
-String RegistryText::Text() const {
-  String text;
-  for (const Section& section : sections_) text += section.text;
-  return text;
 }
 
 void RegistryText::UpgradeHeader() {

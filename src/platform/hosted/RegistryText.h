@@ -38,7 +38,12 @@ class RegistryText {
   bool Write(Hive hive, StringView key, StringView name, const RegistryValue& value);
   bool CreateKey(Hive hive, StringView key);
 
-  String Text() const;
+  /// Calls `visit` with the text's parts, one behind the other: a registry of all that a machine
+  /// has is not to be in memory twice. No part ends within a character.
+  template <class Visit>
+  void ForEachPart(Visit&& visit) const {
+    for (const Section& section : sections_) visit(section.text);
+  }
   /// Makes the first line the one of the current form, which every encoding can carry.
   void UpgradeHeader();
 

@@ -111,7 +111,7 @@ TEST_F(HostedPlatformTest, SettingsThatAreNoFileAreRefusedByName) {
 }
 
 TEST_F(HostedPlatformTest, SettingsThatAreTooLargeAreRefusedByName) {
-  constexpr std::uintmax_t kMost = 64 * 1024 * 1024;
+  constexpr std::uintmax_t kMost = 1024 * 1024;
   Put(Disk("machine.ini"), "[Drives]\nC=cdrom\n");
   std::filesystem::resize_file(Disk("machine.ini"), kMost);
   EXPECT_EQ(DriveList(), "C4");

@@ -1,0 +1,96 @@
+#!/usr/bin/env python3
+"""Files that are made to fill the memory: what the program takes at most for each of them, and that
+those which are refused are named. The sizes are just within a limit, and just within 64 MiB."""
+
+import argparse
+import os
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+MOST_MIB = 256
+MEBIBYTE = 1024 * 1024
+WITHIN, BEYOND = 24 * MEBIBYTE, 63 * MEBIBYTE
+
+# File name, what stands before, what is repeated, what stands behind.
+LISTS = [
+    ("One line.m3u", b"#EXTM3U\r\n", b"a", b"\r\n"),
+    ("One title.m3u", b"#EXTM3U\r\n#EXTINF:1,", b"a", b"\r\nC:\\a.mp3\r\n"),
+    ("Umlauts.m3u", b"#EXTM3U\r\n", b"\xe4", b"\r\n"),
+    ("Lines.m3u", b"#EXTM3U\r\n", b"a\n", b""),
+    ("Short lines.m3u", b"", b"a\n", b""),
+    ("Long addresses.m3u", b"#EXTM3U\r\n", b"http://a/" + b"a" * 2000 + b"\r\n", b""),
+    ("One file.pls", b"[playlist]\nNumberOfEntries=1\nVersion=2\nFile1=", b"a", b"\n"),
+    ("Sections.pls", b"[playlist]\nNumberOfEntries=1\nVersion=2\n", b"[a]\n", b""),
+    ("Keys.pls", b"[playlist]\nNumberOfEntries=1\nVersion=2\n", b"a=\n", b""),
+    ("One entry.asx", b"<Asx>\r\n<Entry>\r\n<Title>", b"a",
+     b"</Title>\r\n<Ref href=\"a\"/>\r\n</Entry>\r\n</Asx>"),
+    ("Entries.asx", b"<Asx>", b"<Entry><Ref href=a></Entry>", b"</Asx>"),
+    ("Tags.wpl", b"<smil>", b"<a/>", b"</smil>"),
+    ("Nested.wpl", b"<smil>", b"<a>", b"</smil>"),
+    ("Quotes.wpl", b"<smil><media src='a'/>", b"\"", b"<</smil>"),
+    ("Tracks.xspf", b"<playlist><trackList>", b"<track><location>a</location></track>",
+     b"</trackList></playlist>"),
+]
+
+
+def write(path, row, size):
+    """In pieces: what this script takes counts with what it starts."""
+    _, before, repeated, behind = row
+    left = (size - len(before) - len(behind)) // len(repeated)
+    piece = MEBIBYTE // 16 // len(repeated)
+    with path.open("wb") as file:
+        file.write(before)
+        while left > 0:
+            file.write(repeated * min(piece, left))
+            left -= piece
+        file.write(behind)
+
+
+def peak_of(*command):
+    """MiB, exit code, and what stands on standard error."""
+    with tempfile.TemporaryFile() as errors:
+        process = subprocess.Popen([str(part) for part in command], stdout=subprocess.DEVNULL,
+                                   stderr=errors)
+        _, status, usage = os.wait4(process.pid, 0)
+        process.returncode = os.waitstatus_to_exitcode(status)
+        errors.seek(0)
+        return usage.ru_maxrss / 1024, process.returncode, errors.read()
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--program", required=True)
+    options = parser.parse_args()
+    failures = []
+    with tempfile.TemporaryDirectory() as folder:
+        old = Path(folder) / "old"
+        music = old / "C" / "Music"
+        music.mkdir(parents=True)
+        (old / "machine.ini").write_text("[Drives]\nC=fixed\n")
+        for row in LISTS:
+            path = music / row[0]
+            for size in (WITHIN, BEYOND):
+                write(path, row, size)
+                commands = {
+                    "verify": ("--machine", old, "C:\\Music\\" + row[0]),
+                    "migrate": ("--no-media", "--dry-run", "--from", old, "--to",
+                                Path(folder) / "new"),
+                }
+                if path.suffix in (".m3u", ".pls", ".asx"):
+                    commands["show"] = ("--machine", old, "C:\\Music\\" + row[0])
+                for command, arguments in commands.items():
+                    what = f"{command}, {row[0]} of {size // MEBIBYTE} MiB"
+                    peak, code, errors = peak_of(options.program, command, *arguments)
+                    print(f"{what}: {peak:.0f} MiB, exit code {code}")
+                    if peak >= MOST_MIB:
+                        failures.append(what)
+                    if size == BEYOND and (code != 1 or row[0].encode() not in errors):
+                        failures.append(what + " is not named")
+            path.unlink()
+    if failures:
+        sys.exit("too much memory: " + "; ".join(failures))
+
+
+main()
