@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "automation/RunTimeError.h"
-#include "services/TextStream.h"
 #include "services/Utility.h"
 #include "text/Encoding.h"
 #include "text/Fingerprint.h"
@@ -26,9 +25,11 @@ constexpr StringView kDone = u"done";      // until it is durable with a size fo
 constexpr StringView kUndone = u"undone";
 constexpr StringView kSong = u"song";  // its name, place, artist, album, maybe full place
 
-// A song has one, a playlist some eight; this is ten years of moves with all music of one person.
-// In memory each takes several times its length.
-constexpr std::uint64_t kLargest = std::uint64_t{32} * 1024 * 1024;  // bytes
+// In memory each takes several times its length. Songs beyond are planned anew by each move, which
+// finds them at their places.
+constexpr std::size_t kMostSongs = 200'000;
+
+// But for songs. A playlist has some eight; these are ten years of moves.
 constexpr std::size_t kMostLines = 300'000;
 constexpr const char16_t* kTooManyLines = u"File of more than 300000 lines: ";
 
@@ -84,12 +85,12 @@ RestoreLedger::RestoreLedger(Component& machine, const String& dataArea)
 bool RestoreLedger::Load() {
   const std::optional<std::string> bytes = machine_.Machine().Settings().Read(path_);
   exists_ = bytes.has_value();
-  if (bytes && bytes->size() > kLargest) throw TooLarge(kLargest, path_);
   std::string_view rest = bytes ? std::string_view(*bytes) : std::string_view();
   std::size_t lines = 0;
   for (std::size_t end = rest.find("\r\n"); end != std::string_view::npos;
        end = rest.find("\r\n")) {
-    if (++lines > kMostLines) throw RunTimeError(error::kOutOfMemory, kTooManyLines + path_);
+    if (!rest.starts_with("song\t")) ++lines;
+    if (lines > kMostLines) throw RunTimeError(error::kOutOfMemory, kTooManyLines + path_);
     if (end <= kLongestLine) Take(Fields(FromUtf8Lossy(rest.substr(0, end))));
     rest.remove_prefix(end + 2);
   }
@@ -183,6 +184,7 @@ const std::vector<KnownPlace>& RestoreLedger::PlacesOf(const String& song) const
 }
 
 void RestoreLedger::AddPlace(const String& song, const KnownPlace& place) {
+  if (places_.size() >= kMostSongs && !places_.contains(song)) return;
   std::vector<KnownPlace>& known = places_[song];
   const auto same = std::find_if(known.begin(), known.end(), [&place](const KnownPlace& each) {
     return EqualsIgnoreCase(each.place, place.place);

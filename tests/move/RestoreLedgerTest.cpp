@@ -427,9 +427,22 @@ TEST_F(RestoreLedgerTest, LinesThatMakeNoSenseAreSkipped) {
   EXPECT_TRUE(IsThere("Stray.m3u"));
 }
 
+TEST_F(RestoreLedgerTest, OfMoreSongsThanItHoldsTheOthersArePlannedAnew) {
+  std::string lines;
+  for (int i = 0; i <= 200'000; ++i) lines += "song\t" + std::to_string(i) + "\tb\tc\td\r\n";
+  WriteFile(File(), lines);
+  Restart();
+  Ledger().AddPlace(u"new", {u"C:\\new.mp3", u"", u""});
+  Ledger().AddPlace(u"7", {u"C:\\7.mp3", u"", u""});
+  EXPECT_EQ(Ledger().PlacesOf(u"7").size(), 2u);
+  EXPECT_EQ(Ledger().PlacesOf(u"199999").size(), 1u);
+  EXPECT_TRUE(Ledger().PlacesOf(u"200000").empty());
+  EXPECT_TRUE(Ledger().PlacesOf(u"new").empty());
+}
+
 TEST_F(RestoreLedgerTest, OneOfMoreLinesThanAnyHasIsNamedAndALineOfAMebibyteIsSkipped) {
   std::string lines;
-  for (int i = 1; i < 300'000; ++i) lines += "\r\n";
+  for (int i = 0; i < 300'000; ++i) lines += "\r\n";
   const std::string longest = "song\t" + std::string(1024 * 1024, 'x') + "\tb\tc\td\r\n";
   WriteFile(File(), lines + longest);
   Restart();
