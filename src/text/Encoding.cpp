@@ -40,7 +40,8 @@ std::size_t DecodeSequence(std::string_view bytes, std::size_t at, char32_t& poi
 /// Decodes UTF-8; false when `strict` and a byte is not valid.
 bool DecodeUtf8(std::string_view bytes, bool strict, String& text) {
   if (IsAscii(bytes)) {
-    text.assign(bytes.begin(), bytes.end());
+    text.clear();
+    AppendAscii(text, bytes);
     return true;
   }
   text.reserve(bytes.size());

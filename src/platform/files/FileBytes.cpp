@@ -44,7 +44,8 @@ FileResult<std::string> ReadWhole(const SystemFile& file, std::size_t most) {
     if (*got == 0) return bytes;
     // It has grown, or its size says nothing.
     if (bytes.size() > most) return FileFailure(FileFailure::Kind::TooLong);
-    piece = kPiece;
+    const std::size_t room = bytes.capacity() - bytes.size();
+    piece = room > 0 ? room : kPiece;
   }
 }
 
