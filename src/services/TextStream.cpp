@@ -170,7 +170,9 @@ std::string ReadWholeFile(BinaryFile& file, StringView path, std::uint64_t most)
     if (got < piece) return bytes;
     // Whenever it outgrows its room a text is in memory twice; a large one shall not.
     const bool isLarge = bytes.capacity() < kMegabyte && bytes.size() >= kMegabyte / 2;
-    if (isLarge) bytes.reserve(std::min(file.Size(), most) + kLargestPiece);
+    if (isLarge) {
+      bytes.reserve(static_cast<std::size_t>(std::min(file.Size(), most)) + kLargestPiece);
+    }
     piece = std::min(piece * 4, kLargestPiece);
   }
 }
