@@ -2,9 +2,16 @@
 
 #include "automation/RunTimeError.h"
 #include "platform/windows/WideText.h"
+#include "platform/windows/WindowsError.h"
 
 namespace norvo {
 namespace {
+
+/// What a conversion has given, of a text that is not empty.
+int Converted(int units) {
+  if (units == 0) throw RunTimeError(ErrorNumber(::GetLastError(), Subject::File));
+  return units;
+}
 
 int LengthOf(std::size_t length) {
   if (length > 0x7FFFFFFF) throw RunTimeError(error::kOutOfMemory);
@@ -16,10 +23,10 @@ class AnsiPage final : public CodePage {
   void AppendDecoded(String& text, std::string_view bytes) const override {
     const int length = LengthOf(bytes.size());
     if (length == 0) return;
-    const int units = ::MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0);
+    const int units = Converted(::MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0));
     const std::size_t had = text.size();
     text.resize(had + static_cast<std::size_t>(units));
-    ::MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, ToWide(text) + had, units);
+    Converted(::MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, ToWide(text) + had, units));
   }
 
   std::string Encode(StringView text) const override { return Convert(text, nullptr); }
@@ -38,11 +45,12 @@ class AnsiPage final : public CodePage {
     if (length == 0) return {};
     const auto* wide = reinterpret_cast<const wchar_t*>(text.data());
     const char* question = "?";
-    std::string bytes(static_cast<std::size_t>(::WideCharToMultiByte(
-                          CP_ACP, WC_NO_BEST_FIT_CHARS, wide, length, nullptr, 0, question, lost)),
-                      '\0');
-    ::WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide, length, bytes.data(),
-                          LengthOf(bytes.size()), question, lost);
+    const auto convert = [&](char* bytes, int size) {
+      return Converted(::WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide, length, bytes,
+                                             size, question, lost));
+    };
+    std::string bytes(static_cast<std::size_t>(convert(nullptr, 0)), '\0');
+    convert(bytes.data(), LengthOf(bytes.size()));
     return bytes;
   }
 };
