@@ -32,22 +32,29 @@ class AnsiPage final : public CodePage {
   std::string Encode(StringView text) const override { return Convert(text, nullptr); }
 
   bool Fits(StringView text) const override {
+    if (HoldsAll()) return Decode(Encode(text)) == text;
     BOOL lost = FALSE;
     Convert(text, &lost);
     return lost == FALSE;
   }
 
  private:
+  /// The page is UTF-8, as people can choose. The system then refuses to be told what to do with a
+  /// character that the page lacks.
+  static bool HoldsAll() { return ::GetACP() == CP_UTF8; }
+
   /// Never a character that only looks like the one that the page lacks: it would name another
   /// file.
   static std::string Convert(StringView text, BOOL* lost) {
     const int length = LengthOf(text.size());
     if (length == 0) return {};
     const auto* wide = reinterpret_cast<const wchar_t*>(text.data());
-    const char* question = "?";
+    const bool all = HoldsAll();
+    const DWORD flags = all ? 0 : WC_NO_BEST_FIT_CHARS;
+    const char* const question = all ? nullptr : "?";
     const auto convert = [&](char* bytes, int size) {
-      return Converted(::WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide, length, bytes,
-                                             size, question, lost));
+      return Converted(
+          ::WideCharToMultiByte(CP_ACP, flags, wide, length, bytes, size, question, lost));
     };
     std::string bytes(static_cast<std::size_t>(convert(nullptr, 0)), '\0');
     convert(bytes.data(), LengthOf(bytes.size()));
