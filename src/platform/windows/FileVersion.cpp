@@ -4,7 +4,9 @@
 
 #include <vector>
 
+#include "platform/windows/SystemPath.h"
 #include "platform/windows/WideText.h"
+#include "platform/windows/WindowsError.h"
 #include "text/Number.h"
 
 namespace norvo {
@@ -23,9 +25,11 @@ String VersionText(DWORD high, DWORD low) {
 
 String VersionOfFile(const String& systemPath) {
   const DWORD size = ::GetFileVersionInfoSizeW(ToWide(systemPath), nullptr);
-  if (size == 0) return {};
   std::vector<char> block(size);
-  if (!::GetFileVersionInfoW(ToWide(systemPath), 0, size, block.data())) return {};
+  if (size == 0 || !::GetFileVersionInfoW(ToWide(systemPath), 0, size, block.data())) {
+    RaiseIfUntold(::GetLastError(), Subject::File, FromSystemPath(systemPath));
+    return {};
+  }
   void* found = nullptr;
   UINT length = 0;
   if (!::VerQueryValueW(block.data(), L"\\", &found, &length)) return {};

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/windows/WideText.h"
+#include "platform/windows/WindowsError.h"
 #include "text/WindowsPath.h"
 
 namespace norvo {
@@ -14,13 +15,14 @@ constexpr StringView kMark = u"\\\\?\\";
 constexpr StringView kShareMark = u"\\\\?\\UNC\\";
 
 /// A text that a system call fills into a buffer: `call` gets the buffer and its size, and gives
-/// the length of the text, or the size that it needs with the NUL.
+/// the length of the text, or the size that it needs with the NUL; 0 when it fails.
 template <class Call>
 String SystemText(Call&& call) {
   String text(MAX_PATH, u'\0');
   for (;;) {
     const auto size = static_cast<DWORD>(text.size());
     const DWORD length = call(ToWide(text), size);
+    if (length == 0) RaiseWindowsError(::GetLastError(), Subject::Folder, {});
     text.resize(length);
     if (length < size) return text;
   }

@@ -67,9 +67,26 @@ std::int32_t ErrorNumber(std::uint32_t code, Subject subject) {
   }
 }
 
+bool IsUntold(std::uint32_t code) {
+  switch (code) {
+    case ERROR_TOO_MANY_OPEN_FILES:
+    case ERROR_NO_SYSTEM_RESOURCES:
+    case ERROR_REGISTRY_CORRUPT:
+    case ERROR_REGISTRY_IO_FAILED:
+      return true;
+    default:
+      const std::int32_t number = ErrorNumber(code, Subject::File);
+      return number == error::kDeviceInputOutput || number == error::kOutOfMemory;
+  }
+}
+
 void RaiseWindowsError(std::uint32_t code, Subject subject, StringView path) {
   const std::int32_t number = ErrorNumber(code, subject);
   throw RunTimeError(number, String(DescriptionOf(number)).append(u": ").append(path));
+}
+
+void RaiseIfUntold(std::uint32_t code, Subject subject, StringView path) {
+  if (IsUntold(code)) RaiseWindowsError(code, subject, path);
 }
 
 }  // namespace norvo

@@ -44,12 +44,22 @@ double SizeOf(DWORD high, DWORD low) {
   return static_cast<double>(std::uint64_t{high} << 32 | low);
 }
 
+/// The attributes of what is at a path, and `INVALID_FILE_ATTRIBUTES` when there is nothing.
+DWORD AttributesOf(const String& systemPath, StringView path) {
+  const DWORD attributes = ::GetFileAttributesW(ToWide(systemPath));
+  if (attributes == INVALID_FILE_ATTRIBUTES) RaiseIfUntold(::GetLastError(), Subject::File, path);
+  return attributes;
+}
+
 /// The facts of the file that a link leads to; nothing when it leads to none.
-std::optional<FileFacts> FactsBehindLink(const String& systemPath, String name) {
+std::optional<FileFacts> FactsBehindLink(const String& systemPath, String name, StringView path) {
   const FileHandle file(::CreateFileW(ToWide(systemPath), FILE_READ_ATTRIBUTES, kShareAll, nullptr,
                                       OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
   BY_HANDLE_FILE_INFORMATION found = {};
-  if (!file.IsOpen() || !::GetFileInformationByHandle(file.Get(), &found)) return std::nullopt;
+  if (!file.IsOpen() || !::GetFileInformationByHandle(file.Get(), &found)) {
+    RaiseIfUntold(::GetLastError(), Subject::File, path);
+    return std::nullopt;
+  }
   return FileFacts{std::move(name), SizeOf(found.nFileSizeHigh, found.nFileSizeLow),
                    ToFileTime(found.ftCreationTime), NanosecondsSince1970(found.ftLastWriteTime)};
 }
@@ -64,7 +74,7 @@ SearchHandle FindFirst(const String& pattern, WIN32_FIND_DATAW& found, DWORD fla
 bool WindowsFileSystem::FolderExists(StringView path) {
   const std::optional<String> systemPath = ToSystemPath(path);
   const QuietDrives quiet;
-  return systemPath && IsFolder(::GetFileAttributesW(ToWide(*systemPath)));
+  return systemPath && IsFolder(AttributesOf(*systemPath, path));
 }
 
 std::optional<FileFacts> WindowsFileSystem::FactsOf(StringView path) {
@@ -72,11 +82,13 @@ std::optional<FileFacts> WindowsFileSystem::FactsOf(StringView path) {
   if (!systemPath || EndsInSeparator(path)) return std::nullopt;
   const QuietDrives quiet;
   WIN32_FIND_DATAW found = {};
-  if (!FindFirst(*systemPath, found, 0).IsOpen() || IsFolder(found.dwFileAttributes)) {
+  if (!FindFirst(*systemPath, found, 0).IsOpen()) {
+    RaiseIfUntold(::GetLastError(), Subject::File, path);
     return std::nullopt;
   }
+  if (IsFolder(found.dwFileAttributes)) return std::nullopt;
   String name = FromWide(found.cFileName);
-  if (IsLink(found)) return FactsBehindLink(*systemPath, std::move(name));
+  if (IsLink(found)) return FactsBehindLink(*systemPath, std::move(name), path);
   return FileFacts{std::move(name), SizeOf(found.nFileSizeHigh, found.nFileSizeLow),
                    ToFileTime(found.ftCreationTime), NanosecondsSince1970(found.ftLastWriteTime)};
 }
@@ -124,13 +136,16 @@ FileHandle WindowsFileSystem::OpenFile(StringView path, DWORD access, DWORD shar
   FileHandle file(::CreateFileW(ToWide(systemPath), access, sharing, nullptr,
                                 create ? OPEN_ALWAYS : OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL,
                                 nullptr));
-  const DWORD reason = file.IsOpen() ? ERROR_SUCCESS : ::GetLastError();
   // A share can also hold pipes, which might be waited for.
-  if (file.IsOpen() && ::GetFileType(file.Get()) == FILE_TYPE_DISK) return file;
+  const DWORD type = file.IsOpen() ? ::GetFileType(file.Get()) : DWORD{FILE_TYPE_UNKNOWN};
+  if (type == FILE_TYPE_DISK) return file;
+  const DWORD reason = type == FILE_TYPE_UNKNOWN ? ::GetLastError() : DWORD{ERROR_SUCCESS};
   // The system says of a folder that it is denied.
   const bool folder = IsFolder(::GetFileAttributesW(ToWide(systemPath)));
   if (folder && create) RaiseWindowsError(ERROR_ALREADY_EXISTS, Subject::New, path);
-  if (folder || file.IsOpen()) RaiseWindowsError(ERROR_FILE_NOT_FOUND, Subject::File, path);
+  if (folder || reason == ERROR_SUCCESS) {
+    RaiseWindowsError(ERROR_FILE_NOT_FOUND, Subject::File, path);
+  }
   if (create) RaiseWindowsError(reason, Subject::New, path);
   RaiseUnusable(reason, path);
 }
@@ -229,6 +244,7 @@ DriveType WindowsFileSystem::TypeOfDrive(StringView path) {
 std::vector<Drive> WindowsFileSystem::Drives() {
   std::vector<Drive> drives;
   const DWORD present = ::GetLogicalDrives();
+  if (present == 0) RaiseWindowsError(::GetLastError(), Subject::Folder, {});
   for (unsigned index = 0; index < 26; ++index) {
     if ((present >> index & 1) == 0) continue;
     const char16_t root[] = {static_cast<char16_t>(u'A' + index), u':'};

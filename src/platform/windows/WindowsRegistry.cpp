@@ -9,6 +9,7 @@
 
 #include "platform/windows/UniqueHandle.h"
 #include "platform/windows/WideText.h"
+#include "platform/windows/WindowsError.h"
 
 namespace norvo {
 namespace {
@@ -36,13 +37,26 @@ String WithoutLastSeparator(StringView key) {
   return String(key);
 }
 
-/// Not open when the key is missing or may not be used in this way.
-RegistryHandle OpenKey(Hive hive, StringView key, REGSAM access) {
+/// Not open when the key is missing or may not be used in this way; `status` tells why.
+RegistryHandle OpenKey(Hive hive, StringView key, REGSAM access, LSTATUS& status) {
   HKEY found = nullptr;
+  status = ERROR_FILE_NOT_FOUND;
   if (HoldsNul(key)) return {};
-  const LSTATUS status =
-      ::RegOpenKeyExW(RootOf(hive), ToWide(WithoutLastSeparator(key)), 0, access, &found);
+  status = ::RegOpenKeyExW(RootOf(hive), ToWide(WithoutLastSeparator(key)), 0, access, &found);
   return status == ERROR_SUCCESS ? RegistryHandle(found) : RegistryHandle();
+}
+
+/// Raises for a status that does not tell what there is.
+void CheckStatus(LSTATUS status, StringView key) {
+  RaiseIfUntold(static_cast<std::uint32_t>(status), Subject::File, key);
+}
+
+/// Not open when the key is missing or may not be read.
+RegistryHandle FindKey(Hive hive, StringView key) {
+  LSTATUS status = ERROR_SUCCESS;
+  RegistryHandle opened = OpenKey(hive, key, KEY_QUERY_VALUE, status);
+  CheckStatus(status, key);
+  return opened;
 }
 
 struct RawValue {
@@ -50,13 +64,13 @@ struct RawValue {
   std::string bytes;
 };
 
-std::optional<RawValue> ReadRaw(const RegistryHandle& key, const String& name) {
+/// Nothing, with the reason in `status`, for a value that is missing or may not be read.
+std::optional<RawValue> ReadRaw(const RegistryHandle& key, const String& name, LSTATUS& status) {
   RawValue value;
   for (;;) {
     auto size = static_cast<DWORD>(value.bytes.size());
     auto* const data = reinterpret_cast<BYTE*>(value.bytes.data());
-    const LSTATUS status =
-        ::RegQueryValueExW(key.Get(), ToWide(name), nullptr, &value.type, data, &size);
+    status = ::RegQueryValueExW(key.Get(), ToWide(name), nullptr, &value.type, data, &size);
     const bool fits = size <= value.bytes.size();
     value.bytes.resize(size);
     if (status == ERROR_SUCCESS && fits) return value;
@@ -101,13 +115,15 @@ RawValue ToRaw(const RegistryValue& value) {
 }  // namespace
 
 bool WindowsRegistry::KeyExists(Hive hive, StringView key) {
-  return OpenKey(hive, key, KEY_QUERY_VALUE).IsOpen();
+  return FindKey(hive, key).IsOpen();
 }
 
 std::optional<RegistryValue> WindowsRegistry::Read(Hive hive, StringView key, StringView name) {
-  const RegistryHandle opened = OpenKey(hive, key, KEY_QUERY_VALUE);
+  const RegistryHandle opened = FindKey(hive, key);
   if (!opened.IsOpen() || HoldsNul(name)) return std::nullopt;
-  const std::optional<RawValue> raw = ReadRaw(opened, String(name));
+  LSTATUS status = ERROR_SUCCESS;
+  const std::optional<RawValue> raw = ReadRaw(opened, String(name), status);
+  CheckStatus(status, key);
   if (!raw) return std::nullopt;
   switch (raw->type) {
     case REG_SZ:
@@ -124,7 +140,8 @@ std::optional<RegistryValue> WindowsRegistry::Read(Hive hive, StringView key, St
 
 bool WindowsRegistry::Write(Hive hive, StringView key, StringView name,
                             const RegistryValue& value) {
-  const RegistryHandle opened = OpenKey(hive, key, KEY_SET_VALUE);
+  LSTATUS status = ERROR_SUCCESS;
+  const RegistryHandle opened = OpenKey(hive, key, KEY_SET_VALUE, status);
   if (!opened.IsOpen() || HoldsNul(name)) return false;
   const RawValue raw = ToRaw(value);
   if (raw.bytes.size() > std::numeric_limits<DWORD>::max()) return false;

@@ -6,7 +6,8 @@ namespace norvo {
 
 /// The machine's own registry. Texts are `REG_SZ` (read also from `REG_EXPAND_SZ`, as they stand),
 /// integers `REG_DWORD`, doubles `REG_BINARY` of 8 bytes. A NUL ends every text, and no key and no
-/// value has one in its name.
+/// value has one in its name. What the system cannot tell of raises; what may not be looked at is
+/// not there.
 class WindowsRegistry final : public Registry {
  public:
   /// `RegOpenKeyExW`.

@@ -81,7 +81,11 @@ void WindowsSettings::Write(StringView path, const std::string& bytes) {
   const QuietDrives quiet;
   // Not every system refuses to put another file in the place of a read-only one.
   const DWORD attributes = ::GetFileAttributesW(ToWide(*target));
-  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+  const bool there = attributes != INVALID_FILE_ATTRIBUTES;
+  if (!there && ::GetLastError() != ERROR_FILE_NOT_FOUND) {
+    RaiseWindowsError(::GetLastError(), Subject::New, path);
+  }
+  if (there && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
     RaiseWindowsError(ERROR_ACCESS_DENIED, Subject::New, path);
   }
   Replacement replacement(*target);

@@ -103,12 +103,8 @@ class ScratchFolder : public ::testing::Test {
   /// The path as the system takes it, whatever the class under test thinks of it.
   static String System(const String& path) { return u"\\\\?\\" + path; }
 
-  std::vector<String> warnings_;
-
- private:
-  static constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-
-  /// Links are removed, never followed.
+  /// Removes a file, or a folder with all below, by its path as the system takes it. Links are
+  /// removed, never followed.
   static void RemoveTree(const String& path) {
     const DWORD attributes = ::GetFileAttributesW(ToWide(path));
     ::SetFileAttributesW(ToWide(path), FILE_ATTRIBUTE_NORMAL);
@@ -126,6 +122,11 @@ class ScratchFolder : public ::testing::Test {
     }
     ::RemoveDirectoryW(ToWide(path));
   }
+
+  std::vector<String> warnings_;
+
+ private:
+  static constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
   static constexpr int kMostFolders = 10000;
 

@@ -37,6 +37,16 @@ TEST(WindowsErrorTest, EveryCodeHasItsNumber) {
   }
 }
 
+TEST(WindowsErrorTest, AFailingMachineDoesNotTellWhatThereIs) {
+  constexpr DWORD kUntold[] = {ERROR_IO_DEVICE, ERROR_CRC, ERROR_NOT_ENOUGH_MEMORY,
+                               ERROR_TOO_MANY_OPEN_FILES, ERROR_REGISTRY_IO_FAILED};
+  constexpr DWORD kTold[] = {ERROR_FILE_NOT_FOUND,    ERROR_PATH_NOT_FOUND,  ERROR_INVALID_NAME,
+                             ERROR_NOT_READY,         ERROR_BAD_NETPATH,     ERROR_ACCESS_DENIED,
+                             ERROR_SHARING_VIOLATION, ERROR_HOST_UNREACHABLE};
+  for (const DWORD code : kUntold) EXPECT_TRUE(IsUntold(code)) << code;
+  for (const DWORD code : kTold) EXPECT_FALSE(IsUntold(code)) << code;
+}
+
 TEST(WindowsErrorTest, TheDescriptionNamesThePath) {
   try {
     RaiseWindowsError(ERROR_DISK_FULL, Subject::New, u"C:\\a.ini");
