@@ -14,7 +14,7 @@ namespace {
 
 using namespace norvo;
 
-void CheckLine(StringView line) {
+void HoldLine(StringView line) {
   for (const StringView part : {AttributeValue(line, u"Name"), AttributeValue(line, u"Value"),
                                 ElementText(line), ElementValue(line)}) {
     Require(IsViewOf(part, line) && Trim(part).size() == part.size());
@@ -61,7 +61,7 @@ void CheckRoundTrip(const std::vector<StringView>& lines) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const String text = Windows1252().Decode(AsBytes(data, size));
   const std::vector<StringView> lines = SplitLines(text);
-  for (const StringView line : lines) CheckLine(line);
+  for (const StringView line : lines) HoldLine(line);
   CheckRoundTrip(lines);
   return 0;
 }
