@@ -136,6 +136,7 @@ bool RestoreLedger::AreWhole(const std::vector<String>& natives, std::span<const
 
 void RestoreLedger::Keep() {
   Row row = std::move(*current_);
+  row.intended.clear();
   current_.reset();
   String folded = Fold(row.genericFile);
   if (!row.key.empty()) TakeKey(row.key, folded);

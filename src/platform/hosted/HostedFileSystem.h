@@ -33,9 +33,9 @@ class HostedFileSystem final : public FileSystem {
   void RemoveFile(StringView path, bool force) override;
   std::unique_ptr<BinaryFile> OpenForReading(StringView path) override;
   std::unique_ptr<AppendFile> OpenForAppending(StringView path, bool create) override;
+  void MakeDurable(std::span<const String> paths) override;
   /// Links to files are listed as files. Links to folders are left out, so that a walk through all
   /// folders ends; a path that names such a link leads into its folder all the same.
-  void MakeDurable(std::span<const String> paths) override;
   std::vector<FolderItem> ListFolder(StringView path, std::span<const StringView> endings) override;
   String AbsolutePathName(StringView path) override;
   DriveType TypeOfDrive(StringView path) override;
