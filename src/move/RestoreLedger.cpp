@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "automation/Attempt.h"
 #include "automation/RunTimeError.h"
 #include "services/Utility.h"
 #include "text/Encoding.h"
@@ -127,6 +128,16 @@ String RestoreLedger::SizeOf(const String& native) {
   return facts ? FormatInteger(static_cast<std::int64_t>(facts->size)) : String();
 }
 
+/// As they are noted; nothing when there are none, or one cannot be looked up.
+std::optional<std::string> RestoreLedger::SizesOf(const std::vector<String>& natives) {
+  if (natives.empty()) return std::nullopt;
+  return AnswerOr(std::optional<std::string>(), [&]() -> std::optional<std::string> {
+    std::string sizes;
+    for (const String& native : natives) sizes += '\t' + ToUtf8(SizeOf(native));
+    return sizes;
+  });
+}
+
 bool RestoreLedger::AreWhole(const std::vector<String>& natives, std::span<const String> sizes) {
   return std::equal(natives.begin(), natives.end(), sizes.begin(), sizes.end(),
                     [this](const String& native, const String& size) {
@@ -217,17 +228,15 @@ void RestoreLedger::AddNative(const String& path) {
 
 void RestoreLedger::End(bool whole) {
   if (!current_) return;
-  const bool done = whole && !current_->natives.empty();
-  std::string line = ToUtf8(done ? kDone : kUndone);
-  if (done) {
-    for (const String& native : current_->natives) line += '\t' + ToUtf8(SizeOf(native));
+  const std::optional<std::string> sizes = whole ? SizesOf(current_->natives) : std::nullopt;
+  if (sizes) {
     current_->isDurable = false;
     Keep();
   } else {
     DeleteNatives(*current_);
     current_.reset();
   }
-  Append(line + "\r\n");
+  Append((sizes ? ToUtf8(kDone) + *sizes : ToUtf8(kUndone)) + "\r\n");
 }
 
 void RestoreLedger::Append(const std::string& line) {

@@ -46,8 +46,8 @@ class RestoreLedger {
              const std::vector<String>& intended = {});
   /// Before it is made; one that was not intended stands on the disk when this returns.
   void AddNative(const String& path);
-  /// With `whole` false, or without any native playlist, the generic file counts as not restored,
-  /// and what was written of it is deleted.
+  /// With `whole` false, without any native playlist, or with one that cannot be looked up, the
+  /// generic file counts as not restored, and what was written of it is deleted.
   void End(bool whole);
 
   /// The places of a song, by whatever name the caller gives it: several when songs of several old
@@ -81,6 +81,7 @@ class RestoreLedger {
   void DeleteNatives(const Row& row);
   void DeleteUnfinished(const Row& row);
   String SizeOf(const String& native);
+  std::optional<std::string> SizesOf(const std::vector<String>& natives);
   bool AreWhole(const std::vector<String>& natives, std::span<const String> sizes);
   void Keep();
   void TakeKey(const std::string& key, const String& folded);

@@ -69,10 +69,18 @@ class LedgerWatcher final : public LibraryWatcher {
   }
   void OnPlayerSetting(StringView player, StringView place, StringView value) override {
     work_.result.settings.push_back({String(player), String(place), String(value)});
+    hasPlayers_ = true;
   }
 
-  /// Whether the queue ended before it came to the players.
-  bool HasStopped() const { return stopped_; }
+  void OnPlayerSettingLost(StringView player, StringView place, StringView value,
+                           StringView reason) override {
+    LibraryWatcher::OnPlayerSettingLost(player, place, value, reason);
+    hasPlayers_ = true;
+  }
+
+  /// Whether the queue ended before it came to the players, or found none: where the players' lists
+  /// stand may not have been known for a moment.
+  bool LeavesPlayers() const { return stopped_ || !hasPlayers_; }
   /// Whether this run has restored a generic file.
   bool HasRestored(const String& path) const { return restored_.contains(Fold(path)); }
 
@@ -123,6 +131,7 @@ class LedgerWatcher final : public LibraryWatcher {
   std::size_t natives_ = 0;                // that were begun for the playlist in hand
   bool whole_ = true;
   bool stopped_ = false;
+  bool hasPlayers_ = false;
 };
 
 /// As the queue does in the end, with the settings that cannot be written told one by one.
@@ -157,7 +166,7 @@ void RestoreCarried(Component& library, FileSystem& disk, RestoreLedger& ledger,
     // On a full disk it stays as it grew; only the songs' places are not remembered.
   }
   watcher.ThrowIfCancelled();
-  if (watcher.HasStopped()) PointPlayers(library, watcher);
+  if (watcher.LeavesPlayers()) PointPlayers(library, watcher);
   for (MovedPlaylist& playlist : work.result.playlists) {
     if (playlist.state == MovedPlaylist::State::Collected) Settle(playlist, ledger, watcher);
   }

@@ -165,6 +165,12 @@ constexpr Fault kNewOverlooks = {"a look of the new machine", false, OverlookOnc
 constexpr Fault kOldOn = {"the old machine from there on", true, FailFromThereOn};
 constexpr Fault kNewOn = {"the new machine from there on", false, FailFromThereOn};
 
+std::size_t CountLists(const Contents& contents) {
+  return static_cast<std::size_t>(std::count_if(
+      contents.begin(), contents.end(),
+      [](const auto& file) { return file.first.find("\\PlayLists\\") != std::string::npos; }));
+}
+
 /// A move that says that it is whole is; and whatever was told, the next move is whole.
 void ExpectHonestAndMendedByTheNext(const Fault& fault, MemoryMove (*make)()) {
   const Sound sound(make);
@@ -182,6 +188,8 @@ void ExpectHonestAndMendedByTheNext(const Fault& fault, MemoryMove (*make)()) {
                    EXPECT_TRUE(again.IsWhole()) << where;
                    EXPECT_EQ(CountRestored(again), sound.result.playlists.size()) << where;
                    EXPECT_EQ(again.verification.found, sound.result.verification.found) << where;
+                   EXPECT_EQ(CountLists(ContentsOf(*machines.to)), CountLists(sound.contents))
+                       << where;
                    for (const MovedPlaylist& playlist : again.playlists) {
                      EXPECT_EQ(playlist.natives.size(), 4u) << where;
                    }
@@ -241,6 +249,20 @@ TEST(FailingMove, ThatCannotPointAPlayerAtItsListsTellsItAndTheNextDoesIt) {
     }
   }
   EXPECT_GE(lost, 3u);  // each of them, and all where the move ends before
+}
+
+TEST(FailingMove, ThatCouldNotTellOfAFolderForAMomentPointsThePlayersAllTheSame) {
+  const Sound sound(WithPlayers);
+  bool failed = true;
+  for (std::size_t k = 1; failed; ++k) {
+    const MemoryMove machines = WithPlayers();
+    machines.to->FailOn(u"FolderExists", k, error::kDeviceInputOutput);
+    const std::optional<MoveResult> move = ResultOf(machines);
+    failed = machines.to->Log().HasFailed();
+    if (move) {
+      EXPECT_EQ(SettingsIn(*move), SettingsIn(sound.result)) << k;
+    }
+  }
 }
 
 TEST(FailingMove, ThatGoesOnWhereOneWasStoppedIsHonestAndTheNextIsWhole) {
