@@ -18,6 +18,7 @@ from whole_files import (CONTENTS, LEDGER, LISTS, MUSIC, PASSING, PRODUCT, is_se
 # What is not as after an undisturbed move and yet right, each told with its reason and counted.
 OTHER_NAMES = "other names: a name that could not be looked up, or not written, counts as taken"
 BEGUN_LIST = "a begun list: killed while it was written; the ledger tells, and the next run mends it"
+TORN_LINE = "a torn line: the ledger had no room for its end; the next run passes over it"
 LOST_LIST = "a lost list: it had not been flushed; the ledger does not count on it"
 
 # The file that tells that a player is there, by the settings that point it at its lists.
@@ -120,6 +121,8 @@ class Judge:
                 allowed.add(BEGUN_LIST)
             elif fault and how == "power" and path.startswith(LISTS):
                 allowed.add(LOST_LIST)
+            elif fault and how == "full" and path == LEDGER and b"\r\n" in raw:
+                allowed.add(TORN_LINE)
             elif fault:
                 faults.append(f"torn: {path}: {fault}")
         return faults
@@ -159,7 +162,7 @@ class Judge:
         for path, raw in self.new(self.reference).items():
             for value in lost_values(raw, now.get(path, b"")) if is_settings(path) else ():
                 # Or what tells that the player is there could not be looked up.
-                if not re.search(rf", {value}: |\\\\{PLAYER_FILES[value]}: ", told):
+                if not re.search(rf", {value}: |\\{PLAYER_FILES[value]}: ", told):
                     yield f"{path}: {value}"
 
     def next_run(self):
