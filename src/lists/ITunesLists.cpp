@@ -101,6 +101,7 @@ class ListMaker {
     lists_.push_back(std::move(list));
   }
 
+  std::size_t Count() const { return lists_.size(); }
   std::vector<ListedList> Lists() && { return std::move(lists_); }
 
  private:
@@ -135,7 +136,10 @@ std::vector<ListedList> ITunesLists(StringView text, std::size_t most) {
     if (key == "Playlists") lists = value;
   });
   ListMaker maker(ReadTracks(tracks), most, text.size() * kMostCopies);
-  for (const pugi::xml_node list : lists.children()) maker.Add(list);
+  for (const pugi::xml_node list : lists.children()) {
+    if (maker.Count() > kMostLists) break;
+    maker.Add(list);
+  }
   return std::move(maker).Lists();
 }
 

@@ -109,6 +109,7 @@ std::optional<ListedFile> ReadListFile(StringView fileName, std::string_view byt
   if (IsTree(*syntax) && HasTooManyTags(text)) Refuse(u"it has more than 800000 tags");
   ListedFile file{*syntax, *syntax == ListSyntax::M3u && HasDirective(text),
                   ReadLists(text, *syntax, most), IsDamaged(text, *syntax)};
+  if (file.lists.size() > kMostLists) Refuse(u"it has more than 10000 lists");
   const bool isLibrary = *syntax == ListSyntax::ITunes;
   if (!isLibrary && HasTooLongTexts(file.lists.front())) {
     Refuse(u"its titles and paths have more than 10000000 characters");

@@ -43,6 +43,9 @@ struct ListedList {
 /// Nobody's list has so many; a file made to fill the memory shall not.
 inline constexpr std::size_t kMostListedItems = 100'000;
 
+/// Nobody's library has so many lists. One more is read, which tells that there are more.
+inline constexpr std::size_t kMostLists = 10'000;
+
 /// The lists of a text: exactly one, but of an iTunes library each that its user made. What a
 /// player would play, in its order; what follows the first `most` items of a list is left out.
 /// Looks at no disk; any text will do, and takes time and memory in proportion to its length.

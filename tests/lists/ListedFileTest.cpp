@@ -175,5 +175,16 @@ TEST(ListedFile, OfMoreTextsThanAnyListIsRefused) {
             "its titles and paths have more than 10000000 characters");
 }
 
+TEST(ListedFile, ALibraryOfMoreListsThanAnybodyHasIsRefused) {
+  std::string text = "<plist><dict><key>Tracks</key><dict></dict><key>Playlists</key><array>";
+  for (std::size_t i = 0; i < kMostLists; ++i) text += "<dict></dict>";
+  const std::string end = "</array></dict></plist>";
+  const std::optional<ListedFile> most = Read(u"iTunes Library.xml", text + end);
+  ASSERT_TRUE(most);
+  EXPECT_EQ(most->lists.size(), kMostLists);
+  EXPECT_EQ(Refusal(u"iTunes Library.xml", text + "<dict></dict>" + end),
+            "it has more than 10000 lists");
+}
+
 }  // namespace
 }  // namespace norvo
