@@ -1,6 +1,7 @@
 #include "cli/ErrorWords.h"
 
 #include "cli/SystemWords.h"
+#include "text/Encoding.h"
 
 namespace norvo::cli {
 namespace {
@@ -162,6 +163,14 @@ std::string TextOf(const MoveError& error) {
     if (!words.empty()) return words;
   }
   return error.what();
+}
+
+std::string ReasonBeside(StringView path, StringView description) {
+  const String subject = u": " + String(path);
+  const bool endsWithIt = description.size() >= subject.size() &&
+                          description.substr(description.size() - subject.size()) == subject;
+  if (endsWithIt) description.remove_suffix(subject.size());
+  return ToUtf8(description);
 }
 
 }  // namespace norvo::cli

@@ -2,6 +2,7 @@
 
 #include "cli/CommonOptions.h"
 #include "cli/ConsoleObserver.h"
+#include "cli/ErrorWords.h"
 #include "cli/NamedMachine.h"
 #include "cli/PathDocument.h"
 #include "move/VerifyPlaylists.h"
@@ -53,7 +54,10 @@ class VerifyObserver final : public ConsoleObserver {
     Out().Print(path + ": " + std::to_string(playlist.Count(Kind::Found)) + " found, " +
                 std::to_string(playlist.Count(Kind::Missing)) + " missing, " +
                 std::to_string(playlist.Count(Kind::Address)) + " addresses");
-    if (!playlist.whole) Out().LeftOut(path + ": cannot be read to its end");
+    if (!playlist.whole) {
+      Out().LeftOut(path +
+                    ": cannot be read to its end: " + ReasonBeside(playlist.path, playlist.reason));
+    }
     for (const VerifiedReference& row : playlist.references) {
       if (row.kind != Kind::Missing) continue;
       Out().LeftOut(path + ": missing: " + ToUtf8(row.reference));
@@ -68,6 +72,7 @@ Json PlaylistDocument(const VerifiedPlaylist& playlist) {
   }
   return {{"path", ToUtf8(playlist.path)},
           {"whole", playlist.whole},
+          {"reason", ToUtf8(playlist.reason)},
           {"found", playlist.Count(Kind::Found)},
           {"addresses", playlist.Count(Kind::Address)},
           {"missing", std::move(missing)}};

@@ -12,12 +12,15 @@
 namespace norvo {
 namespace {
 
-// Of start tags, and of end tags. A list of 24 MiB that a program wrote has two thirds of them.
+// Of start tags, and of end tags: eight for each of as many items as are taken.
 constexpr std::size_t kMostTags = 800'000;
 
 // Of all titles, names and references together, which are in memory many times over when the list
-// is moved: those of sixty thousand songs.
-constexpr std::size_t kMostUnits = 10'000'000;
+// is moved: two hundred for each of as many items as are taken.
+constexpr std::size_t kMostUnits = 20'000'000;
+
+// Of what stands in one piece, such as a title: each way to read it makes another copy.
+constexpr std::size_t kLongestPiece = std::size_t{4} * 1024 * 1024;
 
 bool HasDirective(StringView text) {
   while (!text.empty()) {
@@ -74,6 +77,17 @@ bool HasTooManyTags(StringView text) {
   return std::max(starts, ends) > kMostTags;
 }
 
+/// Between line ends and tags; a whole list may stand in one line.
+bool HasTooLongPiece(StringView text) {
+  std::size_t length = 0;
+  for (const char16_t unit : text) {
+    const bool ends = unit == u'\n' || unit == u'\r' || unit == u'<';
+    length = ends ? 0 : length + 1;
+    if (length > kLongestPiece) return true;
+  }
+  return false;
+}
+
 /// Of the kinds that are held as a tree, each node of which takes more than its tag.
 bool IsTree(ListSyntax syntax) {
   return syntax == ListSyntax::Wpl || syntax == ListSyntax::Xspf || syntax == ListSyntax::B4s;
@@ -106,13 +120,14 @@ std::optional<ListedFile> ReadListFile(StringView fileName, std::string_view byt
   const String text = DecodePlaylist(bytes, page);
   const std::optional<ListSyntax> syntax = SyntaxOf(fileName, text);
   if (!syntax) return std::nullopt;
+  if (HasTooLongPiece(text)) Refuse(u"it has a line of more than 4194304 characters");
   if (IsTree(*syntax) && HasTooManyTags(text)) Refuse(u"it has more than 800000 tags");
   ListedFile file{*syntax, *syntax == ListSyntax::M3u && HasDirective(text),
                   ReadLists(text, *syntax, most), IsDamaged(text, *syntax)};
   if (file.lists.size() > kMostLists) Refuse(u"it has more than 10000 lists");
   const bool isLibrary = *syntax == ListSyntax::ITunes;
   if (!isLibrary && HasTooLongTexts(file.lists.front())) {
-    Refuse(u"its titles and paths have more than 10000000 characters");
+    Refuse(u"its titles and paths have more than 20000000 characters");
   }
   return file;
 }

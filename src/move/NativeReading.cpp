@@ -59,10 +59,13 @@ bool ReadByLibrary(Component& library, const String& path, ReferenceWatcher& wat
   return ReadInto(*library.Create(u"PlayList"), path, type);
 }
 
-bool HasMissing(const std::vector<VerifiedReference>& references) {
-  return std::any_of(references.begin(), references.end(), [](const VerifiedReference& row) {
-    return row.kind == VerifiedReference::Kind::Missing;
-  });
+/// No reference at all may be a list that the library's reader could not open, which a reader of
+/// settings files keeps to itself.
+bool IsAnswered(const std::vector<VerifiedReference>& references) {
+  return !references.empty() &&
+         std::none_of(references.begin(), references.end(), [](const VerifiedReference& row) {
+           return row.kind == VerifiedReference::Kind::Missing;
+         });
 }
 
 }  // namespace
@@ -74,7 +77,7 @@ std::vector<VerifiedReference> NativeReader::ReadPatiently(const String& path) {
   std::vector<VerifiedReference> references;
   if (!file || file->lists.empty()) return references;
   const std::vector<ListedItem>& items = file->lists.front().items;
-  if (file->lists.front().isCut) throw RunTimeError(error::kOutOfMemory);
+  if (file->lists.front().isCut) throw RunTimeError(error::kOutOfMemory, kTooManyItems);
   seen_.Note(path, bytes, items);
   for (const ListedItem& item : items) {
     if (item.maybeComment) continue;
@@ -91,18 +94,14 @@ std::vector<VerifiedReference> NativeReader::ReadPatiently(const String& path) {
 VerifiedPlaylist NativeReader::Read(const String& path) {
   ReferenceWatcher watcher(library_.Files());
   try {
-    const bool whole = ReadByLibrary(library_, path, watcher);
-    if (whole && !HasMissing(watcher.references)) {
-      return {path, std::move(watcher.references), true};
-    }
-    if (!whole) watcher.references = {};  // which may be most of what there is room for
+    if (!ReadByLibrary(library_, path, watcher)) watcher.references = {};  // to have the room
+    if (IsAnswered(watcher.references)) return {path, std::move(watcher.references), true, {}};
+    const std::size_t heard = watcher.references.size();
     std::vector<VerifiedReference> patient = ReadPatiently(path);
-    if (!whole || patient.size() == watcher.references.size()) {
-      return {path, std::move(patient), true};
-    }
-    return {path, std::move(watcher.references), true};
-  } catch (const RunTimeError&) {
-    return {path, std::move(watcher.references), false};
+    const bool isBetter = heard == 0 || patient.size() == heard;
+    return {path, std::move(isBetter ? patient : watcher.references), true, {}};
+  } catch (const RunTimeError& failure) {
+    return {path, std::move(watcher.references), false, failure.Description()};
   }
 }
 

@@ -16,8 +16,6 @@
 namespace norvo {
 namespace {
 
-constexpr const char16_t* kTooMany = u"it lists more than 100000 songs";
-
 /// A name whose ending tells how the file is to be read. The scan goes by the last three
 /// characters, whether or not a point stands before them; what begins as a list may be called
 /// anything.
@@ -49,7 +47,7 @@ PatientReader::File PatientReader::Read(const String& path) {
   File found;
   if (!file) return found;
   for (const ListedList& list : file->lists) {
-    if (list.isCut) throw RunTimeError(error::kOutOfMemory, kTooMany);
+    if (list.isCut) throw RunTimeError(error::kOutOfMemory, kTooManyItems);
   }
   found.isDamaged = file->isDamaged;
   const bool isLibrary = file->syntax == ListSyntax::ITunes;

@@ -29,6 +29,7 @@ struct VerifiedPlaylist {
   String path;                                ///< full, on the machine
   std::vector<VerifiedReference> references;  ///< in its order
   bool whole = false;                         ///< it could be read to its end
+  String reason;                              ///< why it could not; the error's description
 
   /// Number of references of that kind.
   std::size_t Count(VerifiedReference::Kind kind) const;

@@ -35,7 +35,7 @@ StringView TooManyLines(StringView text) {
 }
 
 /// True when so few units end a line or may begin a section that no limit is near. Nearly every
-/// text is, and this look takes a tenth of the time of the one at its lines.
+/// text is, and the look at its lines takes longer.
 bool HasFewLines(StringView text) {
   std::size_t ends = 0;
   std::size_t brackets = 0;

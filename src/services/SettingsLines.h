@@ -38,8 +38,8 @@ class SettingsLines {
 };
 
 /// What the text of a settings file can have at most to be held in memory with what is made of it,
-/// in some 200 MiB. A generic file of as many entries as can be counted (32,767) has a fourth of
-/// the characters, a third of the lines and a sixth of the sections.
+/// in some 200 MiB. A generic file of as many entries as can be counted (32,767) has a third of
+/// the characters and of the lines, and a sixth of the sections.
 inline constexpr std::size_t kMostSettingsUnits = std::size_t{32} * 1024 * 1024;
 inline constexpr std::size_t kMostSettingsLines = 2'000'000;
 inline constexpr std::size_t kMostSettingsSections = 200'000;

@@ -12,9 +12,9 @@
 
 namespace norvo {
 
-/// Bytes of the largest playlist that is read: half more than the longest ones take, which are
-/// those that the writers make of as many entries as can be counted.
-inline constexpr std::uint64_t kLargestPlaylist = 24u * 1024 * 1024;
+/// Bytes of the largest playlist that is read. The longest are those that the ASX writer makes of
+/// as many entries as can be counted (32,767): each takes 500 bytes, its names, and twice its path.
+inline constexpr std::uint64_t kLargestPlaylist = 40u * 1024 * 1024;
 
 /// Bytes of the largest text of any other kind.
 inline constexpr std::uint64_t kLargestText = 64u * 1024 * 1024;

@@ -139,5 +139,12 @@ TEST(ErrorWords, NoFaultIsForgottenHere) {
   }
 }
 
+TEST(ErrorWords, BesideItsPathAnErrorDoesNotNameItAgain) {
+  EXPECT_EQ(ReasonBeside(u"C:\\A.m3u", u"File not found: C:\\A.m3u"), "File not found");
+  EXPECT_EQ(ReasonBeside(u"C:\\A.m3u", u"File not found: C:\\B.m3u"), "File not found: C:\\B.m3u");
+  EXPECT_EQ(ReasonBeside(u"C:\\A.m3u", u"C:\\A.m3u"), "C:\\A.m3u");
+  EXPECT_EQ(ReasonBeside(u"C:\\A.m3u", u""), "");
+}
+
 }  // namespace
 }  // namespace norvo::cli

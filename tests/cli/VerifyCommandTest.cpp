@@ -95,8 +95,19 @@ TEST_F(VerifyCommandTest, AFileOfNoDriveIsRefused) {
 TEST_F(VerifyCommandTest, AFileThatIsNotThereCannotBeRead) {
   const Outcome outcome = Verify({R"(C:\Music\gone.m3u)"});
   EXPECT_EQ(outcome.code, 1);
-  EXPECT_EQ(outcome.err, "C:\\Music\\gone.m3u: cannot be read to its end\n");
+  EXPECT_EQ(outcome.err, "C:\\Music\\gone.m3u: cannot be read to its end: File not found\n");
   EXPECT_EQ(outcome.out, "C:\\Music\\gone.m3u: 0 found, 0 missing, 0 addresses\n" + Total(1, 0, 0));
+}
+
+TEST_F(VerifyCommandTest, WhyAListCannotBeReadIsTold) {
+  // The library's reader of settings files keeps it to itself that it could not open one.
+  WriteFile(Place("C/Music/Long.pls"),
+            "[playlist]\r\nNumberOfEntries=1\r\nFile1=" + std::string(4'194'305, 'x') + "\r\n");
+  const Outcome outcome = Verify({R"(C:\Music\Long.pls)"});
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_EQ(outcome.err,
+            "C:\\Music\\Long.pls: cannot be read to its end: it has a line of more than 4194304 "
+            "characters\n");
 }
 
 TEST_F(VerifyCommandTest, WithoutPathsAllRestoredPlaylistsAreVerified) {
@@ -151,6 +162,7 @@ TEST_F(VerifyCommandTest, ReportsAsADocument) {
   EXPECT_EQ(document.at("exitCode"), 1);
   const nlohmann::json row = {{"path", R"(C:\Music\Mix.m3u)"},
                               {"whole", true},
+                              {"reason", ""},
                               {"found", 2},
                               {"addresses", 0},
                               {"missing", {"Three.mp3"}}};

@@ -30,7 +30,7 @@ SHAPES = {
                 "natives": [{"path": str, "typeName": str, "whole": bool}],
                 "settings": [{"player": str, "place": str, "value": str}], **ENDING},
     "verify": {"command": str,
-               "playlists": [{"path": str, "whole": bool, "found": int, "addresses": int,
+               "playlists": [{"path": str, "whole": bool, "reason": str, "found": int, "addresses": int,
                               "missing": [str]}], **ENDING},
     "failure": {"error": str, **ENDING},
 }

@@ -149,7 +149,7 @@ TEST(ListedFile, OfMoreBytesThanAnyListIsRefusedAndALibraryMayHaveMore) {
   const std::string most(kLargestPlaylist, '\n');
   EXPECT_EQ(Refusal(u"a.m3u", most), "");
   for (const StringView name : {u"a.m3u", u"a.pls", u"a.asx", u"a.wpl", u"a.xspf", u"a.b4s"}) {
-    EXPECT_EQ(Refusal(name, most + '\n'), "File larger than 24 MB") << Utf8(name);
+    EXPECT_EQ(Refusal(name, most + '\n'), "File larger than 40 MB") << Utf8(name);
   }
   EXPECT_EQ(Refusal(u"iTunes Library.xml", most + '\n'), "");
   const std::string library = "<plist><dict><key>Major Version</key><integer>1</integer>";
@@ -167,12 +167,24 @@ TEST(ListedFile, OfMoreTagsThanAnyListIsRefused) {
 }
 
 TEST(ListedFile, OfMoreTextsThanAnyListIsRefused) {
-  const std::string most(10'000'000, 'x');
+  std::string most;
+  for (int i = 0; i < 20; ++i) most += std::string(1'000'000, 'x') + '\n';
   EXPECT_EQ(Refusal(u"a.m3u", most), "");
   EXPECT_EQ(Refusal(u"a.m3u", most + 'x'),
-            "its titles and paths have more than 10000000 characters");
-  EXPECT_EQ(Refusal(u"a.m3u", most + "\n#EXTINF:1,x\ny"),
-            "its titles and paths have more than 10000000 characters");
+            "its titles and paths have more than 20000000 characters");
+  EXPECT_EQ(Refusal(u"a.m3u", most + "#EXTINF:1,x\n"), "");
+  EXPECT_EQ(Refusal(u"a.m3u", "#EXTINF:1,x\n" + most),
+            "its titles and paths have more than 20000000 characters");
+}
+
+TEST(ListedFile, OfALongerPieceThanAnyListIsRefused) {
+  const std::string most(4'194'304, 'x');
+  const std::string reason = "it has a line of more than 4194304 characters";
+  EXPECT_EQ(Refusal(u"a.m3u", most + "\n" + most + "\r" + most), "");
+  EXPECT_EQ(Refusal(u"a.m3u", most + "x"), reason);
+  const std::string start = "<Asx><Entry><Ref href=a><Title ";
+  EXPECT_EQ(Refusal(u"a.asx", start + most.substr(6) + "</Title></Entry></Asx>"), "");
+  EXPECT_EQ(Refusal(u"a.asx", start + most.substr(5) + "</Title></Entry></Asx>"), reason);
 }
 
 TEST(ListedFile, ALibraryOfMoreListsThanAnybodyHasIsRefused) {

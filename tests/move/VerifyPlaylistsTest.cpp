@@ -54,6 +54,7 @@ TEST_F(VerifyPlaylistsTest, ReadsThoseThatAreNamedInTheirOrder) {
   EXPECT_TEXT(result.playlists[1].path, kMix);
   EXPECT_FALSE(result.playlists[2].whole);
   EXPECT_TRUE(result.playlists[2].references.empty());
+  EXPECT_TEXT(result.playlists[2].reason, u"File not found");
 }
 
 TEST_F(VerifyPlaylistsTest, TellsTheObserverOfEachPlaylist) {
@@ -95,6 +96,7 @@ TEST_F(VerifyPlaylistsTest, AListOfMoreItemsThanAnyHasIsNotReadToItsEnd) {
   EXPECT_TRUE(Verify().playlists.at(0).whole);
   machine->AddFile(kMix, text + "a");
   EXPECT_FALSE(Verify().playlists.at(0).whole);
+  EXPECT_TEXT(Verify().playlists.at(0).reason, u"it lists more than 100000 songs");
 }
 
 }  // namespace

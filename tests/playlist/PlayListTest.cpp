@@ -186,7 +186,7 @@ TEST_F(PlayListTest, AFileThatIsLargerThanAnyPlaylistIsNamedAndNotRead) {
     EXPECT_EQ(Kept(), 0);
     ASSERT_FALSE(log.empty());
     EXPECT_EQ(Utf8(log.front()),
-              "PLAYLIST::ReadPlayList -> File larger than 24 MB: C:\\Music\\Mix.m3u");
+              "PLAYLIST::ReadPlayList -> File larger than 40 MB: C:\\Music\\Mix.m3u");
   }
   platform->AddFile(u"C:\\Music\\Mix.m3u",
                     item + std::string(kLargestPlaylist - item.size(), '\0'));
