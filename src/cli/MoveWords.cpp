@@ -76,7 +76,8 @@ std::string ReasonText(const MovedSong& song) {
     case MovedSong::Fault::PathTooLong:
       return nowhere + "the path " + path + " would be too long";
     case MovedSong::Fault::FolderBlocked:
-      return nowhere + "a file stands where one of the folders of " + path + " should be";
+      return nowhere + "a file stands where one of the folders of " + path +
+             " should be, or what stands there may not be seen";
     case MovedSong::Fault::NumbersTaken:
       return nowhere + "all numbers of " + path + " are taken";
     case MovedSong::Fault::GroupRootUnusable:

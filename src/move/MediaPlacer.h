@@ -82,7 +82,7 @@ class MediaPlacer {
   /// read.
   virtual bool IsSame(StringView source, StringView target) = 0;
   /// True when something has the target's name that is no file, so that no file can have it: a
-  /// folder, or a link that leads nowhere. Creates nothing.
+  /// folder, or a link that leads nowhere; or when the system denies a look. Creates nothing.
   virtual bool IsBlocked(StringView target) = 0;
   /// The same text for every path that leads to one file of the first machine.
   virtual std::string IdentityOf(StringView source) = 0;

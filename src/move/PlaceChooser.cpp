@@ -239,7 +239,8 @@ bool PlaceChooser::IsBlocked(const String& place) {
     if (folders_.contains(folded)) return;
     // A folder that is not there is known to hold nothing, so that it is asked for first.
     blocked = blocked || places_.contains(folded) ||
-              (!overlay_.Files().FolderExists(folder) && overlay_.Files().FileExists(folder));
+              (!overlay_.Files().FolderExists(folder) &&
+               (overlay_.Files().FileExists(folder) || placer_.IsBlocked(folder)));
   });
   return blocked;
 }

@@ -47,7 +47,7 @@ class PlaceChooser {
     const EntryAnswer* answer = nullptr;
     std::size_t count = 0;
   };
-  /// Blocked: a file is where one of the folders should be.
+  /// Blocked: a file is where one of the folders should be, or what is there may not be seen.
   enum class Fault { None, Illegal, TooLong, Blocked, Taken };
   /// Whether the 8-bit page must be able to tell a path.
   enum class Spelling { Plain, Any };

@@ -14,6 +14,9 @@
 namespace norvo {
 namespace {
 
+// A folder that denies every look blocks all names; the writing there tells of it.
+constexpr int kMostBlocked = 100;
+
 // So many playlists of one name are told apart by the numbers that the restoring adds.
 constexpr int kMostOfOneName = 10;
 
@@ -118,7 +121,7 @@ void Planner::AdjustName(std::size_t playlist) {
     reason = Reason::ManyOfOneName;
   }
   const String wished = name;
-  for (int number = 2; IsBlocked(name); ++number) {
+  for (int number = 2; number <= kMostBlocked && IsBlocked(name); ++number) {
     name = wished + u' ' + FormatInteger(number);
     reason = Reason::NativeBlocked;
   }

@@ -274,7 +274,8 @@ bool FilePlacer::IsBlocked(StringView target) {
     to_.PathOfNewFile(target);  // creates no folder, since it exists
     return false;
   } catch (const FileError& error) {
-    return error.Failure().kind == Kind::AlreadyExists;
+    const Kind kind = error.Failure().kind;
+    return kind == Kind::AlreadyExists || kind == Kind::AccessDenied;
   }
 }
 

@@ -50,7 +50,9 @@ TEST(MoveWords, ASongWithoutAPlaceSaysWhyThereIsNone) {
   EXPECT_EQ(text(MovedSong::Fault::PathTooLong),
             nowhere + "the path C:\\Media\\One.mp3 would be too long");
   EXPECT_EQ(text(MovedSong::Fault::FolderBlocked),
-            nowhere + "a file stands where one of the folders of C:\\Media\\One.mp3 should be");
+            nowhere +
+                "a file stands where one of the folders of C:\\Media\\One.mp3 should be, or what "
+                "stands there may not be seen");
   EXPECT_EQ(text(MovedSong::Fault::NumbersTaken),
             nowhere + "all numbers of C:\\Media\\One.mp3 are taken");
   EXPECT_EQ(

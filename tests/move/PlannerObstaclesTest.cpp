@@ -64,6 +64,16 @@ TEST_F(PlannerObstaclesTest, AFileWhereAFolderIsNeededIsGivenWay) {
   EXPECT_EQ(ReadFile(NewPlace(kRoot + R"(Music\Ann)")), "of the user");
 }
 
+TEST_F(PlannerObstaclesTest, ALinkThatLeadsNowhereIsGivenWay) {
+  const std::string song = AddMix("One.mp3", {"T", "Ann", "Best"});
+  const fs::path link = NewPlace(kRoot + R"(Music\Ann)");
+  fs::create_directories(link.parent_path());
+  fs::create_symlink("nowhere", link);
+  EXPECT_EQ(Moved().at("exitCode"), 0);
+  ExpectMoved("Mix", {song});
+  EXPECT_TRUE(fs::is_regular_file(NewPlace(kRoot + R"(Music\Ann (2)\Best (2)\One.mp3)")));
+}
+
 TEST_F(PlannerObstaclesTest, ASongIsNoFolderOfAnotherSong) {
   AddSong(R"(C:\Music\x.mp3)");
   AddSong(R"(C:\Music\One.mp3)", {"T", "x.mp3", ""});

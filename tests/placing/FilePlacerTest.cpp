@@ -401,6 +401,20 @@ TEST_F(FilePlacerTest, WithoutTheRightsToReadOrWrite) {
   EXPECT_EQ(NamesIn(New("C")), (Names{"closed", "open", "open/4.mp3", "open/closed.mp3"}));
 }
 
+TEST_F(FilePlacerTest, WhatMayNotBeSeenIsBlocked) {
+  std::filesystem::create_directories(New("C/closed"));
+  for (const char* const folder : {".", "C"}) {
+    ASSERT_EQ(::chmod(New(folder).c_str(), 0777), 0);
+  }
+  ASSERT_EQ(::chmod(New("C/closed").c_str(), 0444), 0);  // names can be read, and nothing else
+  const int answer = ExitOfChild([&] {
+    if (::geteuid() == 0 && ::setresuid(65534, 65534, 65534) != 0) return 2;
+    return FilePlacer(Machine(), NewMachine()).IsBlocked(u"C:\\closed\\a.mp3") ? 0 : 1;
+  });
+  EXPECT_EQ(answer, 0);
+  ASSERT_EQ(::chmod(New("C/closed").c_str(), 0755), 0);
+}
+
 TEST_F(FilePlacerTest, TheSameMeansSizeAndContent) {
   Put(Disk("C/a.mp3"), "12345");
   Put(Disk("C/empty.mp3"), "");

@@ -9,6 +9,7 @@
 #include "platform/hosted/DiskName.h"
 #include "platform/hosted/HostedFiles.h"
 #include "platform/hosted/ProgramVersion.h"
+#include "text/Encoding.h"
 #include "text/WindowsPath.h"
 
 namespace norvo {
@@ -49,7 +50,23 @@ std::optional<DiskEntry> HostedFileSystem::Look(StringView path) {
   const bool isUntold = reason == Kind::DiskFailed || reason == Kind::TooManyOpenFiles ||
                         reason == Kind::OutOfMemory || reason == Kind::Other;
   if (!entry && isUntold) RaiseFileError(reason, Subject::File, path);
+  if (!entry && reason == Kind::AccessDenied) WarnOfDenial(path);
   return entry;
+}
+
+/// Of very many things it does not remember the last, which are told again.
+bool HostedFileSystem::WasTold(std::string what) {
+  constexpr std::size_t kMostRemembered = 10000;
+  return warned_.size() < kMostRemembered && !warned_.insert(std::move(what)).second;
+}
+
+/// Once of what one folder holds, which may be thousands of songs.
+void HostedFileSystem::WarnOfDenial(StringView path) {
+  const String folder(FolderOf(AbsolutePathName(path)));
+  if (WasTold(ToUtf8(folder))) return;
+  warn_(String(path) +
+        u": the system denies a look at it; it counts as not there, and so does "
+        u"what else is denied in its folder");
 }
 
 bool HostedFileSystem::FolderExists(StringView path) {

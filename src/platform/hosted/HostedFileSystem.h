@@ -75,6 +75,8 @@ class HostedFileSystem final : public FileSystem {
   DrivePath CreateFolders(StringView path);
   DrivePath PathOfNew(const DrivePath& folder, StringView path);
   void WarnOfName(StringView folder, std::string_view name);
+  bool WasTold(std::string what);
+  void WarnOfDenial(StringView path);
   std::optional<DiskEntry> Look(StringView path);
   [[noreturn]] void RaiseMissing(StringView path);
 
@@ -86,7 +88,7 @@ class HostedFileSystem final : public FileSystem {
   DrivePath lastSeen_;
   String lastAsked_;  // the path that led there
   std::uint64_t lastSize_ = 0;
-  std::unordered_set<std::string> warned_;  // names that were reported
+  std::unordered_set<std::string> warned_;  // names, and folders, that were reported
 };
 
 }  // namespace norvo

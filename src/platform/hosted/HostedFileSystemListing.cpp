@@ -10,9 +10,6 @@
 namespace norvo {
 namespace {
 
-// Beyond that many reports a name is reported again each time that it is met.
-constexpr std::size_t kMostRemembered = 10000;
-
 char LowerAscii(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
 }
@@ -56,10 +53,7 @@ class EndingFilter {
 }  // namespace
 
 void HostedFileSystem::WarnOfName(StringView folder, std::string_view name) {
-  if (warned_.size() < kMostRemembered &&
-      !warned_.insert(ToUtf8(folder) + '/' + std::string(name)).second) {
-    return;
-  }
+  if (WasTold(ToUtf8(folder) + '/' + std::string(name))) return;
   warn_(String(folder) + u": the name \"" + ShownDiskName(name) +
         u"\" cannot be a Windows name; it is left out");
 }

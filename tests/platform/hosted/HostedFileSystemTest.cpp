@@ -98,6 +98,24 @@ TEST_F(HostedFileSystemTest, WhatTheDiskCannotTellOfIsNotMissing) {
   EXPECT_EQ(numbersWhenRefusedBy(ENOMEM), error::kOutOfMemory);
   EXPECT_EQ(numbersWhenRefusedBy(EACCES), 0) << "nobody here can have it";
 }
+
+TEST_F(HostedFileSystemTest, ADeniedLookIsToldOnceOfAFolder) {
+  Put(Disk("C/Music/a.mp3"), "");
+  const int refused = ExitOfChild([&] {
+    if (!Files().FolderExists(u"C:\\Music") || !RefuseCalls({{SYS_statx, EACCES}})) return kSkip;
+    for (const StringView path : {u"C:\\Music\\b.mp3", u"C:\\Music\\c.mp3", u"C:\\Other\\d.mp3"}) {
+      if (Files().FileExists(path)) return 1;
+    }
+    if (warnings_.size() != 2) return 2;
+    const char* const text =
+        "C:\\Music\\b.mp3: the system denies a look at it; it counts as not there, and so does "
+        "what "
+        "else is denied in its folder";
+    return warnings_[0] == text ? 0 : 3;
+  });
+  if (refused == kSkip) GTEST_SKIP() << "no call can be refused here";
+  EXPECT_EQ(refused, 0);
+}
 #endif
 
 TEST_F(HostedFileSystemTest, NamesThatNoPathCanExpressCostOneWarningEach) {
