@@ -32,6 +32,9 @@ class Command {
   /// outlive it.
   virtual CLI::App* AddTo(CLI::App& program, CommonArguments& common) = 0;
 
+  /// True when the machine that it works on, or brings something to, is this PC.
+  virtual bool IsOnThisPc(const CommonArguments& common) const;
+
   /// Runs the command and gives its report as a document, which is empty unless one was asked for.
   /// What is left out goes to the console. CommandError or MoveError when it cannot be run.
   virtual Json Run(const CommonArguments& common, Console& console) = 0;

@@ -1,5 +1,7 @@
 #include "cli/Commands.h"
 
+#include "cli/ThisPc.h"
+
 namespace norvo::cli {
 
 // Each stands in the file of its command.
@@ -18,6 +20,10 @@ constexpr NewCommand kCommands[] = {NewInitCommand,   NewScanCommand,    NewColl
                                     NewMigrateCommand};
 
 }  // namespace
+
+bool Command::IsOnThisPc(const CommonArguments& common) const {
+  return common.machine.empty() && IsThisPcAMachine();
+}
 
 std::span<const NewCommand> AllCommands() {
   return kCommands;

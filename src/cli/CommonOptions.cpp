@@ -15,14 +15,24 @@ void AddCommonOptions(CLI::App& command, CommonArguments& common, bool machineRe
 }
 
 void AddWaitOption(CLI::App& command, CommonArguments& common) {
-  if (!kWords.machinesAreFolders) return;
   command.add_flag("--wait", common.wait, "Wait while another run works on the machine");
 }
 
 void AddReadAheadOption(CLI::App& command, CommonArguments& common) {
-  if (!kWords.machinesAreFolders) return;
   command.add_flag("--no-read-ahead", common.noReadAhead,
                    "Do not read folders and songs before their turn");
+}
+
+void AddMachineOption(CLI::App& command, CommonArguments& common, bool required) {
+  const bool isOptional = IsThisPcAMachine();
+  const char* const what = isOptional
+                               ? "Folder that holds the machine, or a disk; else it is this PC"
+                               : "Folder that holds the machine, or a mounted disk";
+  command.add_option("--machine", common.machine, what)
+      ->type_name("DIR")
+      ->required(required && !isOptional);
+  command.add_option("--user", common.user, "Whose documents folder is meant, of several users")
+      ->type_name("NAME");
 }
 
 }  // namespace norvo::cli

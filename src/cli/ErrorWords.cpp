@@ -1,13 +1,12 @@
 #include "cli/ErrorWords.h"
 
-#include "cli/SystemWords.h"
-#include "text/Encoding.h"
+#include "cli/MachineWords.h"
 
 namespace norvo::cli {
 namespace {
 
 std::string MissingSettings(const char* missing) {
-  return std::string("The machine's registry lacks ") + missing + ". Run " + kWords.initCommand +
+  return std::string("The machine's registry lacks ") + missing + ". Run " + Words().initCommand +
          " first, or collect --init.";
 }
 
@@ -20,16 +19,16 @@ std::string SettingsText(const MoveError& error) {
              R"( is no full path of the machine, such as D:\Norvo Media\)";
     case MoveFault::GroupRootUnusable:
       return "The group root " + subject +
-             " is no full path of the machine. Correct SubGroupRootName in " + kWords.registry +
+             " is no full path of the machine. Correct SubGroupRootName in " + Words().registry +
              ".";
     case MoveFault::GroupRootNowhere:
       return "The group root " + subject + " lies on drive " + error.Detail() + ", which " +
-             kWords.lacksDrive + ". Choose another place with --group-root PATH.";
+             Words().lacksDrive + ". Choose another place with --group-root PATH.";
     case MoveFault::RegistryUnwritable:
-      return kWords.unwritableRegistry;
+      return Words().unwritableRegistry;
     case MoveFault::FolderNotCreated:
       return "The folder " + subject + " cannot be created: " + error.Detail() + ". " +
-             kWords.makeWritable + ", or choose a place on another drive.";
+             Words().makeWritable + ", or choose a place on another drive.";
     case MoveFault::FileNotWritten:
       return "The file " + subject + " cannot be written: " + error.Detail() +
              ". Make its folder writable.";
@@ -46,7 +45,7 @@ std::string SettingsText(const MoveError& error) {
       return "The machine's role (mode) is 3: it is neither source nor destination, and nothing "
              "can "
              "be listed. Set mode to 0 in " +
-             std::string(kWords.registry) + ".";
+             std::string(Words().registry) + ".";
     default:
       return {};
   }
@@ -165,12 +164,10 @@ std::string TextOf(const MoveError& error) {
   return error.what();
 }
 
-std::string ReasonBeside(StringView path, StringView description) {
-  const String subject = u": " + String(path);
-  const bool endsWithIt = description.size() >= subject.size() &&
-                          description.substr(description.size() - subject.size()) == subject;
-  if (endsWithIt) description.remove_suffix(subject.size());
-  return ToUtf8(description);
+std::string WithoutPath(std::string description, const std::string& path) {
+  const std::size_t at = path.empty() ? std::string::npos : description.rfind(": " + path);
+  if (at != std::string::npos) description.erase(at);
+  return description;
 }
 
 }  // namespace norvo::cli

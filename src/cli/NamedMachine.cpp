@@ -1,8 +1,37 @@
 #include "cli/NamedMachine.h"
 
+#include "cli/FolderMachine.h"
+#include "cli/ThisPc.h"
 #include "text/Encoding.h"
 
 namespace norvo::cli {
+
+namespace {
+
+/// A playlist of this PC, at a path of it.
+NamedPlaylist OpenOwnPlaylist(const std::string& path, Console& console) {
+  const std::shared_ptr<NamedMachine> machine = OpenThisPc(console);
+  NamedPlaylist playlist{machine->Platform(), machine->MachinePathOf(path), {}};
+  if (!playlist.machine->Files().FileExists(playlist.path)) {
+    throw CommandError(ToUtf8(playlist.path) +
+                       " is no file of this PC. Check the path's spelling.");
+  }
+  return playlist;
+}
+
+}  // namespace
+
+std::shared_ptr<NamedMachine> OpenMachine(const CommonArguments& common, Console& console,
+                                          DocumentsUse use) {
+  if (common.machine.empty() && IsThisPcAMachine()) return OpenThisPc(console);
+  return OpenFolderMachine(common, console, use);
+}
+
+NamedPlaylist OpenPlaylist(const CommonArguments& common, const std::string& path,
+                           Console& console) {
+  if (common.machine.empty() && IsThisPcAMachine()) return OpenOwnPlaylist(path, console);
+  return OpenFolderPlaylist(common, path, console);
+}
 
 bool IsMachinePath(std::string_view text) {
   return text.size() >= 3 && text[1] == ':' && (text[2] == '\\' || text[2] == '/') &&

@@ -11,6 +11,7 @@
 #include "cli/CommonOptions.h"
 #include "cli/Console.h"
 #include "cli/ErrorWords.h"
+#include "cli/MachineWords.h"
 #include "cli/TerminalText.h"
 #include "cli/UsageWords.h"
 #include "text/Encoding.h"
@@ -140,7 +141,7 @@ int RunCommand(CommandLine& line, Console& console) {
   } catch (const MoveError& error) {
     return Fail(TextOf(error), console);
   } catch (const RunTimeError& error) {
-    return FailOn(line, ToUtf8(error.Description()) + ". " + kWords.checkRights, console);
+    return FailOn(line, ToUtf8(error.Description()) + ". " + Words().checkRights, console);
   } catch (const std::bad_alloc&) {
     return Fail("There is not enough memory for this machine.", console);
   } catch (const std::exception& error) {
@@ -155,6 +156,7 @@ int ParseAndRun(const std::vector<std::string>& words, std::ostream& out, std::o
   if (!line.Parse(words, out, err, code)) return code;
   if (line.Common().quiet) console.SetQuiet();
   if (line.Common().json) console.SetJson();
+  ChooseWords(line.Chosen().IsOnThisPc(line.Common()) ? kThisPcWords : kFolderWords);
   return RunCommand(line, console);
 }
 

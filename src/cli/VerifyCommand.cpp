@@ -56,7 +56,7 @@ class VerifyObserver final : public ConsoleObserver {
                 std::to_string(playlist.Count(Kind::Address)) + " addresses");
     if (!playlist.whole) {
       Out().LeftOut(path +
-                    ": cannot be read to its end: " + ReasonBeside(playlist.path, playlist.reason));
+                    ": cannot be read to its end: " + WithoutPath(ToUtf8(playlist.reason), path));
     }
     for (const VerifiedReference& row : playlist.references) {
       if (row.kind != Kind::Missing) continue;

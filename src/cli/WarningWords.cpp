@@ -1,6 +1,7 @@
 #include "cli/WarningWords.h"
 
-#include "cli/SystemWords.h"
+#include "cli/ErrorWords.h"
+#include "cli/MachineWords.h"
 #include "text/Encoding.h"
 
 namespace norvo::cli {
@@ -10,20 +11,13 @@ using Kind = WorkWarning::Kind;
 
 std::string KeptText(const std::string& what, const WorkWarning& warning, const char* value) {
   return "The " + what + " stays " + ToUtf8(warning.subject) + ": it was there before. Change " +
-         value + " in " + kWords.registry + " for another one.";
+         value + " in " + Words().registry + " for another one.";
 }
 
 std::string UnusableText(const std::string& value) {
   const char* const why = value == "mode" ? " is no number" : " is no text, or empty";
   return "The registry value " + value + why + ". It is left as it is; correct or remove it in " +
-         kWords.registry + ", then run init again.";
-}
-
-/// The reason without the path at its end, which its reader has just been told.
-std::string WithoutPath(std::string reason, const std::string& path) {
-  const std::size_t at = path.empty() ? std::string::npos : reason.rfind(": " + path);
-  if (at != std::string::npos) reason.erase(at);
-  return reason;
+         Words().registry + ", then run init again.";
 }
 
 /// The setting is "file, key" or "registry key, value".

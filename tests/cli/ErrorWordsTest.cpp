@@ -140,10 +140,11 @@ TEST(ErrorWords, NoFaultIsForgottenHere) {
 }
 
 TEST(ErrorWords, BesideItsPathAnErrorDoesNotNameItAgain) {
-  EXPECT_EQ(ReasonBeside(u"C:\\A.m3u", u"File not found: C:\\A.m3u"), "File not found");
-  EXPECT_EQ(ReasonBeside(u"C:\\A.m3u", u"File not found: C:\\B.m3u"), "File not found: C:\\B.m3u");
-  EXPECT_EQ(ReasonBeside(u"C:\\A.m3u", u"C:\\A.m3u"), "C:\\A.m3u");
-  EXPECT_EQ(ReasonBeside(u"C:\\A.m3u", u""), "");
+  EXPECT_EQ(WithoutPath("File not found: C:\\A.m3u", "C:\\A.m3u"), "File not found");
+  EXPECT_EQ(WithoutPath("File not found: C:\\B.m3u", "C:\\A.m3u"), "File not found: C:\\B.m3u");
+  EXPECT_EQ(WithoutPath("C:\\A.m3u", "C:\\A.m3u"), "C:\\A.m3u");
+  EXPECT_EQ(WithoutPath("", "C:\\A.m3u"), "");
+  EXPECT_EQ(WithoutPath("It: ", ""), "It: ");
 }
 
 }  // namespace

@@ -1,30 +1,14 @@
 #include "platform/files/FileLock.h"
 
-#include <chrono>
-#include <cstdio>
-#include <optional>
 #include <utility>
 
 #include "platform/files/FileBytes.h"
+#include "platform/files/ShownTime.h"
 
 namespace norvo {
 namespace {
 
 constexpr std::size_t kLongestHolder = 1000;
-
-/// "2026-11-22 14:05"
-std::string Now() {
-  const std::optional<std::chrono::local_seconds> now = LocalTime(DiskNow().seconds);
-  if (!now) return "an unknown time";
-  const auto day = std::chrono::floor<std::chrono::days>(*now);
-  const std::chrono::year_month_day date(day);
-  const std::chrono::hh_mm_ss time(*now - day);
-  char text[40];
-  std::snprintf(text, sizeof text, "%04d-%02u-%02u %02d:%02d", static_cast<int>(date.year()),
-                static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
-                static_cast<int>(time.hours().count()), static_cast<int>(time.minutes().count()));
-  return text;
-}
 
 FileResult<SystemFile> OpenAnyhow(const SystemFile& folder, const std::string& name) {
   FileResult<SystemFile> file = OpenBeneath(folder, name, OpenMode::CreateForAppending);
@@ -79,7 +63,7 @@ FileLock::Step FileLock::Own(SystemFile file) {
   // A killed process has left it: another one takes its place.
   if (record->size > 0 && !RemoveFile(folder_, name_)) return Step::Again;
   // Whether or not the words reach the disk, it is locked.
-  WriteAll(file, ThisProcess() + " since " + Now());
+  WriteAll(file, ThisProcess() + " since " + ShownNow());
   file_ = std::move(file);
   return Step::Taken;
 }

@@ -1,13 +1,13 @@
+#include "cli/FolderMachine.h"
+
 #include <cctype>
 #include <filesystem>
 #include <optional>
 
 #include "automation/RunTimeError.h"
-#include "cli/CommonOptions.h"
-#include "cli/NamedMachine.h"
-#include "cli/posix/FolderWords.h"
-#include "cli/posix/LockWords.h"
-#include "cli/posix/ReadAheadObserver.h"
+#include "cli/FolderWords.h"
+#include "cli/LockWords.h"
+#include "cli/ReadAheadObserver.h"
 #include "library/Library.h"
 #include "machines/FolderLayout.h"
 #include "machines/MachineFolder.h"
@@ -163,13 +163,13 @@ bool LacksSettings(const std::shared_ptr<Platform>& machine) {
 
 }  // namespace
 
-std::shared_ptr<NamedMachine> OpenMachine(const CommonArguments& common, Console& console,
-                                          DocumentsUse use) {
+std::shared_ptr<NamedMachine> OpenFolderMachine(const CommonArguments& common, Console& console,
+                                                DocumentsUse use) {
   return OpenFolder(common, console, use);
 }
 
-NamedPlaylist OpenPlaylist(const CommonArguments& common, const std::string& path,
-                           Console& console) {
+NamedPlaylist OpenFolderPlaylist(const CommonArguments& common, const std::string& path,
+                                 Console& console) {
   if (!common.machine.empty()) {
     const auto machine = OpenFolder(common, console, DocumentsUse::Unneeded);
     NamedPlaylist playlist = OnMachine(*machine, common.machine, path);
@@ -183,15 +183,6 @@ NamedPlaylist OpenPlaylist(const CommonArguments& common, const std::string& pat
   if (above.empty()) return OnItsOwn(path, console);
   FolderMachine machine(OpenMachineFolder(above), console);
   return OnMachine(machine, above, path);
-}
-
-void AddMachineOption(CLI::App& command, CommonArguments& common, bool required) {
-  command
-      .add_option("--machine", common.machine, "Folder that holds the machine, or a mounted disk")
-      ->type_name("DIR")
-      ->required(required);
-  command.add_option("--user", common.user, "Whose documents folder is meant, of several users")
-      ->type_name("NAME");
 }
 
 }  // namespace norvo::cli

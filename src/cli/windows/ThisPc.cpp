@@ -1,8 +1,7 @@
+#include "cli/ThisPc.h"
+
 #include <windows.h>
 
-#include "cli/CommonOptions.h"
-#include "cli/NamedMachine.h"
-#include "cli/windows/FolderRefusal.h"
 #include "platform/windows/WideText.h"
 #include "platform/windows/WindowsPlatform.h"
 #include "text/Encoding.h"
@@ -22,9 +21,9 @@ String FromCurrentFolder(const String& path) {
 }
 
 /// The machine that the program runs on: its paths are those of this system.
-class OwnMachine final : public NamedMachine {
+class ThisPc final : public NamedMachine {
  public:
-  explicit OwnMachine(MessageDialog& messages) { platform_->SetMessageDialog(messages); }
+  explicit ThisPc(MessageDialog& messages) { platform_->SetMessageDialog(messages); }
 
   std::shared_ptr<norvo::Platform> Platform() override { return platform_; }
   String MachinePathOf(const std::string& named) const override {
@@ -41,27 +40,12 @@ class OwnMachine final : public NamedMachine {
 
 }  // namespace
 
-std::shared_ptr<NamedMachine> OpenMachine(const CommonArguments&, Console& console, DocumentsUse) {
-  return std::make_shared<OwnMachine>(console);
+bool IsThisPcAMachine() {
+  return true;
 }
 
-NamedPlaylist OpenPlaylist(const CommonArguments&, const std::string& path, Console& console) {
-  OwnMachine machine(console);
-  NamedPlaylist playlist{machine.Platform(), machine.MachinePathOf(path), {}};
-  if (!playlist.machine->Files().FileExists(playlist.path)) {
-    throw CommandError(ToUtf8(playlist.path) +
-                       " is no file of this machine. Check the path's spelling.");
-  }
-  return playlist;
-}
-
-void AddMachineOption(CLI::App& command, CommonArguments&, bool) {
-  const auto refuse = [](const std::string&) {
-    throw CLI::ValidationError("--machine", kFolderRefusal);
-  };
-  command.add_option_function<std::string>("--machine", refuse)
-      ->expected(0, 1)
-      ->group("");  // no group, no help
+std::shared_ptr<NamedMachine> OpenThisPc(Console& console) {
+  return std::make_shared<ThisPc>(console);
 }
 
 }  // namespace norvo::cli

@@ -1,18 +1,18 @@
 #include <algorithm>
-#include <ctime>
 #include <nlohmann/json.hpp>
 #include <optional>
 
 #include "cli/CommonOptions.h"
 #include "cli/ConsoleObserver.h"
+#include "cli/FolderWords.h"
+#include "cli/LockWords.h"
 #include "cli/MovePage.h"
 #include "cli/MoveProgress.h"
 #include "cli/MoveReport.h"
-#include "cli/posix/FolderWords.h"
-#include "cli/posix/LockWords.h"
-#include "cli/posix/PageFile.h"
-#include "cli/posix/ReadAheadObserver.h"
+#include "cli/PageFile.h"
+#include "cli/ReadAheadObserver.h"
 #include "machines/FolderMove.h"
+#include "platform/files/ShownTime.h"
 #include "text/Encoding.h"
 #include "text/WindowsPath.h"
 
@@ -38,15 +38,6 @@ While it runs no other run may write to its machines: that one ends at once, or 
 The folders must not lie in each other. --link is refused where nothing is written to --from.
 Exit code 1: something that exists was left out, above all a song that no playlist of the new
 machine leads to.)";
-
-/// "2026-11-22, 14:05", of this system's time.
-std::string Today() {
-  const std::time_t now = std::time(nullptr);
-  std::tm local{};
-  ::localtime_r(&now, &local);
-  char text[64];
-  return {text, std::strftime(text, sizeof text, "%Y-%m-%d, %H:%M", &local)};
-}
 
 /// The move is done, whatever becomes of its page.
 void WritePage(PageFile& file, const std::string& page, Console& console) {
@@ -136,7 +127,7 @@ class MigrateCommand final : public Command {
     TellLeftOut(result, console);
     for (const StyledLine& line : MoveReport(result, terms, console.Width())) console.Say(line);
     if (!options_.dryRun) SayNextStep(result, opened.registry, console);
-    if (page) WritePage(*page, MovePage(result, terms, Today()), console);
+    if (page) WritePage(*page, MovePage(result, terms, ShownNow()), console);
     return console.IsJson() ? MoveDocument(result, terms) : Json();
   }
 

@@ -1,8 +1,9 @@
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <string_view>
+
+#include "platform/files/SystemCalls.h"
 
 namespace norvo::cli {
 
@@ -21,11 +22,14 @@ class PageFile {
   void Write(std::string_view text);
 
  private:
+  void FailOn(FileFailure failure) const;
   [[noreturn]] void Fail(const std::string& reason) const;
 
-  std::filesystem::path path_;
-  std::string draft_;  // beside it
-  int descriptor_ = -1;
+  std::string path_;
+  SystemFile folder_;
+  std::string name_;   // in the folder
+  std::string draft_;  // beside it; empty when there is none
+  SystemFile file_;
 };
 
 }  // namespace norvo::cli

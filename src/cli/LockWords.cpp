@@ -1,4 +1,4 @@
-#include "cli/posix/LockWords.h"
+#include "cli/LockWords.h"
 
 #include <string>
 

@@ -2,9 +2,9 @@
 
 namespace norvo::cli {
 
-/// What the program says differently on the systems that it runs on.
-struct SystemWords {
-  bool machinesAreFolders;         ///< and are named; else the machine is the one it runs on
+/// What is said differently of a machine that is held in a folder, and of the PC that the program
+/// runs on.
+struct MachineWords {
   const char* initCommand;         ///< how the settings are written
   const char* registry;            ///< where values are corrected
   const char* unwritableRegistry;  ///< a message
@@ -13,7 +13,12 @@ struct SystemWords {
   const char* checkRights;         ///< what helps where the library has failed
 };
 
-/// Those of this system.
-extern const SystemWords kWords;
+extern const MachineWords kFolderWords;
+extern const MachineWords kThisPcWords;
+
+/// Those of the machine that the command works on: of a folder, until the program has chosen
+/// others, which it does before it runs a command.
+const MachineWords& Words();
+void ChooseWords(const MachineWords& words);
 
 }  // namespace norvo::cli

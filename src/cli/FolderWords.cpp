@@ -1,4 +1,4 @@
-#include "cli/posix/FolderWords.h"
+#include "cli/FolderWords.h"
 
 namespace norvo::cli {
 namespace {

@@ -1,0 +1,40 @@
+#include "cli/MachineWords.h"
+
+namespace norvo::cli {
+namespace {
+
+const MachineWords* chosen = &kFolderWords;
+
+}  // namespace
+
+const MachineWords kFolderWords = {
+    .initCommand = "norvo-playlists init --machine DIR",
+    .registry = "registry.reg",
+    .unwritableRegistry =
+        "registry.reg of the machine folder cannot be written. Make it writable, and make sure "
+        "that the disk is not full.",
+    .makeWritable = "Make the drive's folder writable",
+    .lacksDrive = "the machine folder does not hold",
+    .checkRights = "See that the machine folder can be read and written.",
+};
+
+const MachineWords kThisPcWords = {
+    .initCommand = "norvo-playlists init",
+    .registry = "the registry",
+    .unwritableRegistry =
+        "The registry cannot be written below HKEY_LOCAL_MACHINE\\SOFTWARE\\Norvo. "
+        "Run the program as an administrator.",
+    .makeWritable = "See that you may write there",
+    .lacksDrive = "this PC does not have",
+    .checkRights = "See that you may read and write there.",
+};
+
+const MachineWords& Words() {
+  return *chosen;
+}
+
+void ChooseWords(const MachineWords& words) {
+  chosen = &words;
+}
+
+}  // namespace norvo::cli
