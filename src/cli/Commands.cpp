@@ -1,6 +1,6 @@
 #include "cli/Commands.h"
 
-#include "cli/ThisPc.h"
+#include "machines/ThisPc.h"
 
 namespace norvo::cli {
 

@@ -3,7 +3,7 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/Command.h"
-#include "cli/ThisPc.h"
+#include "machines/ThisPc.h"
 
 namespace norvo::cli {
 

@@ -123,6 +123,15 @@ std::string FolderText(const MoveError& error) {
     case MoveFault::NoTemporaryFolder:
       return "No folder can be made in " + subject +
              ". Set TMPDIR to a folder that can be written.";
+    case MoveFault::OneMachine:
+      return "Both machines would be this PC. Name the other one's folder, or its disk, with "
+             "--from "
+             "or --to.";
+    case MoveFault::WorkUnneeded:
+      return "Nothing is written to this PC when lists are taken from it. Leave --work out.";
+    case MoveFault::FolderWishes:
+      return "This PC has its own drives and documents folder. Leave --to-drive, --user and "
+             "--documents out, or name a folder with --to.";
     default:
       return {};
   }

@@ -19,7 +19,7 @@
 namespace norvo::cli {
 namespace {
 
-constexpr const char* kHelp = R"(Examples:
+constexpr HelpText kHelp = {R"(Examples:
   norvo-playlists migrate --from /mnt/old-pc --to /mnt/new-pc
   norvo-playlists migrate --from /mnt/old-disk --to /mnt/new-disk --user Ann
   norvo-playlists migrate --from /mnt/old-disk --to ~/new-pc --work ~/old-pc-data
@@ -37,7 +37,28 @@ restored are not restored again. No song and no playlist that is there is ever o
 While it runs no other run may write to its machines: that one ends at once, or waits with --wait.
 The folders must not lie in each other. --link is refused where nothing is written to --from.
 Exit code 1: something that exists was left out, above all a song that no playlist of the new
-machine leads to.)";
+machine leads to.)",
+                            R"(Examples:
+  norvo-playlists migrate --to E:\Move             on the old PC, with a USB disk
+  norvo-playlists migrate --from E:\Move           on the new PC, with the same disk
+  norvo-playlists migrate --from E:\               on the new PC, with the disk of the old one
+  norvo-playlists migrate --from E:\Move --dry-run
+
+Without --from the old machine is this PC, without --to the new one is. To a PC that lists are taken
+from nothing is written. DIR is a machine folder, as --to makes one, or any other, such as a disk,
+which is then drive C of a machine; which one it was taken for is told. To a disk of --from nothing
+is written either; what the product writes goes to a drive of its own in --work, or in a temporary
+folder. An empty or missing folder of --to is made a machine; --to-drive D makes any folder drive D
+of one. The songs and lists go to Norvo Media in the documents folder.
+
+Run it again after an interruption, or later: what is there already stays, and playlists that were
+restored are not restored again. No song and no playlist that is there is ever overwritten.
+While it runs no other run may write to its machines: that one ends at once, or waits with --wait.
+The folders must not lie in each other. --link is refused where nothing is written to --from.
+Exit code 1: something that exists was left out, above all a song that no playlist of the new
+machine leads to.)"};
+
+constexpr const char* kThisPc = "this PC";
 
 /// The move is done, whatever becomes of its page.
 void WritePage(PageFile& file, const std::string& page, Console& console) {
@@ -100,23 +121,31 @@ class MigrateCommand final : public Command {
   CLI::App* AddTo(CLI::App& program, CommonArguments& common) override {
     CLI::App* const app =
         program.add_subcommand("migrate", "Move playlists and songs from one machine to another");
-    app->add_option("--from", from_, "The old machine, or its disk")->type_name("DIR")->required();
-    app->add_option("--to", to_, "The new machine, or its disk")->type_name("DIR")->required();
+    const bool isRequired = !IsThisPcAMachine();
+    const char* const from[] = {"The old machine, or its disk; else it is this PC",
+                                "The old machine, or its disk"};
+    const char* const to[] = {"The new machine, or its disk; else it is this PC",
+                              "The new machine, or its disk"};
+    app->add_option("--from", from_, from[isRequired])->type_name("DIR")->required(isRequired);
+    app->add_option("--to", to_, to[isRequired])->type_name("DIR")->required(isRequired);
     AddPlaceOptions(*app);
     app->add_option("--work", work_, "Keeps what is written for the old machine")->type_name("DIR");
     AddMediaOptions(*app);
     AddReportOptions(*app);
     app->add_flag("--dry-run", options_.dryRun, "Print the plan; write nothing on the new machine");
-    app->footer(kHelp);
+    app->footer(kHelp.Here());
     AddWaitOption(*app, common);
     AddReadAheadOption(*app, common);
     AddOutputOptions(*app, common);
     return app;
   }
 
+  bool IsOnThisPc(const CommonArguments&) const override { return to_.empty(); }
+
   Json Run(const CommonArguments& common, Console& console) override {
     options_.log = common.log;
-    const MoveTerms terms{from_, to_, options_.dryRun, options_.media != MediaMode::None, verbose_};
+    const MoveTerms terms{from_.empty() ? kThisPc : from_, to_.empty() ? kThisPc : to_,
+                          options_.dryRun, options_.media != MediaMode::None, verbose_};
     std::optional<PageFile> page;
     if (!page_.empty()) page.emplace(page_);
     OpenedFolders opened;  // with the old machine, which the observer reads ahead of
@@ -148,7 +177,7 @@ class MigrateCommand final : public Command {
     folders.onOpened = [&, readingAhead](const OpenedFolders& taken) {
       opened = taken;
       TellOpened(taken, console);
-      if (readingAhead != nullptr) readingAhead->ReadAhead(*taken.source);
+      if (readingAhead != nullptr && taken.source) readingAhead->ReadAhead(*taken.source);
     };
     return folders;
   }

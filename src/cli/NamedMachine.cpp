@@ -1,7 +1,9 @@
 #include "cli/NamedMachine.h"
 
 #include "cli/FolderMachine.h"
-#include "cli/ThisPc.h"
+#include "cli/ThisPcMachine.h"
+#include "machines/ThisPc.h"
+
 #include "text/Encoding.h"
 
 namespace norvo::cli {
@@ -9,8 +11,9 @@ namespace norvo::cli {
 namespace {
 
 /// A playlist of this PC, at a path of it.
-NamedPlaylist OpenOwnPlaylist(const std::string& path, Console& console) {
-  const std::shared_ptr<NamedMachine> machine = OpenThisPc(console);
+NamedPlaylist OpenOwnPlaylist(const CommonArguments& common, const std::string& path,
+                              Console& console) {
+  const std::shared_ptr<NamedMachine> machine = OpenThisPcMachine(common, console);
   NamedPlaylist playlist{machine->Platform(), machine->MachinePathOf(path), {}};
   if (!playlist.machine->Files().FileExists(playlist.path)) {
     throw CommandError(ToUtf8(playlist.path) +
@@ -23,13 +26,13 @@ NamedPlaylist OpenOwnPlaylist(const std::string& path, Console& console) {
 
 std::shared_ptr<NamedMachine> OpenMachine(const CommonArguments& common, Console& console,
                                           DocumentsUse use) {
-  if (common.machine.empty() && IsThisPcAMachine()) return OpenThisPc(console);
+  if (common.machine.empty() && IsThisPcAMachine()) return OpenThisPcMachine(common, console);
   return OpenFolderMachine(common, console, use);
 }
 
 NamedPlaylist OpenPlaylist(const CommonArguments& common, const std::string& path,
                            Console& console) {
-  if (common.machine.empty() && IsThisPcAMachine()) return OpenOwnPlaylist(path, console);
+  if (common.machine.empty() && IsThisPcAMachine()) return OpenOwnPlaylist(common, path, console);
   return OpenFolderPlaylist(common, path, console);
 }
 

@@ -21,7 +21,7 @@ class Locks {
   Locks(const SourceFolder& source, const TargetFolder& target, const FolderMove& folders,
         bool dryRun) {
     std::set<std::filesystem::path> shared{source.SharedFolder()};
-    if (!dryRun) shared.insert(target.Registry().file.parent_path());
+    if (!dryRun) shared.insert(target.SharedFolder());
     // In the order of the paths: two moves in opposite directions would else wait for each other.
     for (const std::filesystem::path& folder : shared) {
       if (!folder.empty()) locks_.push_back(std::make_unique<MachineLock>(folder, folders.lock));
@@ -36,21 +36,24 @@ class Locks {
 
 MoveResult MovePlaylists(const FolderMove& folders, const MoveOptions& options,
                          WorkObserver& observer) {
+  if (folders.IsFromThisPc() && folders.IsToThisPc()) throw MoveError(MoveFault::OneMachine);
   RequireApart(folders);
-  SourceFolder source(folders.from, folders.work);
+  SourceFolder source(folders);
   if (source.IsReadOnly() && options.media == MediaMode::Link) {
     throw MoveError(MoveFault::LinkWritesToSource);
   }
   TargetFolder target(folders, options.dryRun);
   const Locks locks(source, target, folders, options.dryRun);
-  if (folders.onOpened)
-    folders.onOpened({source.Taken(), target.Taken(), target.Registry(), source.Machine()});
-  if (folders.messages != nullptr) {
-    source.Machine()->SetMessageDialog(*folders.messages);
-    target.Machine()->SetMessageDialog(*folders.messages);
+  if (folders.onOpened) {
+    folders.onOpened({source.Taken(), target.Taken(), target.Registry(),
+                      folders.IsFromThisPc() ? nullptr : source.Disks()});
   }
-  FilePlacer placer(*source.Machine(), *target.Machine());
-  FilePlacer namer(*target.Machine(), *target.Machine());
+  if (folders.messages != nullptr) {
+    source.SetMessageDialog(*folders.messages);
+    target.SetMessageDialog(*folders.messages);
+  }
+  FilePlacer placer(*source.Disks(), *target.Disks());
+  FilePlacer namer(*target.Disks(), *target.Disks());
   MoveResult result =
       MovePlaylists({source.Machine(), target.Machine(), &placer, &namer, source.GroupRoot(),
                      folders.groupRoot, target.UsualGroupRoot()},

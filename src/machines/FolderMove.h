@@ -6,6 +6,7 @@
 
 #include "machines/LockWishes.h"
 #include "machines/TakenFolder.h"
+#include "machines/ThisPc.h"
 #include "move/MovePlaylists.h"
 #include "platform/hosted/HostedPlatform.h"
 #include "services/Platform.h"
@@ -31,16 +32,19 @@ struct OpenedFolders {
   TakenFolder from;        ///< the old machine's
   TakenFolder to;          ///< the new machine's
   RegistryPlace registry;  ///< of the new machine; of a dry run it may be a passing one
-  std::shared_ptr<HostedPlatform> source;  ///< the old machine itself
+  /// The old machine itself; null when it is this PC.
+  std::shared_ptr<HostedPlatform> source;
 };
 
 /// A move between machines that are held in folders.
 struct FolderMove {
   /// A machine folder, or any folder, such as a mounted disk, which is then drive C of a machine;
-  /// see TakeFolder for the rule. Nothing is written to a folder that is no machine.
+  /// see TakeFolder for the rule. Nothing is written to a folder that is no machine. Empty on
+  /// Windows: this PC, to which nothing is written either.
   std::filesystem::path from;
   /// The same; one that is empty or missing is made a machine. On a disk nothing is made but what
   /// the product puts there: its own folder, which takes the registry's file, songs and lists.
+  /// Empty on Windows: this PC.
   std::filesystem::path to;
   /// A letter from C to Z, such as "D": `to` is that drive of the new machine, whatever it holds.
   std::string toDrive;
@@ -62,6 +66,9 @@ struct FolderMove {
   FolderNames names;  ///< for the sentences of errors
   /// Hears, before anything is moved, what the folders were taken as; may be empty.
   std::function<void(const OpenedFolders&)> onOpened;
+
+  bool IsFromThisPc() const { return from.empty() && IsThisPcAMachine(); }
+  bool IsToThisPc() const { return to.empty() && IsThisPcAMachine(); }
 };
 
 /// Moves the playlists and songs of one machine to another; see MovePlaylists of two platforms.

@@ -10,6 +10,8 @@
 #include "machines/MachineFolder.h"
 #include "machines/TargetFolder.h"
 #include "move/MoveError.h"
+#include "platform/files/DiskPath.h"
+#include "text/Encoding.h"
 
 namespace norvo {
 namespace {
@@ -36,11 +38,25 @@ Part DrivePart(const HostedDrive& drive, const std::string& machine) {
 }
 
 /// The folders that are scanned for playlists: of what is no machine, the folder itself.
-std::vector<Part> ScannedParts(const fs::path& from, const std::string& name) {
-  std::vector<Part> parts{{name, from}};
-  if (!TakeFolder(from).IsMachine()) return parts;
-  for (const HostedDrive& drive : OpenMachineFolder(from)->DriveFolders()) {
+std::vector<Part> ScannedParts(const FolderMove& folders) {
+  // This PC is searched without the folder that the move goes to.
+  if (folders.IsFromThisPc()) return {};
+  const std::string& name = folders.names.from;
+  std::vector<Part> parts{{name, folders.from}};
+  if (!TakeFolder(folders.from).IsMachine()) return parts;
+  for (const HostedDrive& drive : OpenMachineFolder(folders.from)->DriveFolders()) {
     if (drive.type == DriveType::Fixed) parts.push_back(DrivePart(drive, name));
+  }
+  return parts;
+}
+
+/// Of this PC only the documents, where all goes that has no place of its own.
+std::vector<Part> PartsOfPc(const FolderMove& folders) {
+  Platform& machine = *OpenThisPc()->Machine();
+  const String documents = machine.Shell().SpecialFolderPath(ShellFolders::kDocuments);
+  std::vector<Part> parts;
+  for (const std::string& path : {ToUtf8(documents), folders.groupRoot}) {
+    if (!path.empty()) parts.push_back({path, ToSystemPath(path)});
   }
   return parts;
 }
@@ -48,6 +64,7 @@ std::vector<Part> ScannedParts(const fs::path& from, const std::string& name) {
 /// The folders that are written to: of a machine the drives of its group root and its documents. A
 /// disk may be another drive of both machines, as one is that has moved along.
 std::vector<Part> WrittenParts(const FolderMove& folders) {
+  if (folders.IsToThisPc()) return PartsOfPc(folders);
   std::vector<Part> parts{{folders.names.to, folders.to}};
   const TakenFolder taken = TakeFolder(folders.to, folders.toDrive);
   if (!taken.IsMachine()) return parts;
@@ -69,7 +86,7 @@ std::vector<Part> WrittenParts(const FolderMove& folders) {
 void RequireApart(const FolderMove& folders) {
   const Part work{folders.names.work, folders.work};
   const std::vector<Part> written = WrittenParts(folders);
-  for (const Part& from : ScannedParts(folders.from, folders.names.from)) {
+  for (const Part& from : ScannedParts(folders)) {
     for (const Part& to : written) RequireApart(from, to);
     RequireApart(from, work);
   }

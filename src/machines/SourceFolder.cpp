@@ -5,8 +5,12 @@
 #include <string_view>
 #include <system_error>
 
+#include "machines/FullPath.h"
 #include "machines/MachineFolder.h"
+#include "machines/SparedMachine.h"
 #include "move/MoveError.h"
+#include "platform/files/DiskPath.h"
+#include "text/Encoding.h"
 
 namespace norvo {
 namespace {
@@ -22,6 +26,13 @@ TakenFolder TakeSource(const fs::path& from) {
     throw MoveError(MoveFault::EmptyFolder, from.string());
   }
   return taken;
+}
+
+/// What this PC calls a folder of it.
+String PathOnPc(const fs::path& folder) {
+  String path = FromUtf8Lossy(ToDiskPath(FullPath(folder)));
+  std::replace(path.begin(), path.end(), u'/', u'\\');
+  return path;
 }
 
 /// The drives that are read, by a machine's own description or as one disk.
@@ -69,27 +80,52 @@ void MakeWork(const fs::path& work, char16_t own) {
 
 }  // namespace
 
-SourceFolder::SourceFolder(const fs::path& from, const fs::path& work)
-    : taken_(TakeSource(from)), readOnly_(!work.empty() || !taken_.IsMachine()) {
-  if (!readOnly_) {
-    machine_ = OpenMachineFolder(from);
-    shared_ = ReadLayout(from).registryFile.parent_path();
-    return;
+SourceFolder::SourceFolder(const FolderMove& folders)
+    : taken_(folders.IsFromThisPc() ? TakeThisPc() : TakeSource(folders.from)),
+      readOnly_(!folders.work.empty() || !taken_.IsMachine()) {
+  if (folders.IsFromThisPc()) {
+    OpenPc(folders);
+  } else if (readOnly_) {
+    Spare(folders);
+  } else {
+    OpenFolder(folders);
   }
-  if (work.empty()) temporary_ = std::make_unique<TemporaryFolder>();
-  const fs::path folder = work.empty() ? temporary_->Path() : work;
+}
+
+void SourceFolder::OpenPc(const FolderMove& folders) {
+  if (!folders.work.empty()) throw MoveError(MoveFault::WorkUnneeded);
+  pc_ = OpenThisPc();
+  disks_ = pc_->Disks();
+  machine_ = SparedMachine(pc_->Machine(), PathOnPc(folders.to));
+}
+
+void SourceFolder::OpenFolder(const FolderMove& folders) {
+  disks_ = OpenMachineFolder(folders.from);
+  machine_ = disks_;
+  shared_ = ReadLayout(folders.from).registryFile.parent_path();
+}
+
+void SourceFolder::Spare(const FolderMove& folders) {
+  if (folders.work.empty()) temporary_ = std::make_unique<TemporaryFolder>();
+  const fs::path folder = folders.work.empty() ? temporary_->Path() : folders.work;
   HostedLayout layout;
   layout.drives = DrivesOf(taken_);
   const std::optional<char16_t> letter = FreeLetter(layout.drives);
-  if (!letter) throw MoveError(MoveFault::NoFreeLetter, from.string());
+  if (!letter) throw MoveError(MoveFault::NoFreeLetter, folders.from.string());
   MakeWork(folder, *letter);
-  shared_ = work;
+  shared_ = folders.work;
   const std::string name(1, static_cast<char>(*letter));
   layout.drives.push_back({*letter, DriveType::Fixed, folder / name});
   layout.registryFile = folder / "registry.reg";
   layout.shellFolders[ShellFolders::kDocuments] = String(1, *letter) + u":\\My Documents";
   groupRoot_ = name + ":\\Norvo Media\\";
-  machine_ = std::make_shared<HostedPlatform>(std::move(layout));
+  disks_ = std::make_shared<HostedPlatform>(std::move(layout));
+  machine_ = disks_;
+}
+
+void SourceFolder::SetMessageDialog(MessageDialog& messages) {
+  if (pc_) return pc_->SetMessageDialog(messages);
+  disks_->SetMessageDialog(messages);
 }
 
 }  // namespace norvo

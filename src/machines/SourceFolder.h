@@ -4,21 +4,28 @@
 #include <memory>
 #include <string>
 
+#include "machines/FolderMove.h"
 #include "machines/TakenFolder.h"
 #include "machines/TemporaryFolder.h"
+#include "machines/ThisPc.h"
 #include "platform/hosted/HostedPlatform.h"
 
 namespace norvo {
 
-/// The folder that a move comes from, as a machine: a machine folder, or any other, even an empty
-/// one, as drive C of one. In the latter case, and with a work folder, nothing is written to it:
-/// the product's data go to a drive of their own in the work folder, or in a temporary one.
+/// The machine that a move comes from: a machine folder, or any other, even an empty one, as drive
+/// C of one. In the latter case, and with a work folder, nothing is written to it: the product's
+/// data go to a drive of their own in the work folder, or in a temporary one. Where no folder is
+/// named it is this PC, to which nothing is written either.
 class SourceFolder {
  public:
-  /// `work` may be empty. MoveError when a folder cannot be used.
-  SourceFolder(const std::filesystem::path& from, const std::filesystem::path& work);
+  /// `folders` tells where the move comes from. MoveError when a folder cannot be used.
+  explicit SourceFolder(const FolderMove& folders);
 
-  const std::shared_ptr<HostedPlatform>& Machine() const { return machine_; }
+  const std::shared_ptr<Platform>& Machine() const { return machine_; }
+  /// The folders of its drives; but for this PC they are the machine itself.
+  const std::shared_ptr<HostedPlatform>& Disks() const { return disks_; }
+  /// Shows the machine's messages from now on. Not owned.
+  void SetMessageDialog(MessageDialog& messages);
   /// What the folder was taken as.
   const TakenFolder& Taken() const { return taken_; }
   /// Where the product's data go; empty for the usual place.
@@ -29,15 +36,21 @@ class SourceFolder {
   /// is none.
   const std::filesystem::path& SharedFolder() const { return shared_; }
   /// The product's data, and so the log, go with this object.
-  bool IsTemporary() const { return temporary_ != nullptr; }
+  bool IsTemporary() const { return temporary_ != nullptr || pc_ != nullptr; }
 
  private:
+  void OpenPc(const FolderMove& folders);
+  void OpenFolder(const FolderMove& folders);
+  void Spare(const FolderMove& folders);
+
   TakenFolder taken_;
   std::unique_ptr<TemporaryFolder> temporary_;
   bool readOnly_;
   std::string groupRoot_;
   std::filesystem::path shared_;
-  std::shared_ptr<HostedPlatform> machine_;
+  std::shared_ptr<ThisPc> pc_;
+  std::shared_ptr<HostedPlatform> disks_;
+  std::shared_ptr<Platform> machine_;
 };
 
 }  // namespace norvo

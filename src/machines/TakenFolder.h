@@ -9,6 +9,7 @@ namespace norvo {
 struct TakenFolder {
   /// By what it was decided, the first that fits.
   enum class Kind {
+    ThisPc,            ///< no folder was named: the Windows PC that the process runs on
     NamedDrive,        ///< a drive, as the caller says, whatever it holds
     DescribedMachine,  ///< a machine, of which its machine.ini tells
     DrivesAlone,       ///< a machine: it holds drive C, maybe others, and nothing else
@@ -18,7 +19,7 @@ struct TakenFolder {
     Missing            ///< neither yet: it is not there, or is no folder
   };
 
-  std::filesystem::path folder;       ///< as it was named
+  std::filesystem::path folder;       ///< as it was named; empty for this PC
   Kind kind = Kind::Missing;          ///< what decided
   char16_t letter = u'C';             ///< of the drive that it is, or of the first that counts
   std::filesystem::path driveFolder;  ///< holds what is on that drive, or will
@@ -31,6 +32,11 @@ struct TakenFolder {
     return kind == Kind::NamedDrive || kind == Kind::WindowsDisk || kind == Kind::OtherDisk;
   }
 };
+
+/// Where nothing is named, as far as this system is a Windows PC.
+inline TakenFolder TakeThisPc() {
+  return {{}, TakenFolder::Kind::ThisPc, u'C', {}, {}};
+}
 
 /// The one rule for every folder that is named as a machine. A disk is drive C, unless `drive` says
 /// otherwise: "D", "d" or "D:"; then the folder is that drive whatever it holds. MoveError when

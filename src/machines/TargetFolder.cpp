@@ -29,7 +29,25 @@ LayoutWishes WishesFor(const FolderMove& folders) {
 }
 
 TargetFolder::TargetFolder(const FolderMove& folders, bool dryRun)
-    : taken_(TakeFolder(folders.to, folders.toDrive)) {
+    : taken_(folders.IsToThisPc() ? TakeThisPc() : TakeFolder(folders.to, folders.toDrive)) {
+  if (folders.IsToThisPc()) {
+    OpenPc(folders);
+  } else {
+    OpenFolder(folders, dryRun);
+  }
+}
+
+void TargetFolder::OpenPc(const FolderMove& folders) {
+  if (!folders.toDrive.empty() || !folders.user.empty() || !folders.documents.empty()) {
+    throw MoveError(MoveFault::FolderWishes);
+  }
+  pc_ = OpenThisPc();
+  disks_ = pc_->Disks();
+  machine_ = pc_->Machine();
+  usualGroupRoot_ = UsualGroupRootOf(*machine_);
+}
+
+void TargetFolder::OpenFolder(const FolderMove& folders, bool dryRun) {
   TakenFolder used = taken_;
   const bool isThere = IsThere(taken_);
   if (!isThere && dryRun) {
@@ -40,7 +58,17 @@ TargetFolder::TargetFolder(const FolderMove& folders, bool dryRun)
   if (!isThere) MakeDrive(used);
   usualGroupRoot_ = std::move(folder.usualGroupRoot);
   registry_ = {folder.layout.registryFile, std::move(folder.registryPath)};
-  machine_ = std::make_shared<HostedPlatform>(std::move(folder.layout));
+  disks_ = std::make_shared<HostedPlatform>(std::move(folder.layout));
+  machine_ = disks_;
+}
+
+fs::path TargetFolder::SharedFolder() const {
+  return pc_ ? LockFolderOf(*pc_->Machine()) : registry_.file.parent_path();
+}
+
+void TargetFolder::SetMessageDialog(MessageDialog& messages) {
+  if (pc_) return pc_->SetMessageDialog(messages);
+  disks_->SetMessageDialog(messages);
 }
 
 }  // namespace norvo

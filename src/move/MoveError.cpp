@@ -76,6 +76,12 @@ const char* StatementOf(MoveFault fault) {
       return "cannot be the documents folder: the machine lacks its drive";
     case MoveFault::NoTemporaryFolder:
       return "takes no temporary folder";
+    case MoveFault::OneMachine:
+      return "the old machine and the new one are both this PC";
+    case MoveFault::WorkUnneeded:
+      return "nothing is written for this PC, and no work folder is needed";
+    case MoveFault::FolderWishes:
+      return "this PC has its own drives and documents, and none can be wished for";
   }
   return "";
 }

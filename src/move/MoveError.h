@@ -38,14 +38,17 @@ enum class MoveFault {
   LinkWritesToSource,   ///< linking would write to a machine that is only to be read
   FoldersOverlap,       ///< subject and detail: two folders that lie in each other
   DriveLetterUnusable,  ///< subject: what should be a letter from C to Z
-  DriveTold,         ///< subject: a folder whose machine.ini tells its drives; detail: the letter
-  LeadsOut,          ///< subject: the registry's file, which a link leads out of a disk (detail)
-  ManyUsers,         ///< subject: a folder with the documents of several users; detail: "Ann, Bob"
-  UnknownUser,       ///< subject: a name; detail: the users that there are, may be empty
-  OtherUser,         ///< subject: a name; detail: the user in whose documents the music is
-  DocumentsNotFull,  ///< the wished documents folder (subject) is no full path of the machine
-  DocumentsNowhere,  ///< it (subject) lies on a drive (detail) that there is not
-  NoTemporaryFolder  ///< subject: the folder that takes none
+  DriveTold,          ///< subject: a folder whose machine.ini tells its drives; detail: the letter
+  LeadsOut,           ///< subject: the registry's file, which a link leads out of a disk (detail)
+  ManyUsers,          ///< subject: a folder with the documents of several users; detail: "Ann, Bob"
+  UnknownUser,        ///< subject: a name; detail: the users that there are, may be empty
+  OtherUser,          ///< subject: a name; detail: the user in whose documents the music is
+  DocumentsNotFull,   ///< the wished documents folder (subject) is no full path of the machine
+  DocumentsNowhere,   ///< it (subject) lies on a drive (detail) that there is not
+  NoTemporaryFolder,  ///< subject: the folder that takes none
+  OneMachine,         ///< both machines would be this PC
+  WorkUnneeded,       ///< a work folder for this PC, to which nothing is written
+  FolderWishes        ///< this PC has its drives and users; none can be wished for
 };
 
 /// Ends a call. `what()` is a sentence about it in English, in UTF-8.

@@ -11,6 +11,7 @@ namespace norvo {
 namespace {
 
 constexpr int kMostNumbers = 100000;
+constexpr int kMostUnseen = 100;
 // Room that is left to artist and album each when the path would be too long otherwise.
 constexpr std::size_t kShortName = 40;
 
@@ -147,6 +148,7 @@ bool PlaceChooser::TryNames(std::size_t number, MovedSong& song, const EntryAnsw
       return true;
     }
     if (fault != Fault::Taken) return false;
+    if (HasOnlyUnseen(mark, answer.place)) return false;
     answer.fileName = NumberedName(fileName, mark, most);
     answer = entries_.Ask(answer);
   }
@@ -200,7 +202,7 @@ String PlaceChooser::FullPlace(const MovedSong& song, const EntryAnswer& names) 
     if (page.Fits(place)) break;
     const Fault fault = Judge(song, place, Spelling::Any);
     if (fault == Fault::None) return place;
-    if (fault != Fault::Taken) break;
+    if (fault != Fault::Taken || HasOnlyUnseen(mark, place)) break;
     full.fileName = NumberedName(fileName, mark);
     place = entries_.Ask(full).place;
   }
@@ -245,13 +247,18 @@ bool PlaceChooser::IsBlocked(const String& place) {
   return blocked;
 }
 
-/// Another song, another file or a folder is there.
+/// All names are taken in a folder that denies every look.
+bool PlaceChooser::HasOnlyUnseen(int mark, const String& place) {
+  return mark > kMostUnseen && placer_.IsBlocked(place);
+}
+
+/// Another song, another file or a folder is there, or what may not be seen.
 bool PlaceChooser::IsTaken(const MovedSong& song, const String& place) {
   const String folded = Fold(place);
   if (places_.contains(folded) || folders_.contains(folded)) return true;
   FileSystem& files = overlay_.Files();
   if (files.FolderExists(place)) return true;
-  return files.FileExists(place) && !placer_.IsSame(song.source, place);
+  return files.FileExists(place) ? !placer_.IsSame(song.source, place) : placer_.IsBlocked(place);
 }
 
 Adjustment::Reason PlaceChooser::WhyNot(std::size_t number, const String& place) {

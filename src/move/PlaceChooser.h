@@ -62,6 +62,7 @@ class PlaceChooser {
   void Occupy(std::size_t number, MovedSong& song, const String& place);
   Fault Judge(const MovedSong& song, const String& place, Spelling spelling = Spelling::Plain);
   bool IsBlocked(const String& place);
+  bool HasOnlyUnseen(int mark, const String& place);
   bool IsTaken(const MovedSong& song, const String& place);
 
   EntryQuestions& entries_;

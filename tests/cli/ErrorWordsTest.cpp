@@ -122,6 +122,14 @@ const Row kRows[] = {
      "one of its drives."},
     {MoveFault::NoTemporaryFolder, "/tmp", "",
      "No folder can be made in /tmp. Set TMPDIR to a folder that can be written."},
+    {MoveFault::OneMachine, "", "",
+     "Both machines would be this PC. Name the other one's folder, or its disk, with --from or "
+     "--to."},
+    {MoveFault::WorkUnneeded, "", "",
+     "Nothing is written to this PC when lists are taken from it. Leave --work out."},
+    {MoveFault::FolderWishes, "", "",
+     "This PC has its own drives and documents folder. Leave --to-drive, --user and --documents "
+     "out, or name a folder with --to."},
 };
 
 TEST(ErrorWords, EachFaultSaysWhatIsWrongAndWhatToDo) {
@@ -131,7 +139,7 @@ TEST(ErrorWords, EachFaultSaysWhatIsWrongAndWhatToDo) {
 }
 
 TEST(ErrorWords, NoFaultIsForgottenHere) {
-  for (int fault = 0; fault <= static_cast<int>(MoveFault::NoTemporaryFolder); ++fault) {
+  for (int fault = 0; fault <= static_cast<int>(MoveFault::FolderWishes); ++fault) {
     const bool found = std::any_of(std::begin(kRows), std::end(kRows), [fault](const Row& row) {
       return static_cast<int>(row.fault) == fault;
     });

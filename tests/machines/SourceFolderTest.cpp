@@ -43,14 +43,20 @@ class SourceMachineTest : public MachineFoldersTest {
  protected:
   static Lines DrivesOf(const SourceFolder& source) {
     Lines lines;
-    for (const HostedDrive& drive : source.Machine()->DriveFolders()) {
+    for (const HostedDrive& drive : source.Disks()->DriveFolders()) {
       lines.push_back(std::string(1, static_cast<char>(drive.letter)) + ": " +
                       drive.folder.string());
     }
     return lines;
   }
+  static FolderMove Folders(fs::path from, fs::path work) {
+    FolderMove folders;
+    folders.from = std::move(from);
+    folders.work = std::move(work);
+    return folders;
+  }
   MoveError ErrorOfSource(const std::string& from, const std::string& work) {
-    return ErrorOf([&] { SourceFolder(At(from), work.empty() ? fs::path() : At(work)); });
+    return ErrorOf([&] { SourceFolder(Folders(At(from), work.empty() ? fs::path() : At(work))); });
   }
 };
 
@@ -59,11 +65,11 @@ TEST_F(SourceMachineTest, ADiskIsDriveCAndTheProductsDataGoToATemporaryDriveZ) {
   const auto before = Tree(At("disk"));
   fs::path temporary;
   {
-    const SourceFolder source(At("disk"), {});
+    const SourceFolder source(Folders(At("disk"), {}));
     EXPECT_TRUE(source.IsReadOnly());
     EXPECT_TRUE(source.IsTemporary());
     EXPECT_EQ(source.GroupRoot(), "Z:\\Norvo Media\\");
-    const std::vector<HostedDrive> drives = source.Machine()->DriveFolders();
+    const std::vector<HostedDrive> drives = source.Disks()->DriveFolders();
     ASSERT_EQ(drives.size(), 2u);
     EXPECT_EQ(drives[0].letter, u'C');
     EXPECT_EQ(drives[0].folder, At("disk"));
@@ -78,7 +84,7 @@ TEST_F(SourceMachineTest, ADiskIsDriveCAndTheProductsDataGoToATemporaryDriveZ) {
 TEST_F(SourceMachineTest, AWorkFolderTakesTheProductsData) {
   PutDisk("disk");
   {
-    const SourceFolder source(At("disk"), At("some/data"));
+    const SourceFolder source(Folders(At("disk"), At("some/data")));
     EXPECT_TRUE(source.IsReadOnly());
     EXPECT_FALSE(source.IsTemporary());
     EXPECT_EQ(source.GroupRoot(), "Z:\\Norvo Media\\");
@@ -91,7 +97,7 @@ TEST_F(SourceMachineTest, AWorkFolderTakesTheProductsData) {
 TEST_F(SourceMachineTest, AMachineWithAWorkFolderKeepsItsDrivesAndGetsALetterMore) {
   PutDisk("old/C");
   PutDisk("old/Z");
-  const SourceFolder source(At("old"), At("work"));
+  const SourceFolder source(Folders(At("old"), At("work")));
   EXPECT_EQ(source.GroupRoot(), "Y:\\Norvo Media\\");
   EXPECT_EQ(DrivesOf(source), (Lines{"C: " + At("old/C").string(), "Y: " + At("work/Y").string(),
                                      "Z: " + At("old/Z").string()}));
@@ -99,7 +105,7 @@ TEST_F(SourceMachineTest, AMachineWithAWorkFolderKeepsItsDrivesAndGetsALetterMor
 
 TEST_F(SourceMachineTest, AMachineWithoutAWorkFolderTakesItsDataItself) {
   PutDisk("old/C");
-  const SourceFolder source(At("old"), {});
+  const SourceFolder source(Folders(At("old"), {}));
   EXPECT_FALSE(source.IsReadOnly());
   EXPECT_FALSE(source.IsTemporary());
   EXPECT_EQ(source.GroupRoot(), "");
@@ -112,7 +118,7 @@ TEST_F(SourceMachineTest, AMachineWithAllLettersHasNoneForAWorkFolder) {
   }
   ExpectError(ErrorOfSource("old", "work"), MoveFault::NoFreeLetter, At("old").string());
   EXPECT_FALSE(fs::exists(At("work")));
-  EXPECT_FALSE(SourceFolder(At("old"), {}).IsReadOnly());
+  EXPECT_FALSE(SourceFolder(Folders(At("old"), {})).IsReadOnly());
 }
 
 TEST_F(SourceMachineTest, AWorkFolderThatHoldsAnotherMachineIsRefusedAndLeftAsItIs) {
@@ -128,9 +134,9 @@ TEST_F(SourceMachineTest, AWorkFolderThatHoldsAnotherMachineIsRefusedAndLeftAsIt
 
 TEST_F(SourceMachineTest, AWorkFolderOfAnEarlierRunIsTakenAgain) {
   PutDisk("disk");
-  { const SourceFolder source(At("disk"), At("work")); }
+  { const SourceFolder source(Folders(At("disk"), At("work"))); }
   Put(At("work/Z/Norvo Media/KVs/Mix.ini"), "of the earlier run");
-  const SourceFolder source(At("disk"), At("work"));
+  const SourceFolder source(Folders(At("disk"), At("work")));
   EXPECT_EQ(Get(At("work/Z/Norvo Media/KVs/Mix.ini")), "of the earlier run");
 }
 
@@ -140,7 +146,7 @@ TEST_F(SourceMachineTest, AWorkFolderOfAnEarlierVersionWithLinksIsTaken) {
       "; Made anew by each run of norvo-playlists.\r\n[Drives]\r\nC=fixed\r\n");
   fs::create_directory_symlink(At("disk"), At("work/C"));
   const auto before = Tree(At("disk"));
-  const SourceFolder source(At("disk"), At("work"));
+  const SourceFolder source(Folders(At("disk"), At("work")));
   EXPECT_EQ(DrivesOf(source), (Lines{"C: " + At("disk").string(), "Z: " + At("work/Z").string()}));
   EXPECT_EQ(Tree(At("disk")), before);
 }
@@ -151,7 +157,8 @@ TEST_F(SourceMachineTest, WhatAStopHasLeftOfThoseSettingsIsNoMachine) {
       "; Made anew by each run of norvo-playlists.\r\n[Drives]\r\nC=fixed\r\n";
   for (std::size_t size = 0; size <= settings.size(); ++size) {
     Put(At("work/machine.ini"), settings.substr(0, size));
-    EXPECT_EQ(SourceFolder(At("disk"), At("work")).GroupRoot(), "Z:\\Norvo Media\\") << size;
+    EXPECT_EQ(SourceFolder(Folders(At("disk"), At("work"))).GroupRoot(), "Z:\\Norvo Media\\")
+        << size;
   }
 }
 
@@ -159,7 +166,7 @@ TEST_F(SourceMachineTest, ALinkInPlaceOfThoseSettingsIsNotWrittenThrough) {
   PutDisk("disk");
   fs::create_directories(At("work"));
   fs::create_symlink(At("elsewhere"), At("work/machine.ini"));
-  EXPECT_EQ(SourceFolder(At("disk"), At("work")).GroupRoot(), "Z:\\Norvo Media\\");
+  EXPECT_EQ(SourceFolder(Folders(At("disk"), At("work"))).GroupRoot(), "Z:\\Norvo Media\\");
   EXPECT_FALSE(fs::exists(At("elsewhere")));
 }
 
@@ -174,7 +181,7 @@ TEST_F(SourceMachineTest, LinksAloneAreNoMachineOfTheWorkFolder) {
   PutDisk("disk");
   fs::create_directories(At("work"));
   fs::create_directory_symlink(At("disk"), At("work/C"));
-  EXPECT_EQ(SourceFolder(At("disk"), At("work")).GroupRoot(), "Z:\\Norvo Media\\");
+  EXPECT_EQ(SourceFolder(Folders(At("disk"), At("work"))).GroupRoot(), "Z:\\Norvo Media\\");
 }
 
 TEST_F(SourceMachineTest, AnEmptyFolderIsRefusedSinceADiskMayNotBeMounted) {

@@ -16,7 +16,7 @@ class TargetFolderTest : public MachineFoldersTest {
     return move;
   }
   static HostedDrive OnlyDrive(const TargetFolder& target) {
-    const std::vector<HostedDrive> drives = target.Machine()->DriveFolders();
+    const std::vector<HostedDrive> drives = target.Disks()->DriveFolders();
     EXPECT_EQ(drives.size(), 1u);
     return drives.at(0);
   }

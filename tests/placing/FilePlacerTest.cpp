@@ -402,9 +402,10 @@ TEST_F(FilePlacerTest, WithoutTheRightsToReadOrWrite) {
 }
 
 TEST_F(FilePlacerTest, WhatMayNotBeSeenIsBlocked) {
+  Put(Disk("C/a.mp3"), "a");
   std::filesystem::create_directories(New("C/closed"));
-  for (const char* const folder : {".", "C"}) {
-    ASSERT_EQ(::chmod(New(folder).c_str(), 0777), 0);
+  for (const std::filesystem::path& folder : {Outside("."), New("C")}) {
+    ASSERT_EQ(::chmod(folder.c_str(), 0777), 0);
   }
   ASSERT_EQ(::chmod(New("C/closed").c_str(), 0444), 0);  // names can be read, and nothing else
   const int answer = ExitOfChild([&] {

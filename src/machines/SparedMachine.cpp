@@ -1,0 +1,88 @@
+#include "machines/SparedMachine.h"
+
+#include <utility>
+
+#include "overlay/OverlayPlatform.h"
+#include "services/FolderScanner.h"
+#include "services/Utility.h"
+#include "text/WindowsPath.h"
+
+namespace norvo {
+namespace {
+
+class FilesWithout final : public FileSystem {
+ public:
+  /// `files` must outlive this.
+  FilesWithout(FileSystem& files, StringView folder)
+      : files_(files), parent_(ParentFolder(folder)), name_(LastComponent(folder)) {}
+
+  std::vector<FolderItem> ListFolder(StringView path,
+                                     std::span<const StringView> endings) override {
+    std::vector<FolderItem> items = files_.ListFolder(path, endings);
+    if (name_.empty() ||
+        !EqualsIgnoreCase(Utility::AddBackslash(path), Utility::AddBackslash(parent_))) {
+      return items;
+    }
+    std::erase_if(items, [this](const FolderItem& item) {
+      return item.isFolder && EqualsIgnoreCase(item.name, name_);
+    });
+    return items;
+  }
+
+  bool FolderExists(StringView path) override { return files_.FolderExists(path); }
+  std::optional<FileFacts> FactsOf(StringView path) override { return files_.FactsOf(path); }
+  void CreateFolder(StringView path) override { files_.CreateFolder(path); }
+  void RemoveFile(StringView path, bool force) override { files_.RemoveFile(path, force); }
+  std::unique_ptr<BinaryFile> OpenForReading(StringView path) override {
+    return files_.OpenForReading(path);
+  }
+  std::unique_ptr<AppendFile> OpenForAppending(StringView path, bool create) override {
+    return files_.OpenForAppending(path, create);
+  }
+  void MakeDurable(std::span<const String> paths) override { files_.MakeDurable(paths); }
+  String AbsolutePathName(StringView path) override { return files_.AbsolutePathName(path); }
+  DriveType TypeOfDrive(StringView path) override { return files_.TypeOfDrive(path); }
+  std::vector<Drive> Drives() override { return files_.Drives(); }
+  String FileVersion(StringView path) override { return files_.FileVersion(path); }
+  String SystemFolder() override { return files_.SystemFolder(); }
+  Date LocalDate(FileTime time) override { return files_.LocalDate(time); }
+
+ private:
+  FileSystem& files_;
+  String parent_;
+  String name_;
+};
+
+class Spared final : public Platform {
+ public:
+  Spared(std::shared_ptr<Platform> machine, StringView hidden)
+      : machine_(std::move(machine)), overlay_(machine_), files_(overlay_.Files(), hidden) {}
+
+  FileSystem& Files() override { return files_; }
+  norvo::Registry& Registry() override { return overlay_.Registry(); }
+  ShellFolders& Shell() override { return overlay_.Shell(); }
+  ProductInformation& Product() override { return overlay_.Product(); }
+  SettingsStorage& Settings() override { return overlay_.Settings(); }
+  MigrationList& Migration() override { return overlay_.Migration(); }
+  DriveScanner* Scanner() override { return &scanner_; }
+  MessageDialog& Messages() override { return overlay_.Messages(); }
+  const CodePage& AnsiPage() override { return overlay_.AnsiPage(); }
+  std::string SystemPathOf(StringView path) override { return machine_->SystemPathOf(path); }
+  void SetWarningSink(std::function<void(StringView)> sink) override {
+    machine_->SetWarningSink(std::move(sink));
+  }
+
+ private:
+  std::shared_ptr<Platform> machine_;
+  OverlayPlatform overlay_;
+  FilesWithout files_;
+  FolderScanner scanner_{files_};
+};
+
+}  // namespace
+
+std::shared_ptr<Platform> SparedMachine(std::shared_ptr<Platform> machine, StringView hidden) {
+  return std::make_shared<Spared>(std::move(machine), hidden);
+}
+
+}  // namespace norvo
