@@ -1,7 +1,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <filesystem>
 #include <fstream>
@@ -12,6 +11,8 @@
 
 #include "automation/RunTimeError.h"
 #include "platform/hosted/HostedPlatform.h"
+#include "support/FreshFolder.h"
+#include "support/Links.h"
 #include "support/RaisedErrors.h"
 #include "text/Encoding.h"
 
@@ -20,20 +21,14 @@ namespace norvo {
 /// A machine in a fresh folder of its own, gone after the test. It has the drive C.
 class TestMachine : public ::testing::Test {
  protected:
-  TestMachine() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "norvo-hosted-XXXXXX").string();
-    base_ = ::mkdtemp(pattern.data());
-    std::filesystem::create_directories(Disk("C"));
-  }
-  ~TestMachine() override {
-    std::error_code ignored;
-    std::filesystem::remove_all(base_, ignored);
-  }
+  TestMachine() { std::filesystem::create_directories(Disk("C")); }
 
   /// A place in the machine's folder.
-  std::filesystem::path Disk(const std::string& path) const { return base_ / "machine" / path; }
+  std::filesystem::path Disk(const std::string& path) const {
+    return base_.Path() / "machine" / path;
+  }
   /// A place beside it, which no drive reaches.
-  std::filesystem::path Outside(const std::string& path) const { return base_ / path; }
+  std::filesystem::path Outside(const std::string& path) const { return base_.Path() / path; }
 
   static void Put(const std::filesystem::path& path, const std::string& bytes) {
     std::filesystem::create_directories(path.parent_path());
@@ -70,7 +65,7 @@ class TestMachine : public ::testing::Test {
   std::vector<std::string> warnings_;
 
  private:
-  std::filesystem::path base_;
+  FreshFolder base_{"norvo-hosted"};
   std::unique_ptr<HostedPlatform> platform_;
 };
 

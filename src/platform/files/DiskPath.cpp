@@ -28,6 +28,15 @@ bool LiesWithin(std::string_view path, std::string_view folder) {
   return path.size() > folder.size() && path.starts_with(folder) && path[folder.size()] == '/';
 }
 
+std::string_view RootOf(std::string_view path) {
+  std::size_t end = path.find('/');
+  if (path.starts_with("//")) {
+    end = path.find('/', 2);
+    if (end != std::string_view::npos) end = path.find('/', end + 1);
+  }
+  return end == std::string_view::npos ? path : path.substr(0, end + 1);
+}
+
 // As UTF-8 a path goes through unchanged where the system keeps bytes, whatever they are.
 std::filesystem::path ToSystemPath(std::string_view path) {
   return std::u8string(path.begin(), path.end());

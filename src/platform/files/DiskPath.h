@@ -18,6 +18,9 @@ std::string_view ParentOf(std::string_view path);
 /// True when the path is the folder or lies below it; the empty folder holds all paths.
 bool LiesWithin(std::string_view path, std::string_view folder);
 
+/// What names the disk of a path in full: "/", "E:/", or "//server/share/".
+std::string_view RootOf(std::string_view path);
+
 /// The same path as the standard library has it, and back, in whatever form the system keeps it.
 std::filesystem::path ToSystemPath(std::string_view path);
 std::string ToDiskPath(const std::filesystem::path& path);

@@ -18,6 +18,8 @@ String FailureText(FileFailure failure) {
       return u"something else stands where it or its folder should";
     case Kind::AccessDenied:
       return u"permission denied";
+    case Kind::InUse:
+      return u"another program has it open";
     case Kind::ReadOnlyDisk:
       return u"the disk is read-only";
     case Kind::DiskFull:

@@ -10,6 +10,7 @@ std::int32_t ErrorNumber(FileFailure::Kind kind, Subject subject) {
     case Kind::NotAFolder:
       return error::kPathNotFound;
     case Kind::AccessDenied:
+    case Kind::InUse:
     case Kind::ReadOnlyDisk:
       return error::kPermissionDenied;
     case Kind::DiskFull:

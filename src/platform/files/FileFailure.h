@@ -14,6 +14,7 @@ struct FileFailure {
     AlreadyExists,
     LinkInTheWay,
     AccessDenied,
+    InUse,  ///< another program has it open and does not share it
     ReadOnlyDisk,
     DiskFull,
     QuotaReached,  ///< the user's share of the disk is full

@@ -2,7 +2,6 @@
 
 #include <limits>
 #include <optional>
-#include <system_error>
 #include <utility>
 
 #include "automation/RunTimeError.h"
@@ -48,20 +47,26 @@ String Shown(const fs::path& path) {
 }
 
 bool IsListed(const fs::path& path) {
-  std::error_code failure;
-  for (fs::directory_iterator at(path.parent_path(), failure), end; !failure && at != end;
-       at.increment(failure)) {
-    if (at->path().filename() == path.filename()) return true;
-  }
-  return false;
+  const FileResult<SystemFile> folder = OpenRoot(ToDiskPath(path.parent_path()));
+  if (!folder) return false;
+  FileResult<SystemFile> listed = OpenBeneath(*folder, {}, OpenMode::List);
+  if (!listed) return false;
+  const std::string wanted = ToDiskPath(path.filename());
+  bool found = false;
+  ForEachName(std::move(*listed),
+              [&](std::string_view name, ListedKind) { found = found || name == wanted; });
+  return found;
 }
 
-/// A folder that is there and cannot be looked up, such as one where a dead disk is mounted, counts
-/// as one: who lists it hears what is wrong with it.
+/// A folder that is there and cannot be opened, such as one where a dead disk is mounted, counts as
+/// one: who lists it hears what is wrong with it.
 bool IsFolder(const fs::path& path) {
-  std::error_code failure;
-  const fs::file_type type = fs::status(path, failure).type();
-  return type == fs::file_type::directory || (type == fs::file_type::none && IsListed(path));
+  const FileResult<SystemFile> folder = OpenRoot(ToDiskPath(path));
+  const FileFailure::Kind failure = folder.Failure().kind;
+  if (failure == FileFailure::Kind::NotFound || failure == FileFailure::Kind::NotAFolder) {
+    return false;
+  }
+  return folder || IsListed(path);
 }
 
 /// The folder of a drive in the machine's folder; the upper-case spelling goes before the other.
@@ -84,9 +89,9 @@ bool HasDriveFolder(const fs::path& machineFolder) {
 }
 
 fs::path CheckedFolder(const fs::path& folder) {
-  std::error_code failure;
-  if (!fs::is_directory(folder, failure)) RaiseNoMachine(folder, u" is no folder");
-  if (!fs::exists(folder / kSettingsFile, failure) && !HasDriveFolder(folder)) {
+  if (!OpenRoot(ToDiskPath(folder))) RaiseNoMachine(folder, u" is no folder");
+  const bool hasSettings = bool(RealPath(ToDiskPath(folder / kSettingsFile)));
+  if (!hasSettings && !HasDriveFolder(folder)) {
     RaiseNoMachine(folder, u" holds neither machine.ini nor a drive's folder");
   }
   return FullSystemPath(folder);

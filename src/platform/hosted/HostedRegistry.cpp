@@ -1,7 +1,6 @@
 #include "platform/hosted/HostedRegistry.h"
 
 #include <filesystem>
-#include <system_error>
 
 #include "automation/RunTimeError.h"
 #include "platform/files/DiskPath.h"
@@ -26,23 +25,32 @@ String InMachineClasses(StringView key) {
   return String(kMachineClasses).append(key);
 }
 
+/// The path in full with all links resolved, as far as there is something.
+std::string RealAsFarAsThere(const std::filesystem::path& path) {
+  const FileResult<std::string> real = RealPath(ToDiskPath(path));
+  if (real) return *real;
+  const std::filesystem::path parent = path.parent_path();
+  if (parent == path || real.Failure().kind != FileFailure::Kind::NotFound) return ToDiskPath(path);
+  const std::filesystem::path folder = ToSystemPath(RealAsFarAsThere(parent));
+  return ToDiskPath((folder / path.filename()).lexically_normal());
+}
+
 /// The file itself, if its name is a link to one; in any case by a folder without links.
 std::string WithoutLinks(const std::filesystem::path& file) {
-  std::error_code failure;
-  const std::filesystem::path real = std::filesystem::weakly_canonical(file, failure);
-  if (!failure && std::filesystem::is_regular_file(real, failure)) return ToDiskPath(real);
-  const std::filesystem::path folder =
-      std::filesystem::weakly_canonical(file.parent_path(), failure);
-  return ToDiskPath(failure ? file : folder / file.filename());
+  const FileResult<std::string> real = RealPath(ToDiskPath(file));
+  const FileResult<FileRecord> found = real ? LookUpSystemPath(*real) : real.Failure();
+  if (found && found->kind == FileRecord::Kind::File) return *real;
+  const std::string folder = RealAsFarAsThere(file.parent_path());
+  return ToDiskPath(ToSystemPath(folder) / file.filename());
 }
 
 /// Writes a file whole, and its folder with it. Its path has no links; what has become one since is
 /// not followed.
 FileFailure WriteWhole(const std::string& file, std::string_view bytes) {
-  const std::filesystem::path full = ToSystemPath(file);
-  const FileResult<SystemFile> root = OpenRoot(ToDiskPath(full.root_path()));
+  const std::string_view disk = RootOf(file);
+  const FileResult<SystemFile> root = OpenRoot(std::string(disk));
   if (!root) return root.Failure();
-  const std::string path = ToDiskPath(full.relative_path());
+  const std::string path = file.substr(disk.size());
   // Mostly it is there; what cannot be made cannot be written into either.
   MakeFolder(*root, std::string(ParentOf(path)));
   return ReplaceWhole(*root, path, bytes);

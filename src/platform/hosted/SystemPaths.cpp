@@ -2,7 +2,10 @@
 
 #include <algorithm>
 
+#include "platform/files/DiskPath.h"
+#include "platform/files/SystemCalls.h"
 #include "platform/hosted/DiskName.h"
+#include "platform/hosted/FolderListing.h"
 #include "text/Encoding.h"
 #include "text/WindowsPath.h"
 
@@ -12,21 +15,24 @@ namespace {
 namespace fs = std::filesystem;
 
 fs::path Canonical(const fs::path& path) {
-  std::error_code failure;
-  fs::path canonical = fs::canonical(path, failure);
-  return failure ? path : canonical;
+  const FileResult<std::string> real = RealPath(ToDiskPath(path));
+  return real ? ToSystemPath(*real) : path;
 }
 
 /// The name in a folder that is meant, in whatever case the disk spells it.
+std::string Spelled(const SystemFile& folder, const String& name) {
+  const std::string exact = ToUtf8(name);
+  if (LookUp(folder, exact)) return exact;
+  FileResult<SystemFile> listed = OpenBeneath(folder, {}, OpenMode::List);
+  if (!listed) return exact;
+  const std::optional<FolderListing> listing = FolderListing::Of(std::move(*listed));
+  const std::string_view other = listing ? listing->Find(name) : std::string_view();
+  return other.empty() ? exact : std::string(other);
+}
+
 fs::path Step(const fs::path& folder, const String& name) {
-  const fs::path exact = folder / ToUtf8(name);
-  std::error_code ignored;
-  if (fs::exists(exact, ignored)) return exact;
-  for (fs::directory_iterator at(folder, ignored), end; at != end; at.increment(ignored)) {
-    const std::optional<String> other = FromDiskName(at->path().filename().string());
-    if (other && EqualsIgnoreCase(*other, name)) return at->path();
-  }
-  return exact;
+  const FileResult<SystemFile> opened = OpenRoot(ToDiskPath(folder));
+  return folder / ToSystemPath(opened ? Spelled(*opened, name) : ToUtf8(name));
 }
 
 /// The way from `folder` to `path`, as a Windows path without its drive.
@@ -36,7 +42,7 @@ std::optional<String> WayInto(const fs::path& folder, const fs::path& path) {
   if (reached != folder.end() || rest == path.end()) return std::nullopt;
   String way;
   for (auto part = rest; part != path.end(); ++part) {
-    const std::optional<String> name = FromDiskName(part->string());
+    const std::optional<String> name = FromDiskName(ToDiskPath(*part));
     if (!name) return std::nullopt;
     way += u'\\' + *name;
   }

@@ -25,6 +25,13 @@ TEST(DiskPath, LiesWithinFoldersAndNotBesideThem) {
   EXPECT_FALSE(LiesWithin("/a", "/a/b"));
 }
 
+TEST(DiskPath, BeginsWithWhatNamesItsDisk) {
+  EXPECT_EQ(RootOf("/a/b"), "/");
+  EXPECT_EQ(RootOf("E:/Move/a"), "E:/");
+  EXPECT_EQ(RootOf("//server/share/a/b"), "//server/share/");
+  EXPECT_EQ(RootOf("//server/share"), "//server/share");
+}
+
 TEST(DiskPath, GoesThroughTheStandardLibraryUnchanged) {
   for (const char* const path : {"/a/b", "a b, c.", "/M\xC3\xBCsik/\xE2\x82\xAC", ""}) {
     EXPECT_EQ(ToDiskPath(ToSystemPath(path)), path);

@@ -15,6 +15,7 @@ TEST(FailureText, EndsASentence) {
   EXPECT_EQ(text(Kind::AlreadyExists), text(Kind::NotAFolder));
   EXPECT_EQ(text(Kind::LinkInTheWay), text(Kind::NotAFolder));
   EXPECT_EQ(text(Kind::AccessDenied), "permission denied");
+  EXPECT_EQ(text(Kind::InUse), "another program has it open");
   EXPECT_EQ(text(Kind::ReadOnlyDisk), "the disk is read-only");
   EXPECT_EQ(text(Kind::DiskFull), "the disk is full");
   EXPECT_EQ(text(Kind::QuotaReached), "the user's share of the disk is full");

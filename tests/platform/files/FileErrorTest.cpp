@@ -20,6 +20,7 @@ TEST(FileError, ItsNumberStandsForTheFailure) {
   EXPECT_EQ(numbers(Kind::NotFound), "53 76 76 ");
   EXPECT_EQ(numbers(Kind::NotAFolder), "76 76 76 ");
   EXPECT_EQ(numbers(Kind::AccessDenied), "70 70 70 ");
+  EXPECT_EQ(numbers(Kind::InUse), "70 70 70 ");
   EXPECT_EQ(numbers(Kind::ReadOnlyDisk), "70 70 70 ");
   EXPECT_EQ(numbers(Kind::DiskFull), "61 61 61 ");
   EXPECT_EQ(numbers(Kind::QuotaReached), "61 61 61 ");

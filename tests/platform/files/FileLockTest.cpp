@@ -1,11 +1,8 @@
 #include "platform/files/FileLock.h"
 
-#include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
-#include <csignal>
 #include <memory>
 #include <thread>
 
@@ -76,26 +73,6 @@ TEST_F(FileLockTest, ASecondOneThatIsToWaitGetsItWhenTheFirstIsDone) {
   EXPECT_EQ(NamesIn(""), "");
 }
 
-TEST_F(FileLockTest, AKilledProcessLeavesAFileThatCountsForNothing) {
-  const pid_t child = ::fork();
-  if (child == 0) {
-    FileLock lock = NewLock();
-    lock.Take(false);
-    ::kill(::getpid(), SIGKILL);
-  }
-  int status = 0;
-  ASSERT_EQ(::waitpid(child, &status, 0), child);
-  ASSERT_EQ(NamesIn(""), "Flock ");
-  const std::string left = Get(At("lock"));
-  {
-    FileLock lock = NewLock();
-    EXPECT_TRUE(lock.Take(false));
-    EXPECT_NE(Get(At("lock")), left);
-    EXPECT_EQ(Get(At("lock")).find(ThisProcess()), 0u);
-  }
-  EXPECT_EQ(NamesIn(""), "");
-}
-
 TEST_F(FileLockTest, WhereNoneCanBeMadeNobodyIsKeptOut) {
   std::filesystem::create_directories(At("lock"));
   EXPECT_TRUE(NewLock().Take(false)) << "a folder has the name";
@@ -103,17 +80,12 @@ TEST_F(FileLockTest, WhereNoneCanBeMadeNobodyIsKeptOut) {
 }
 
 TEST_F(FileLockTest, ALinkOfThatNameIsNotFollowed) {
+  NEEDS_LINKS();
   Put(Beside("file"), "another's");
-  std::filesystem::create_symlink(Beside("file"), At("lock"));
+  MakeFileLink(Beside("file"), At("lock"));
   EXPECT_TRUE(NewLock().Take(false));
   EXPECT_EQ(NamesIn(""), "Llock ");
   EXPECT_EQ(Get(Beside("file")), "another's");
-}
-
-TEST_F(FileLockTest, APipeOfThatNameDoesNotBlock) {
-  ASSERT_EQ(::mkfifo(At("lock").c_str(), 0600), 0);
-  EXPECT_TRUE(NewLock().Take(true));
-  EXPECT_EQ(NamesIn(""), "Olock ");
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -14,6 +13,8 @@
 
 #include "platform/files/DiskPath.h"
 #include "platform/files/SystemCalls.h"
+#include "support/FreshFolder.h"
+#include "support/Links.h"
 
 namespace norvo {
 
@@ -23,22 +24,16 @@ class FilesTest : public ::testing::Test {
   using Kind = FileFailure::Kind;
 
   FilesTest() {
-    // The same test may run a second time beside this one, on a poorer system.
-    std::string pattern = (std::filesystem::temp_directory_path() / "norvo-files-XXXXXX").string();
-    base_ = ::mkdtemp(pattern.data());
-    std::filesystem::create_directories(base_ / "root");
-    std::filesystem::create_directories(base_ / "beside");
-    root_ = std::move(*OpenRoot(ToDiskPath(base_ / "root")));
-  }
-  ~FilesTest() override {
-    root_.Close();
-    std::error_code ignored;
-    std::filesystem::remove_all(base_, ignored);
+    std::filesystem::create_directories(At(""));
+    std::filesystem::create_directories(Beside(""));
+    root_ = std::move(*OpenRoot(ToDiskPath(At(""))));
   }
 
   const SystemFile& Root() const { return root_; }
-  std::filesystem::path At(const std::string& path) const { return base_ / "root" / path; }
-  std::filesystem::path Beside(const std::string& path) const { return base_ / "beside" / path; }
+  std::filesystem::path At(const std::string& path) const { return base_.Path() / "root" / path; }
+  std::filesystem::path Beside(const std::string& path) const {
+    return base_.Path() / "beside" / path;
+  }
 
   static void Put(const std::filesystem::path& path, const std::string& bytes) {
     std::filesystem::create_directories(path.parent_path());
@@ -62,7 +57,7 @@ class FilesTest : public ::testing::Test {
   std::string NamesIn(const std::string& folder) const;
 
  private:
-  std::filesystem::path base_;
+  FreshFolder base_{"norvo-files"};
   SystemFile root_;
 };
 

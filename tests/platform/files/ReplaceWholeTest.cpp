@@ -16,11 +16,12 @@ TEST_F(ReplaceWholeTest, AFileIsMadeOrReplacedAndNothingIsLeftOver) {
   EXPECT_EQ(NamesIn(""), "Fa.ini ");
 }
 
-TEST_F(ReplaceWholeTest, PermissionsAreHandedOn) {
+TEST_F(ReplaceWholeTest, AReadOnlyFileIsReplacedAndStaysOne) {
   Put(At("a.ini"), "old");
-  std::filesystem::permissions(At("a.ini"), std::filesystem::perms(0640));
+  std::filesystem::permissions(At("a.ini"), std::filesystem::perms(0444));
   EXPECT_FALSE(ReplaceWhole(Root(), "a.ini", "new"));
-  EXPECT_EQ(LookUp(Root(), "a.ini")->permissions, 0640u);
+  EXPECT_EQ(Get(At("a.ini")), "new");
+  EXPECT_EQ(LookUp(Root(), "a.ini")->permissions, 0444u);
 }
 
 TEST_F(ReplaceWholeTest, WhatAStoppedProcessLeftBehindIsTakenOver) {

@@ -1,14 +1,6 @@
-#include <sys/stat.h>
-#include <time.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
-#include <cstdint>
 
 #include "automation/RunTimeError.h"
-#include "support/ChildProcess.h"
-#include "support/RefusedCalls.h"
 #include "support/TestMachine.h"
 
 namespace norvo {
@@ -70,87 +62,25 @@ TEST_F(HostedFileSystemTest, ListingWhatIsNoFolderFails) {
   }
 }
 
-TEST_F(HostedFileSystemTest, AFolderWithoutPermissionRaisesPermissionDenied) {
-  if (::geteuid() == 0) GTEST_SKIP() << "nothing is denied to root";
-  std::filesystem::create_directory(Disk("C/closed"));
-  std::filesystem::permissions(Disk("C/closed"), std::filesystem::perms::none);
-  EXPECT_EQ(NumberRaisedBy([&] { List(u"C:\\closed"); }), 70);
-  EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForReading(u"C:\\closed\\a"); }), 70);
-  std::filesystem::permissions(Disk("C/closed"), std::filesystem::perms::owner_all);
-}
-
-#ifdef __linux__
-TEST_F(HostedFileSystemTest, WhatTheDiskCannotTellOfIsNotMissing) {
-  Put(Disk("C/Music/a.mp3"), "");
-  const auto numbersWhenRefusedBy = [&](int reason) {
-    return ExitOfChild([&] {
-      const std::uint32_t number = static_cast<std::uint32_t>(reason);
-      if (!Files().FolderExists(u"C:\\Music") || !RefuseCalls({{SYS_statx, number}})) return kSkip;
-      const int ofFile = NumberRaisedBy([&] { Files().FactsOf(u"C:\\Music\\b.mp3"); });
-      const int ofFolder = NumberRaisedBy([&] { Files().FolderExists(u"C:\\Other"); });
-      const bool guesses = NumberRaisedBy([&] { Files().SystemFolder(); }) == 0;
-      return guesses && ofFile == ofFolder ? ofFile : 1;
-    });
-  };
-  const int failed = numbersWhenRefusedBy(EIO);
-  if (failed == kSkip) GTEST_SKIP() << "no call can be refused here";
-  EXPECT_EQ(failed, error::kDeviceInputOutput);
-  EXPECT_EQ(numbersWhenRefusedBy(ENOMEM), error::kOutOfMemory);
-  EXPECT_EQ(numbersWhenRefusedBy(EACCES), 0) << "nobody here can have it";
-}
-
-TEST_F(HostedFileSystemTest, ADeniedLookIsToldOnceOfAFolder) {
-  Put(Disk("C/Music/a.mp3"), "");
-  const int refused = ExitOfChild([&] {
-    if (!Files().FolderExists(u"C:\\Music") || !RefuseCalls({{SYS_statx, EACCES}})) return kSkip;
-    for (const StringView path : {u"C:\\Music\\b.mp3", u"C:\\Music\\c.mp3", u"C:\\Other\\d.mp3"}) {
-      if (Files().FileExists(path)) return 1;
-    }
-    if (warnings_.size() != 2) return 2;
-    const char* const text =
-        "C:\\Music\\b.mp3: the system denies a look at it; it counts as not there, and so does "
-        "what "
-        "else is denied in its folder";
-    return warnings_[0] == text ? 0 : 3;
-  });
-  if (refused == kSkip) GTEST_SKIP() << "no call can be refused here";
-  EXPECT_EQ(refused, 0);
-}
-#endif
-
-TEST_F(HostedFileSystemTest, NamesThatNoPathCanExpressCostOneWarningEach) {
-  Put(Disk("C/m") / "bad\xFF.mp3", "x");
-  Put(Disk("C/m") / "two\nlines.mp3", "x");
-  Put(Disk("C/m") / "back\\slash.mp3", "x");
-  Put(Disk("C/m") / "...", "x");
-  Put(Disk("C/m/good.mp3"), "x");
-  EXPECT_EQ(List(u"C:\\m"), Names{"good.mp3"});
-  EXPECT_EQ(warnings_.size(), 4u);
-  for (const std::string& line : warnings_) {
-    EXPECT_NE(line.find("C:\\m"), std::string::npos);
-    EXPECT_EQ(line.find('\n'), std::string::npos);
-  }
-  List(u"C:\\m");
-  EXPECT_EQ(warnings_.size(), 4u) << "the same names are not reported again";
-}
-
 TEST_F(HostedFileSystemTest, LinksToFilesAreListedAndLinksToFoldersAreNot) {
+  NEEDS_LINKS();
   Put(Disk("C/real/a.mp3"), "");
-  std::filesystem::create_directory_symlink("real", Disk("C/alias"));
-  std::filesystem::create_symlink("real/a.mp3", Disk("C/b.mp3"));
-  std::filesystem::create_symlink("nowhere", Disk("C/dangling"));
+  MakeFolderLink("real", Disk("C/alias"));
+  MakeFileLink("real/a.mp3", Disk("C/b.mp3"));
+  MakeFileLink("nowhere", Disk("C/dangling"));
   EXPECT_EQ(List(u"C:\\"), (Names{"b.mp3", "real/"}));
   EXPECT_EQ(List(u"C:\\", {u".m3u"}), Names{"real/"});
   EXPECT_EQ(List(u"C:\\alias"), Names{"a.mp3"}) << "a path still leads through the link";
 }
 
 TEST_F(HostedFileSystemTest, LinksToFoldersAboveEndAScan) {
+  NEEDS_LINKS();
   Put(Disk("C/a/x/1.mp3"), "");
   Put(Disk("C/b/y/2.mp3"), "");
-  std::filesystem::create_directory_symlink("..", Disk("C/a/up"));
-  std::filesystem::create_directory_symlink(".", Disk("C/here"));
-  std::filesystem::create_directory_symlink("../../b", Disk("C/a/x/to-b"));
-  std::filesystem::create_directory_symlink("../../a", Disk("C/b/y/to-a"));
+  MakeFolderLink("..", Disk("C/a/up"));
+  MakeFolderLink(".", Disk("C/here"));
+  MakeFolderLink("../../b", Disk("C/a/x/to-b"));
+  MakeFolderLink("../../a", Disk("C/b/y/to-a"));
   const Counter counter = Scan();
   EXPECT_EQ(counter.folders, 5);
   EXPECT_EQ(counter.files, 2);
@@ -158,12 +88,13 @@ TEST_F(HostedFileSystemTest, LinksToFoldersAboveEndAScan) {
 }
 
 TEST_F(HostedFileSystemTest, FoldersThatLinkToEachOtherAreScannedOnceEach) {
+  NEEDS_LINKS();
   const std::string names[] = {"a", "b", "c"};
   for (const std::string& name : names) {
     Put(Disk("C/" + name + "/1.mp3"), "");
     for (const std::string& other : names) {
       if (other == name) continue;
-      std::filesystem::create_directory_symlink("../" + other, Disk("C/" + name + "/to-" + other));
+      MakeFolderLink("../" + other, Disk("C/" + name + "/to-" + other));
     }
   }
   const Counter counter = Scan();
@@ -193,7 +124,7 @@ TEST_F(HostedFileSystemTest, CreatingAFolderFails) {
 
 TEST_F(HostedFileSystemTest, DeletesReadOnlyFilesOnlyWhenForced) {
   Put(Disk("C/a.txt"), "");
-  ASSERT_EQ(::chmod(Disk("C/a.txt").c_str(), 0444), 0);
+  std::filesystem::permissions(Disk("C/a.txt"), std::filesystem::perms(0444));
   EXPECT_EQ(NumberRaisedBy([&] { Files().RemoveFile(u"C:\\a.txt", false); }), 70);
   EXPECT_TRUE(std::filesystem::exists(Disk("C/a.txt")));
   Files().RemoveFile(u"C:\\A.TXT", true);
@@ -290,20 +221,6 @@ TEST_F(HostedFileSystemTest, TheSystemFolderFollowsTheMachine) {
   EXPECT_EQ(Files().SystemFolder(), u"C:\\WINNT\\System32\\");
   std::filesystem::create_directory(Disk("C/WINDOWS"));
   EXPECT_EQ(Files().SystemFolder(), u"C:\\Windows\\System32\\");
-}
-
-TEST_F(HostedFileSystemTest, LocalDatesCountDaysFromTheEndOf1899) {
-  const char* const old = ::getenv("TZ");
-  const std::string kept = old == nullptr ? "" : old;
-  ::setenv("TZ", "EST5EDT,M3.2.0,M11.1.0", 1);
-  ::tzset();
-  EXPECT_DOUBLE_EQ(Files().LocalDate(0).days, 25569.0 - 5.0 / 24);
-  // 5/14/2003 14:12:00 UTC is 10:12:00 in summer time.
-  EXPECT_DOUBLE_EQ(Files().LocalDate(1052921520).days, 37755 + (10 * 60 + 12) / 1440.0);
-  // 12/29/1899 06:00:00 local: the fraction is written backward.
-  EXPECT_DOUBLE_EQ(Files().LocalDate(-2209161600 - 86400 + 11 * 3600).days, -1.25);
-  old == nullptr ? ::unsetenv("TZ") : ::setenv("TZ", kept.c_str(), 1);
-  ::tzset();
 }
 
 TEST_F(HostedFileSystemTest, WhatAStoppedWriteLeftBehindIsTakenOverByTheNextOne) {

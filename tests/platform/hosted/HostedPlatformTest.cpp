@@ -1,5 +1,3 @@
-#include <sys/stat.h>
-
 #include <cstring>
 
 #include "controller/GenericCollector.h"
@@ -96,20 +94,6 @@ TEST_F(HostedPlatformTest, TellsWhichFolderHoldsEachDrive) {
   EXPECT_EQ(folders(Machine()), c + "E4=" + disc + ";N3=" + Disk("shares").string() + ";");
 }
 
-TEST_F(HostedPlatformTest, SettingsThatAreNoFileAreRefusedByName) {
-  ASSERT_EQ(::mkfifo(Disk("machine.ini").c_str(), 0666), 0);
-  try {
-    Machine();
-    FAIL() << "a pipe";
-  } catch (const RunTimeError& failure) {
-    EXPECT_EQ(failure.Number(), 75);
-    EXPECT_NE(failure.Description().find(u"machine.ini is no file"), String::npos);
-  }
-  std::filesystem::remove(Disk("machine.ini"));
-  std::filesystem::create_symlink("/dev/zero", Disk("machine.ini"));
-  EXPECT_EQ(NumberRaisedBy([&] { Machine(); }), 75);
-}
-
 TEST_F(HostedPlatformTest, SettingsThatAreTooLargeAreRefusedByName) {
   constexpr std::uintmax_t kMost = 1024 * 1024;
   Put(Disk("machine.ini"), "[Drives]\nC=cdrom\n");
@@ -188,18 +172,10 @@ TEST_F(HostedPlatformTest, SettingsFilesAreWrittenWithTheirFolders) {
   EXPECT_EQ(std::distance(begin(files), end(files)), 1) << "nothing is left over";
 }
 
-TEST_F(HostedPlatformTest, AReplacedSettingsFileKeepsItsPermissions) {
-  Put(Disk("C/a.ini"), "one");
-  ASSERT_EQ(::chmod(Disk("C/a.ini").c_str(), 0640), 0);
-  Machine().Settings().Write(u"C:\\a.ini", "two");
-  struct stat facts = {};
-  ASSERT_EQ(::stat(Disk("C/a.ini").c_str(), &facts), 0);
-  EXPECT_EQ(facts.st_mode & 07777u, 0640u);
-}
-
 TEST_F(HostedPlatformTest, ALinkedSettingsFileIsReplacedWhereItLies) {
+  NEEDS_LINKS();
   Put(Disk("C/real/a.ini"), "one");
-  std::filesystem::create_symlink("real/a.ini", Disk("C/a.ini"));
+  MakeFileLink("real/a.ini", Disk("C/a.ini"));
   Machine().Settings().Write(u"C:\\a.ini", "two");
   EXPECT_EQ(Get(Disk("C/real/a.ini")), "two");
   EXPECT_TRUE(std::filesystem::is_symlink(Disk("C/a.ini")));

@@ -42,6 +42,10 @@ TEST_F(OpenFilesTest, AFileIsClosedWithItsOwner) {
   EXPECT_EQ(::fcntl(descriptor, F_GETFD), -1);
 }
 
+TEST_F(OpenFilesTest, TheProcessMayHaveSomeFilesOpen) {
+  EXPECT_GE(MostOpenFiles(), 16u);
+}
+
 TEST_F(OpenFilesTest, NamesNeedNotBeUtf8) {
   const std::string name = "\xFF\xFE";
   Put(At(name), "x");
