@@ -77,6 +77,8 @@ const char* CodeOf(MovedPlaylist::SkipRule skipRule) {
       return "temporaryInternetFiles";
     case MovedPlaylist::SkipRule::SystemFolder:
       return "systemFolder";
+    case MovedPlaylist::SkipRule::OtherForm:
+      return "otherForm";
   }
   return "";
 }

@@ -80,14 +80,20 @@ class Report {
     return " (" + (notes_.IsProblem(playlist) ? place : ShortPath(place, width_ / 2)) + ')';
   }
 
+  bool IsShown(const MovedPlaylist& playlist) const {
+    return terms_.verbose || playlist.rule != MovedPlaylist::SkipRule::OtherForm;
+  }
+
   void Lists() {
     // A wide name pushes its own line only.
     std::size_t column = 0;
     for (const MovedPlaylist& playlist : move_.playlists) {
+      if (!IsShown(playlist)) continue;
       const std::size_t cells = DisplayWidth(HeadOf(playlist) + PlaceIn(playlist));
       if (cells <= width_ / 2) column = std::max(column, cells);
     }
     for (std::size_t i = 0; i < move_.playlists.size(); ++i) {
+      if (!IsShown(move_.playlists[i])) continue;
       ListHead(move_.playlists[i], column);
       Notes(i);
       if (terms_.verbose) Songs(move_.playlists[i]);
@@ -218,6 +224,7 @@ class Report {
     row.Add(totals_.leftOut, "left out");
     row.Add(totals_.notRead, "not read");
     row.Add(totals_.skipped, "skipped");
+    row.Add(totals_.forms, "other forms of these");
     row.Add(totals_.waiting, "not moved yet");
     return std::to_string(move_.playlists.size()) + (row.Text().empty() ? "" : ": " + row.Text());
   }

@@ -11,7 +11,7 @@ std::size_t& CounterOf(const MoveResult& move, const MovedPlaylist& playlist, Mo
     case MovedPlaylist::State::NoSongs:
       return totals.noSongs;
     case MovedPlaylist::State::Skipped:
-      return totals.skipped;
+      return playlist.rule == MovedPlaylist::SkipRule::OtherForm ? totals.forms : totals.skipped;
     case MovedPlaylist::State::LeftOut:
       return playlist.fault == MovedPlaylist::Fault::KindNotRead ? totals.notRead : totals.leftOut;
     case MovedPlaylist::State::Restored:

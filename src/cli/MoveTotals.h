@@ -24,6 +24,7 @@ struct MoveTotals {
   std::size_t partly = 0;   ///< moved without something that they list
   std::size_t noSongs = 0;  ///< list nothing that exists
   std::size_t skipped = 0;  ///< stand where nothing is taken from
+  std::size_t forms = 0;    ///< are other forms of those that are moved
   std::size_t notRead = 0;  ///< of a kind that only its own player reads
   std::size_t leftOut = 0;  ///< for another reason
   std::size_t waiting = 0;  ///< the move ended before them

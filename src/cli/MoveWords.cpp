@@ -45,6 +45,8 @@ const char* WordsFor(MovedPlaylist::SkipRule rule) {
       return "it is among the temporary files of a browser";
     case MovedPlaylist::SkipRule::SystemFolder:
       return "it is in a folder that Windows keeps for itself";
+    case MovedPlaylist::SkipRule::OtherForm:
+      return "it is another form of a list that is moved";
   }
   return "";
 }

@@ -115,7 +115,8 @@ struct MovedPlaylist {
     None,                    ///< it stands elsewhere
     RecycleBin,              ///< it was deleted
     TemporaryInternetFiles,  ///< a browser keeps it
-    SystemFolder             ///< the system's own store
+    SystemFolder,            ///< the system's own store
+    OtherForm                ///< it stands elsewhere, and another one that is moved says the same
   };
   /// Why a playlist was left out; `systemReason` says more of those that a reading or writing
   /// ended.

@@ -13,6 +13,7 @@
 #include "model/NewEntry.h"
 #include "model/PlaylistTypes.h"
 #include "move/LibraryCalls.h"
+#include "move/OtherForms.h"
 #include "services/DataCop.h"
 #include "text/Encoding.h"
 #include "text/Number.h"
@@ -102,8 +103,39 @@ std::vector<Rescue::CollectedFile> Rescue::FilesOf(const CollectResult& collecte
   return files;
 }
 
+/// What the list of a file holds, whatever its songs are called: a song may have a second name for
+/// players that cannot tell the first. Nothing for a file that holds none, or several.
+std::optional<String> Rescue::ContentOf(const String& path) {
+  try {
+    const PatientReader::File file = reader_.Read(path);
+    if (file.lists.size() != 1 || file.isDamaged) return std::nullopt;
+    String content;
+    for (const FoundItem& found : file.lists.front().items) {
+      content += found.item.IsSong() ? FormatNumber(work_.result.songs[found.item.song].size)
+                                     : String(LastComponent(found.item.reference));
+      content += u'\n';
+    }
+    return content;
+  } catch (const RunTimeError&) {
+    return std::nullopt;
+  }
+}
+
+void Rescue::SkipOtherForms(std::vector<CollectedFile>& files) {
+  using Rule = MovedPlaylist::SkipRule;
+  std::vector<String> paths;
+  for (const CollectedFile& file : files) {
+    if (file.stock.rule == Rule::None && file.stock.isRead) paths.push_back(file.stock.path);
+  }
+  const OtherForms forms(paths, [this](const String& path) { return ContentOf(path); });
+  for (CollectedFile& file : files) {
+    if (forms.Contains(file.stock.path)) file.stock.rule = Rule::OtherForm;
+  }
+}
+
 void Rescue::Run(const CollectResult& collected) {
-  const std::vector<CollectedFile> files = FilesOf(collected);
+  std::vector<CollectedFile> files = FilesOf(collected);
+  SkipOtherForms(files);
   for (const CollectedFile& file : files) {
     if (!file.genericFile.empty()) maker_.Take(file.genericFile);
   }

@@ -63,7 +63,7 @@ TEST(MoveCodes, EveryReasonHasAWordOfItsOwn) {
   ExpectWords(WorkWarning::Kind::Library, WorkWarning::Kind::TagsNotRead);
   ExpectWords(MovedItem::Fate::Song, MovedItem::Fate::Ambiguous);
   ExpectWords(MovedPlaylist::Fault::KindNotRead, MovedPlaylist::Fault::NotNoted);
-  ExpectWords(MovedPlaylist::SkipRule::RecycleBin, MovedPlaylist::SkipRule::SystemFolder);
+  ExpectWords(MovedPlaylist::SkipRule::RecycleBin, MovedPlaylist::SkipRule::OtherForm);
 }
 
 }  // namespace

@@ -102,6 +102,7 @@ TEST(MoveWords, APlaylistThatWasSkippedSaysWhereItStands) {
   EXPECT_EQ(text(Rule::RecycleBin), "it is in the recycle bin");
   EXPECT_EQ(text(Rule::TemporaryInternetFiles), "it is among the temporary files of a browser");
   EXPECT_EQ(text(Rule::SystemFolder), "it is in a folder that Windows keeps for itself");
+  EXPECT_EQ(text(Rule::OtherForm), "it is another form of a list that is moved");
 }
 
 TEST(MoveWords, AMendingSaysHowOftenItWasNeeded) {
