@@ -18,7 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::optional<ListSyntax> marked = MarkedSyntax(text);
   const std::optional<ListSyntax> syntax = SyntaxOf(name, text);
   Require(!marked || syntax);
-  const std::optional<ListedFile> file = ReadListFile(name, bytes, Windows1252());
+  const std::optional<ListedFile> file = ReadListFile(name, std::string(bytes), Windows1252());
   Require(file.has_value() == syntax.has_value());
   if (!file) return 0;
   Require(file->syntax == *syntax && (!file->hasTitles || file->syntax == ListSyntax::M3u));

@@ -54,7 +54,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   names.push_back(u"a.txt");
   for (const norvo::StringView name : names) {
     const ListKind* const kind = KindOf(name);
-    const std::optional<ListedFile> file = ReadListFile(name, bytes, norvo::Windows1252());
+    const std::optional<ListedFile> file =
+        ReadListFile(name, std::string(bytes), norvo::Windows1252());
     if (!file && kind != nullptr && kind->syntax) std::abort();
     if (!file) continue;
     for (const ListedList& list : file->lists) {

@@ -83,7 +83,7 @@ class EntryCollector {
 
   void EndEntry() {
     element_ = nullptr;
-    if (entry_ && !entry_->references.empty()) list_.items.push_back(Finished(std::move(*entry_)));
+    if (entry_ && !entry_->references.empty()) list_.items.Add(Finished(std::move(*entry_)));
     entry_.reset();
   }
 
@@ -94,7 +94,7 @@ class EntryCollector {
   /// Another list, of which a player takes the entries: mostly of a station on the internet.
   void AddList(StringView href) {
     String reference = ReferenceText(href);
-    if (!reference.empty()) list_.items.emplace_back().references.push_back(std::move(reference));
+    if (!reference.empty()) list_.items.Add().references.push_back(std::move(reference));
   }
 
   /// Outside the entries the title is the list's, but only in front of them.
@@ -174,7 +174,7 @@ ListedList AsxItems(StringView text, std::size_t most) {
   entries.EndEntry();
   ListedList list = std::move(entries).List();
   // An EntryRef ends the entry before it, so that both may come at once.
-  if (list.items.size() > most) list.items.pop_back();
+  if (list.items.size() > most) list.items.RemoveLast();
   return list;
 }
 

@@ -12,7 +12,7 @@ namespace {
 void AddEntry(ListedList& list, pugi::xml_node entry) {
   String reference = AttributeOf(entry, "Playstring");
   if (reference.empty()) return;
-  ListedItem& item = list.items.emplace_back();
+  ListedItem& item = list.items.Add();
   item.references.push_back(std::move(reference));
   for (const pugi::xml_node detail : entry.children()) {
     if (IsElement(detail, "Name")) SetNames(item, TextOf(detail));

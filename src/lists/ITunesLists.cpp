@@ -1,77 +1,83 @@
 #include "lists/ITunesLists.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
+#include <memory>
+#include <optional>
 #include <unordered_map>
 #include <utility>
 
 #include "lists/ItemNumbers.h"
-#include "lists/XmlDocument.h"
+#include "lists/MarkupElements.h"
 
 namespace norvo {
 namespace {
 
-using Tracks = std::unordered_map<String, ListedItem>;
-
-// Each list gets its own copy of a track's texts. All copies together are no more than so many
-// times the file's text; a file made to fill the memory shall not.
+// Of the texts of all items of all lists, so many times the file's: one that stands in several
+// lists is in memory once, but is written again and again when they are moved.
 constexpr std::size_t kMostCopies = 16;
 
-// The marks of lists that iTunes keeps for itself, each with a value other than <false/>.
-constexpr std::string_view kOwnMarks[] = {
-    "Master",    "Folder",   "Distinguished Kind", "Music",        "Movies",
-    "TV Shows",  "Podcasts", "Audiobooks",         "Books",        "iTunesU",
-    "Ringtones", "Apps",     "Purchased Music",    "Party Shuffle"};
+// Nobody's library of 64 MiB has so many items in all its lists, so many tracks in these, or so
+// many characters of their texts; each is in memory beside the text.
+constexpr std::size_t kMostItems = 500'000;
+constexpr std::size_t kMostTracks = 250'000;
+constexpr std::size_t kMostUnits = 20'000'000;
 
-/// Calls `take` with each key of a dictionary and the element of its value.
+// The marks of lists that iTunes keeps for itself, each with a value other than <false/>.
+constexpr StringView kOwnMarks[] = {
+    u"Master",    u"Folder",   u"Distinguished Kind", u"Music",        u"Movies",
+    u"TV Shows",  u"Podcasts", u"Audiobooks",         u"Books",        u"iTunesU",
+    u"Ringtones", u"Apps",     u"Purchased Music",    u"Party Shuffle"};
+
+/// Calls `take` with each key of the last element, a dictionary, when its value is the last.
 template <class Take>
-void ForEachValue(pugi::xml_node dictionary, Take&& take) {
-  for (const pugi::xml_node key : dictionary.children()) {
-    if (IsElement(key, "key")) take(std::string_view(key.child_value()), key.next_sibling());
-  }
+void ForEachValue(MarkupElements& elements, Take&& take) {
+  std::optional<String> key;
+  elements.ForEachChild([&] {
+    const bool isKey = elements.Is(u"key");
+    if (key) take(StringView(*key));
+    key = isKey ? std::optional(elements.Text()) : std::nullopt;
+  });
 }
 
-pugi::xml_node FirstDictionary(pugi::xml_node node) {
-  while (node && !IsElement(node, "dict")) node = NextNode(node);
-  return node;
+/// Goes to the value of that key in the library's outermost dictionary, and calls `take` there.
+template <class Take>
+void ForValueOf(StringView wanted, StringView text, Take&& take) {
+  MarkupElements elements(text);
+  if (!elements.Find(u"dict")) return;
+  ForEachValue(elements, [&](StringView key) {
+    if (key == wanted) take(elements);
+  });
 }
 
 struct FieldRow {
-  std::string_view key;
+  StringView key;
   String ListedItem::*field;
 };
-constexpr FieldRow kFields[] = {{"Name", &ListedItem::title},
-                                {"Artist", &ListedItem::artist},
-                                {"Album", &ListedItem::album},
-                                {"Genre", &ListedItem::genre}};
+constexpr FieldRow kFields[] = {{u"Name", &ListedItem::title},
+                                {u"Artist", &ListedItem::artist},
+                                {u"Album", &ListedItem::album},
+                                {u"Genre", &ListedItem::genre}};
 
 String ShownNames(const ListedItem& item) {
   return item.artist.empty() ? item.title : item.artist + u" - " + item.title;
 }
 
 /// Its only reference is empty when it has neither a location nor a name.
-ListedItem TrackItem(pugi::xml_node track) {
+ListedItem TrackItem(MarkupElements& elements) {
   ListedItem item;
   String location;
-  ForEachValue(track, [&](std::string_view key, pugi::xml_node value) {
-    if (key == "Total Time") item.seconds = SecondsOfMilliseconds(TextOf(value));
-    if (key == "Track Number") item.track = TrackOf(TextOf(value));
-    if (key == "Location") location = TextOf(value);
+  ForEachValue(elements, [&](StringView key) {
+    if (key == u"Total Time") item.seconds = SecondsOfMilliseconds(elements.Text());
+    if (key == u"Track Number") item.track = TrackOf(elements.Text());
+    if (key == u"Location") location = elements.Text();
     for (const FieldRow& row : kFields) {
-      if (key == row.key) item.*row.field = TextOf(value);
+      if (key == row.key) item.*row.field = elements.Text();
     }
   });
   item.references.push_back(location.empty() ? ShownNames(item) : std::move(location));
   return item;
-}
-
-Tracks ReadTracks(pugi::xml_node dictionary) {
-  Tracks tracks;
-  for (const pugi::xml_node key : dictionary.children("key")) {
-    ListedItem item = TrackItem(key.next_sibling());
-    if (!item.references.front().empty()) tracks.try_emplace(TextOf(key), std::move(item));
-  }
-  return tracks;
 }
 
 std::size_t TextSize(const ListedItem& item) {
@@ -79,68 +85,125 @@ std::size_t TextSize(const ListedItem& item) {
          item.album.size() + item.genre.size();
 }
 
+/// The tracks of a library by their numbers in its text, which are any texts: those that lists ask
+/// for. Each is numbered here from 0 on.
+class Tracks {
+ public:
+  /// False when there was no room for all that lists ask for.
+  bool AreAll() const { return numbers_.size() <= kMostTracks && units_ <= kMostUnits; }
+
+  std::uint32_t NumberOf(const String& id) {
+    if (numbers_.size() > kMostTracks) return 0;  // which is told by `AreAll`
+    const auto next = static_cast<std::uint32_t>(numbers_.size());
+    return numbers_.try_emplace(id, next).first->second;
+  }
+
+  void Read(StringView text) {
+    tracks_.resize(numbers_.size());
+    ForValueOf(u"Tracks", text, [this](MarkupElements& elements) {
+      ForEachValue(elements, [&](StringView id) { Take(String(id), elements); });
+    });
+  }
+
+  /// Null when the library does not tell of it.
+  const ListedItems::Shared& At(std::uint32_t number) const { return tracks_[number]; }
+
+ private:
+  void Take(const String& id, MarkupElements& elements) {
+    const auto wanted = numbers_.find(id);
+    if (wanted == numbers_.end() || tracks_[wanted->second]) return;
+    ListedItem item = TrackItem(elements);
+    if (item.references.front().empty() || units_ > kMostUnits) return;
+    units_ += TextSize(item);
+    tracks_[wanted->second] = std::make_shared<const ListedItem>(std::move(item));
+  }
+
+  std::unordered_map<String, std::uint32_t> numbers_;
+  std::vector<ListedItems::Shared> tracks_;
+  std::size_t units_ = 0;  // of their texts
+};
+
+/// A list by the numbers of its tracks.
+struct NumberedList {
+  String name;
+  std::vector<std::uint32_t> tracks;
+  bool isOwn = false;  // of iTunes
+};
+
+void ReadItems(MarkupElements& elements, NumberedList& list, Tracks& tracks) {
+  elements.ForEachChild([&] {
+    ForEachValue(elements, [&](StringView key) {
+      if (key == u"Track ID") list.tracks.push_back(tracks.NumberOf(elements.Text()));
+    });
+  });
+}
+
+NumberedList ReadList(MarkupElements& elements, Tracks& tracks) {
+  NumberedList list;
+  ForEachValue(elements, [&](StringView key) {
+    const bool marks =
+        std::find(std::begin(kOwnMarks), std::end(kOwnMarks), key) != std::end(kOwnMarks);
+    list.isOwn = list.isOwn || (marks && !elements.Is(u"false"));
+    if (key == u"Name") list.name = elements.Text();
+    // The marks come first, and lists of iTunes name all tracks that there are.
+    if (key == u"Playlist Items" && !list.isOwn) ReadItems(elements, list, tracks);
+  });
+  return list;
+}
+
+std::vector<NumberedList> ReadNumberedLists(StringView text, Tracks& tracks) {
+  std::vector<NumberedList> lists;
+  ForValueOf(u"Playlists", text, [&](MarkupElements& elements) {
+    elements.ForEachChild([&] {
+      if (lists.size() > kMostLists) return;
+      NumberedList list = ReadList(elements, tracks);
+      if (!list.isOwn) lists.push_back(std::move(list));
+    });
+  });
+  return lists;
+}
+
 /// Makes lists of up to so many items, as long as there is room for the texts of all.
 class ListMaker {
  public:
-  ListMaker(Tracks tracks, std::size_t most, std::size_t mostText)
-      : tracks_(std::move(tracks)), most_(most), textRoom_(mostText) {}
+  ListMaker(const Tracks& tracks, std::size_t most, std::size_t mostText)
+      : tracks_(tracks), most_(most), textRoom_(mostText) {}
 
-  void Add(pugi::xml_node dictionary) {
+  ListedList Made(NumberedList numbered) {
     ListedList list;
-    pugi::xml_node items;
-    bool isOwn = false;
-    ForEachValue(dictionary, [&](std::string_view key, pugi::xml_node value) {
-      const bool marks =
-          std::find(std::begin(kOwnMarks), std::end(kOwnMarks), key) != std::end(kOwnMarks);
-      isOwn = isOwn || (marks && !IsElement(value, "false"));
-      if (key == "Name") list.name = TextOf(value);
-      if (key == "Playlist Items") items = value;
-    });
-    if (isOwn) return;
-    for (const pugi::xml_node item : items.children()) AddItem(list, item);
-    lists_.push_back(std::move(list));
+    list.name = std::move(numbered.name);
+    for (const std::uint32_t number : numbered.tracks) {
+      const ListedItems::Shared& track = tracks_.At(number);
+      if (!track) continue;
+      if (list.items.size() == most_) break;
+      const std::size_t size = TextSize(*track);
+      list.isCut = textRoom_ < size || room_ == 0 || !tracks_.AreAll();
+      if (list.isCut) break;
+      textRoom_ -= size;
+      --room_;
+      list.items.Share(track);
+    }
+    return list;
   }
-
-  std::size_t Count() const { return lists_.size(); }
-  std::vector<ListedList> Lists() && { return std::move(lists_); }
 
  private:
-  void AddItem(ListedList& list, pugi::xml_node dictionary) {
-    ForEachValue(dictionary, [&](std::string_view key, pugi::xml_node value) {
-      if (key != "Track ID") return;
-      const auto track = tracks_.find(TextOf(value));
-      if (track == tracks_.end()) return;
-      const std::size_t size = TextSize(track->second);
-      if (list.items.size() == most_) return;
-      list.isCut = list.isCut || textRoom_ < size;
-      if (list.isCut) return;
-      textRoom_ -= size;
-      list.items.push_back(track->second);
-    });
-  }
-
-  Tracks tracks_;
+  const Tracks& tracks_;
   std::size_t most_;
+  std::size_t room_ = kMostItems;
   std::size_t textRoom_;
-  std::vector<ListedList> lists_;
 };
 
 }  // namespace
 
 std::vector<ListedList> ITunesLists(StringView text, std::size_t most) {
-  const XmlDocument document(text);
-  pugi::xml_node tracks;
-  pugi::xml_node lists;
-  ForEachValue(FirstDictionary(document.Root()), [&](std::string_view key, pugi::xml_node value) {
-    if (key == "Tracks") tracks = value;
-    if (key == "Playlists") lists = value;
-  });
-  ListMaker maker(ReadTracks(tracks), most, text.size() * kMostCopies);
-  for (const pugi::xml_node list : lists.children()) {
-    if (maker.Count() > kMostLists) break;
-    maker.Add(list);
-  }
-  return std::move(maker).Lists();
+  // Either may stand before the other; but few of a library's tracks may be in lists.
+  Tracks tracks;
+  std::vector<NumberedList> numbered = ReadNumberedLists(text, tracks);
+  tracks.Read(text);
+  ListMaker maker(tracks, most, text.size() * kMostCopies);
+  std::vector<ListedList> lists;
+  for (NumberedList& list : numbered) lists.push_back(maker.Made(std::move(list)));
+  return lists;
 }
 
 }  // namespace norvo

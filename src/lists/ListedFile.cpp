@@ -1,6 +1,7 @@
 #include "lists/ListedFile.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "automation/RunTimeError.h"
 #include "lists/ItemText.h"
@@ -59,6 +60,11 @@ bool IsDamaged(StringView text, ListSyntax syntax) {
   return !ContainsIgnoreCase(text, EndOf(syntax));
 }
 
+/// The bytes are taken, so that they take no room beside the text.
+String Decoded(std::string bytes, const CodePage& page) {
+  return DecodePlaylist(bytes, page);
+}
+
 /// A library holds much of each song, in and out of lists. It is known by how it begins, else by
 /// its name.
 std::uint64_t MostBytes(StringView fileName, std::string_view bytes, const CodePage& page) {
@@ -100,7 +106,6 @@ std::size_t UnitsOf(const ListedItem& item) {
   return units;
 }
 
-/// Of the only list of a file.
 bool HasTooLongTexts(const ListedList& list) {
   std::size_t units = list.name.size();
   for (const ListedItem& item : list.items) units += UnitsOf(item);
@@ -113,11 +118,11 @@ bool HasTooLongTexts(const ListedList& list) {
 
 }  // namespace
 
-std::optional<ListedFile> ReadListFile(StringView fileName, std::string_view bytes,
-                                       const CodePage& page, std::size_t most) {
+std::optional<ListedFile> ReadListFile(StringView fileName, std::string bytes, const CodePage& page,
+                                       std::size_t most) {
   const std::uint64_t mostBytes = MostBytes(fileName, bytes, page);
   if (bytes.size() > mostBytes) throw TooLarge(mostBytes);
-  const String text = DecodePlaylist(bytes, page);
+  const String text = Decoded(std::move(bytes), page);
   const std::optional<ListSyntax> syntax = SyntaxOf(fileName, text);
   if (!syntax) return std::nullopt;
   if (HasTooLongPiece(text)) Refuse(u"it has a line of more than 4194304 characters");
@@ -125,8 +130,7 @@ std::optional<ListedFile> ReadListFile(StringView fileName, std::string_view byt
   ListedFile file{*syntax, *syntax == ListSyntax::M3u && HasDirective(text),
                   ReadLists(text, *syntax, most), IsDamaged(text, *syntax)};
   if (file.lists.size() > kMostLists) Refuse(u"it has more than 10000 lists");
-  const bool isLibrary = *syntax == ListSyntax::ITunes;
-  if (!isLibrary && HasTooLongTexts(file.lists.front())) {
+  if (std::any_of(file.lists.begin(), file.lists.end(), HasTooLongTexts)) {
     Refuse(u"its titles and paths have more than 20000000 characters");
   }
   return file;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <optional>
-#include <string_view>
+#include <string>
 #include <vector>
 
 #include "lists/ListedItems.h"
@@ -25,7 +25,7 @@ struct ListedFile {
 /// library of more than `kLargestText`), a title or a line of more than 4,194,304 characters, more
 /// than 800,000 tags, more lists than `kMostLists`, or, but for a library, more than 20,000,000
 /// characters of titles and paths.
-std::optional<ListedFile> ReadListFile(StringView fileName, std::string_view bytes,
-                                       const CodePage& page, std::size_t most = kMostListedItems);
+std::optional<ListedFile> ReadListFile(StringView fileName, std::string bytes, const CodePage& page,
+                                       std::size_t most = kMostListedItems);
 
 }  // namespace norvo

@@ -1,6 +1,5 @@
 #include "lists/ListedItems.h"
 
-#include <iterator>
 #include <utility>
 
 #include "lists/AsxItems.h"
@@ -47,7 +46,7 @@ std::vector<ListedList> ReadLists(StringView text, ListSyntax syntax, std::size_
   std::vector<ListedList> lists = ReadUpTo(text, syntax, most + 1);
   for (ListedList& list : lists) {
     if (list.items.size() <= most) continue;
-    list.items.pop_back();
+    list.items.RemoveLast();
     list.isCut = true;
   }
   return lists;
@@ -55,9 +54,8 @@ std::vector<ListedList> ReadLists(StringView text, ListSyntax syntax, std::size_
 
 std::vector<ListedItem> ListItems(StringView text, ListSyntax syntax, std::size_t most) {
   std::vector<ListedItem> items;
-  for (ListedList& list : ReadLists(text, syntax, most)) {
-    items.insert(items.end(), std::make_move_iterator(list.items.begin()),
-                 std::make_move_iterator(list.items.end()));
+  for (const ListedList& list : ReadLists(text, syntax, most)) {
+    items.insert(items.end(), list.items.begin(), list.items.end());
   }
   return items;
 }

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <iterator>
+#include <memory>
+#include <utility>
 #include <vector>
 
 #include "text/Text.h"
@@ -33,10 +36,55 @@ struct ListedItem {
   bool maybeComment = false;
 };
 
+/// Items in their order. The lists of a library share those that stand in several of them.
+class ListedItems {
+ public:
+  using Shared = std::shared_ptr<const ListedItem>;
+
+  class Iterator {
+   public:
+    using iterator_category = std::input_iterator_tag;
+    using value_type = ListedItem;
+    using difference_type = std::ptrdiff_t;
+    using pointer = const ListedItem*;
+    using reference = const ListedItem&;
+
+    explicit Iterator(const Shared* at) : at_(at) {}
+    reference operator*() const { return **at_; }
+    pointer operator->() const { return at_->get(); }
+    Iterator& operator++() { return ++at_, *this; }
+    Iterator operator++(int) { return Iterator(at_++); }
+    bool operator==(const Iterator&) const = default;
+
+   private:
+    const Shared* at_;
+  };
+
+  /// Adds an item of its own, to be filled at once.
+  ListedItem& Add(ListedItem item = {}) {
+    const auto added = std::make_shared<ListedItem>(std::move(item));
+    items_.push_back(added);
+    return *added;
+  }
+  /// Adds an item that other lists have as well; never null.
+  void Share(Shared item) { items_.push_back(std::move(item)); }
+  void RemoveLast() { items_.pop_back(); }
+
+  std::size_t size() const { return items_.size(); }
+  bool empty() const { return items_.empty(); }
+  const ListedItem& operator[](std::size_t i) const { return *items_[i]; }
+  const ListedItem& front() const { return *items_.front(); }
+  Iterator begin() const { return Iterator(items_.data()); }
+  Iterator end() const { return Iterator(items_.data() + items_.size()); }
+
+ private:
+  std::vector<Shared> items_;
+};
+
 /// A list and what it holds, in its order.
 struct ListedList {
   String name;  ///< as the file tells it; empty when it tells none
-  std::vector<ListedItem> items;
+  ListedItems items;
   bool isCut = false;  ///< more were listed, and are left out
 };
 

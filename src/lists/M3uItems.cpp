@@ -60,8 +60,8 @@ bool IsM3uDirective(StringView line) {
   return !DirectiveName(line).empty();
 }
 
-std::vector<ListedItem> M3uItems(StringView text, std::size_t most) {
-  std::vector<ListedItem> items;
+ListedItems M3uItems(StringView text, std::size_t most) {
+  ListedItems items;
   Information told;  // by the last #EXTINF line; the next one makes it void
   while (!text.empty() && items.size() < most) {
     const StringView line = CleanText(TakeLine(text));
@@ -70,7 +70,7 @@ std::vector<ListedItem> M3uItems(StringView text, std::size_t most) {
       if (EqualsIgnoreCase(directive, u"EXTINF")) told = InformationIn(line);
       continue;
     }
-    ListedItem& item = items.emplace_back();
+    ListedItem& item = items.Add();
     item.references.emplace_back(line);
     item.maybeComment = line.front() == u'#';
     // A remark between the information and its song must not take it.

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vector>
-
 #include "lists/ListedItems.h"
 
 namespace norvo {
@@ -10,6 +8,6 @@ namespace norvo {
 bool IsM3uDirective(StringView line);
 
 /// The items of an M3U. See ReadLists.
-std::vector<ListedItem> M3uItems(StringView text, std::size_t most);
+ListedItems M3uItems(StringView text, std::size_t most);
 
 }  // namespace norvo

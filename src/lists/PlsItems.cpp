@@ -135,17 +135,17 @@ class ValueCursor {
   std::vector<NumberedValue>::const_iterator end_;
 };
 
-std::vector<ListedItem> SectionItems(SectionKeys keys, std::size_t most) {
+ListedItems SectionItems(SectionKeys keys, std::size_t most) {
   Order(keys.references);
   Order(keys.titles);
   Order(keys.lengths);
-  std::vector<ListedItem> items;
+  ListedItems items;
   ValueCursor titles(keys.titles);
   ValueCursor lengths(keys.lengths);
   for (const auto& [number, reference] : keys.references) {
     if (items.size() == most) break;
     if (reference.empty()) continue;
-    ListedItem& item = items.emplace_back();
+    ListedItem& item = items.Add();
     item.references.emplace_back(reference);
     SetNames(item, titles.At(number));
     item.seconds = SecondsOf(lengths.At(number));
@@ -178,9 +178,9 @@ bool HasPlsKeys(StringView text) {
                      [&](const ListSection& section) { return HasItems(text, section); });
 }
 
-std::vector<ListedItem> PlsItems(StringView text, std::size_t most) {
+ListedItems PlsItems(StringView text, std::size_t most) {
   if (!HasListSection(text)) return SectionItems(ReadSection(text, kAnywhere), most);
-  std::vector<ListedItem> items;
+  ListedItems items;
   for (const ListSection& section : kSections) {
     if (items.empty()) items = SectionItems(ReadSection(text, section), most);
   }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vector>
-
 #include "lists/ListedItems.h"
 
 namespace norvo {
@@ -15,6 +13,6 @@ bool HasPlsKeys(StringView text);
 /// The items of a PLS: keys FileN of the section [playlist]; where that lists nothing, keys RefN
 /// of the section [Reference]; where there is neither section, keys FileN anywhere. The number of
 /// entries that it tells limits nothing. See ReadLists.
-std::vector<ListedItem> PlsItems(StringView text, std::size_t most);
+ListedItems PlsItems(StringView text, std::size_t most);
 
 }  // namespace norvo

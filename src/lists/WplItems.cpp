@@ -24,7 +24,7 @@ double LengthOf(StringView duration) {
 void AddItem(ListedList& list, pugi::xml_node media) {
   String source = AttributeOf(media, "src");
   if (source.empty()) return;
-  ListedItem& item = list.items.emplace_back();
+  ListedItem& item = list.items.Add();
   item.references.push_back(std::move(source));
   item.title = AttributeOf(media, "trackTitle");
   item.artist = AttributeOf(media, "trackArtist");

@@ -29,7 +29,7 @@ void TakeDetail(ListedItem& item, pugi::xml_node detail) {
 void AddTrack(ListedList& list, pugi::xml_node track) {
   ListedItem item;
   for (const pugi::xml_node detail : track.children()) TakeDetail(item, detail);
-  if (!item.references.empty()) list.items.push_back(std::move(item));
+  if (!item.references.empty()) list.items.Add(std::move(item));
 }
 
 }  // namespace

@@ -119,11 +119,11 @@ class Counter {
 
   /// One of the files that a playlist has become.
   bool Form(const Items& wanted, const String& path, bool isPlain) {
-    const std::string bytes = BytesOf(path);
+    std::string bytes = BytesOf(path);
     // Without songs there is nothing more to it than what verifying has seen in these bytes.
     if (isPlain && !withSongs_ && seen_.Lists(path, bytes, wanted.references)) return true;
     const std::vector<const MovedItem*>& expected = wanted.items;
-    const std::vector<ListedItem> found = ItemsIn(path, bytes);
+    const ListedItems found = ItemsIn(path, std::move(bytes));
     bool right = found.size() == expected.size();
     if (!right) Warn(Kind::CountedListWrong, path, {}, {}, found.size(), expected.size());
     for (std::size_t i = found.size(); i < expected.size(); ++i) NoteUnreached(*expected[i]);
@@ -143,9 +143,9 @@ class Counter {
   }
 
   /// None of a file that is refused.
-  std::vector<ListedItem> ItemsIn(const String& path, std::string_view bytes) {
+  ListedItems ItemsIn(const String& path, std::string bytes) {
     std::optional<ListedFile> file = AnswerOr(std::optional<ListedFile>(), [&] {
-      return ReadListFile(LastComponent(path), bytes, to_.Machine().AnsiPage());
+      return ReadListFile(LastComponent(path), std::move(bytes), to_.Machine().AnsiPage());
     });
     if (!file || file->lists.empty()) return {};
     return std::move(file->lists.front().items);

@@ -71,14 +71,15 @@ bool IsAnswered(const std::vector<VerifiedReference>& references) {
 }  // namespace
 
 std::vector<VerifiedReference> NativeReader::ReadPatiently(const String& path) {
-  const std::string bytes = ReadWholeFile(*library_.Files().OpenForReading(path));
+  std::string bytes = ReadWholeFile(*library_.Files().OpenForReading(path));
+  const Fingerprint content = FingerprintOf(bytes);
   const std::optional<ListedFile> file =
-      ReadListFile(LastComponent(path), bytes, library_.Machine().AnsiPage());
+      ReadListFile(LastComponent(path), std::move(bytes), library_.Machine().AnsiPage());
   std::vector<VerifiedReference> references;
   if (!file || file->lists.empty()) return references;
-  const std::vector<ListedItem>& items = file->lists.front().items;
+  const ListedItems& items = file->lists.front().items;
   if (file->lists.front().isCut) throw RunTimeError(error::kOutOfMemory, kTooManyItems);
-  seen_.Note(path, bytes, items);
+  seen_.Note(path, content, items);
   for (const ListedItem& item : items) {
     if (item.maybeComment) continue;
     const FoundReference found = finder_.Find(item.references.front(), ParentFolder(path));

@@ -25,6 +25,15 @@ String NameForReading(const String& path) {
   return KindOf(ending) != nullptr ? ending : String(u".m3u");
 }
 
+ToldDetails DetailsOf(const ListedItem& item, TextPool& texts) {
+  return {texts.Keep(item.title),
+          texts.Keep(item.artist),
+          texts.Keep(item.album),
+          texts.Keep(item.genre),
+          item.track,
+          item.seconds};
+}
+
 /// Of the list alone: a file that holds several changes with each of them.
 Fingerprint ContentOf(const ListedList& list) {
   std::vector<Fingerprint> fields = {FingerprintOf(list.name)};
@@ -41,9 +50,10 @@ PatientReader::PatientReader(Component& library, const Stock& stock, SongBook& s
     : library_(library), songs_(songs), texts_(texts), finder_(library), stock_(stock) {}
 
 PatientReader::File PatientReader::Read(const String& path) {
-  const std::string bytes = ReadWholeFile(*library_.Files().OpenForReading(path));
+  std::string bytes = ReadWholeFile(*library_.Files().OpenForReading(path));
+  const Fingerprint content = FingerprintOf(bytes);
   const std::optional<ListedFile> file =
-      ReadListFile(NameForReading(path), bytes, library_.Machine().AnsiPage());
+      ReadListFile(NameForReading(path), std::move(bytes), library_.Machine().AnsiPage());
   File found;
   if (!file) return found;
   for (const ListedList& list : file->lists) {
@@ -54,7 +64,7 @@ PatientReader::File PatientReader::Read(const String& path) {
   for (const ListedList& list : file->lists) {
     Listing listing = Resolve(list, String(ParentFolder(path)), file->syntax);
     listing.hasTitles = file->hasTitles;
-    listing.content = isLibrary ? ContentOf(list) : FingerprintOf(bytes);
+    listing.content = isLibrary ? ContentOf(list) : content;
     if (isLibrary) listing.name = list.name;
     found.lists.push_back(std::move(listing));
   }
@@ -64,6 +74,7 @@ PatientReader::File PatientReader::Read(const String& path) {
 Listing PatientReader::Resolve(const ListedList& list, const String& folder, ListSyntax syntax) {
   Listing listing;
   listing.syntax = syntax;
+  listing.items.reserve(list.items.size());
   for (const ListedItem& item : list.items) {
     FoundItem found = Find(item, folder, syntax == ListSyntax::Asx);
     if (item.maybeComment && !found.item.IsSong()) continue;
@@ -85,7 +96,7 @@ FoundItem PatientReader::Find(const ListedItem& listed, const String& folder, bo
     if (best->kind == Kind::File) break;
   }
   FoundItem found;
-  found.listed = listed;
+  found.told = DetailsOf(listed, texts_);
   found.item.reference = texts_.Keep(listed.references.front());
   switch (best->kind) {
     case Kind::File:

@@ -7,6 +7,7 @@
 #include "lists/ReferenceFinder.h"
 #include "lists/SongSearch.h"
 #include "move/MoveResult.h"
+#include "move/MoveWork.h"
 #include "move/SongBook.h"
 #include "move/StockTaking.h"
 #include "move/TextPool.h"
@@ -18,7 +19,7 @@ namespace norvo {
 /// An item of a playlist of the old machine, with what the playlist tells of it.
 struct FoundItem {
   MovedItem item;
-  ListedItem listed;
+  ToldDetails told;
 };
 
 /// One playlist of the old machine as the patient reader understands it.

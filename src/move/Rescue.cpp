@@ -62,15 +62,6 @@ String FileNameOf(StringView path, const String& listName) {
   return name + u".m3u";
 }
 
-ToldDetails DetailsOf(const ListedItem& item, TextPool& texts) {
-  return {texts.Keep(item.title),
-          texts.Keep(item.artist),
-          texts.Keep(item.album),
-          texts.Keep(item.genre),
-          item.track,
-          item.seconds};
-}
-
 }  // namespace
 
 Rescue::Rescue(Component& library, const ProductSettings& settings, const Stock& stock,
@@ -152,7 +143,7 @@ void Rescue::Add(MovedPlaylist playlist, PlaylistDraft draft) {
 
 void Rescue::AddItem(const FoundItem& found, MovedPlaylist& playlist, PlaylistDraft& draft) {
   playlist.items.push_back(found.item);
-  draft.told.push_back(DetailsOf(found.listed, work_.sections.Texts()));
+  draft.told.push_back(found.told);
 }
 
 MovedPlaylist Rescue::NewPlaylist(const CollectedFile& file) {
@@ -181,12 +172,18 @@ void Rescue::Take(const CollectedFile& file) {
 }
 
 void Rescue::TakeLists(const CollectedFile& file) {
-  const PatientReader::File found = reader_.Read(file.stock.path);
+  PatientReader::File found = reader_.Read(file.stock.path);
+  const auto takeAll = [&] {
+    for (Listing& listing : found.lists) {
+      TakeList(file, listing);
+      listing.items = {};  // a library has very many in all
+    }
+  };
   const bool hasSongs = std::any_of(found.lists.begin(), found.lists.end(),
                                     [](const Listing& listing) { return listing.hasSongs; });
   if (hasSongs) {
     if (found.isDamaged) WarnOfDamage(file.stock.path);
-    for (const Listing& listing : found.lists) TakeList(file, listing);
+    takeAll();
   } else if (found.isDamaged) {
     MovedPlaylist playlist = NewPlaylist(file);
     LeaveOut(playlist, MovedPlaylist::Fault::NotUnderstood);
@@ -196,7 +193,7 @@ void Rescue::TakeLists(const CollectedFile& file) {
     playlist.state = MovedPlaylist::State::NoSongs;
     Add(std::move(playlist), {});
   } else {
-    for (const Listing& listing : found.lists) TakeList(file, listing);
+    takeAll();
   }
 }
 
@@ -215,6 +212,8 @@ void Rescue::TakeList(const CollectedFile& file, const Listing& listing) {
   if (!file.genericFile.empty()) draft.document = ReadGenericFile(file.genericFile);
   if (!listing.hasSongs && file.genericFile.empty()) {
     playlist.state = MovedPlaylist::State::NoSongs;
+    playlist.items.reserve(listing.items.size());
+    draft.told.reserve(listing.items.size());
     for (const FoundItem& found : listing.items) AddItem(found, playlist, draft);
   } else if (!file.genericFile.empty() && IsComplete(listing, playlist, draft)) {
     playlist.collected = file.genericFile;
@@ -261,7 +260,7 @@ bool Rescue::IsComplete(const Listing& listing, MovedPlaylist& playlist, Playlis
     found.item.entry = entry;
     takeLeftOut();
     if (next != listing.items.end() && IsSameItem(found.item, next->item)) {
-      found.listed = next->listed;
+      found.told = next->told;
       ++next;
     }
     AddItem(found, playlist, draft);
@@ -391,9 +390,9 @@ ObjectRef Rescue::NewEntry(const FoundItem& found, std::int32_t type) {
   entry->Let(u"Entry_URLType", isSong ? url_type::kFixedDrive : url_type::kInternet);
   entry->Let(u"Entry_SourceURL",
              isSong ? songs_.SourceOf(found.item.song) : String(found.item.reference));
-  entry->Let(u"Entry_SongName", found.listed.title);
-  entry->Let(u"Entry_ArtistName", found.listed.artist);
-  entry->Let(u"Entry_AlbumName", found.listed.album);
+  entry->Let(u"Entry_SongName", String(found.told.title));
+  entry->Let(u"Entry_ArtistName", String(found.told.artist));
+  entry->Let(u"Entry_AlbumName", String(found.told.album));
   if (isSong) entry->Call(u"Entry_GetID3TagInfo");
   const String artist = TextOf(*entry, u"Entry_ArtistName");
   const String song = TextOf(*entry, u"Entry_SongName");

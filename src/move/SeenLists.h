@@ -13,13 +13,13 @@ namespace norvo {
 /// same content when it is read afresh lists the same, and need not be taken apart once more.
 class SeenLists {
  public:
-  void Note(const String& path, std::string_view bytes, const std::vector<ListedItem>& items) {
+  void Note(const String& path, Fingerprint bytes, const ListedItems& items) {
     std::vector<Fingerprint> references;
     references.reserve(items.size());
     for (const ListedItem& item : items) {
       references.push_back(FingerprintOf(item.references.front()));
     }
-    seen_[path] = {FingerprintOf(bytes), FingerprintOf(references)};
+    seen_[path] = {bytes, FingerprintOf(references)};
   }
 
   /// True when these bytes were read of the file before and listed just these references, given by

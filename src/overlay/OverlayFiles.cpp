@@ -191,10 +191,12 @@ void OverlayFiles::Pretend(StringView path, const FileFacts& facts) {
   Node& node = pretended->second = {Node::Kind::File, std::move(place.path), {}, facts, 0};
   node.facts.name = LastComponent(node.path);
   if (!isNew) return;
+  pretendedKeys_.insert(pretended->first);
   ForEachKeyAbove(place.key, [this](const String& folder) { ++pretendedFolders_[folder]; });
 }
 
 void OverlayFiles::TakeBack(const Place& place) {
+  pretendedKeys_.erase(place.key);
   if (pretended_.erase(place.key) == 0) return;
   ForEachKeyAbove(place.key, [this](const String& folder) {
     const auto counted = pretendedFolders_.find(folder);
@@ -203,6 +205,7 @@ void OverlayFiles::TakeBack(const Place& place) {
 }
 
 void OverlayFiles::TakeBackAll() {
+  pretendedKeys_.clear();
   pretended_.clear();
   pretendedFolders_.clear();
 }
@@ -331,8 +334,10 @@ OverlayFiles::Tree OverlayFiles::ChildrenOf(const Place& folder) const {
     child.path = node.path.substr(prefix.size(), length);
     children.try_emplace(key.substr(prefix.size(), length), std::move(child));
   };
-  for (const auto& [key, node] : pretended_) {
-    if (key.starts_with(prefix)) add(key, node);
+  for (auto at = pretendedKeys_.lower_bound(prefix);
+       at != pretendedKeys_.end() && at->starts_with(prefix); ++at) {
+    const auto pretended = pretended_.find(String(*at));
+    add(pretended->first, pretended->second);
   }
   for (auto at = written_.lower_bound(prefix);
        at != written_.end() && at->first.starts_with(prefix); ++at) {

@@ -3,6 +3,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -99,6 +100,7 @@ class OverlayFiles final : public FileSystem, public SettingsStorage {
   Tree written_;  // with all folders that were created, and all files that were deleted
   // Thousands are pretended and asked for one by one, which a hash answers quicker than a tree.
   Table<Node> pretended_;                // files alone: the folders above them go with them
+  std::set<StringView> pretendedKeys_;   // of these, as folders are listed
   Table<std::size_t> pretendedFolders_;  // by key; files in and below each
   std::size_t lastOrder_ = 0;
   bool remembers_ = false;

@@ -80,7 +80,7 @@ String TextStream::ReadAll() {
   while (ReadMore()) {
   }
   String text = Decode(std::string_view(buffer_).substr(position_));
-  buffer_ = std::string();  // all of it is in the text, and takes no room beside it
+  std::string().swap(buffer_);  // all of it is in the text, and takes no room beside it
   position_ = 0;
   return text;
 }

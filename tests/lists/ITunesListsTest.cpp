@@ -106,6 +106,44 @@ TEST(ITunesLists, HowManyItemsAListMayHaveIsCountedForEachOfThem) {
   EXPECT_TRUE(lists[1].isCut);
 }
 
+TEST(ITunesLists, ListsMayStandBeforeTheTracks) {
+  EXPECT_EQ(ITunes(u"<plist><dict><key>Playlists</key><array>" + List(u"Mix", u"", {u"2", u"1"}) +
+                   u"</array><key>Tracks</key><dict>"
+                   u"<key>1</key><dict><key>Location</key><string>a.mp3</string></dict>"
+                   u"<key>2</key><dict><key>Location</key><string>b.mp3</string></dict>"
+                   u"</dict></dict></plist>"),
+            (Lines{"[Mix]", "b.mp3", "a.mp3"}));
+}
+
+TEST(ITunesLists, ATrackOfSeveralListsIsInMemoryOnce) {
+  const std::vector<ListedList> lists =
+      ReadLists(String(kStart) + List(u"A", u"", {u"36", u"38"}) + List(u"B", u"", {u"38"}),
+                ListSyntax::ITunes);
+  ASSERT_EQ(lists.size(), 2u);
+  EXPECT_EQ(&lists[0].items[1], &lists[1].items[0]);
+}
+
+TEST(ITunesLists, ALibraryOfMoreItemsThanAnybodyHasIsCut) {
+  const String items = List(u"A", u"", std::vector<StringView>(50'000, u"1"));
+  String text =
+      u"<plist><dict><key>Tracks</key><dict><key>1</key><dict><key>Name</key>"
+      u"<string>a</string></dict></dict><key>Playlists</key><array>";
+  for (int i = 0; i < 10; ++i) text += items;
+  EXPECT_FALSE(ITunesLists(text, kMostListedItems).back().isCut);
+  EXPECT_TRUE(ITunesLists(text + List(u"B", u"", {u"1"}), kMostListedItems).back().isCut);
+}
+
+TEST(ITunesLists, ALibraryOfMoreTrackTextsThanAnybodyHasIsCut) {
+  String text = u"<plist><dict><key>Tracks</key><dict>";
+  std::vector<StringView> ids = {u"1", u"2", u"3", u"4", u"5", u"6"};
+  for (const StringView id : ids) {
+    text += u"<key>" + String(id) + u"</key><dict><key>Name</key><string>" +
+            String(4'000'000 - 100, u'x') + u"</string></dict>";
+  }
+  text += u"</dict><key>Playlists</key><array>" + List(u"A", u"", ids);
+  EXPECT_TRUE(ITunesLists(text, kMostListedItems).front().isCut);
+}
+
 TEST(ITunesLists, ALibraryMadeToFillTheMemoryDoesNot) {
   constexpr std::size_t kLong = 100000;
   String text =

@@ -13,7 +13,7 @@ namespace {
 using namespace std::string_literals;
 
 std::optional<ListedFile> Read(StringView fileName, std::string_view bytes) {
-  return ReadListFile(fileName, bytes, Windows1252());
+  return ReadListFile(fileName, std::string(bytes), Windows1252());
 }
 
 TEST(ListedFile, EveryKindThatIsReadTellsItsLists) {

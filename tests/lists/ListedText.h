@@ -36,7 +36,7 @@ inline Lines Listed(const std::vector<ListedList>& lists) {
   Lines lines;
   for (const ListedList& list : lists) {
     lines.push_back("[" + Utf8(list.name) + "]");
-    const Lines items = Listed(list.items);
+    const Lines items = Listed(std::vector<ListedItem>(list.items.begin(), list.items.end()));
     lines.insert(lines.end(), items.begin(), items.end());
   }
   return lines;
