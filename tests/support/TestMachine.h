@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "automation/RunTimeError.h"
+#include "platform/files/DiskPath.h"
 #include "platform/hosted/HostedPlatform.h"
 #include "support/FreshFolder.h"
 #include "support/Links.h"
@@ -25,10 +26,12 @@ class TestMachine : public ::testing::Test {
 
   /// A place in the machine's folder.
   std::filesystem::path Disk(const std::string& path) const {
-    return base_.Path() / "machine" / path;
+    return base_.Path() / "machine" / ToSystemPath(path);
   }
   /// A place beside it, which no drive reaches.
-  std::filesystem::path Outside(const std::string& path) const { return base_.Path() / path; }
+  std::filesystem::path Outside(const std::string& path) const {
+    return base_.Path() / ToSystemPath(path);
+  }
 
   static void Put(const std::filesystem::path& path, const std::string& bytes) {
     std::filesystem::create_directories(path.parent_path());

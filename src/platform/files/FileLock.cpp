@@ -54,12 +54,12 @@ FileLock::Step FileLock::TryOnce(bool wait) {
 }
 
 FileLock::Step FileLock::Own(SystemFile file) {
-  const FileResult<FileRecord> record = LookUp(file);
   const FileResult<FileRecord> named = LookUp(folder_, name_);
-  const bool isGone = !named && named.Failure().kind == FileFailure::Kind::NotFound;
-  if (!record || (!named && !isGone)) return Step::Impossible;
-  // Its last holder has removed it.
-  if (isGone || !IsSameFile(*record, *named)) return Step::Again;
+  // Its last holder has removed it. Not every system tells anything of such a file.
+  if (named.Failure().kind == FileFailure::Kind::NotFound) return Step::Again;
+  const FileResult<FileRecord> record = LookUp(file);
+  if (!record || !named) return Step::Impossible;
+  if (!IsSameFile(*record, *named)) return Step::Again;
   // A killed process has left it: another one takes its place.
   if (record->size > 0 && !RemoveFile(folder_, name_)) return Step::Again;
   // Whether or not the words reach the disk, it is locked.

@@ -98,8 +98,8 @@ void HostedPlatform::SetListingSink(
 std::vector<HostedDrive> HostedPlatform::DriveFolders() const {
   std::vector<HostedDrive> folders;
   for (const Drive& each : parts_->drives.List()) {
-    folders.push_back(
-        {each.letter, each.type, ToSystemPath(parts_->drives.Find(each.letter)->Folder())});
+    folders.push_back({each.letter, each.type,
+                       ToSystemPath(parts_->drives.Find(each.letter)->Folder()).make_preferred()});
   }
   return folders;
 }
@@ -135,7 +135,8 @@ const CodePage& HostedPlatform::AnsiPage() {
   return Windows1252();
 }
 std::string HostedPlatform::SystemPathOf(StringView path) {
-  return PathOnSystem(DriveFolders(), path).string();
+  const std::u8string found = PathOnSystem(DriveFolders(), path).u8string();
+  return std::string(found.begin(), found.end());
 }
 
 }  // namespace norvo

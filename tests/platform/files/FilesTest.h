@@ -30,9 +30,11 @@ class FilesTest : public ::testing::Test {
   }
 
   const SystemFile& Root() const { return root_; }
-  std::filesystem::path At(const std::string& path) const { return base_.Path() / "root" / path; }
+  std::filesystem::path At(const std::string& path) const {
+    return base_.Path() / "root" / ToSystemPath(path);
+  }
   std::filesystem::path Beside(const std::string& path) const {
-    return base_.Path() / "beside" / path;
+    return base_.Path() / "beside" / ToSystemPath(path);
   }
 
   static void Put(const std::filesystem::path& path, const std::string& bytes) {

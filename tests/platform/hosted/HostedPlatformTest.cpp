@@ -85,9 +85,9 @@ TEST_F(HostedPlatformTest, TellsWhichFolderHoldsEachDrive) {
     }
     return list;
   };
-  std::filesystem::create_directories(Disk("d"));
+  std::filesystem::create_directories(Disk("D"));
   const std::string c = "C2=" + Disk("C").string() + ";";
-  EXPECT_EQ(folders(Machine()), c + "D2=" + Disk("d").string() + ";");
+  EXPECT_EQ(folders(Machine()), c + "D2=" + Disk("D").string() + ";");
   const std::string disc = Outside("disc").string();
   Put(Disk("machine.ini"), "[Drives]\nN=network,shares\nE=cdrom," + disc + "\nC=fixed\n");
   Restart();

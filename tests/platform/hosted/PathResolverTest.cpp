@@ -1,11 +1,17 @@
-#include <chrono>
-
+#include "support/FileTimes.h"
 #include "support/TestMachine.h"
 
 namespace norvo {
 namespace {
 
-class PathResolverTest : public TestMachine {};
+class PathResolverTest : public TestMachine {
+ protected:
+  /// Not every system takes a name for another one that differs in case only.
+  void ChangeCase(const std::string& from, const std::string& to) {
+    std::filesystem::rename(Disk(from), Disk("C/between"));
+    std::filesystem::rename(Disk("C/between"), Disk(to));
+  }
+};
 
 TEST_F(PathResolverTest, FindsAFileAsItIsSpelled) {
   Put(Disk("C/Music/Pop/Song.mp3"), "12345");
@@ -60,9 +66,9 @@ TEST_F(PathResolverTest, FilesThatComeGoAndChangeCaseAreSeenAtOnce) {
   EXPECT_EQ(NameOf(u"C:\\m\\new.mp3"), "(none)");
   Put(Disk("C/m/NEW.mp3"), "x");
   EXPECT_EQ(NameOf(u"C:\\m\\new.mp3"), "NEW.mp3");
-  std::filesystem::rename(Disk("C/m/NEW.mp3"), Disk("C/m/New.mp3"));
+  ChangeCase("C/m/NEW.mp3", "C/m/New.mp3");
   EXPECT_EQ(NameOf(u"C:\\m\\new.mp3"), "New.mp3");
-  std::filesystem::rename(Disk("C/m"), Disk("C/M"));
+  ChangeCase("C/m", "C/M");
   EXPECT_EQ(NameOf(u"C:\\m\\new.mp3"), "New.mp3");
   std::filesystem::remove_all(Disk("C/M"));
   EXPECT_EQ(NameOf(u"C:\\m\\new.mp3"), "(none)");
@@ -79,8 +85,7 @@ TEST_F(PathResolverTest, AFileThatThePlatformItselfCreatesIsFoundInAnyCase) {
 
 TEST_F(PathResolverTest, MissingFilesInAnOldFolderDoNotHideNewOnes) {
   Put(Disk("C/m/other"), "x");
-  std::filesystem::last_write_time(
-      Disk("C/m"), std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
+  MakeOld(Disk("C/m"));
   for (int i = 0; i < 50; ++i) {
     EXPECT_EQ(NameOf(u"C:\\m\\new.mp3"), "(none)");
     Put(Disk("C/m/NEW.mp3"), "x");

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "ImportTable.h"
+#include "support/windows/ImportTable.h"
 
 namespace norvo {
 namespace {

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <type_traits>
 
-#include "ImportTable.h"
+#include "support/windows/ImportTable.h"
 
 namespace norvo {
 namespace {

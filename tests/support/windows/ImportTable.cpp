@@ -1,4 +1,4 @@
-#include "ImportTable.h"
+#include "support/windows/ImportTable.h"
 
 #include <stdexcept>
 #include <string>
