@@ -115,12 +115,13 @@ FileResult<FileRecord> LookUp(const SystemFile& root, const std::string& path) {
   const FileResult<SystemFile> file = in.Open(kItself);
   if (!file) return file.Failure();
   if (IsSpelledOtherwise(HandleOf(*file), in.Name())) return FailureOfCode(ERROR_FILE_NOT_FOUND);
+  ShareDiskNumber(root, *file);
   return LookUp(*file);
 }
 
 FileResult<FileRecord> LookUp(const SystemFile& file) {
   FileResult<FileRecord> record = RecordOf(HandleOf(file));
-  if (record) record->disk = DiskNumberOf(HandleOf(file));
+  if (record) record->disk = DiskNumberOf(file);
   return record;
 }
 

@@ -1,4 +1,5 @@
 #include "platform/files/SystemCalls.h"
+#include "platform/nt/DiskNumber.h"
 #include "platform/nt/Handle.h"
 #include "platform/nt/InsideFolder.h"
 #include "platform/nt/NtPath.h"
@@ -31,6 +32,13 @@ Opening OpeningFor(OpenMode mode) {
   return {FILE_READ_DATA | FILE_READ_ATTRIBUTES};
 }
 
+FileResult<SystemFile> OpenOnDiskOf(const SystemFile& root, const std::string& path,
+                                    const Opening& how) {
+  FileResult<SystemFile> file = OpenInside(root, path, how);
+  if (file) ShareDiskNumber(root, *file);
+  return file;
+}
+
 FileResult<SystemFile> OpenAnywhere(const std::string& path, const Opening& how) {
   const FileResult<String> native = ToNtPath(path);
   return native ? OpenNtPath(*native, how) : native.Failure();
@@ -39,11 +47,13 @@ FileResult<SystemFile> OpenAnywhere(const std::string& path, const Opening& how)
 }  // namespace
 
 void SystemFile::Close() {
-  if (IsOpen()) ::NtClose(reinterpret_cast<HANDLE>(Release()));
+  if (!IsOpen()) return;
+  ForgetDiskNumber(native_);
+  ::NtClose(reinterpret_cast<HANDLE>(Release()));
 }
 
 FileResult<SystemFile> OpenBeneath(const SystemFile& root, const std::string& path, OpenMode mode) {
-  return OpenInside(root, path, OpeningFor(mode));
+  return OpenOnDiskOf(root, path, OpeningFor(mode));
 }
 
 FileResult<SystemFile> OpenRoot(const std::string& path) {
@@ -57,7 +67,7 @@ FileResult<SystemFile> OpenSystemPath(const std::string& path) {
 FileResult<SystemFile> CreateNew(const SystemFile& root, const std::string& path,
                                  unsigned permissions) {
   const bool isReadOnly = (permissions & kAnyWriter) == 0;
-  return OpenInside(
+  return OpenOnDiskOf(
       root, path,
       {FILE_GENERIC_WRITE | FILE_READ_ATTRIBUTES, FILE_NON_DIRECTORY_FILE, FILE_CREATE,
        static_cast<ULONG>(isReadOnly ? FILE_ATTRIBUTE_READONLY : FILE_ATTRIBUTE_NORMAL)});

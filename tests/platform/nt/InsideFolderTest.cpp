@@ -1,7 +1,7 @@
 #include "platform/nt/InsideFolder.h"
 
-#include "platform/files/FilesTest.h"
 #include "platform/files/FileBytes.h"
+#include "platform/files/FilesTest.h"
 #include "platform/files/NewFile.h"
 #include "platform/files/ReplaceWhole.h"
 #include "platform/nt/FakePoints.h"
