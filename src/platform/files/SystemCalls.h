@@ -25,7 +25,9 @@ namespace norvo {
 /// not even where a folder becomes one at the same moment.
 
 /// Of a link, not of its target. A look opens and changes nothing, so it is one system call
-/// wherever opening is one: a folder that has just become a link may deceive it there.
+/// wherever opening is one: a folder that has just become a link may deceive it there. Where names
+/// that differ in case are the same to the disk, all other calls take them so; a look below a
+/// folder finds a name only as the disk spells it.
 FileResult<FileRecord> LookUp(const SystemFile& root, const std::string& path);
 FileResult<FileRecord> LookUp(const SystemFile& file);
 FileResult<FileRecord> LookUpSystemPath(const std::string& path);

@@ -68,9 +68,9 @@ String SpellingOf(HANDLE file, FILE_INFORMATION_CLASS what) {
     status = ask();
   }
   if (!NT_SUCCESS(status)) return {};
-  const String path(reinterpret_cast<const char16_t*>(buffer.data() + 1),
-                    buffer.front() / sizeof(char16_t));
-  return path.substr(path.rfind(u'\\') + 1);
+  const StringView path(reinterpret_cast<const char16_t*>(buffer.data() + 1),
+                        buffer.front() / sizeof(char16_t));
+  return String(LastComponent(path));
 }
 
 /// The disk takes a name in every case for the same, but it has one of them.
@@ -82,16 +82,19 @@ bool IsSpelledOtherwise(HANDLE file, StringView name) {
 }
 
 /// With "/" between the names, and without the mark where the path is as good without it.
-std::string WithoutMark(String path) {
+std::string WithoutMark(StringView path) {
   constexpr StringView kMark = u"\\\\?\\";
   constexpr StringView kShareMark = u"\\\\?\\UNC\\";
+  String plain;
   if (path.starts_with(kShareMark)) {
-    path.replace(0, kShareMark.size(), u"//");
-  } else if (path.starts_with(kMark) && HasDrive(StringView(path).substr(kMark.size()))) {
-    path.erase(0, kMark.size());
+    path.remove_prefix(kShareMark.size());
+    plain = u"//";
+  } else if (path.starts_with(kMark) && HasDrive(path.substr(kMark.size()))) {
+    path.remove_prefix(kMark.size());
   }
-  std::replace(path.begin(), path.end(), u'\\', u'/');
-  return FromWideName(path);
+  plain.append(path);
+  std::replace(plain.begin(), plain.end(), u'\\', u'/');
+  return FromWideName(plain);
 }
 
 FileResult<std::string> FinalPath(HANDLE file, DWORD form) {
@@ -102,7 +105,7 @@ FileResult<std::string> FinalPath(HANDLE file, DWORD form) {
         ::GetFinalPathNameByHandleW(file, reinterpret_cast<wchar_t*>(path.data()), size, form);
     if (length == 0) return LastFailure();
     path.resize(length);
-    if (length < size) return WithoutMark(std::move(path));
+    if (length < size) return WithoutMark(path);
   }
 }
 

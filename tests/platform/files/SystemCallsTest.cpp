@@ -33,13 +33,6 @@ TEST_F(SystemCallsTest, ALookUpTellsOfALinkItself) {
   EXPECT_EQ(LookUpSystemPath(ToDiskPath(At("link")))->kind, FileRecord::Kind::Link);
 }
 
-TEST_F(SystemCallsTest, ALookUpFindsANameOnlyAsTheDiskSpellsIt) {
-  Put(At("Folder/Song.mp3"), "x");
-  EXPECT_EQ(LookUp(Root(), "Folder/song.mp3").Failure().kind, Kind::NotFound);
-  EXPECT_EQ(LookUp(Root(), "folder").Failure().kind, Kind::NotFound);
-  EXPECT_TRUE(LookUp(Root(), "Folder/Song.mp3"));
-}
-
 TEST_F(SystemCallsTest, TwoNamesOfOneFileHaveOneNumber) {
   Put(At("a"), "x");
   Put(At("b"), "x");

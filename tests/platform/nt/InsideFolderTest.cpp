@@ -5,6 +5,7 @@
 #include "platform/files/NewFile.h"
 #include "platform/files/ReplaceWhole.h"
 #include "platform/nt/FakePoints.h"
+#include "support/windows/Junction.h"
 
 namespace norvo {
 namespace {
@@ -55,6 +56,23 @@ TEST_F(InsideFolderTest, NoJunctionIsFollowedWhereverItStandsInThePath) {
   EXPECT_EQ(NamesIn("in"), "Fvictim ");
   EXPECT_EQ(NamesIn("real/sub/in/deep"), "Fvictim ");
   EXPECT_EQ(Get(At("in/victim")), "secret");
+}
+
+TEST_F(InsideFolderTest, AJunctionThatIsPutInBetweenIsNotFollowed) {
+  Put(Beside("victim"), "secret");
+  Put(At("own"), "own");
+  std::filesystem::create_directory(At("in"));
+  const FileResult<SystemFile> before = OpenBeneath(Root(), "in", OpenMode::Start);
+  const auto full = [](std::filesystem::path path) { return path.make_preferred().wstring(); };
+  if (!MakeJunction(full(At("in")), full(Beside("victim").parent_path()))) {
+    GTEST_SKIP() << "this disk knows no junctions";
+  }
+  ExpectClosed(Root(), "in");
+  CreateNew(*before, "new", 0666);  // from a folder that has become one since it was opened
+  EXPECT_FALSE(std::filesystem::exists(Beside("new")));
+  EXPECT_EQ(NamesIn(""), "Lin Fown ");
+  EXPECT_FALSE(RemoveFile(Root(), "in"));
+  EXPECT_EQ(Get(Beside("victim")), "secret");
 }
 
 TEST_F(InsideFolderTest, ALinkToAFileIsNotFollowedButRemovedItself) {

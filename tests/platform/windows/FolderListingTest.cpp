@@ -1,36 +1,10 @@
-#include <windows.h>
-
-#include <winioctl.h>
-
 #include "ScratchFolder.h"
+#include "support/windows/Junction.h"
 
 namespace norvo {
 namespace {
 
-class FolderListingTest : public ScratchFolder {
- protected:
-  /// Makes a folder a junction to another one; false where the disk knows none.
-  bool MakeJunction(StringView inside, StringView target) {
-    const String place = u"\\??\\" + Path(target);
-    struct {
-      DWORD tag = IO_REPARSE_TAG_MOUNT_POINT;
-      WORD length = 0, reserved = 0;
-      WORD nameOffset = 0, nameLength = 0, shownOffset = 0, shownLength = 0;
-      char16_t names[1024] = {};
-    } data;
-    data.nameLength = static_cast<WORD>(place.size() * 2);
-    data.shownOffset = static_cast<WORD>(data.nameLength + 2);
-    data.length = static_cast<WORD>(8 + data.nameLength + 4);
-    std::copy(place.begin(), place.end(), data.names);
-    MakeFolder(inside);
-    const FileHandle folder(
-        ::CreateFileW(ToWide(System(Path(inside))), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
-                      FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
-    DWORD ignored = 0;
-    return ::DeviceIoControl(folder.Get(), FSCTL_SET_REPARSE_POINT, &data, 8u + data.length,
-                             nullptr, 0, &ignored, nullptr) != FALSE;
-  }
-};
+using FolderListingTest = ScratchFolder;
 
 TEST_F(FolderListingTest, ListsSubFoldersAndFiles) {
   MakeFolder(u"Music");
@@ -90,7 +64,10 @@ TEST_F(FolderListingTest, NamesThatNoPathCanReachCostOneWarningEach) {
 TEST_F(FolderListingTest, AJunctionIsNotListedButLeadsOn) {
   MakeFolder(u"real");
   Put(u"real\\a.mp3", "");
-  if (!MakeJunction(u"alias", u"real")) GTEST_SKIP() << "this disk knows no junctions";
+  MakeFolder(u"alias");
+  if (!MakeJunction(ToWide(Path(u"alias")), ToWide(Path(u"real")))) {
+    GTEST_SKIP() << "this disk knows no junctions";
+  }
   EXPECT_EQ(List(Path(u"")), Lines{"real/"});
   EXPECT_EQ(List(Path(u"alias")), Lines{"a.mp3"});
   EXPECT_TRUE(Files().FolderExists(Path(u"alias")));
