@@ -30,8 +30,9 @@ constexpr ULONG kDeleteReadOnly = 0x10;
 constexpr unsigned kAnyWriter = 0222;
 
 /// To give a file another name, or none.
-constexpr Opening kToRename{DELETE | FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES, 0, FILE_OPEN, 0,
-                            true};
+constexpr Opening kToRename{DELETE | FILE_READ_ATTRIBUTES, 0, FILE_OPEN, 0, true};
+constexpr Opening kToAsk{FILE_READ_ATTRIBUTES, 0, FILE_OPEN, 0, true};
+constexpr Opening kToProtect{FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES, 0, FILE_OPEN, 0, true};
 
 /// The name that a file is to have in an open folder, as the calls want it.
 class NewName {
@@ -69,22 +70,34 @@ FileResult<String> SecondName(const std::string& path) {
   return std::move(*name);
 }
 
-/// A read-only file is not replaced by the old kind of change.
-FileFailure ReplaceReadOnly(HANDLE file, HANDLE folder, const String& name, NewName& as) {
-  const FileResult<SystemFile> target = OpenPart(folder, name, kToRename);
-  if (!target || !IsReadOnly(HandleOf(*target))) return FailureOfCode(ERROR_ACCESS_DENIED);
-  if (const FileFailure failure = SetReadOnly(HandleOf(*target), false)) return failure;
-  const FileFailure failure = FailureOfStatus(as.Give(file, FileRenameInformation, kReplace));
-  if (failure) SetReadOnly(HandleOf(*target), true);
+FileFailure SetReadOnlyIn(HANDLE folder, const String& name, bool readOnly) {
+  const FileResult<SystemFile> file = OpenPart(folder, name, kToProtect);
+  return file ? SetReadOnly(HandleOf(*file), readOnly) : file.Failure();
+}
+
+bool IsReadOnlyIn(HANDLE folder, const String& name) {
+  const FileResult<SystemFile> file = OpenPart(folder, name, kToAsk);
+  return file && IsReadOnly(HandleOf(*file));
+}
+
+/// The old kinds of changes refuse read-only files. What such a name stands for is none during the
+/// change, and afterwards unless that has succeeded.
+template <class Change>
+FileFailure DespiteReadOnly(HANDLE folder, const String& name, Change&& change) {
+  if (!IsReadOnlyIn(folder, name)) return change();
+  if (const FileFailure failure = SetReadOnlyIn(folder, name, false)) return failure;
+  const FileFailure failure = change();
+  if (failure) SetReadOnlyIn(folder, name, true);
   return failure;
 }
 
 FileFailure ReplaceIn(HANDLE file, HANDLE folder, const String& name) {
   NewName as(folder, name);
-  NTSTATUS status = as.Give(file, kRenameAsPosix, kReplace | kRenamePosix | kRenameReadOnly);
+  const NTSTATUS status = as.Give(file, kRenameAsPosix, kReplace | kRenamePosix | kRenameReadOnly);
   if (!IsUnknownHere(status)) return FailureOfStatus(status);
-  const FileFailure failure = FailureOfStatus(as.Give(file, FileRenameInformation, kReplace));
-  return failure.kind == Kind::AccessDenied ? ReplaceReadOnly(file, folder, name, as) : failure;
+  return DespiteReadOnly(folder, name, [&] {
+    return FailureOfStatus(as.Give(file, FileRenameInformation, kReplace));
+  });
 }
 
 /// A name that nobody asks for.
@@ -96,9 +109,6 @@ String NameOfRemoved(HANDLE file) {
 }
 
 FileFailure DisposeOf(HANDLE file) {
-  if (IsReadOnly(file)) {
-    if (const FileFailure failure = SetReadOnly(file, false)) return failure;
-  }
   FILE_DISPOSITION_INFORMATION gone = {TRUE};
   return FailureOfStatus(Set(file, FileDispositionInformation, gone));
 }
@@ -172,7 +182,7 @@ FileFailure RemoveFile(const SystemFile& root, const std::string& path) {
   const NTSTATUS status = Set(HandleOf(*file), kDisposeAsPosix, flags);
   if (!IsUnknownHere(status)) return FailureOfStatus(status);
   file->Close();
-  return RemoveAsOfOld(in);
+  return DespiteReadOnly(in.Folder(), in.Name(), [&in] { return RemoveAsOfOld(in); });
 }
 
 FileFailure SetPermissions(const SystemFile& file, std::uint32_t permissions) {

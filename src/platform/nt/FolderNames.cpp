@@ -46,7 +46,10 @@ FileFailure ForEachName(SystemFile folder, const Visit& visit) {
     VisitAll(reinterpret_cast<const char*>(buffer.data()), visit);
     what = FileIdBothDirectoryInfo;
   }
-  return ::GetLastError() == ERROR_NO_MORE_FILES ? FileFailure() : LastFailure();
+  const DWORD end = ::GetLastError();
+  // The second is said of an empty disk, whose root has not even "." and "..".
+  const bool isOver = end == ERROR_NO_MORE_FILES || end == ERROR_FILE_NOT_FOUND;
+  return isOver ? FileFailure() : FailureOfCode(end);
 }
 
 }  // namespace norvo

@@ -6,6 +6,7 @@
 #include "platform/nt/ReparsePoint.h"
 #include "platform/nt/WideNames.h"
 #include "platform/nt/WindowsCode.h"
+#include "platform/win32/QuietDrives.h"
 
 namespace norvo {
 namespace {
@@ -95,6 +96,7 @@ FileResult<SystemFile> OpenInside(const SystemFile& root, const std::string& pat
 }
 
 FileResult<SystemFile> OpenNtPath(const String& path, const Opening& how) {
+  const QuietDrives quiet;
   return Create(nullptr, path, how, how.takesLinks ? FILE_OPEN_REPARSE_POINT : 0);
 }
 

@@ -1,7 +1,7 @@
 #include "platform/windows/WindowsFileSystem.h"
 
+#include "platform/win32/QuietDrives.h"
 #include "platform/windows/FileVersion.h"
-#include "platform/windows/QuietDrives.h"
 #include "platform/windows/SystemPath.h"
 #include "platform/windows/WideText.h"
 #include "platform/windows/WindowsFiles.h"

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "platform/windows/QuietDrives.h"
+#include "platform/win32/QuietDrives.h"
 #include "platform/windows/SystemPath.h"
 #include "platform/windows/UniqueHandle.h"
 #include "platform/windows/WideText.h"
