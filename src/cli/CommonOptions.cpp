@@ -23,14 +23,20 @@ void AddReadAheadOption(CLI::App& command, CommonArguments& common) {
                    "Do not read folders and songs before their turn");
 }
 
+CLI::Option* AddFolderOption(CLI::App& command, const std::string& name, std::string& value,
+                             const char* what) {
+  const auto isNamed = [](const std::string& text) {
+    return text.empty() ? std::string("the name is empty") : std::string();
+  };
+  return command.add_option(name, value, what)->type_name("DIR")->check(isNamed);
+}
+
 void AddMachineOption(CLI::App& command, CommonArguments& common, bool required) {
   const bool isOptional = IsThisPcAMachine();
   const char* const what = isOptional
                                ? "Folder that holds the machine, or a disk; else it is this PC"
                                : "Folder that holds the machine, or a mounted disk";
-  command.add_option("--machine", common.machine, what)
-      ->type_name("DIR")
-      ->required(required && !isOptional);
+  AddFolderOption(command, "--machine", common.machine, what)->required(required && !isOptional);
   command.add_option("--user", common.user, "Whose documents folder is meant, of several users")
       ->type_name("NAME");
 }

@@ -23,6 +23,11 @@ void AddReadAheadOption(CLI::App& command, CommonArguments& common);
 /// `--machine DIR` and `--user NAME` alone.
 void AddMachineOption(CLI::App& command, CommonArguments& common, bool required);
 
+/// Adds an option for a folder, which may not be empty: left out by mistake, as a variable without
+/// a value is, it would mean something else.
+CLI::Option* AddFolderOption(CLI::App& command, const std::string& name, std::string& value,
+                             const char* what);
+
 /// A text of the help that differs on systems where all machines are held in folders, and on those
 /// where this PC is one.
 struct HelpText {

@@ -13,6 +13,7 @@
 #include "machines/MachineFolder.h"
 #include "machines/MachineLock.h"
 #include "move/ProductSettings.h"
+#include "platform/files/DiskPath.h"
 #include "platform/hosted/DiskName.h"
 #include "platform/hosted/SystemPaths.h"
 #include "text/Encoding.h"
@@ -43,7 +44,8 @@ class FolderMachine final : public NamedMachine {
   std::shared_ptr<norvo::Platform> Platform() override { return platform_; }
   String MachinePathOf(const std::string& named) const override {
     if (IsMachinePath(named)) return FromUtf8Lossy(named);
-    const std::optional<String> inside = PathOnMachine(platform_->DriveFolders(), named);
+    const std::optional<String> inside =
+        PathOnMachine(platform_->DriveFolders(), ToSystemPath(named));
     if (!inside) {
       throw CommandError(named +
                          " is no file of the machine. Name a path of the machine, such as " +
@@ -67,9 +69,10 @@ class FolderMachine final : public NamedMachine {
 /// The machine of `--machine`: a machine folder, or a disk.
 std::shared_ptr<FolderMachine> OpenFolder(const CommonArguments& common, Console& console,
                                           DocumentsUse use) {
-  const TakenFolder taken = TakeFolder(common.machine);
+  const TakenFolder taken = TakeFolder(ToSystemPath(common.machine));
   if (!taken.IsMachine() && !taken.IsDisk()) {
-    return std::make_shared<FolderMachine>(OpenMachineFolder(common.machine), console);
+    return std::make_shared<FolderMachine>(OpenMachineFolder(ToSystemPath(common.machine)),
+                                           console);
   }
   FolderLayout folder = LayOut(taken, {common.user, {}, {}, use == DocumentsUse::Needed});
   if (taken.IsDisk()) console.Note(TextOf(taken));
@@ -80,7 +83,7 @@ std::shared_ptr<FolderMachine> OpenFolder(const CommonArguments& common, Console
 }
 
 bool IsSingleLetter(const fs::path& name) {
-  const std::string text = name.string();
+  const std::string text = ToDiskPath(name);
   return text.size() == 1 && std::isalpha(static_cast<unsigned char>(text.front())) != 0;
 }
 
@@ -112,7 +115,7 @@ fs::path MachineAbove(const fs::path& file) {
 /// The file behind a path of this system.
 fs::path ExistingFile(const std::string& path) {
   std::error_code failure;
-  const fs::path file = fs::canonical(path, failure);
+  const fs::path file = fs::canonical(ToSystemPath(path), failure);
   if (failure) throw CommandError(path + ": " + failure.message() + ". Check the path's spelling.");
   if (!fs::is_regular_file(file, failure)) {
     throw CommandError(path + " is no file. Name a playlist.");
@@ -124,16 +127,16 @@ String PathInside(const HostedPlatform& machine, const fs::path& folder, const s
   if (IsMachinePath(path)) return FromUtf8Lossy(path);
   const std::optional<String> inside = PathOnMachine(machine.DriveFolders(), ExistingFile(path));
   if (inside) return *inside;
-  throw CommandError(path + " lies in no drive of the machine " + folder.string() +
+  throw CommandError(path + " lies in no drive of the machine " + ShownPath(folder) +
                      ". Name a path of the machine, or leave --machine out.");
 }
 
 /// A playlist of a machine.
 NamedPlaylist OnMachine(FolderMachine& machine, const fs::path& folder, const std::string& path) {
   NamedPlaylist playlist{machine.Platform(), PathInside(machine.Hosted(), folder, path),
-                         folder.string()};
+                         ShownPath(folder)};
   if (!machine.Hosted().Files().FileExists(playlist.path)) {
-    throw CommandError(ToUtf8(playlist.path) + " is no file of the machine " + folder.string() +
+    throw CommandError(ToUtf8(playlist.path) + " is no file of the machine " + ShownPath(folder) +
                        ". Check the path's spelling.");
   }
   return playlist;
@@ -142,9 +145,9 @@ NamedPlaylist OnMachine(FolderMachine& machine, const fs::path& folder, const st
 /// A playlist that lies in no machine: its own folder is drive C of one.
 NamedPlaylist OnItsOwn(const std::string& path, MessageDialog& messages) {
   const fs::path file = ExistingFile(path);
-  const std::optional<String> name = FromDiskName(file.filename().string());
+  const std::optional<String> name = FromDiskName(ToDiskPath(file.filename()));
   if (!name) {
-    throw CommandError(file.string() + ": the name cannot be a Windows name. Copy the file to " +
+    throw CommandError(ShownPath(file) + ": the name cannot be a Windows name. Copy the file to " +
                        "another name, in the same folder.");
   }
   HostedLayout layout;
@@ -172,7 +175,7 @@ NamedPlaylist OpenFolderPlaylist(const CommonArguments& common, const std::strin
                                  Console& console) {
   if (!common.machine.empty()) {
     const auto machine = OpenFolder(common, console, DocumentsUse::Unneeded);
-    NamedPlaylist playlist = OnMachine(*machine, common.machine, path);
+    NamedPlaylist playlist = OnMachine(*machine, ToSystemPath(common.machine), path);
     playlist.lacksSettings = LacksSettings(playlist.machine);
     return playlist;
   }

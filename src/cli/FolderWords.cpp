@@ -1,5 +1,7 @@
 #include "cli/FolderWords.h"
 
+#include "platform/files/DiskPath.h"
+
 namespace norvo::cli {
 namespace {
 
@@ -25,7 +27,7 @@ std::string ReasonOf(const TakenFolder& taken) {
 std::string TextOf(const TakenFolder& taken) {
   const std::string reason = ReasonOf(taken);
   if (reason.empty()) return {};
-  return std::string(1, static_cast<char>(taken.letter)) + ": = " + taken.driveFolder.string() +
+  return std::string(1, static_cast<char>(taken.letter)) + ": = " + ShownPath(taken.driveFolder) +
          " (" + reason + ")";
 }
 

@@ -12,6 +12,7 @@
 #include "cli/PageFile.h"
 #include "cli/ReadAheadObserver.h"
 #include "machines/FolderMove.h"
+#include "platform/files/DiskPath.h"
 #include "platform/files/ShownTime.h"
 #include "text/Encoding.h"
 #include "text/WindowsPath.h"
@@ -111,7 +112,7 @@ void SayNextStep(const MoveResult& move, const RegistryPlace& registry, Console&
   const bool isOnDrive = !registry.machinePath.empty();
   if (!inRegistry && !isOnDrive) return;
   const std::string file = isOnDrive ? registry.machinePath : "registry.reg";
-  if (!isOnDrive) console.Say("Next: take " + registry.file.string() + " to the new PC.");
+  if (!isOnDrive) console.Say("Next: take " + ShownPath(registry.file) + " to the new PC.");
   console.Say((isOnDrive ? "Next: on" : "On") + std::string(" the new PC, double-click ") + file +
               ", or run: reg import " + file);
 }
@@ -126,10 +127,10 @@ class MigrateCommand final : public Command {
                                 "The old machine, or its disk"};
     const char* const to[] = {"The new machine, or its disk; else it is this PC",
                               "The new machine, or its disk"};
-    app->add_option("--from", from_, from[isRequired])->type_name("DIR")->required(isRequired);
-    app->add_option("--to", to_, to[isRequired])->type_name("DIR")->required(isRequired);
+    AddFolderOption(*app, "--from", from_, from[isRequired])->required(isRequired);
+    AddFolderOption(*app, "--to", to_, to[isRequired])->required(isRequired);
     AddPlaceOptions(*app);
-    app->add_option("--work", work_, "Keeps what is written for the old machine")->type_name("DIR");
+    AddFolderOption(*app, "--work", work_, "Keeps what is written for the old machine");
     AddMediaOptions(*app);
     AddReportOptions(*app);
     app->add_flag("--dry-run", options_.dryRun, "Print the plan; write nothing on the new machine");
@@ -164,13 +165,13 @@ class MigrateCommand final : public Command {
   FolderMove Folders(const CommonArguments& common, Console& console, OpenedFolders& opened,
                      MoveObserver* readingAhead) const {
     FolderMove folders;
-    folders.from = from_;
-    folders.to = to_;
+    folders.from = ToSystemPath(from_);
+    folders.to = ToSystemPath(to_);
     folders.toDrive = toDrive_;
     folders.user = user_;
     folders.documents = documents_;
     folders.groupRoot = groupRoot_;
-    folders.work = work_;
+    folders.work = ToSystemPath(work_);
     folders.messages = &console;
     folders.lock = LockWishesOf(common, console);
     folders.names = {"--from", "--to", "--work"};

@@ -10,6 +10,7 @@
 #include "machines/UserDocuments.h"
 #include "move/MoveError.h"
 #include "move/ProductSettings.h"
+#include "platform/files/DiskPath.h"
 #include "platform/hosted/HostedPlatform.h"
 #include "platform/hosted/SystemPaths.h"
 #include "services/Utility.h"
@@ -50,7 +51,7 @@ String CheckedPath(const std::string& wish, const HostedLayout& layout, const Pa
 fs::path RegistryOn(const HostedDrive& drive) {
   const fs::path file = PathOnSystem({&drive, 1}, String(1, drive.letter) + String(kRegistry));
   if (LiesWithin(FullPath(file), FullPath(drive.folder))) return file;
-  throw MoveError(MoveFault::LeadsOut, file.string(), drive.folder.string());
+  throw MoveError(MoveFault::LeadsOut, ShownPath(file), ShownPath(drive.folder));
 }
 
 HostedLayout DiskLayout(const TakenFolder& taken) {
@@ -72,7 +73,7 @@ HostedLayout MachineLayout(const fs::path& folder) {
   try {
     return ReadLayout(folder);
   } catch (const RunTimeError& failure) {
-    throw MoveError(MoveFault::NoMachine, folder.string(), ToUtf8(failure.Description()));
+    throw MoveError(MoveFault::NoMachine, ShownPath(folder), ToUtf8(failure.Description()));
   }
 }
 
@@ -122,7 +123,7 @@ String DocumentsOfDisk(const TakenFolder& taken, const FolderLayout& folder,
     return user->path;
   }
   if (!wishes.needsDocuments) return {};
-  throw MoveError(MoveFault::ManyUsers, taken.folder.string(), NamesOf(users));
+  throw MoveError(MoveFault::ManyUsers, ShownPath(taken.folder), NamesOf(users));
 }
 
 /// A machine has its music in one place: once it is some user's it is nobody else's.

@@ -34,7 +34,8 @@ void RequireApart(const Part& one, const Part& other) {
 
 Part DrivePart(const HostedDrive& drive, const std::string& machine) {
   const std::string letter(1, static_cast<char>(drive.letter));
-  return {"drive " + letter + " of " + machine + " (" + drive.folder.string() + ")", drive.folder};
+  return {"drive " + letter + " of " + machine + " (" + ShownPath(drive.folder) + ")",
+          drive.folder};
 }
 
 /// The folders that are scanned for playlists: of what is no machine, the folder itself.

@@ -5,7 +5,9 @@
 #include <system_error>
 
 #include "automation/RunTimeError.h"
+#include "machines/FolderNames.h"
 #include "move/MoveError.h"
+#include "platform/files/DiskPath.h"
 #include "platform/files/FailureText.h"
 #include "platform/files/FileError.h"
 #include "services/IniDocument.h"
@@ -17,24 +19,25 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool IsDriveName(const fs::path& path) {
-  const std::string name = path.filename().string();
+bool IsDriveName(const std::string& name) {
   return name.size() == 1 && std::isalpha(static_cast<unsigned char>(name.front())) != 0;
 }
 
 /// True for a folder that holds drive C, maybe others, and nothing else. Music that is sorted into
 /// folders from A to Z is no machine.
 bool HoldsDrivesAlone(const fs::path& folder) {
-  std::error_code failure;
+  const FileResult<std::vector<FolderName>> names = NamesIn(folder);
+  if (!names) {
+    throw MoveError(MoveFault::NotListed, ShownPath(folder), ToUtf8(FailureText(names.Failure())));
+  }
   bool hasC = false;
-  for (fs::directory_iterator at(folder, failure), end; at != end; at.increment(failure)) {
-    if (IsBesideDrives(at->path())) continue;
-    if (!at->is_directory(failure) || !IsDriveName(at->path())) return false;
-    const int letter = std::toupper(static_cast<unsigned char>(at->path().filename().string()[0]));
+  for (const FolderName& each : *names) {
+    if (IsBesideDrives(each.name)) continue;
+    if (!IsFolder(folder, each) || !IsDriveName(each.name)) return false;
+    const int letter = std::toupper(static_cast<unsigned char>(each.name.front()));
     if (letter < 'C') return false;
     hasC = hasC || letter == 'C';
   }
-  if (failure) throw MoveError(MoveFault::NotListed, folder.string(), failure.message());
   return hasC;
 }
 
@@ -52,7 +55,7 @@ std::shared_ptr<HostedPlatform> OpenMachineFolder(const fs::path& folder) {
   try {
     return std::make_shared<HostedPlatform>(folder);
   } catch (const RunTimeError& failure) {
-    throw MoveError(MoveFault::NoMachine, folder.string(), ToUtf8(failure.Description()));
+    throw MoveError(MoveFault::NoMachine, ShownPath(folder), ToUtf8(failure.Description()));
   }
 }
 
@@ -60,7 +63,7 @@ std::string MachineSettingsText(const fs::path& folder) {
   try {
     return MachineSettingsIn(folder);
   } catch (const FileError& error) {
-    throw MoveError(MoveFault::SettingsNotRead, (folder / "machine.ini").string(),
+    throw MoveError(MoveFault::SettingsNotRead, ShownPath(folder / "machine.ini"),
                     ToUtf8(FailureText(error.Failure())));
   }
 }
@@ -71,9 +74,8 @@ bool HasMachineSettings(const fs::path& folder) {
          settings.FindSection(u"ShellFolders") != IniDocument::kNone;
 }
 
-bool IsBesideDrives(const fs::path& path) {
-  const fs::path name = path.filename();
-  return name.string().front() == '.' || name == "registry.reg" || name == "machine.ini";
+bool IsBesideDrives(std::string_view name) {
+  return name.front() == '.' || name == "registry.reg" || name == "machine.ini";
 }
 
 bool IsSurelyMachine(const fs::path& folder) {

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "platform/hosted/HostedPlatform.h"
 
@@ -24,7 +25,7 @@ bool HasMachineSettings(const std::filesystem::path& folder);
 
 /// True for what may stand beside the drives of a machine, by its name: its settings, its registry,
 /// and hidden files, such as one that a stopped run has left.
-bool IsBesideDrives(const std::filesystem::path& path);
+bool IsBesideDrives(std::string_view name);
 
 /// The strict question, for a folder that may as well be a disk: true when its machine.ini tells of
 /// drives or folders, or when it holds drive C, maybe others, and nothing else. MoveError as above,

@@ -24,7 +24,7 @@ MachineLock::MachineLock(const fs::path& registryFolder, const LockWishes& wishe
   if (!opened) return;
   lock_.emplace(std::move(*opened), kName);
   if (lock_->Take(false)) return;
-  const std::string folder = registryFolder.string();
+  const std::string folder = ShownPath(registryFolder);
   if (!wishes.wait) throw MoveError(MoveFault::MachineBusy, folder, lock_->Holder());
   if (wishes.onWaiting) wishes.onWaiting(folder, lock_->Holder());
   lock_->Take(true);

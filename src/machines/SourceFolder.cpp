@@ -20,10 +20,10 @@ namespace fs = std::filesystem;
 TakenFolder TakeSource(const fs::path& from) {
   TakenFolder taken = TakeFolder(from);
   if (taken.kind == TakenFolder::Kind::Missing) {
-    throw MoveError(MoveFault::NoFolder, from.string());
+    throw MoveError(MoveFault::NoFolder, ShownPath(from));
   }
   if (taken.kind == TakenFolder::Kind::Empty) {
-    throw MoveError(MoveFault::EmptyFolder, from.string());
+    throw MoveError(MoveFault::EmptyFolder, ShownPath(from));
   }
   return taken;
 }
@@ -71,11 +71,11 @@ bool HoldsOtherMachine(const fs::path& work, char16_t own) {
 void MakeWork(const fs::path& work, char16_t own) {
   std::error_code failure;
   fs::create_directories(work, failure);
-  if (failure) throw MoveError(MoveFault::WorkNotCreated, work.string(), failure.message());
-  if (HoldsOtherMachine(work, own)) throw MoveError(MoveFault::WorkTaken, work.string());
+  if (failure) throw MoveError(MoveFault::WorkNotCreated, ShownPath(work), failure.message());
+  if (HoldsOtherMachine(work, own)) throw MoveError(MoveFault::WorkTaken, ShownPath(work));
   const fs::path drive = work / std::string(1, static_cast<char>(own));
   fs::create_directory(drive, failure);
-  if (failure) throw MoveError(MoveFault::WorkNotCreated, drive.string(), failure.message());
+  if (failure) throw MoveError(MoveFault::WorkNotCreated, ShownPath(drive), failure.message());
 }
 
 }  // namespace
@@ -111,7 +111,7 @@ void SourceFolder::Spare(const FolderMove& folders) {
   HostedLayout layout;
   layout.drives = DrivesOf(taken_);
   const std::optional<char16_t> letter = FreeLetter(layout.drives);
-  if (!letter) throw MoveError(MoveFault::NoFreeLetter, folders.from.string());
+  if (!letter) throw MoveError(MoveFault::NoFreeLetter, ShownPath(folders.from));
   MakeWork(folder, *letter);
   shared_ = folders.work;
   const std::string name(1, static_cast<char>(*letter));

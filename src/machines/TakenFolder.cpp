@@ -5,8 +5,10 @@
 #include <optional>
 #include <system_error>
 
+#include "machines/FolderNames.h"
 #include "machines/MachineFolder.h"
 #include "move/MoveError.h"
+#include "platform/files/DiskPath.h"
 #include "platform/hosted/DiskName.h"
 #include "text/Text.h"
 
@@ -30,25 +32,22 @@ std::size_t RankOf(StringView name) {
 std::optional<std::string> SignOf(const fs::path& folder) {
   std::size_t best = std::size(kSigns);
   std::optional<std::string> found;
-  std::error_code failure;
-  for (fs::directory_iterator at(folder, failure), end; at != end; at.increment(failure)) {
-    const std::string shown = at->path().filename().string();
-    const std::optional<String> name = FromDiskName(shown);
+  const FileResult<std::vector<FolderName>> names = NamesIn(folder);
+  if (!names) return found;
+  for (const FolderName& each : *names) {
+    const std::optional<String> name = FromDiskName(each.name);
     const std::size_t rank = name ? RankOf(*name) : best;
-    std::error_code ignored;
-    if (rank >= best || !at->is_directory(ignored)) continue;
+    if (rank >= best || !IsFolder(folder, each)) continue;
     best = rank;
-    found = shown;
+    found = each.name;
   }
   return found;
 }
 
 bool HoldsNothing(const fs::path& folder) {
-  std::error_code failure;
-  for (fs::directory_iterator at(folder, failure), end; at != end; at.increment(failure)) {
-    if (!IsBesideDrives(at->path())) return false;
-  }
-  return true;
+  const FileResult<std::vector<FolderName>> names = NamesIn(folder);
+  return !names || std::all_of(names->begin(), names->end(),
+                               [](const FolderName& each) { return IsBesideDrives(each.name); });
 }
 
 char16_t LetterOf(const std::string& drive) {
@@ -60,7 +59,7 @@ char16_t LetterOf(const std::string& drive) {
 
 TakenFolder AsDrive(const fs::path& folder, const std::string& drive) {
   TakenFolder taken{folder, TakenFolder::Kind::NamedDrive, LetterOf(drive), folder, {}};
-  if (HasMachineSettings(folder)) throw MoveError(MoveFault::DriveTold, folder.string(), drive);
+  if (HasMachineSettings(folder)) throw MoveError(MoveFault::DriveTold, ShownPath(folder), drive);
   return taken;
 }
 

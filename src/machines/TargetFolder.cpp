@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "move/MoveError.h"
+#include "platform/files/DiskPath.h"
 
 namespace norvo {
 namespace {
@@ -14,7 +15,7 @@ void MakeDrive(const TakenFolder& taken) {
   std::error_code failure;
   fs::create_directories(taken.driveFolder, failure);
   if (!failure) return;
-  throw MoveError(MoveFault::MachineNotMade, taken.folder.string(), failure.message());
+  throw MoveError(MoveFault::MachineNotMade, ShownPath(taken.folder), failure.message());
 }
 
 bool IsThere(const TakenFolder& taken) {

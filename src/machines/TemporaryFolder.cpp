@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "move/MoveError.h"
+#include "platform/files/DiskPath.h"
 
 namespace norvo {
 namespace {
@@ -41,7 +42,7 @@ TemporaryFolder::TemporaryFolder() {
     fs::permissions(path, fs::perms::owner_all, failure);
     return;
   }
-  throw MoveError(MoveFault::NoTemporaryFolder, parent.string());
+  throw MoveError(MoveFault::NoTemporaryFolder, ShownPath(parent));
 }
 
 TemporaryFolder::~TemporaryFolder() {

@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <iterator>
 #include <optional>
-#include <system_error>
 
+#include "machines/FolderNames.h"
+#include "platform/files/DiskPath.h"
 #include "platform/hosted/DiskName.h"
 #include "text/Encoding.h"
 
@@ -42,12 +43,12 @@ struct SubFolder {
 /// Links are left out: those of Windows lead to what is listed anyway, or out of the disk.
 std::vector<SubFolder> SubFoldersOf(const fs::path& folder) {
   std::vector<SubFolder> found;
-  std::error_code failure;
-  for (fs::directory_iterator at(folder, failure), end; at != end; at.increment(failure)) {
-    std::error_code ignored;
-    if (!fs::is_directory(at->symlink_status(ignored))) continue;
-    if (auto name = FromDiskName(at->path().filename().string())) {
-      found.push_back({std::move(*name), at->path()});
+  const FileResult<std::vector<FolderName>> names = NamesIn(folder);
+  if (!names) return found;
+  for (const FolderName& each : *names) {
+    if (each.kind != ListedKind::Folder) continue;
+    if (auto name = FromDiskName(each.name)) {
+      found.push_back({std::move(*name), folder / ToSystemPath(each.name)});
     }
   }
   // Of names that differ by case alone the machine knows the first.

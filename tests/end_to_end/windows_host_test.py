@@ -4,23 +4,18 @@ machine that the program runs on."""
 
 import argparse
 import json
-import os
-import shutil
-import subprocess
 import sys
-import tempfile
 import unittest
 from pathlib import Path
 
 sys.path.append(str(Path(__file__).resolve().parents[2] / "scripts"))  # where the makers are
 
-from makers.playlists import Item, m3u  # noqa: E402
-from makers.text import encoded, joined  # noqa: E402
+from makers.playlists import Item  # noqa: E402
 from report_shapes import SHAPES, shape_fault  # noqa: E402
+from windows_machine import PROGRAM, Machine  # noqa: E402
 
 OPTIONS = None
 GROUP_ROOT = "C:\\My Documents\\Norvo Media\\"
-PROGRAM = "C:\\Program Files\\Norvo\\norvo-playlists.exe"
 GREEK_AND_CHINESE = "Μουσική 音乐"
 MIX = "C:\\Music\\Mix.m3u"
 ONE = Item("C:\\Music\\One.mp3", "Ann - One", 61)
@@ -29,68 +24,12 @@ MIX_ITEMS = [ONE, Item("Two.mp3", "Bob - Two", 62), Item("Three.mp3", "Cid - Thr
 PLAYERS = ("Windows Media Player", "WinAmp", "MusicMatch Jukebox", "Sonique")
 
 
-class Machine:
-    """A Wine prefix of its own, until its end. It has drive C alone: the disk of the system that
-    Wine runs on is no part of it, nor is its user's folder."""
-
-    def __init__(self):
-        self.folder = Path(tempfile.mkdtemp(prefix="norvo-windows-"))
-        self.drive = self.folder / "wine" / "drive_c"
-        self.environment = {**os.environ, "WINEPREFIX": str(self.folder / "wine"),
-                            "HOME": str(self.folder / "home"), "WINEDEBUG": "-all",
-                            "WINEDLLOVERRIDES": "mscoree,mshtml=", "LC_ALL": "C.UTF-8",
-                            "DISPLAY": ""}
-
-    def start(self):
-        for name in ("home", "wine"):
-            (self.folder / name).mkdir()
-        # Started apart: whoever starts the first program of a prefix waits for the services, too.
-        for words in (("wineserver", "--persistent"), ("wineboot", "--init")):
-            subprocess.run(words, env=self.environment, stdout=subprocess.DEVNULL,
-                           stderr=subprocess.DEVNULL, timeout=120, check=True)
-        self.wine("reg", "add", r"HKCU\Software\Microsoft\Windows\CurrentVersion\Explorer"
-                  r"\User Shell Folders", "/v", "Personal", "/d", r"C:\My Documents", "/f")
-        self.place(PROGRAM).parent.mkdir(parents=True)
-        shutil.copy(OPTIONS.program, self.place(PROGRAM))
-        (self.folder / "wine" / "dosdevices" / "z:").unlink(missing_ok=True)
-
-    def wine(self, *words):
-        """Runs a program in the music folder, once there is one."""
-        music = self.drive / "Music"
-        folder = music if music.exists() else self.folder
-        return subprocess.run(["wine", *words], env=self.environment, cwd=folder,
-                              stdin=subprocess.DEVNULL, capture_output=True, timeout=120,
-                              check=False)
-
-    def place(self, path):
-        return self.drive.joinpath(*path[3:].split("\\"))
-
-    def write(self, path, content):
-        place = self.place(path)
-        place.parent.mkdir(parents=True, exist_ok=True)
-        place.write_bytes(content)
-
-    def write_m3u(self, path, items):
-        self.write(path, encoded(joined(m3u(items))))
-
-    def snapshot(self):
-        """Every file of the machine that is none of the system's own, and its bytes."""
-        system = self.drive / "windows"
-        return {path: path.read_bytes() for path in self.drive.rglob("*")
-                if path.is_file() and system not in path.parents}
-
-    def end(self):
-        subprocess.run(["wineserver", "-k"], env=self.environment, check=False)
-        subprocess.run(["wineserver", "-w"], env=self.environment, check=False)
-        shutil.rmtree(self.folder, ignore_errors=True)
-
-
 class WindowsHostTest(unittest.TestCase):
     """The methods run in the order of their names, on one machine."""
 
     @classmethod
     def setUpClass(cls):
-        cls.machine = Machine()
+        cls.machine = Machine(OPTIONS.program)
         cls.addClassCleanup(cls.machine.end)
         cls.machine.start()
         song = bytes(1000)
@@ -103,10 +42,7 @@ class WindowsHostTest(unittest.TestCase):
                               [Item("Song.mp3", "Eve - Song", 5)])
 
     def run_program(self, *words):
-        """Exit code, standard output and standard error, the latter both UTF-8."""
-        result = self.machine.wine(PROGRAM, *words)
-        return (result.returncode, result.stdout.decode("utf-8").replace("\r\n", "\n"),
-                result.stderr.decode("utf-8").replace("\r\n", "\n"))
+        return self.machine.run_program(*words)
 
     def document(self, code, *words, shape=None):
         found, out, err = self.run_program(*words, "--json")
@@ -127,15 +63,13 @@ class WindowsHostTest(unittest.TestCase):
     def test_00_help_offers_what_this_system_has(self):
         code, out, err = self.run_program("--help")
         self.assertEqual((code, err), (0, ""))
-        self.assertNotIn("migrate", out)
-        for command in ("init", "scan", "collect", "show", "restore", "verify"):
+        for command in ("init", "scan", "collect", "show", "restore", "verify", "migrate"):
             self.assertIn(f"\n  {command} ", out)
             code, text, err = self.run_program(command, "--help")
             self.assertEqual((code, err), (0, ""))
             self.assertIn(f"Examples:\n  norvo-playlists {command}", text)
-            self.assertNotIn("--machine", text)
-            self.assertNotIn("migrate", text)
             self.assertNotIn("/mnt", text)
+            self.assertIn("this PC", text)
 
     def test_01_version(self):
         code, out, err = self.run_program("--version")
@@ -153,16 +87,12 @@ class WindowsHostTest(unittest.TestCase):
             with self.subTest(words):
                 self.assertIn("--help", self.refused(*words))
 
-    def test_03_machines_in_folders_need_the_other_program(self):
-        for words in (("scan", "--machine", "C:\\x"), ("show", MIX, "--machine", "x"),
-                      ("init", "--machine", ""), ("scan", "--machine"), ("migrate",),
-                      ("migrate", "--help"), ("migrate", "--from", "a", "--to", "b", "--dry-run")):
+    def test_03_folders_that_are_named_by_nothing_are_refused(self):
+        for words in (("scan", "--machine", ""), ("init", "--machine", ""), ("scan", "--machine"),
+                      ("migrate", "--from", "", "--to", "E:\\"), ("migrate", "--to", "")):
             with self.subTest(words):
-                err = self.refused(*words)
-                self.assertIn("need the program for Linux", err)
-                self.assertIn("migrate:" if words[0] == "migrate" else "--machine:", err)
-        error = self.document(2, "migrate", shape="failure")["error"]
-        self.assertIn("need the program for Linux", error)
+                self.assertIn(words[1], self.refused(*words))
+        self.assertIn("Both machines would be this PC", self.refused("migrate"))
 
     def test_04_without_settings_init_is_named(self):
         for command in ("scan", "collect", "restore"):
@@ -182,7 +112,7 @@ class WindowsHostTest(unittest.TestCase):
     # ----------------------------------------------------------------------------- the work ----
 
     def test_10_init_writes_what_is_missing(self):
-        self.assertIn("which this machine does not have",
+        self.assertIn("which this PC does not have",
                       self.refused("init", "--group-root", "Q:\\Norvo Media"))
         report = self.document(0, "init")
         self.assertEqual(report["alreadyThere"], ["product folder C:\\Program Files\\Norvo\\"])
@@ -255,13 +185,13 @@ class WindowsHostTest(unittest.TestCase):
         self.assertEqual(self.document(0, "verify", "Whole.m3u")["playlists"][0]["found"], 1)
 
     def test_32_wildcards_are_no_names(self):
-        self.assertIn("M*.m3u is no file of this machine", self.refused("show", "M*.m3u"))
+        self.assertIn("M*.m3u is no file of this PC", self.refused("show", "M*.m3u"))
 
     def test_33_paths_that_lead_nowhere_are_named(self):
         for path in ("C:\\Music\\Mux.m3u", "Q:\\Mix.m3u", "C:\\Music", "C:\\Music\\a|b.m3u",
                      f"C:\\{GREEK_AND_CHINESE}.m3u"):
             with self.subTest(path):
-                self.assertIn(path + " is no file of this machine", self.refused("show", path))
+                self.assertIn(path + " is no file of this PC", self.refused("show", path))
 
     # ------------------------------------------------------------------------ the new place ----
 

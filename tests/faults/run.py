@@ -20,7 +20,6 @@ from generated_machines_test import scratch
 from interrupted_migrate_test import may_trace
 
 from judge import Judge
-from known import reason_of
 from points import Point, points_of_calls
 from stage import SmallDisk, Stage, may_mount
 
@@ -91,7 +90,6 @@ def tell(verdict, options):
         print(f"    {fault}")
     if len(verdict.faults) > options.shown:
         print(f"    and {len(verdict.faults) - options.shown} more")
-    print(f"    known: {reason_of(verdict) or 'no'}")
     print(f"    again: tests/faults/run.py --program {options.program} --point {verdict.point}",
           flush=True)
 
@@ -153,9 +151,7 @@ def main():
     reached = sum(verdict.ending != "not reached" for verdict in verdicts)
     if 2 * reached < len(verdicts):
         sys.exit("most points were not reached: the trace was not understood")
-    new = sum(bool(verdict.faults) and not reason_of(verdict) for verdict in verdicts)
-    print(f"{new} did not hold for a reason that is not known")
-    sys.exit(1 if new else 0)
+    sys.exit(any(verdict.faults for verdict in verdicts))
 
 
 if __name__ == "__main__":

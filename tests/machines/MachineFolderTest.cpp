@@ -71,7 +71,7 @@ TEST_F(MachineFolderTest, SettingsOfAMebibyteAreTheLargest) {
 TEST_F(MachineFolderTest, WhatCannotBeListedIsToldWithTheReason) {
   Put(At("file"), "");
   ExpectError(ErrorOf([this] { return IsSurelyMachine(At("file")); }), MoveFault::NotListed,
-              At("file").string(), "Not a directory");
+              At("file").string(), "something else stands where it or its folder should");
 }
 
 }  // namespace

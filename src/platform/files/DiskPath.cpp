@@ -47,6 +47,11 @@ std::string ToDiskPath(const std::filesystem::path& path) {
   return std::string(text.begin(), text.end());
 }
 
+std::string ShownPath(const std::filesystem::path& path) {
+  const std::u8string text = path.u8string();
+  return std::string(text.begin(), text.end());
+}
+
 std::filesystem::path FullSystemPath(const std::filesystem::path& path) {
   std::error_code failure;
   std::filesystem::path full = std::filesystem::absolute(path, failure);

@@ -25,6 +25,9 @@ std::string_view RootOf(std::string_view path);
 std::filesystem::path ToSystemPath(std::string_view path);
 std::string ToDiskPath(const std::filesystem::path& path);
 
+/// The path as people write it on this system, in UTF-8.
+std::string ShownPath(const std::filesystem::path& path);
+
 /// The path in full, which holds when the process changes its own folder; the empty path stays
 /// empty.
 std::filesystem::path FullSystemPath(const std::filesystem::path& path);

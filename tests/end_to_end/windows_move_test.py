@@ -1,0 +1,180 @@
+#!/usr/bin/env python3
+"""Moves playlists and songs with the program for Windows under Wine: between PCs by way of a stick,
+from an old PC's disk, and between folders. What comes is read by readers that share nothing with
+the program, and songs are compared by their content."""
+
+import argparse
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+from native_playlists import PLAYER_FOLDERS, find_on_machine, read_native
+from windows_machine import Machine
+
+OPTIONS = None
+OMEGA = "\u03a9 \u97f3\u697d"  # in no 8-bit page of Europe
+LISTS = "C:\\My Documents\\Norvo Media\\PlayLists\\"
+MUSIC = "C:\\Users\\Ann\\Music\\"
+SONGS = {f"{MUSIC}One.mp3": 1, f"{MUSIC}Deep\\Zo\u00eb.mp3": 2, f"{MUSIC}{OMEGA}.mp3": 3}
+MIX = f"{MUSIC}Mix.m3u8"
+
+
+def song(number):
+    return b"ID3\3\0\0\0\0\0\0" + b"\xff\xfb\x90\0" + bytes(413) + b"song %d" % number
+
+
+def mix():
+    """Every song by a full path, and one by a relative one."""
+    return "".join(line + "\r\n" for line in ["#EXTM3U", *SONGS, "One.mp3"]).encode("utf-8-sig")
+
+
+CONTENTS = [song(number) for number in [*SONGS.values(), 1]]
+
+
+def fill(write):
+    for path, number in SONGS.items():
+        write(path, song(number))
+    write(MIX, mix())
+
+
+class WindowsMoveTest(unittest.TestCase):
+    def setUp(self):
+        self.stick = Path(tempfile.mkdtemp(prefix="norvo-stick-"))
+        self.addCleanup(shutil.rmtree, self.stick)
+
+    def pc(self):
+        machine = Machine(OPTIONS.program, self.stick)
+        self.addCleanup(machine.end)
+        machine.start()
+        return machine
+
+    def run_on(self, machine, code, *words):
+        found, out, err = machine.run_program(*words)
+        self.assertEqual(found, code, out + err)
+        return out + err
+
+    def write_on(self, disk):
+        """Writes to a folder that is the drive of a machine."""
+        def write(path, content):
+            place = disk.joinpath(*path[3:].split("\\"))
+            place.parent.mkdir(parents=True, exist_ok=True)
+            place.write_bytes(content)
+        return write
+
+    def check(self, drive, lists="My Documents/Norvo Media/PlayLists"):
+        """The lists on the drive of a new machine lead to the songs, in order."""
+        folder = drive / lists
+        for player, ending in PLAYER_FOLDERS.items():
+            files = sorted(path.name for path in (folder / player).iterdir())
+            self.assertEqual(files, ["Mix" + ending], player)
+            self.lead_to_songs(drive, read_native(player, (folder / player / files[0]).read_bytes()))
+        modern = (folder / "Modern Players" / "Mix.m3u8").read_text(encoding="utf-8-sig")
+        self.lead_to_songs(drive, [line for line in modern.splitlines()
+                                   if line and not line.startswith("#")])
+
+    def lead_to_songs(self, drive, references):
+        with tempfile.TemporaryDirectory() as machine:
+            (Path(machine) / "machine.ini").write_text(f"[Drives]\nC=fixed,{drive}\n")
+            found = [find_on_machine(machine, reference) for reference in references]
+        self.assertEqual([place and place.read_bytes() for place in found], CONTENTS, references)
+
+    # ------------------------------------------------------------------- by way of a stick ----
+
+    def test_from_one_pc_to_another_by_way_of_a_stick(self):
+        old = self.pc()
+        fill(old.write)
+        before = old.snapshot()
+        self.run_on(old, 0, "migrate", "--to", "E:\\Move")
+        self.assertEqual(old.snapshot(), before)
+        self.check(self.stick / "Move" / "C")
+        # Once more, with the stick as part of what is searched: nothing is new.
+        self.run_on(old, 0, "migrate", "--to", "E:\\Move")
+        self.check(self.stick / "Move" / "C")
+        self.assertEqual(old.snapshot(), before)
+
+        new = self.pc()
+        (self.stick / "Move").rename(self.stick / "Moved")
+        self.run_on(new, 0, "migrate", "--from", "E:\\Moved")
+        self.check(new.drive)
+        lists = new.wine("reg", "query", r"HKLM\SOFTWARE\Norvo\Migration\KVS", "/v", "mode")
+        self.assertIn("0x1", lists.stdout.decode("utf-8"))
+        after = new.snapshot()
+        self.assertIn("1 of them moved before", self.run_on(new, 0, "migrate", "--from", "E:\\Moved"))
+        self.assertEqual({path for path in new.snapshot() if path not in after}, set())
+        self.run_on(new, 0, "verify")
+
+    def test_a_dry_run_writes_nothing_on_this_pc(self):
+        fill(self.write_on(self.stick / "Move" / "C"))
+        new = self.pc()
+        before = new.snapshot()
+        self.assertIn("A trial", self.run_on(new, 0, "migrate", "--from", "E:\\Move", "--dry-run"))
+        self.assertEqual(new.snapshot(), before)
+
+    # ------------------------------------------------------------------------ an old disk ----
+
+    def test_from_the_disk_of_an_old_pc(self):
+        fill(self.write_on(self.stick))
+        (self.stick / "Windows").mkdir()
+        new = self.pc()
+        before = {path: path.read_bytes() for path in self.stick.rglob("*") if path.is_file()}
+        self.assertIn("C: = E:\\ (Windows found)",
+                      self.run_on(new, 0, "migrate", "--from", "E:\\"))
+        self.check(new.drive)
+        self.assertEqual({path: path.read_bytes() for path in self.stick.rglob("*")
+                          if path.is_file()}, before)
+
+    # ---------------------------------------------------------------------------- folders ----
+
+    def test_from_folder_to_folder(self):
+        fill(self.write_on(self.stick / "old" / "C"))
+        machine = self.pc()
+        self.run_on(machine, 0, "migrate", "--from", "E:\\old", "--to", f"E:\\{OMEGA}")
+        self.check(self.stick / OMEGA / "C")
+        self.run_on(machine, 0, "verify", "--machine", f"E:\\{OMEGA}")
+        out = self.run_on(machine, 0, "show", "--machine", f"E:\\{OMEGA}",
+                          LISTS + "WinAmp\\Mix.m3u")
+        self.assertIn("Entries kept: 4", out)
+
+    def test_a_folder_goes_from_one_system_to_the_other_and_back(self):
+        if not OPTIONS.other_program or not OPTIONS.other_program.exists():
+            self.skipTest("the program for this system is not built")
+        fill(self.write_on(self.stick / "old" / "C"))
+        machine = self.pc()
+        self.run_on(machine, 0, "migrate", "--from", "E:\\old", "--to", "E:\\second")
+        subprocess.run([OPTIONS.other_program, "migrate", "--quiet", "--from", "second", "--to",
+                        "third"], cwd=self.stick, check=True)
+        self.check(self.stick / "third" / "C")
+        self.run_on(machine, 0, "migrate", "--from", "E:\\third", "--to", "E:\\fourth")
+        self.check(self.stick / "fourth" / "C")
+
+    # --------------------------------------------------------------------------- mistakes ----
+
+    def test_what_this_pc_does_not_take_is_refused(self):
+        machine = self.pc()
+        fill(self.write_on(self.stick))
+        before = sorted(self.stick.rglob("*"))
+        for words, text in ((("--to", "E:\\Move", "--work", "E:\\w"), "Leave --work out"),
+                            (("--from", "E:\\", "--user", "Ann"), "Leave --to-drive, --user"),
+                            (("--from", "E:\\gone"), "E:\\gone is no folder"),
+                            (("--to", "E:\\Move", "--link"), "--link writes to the old disk"),
+                            ((), "Both machines would be this PC")):
+            with self.subTest(words):
+                self.assertIn(text, self.run_on(machine, 2, "migrate", *words))
+        self.assertEqual(sorted(self.stick.rglob("*")), before)
+
+
+def main():
+    global OPTIONS
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--program", required=True)
+    parser.add_argument("--other-program", help="the one for this system")
+    OPTIONS, rest = parser.parse_known_args()
+    OPTIONS.other_program = OPTIONS.other_program and Path(OPTIONS.other_program).resolve()
+    unittest.main(argv=["windows_move_test", *rest])
+
+
+if __name__ == "__main__":
+    main()
