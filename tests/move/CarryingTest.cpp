@@ -354,7 +354,7 @@ TEST_F(CarryingTest, AMovedMachineCanBeMovedOn) {
     EXPECT_EQ(moved.at("exitCode"), 0) << moved.at("leftOut").dump(1);
     EXPECT_EQ(moved.at("playlists").size(), 10u);  // two of every player and of those of today
     for (const auto& playlist : moved.at("playlists")) {
-      const bool isOne = playlist.at("source").get<std::string>().ends_with(".m3u8");
+      const bool isOne = playlist.at("path").get<std::string>().ends_with(".m3u8");
       EXPECT_EQ(playlist.at("outcome"), isOne ? outcome : "skipped") << playlist.dump(1);
     }
     EXPECT_EQ(moved.at("media").size(), 3u);
