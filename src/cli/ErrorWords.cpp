@@ -113,7 +113,7 @@ std::string FolderText(const MoveError& error) {
     case MoveFault::FoldersOverlap:
       return subject + " and " + detail + " lie in each other. Name folders that stand apart.";
     case MoveFault::DriveLetterUnusable:
-      return subject + " is no drive. Name a letter from C to Z, such as D, with --to-drive.";
+      return subject + " is no drive. Name a letter from C to Z, such as D.";
     case MoveFault::DriveTold:
       return subject + " has a machine.ini, which tells its drives. Leave --to-drive " + detail +
              " out, or correct machine.ini.";
@@ -132,6 +132,14 @@ std::string FolderText(const MoveError& error) {
     case MoveFault::FolderWishes:
       return "This PC has its own drives and documents folder. Leave --to-drive, --user and "
              "--documents out, or name a folder with --to.";
+    case MoveFault::DrivesTold:
+      return "The old machine tells its own drives. Leave --drive out, or name a disk with --from.";
+    case MoveFault::DriveTwice:
+      return "The old machine would have two drives " + subject +
+             ". Its disk is drive C; name another letter with --drive.";
+    case MoveFault::NoDriveFolder:
+      return subject + " is no folder. Name that of drive " + detail + " with --drive " + detail +
+             "=DIR.";
     default:
       return {};
   }

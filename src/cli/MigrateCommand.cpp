@@ -23,6 +23,7 @@ namespace {
 constexpr HelpText kHelp = {R"(Examples:
   norvo-playlists migrate --from /mnt/old-pc --to /mnt/new-pc
   norvo-playlists migrate --from /mnt/old-disk --to /mnt/new-disk --user Ann
+  norvo-playlists migrate --from /mnt/old-disk --drive D=/mnt/old-d --to ~/new-pc
   norvo-playlists migrate --from /mnt/old-disk --to ~/new-pc --work ~/old-pc-data
   norvo-playlists migrate --from /mnt/old-pc --to /mnt/new-pc --dry-run
 
@@ -43,6 +44,7 @@ machine leads to.)",
   norvo-playlists migrate --to E:\Move             on the old PC, with a USB disk
   norvo-playlists migrate --from E:\Move           on the new PC, with the same disk
   norvo-playlists migrate --from E:\               on the new PC, with the disk of the old one
+  norvo-playlists migrate --from E:\ --drive D=F:\  the same, with its second disk
   norvo-playlists migrate --from E:\Move --dry-run
 
 Without --from the old machine is this PC, without --to the new one is. To a PC that lists are taken
@@ -104,8 +106,9 @@ void TellOpened(const OpenedFolders& opened, Console& console) {
 /// What is left to be done on the new PC: its registry lacks what stands in the registry's file. Of
 /// a disk these are the program's own settings at least; in a machine's folder only those of
 /// players are of use elsewhere. (One player has its settings in a file of its own, which is moved
-/// along.)
+/// along.) This PC has its registry.
 void SayNextStep(const MoveResult& move, const RegistryPlace& registry, Console& console) {
+  if (registry.file.empty()) return;
   const bool inRegistry =
       std::any_of(move.settings.begin(), move.settings.end(),
                   [](const PlayerSetting& setting) { return !HasDrive(setting.place); });
@@ -115,6 +118,15 @@ void SayNextStep(const MoveResult& move, const RegistryPlace& registry, Console&
   if (!isOnDrive) console.Say("Next: take " + ShownPath(registry.file) + " to the new PC.");
   console.Say((isOnDrive ? "Next: on" : "On") + std::string(" the new PC, double-click ") + file +
               ", or run: reg import " + file);
+}
+
+/// Of "D=DIR".
+NamedDrive DriveOf(const std::string& text) {
+  const std::size_t at = text.find('=');
+  if (at == std::string::npos || at + 1 == text.size()) {
+    throw CommandError("--drive " + text + ": name a letter and a folder, such as D=DIR.");
+  }
+  return {text.substr(0, at), ToSystemPath(text.substr(at + 1))};
 }
 
 class MigrateCommand final : public Command {
@@ -129,6 +141,9 @@ class MigrateCommand final : public Command {
                               "The new machine, or its disk"};
     AddFolderOption(*app, "--from", from_, from[isRequired])->required(isRequired);
     AddFolderOption(*app, "--to", to_, to[isRequired])->required(isRequired);
+    app->add_option("--drive", drives_, "One more disk of the old machine, such as D=DIR")
+        ->type_name("LETTER=DIR")
+        ->allow_extra_args(false);
     AddPlaceOptions(*app);
     AddFolderOption(*app, "--work", work_, "Keeps what is written for the old machine");
     AddMediaOptions(*app);
@@ -166,6 +181,7 @@ class MigrateCommand final : public Command {
                      MoveObserver* readingAhead) const {
     FolderMove folders;
     folders.from = ToSystemPath(from_);
+    for (const std::string& drive : drives_) folders.fromDrives.push_back(DriveOf(drive));
     folders.to = ToSystemPath(to_);
     folders.toDrive = toDrive_;
     folders.user = user_;
@@ -214,6 +230,7 @@ class MigrateCommand final : public Command {
   }
 
   std::string from_;
+  std::vector<std::string> drives_;
   std::string to_;
   std::string toDrive_;
   std::string user_;

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "machines/LockWishes.h"
 #include "machines/TakenFolder.h"
@@ -27,6 +28,12 @@ struct RegistryPlace {
   std::string machinePath;
 };
 
+/// One more drive of an old machine whose disk is named.
+struct NamedDrive {
+  std::string letter;            ///< from C to Z: "D", "d" or "D:"
+  std::filesystem::path folder;  ///< such as where its second disk is mounted
+};
+
 /// What the folders of a move were taken as.
 struct OpenedFolders {
   TakenFolder from;        ///< the old machine's
@@ -42,7 +49,9 @@ struct FolderMove {
   /// see TakeFolder for the rule. Nothing is written to a folder that is no machine. Empty on
   /// Windows: this PC, to which nothing is written either.
   std::filesystem::path from;
-  /// The same; one that is empty or missing is made a machine. On a disk nothing is made but what
+  /// Its other drives, where `from` is a disk: a machine in a folder tells its own.
+  std::vector<NamedDrive> fromDrives;
+  /// As `from`; one that is empty or missing is made a machine. On a disk nothing is made but what
   /// the product puts there: its own folder, which takes the registry's file, songs and lists.
   /// Empty on Windows: this PC.
   std::filesystem::path to;

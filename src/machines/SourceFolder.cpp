@@ -35,19 +35,31 @@ String PathOnPc(const fs::path& folder) {
   return path;
 }
 
-/// The drives that are read, by a machine's own description or as one disk.
-std::vector<HostedDrive> DrivesOf(const TakenFolder& from) {
+bool HasDrive(const std::vector<HostedDrive>& drives, char16_t letter) {
+  return std::any_of(drives.begin(), drives.end(),
+                     [letter](const HostedDrive& drive) { return drive.letter == letter; });
+}
+
+/// The drives that are read, by a machine's own description or as disks.
+std::vector<HostedDrive> DrivesOf(const TakenFolder& from, const std::vector<NamedDrive>& others) {
   if (from.IsMachine()) return ReadLayout(from.folder).drives;
-  return {{u'C', DriveType::Fixed, from.folder}};
+  std::vector<HostedDrive> drives{{u'C', DriveType::Fixed, from.folder}};
+  for (const NamedDrive& other : others) {
+    const char16_t letter = DriveLetterOf(other.letter);
+    if (HasDrive(drives, letter)) throw MoveError(MoveFault::DriveTwice, other.letter);
+    std::error_code ignored;
+    if (!fs::is_directory(other.folder, ignored)) {
+      throw MoveError(MoveFault::NoDriveFolder, ShownPath(other.folder), other.letter);
+    }
+    drives.push_back({letter, DriveType::Fixed, other.folder});
+  }
+  return drives;
 }
 
 /// A letter that no drive has; nothing when all are taken.
 std::optional<char16_t> FreeLetter(const std::vector<HostedDrive>& drives) {
   for (char16_t letter = u'Z'; letter >= u'C'; --letter) {
-    const bool taken =
-        std::any_of(drives.begin(), drives.end(),
-                    [letter](const HostedDrive& drive) { return drive.letter == letter; });
-    if (!taken) return letter;
+    if (!HasDrive(drives, letter)) return letter;
   }
   return std::nullopt;
 }
@@ -83,6 +95,8 @@ void MakeWork(const fs::path& work, char16_t own) {
 SourceFolder::SourceFolder(const FolderMove& folders)
     : taken_(folders.IsFromThisPc() ? TakeThisPc() : TakeSource(folders.from)),
       readOnly_(!folders.work.empty() || !taken_.IsMachine()) {
+  const bool hasOwnDrives = folders.IsFromThisPc() || taken_.IsMachine();
+  if (hasOwnDrives && !folders.fromDrives.empty()) throw MoveError(MoveFault::DrivesTold);
   if (folders.IsFromThisPc()) {
     OpenPc(folders);
   } else if (readOnly_) {
@@ -109,7 +123,7 @@ void SourceFolder::Spare(const FolderMove& folders) {
   if (folders.work.empty()) temporary_ = std::make_unique<TemporaryFolder>();
   const fs::path folder = folders.work.empty() ? temporary_->Path() : folders.work;
   HostedLayout layout;
-  layout.drives = DrivesOf(taken_);
+  layout.drives = DrivesOf(taken_, folders.fromDrives);
   const std::optional<char16_t> letter = FreeLetter(layout.drives);
   if (!letter) throw MoveError(MoveFault::NoFreeLetter, ShownPath(folders.from));
   MakeWork(folder, *letter);

@@ -42,7 +42,15 @@ class FilesWithout final : public FileSystem {
   void MakeDurable(std::span<const String> paths) override { files_.MakeDurable(paths); }
   String AbsolutePathName(StringView path) override { return files_.AbsolutePathName(path); }
   DriveType TypeOfDrive(StringView path) override { return files_.TypeOfDrive(path); }
-  std::vector<Drive> Drives() override { return files_.Drives(); }
+  /// A root that is hidden takes its drive along.
+  std::vector<Drive> Drives() override {
+    std::vector<Drive> drives = files_.Drives();
+    const bool isRoot = !parent_.empty() && name_.empty();
+    std::erase_if(drives, [&](const Drive& drive) {
+      return isRoot && ToUpper(parent_.front()) == drive.letter;
+    });
+    return drives;
+  }
   String FileVersion(StringView path) override { return files_.FileVersion(path); }
   String SystemFolder() override { return files_.SystemFolder(); }
   Date LocalDate(FileTime time) override { return files_.LocalDate(time); }

@@ -50,15 +50,8 @@ bool HoldsNothing(const fs::path& folder) {
                                [](const FolderName& each) { return IsBesideDrives(each.name); });
 }
 
-char16_t LetterOf(const std::string& drive) {
-  const bool one = drive.size() == 1 || (drive.size() == 2 && drive[1] == ':');
-  const char16_t letter = one ? ToUpper(static_cast<unsigned char>(drive[0])) : u'\0';
-  if (letter < u'C' || letter > u'Z') throw MoveError(MoveFault::DriveLetterUnusable, drive);
-  return letter;
-}
-
 TakenFolder AsDrive(const fs::path& folder, const std::string& drive) {
-  TakenFolder taken{folder, TakenFolder::Kind::NamedDrive, LetterOf(drive), folder, {}};
+  TakenFolder taken{folder, TakenFolder::Kind::NamedDrive, DriveLetterOf(drive), folder, {}};
   if (HasMachineSettings(folder)) throw MoveError(MoveFault::DriveTold, ShownPath(folder), drive);
   return taken;
 }
@@ -72,6 +65,13 @@ TakenFolder AsMachine(const fs::path& folder) {
 }
 
 }  // namespace
+
+char16_t DriveLetterOf(const std::string& drive) {
+  const bool one = drive.size() == 1 || (drive.size() == 2 && drive[1] == ':');
+  const char16_t letter = one ? ToUpper(static_cast<unsigned char>(drive[0])) : u'\0';
+  if (letter < u'C' || letter > u'Z') throw MoveError(MoveFault::DriveLetterUnusable, drive);
+  return letter;
+}
 
 TakenFolder TakeFolder(const fs::path& folder, const std::string& drive) {
   using Kind = TakenFolder::Kind;

@@ -38,6 +38,9 @@ inline TakenFolder TakeThisPc() {
   return {{}, TakenFolder::Kind::ThisPc, u'C', {}, {}};
 }
 
+/// The letter that "D", "d" or "D:" names. MoveError for what is no letter from C to Z.
+char16_t DriveLetterOf(const std::string& drive);
+
 /// The one rule for every folder that is named as a machine. A disk is drive C, unless `drive` says
 /// otherwise: "D", "d" or "D:"; then the folder is that drive whatever it holds. MoveError when
 /// `drive` is no letter from C to Z, when a machine.ini tells otherwise, or when the folder cannot

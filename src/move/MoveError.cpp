@@ -82,6 +82,12 @@ const char* StatementOf(MoveFault fault) {
       return "nothing is written for this PC, and no work folder is needed";
     case MoveFault::FolderWishes:
       return "this PC has its own drives and documents, and none can be wished for";
+    case MoveFault::DrivesTold:
+      return "the old machine tells its drives, and none can be added";
+    case MoveFault::DriveTwice:
+      return "would be the letter of two drives";
+    case MoveFault::NoDriveFolder:
+      return "is no folder, and cannot be a drive";
   }
   return "";
 }

@@ -48,7 +48,10 @@ enum class MoveFault {
   NoTemporaryFolder,  ///< subject: the folder that takes none
   OneMachine,         ///< both machines would be this PC
   WorkUnneeded,       ///< a work folder for this PC, to which nothing is written
-  FolderWishes        ///< this PC has its drives and users; none can be wished for
+  FolderWishes,       ///< this PC has its drives and users; none can be wished for
+  DrivesTold,         ///< the old machine tells its drives; none can be added
+  DriveTwice,         ///< subject: a letter that two drives of the old machine would have
+  NoDriveFolder       ///< subject: what should be the folder of a drive; detail: the letter
 };
 
 /// Ends a call. `what()` is a sentence about it in English, in UTF-8.

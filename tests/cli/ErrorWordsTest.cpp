@@ -97,7 +97,7 @@ const Row kRows[] = {
     {MoveFault::FoldersOverlap, "--from", "--to",
      "--from and --to lie in each other. Name folders that stand apart."},
     {MoveFault::DriveLetterUnusable, "DD", "",
-     "DD is no drive. Name a letter from C to Z, such as D, with --to-drive."},
+     "DD is no drive. Name a letter from C to Z, such as D."},
     {MoveFault::DriveTold, "new", "D",
      "new has a machine.ini, which tells its drives. Leave --to-drive D out, or correct "
      "machine.ini."},
@@ -130,6 +130,13 @@ const Row kRows[] = {
     {MoveFault::FolderWishes, "", "",
      "This PC has its own drives and documents folder. Leave --to-drive, --user and --documents "
      "out, or name a folder with --to."},
+    {MoveFault::DrivesTold, "", "",
+     "The old machine tells its own drives. Leave --drive out, or name a disk with --from."},
+    {MoveFault::DriveTwice, "C", "",
+     "The old machine would have two drives C. Its disk is drive C; name another letter with "
+     "--drive."},
+    {MoveFault::NoDriveFolder, "/mnt/x", "D",
+     "/mnt/x is no folder. Name that of drive D with --drive D=DIR."},
 };
 
 TEST(ErrorWords, EachFaultSaysWhatIsWrongAndWhatToDo) {
@@ -139,7 +146,7 @@ TEST(ErrorWords, EachFaultSaysWhatIsWrongAndWhatToDo) {
 }
 
 TEST(ErrorWords, NoFaultIsForgottenHere) {
-  for (int fault = 0; fault <= static_cast<int>(MoveFault::FolderWishes); ++fault) {
+  for (int fault = 0; fault <= static_cast<int>(MoveFault::NoDriveFolder); ++fault) {
     const bool found = std::any_of(std::begin(kRows), std::end(kRows), [fault](const Row& row) {
       return static_cast<int>(row.fault) == fault;
     });

@@ -101,7 +101,7 @@ TEST_F(MigrateDiskTest, AnyFolderCanBeAnotherDriveOfTheNewMachine) {
 
 TEST_F(MigrateDiskTest, ADriveThatCannotBeIsRefused) {
   ExpectRefused(Migrate({"--to-drive", "1"}),
-                "1 is no drive. Name a letter from C to Z, such as D, with --to-drive.");
+                "1 is no drive. Name a letter from C to Z, such as D.");
   WriteFile(On("machine.ini"), "[Drives]\r\nC=fixed\r\n");
   ExpectRefused(Migrate({"--to-drive", "D"}),
                 New() +

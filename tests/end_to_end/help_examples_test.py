@@ -56,6 +56,7 @@ class HelpExamplesTest(unittest.TestCase):
         (mnt / "old-pc" / "D").mkdir()
         put_music(mnt / "old-disk")
         (mnt / "old-disk" / "WINDOWS").mkdir()
+        put_music(mnt / "old-d")
         put_music(mnt / "new-disk")
         for folder in ("Windows", "Users/Ann/Documents"):
             (mnt / "new-disk" / folder).mkdir(parents=True)

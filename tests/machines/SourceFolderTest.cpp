@@ -38,6 +38,50 @@ TEST_F(SourceFolderTest, DrivesAloneAreAMachineAlsoBesideWhatAStoppedRunHasLeft)
   EXPECT_TRUE(fs::exists(OldPlace(kRoot + R"(KVs\Mix.ini)")));
 }
 
+TEST_F(SourceFolderTest, ADiskMayHaveMoreDrives) {
+  const fs::path second = Root() / "second";
+  WriteFile(fs::path(Old()) / "Mix.m3u", M3u({R"(D:\Music\Song.mp3)"}));
+  WriteFile(second / "Music" / "Song.mp3", "song");
+  WriteFile(second / "Other.m3u", M3u({R"(D:\Music\Song.mp3)"}));
+  const auto before = Snapshot(second.string());
+  EXPECT_EQ(
+      RunProgram({"migrate", "--from", Old(), "--drive", "d=" + second.string(), "--to", New()})
+          .code,
+      0);
+  EXPECT_EQ(Snapshot(second.string()), before);
+  EXPECT_EQ(ReadFile(NewPlace(kRoot + R"(Music\Song.mp3)")), "song");
+  for (const char* const list : {"Mix.m3u", "Other.m3u"}) {
+    EXPECT_TRUE(fs::exists(NewPlace(kRoot + R"(PlayLists\WinAmp\)" + list)));
+  }
+}
+
+TEST_F(SourceFolderTest, ADriveThatIsNamedWronglyIsRefused) {
+  fs::create_directories(Old() + "/Music");
+  const auto refusal = [this](const std::string& drive) {
+    const Outcome outcome =
+        RunProgram({"migrate", "--from", Old(), "--drive", drive, "--to", New()});
+    EXPECT_EQ(outcome.code, 2) << drive;
+    return outcome.err;
+  };
+  const std::string start = "norvo-playlists: ";
+  EXPECT_EQ(refusal("D"), start + "--drive D: name a letter and a folder, such as D=DIR.\n");
+  EXPECT_EQ(refusal("D="), start + "--drive D=: name a letter and a folder, such as D=DIR.\n");
+  const std::string gone = (Root() / "gone").string();
+  EXPECT_EQ(refusal("1=" + gone), start + "1 is no drive. Name a letter from C to Z, such as D.\n");
+  EXPECT_EQ(refusal("C=" + Root().string() + "/old-2"),
+            start +
+                "The old machine would have two drives C. Its disk is drive C; name another "
+                "letter with --drive.\n");
+  EXPECT_EQ(refusal("D=" + gone),
+            start + gone + " is no folder. Name that of drive D with --drive D=DIR.\n");
+  EXPECT_TRUE(Holds(refusal("D=" + New()), "lie in each other"));
+  WriteFile(fs::path(Old()) / "machine.ini", "[Drives]\r\nC=fixed\r\n");
+  EXPECT_EQ(refusal("D=" + (Root() / "x").string()),
+            start +
+                "The old machine tells its own drives. Leave --drive out, or name a disk with "
+                "--from.\n");
+}
+
 /// What a folder is made for the move.
 class SourceMachineTest : public MachineFoldersTest {
  protected:

@@ -54,6 +54,18 @@ TEST_F(SparedMachineTest, ShowsTheMachineWithoutTheHiddenFolder) {
   }
 }
 
+TEST_F(SparedMachineTest, TheRootOfADriveMayBeHidden) {
+  for (const StringView root : {u"D:\\", u"d:\\"}) {
+    machine->AddDrive(u'D', DriveType::Fixed);
+    machine->AddFile(u"D:\\Mix.m3u", "moved");
+    const auto spared = Spare(root);
+    Found found;
+    spared->Scanner()->Scan(std::vector<StringView>{u".m3u"}, found);
+    EXPECT_EQ(found.files, (Lines{"C:\\Move\\C|Mix.m3u", "C:\\Music|Mix.m3u"})) << Utf8(root);
+    EXPECT_TRUE(spared->Files().FileExists(u"D:\\Mix.m3u"));
+  }
+}
+
 TEST_F(SparedMachineTest, WithoutAFolderToHideItShowsAll) {
   EXPECT_EQ(Names(*Spare({}), u"C:\\"), (Lines{"Move", "Music"}));
 }

@@ -153,7 +153,7 @@ TEST_F(MoveErrorTest, ItSaysWhatIsWrongInEnglish) {
                "one lies in, or around, two");
   EXPECT_STREQ(MoveError(MoveFault::FileNotWritten, "C:\\a.ini", "Disk full").what(),
                "C:\\a.ini cannot be written: Disk full");
-  for (int fault = 0; fault <= static_cast<int>(MoveFault::FolderWishes); ++fault) {
+  for (int fault = 0; fault <= static_cast<int>(MoveFault::NoDriveFolder); ++fault) {
     EXPECT_STRNE(MoveError(static_cast<MoveFault>(fault)).what(), "") << fault;
   }
 }
