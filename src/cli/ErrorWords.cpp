@@ -43,8 +43,7 @@ std::string SettingsText(const MoveError& error) {
       return MissingSettings("the machine's role (mode) and the group root (SubGroupRootName)");
     case MoveFault::RoleTakesNoPart:
       return "The machine's role (mode) is 3: it is neither source nor destination, and nothing "
-             "can "
-             "be listed. Set mode to 0 in " +
+             "can be listed. Set mode to 0 in " +
              std::string(Words().registry) + ".";
     default:
       return {};
@@ -108,8 +107,7 @@ std::string FolderText(const MoveError& error) {
              ". Try again when that is done, or let this run wait for it with --wait.";
     case MoveFault::LinkWritesToSource:
       return "--link writes to the old disk, which counts the links of a file. Use --copy, or name "
-             "a "
-             "machine folder with --from and leave --work out.";
+             "a machine folder with --from and leave --work out.";
     case MoveFault::FoldersOverlap:
       return subject + " and " + detail + " lie in each other. Name folders that stand apart.";
     case MoveFault::DriveLetterUnusable:
@@ -122,7 +120,7 @@ std::string FolderText(const MoveError& error) {
              ", and nothing is written elsewhere. Take the link away.";
     case MoveFault::NoTemporaryFolder:
       return "No folder can be made in " + subject +
-             ". Set TMPDIR to a folder that can be written.";
+             ". Set TMPDIR, on Windows TMP, to a folder that can be written.";
     case MoveFault::OneMachine:
       return "Both machines would be this PC. Name the other one's folder, or its disk, with "
              "--from "

@@ -12,6 +12,7 @@
 #include "machines/FolderLayout.h"
 #include "machines/MachineFolder.h"
 #include "machines/MachineLock.h"
+#include "machines/ThisPc.h"
 #include "move/ProductSettings.h"
 #include "platform/files/DiskPath.h"
 #include "platform/hosted/DiskName.h"
@@ -31,6 +32,14 @@ struct FolderFacts {
   LockWishes lock;
 };
 
+/// A path that looks like one of a machine. On Windows those of this system look the same: one that
+/// leads into the machine's folder is meant as such.
+String PathOfMachine(const HostedPlatform& machine, const std::string& path) {
+  std::optional<String> inside;
+  if (IsThisPcAMachine()) inside = PathOnMachine(machine.DriveFolders(), ToSystemPath(path));
+  return inside ? *inside : FromUtf8Lossy(path);
+}
+
 /// A machine that is held in a folder.
 class FolderMachine final : public NamedMachine {
  public:
@@ -43,7 +52,7 @@ class FolderMachine final : public NamedMachine {
   HostedPlatform& Hosted() { return *platform_; }
   std::shared_ptr<norvo::Platform> Platform() override { return platform_; }
   String MachinePathOf(const std::string& named) const override {
-    if (IsMachinePath(named)) return FromUtf8Lossy(named);
+    if (IsMachinePath(named)) return PathOfMachine(*platform_, named);
     const std::optional<String> inside =
         PathOnMachine(platform_->DriveFolders(), ToSystemPath(named));
     if (!inside) {
@@ -124,7 +133,7 @@ fs::path ExistingFile(const std::string& path) {
 }
 
 String PathInside(const HostedPlatform& machine, const fs::path& folder, const std::string& path) {
-  if (IsMachinePath(path)) return FromUtf8Lossy(path);
+  if (IsMachinePath(path)) return PathOfMachine(machine, path);
   const std::optional<String> inside = PathOnMachine(machine.DriveFolders(), ExistingFile(path));
   if (inside) return *inside;
   throw CommandError(path + " lies in no drive of the machine " + ShownPath(folder) +

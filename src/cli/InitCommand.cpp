@@ -29,6 +29,9 @@ Writes only what is missing: settings that are there stay as they are. They stan
 below HKEY_LOCAL_MACHINE\SOFTWARE\Norvo, which an administrator may write. A group root on
 another drive than C takes the product's folder, with the debug log, along to that drive.)"};
 
+constexpr HelpText kGroupRootHelp = {R"(Default: C:\My Documents\Norvo Media\)",
+                                     "Default: Norvo Media in the documents folder"};
+
 class InitCommand final : public Command {
  public:
   CLI::App* AddTo(CLI::App& program, CommonArguments& common) override {
@@ -38,8 +41,7 @@ class InitCommand final : public Command {
     app_->add_option("--role", role_, "What the machine is: source (the default) or destination")
         ->type_name("ROLE")
         ->check(CLI::IsMember({"source", "destination"}));
-    app_->add_option("--group-root", groupRoot_, R"(Default: C:\My Documents\Norvo Media\)")
-        ->type_name("PATH");
+    app_->add_option("--group-root", groupRoot_, kGroupRootHelp.Here())->type_name("PATH");
     app_->footer(kHelp.Here());
     return app_;
   }

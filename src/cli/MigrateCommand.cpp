@@ -30,7 +30,8 @@ constexpr HelpText kHelp = {R"(Examples:
 DIR of --from and --to is a machine folder, or any other, such as a mounted disk, which is then
 drive C; which one it was taken for is told. To a disk of --from nothing is written; what the product
 writes goes to a drive of its own in --work, or in a temporary folder. With --work this holds for a
-machine folder too. An empty or missing folder of --to is made a machine; --to-drive D makes any
+machine folder too. --drive D=DIR adds a second disk to that of an old PC. An empty or missing folder
+of --to is made a machine; --to-drive D makes any
 folder drive D of one. On a disk of --to the songs and lists go to Norvo Media in the documents
 folder of its user, and the registry to Norvo/registry.reg, which is to be imported on the new PC.
 
@@ -52,7 +53,8 @@ from nothing is written. DIR is a machine folder, as --to makes one, or any othe
 which is then drive C of a machine; which one it was taken for is told. To a disk of --from nothing
 is written either; what the product writes goes to a drive of its own in --work, or in a temporary
 folder. An empty or missing folder of --to is made a machine; --to-drive D makes any folder drive D
-of one. The songs and lists go to Norvo Media in the documents folder.
+of one. --drive D=DIR adds a second disk to that of an old PC. The songs and lists go to Norvo Media
+in the documents folder. A move to this PC writes settings that need an administrator.
 
 Run it again after an interruption, or later: what is there already stays, and playlists that were
 restored are not restored again. No song and no playlist that is there is ever overwritten.

@@ -3,11 +3,9 @@
 #include "cli/FolderMachine.h"
 #include "cli/ThisPcMachine.h"
 #include "machines/ThisPc.h"
-
 #include "text/Encoding.h"
 
 namespace norvo::cli {
-
 namespace {
 
 /// A playlist of this PC, at a path of it.

@@ -1,35 +1,35 @@
 #include "cli/PageFile.h"
 
-#include <filesystem>
-#include <system_error>
+#include <algorithm>
 #include <utility>
 
 #include "cli/Console.h"
 #include "platform/files/DiskPath.h"
 #include "platform/files/FailureText.h"
+#include "platform/files/RealFolder.h"
 #include "platform/files/TemporaryFile.h"
 #include "text/Encoding.h"
 
 namespace norvo::cli {
 namespace {
 
-namespace fs = std::filesystem;
-
 constexpr unsigned kEverybodyReadsAndWrites = 0666;
+
+bool IsShorter(std::string_view left, std::string_view right) {
+  return left.size() < right.size();
+}
 
 /// A link stays one; what it leads to is written.
 std::string TargetOf(const std::string& path) {
-  const fs::path full = FullSystemPath(ToSystemPath(path));
-  std::error_code failure;
-  const fs::path target = fs::weakly_canonical(full, failure);
-  return ToDiskPath(failure ? full : target);
+  return RealAsFarAsThere(FullSystemPath(ToSystemPath(path)).lexically_normal());
 }
 
 }  // namespace
 
 PageFile::PageFile(const std::string& path) : path_(TargetOf(path)), name_(LeafOf(path_)) {
-  const std::string parent(ParentOf(path_));
-  FileResult<SystemFile> folder = OpenRoot(parent.empty() ? "/" : parent);
+  const std::string_view parent = ParentOf(path_);
+  const std::string_view root = RootOf(path_);  // which "E:" without a separator is not
+  FileResult<SystemFile> folder = OpenRoot(std::string(std::max(parent, root, IsShorter)));
   if (!folder) FailOn(folder.Failure());
   folder_ = std::move(*folder);
   const FileResult<FileRecord> there = LookUp(folder_, name_);

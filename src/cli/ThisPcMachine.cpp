@@ -18,6 +18,10 @@ class ThisPcMachine final : public NamedMachine {
  public:
   ThisPcMachine(const CommonArguments& common, Console& console)
       : wishes_(LockWishesOf(common, console)) {
+    if (!common.user.empty()) {
+      throw CommandError("--user is for a machine that --machine names. Leave it out: this PC is " +
+                         std::string("that of its user."));
+    }
     pc_->SetMessageDialog(console);
   }
 

@@ -23,8 +23,8 @@ struct ListedFile {
 /// will do; time and memory are in proportion to their number. Error 7, which says why, for a file
 /// that would fill the memory all the same: of more than `kLargestPlaylist` bytes (an iTunes
 /// library of more than `kLargestText`), a title or a line of more than 4,194,304 characters, more
-/// than 800,000 tags, more lists than `kMostLists`, or, but for a library, more than 20,000,000
-/// characters of titles and paths.
+/// than 800,000 tags, more lists than `kMostLists`, or more than 20,000,000 characters of titles
+/// and paths in one list.
 std::optional<ListedFile> ReadListFile(StringView fileName, std::string bytes, const CodePage& page,
                                        std::size_t most = kMostListedItems);
 

@@ -43,7 +43,7 @@ struct OpenedFolders {
   std::shared_ptr<HostedPlatform> source;
 };
 
-/// A move between machines that are held in folders.
+/// A move between machines that are held in folders; on Windows one may be this PC.
 struct FolderMove {
   /// A machine folder, or any folder, such as a mounted disk, which is then drive C of a machine;
   /// see TakeFolder for the rule. Nothing is written to a folder that is no machine. Empty on

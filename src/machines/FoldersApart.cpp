@@ -5,11 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "library/Library.h"
 #include "machines/FolderLayout.h"
 #include "machines/FullPath.h"
 #include "machines/MachineFolder.h"
 #include "machines/TargetFolder.h"
 #include "move/MoveError.h"
+#include "move/ProductSettings.h"
 #include "platform/files/DiskPath.h"
 #include "text/Encoding.h"
 
@@ -54,12 +56,13 @@ std::vector<Part> ScannedParts(const FolderMove& folders) {
   return parts;
 }
 
-/// Of this PC only the documents, where all goes that has no place of its own.
+/// Of this PC the documents, where all goes that has no place of its own, and the group root.
 std::vector<Part> PartsOfPc(const FolderMove& folders) {
-  Platform& machine = *OpenThisPc()->Machine();
-  const String documents = machine.Shell().SpecialFolderPath(ShellFolders::kDocuments);
+  const std::shared_ptr<Platform> machine = OpenThisPc()->Machine();
+  const String documents = machine->Shell().SpecialFolderPath(ShellFolders::kDocuments);
+  const std::string kept = ToUtf8(ReadProductSettings(*OpenLibrary(machine)).groupRoot);
   std::vector<Part> parts;
-  for (const std::string& path : {ToUtf8(documents), folders.groupRoot}) {
+  for (const std::string& path : {ToUtf8(documents), kept.empty() ? folders.groupRoot : kept}) {
     if (!path.empty()) parts.push_back({path, ToSystemPath(path)});
   }
   return parts;

@@ -1,6 +1,9 @@
 #include "machines/MachineFolder.h"
 
+#include <algorithm>
 #include <cctype>
+#include <iterator>
+#include <optional>
 #include <string>
 #include <system_error>
 
@@ -10,6 +13,7 @@
 #include "platform/files/DiskPath.h"
 #include "platform/files/FailureText.h"
 #include "platform/files/FileError.h"
+#include "platform/hosted/DiskName.h"
 #include "services/IniDocument.h"
 #include "text/CodePage.h"
 #include "text/Encoding.h"
@@ -75,7 +79,12 @@ bool HasMachineSettings(const fs::path& folder) {
 }
 
 bool IsBesideDrives(std::string_view name) {
-  return name.front() == '.' || name == "registry.reg" || name == "machine.ini";
+  if (name.front() == '.' || name == "registry.reg" || name == "machine.ini") return true;
+  // What Windows puts at the top of every disk that it meets.
+  constexpr StringView kOfWindows[] = {u"System Volume Information", u"$RECYCLE.BIN", u"RECYCLER"};
+  const std::optional<String> text = FromDiskName(std::string(name));
+  return text && std::any_of(std::begin(kOfWindows), std::end(kOfWindows),
+                             [&](StringView each) { return EqualsIgnoreCase(each, *text); });
 }
 
 bool IsSurelyMachine(const fs::path& folder) {

@@ -8,8 +8,8 @@
 
 namespace norvo {
 
-/// Keeps all other runs of the library from a machine that is held in a folder, on this system and
-/// on others that lock files of the same disk, as long as it lives. Two runs that write to one
+/// Keeps all other runs of the library from a machine, on this system and on others that lock files
+/// of the same disk, as long as it lives. Two runs that write to one
 /// machine would each take away what the other has begun.
 class MachineLock {
  public:

@@ -137,9 +137,11 @@ void DropSecondPaths(std::vector<String>& media, SongIdentities& identities) {
 }
 
 /// The music that no playlist names: it comes along when all is wished for, else it is told of.
-void AddUnlisted(const Stock& stock, FileSystem& files, SongIdentities& identities, bool allMusic,
-                 MoveResult& move) {
+/// `otherNames` are further paths of songs that some playlist names.
+void AddUnlisted(const Stock& stock, const std::vector<String>& otherNames, FileSystem& files,
+                 SongIdentities& identities, bool allMusic, MoveResult& move) {
   std::unordered_set<String> listed;
+  for (const String& path : otherNames) listed.insert(Fold(path));
   std::unordered_set<std::string> met;
   for (const MovedSong& song : move.songs) {
     listed.insert(Fold(song.source));
@@ -193,7 +195,7 @@ void Gather(OldMachine& old, const MoveOptions& options, MediaPlacer& placer, Mo
   SongBook songs(library.Files(), identities, work.result.songs);
   Rescue(library, old.Settings(), stock, songs, work).Run(collected);
   DropUnused(work.result);
-  AddUnlisted(stock, library.Files(), identities, options.allMusic, work.result);
+  AddUnlisted(stock, work.otherNames, library.Files(), identities, options.allMusic, work.result);
   CompleteDetails(library, work);
 }
 
@@ -276,7 +278,7 @@ MoveResult MovePlaylists(const MoveMachines& machines, const MoveOptions& option
                          WorkObserver& observer) {
   MoveResult result;
   WorkReport report(observer, result.warnings);
-  MoveWork work{result, report, {}, {}, {}, {}, {}};
+  MoveWork work{result, report, {}, {}, {}, {}, {}, {}};
   result.texts = work.sections.SharedTexts();
   StreamPlacer streams(machines.from->Files(), machines.to->Files());
   StreamPlacer names(machines.to->Files(), machines.to->Files());

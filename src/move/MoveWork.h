@@ -47,6 +47,7 @@ struct MoveWork {
   std::vector<ToldDetails> tags;       ///< one for each of the result's songs
   std::vector<UnreadTags> unreadTags;  ///< in the order of the songs
   SeenLists newLists;                  ///< those that verifying has taken apart
+  std::vector<String> otherNames;      ///< of songs, by which only other forms of lists know them
 };
 
 /// Marks a playlist as left out.

@@ -102,8 +102,10 @@ std::optional<String> Rescue::ContentOf(const String& path) {
     if (file.lists.size() != 1 || file.isDamaged) return std::nullopt;
     String content;
     for (const FoundItem& found : file.lists.front().items) {
-      content += found.item.IsSong() ? FormatNumber(work_.result.songs[found.item.song].size)
-                                     : String(LastComponent(found.item.reference));
+      const bool isSong = found.item.IsSong();
+      const double size = isSong ? work_.result.songs[found.item.song].size : 0;
+      if (isSong && size == 0) return std::nullopt;  // which tells nothing
+      content += isSong ? FormatNumber(size) : String(LastComponent(found.item.reference));
       content += u'\n';
     }
     return content;
@@ -119,6 +121,8 @@ void Rescue::SkipOtherForms(std::vector<CollectedFile>& files) {
     if (file.stock.rule == Rule::None && file.stock.isRead) paths.push_back(file.stock.path);
   }
   const OtherForms forms(paths, [this](const String& path) { return ContentOf(path); });
+  // All songs that are known by now are those of the forms.
+  for (const MovedSong& song : work_.result.songs) work_.otherNames.push_back(song.source);
   for (CollectedFile& file : files) {
     if (forms.Contains(file.stock.path)) file.stock.rule = Rule::OtherForm;
   }

@@ -20,7 +20,8 @@ constexpr std::size_t kMostFiles = 2000;
 
 /// Every file of a batch stays open, and two batches are under way at a time.
 std::size_t MostFilesOfABatch() {
-  return std::clamp<std::size_t>(MostOpenFiles() / 4, 1, kMostFiles);
+  const std::size_t most = MostOpenFiles();
+  return most == 0 ? kMostFiles : std::clamp<std::size_t>(most / 4, 1, kMostFiles);
 }
 
 std::vector<FileFailure> FlushAndPutInPlace(std::span<PlaceBatch::File> files) {

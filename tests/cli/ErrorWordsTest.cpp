@@ -121,7 +121,7 @@ const Row kRows[] = {
      "--documents Q:\\Mine lies on drive Q:, which the new machine does not have. Name a path on "
      "one of its drives."},
     {MoveFault::NoTemporaryFolder, "/tmp", "",
-     "No folder can be made in /tmp. Set TMPDIR to a folder that can be written."},
+     "No folder can be made in /tmp. Set TMPDIR, on Windows TMP, to a folder that can be written."},
     {MoveFault::OneMachine, "", "",
      "Both machines would be this PC. Name the other one's folder, or its disk, with --from or "
      "--to."},

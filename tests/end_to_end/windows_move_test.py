@@ -137,6 +137,9 @@ class WindowsMoveTest(unittest.TestCase):
         out = self.run_on(machine, 0, "show", "--machine", f"E:\\{OMEGA}",
                           LISTS + "WinAmp\\Mix.m3u")
         self.assertIn("Entries kept: 4", out)
+        # A path of this system that leads into the machine is one of the machine.
+        path = f"E:\\{OMEGA}\\" + LISTS.replace(":", "", 1) + "WinAmp\\Mix.m3u"
+        self.assertIn("4 found", self.run_on(machine, 0, "verify", "--machine", f"E:\\{OMEGA}", path))
 
     def test_a_folder_goes_from_one_system_to_the_other_and_back(self):
         if not OPTIONS.other_program or not OPTIONS.other_program.exists():
@@ -159,6 +162,7 @@ class WindowsMoveTest(unittest.TestCase):
         for words, text in ((("--to", "E:\\Move", "--work", "E:\\w"), "Leave --work out"),
                             (("--from", "E:\\", "--user", "Ann"), "Leave --to-drive, --user"),
                             (("--from", "E:\\gone"), "E:\\gone is no folder"),
+                            (("--from", "E:\\Users", "--to", "e:\\USERS\\new"), "lie in each other"),
                             (("--to", "E:\\Move", "--link"), "--link writes to the old disk"),
                             ((), "Both machines would be this PC")):
             with self.subTest(words):

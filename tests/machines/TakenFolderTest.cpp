@@ -83,8 +83,11 @@ TEST_F(TakenFolderTest, WithoutContentsItIsNeither) {
   fs::create_directories(At("empty"));
   Put(At("settings/registry.reg"), "");
   Put(At("settings/.hidden"), "");
+  Put(At("stick/System Volume Information/x"), "");
+  fs::create_directories(At("stick/$Recycle.Bin"));
   Put(At("file"), "");
   const std::pair<const char*, Kind> rows[] = {{"empty", Kind::Empty},
+                                               {"stick", Kind::Empty},
                                                {"settings", Kind::Empty},
                                                {"absent", Kind::Missing},
                                                {"file", Kind::Missing}};

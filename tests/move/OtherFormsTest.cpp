@@ -126,6 +126,18 @@ TEST_F(SecondMoveTest, EachPlaylistComesOnce) {
   EXPECT_EQ(forms, 4u);
 }
 
+TEST_F(SecondMoveTest, ASecondNameOfASongIsNoSongOfItsOwn) {
+  const std::string omega = "C:\\Music\\\u03a9.mp3";
+  AddSong(omega);
+  WriteOld(R"(C:\Music\Greek.m3u8)", "#EXTM3U\r\n" + omega + "\r\n");
+  EXPECT_EQ(Moved().at("exitCode"), 0);
+  const nlohmann::json moved = MovedOn();
+  EXPECT_EQ(moved.at("exitCode"), 0);
+  EXPECT_EQ(moved.at("summary").at("unlisted").at("songs"), 0);
+  EXPECT_EQ(moved.at("summary").at("skipped"), 0);
+  EXPECT_EQ(moved.at("summary").at("otherForms"), 8);
+}
+
 TEST_F(SecondMoveTest, AListThatAPersonHasChangedComesToo) {
   EXPECT_EQ(Moved().at("exitCode"), 0);
   WriteNew(kRoot + R"(PlayLists\WinAmp\Mix.m3u)", M3u({kRoot + R"(Music\One.mp3)"}));

@@ -5,6 +5,7 @@
 #include "automation/RunTimeError.h"
 #include "platform/files/DiskPath.h"
 #include "platform/files/FileBytes.h"
+#include "platform/files/RealFolder.h"
 #include "platform/files/ReplaceWhole.h"
 #include "text/CodePage.h"
 #include "text/Encoding.h"
@@ -23,16 +24,6 @@ constexpr std::size_t kMostBytes = std::size_t{512} * 1024 * 1024;
 /// Where a key of the classes root stands when the text holds the machine's part only.
 String InMachineClasses(StringView key) {
   return String(kMachineClasses).append(key);
-}
-
-/// The path in full with all links resolved, as far as there is something.
-std::string RealAsFarAsThere(const std::filesystem::path& path) {
-  const FileResult<std::string> real = RealPath(ToDiskPath(path));
-  if (real) return *real;
-  const std::filesystem::path parent = path.parent_path();
-  if (parent == path || real.Failure().kind != FileFailure::Kind::NotFound) return ToDiskPath(path);
-  const std::filesystem::path folder = ToSystemPath(RealAsFarAsThere(parent));
-  return ToDiskPath((folder / path.filename()).lexically_normal());
 }
 
 /// The file itself, if its name is a link to one; in any case by a folder without links.

@@ -16,13 +16,6 @@ FileFailure::Kind KindOf(std::uint32_t code) {
     case ERROR_FILE_NOT_FOUND:
     case ERROR_PATH_NOT_FOUND:
     case ERROR_INVALID_DRIVE:
-    case ERROR_NOT_READY:
-    case ERROR_NO_MEDIA_IN_DRIVE:
-    case ERROR_UNRECOGNIZED_VOLUME:
-    case ERROR_BAD_NETPATH:
-    case ERROR_BAD_NET_NAME:
-    case ERROR_NO_NET_OR_BAD_PATH:
-    case ERROR_NETWORK_UNREACHABLE:
     case ERROR_DELETE_PENDING:
       return Kind::NotFound;
     case ERROR_DIRECTORY:
@@ -71,6 +64,14 @@ FileFailure::Kind KindOf(std::uint32_t code) {
     case ERROR_DEV_NOT_EXIST:
     case ERROR_NETNAME_DELETED:
     case ERROR_UNEXP_NET_ERR:
+    // A disk that is pulled out, or a share that is gone, has lost nothing.
+    case ERROR_NOT_READY:
+    case ERROR_NO_MEDIA_IN_DRIVE:
+    case ERROR_UNRECOGNIZED_VOLUME:
+    case ERROR_BAD_NETPATH:
+    case ERROR_BAD_NET_NAME:
+    case ERROR_NO_NET_OR_BAD_PATH:
+    case ERROR_NETWORK_UNREACHABLE:
       return Kind::DiskFailed;
     case ERROR_TOO_MANY_OPEN_FILES:
       return Kind::TooManyOpenFiles;
