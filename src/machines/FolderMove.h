@@ -76,7 +76,9 @@ struct FolderMove {
   /// Hears, before anything is moved, what the folders were taken as; may be empty.
   std::function<void(const OpenedFolders&)> onOpened;
 
+  /// The old machine is this PC: on Windows, where `from` is empty.
   bool IsFromThisPc() const { return from.empty() && IsThisPcAMachine(); }
+  /// The new machine is this PC: on Windows, where `to` is empty.
   bool IsToThisPc() const { return to.empty() && IsThisPcAMachine(); }
 };
 
