@@ -1,6 +1,6 @@
 // Any text as a neutral file: what is written of what was read reads back as the same, and no
-// section that is not there makes an entry more than is declared. An empty artist or album behind
-// one of the own names of ASX files is not written, and comes back as that name: once.
+// section that is not there makes an entry more than is declared. An empty name behind one of
+// the own names of ASX files is not written, and comes back as that one: once.
 #include "FuzzedPlaylist.h"
 #include "model/GenericSections.h"
 #include "readers/GenericReader.h"
@@ -27,6 +27,15 @@ bool DeclaresMany(const IniDocument& document) {
   return declared && ParseNumber(*declared).value_or(0) > 16;
 }
 
+/// Names that ASX files have beside those of all kinds, and that fill these when they are empty.
+bool HasOwnNames(const std::string& written) {
+  for (const char* const key :
+       {"\nASX_Artist=", "\nASX_Album=", "\nASX_SongName=", "\nASX_Title="}) {
+    if (written.find(key) != std::string::npos) return true;
+  }
+  return false;
+}
+
 /// The file that is written of a text; empty where none is.
 std::string Written(Machine& machine, const IniDocument& document) {
   PlaylistRecord playlist;
@@ -48,7 +57,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto again = [](const std::string& text) {
       return Written(machine, IniDocument(DecodeFile(text, Windows1252())));
     };
-    written = again(written);
+    if (HasOwnNames(written)) written = again(written);
     Require(again(written) == written);
   }
   machine.platform->Log().Clear();
