@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "platform/files/SystemCalls.h"
+#include "platform/win32/DiskCodes.h"
 #include "text/Encoding.h"
 
 namespace norvo {
@@ -10,6 +11,8 @@ namespace {
 
 FileFailure::Kind KindOf(std::uint32_t code) {
   using Kind = FileFailure::Kind;
+  // A disk that is pulled out, or a share that is gone, has lost nothing: its files are not "gone".
+  if (TellsOfFailedDisk(code) || TellsOfAbsentDisk(code)) return Kind::DiskFailed;
   switch (code) {
     case ERROR_SUCCESS:
       return Kind::None;
@@ -51,28 +54,6 @@ FileFailure::Kind KindOf(std::uint32_t code) {
       return Kind::InvalidName;
     case kDirectoryNotSupported:
       return Kind::IsAFolder;
-    case ERROR_CRC:
-    case ERROR_SEEK:
-    case ERROR_SECTOR_NOT_FOUND:
-    case ERROR_READ_FAULT:
-    case ERROR_WRITE_FAULT:
-    case ERROR_GEN_FAILURE:
-    case ERROR_IO_DEVICE:
-    case ERROR_FILE_CORRUPT:
-    case ERROR_DISK_CORRUPT:
-    case ERROR_DEVICE_NOT_CONNECTED:
-    case ERROR_DEV_NOT_EXIST:
-    case ERROR_NETNAME_DELETED:
-    case ERROR_UNEXP_NET_ERR:
-    // A disk that is pulled out, or a share that is gone, has lost nothing.
-    case ERROR_NOT_READY:
-    case ERROR_NO_MEDIA_IN_DRIVE:
-    case ERROR_UNRECOGNIZED_VOLUME:
-    case ERROR_BAD_NETPATH:
-    case ERROR_BAD_NET_NAME:
-    case ERROR_NO_NET_OR_BAD_PATH:
-    case ERROR_NETWORK_UNREACHABLE:
-      return Kind::DiskFailed;
     case ERROR_TOO_MANY_OPEN_FILES:
       return Kind::TooManyOpenFiles;
     case ERROR_NOT_ENOUGH_MEMORY:

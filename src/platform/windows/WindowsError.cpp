@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "automation/RunTimeError.h"
+#include "platform/win32/DiskCodes.h"
 
 namespace norvo {
 namespace {
@@ -13,6 +14,8 @@ constexpr std::uint32_t kDiskQuotaExceeded = 1295;
 }  // namespace
 
 std::int32_t ErrorNumber(std::uint32_t code, Subject subject) {
+  if (TellsOfFailedDisk(code)) return error::kDeviceInputOutput;
+  if (TellsOfAbsentDisk(code)) return error::kPathNotFound;
   switch (code) {
     case ERROR_FILE_NOT_FOUND:
       return subject == Subject::File ? error::kFileNotFound : error::kPathNotFound;
@@ -24,13 +27,6 @@ std::int32_t ErrorNumber(std::uint32_t code, Subject subject) {
     case ERROR_BAD_PATHNAME:
     case ERROR_DIRECTORY:
     case ERROR_INVALID_DRIVE:
-    case ERROR_NOT_READY:
-    case ERROR_NO_MEDIA_IN_DRIVE:
-    case ERROR_UNRECOGNIZED_VOLUME:
-    case ERROR_BAD_NETPATH:
-    case ERROR_BAD_NET_NAME:
-    case ERROR_NO_NET_OR_BAD_PATH:
-    case ERROR_NETWORK_UNREACHABLE:
       return error::kPathNotFound;
     case ERROR_ACCESS_DENIED:
     case ERROR_NETWORK_ACCESS_DENIED:
@@ -43,20 +39,6 @@ std::int32_t ErrorNumber(std::uint32_t code, Subject subject) {
     case ERROR_HANDLE_DISK_FULL:
     case kDiskQuotaExceeded:
       return error::kDiskFull;
-    case ERROR_CRC:
-    case ERROR_SEEK:
-    case ERROR_SECTOR_NOT_FOUND:
-    case ERROR_READ_FAULT:
-    case ERROR_WRITE_FAULT:
-    case ERROR_GEN_FAILURE:
-    case ERROR_IO_DEVICE:
-    case ERROR_FILE_CORRUPT:
-    case ERROR_DISK_CORRUPT:
-    case ERROR_DEVICE_NOT_CONNECTED:
-    case ERROR_DEV_NOT_EXIST:
-    case ERROR_NETNAME_DELETED:
-    case ERROR_UNEXP_NET_ERR:
-      return error::kDeviceInputOutput;
     case ERROR_NOT_ENOUGH_MEMORY:
     case ERROR_OUTOFMEMORY:
       return error::kOutOfMemory;
