@@ -110,21 +110,30 @@ std::string FolderText(const MoveError& error) {
              "a machine folder with --from and leave --work out.";
     case MoveFault::FoldersOverlap:
       return subject + " and " + detail + " lie in each other. Name folders that stand apart.";
-    case MoveFault::DriveLetterUnusable:
-      return subject + " is no drive. Name a letter from C to Z, such as D.";
-    case MoveFault::DriveTold:
-      return subject + " has a machine.ini, which tells its drives. Leave --to-drive " + detail +
-             " out, or correct machine.ini.";
     case MoveFault::LeadsOut:
       return subject + " leads out of the disk " + detail +
              ", and nothing is written elsewhere. Take the link away.";
     case MoveFault::NoTemporaryFolder:
       return "No folder can be made in " + subject +
              ". Set TMPDIR, on Windows TMP, to a folder that can be written.";
+    default:
+      return {};
+  }
+}
+
+/// Of this PC, and of the drives of an old machine.
+std::string DrivesText(const MoveError& error) {
+  const std::string& subject = error.Subject();
+  const std::string& detail = error.Detail();
+  switch (error.Fault()) {
+    case MoveFault::DriveLetterUnusable:
+      return subject + " is no drive. Name a letter from C to Z, such as D.";
+    case MoveFault::DriveTold:
+      return subject + " has a machine.ini, which tells its drives. Leave --to-drive " + detail +
+             " out, or correct machine.ini.";
     case MoveFault::OneMachine:
       return "Both machines would be this PC. Name the other one's folder, or its disk, with "
-             "--from "
-             "or --to.";
+             "--from or --to.";
     case MoveFault::WorkUnneeded:
       return "Nothing is written to this PC when lists are taken from it. Leave --work out.";
     case MoveFault::FolderWishes:
@@ -172,7 +181,7 @@ std::string DocumentsText(const MoveError& error) {
 }  // namespace
 
 std::string TextOf(const MoveError& error) {
-  for (const auto text : {SettingsText, WorkText, FolderText, DocumentsText}) {
+  for (const auto text : {SettingsText, WorkText, FolderText, DrivesText, DocumentsText}) {
     std::string words = text(error);
     if (!words.empty()) return words;
   }

@@ -123,7 +123,7 @@ void SayNextStep(const MoveResult& move, const RegistryPlace& registry, Console&
 }
 
 /// Of "D=DIR".
-NamedDrive DriveOf(const std::string& text) {
+OtherDrive DriveOf(const std::string& text) {
   const std::size_t at = text.find('=');
   if (at == std::string::npos || at + 1 == text.size()) {
     throw CommandError("--drive " + text + ": name a letter and a folder, such as D=DIR.");

@@ -90,7 +90,8 @@ struct ListedList {
 
 /// Nobody's list has so many; a file made to fill the memory shall not.
 inline constexpr std::size_t kMostListedItems = 100'000;
-inline constexpr const char16_t* kTooManyItems = u"it lists more than 100000 songs";
+inline constexpr const char16_t* kTooManyItems =
+    u"it lists more than 100000 songs, or its library is too large";
 
 /// Nobody's library has so many lists. One more is read, which tells that there are more.
 inline constexpr std::size_t kMostLists = 10'000;

@@ -29,7 +29,7 @@ struct RegistryPlace {
 };
 
 /// One more drive of an old machine whose disk is named.
-struct NamedDrive {
+struct OtherDrive {
   std::string letter;            ///< from C to Z: "D", "d" or "D:"
   std::filesystem::path folder;  ///< such as where its second disk is mounted
 };
@@ -50,7 +50,7 @@ struct FolderMove {
   /// Windows: this PC, to which nothing is written either.
   std::filesystem::path from;
   /// Its other drives, where `from` is a disk: a machine in a folder tells its own.
-  std::vector<NamedDrive> fromDrives;
+  std::vector<OtherDrive> fromDrives;
   /// As `from`; one that is empty or missing is made a machine. On a disk nothing is made but what
   /// the product puts there: its own folder, which takes the registry's file, songs and lists.
   /// Empty on Windows: this PC.

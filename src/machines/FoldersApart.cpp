@@ -46,7 +46,7 @@ std::vector<Part> ScannedParts(const FolderMove& folders) {
   if (folders.IsFromThisPc()) return {};
   const std::string& name = folders.names.from;
   std::vector<Part> parts{{name, folders.from}};
-  for (const NamedDrive& drive : folders.fromDrives) {
+  for (const OtherDrive& drive : folders.fromDrives) {
     parts.push_back({"drive " + drive.letter + " of " + name, drive.folder});
   }
   if (!TakeFolder(folders.from).IsMachine()) return parts;

@@ -1,4 +1,4 @@
-#include "machines/FolderNames.h"
+#include "machines/ListedNames.h"
 
 #include <system_error>
 #include <utility>
@@ -7,12 +7,12 @@
 
 namespace norvo {
 
-FileResult<std::vector<FolderName>> NamesIn(const std::filesystem::path& folder) {
+FileResult<std::vector<ListedName>> NamesIn(const std::filesystem::path& folder) {
   const FileResult<SystemFile> root = OpenRoot(ToDiskPath(folder));
   if (!root) return root.Failure();
   FileResult<SystemFile> listed = OpenBeneath(*root, {}, OpenMode::List);
   if (!listed) return listed.Failure();
-  std::vector<FolderName> names;
+  std::vector<ListedName> names;
   const FileFailure failure =
       ForEachName(std::move(*listed), [&names](std::string_view name, ListedKind kind) {
         names.push_back({std::string(name), kind});
@@ -21,7 +21,7 @@ FileResult<std::vector<FolderName>> NamesIn(const std::filesystem::path& folder)
   return names;
 }
 
-bool IsFolder(const std::filesystem::path& parent, const FolderName& name) {
+bool IsFolder(const std::filesystem::path& parent, const ListedName& name) {
   if (name.kind != ListedKind::Link) return name.kind == ListedKind::Folder;
   std::error_code ignored;
   return std::filesystem::is_directory(parent / ToSystemPath(name.name), ignored);

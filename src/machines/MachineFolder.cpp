@@ -8,7 +8,7 @@
 #include <system_error>
 
 #include "automation/RunTimeError.h"
-#include "machines/FolderNames.h"
+#include "machines/ListedNames.h"
 #include "move/MoveError.h"
 #include "platform/files/DiskPath.h"
 #include "platform/files/FailureText.h"
@@ -30,12 +30,12 @@ bool IsDriveName(const std::string& name) {
 /// True for a folder that holds drive C, maybe others, and nothing else. Music that is sorted into
 /// folders from A to Z is no machine.
 bool HoldsDrivesAlone(const fs::path& folder) {
-  const FileResult<std::vector<FolderName>> names = NamesIn(folder);
+  const FileResult<std::vector<ListedName>> names = NamesIn(folder);
   if (!names) {
     throw MoveError(MoveFault::NotListed, ShownPath(folder), ToUtf8(FailureText(names.Failure())));
   }
   bool hasC = false;
-  for (const FolderName& each : *names) {
+  for (const ListedName& each : *names) {
     if (IsBesideDrives(each.name)) continue;
     if (!IsFolder(folder, each) || !IsDriveName(each.name)) return false;
     const int letter = std::toupper(static_cast<unsigned char>(each.name.front()));

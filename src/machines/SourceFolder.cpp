@@ -41,10 +41,10 @@ bool HasDrive(const std::vector<HostedDrive>& drives, char16_t letter) {
 }
 
 /// The drives that are read, by a machine's own description or as disks.
-std::vector<HostedDrive> DrivesOf(const TakenFolder& from, const std::vector<NamedDrive>& others) {
+std::vector<HostedDrive> DrivesOf(const TakenFolder& from, const std::vector<OtherDrive>& others) {
   if (from.IsMachine()) return ReadLayout(from.folder).drives;
   std::vector<HostedDrive> drives{{u'C', DriveType::Fixed, from.folder}};
-  for (const NamedDrive& other : others) {
+  for (const OtherDrive& other : others) {
     const char16_t letter = DriveLetterOf(other.letter);
     if (HasDrive(drives, letter)) throw MoveError(MoveFault::DriveTwice, other.letter);
     std::error_code ignored;

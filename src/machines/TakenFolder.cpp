@@ -5,7 +5,7 @@
 #include <optional>
 #include <system_error>
 
-#include "machines/FolderNames.h"
+#include "machines/ListedNames.h"
 #include "machines/MachineFolder.h"
 #include "move/MoveError.h"
 #include "platform/files/DiskPath.h"
@@ -32,9 +32,9 @@ std::size_t RankOf(StringView name) {
 std::optional<std::string> SignOf(const fs::path& folder) {
   std::size_t best = std::size(kSigns);
   std::optional<std::string> found;
-  const FileResult<std::vector<FolderName>> names = NamesIn(folder);
+  const FileResult<std::vector<ListedName>> names = NamesIn(folder);
   if (!names) return found;
-  for (const FolderName& each : *names) {
+  for (const ListedName& each : *names) {
     const std::optional<String> name = FromDiskName(each.name);
     const std::size_t rank = name ? RankOf(*name) : best;
     if (rank >= best || !IsFolder(folder, each)) continue;
@@ -45,9 +45,9 @@ std::optional<std::string> SignOf(const fs::path& folder) {
 }
 
 bool HoldsNothing(const fs::path& folder) {
-  const FileResult<std::vector<FolderName>> names = NamesIn(folder);
+  const FileResult<std::vector<ListedName>> names = NamesIn(folder);
   return !names || std::all_of(names->begin(), names->end(),
-                               [](const FolderName& each) { return IsBesideDrives(each.name); });
+                               [](const ListedName& each) { return IsBesideDrives(each.name); });
 }
 
 TakenFolder AsDrive(const fs::path& folder, const std::string& drive) {

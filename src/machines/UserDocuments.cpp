@@ -4,7 +4,7 @@
 #include <iterator>
 #include <optional>
 
-#include "machines/FolderNames.h"
+#include "machines/ListedNames.h"
 #include "platform/files/DiskPath.h"
 #include "platform/hosted/DiskName.h"
 #include "text/Encoding.h"
@@ -43,9 +43,9 @@ struct SubFolder {
 /// Links are left out: those of Windows lead to what is listed anyway, or out of the disk.
 std::vector<SubFolder> SubFoldersOf(const fs::path& folder) {
   std::vector<SubFolder> found;
-  const FileResult<std::vector<FolderName>> names = NamesIn(folder);
+  const FileResult<std::vector<ListedName>> names = NamesIn(folder);
   if (!names) return found;
-  for (const FolderName& each : *names) {
+  for (const ListedName& each : *names) {
     if (each.kind != ListedKind::Folder) continue;
     if (auto name = FromDiskName(each.name)) {
       found.push_back({std::move(*name), folder / ToSystemPath(each.name)});

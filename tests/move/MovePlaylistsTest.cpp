@@ -136,7 +136,8 @@ TEST_F(MovePlaylistsTest, APlaylistOfMoreThanAnybodyHasIsLeftOutByName) {
   machines.AddMix();
   const MoveResult move = machines.Run();
   EXPECT_EQ(LineOf(move.playlists[0]),
-            "C:\\Music\\All.m3u of type 3: left out, Unreadable, it lists more than 100000 songs");
+            "C:\\Music\\All.m3u of type 3: left out, Unreadable, it lists more than 100000 songs, "
+            "or its library is too large");
   EXPECT_EQ(LineOf(move.playlists[1]), "C:\\Music\\Mix.m3u of type 3: restored");
   EXPECT_FALSE(move.IsWhole());
 }

@@ -42,6 +42,17 @@ class TestMachine : public ::testing::Test {
     return {std::istreambuf_iterator<char>(file), {}};
   }
 
+  /// A drive for each folder of these names beside the machine, from D on, with one song.
+  HostedLayout DrivesIn(const std::vector<std::string>& names) {
+    HostedLayout layout;
+    for (const std::string& name : names) {
+      Put(Outside(name) / "One.mp3", "x");
+      const auto letter = static_cast<char16_t>(u'D' + layout.drives.size());
+      layout.drives.push_back({letter, DriveType::Fixed, Outside(name)});
+    }
+    return layout;
+  }
+
   HostedPlatform& Machine() {
     if (!platform_) {
       platform_ = std::make_unique<HostedPlatform>(Disk(""));

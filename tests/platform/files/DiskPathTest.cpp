@@ -38,6 +38,12 @@ TEST(DiskPath, GoesThroughTheStandardLibraryUnchanged) {
   }
 }
 
+TEST(DiskPath, IsShownInUtf8AsTheSystemWritesIt) {
+  EXPECT_EQ(ShownPath(ToSystemPath("M\xC3\xBCsik")), "M\xC3\xBCsik");
+  const std::string separator(1, static_cast<char>(std::filesystem::path::preferred_separator));
+  EXPECT_EQ(ShownPath(ToSystemPath("a") / "b"), "a" + separator + "b");
+}
+
 TEST(DiskPath, IsMadeFullUnlessItIsNone) {
   EXPECT_EQ(FullSystemPath("a"), std::filesystem::current_path() / "a");
   EXPECT_EQ(FullSystemPath(std::filesystem::current_path()), std::filesystem::current_path());

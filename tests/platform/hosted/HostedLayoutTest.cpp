@@ -32,15 +32,9 @@ class HostedLayoutTest : public TestMachine {
 };
 
 TEST_F(HostedLayoutTest, DrivesStandAnywhereWhateverTheirFoldersAreCalled) {
-  const std::string names[] = {"a, b", " blank", "; [x]=y", "M\xC3\xBCsik"};
-  HostedLayout layout;
-  for (const std::string& name : names) {
-    Put(Outside(name) / "One.mp3", "x");
-    const auto letter = static_cast<char16_t>(u'D' + layout.drives.size());
-    layout.drives.push_back({letter, DriveType::Fixed, Outside(name)});
-  }
+  const HostedLayout layout = DrivesIn({"a, b", " blank", "; [x]=y", "M\xC3\xBCsik"});
   HostedPlatform platform(layout);
-  EXPECT_EQ(platform.Files().Drives().size(), std::size(names));
+  EXPECT_EQ(platform.Files().Drives().size(), 4u);
   for (const HostedDrive& drive : layout.drives) {
     EXPECT_EQ(NameOn(platform, String(1, drive.letter) + u":\\one.MP3"), "One.mp3") << drive.folder;
   }

@@ -33,13 +33,7 @@ TEST_F(HostedPlatformOnPosixTest, AReplacedSettingsFileKeepsItsPermissions) {
 }
 
 TEST_F(HostedPlatformOnPosixTest, DrivesStandInFoldersOfEveryName) {
-  const std::string names[] = {" blanks ", "trail. ", "\xFF", "back\\slash"};
-  HostedLayout layout;
-  for (const std::string& name : names) {
-    Put(Outside(name) / "One.mp3", "x");
-    const auto letter = static_cast<char16_t>(u'D' + layout.drives.size());
-    layout.drives.push_back({letter, DriveType::Fixed, Outside(name)});
-  }
+  const HostedLayout layout = DrivesIn({" blanks ", "trail. ", "\xFF", "back\\slash"});
   HostedPlatform platform(layout);
   for (const HostedDrive& drive : layout.drives) {
     EXPECT_TRUE(platform.Files().FileExists(String(1, drive.letter) + u":\\one.MP3"))
