@@ -27,11 +27,16 @@ bool DeclaresMany(const IniDocument& document) {
   return declared && ParseNumber(*declared).value_or(0) > 16;
 }
 
+IniDocument DocumentOf(std::string_view bytes) {
+  return IniDocument(DecodeFile(bytes, Windows1252()));
+}
+
 /// Names that ASX files have beside those of all kinds, and that fill these when they are empty.
 bool HasOwnNames(const std::string& written) {
-  for (const char* const key :
-       {"\nASX_Artist=", "\nASX_Album=", "\nASX_SongName=", "\nASX_Title="}) {
-    if (written.find(key) != std::string::npos) return true;
+  const String text = DecodeFile(written, Windows1252());
+  for (const StringView key :
+       {u"\nASX_Artist=", u"\nASX_Album=", u"\nASX_SongName=", u"\nASX_Title="}) {
+    if (text.find(key) != String::npos) return true;
   }
   return false;
 }
@@ -50,13 +55,11 @@ std::string Written(Machine& machine, const IniDocument& document) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static Machine machine;
-  const IniDocument document(DecodeFile(AsBytes(data, size), Windows1252()));
+  const IniDocument document = DocumentOf(AsBytes(data, size));
   if (DeclaresMany(document)) return 0;
   std::string written = Written(machine, document);
   if (!written.empty()) {
-    const auto again = [](const std::string& text) {
-      return Written(machine, IniDocument(DecodeFile(text, Windows1252())));
-    };
+    const auto again = [](const std::string& text) { return Written(machine, DocumentOf(text)); };
     if (HasOwnNames(written)) written = again(written);
     Require(again(written) == written);
   }
