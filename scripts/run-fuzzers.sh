@@ -1,9 +1,9 @@
 #!/bin/sh
 # Builds the fuzzers of fuzz/fuzzers.txt and runs them over their seeds, one for each processor at a
 # time. What they find beyond the seeds gathers in build/fuzz/corpus; an input that fails is kept in
-# build/fuzz and named.
+# build/fuzz and named. With a seed, and nothing gathered yet, each call tries the same inputs.
 #
-#   scripts/run-fuzzers.sh [SECONDS]             each for so long (default: 60)
+#   scripts/run-fuzzers.sh [SECONDS [SEED]]      each for so long (default: 60)
 #   scripts/run-fuzzers.sh --runs N [NAME...]    so many runs of each, or of those that are named
 set -eu
 cd "$(dirname "$0")/.."
@@ -22,7 +22,8 @@ run_one() {
   corpus=$build/corpus/$fuzzer
   log=$build/$fuzzer.log
   mkdir -p "$corpus"
-  set -- "$1" -max_len="$length" -rss_limit_mb=1024 -entropic=0 -verbosity=0 -print_final_stats=1 \
+  # shellcheck disable=SC2086
+  set -- $1 -max_len="$length" -rss_limit_mb=1024 -entropic=0 -verbosity=0 -print_final_stats=1 \
     -artifact_prefix="$build/$fuzzer-" "$corpus" "fuzz/seeds/$fuzzer"
   [ "$dictionary" = - ] || set -- -dict="fuzz/dictionaries/$dictionary.dict" "$@"
   if ! "$build/fuzz/$fuzzer" "$@" >"$log" 2>&1; then
@@ -39,7 +40,7 @@ if [ "${1:-}" = --one ]; then
   exit
 fi
 
-limit=-max_total_time=${1:-60}
+limit="-max_total_time=${1:-60}${2:+ -seed=$2}"
 names=
 if [ "${1:-}" = --runs ]; then
   limit=-runs=$2
