@@ -1,6 +1,7 @@
 #include "cli/ErrorWords.h"
 
 #include "cli/MachineWords.h"
+#include "cli/TextLayout.h"
 
 namespace norvo::cli {
 namespace {
@@ -50,10 +51,20 @@ std::string SettingsText(const MoveError& error) {
   }
 }
 
+std::string SpaceText(const MoveError& error) {
+  const std::string elsewhere = ", choose a place on another drive with --group-root PATH";
+  return "Drive " + error.Subject() + " of the new machine has no room for the songs: they need " +
+         SizeText(static_cast<double>(error.Shortage().needed)) + ", and " +
+         SizeText(static_cast<double>(error.Shortage().free)) + " are free. Make room there" +
+         (error.Detail().empty() ? elsewhere : "") + ", or bring the lists alone with --no-media.";
+}
+
 /// Of work on machines.
 std::string WorkText(const MoveError& error) {
   const std::string& subject = error.Subject();
   switch (error.Fault()) {
+    case MoveFault::SpaceMissing:
+      return SpaceText(error);
     case MoveFault::ScanFailed:
       return "The scan of the old machine failed. See that its data area can be written.";
     case MoveFault::NoPlaylistFolder:

@@ -54,10 +54,10 @@ MoveResult MovePlaylists(const FolderMove& folders, const MoveOptions& options,
   }
   FilePlacer placer(*source.Disks(), *target.Disks());
   FilePlacer namer(*target.Disks(), *target.Disks());
-  MoveResult result =
-      MovePlaylists({source.Machine(), target.Machine(), &placer, &namer, source.GroupRoot(),
-                     folders.groupRoot, target.UsualGroupRoot()},
-                    options, observer);
+  MoveResult result = MovePlaylists(
+      {source.Machine(), target.Machine(), &placer, &namer, source.GroupRoot(), folders.groupRoot,
+       target.UsualGroupRoot(), [&target](StringView path) { return target.FreeBytesAt(path); }},
+      options, observer);
   if (source.IsTemporary()) {
     std::erase_if(result.logs, [](const MoveLog& log) { return log.side == MachineSide::Old; });
   }

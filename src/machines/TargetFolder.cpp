@@ -3,8 +3,11 @@
 #include <system_error>
 #include <utility>
 
+#include "machines/FullPath.h"
 #include "move/MoveError.h"
 #include "platform/files/DiskPath.h"
+#include "platform/files/SystemCalls.h"
+#include "platform/hosted/SystemPaths.h"
 
 namespace norvo {
 namespace {
@@ -21,6 +24,15 @@ void MakeDrive(const TakenFolder& taken) {
 bool IsThere(const TakenFolder& taken) {
   std::error_code ignored;
   return taken.IsMachine() || fs::is_directory(taken.driveFolder, ignored);
+}
+
+/// Of the disk that holds the nearest of a path's folders that there is.
+std::optional<std::uint64_t> FreeBytesAbove(const fs::path& path) {
+  for (fs::path at = FullPath(path); !at.empty(); at = at.parent_path()) {
+    if (const FileResult<SystemFile> folder = OpenRoot(ToDiskPath(at))) return FreeBytes(*folder);
+    if (at == at.parent_path()) break;
+  }
+  return std::nullopt;
 }
 
 }  // namespace
@@ -61,6 +73,12 @@ void TargetFolder::OpenFolder(const FolderMove& folders, bool dryRun) {
   registry_ = {folder.layout.registryFile, std::move(folder.registryPath)};
   disks_ = std::make_shared<HostedPlatform>(std::move(folder.layout));
   machine_ = disks_;
+}
+
+std::optional<std::uint64_t> TargetFolder::FreeBytesAt(StringView path) const {
+  // Where a passing folder stands for the machine, that is not on its disk.
+  return FreeBytesAbove(temporary_ ? taken_.driveFolder
+                                   : PathOnSystem(disks_->DriveFolders(), path));
 }
 
 fs::path TargetFolder::SharedFolder() const {

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "machines/FolderLayout.h"
@@ -34,6 +36,9 @@ class TargetFolder {
   const std::string& UsualGroupRoot() const { return usualGroupRoot_; }
   /// Where the machine's registry is, or will be; nowhere of this PC.
   const RegistryPlace& Registry() const { return registry_; }
+  /// How many bytes the disk that takes a path of the machine has room for, or that will take it,
+  /// of a dry run; nothing where the system does not tell.
+  std::optional<std::uint64_t> FreeBytesAt(StringView path) const;
   /// The folder whose lock keeps others from the machine; empty where there is none.
   std::filesystem::path SharedFolder() const;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "move/SetUpMachine.h"
@@ -8,8 +9,11 @@
 
 namespace norvo {
 
-/// The set-up of a machine by a component that is open already; see SetUpMachine.
+/// The set-up of a machine by a component that is open already; see SetUpMachine. Of a machine that
+/// has no group root yet `onNewRoot` hears which one it gets, before anything is written; it may
+/// raise.
 std::vector<SetupStep> SetUp(Component& component, const SetupWishes& wishes, MachineSide side,
-                             WorkReport& report);
+                             WorkReport& report,
+                             const std::function<void(StringView groupRoot)>& onNewRoot = {});
 
 }  // namespace norvo

@@ -29,6 +29,8 @@ const char* StatementOf(MoveFault fault) {
       return "the machine's registry lacks its role and the group root";
     case MoveFault::RoleTakesNoPart:
       return "the machine's role is neither source nor destination";
+    case MoveFault::SpaceMissing:
+      return "has not room enough for the songs";
     case MoveFault::ScanFailed:
       return "cannot take the list: the scan failed";
     case MoveFault::NoPlaylistFolder:
@@ -101,10 +103,12 @@ std::string Sentence(MoveFault fault, const std::string& subject, const std::str
 
 }  // namespace
 
-MoveError::MoveError(MoveFault fault, std::string subject, std::string detail)
+MoveError::MoveError(MoveFault fault, std::string subject, std::string detail,
+                     SpaceShortage shortage)
     : std::runtime_error(Sentence(fault, subject, detail)),
       fault_(fault),
       subject_(std::move(subject)),
-      detail_(std::move(detail)) {}
+      detail_(std::move(detail)),
+      shortage_(shortage) {}
 
 }  // namespace norvo

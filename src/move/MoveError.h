@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <stdexcept>
 #include <string>
 
@@ -21,7 +22,8 @@ enum class MoveFault {
   RoleAndGroupRootMissing,  ///< it has neither
   RoleTakesNoPart,          ///< the machine's role is neither source nor destination
   // Work on one machine.
-  ScanFailed,         ///< subject: the data area; detail: the last warning, may be empty
+  SpaceMissing,  ///< `Shortage`; subject: the new machine's drive; detail: its group root, if kept
+  ScanFailed,    ///< subject: the data area; detail: the last warning, may be empty
   NoPlaylistFolder,   ///< subject: the folder of restored playlists; empty when it is not known
   NoDocumentsFolder,  ///< the new machine has none
   // Machines that are held in folders.
@@ -54,11 +56,18 @@ enum class MoveFault {
   NoDriveFolder       ///< subject: what should be the folder of a drive; detail: the letter
 };
 
+/// Of songs that are too many for a disk: bytes.
+struct SpaceShortage {
+  std::uint64_t needed = 0;  ///< by the songs that are not there yet
+  std::uint64_t free = 0;    ///< on the disk
+};
+
 /// Ends a call. `what()` is a sentence about it in English, in UTF-8.
 class MoveError : public std::runtime_error {
  public:
   /// The texts are in UTF-8.
-  explicit MoveError(MoveFault fault, std::string subject = {}, std::string detail = {});
+  explicit MoveError(MoveFault fault, std::string subject = {}, std::string detail = {},
+                     SpaceShortage shortage = {});
 
   /// Why.
   MoveFault Fault() const noexcept { return fault_; }
@@ -66,11 +75,14 @@ class MoveError : public std::runtime_error {
   const std::string& Subject() const noexcept { return subject_; }
   /// More of it, in UTF-8; see MoveFault.
   const std::string& Detail() const noexcept { return detail_; }
+  /// Of SpaceMissing; else both are 0.
+  const SpaceShortage& Shortage() const noexcept { return shortage_; }
 
  private:
   MoveFault fault_;
   std::string subject_;
   std::string detail_;
+  SpaceShortage shortage_;
 };
 
 }  // namespace norvo

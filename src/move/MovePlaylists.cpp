@@ -1,5 +1,6 @@
 #include "move/MovePlaylists.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <unordered_set>
@@ -24,6 +25,7 @@
 #include "move/SettingsMemory.h"
 #include "move/SongBringing.h"
 #include "move/SongDetails.h"
+#include "move/SongSpace.h"
 #include "move/StockTaking.h"
 #include "move/StreamPlacer.h"
 #include "overlay/OverlayPlatform.h"
@@ -58,7 +60,9 @@ class OldMachine {
 /// The machine that a move goes to, set up; of a dry run as it would be.
 class NewMachine {
  public:
-  NewMachine(const MoveMachines& machines, bool dryRun, WorkReport& report)
+  /// `onNewRoot` is as that of SetUp.
+  NewMachine(const MoveMachines& machines, bool dryRun, WorkReport& report,
+             const std::function<void(StringView groupRoot)>& onNewRoot)
       : dryRun_(dryRun),
         machine_(std::make_shared<SettingsMemory>(machines.to)),
         library_(machine_, MachineSide::New, report) {
@@ -67,7 +71,7 @@ class NewMachine {
       if (!ReadProductSettings(library).role) wishes.role = Utility::role::kDestination;
       if (!machines.groupRootOfTarget.empty()) wishes.groupRoot = machines.groupRootOfTarget;
       wishes.usualGroupRoot = machines.usualGroupRootOfTarget;
-      SetUp(library, wishes, MachineSide::New, report);
+      SetUp(library, wishes, MachineSide::New, report, onNewRoot);
     };
     if (!dryRun) setUp(library_.Get());
     if (dryRun) setUp(*planLibrary_);
@@ -257,10 +261,13 @@ void Run(const MoveMachines& machines, const MoveOptions& options, MediaPlacer& 
   if (options.log) startLog(old.Opened(), MachineSide::Old);
   Gather(old, options, placer, work);
 
-  NewMachine machine(machines, options.dryRun, work.report);
+  const SongSpace space(machines, options);
+  NewMachine machine(machines, options.dryRun, work.report,
+                     [&](StringView root) { space.RequireForAll(work.result.songs, root); });
   if (options.log && !options.dryRun) startLog(machine.Opened(), MachineSide::New);
   RestoreLedger ledger(machine.Library(), DataAreaOf(machine.Settings()));
   Planner(machine.PlanLibrary(), machine.Plan(), placer, ledger, work).Run();
+  space.RequireForPlanned(work.result.songs, machine.Settings().groupRoot);
   CarryGenericFiles(machine.Library(), ledger, work);
   const bool bringing = !options.dryRun && options.media != MediaMode::None;
   TellSettledSongs(work, bringing);

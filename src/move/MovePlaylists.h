@@ -1,6 +1,9 @@
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "move/MediaPlacer.h"
@@ -43,6 +46,10 @@ struct MoveMachines {
   /// Its usual one, where neither the machine nor `groupRootOfTarget` tells; empty for that of
   /// SetupWishes.
   std::string usualGroupRootOfTarget = {};
+  /// Tells how many bytes the disk that takes this path of the new machine has room for, or nothing
+  /// where it cannot be told; may be empty. Songs that need more end the move before the first is
+  /// copied (MoveFault::SpaceMissing).
+  std::function<std::optional<std::uint64_t>(StringView path)> freeBytes = {};
 };
 
 /// Moves the playlists of one machine to another, and their songs: collects, heals what the

@@ -181,7 +181,8 @@ void CheckDrive(Component& component, StringView path) {
 }  // namespace
 
 std::vector<SetupStep> SetUp(Component& component, const SetupWishes& wishes, MachineSide side,
-                             WorkReport& report) {
+                             WorkReport& report,
+                             const std::function<void(StringView groupRoot)>& onNewRoot) {
   std::optional<String> wish;
   if (wishes.groupRoot) wish = CheckedRoot(component, *wishes.groupRoot);
   String usual(kDefaultGroupRoot);
@@ -190,6 +191,7 @@ std::vector<SetupStep> SetUp(Component& component, const SetupWishes& wishes, Ma
   // Checked before anything is written.
   const String planned = wish.value_or(usual);
   CheckDrive(component, before.groupRoot.empty() ? planned : before.groupRoot);
+  if (before.groupRoot.empty() && onNewRoot) onNewRoot(planned);
 
   Setup setup(component, report, side);
   setup.Role(wishes.role);

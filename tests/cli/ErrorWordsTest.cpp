@@ -45,6 +45,13 @@ const Row kRows[] = {
     {MoveFault::RoleTakesNoPart, "", "",
      "The machine's role (mode) is 3: it is neither source nor destination, and nothing can be "
      "listed. Set mode to 0 in registry.reg."},
+    {MoveFault::SpaceMissing, "D:", "",
+     "Drive D: of the new machine has no room for the songs: they need 0 KB, and 0 KB are free. "
+     "Make room there, choose a place on another drive with --group-root PATH, or bring the lists "
+     "alone with --no-media."},
+    {MoveFault::SpaceMissing, "D:", "D:\\Music\\",
+     "Drive D: of the new machine has no room for the songs: they need 0 KB, and 0 KB are free. "
+     "Make room there, or bring the lists alone with --no-media."},
     {MoveFault::ScanFailed, "C:\\Norvo Media\\KVs\\", "Disk full",
      "The scan of the old machine failed. See that its data area can be written."},
     {MoveFault::NoPlaylistFolder, "C:\\Norvo Media\\PlayLists\\", "",
@@ -143,6 +150,12 @@ TEST(ErrorWords, EachFaultSaysWhatIsWrongAndWhatToDo) {
   for (const Row& row : kRows) {
     EXPECT_EQ(TextOf(MoveError(row.fault, row.subject, row.detail)), row.text);
   }
+}
+
+TEST(ErrorWords, WhatIsNeededAndWhatIsFreeIsTold) {
+  const std::string text =
+      TextOf(MoveError(MoveFault::SpaceMissing, "D:", {}, {5200000000, 1100000}));
+  EXPECT_NE(text.find("they need 5.2 GB, and 1.1 MB are free"), std::string::npos) << text;
 }
 
 TEST(ErrorWords, NoFaultIsForgottenHere) {

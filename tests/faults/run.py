@@ -21,25 +21,12 @@ from interrupted_migrate_test import may_trace
 
 from judge import Judge
 from points import Point, points_of_calls
-from stage import SmallDisk, Stage, may_mount
+from stage import SmallDisk, Stage, may_mount, own_mounts
 
 SEED, SAMPLE = 2026, 500
 WORKERS = 2
 BUILT = Path(__file__).resolve().parents[2] / "build/release/src/cli/norvo-playlists"
 JUDGES = {}  # of this process: by whether the disk may fill up
-
-
-def own_mounts():
-    """Starts this again where disks can be mounted that nobody else sees and that go with it."""
-    if "NORVO_OWN_MOUNTS" in os.environ:
-        return
-    os.environ["NORVO_OWN_MOUNTS"] = "1"
-    for words in (["unshare", "-m"], ["unshare", "-rm"]):
-        try:
-            if subprocess.run([*words, "true"], capture_output=True, check=False).returncode == 0:
-                os.execvp(words[0], [*words, sys.executable, "-B", *sys.argv])
-        except OSError:
-            return
 
 
 def points_of_disk(folder, options):

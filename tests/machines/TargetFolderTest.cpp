@@ -90,6 +90,15 @@ TEST_F(TargetFolderTest, ForADryRunAnEmptyMachineStandsForIt) {
   EXPECT_EQ(OnlyDrive(TargetFolder(To("new"), true)).folder, At("new/C"));
 }
 
+TEST_F(TargetFolderTest, TheDiskThatWillTakeItTellsHowMuchItHasRoomFor) {
+  const bool isTold = TargetFolder(To(""), true).FreeBytesAt(u"C:\\").has_value();
+  for (const bool dryRun : {true, false}) {
+    EXPECT_EQ(TargetFolder(To("some/new"), dryRun).FreeBytesAt(u"C:\\Music").has_value(), isTold);
+    EXPECT_EQ(fs::exists(At("some")), !dryRun);
+  }
+  EXPECT_FALSE(TargetFolder(To("some/new"), false).FreeBytesAt(u"D:\\Music"));
+}
+
 TEST_F(TargetFolderTest, AnEmptyFolderStaysEmptyInADryRun) {
   fs::create_directories(At("empty"));
   EXPECT_EQ(TargetFolder(To("empty"), true).Taken().kind, Kind::Empty);

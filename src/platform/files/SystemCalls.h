@@ -107,6 +107,9 @@ void KeepAccessTime(const SystemFile& file);
 /// Claims the space that a file is going to take. Fails when the disk says that it has not got it;
 /// a disk that cannot say so has it.
 FileFailure ClaimSpace(const SystemFile& file, std::uint64_t size);
+/// How much this process can put on the disk of an open folder. Nothing where the system does not
+/// tell, and where a copy may take less than its size, since files of the disk can share bytes.
+std::optional<std::uint64_t> FreeBytes(const SystemFile& folder);
 
 /// Waits until what was written to open files is on the disk; an answer for each. Many files of one
 /// disk are flushed at once, along with all else that waits to be written to it. May run on a

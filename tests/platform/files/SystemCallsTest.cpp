@@ -51,6 +51,16 @@ TEST_F(SystemCallsTest, CreationIsNeverLaterThanTheLastWrite) {
   EXPECT_EQ(record->created, 1000000007);
 }
 
+TEST_F(SystemCallsTest, TellsHowMuchADiskHasRoomForOrNothing) {
+  EXPECT_FALSE(FreeBytes(SystemFile()));
+  const std::optional<std::uint64_t> free = FreeBytes(Root());
+  if (!free) GTEST_SKIP() << "this disk does not tell";
+  // Others may write to it at the same time.
+  constexpr double kGigabyte = 1e9;
+  EXPECT_NEAR(static_cast<double>(*free),
+              static_cast<double>(std::filesystem::space(At("")).available), kGigabyte);
+}
+
 TEST_F(SystemCallsTest, NoPathLeadsUpwards) {
   Put(Beside("secret"), "x");
   std::filesystem::create_directory(At("in"));
