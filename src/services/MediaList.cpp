@@ -1,9 +1,12 @@
 #include "services/MediaList.h"
 
-#include <algorithm>
+#include <memory>
+#include <optional>
+#include <utility>
 
 #include "automation/RunTimeError.h"
 #include "services/ProfileFile.h"
+#include "services/TextStream.h"
 #include "text/Ascii.h"
 #include "text/Encoding.h"
 #include "text/Utf16.h"
@@ -48,6 +51,50 @@ Fingerprint PrintOf(std::string_view fields) {
   return IsAscii(folded) ? CaselessFingerprintOfBytes(ToUtf8(folded)) : FingerprintOf(folded);
 }
 
+/// The print of a line; nothing when it is no record.
+std::optional<Fingerprint> PrintOfLine(std::string_view line) {
+  const std::size_t first = line.find(kSeparator);
+  const std::size_t second = line.find(kSeparator, first + 1);
+  if (first == std::string_view::npos || second == std::string_view::npos) return std::nullopt;
+  return PrintOf(line.substr(first + 1));
+}
+
+/// Calls `take` with every whole line, without its end; the bytes of all of them.
+template <class Take>
+std::size_t ForEachLine(std::string_view text, Take&& take) {
+  std::size_t begin = 0;
+  for (std::size_t end = text.find(kLineEnd); end != std::string_view::npos;
+       end = text.find(kLineEnd, begin)) {
+    take(text.substr(begin, end - begin));
+    begin = end + kLineEnd.size();
+  }
+  return begin;
+}
+
+/// The same of a file from its beginning; a mark counts as soon as it is whole.
+template <class Take>
+std::size_t ForEachLineOfFile(std::string_view text, Take&& take) {
+  const std::size_t mark = text.starts_with(kMark) ? kMark.size() : 0;
+  return mark + ForEachLine(text.substr(mark), take);
+}
+
+/// The lines whose records are not among those.
+std::string LinesWithout(const std::string& lines, const FingerprintSet& prints) {
+  std::string rest;
+  ForEachLine(lines, [&](std::string_view line) {
+    const std::optional<Fingerprint> print = PrintOfLine(line);
+    if (!print || !prints.Has(*print)) rest.append(line).append(kLineEnd);
+  });
+  return rest;
+}
+
+std::string BytesFrom(SharedFile& file, std::uint64_t offset, std::uint64_t size) {
+  if (size - offset > kLargestText) throw TooLarge(kLargestText);
+  std::string bytes(static_cast<std::size_t>(size - offset), '\0');
+  bytes.resize(bytes.empty() ? 0 : file.ReadAt(offset, bytes));
+  return bytes;
+}
+
 }  // namespace
 
 bool MediaList::EnsureGroup(StringView group, StringView root) {
@@ -57,7 +104,7 @@ bool MediaList::EnsureGroup(StringView group, StringView root) {
   if (!Flush()) return false;
   String path = DataArea(root) + u"MediaList.txt";
   try {
-    Load(storage_.Read(path));
+    Load(storage_.Read(path).value_or(std::string()));
   } catch (const RunTimeError&) {
     root_.clear();
     path_.clear();
@@ -68,26 +115,12 @@ bool MediaList::EnsureGroup(StringView group, StringView root) {
   return true;
 }
 
-void MediaList::Load(const std::optional<std::string>& bytes) {
+void MediaList::Load(std::string_view bytes) {
   known_.Clear();
-  exists_ = bytes.has_value();
-  whole_ = 0;
-  torn_ = false;
-  if (!bytes) return;
-  std::string_view rest = *bytes;
-  if (rest.starts_with(kMark)) rest.remove_prefix(kMark.size());
-  for (std::size_t end = rest.find(kLineEnd); end != std::string_view::npos;
-       end = rest.find(kLineEnd)) {
-    const std::string_view line = rest.substr(0, end);
-    rest.remove_prefix(end + kLineEnd.size());
-    const std::size_t first = line.find(kSeparator);
-    const std::size_t second = line.find(kSeparator, first + 1);
-    if (first == std::string_view::npos || second == std::string_view::npos) continue;
-    known_.Insert(PrintOf(line.substr(first + 1)));
+  seen_ = ForEachLineOfFile(bytes, [this](std::string_view line) {
+    if (const std::optional<Fingerprint> print = PrintOfLine(line)) known_.Insert(*print);
     if (known_.Size() > kMostRecords) throw RunTimeError(error::kOutOfMemory);
-  }
-  torn_ = !rest.empty();
-  whole_ = bytes->size() - rest.size();
+  });
 }
 
 bool MediaList::Add(const MediaRecord& record) {
@@ -114,29 +147,31 @@ bool MediaList::Flush() {
   try {
     Write();
   } catch (const RunTimeError&) {
-    torn_ = exists_;  // a part of the lines may have reached the file
     return false;
   }
-  exists_ = true;
-  torn_ = false;
   pending_.clear();
   most_ = kManyBytes;
   return true;
 }
 
+/// Whatever stands behind the lines that are known was added by others, or is a part of what could
+/// not be written whole: records there are not added again, and a torn line is left out.
 void MediaList::Write() {
-  if (exists_ && !torn_) {
-    files_.OpenForAppending(path_, true)->Append(pending_);
-    whole_ += pending_.size();
-    return;
-  }
-  // A new file, or one that ends in a torn line, which is left out.
-  std::string bytes = exists_ ? storage_.Read(path_).value_or(std::string()) : std::string();
-  bytes.resize(std::min(bytes.size(), whole_));
-  if (bytes.empty()) bytes = kMark;
-  bytes += pending_;
-  storage_.Write(path_, bytes);
-  whole_ = bytes.size();
+  const std::unique_ptr<SharedFile> file = files_.OpenShared(path_);
+  const std::uint64_t size = file->Size();
+  if (size < seen_) Load({});  // somebody has begun the file anew
+  const std::string added = BytesFrom(*file, seen_, size);
+  FingerprintSet others;
+  const auto take = [&](std::string_view line) {
+    const std::optional<Fingerprint> print = PrintOfLine(line);
+    if (print && others.Insert(*print)) known_.Insert(*print);
+  };
+  const std::uint64_t whole =
+      seen_ + (seen_ == 0 ? ForEachLineOfFile(added, take) : ForEachLine(added, take));
+  std::string lines = others.Size() == 0 ? pending_ : LinesWithout(pending_, others);
+  if (whole == 0) lines.insert(0, kMark);
+  file->EndWith(whole, lines);
+  seen_ = whole + lines.size();
 }
 
 }  // namespace norvo

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
+#include <string_view>
 
 #include "services/Platform.h"
+#include "services/SharedFile.h"
 #include "text/FingerprintSet.h"
 
 namespace norvo {
@@ -13,10 +14,12 @@ namespace norvo {
 /// record (category, source path, destination expression, separated by tabs) in UTF-8 with a byte
 /// order mark. Lines are added in one write per flush, so that a stop at any moment leaves whole
 /// records and at most one torn line, which is no record and is left out by the next flush. Very
-/// many lines are written before they are flushed, so that they do not gather in memory.
+/// many lines are written before they are flushed, so that they do not gather in memory. Several
+/// lists of one file, in one process or in several, add to each other's lines: what one has added
+/// is not added again by the next.
 class MediaList final : public MigrationList {
  public:
-  MediaList(FileSystem& files, SettingsStorage& storage) : files_(files), storage_(storage) {}
+  MediaList(SharedFiles& files, SettingsStorage& storage) : files_(files), storage_(storage) {}
 
   bool EnsureGroup(StringView group, StringView root) override;
   bool Add(const MediaRecord& record) override;
@@ -26,10 +29,10 @@ class MediaList final : public MigrationList {
   // Some 2,000 lines: an ordinary playlist is written once.
   static constexpr std::size_t kManyBytes = std::size_t{256} * 1024;
 
-  void Load(const std::optional<std::string>& bytes);
+  void Load(std::string_view bytes);
   void Write();
 
-  FileSystem& files_;
+  SharedFiles& files_;
   SettingsStorage& storage_;
   String root_;
   String path_;
@@ -37,9 +40,7 @@ class MediaList final : public MigrationList {
   FingerprintSet known_;
   std::string pending_;            // lines not yet in the file
   std::size_t most_ = kManyBytes;  // of them, before they are written
-  std::size_t whole_ = 0;          // bytes of the file up to the end of its last whole line
-  bool torn_ = false;              // the file may end in a torn line
-  bool exists_ = false;
+  std::uint64_t seen_ = 0;         // bytes of the file up to the end of the last line that is known
 };
 
 }  // namespace norvo

@@ -119,7 +119,7 @@ TEST_F(MediaListTest, WhatCouldNotBeWrittenIsKeptForTheNextFlush) {
     MediaList list = Fresh();
     ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
     list.Add(Record(u"C:\\a.mp3"));
-    platform->FailOn(exists ? u"Append" : u"Settings.Write", 1, error::kDiskFull);
+    platform->FailOn(u"Append", 1, error::kDiskFull);
     EXPECT_FALSE(list.Flush());
     list.Add(Record(u"C:\\b.mp3"));
     EXPECT_TRUE(list.Flush());
@@ -171,7 +171,7 @@ TEST_F(MediaListTest, RecordsOfARootThatCouldNotBeWrittenAreNotLostOnAChange) {
   MediaList list = Fresh();
   ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
   list.Add(Record(u"C:\\a.mp3"));
-  platform->FailOn(u"Settings.Write", 1, error::kDiskFull);
+  platform->FailOn(u"OpenShared", 1, error::kDiskFull);
   list.EnsureGroup(kGroup, u"C:\\Other");
   list.EnsureGroup(kGroup, kRoot);
   list.Flush();
@@ -190,6 +190,66 @@ TEST_F(MediaListTest, AListThatCouldNotBeReadIsNeverReplaced) {
   if (list.EnsureGroup(kGroup, kRoot)) list.Add(Record(u"C:\\b.mp3"));
   list.Flush();
   EXPECT_EQ(Occurrences("Music\tC:\\old.mp3\tx\r\n"), 1u);
+}
+
+TEST_F(MediaListTest, TwoThatBeginTheFileLeaveTheRecordsOfBoth) {
+  MediaList first = Fresh(), second = Fresh();
+  ASSERT_TRUE(first.EnsureGroup(kGroup, kRoot));
+  ASSERT_TRUE(second.EnsureGroup(kGroup, kRoot));
+  first.Add(Record(u"C:\\a.mp3"));
+  second.Add(Record(u"C:\\b.mp3"));
+  EXPECT_TRUE(first.Flush());
+  EXPECT_TRUE(second.Flush());
+  EXPECT_EQ(platform->Bytes(kPath),
+            "\xEF\xBB\xBF"
+            "Music\tC:\\a.mp3\texpression\r\n"
+            "Music\tC:\\b.mp3\texpression\r\n");
+}
+
+TEST_F(MediaListTest, WhatAnotherHasAddedIsNotAddedAgain) {
+  platform->AddFile(kPath, "\xEF\xBB\xBFMusic\tC:\\old.mp3\tx\r\n");
+  MediaList first = Fresh(), second = Fresh();
+  for (MediaList* const list : {&first, &second}) {
+    ASSERT_TRUE(list->EnsureGroup(kGroup, kRoot));
+    list->Add(Record(u"C:\\a.mp3"));
+    list->Add(Record(u"C:\\b.mp3"));
+  }
+  first.Add(Record(u"C:\\first.mp3"));
+  second.Add(Record(u"C:\\second.mp3"));
+  EXPECT_TRUE(first.Flush());
+  EXPECT_TRUE(second.Flush());
+  EXPECT_TRUE(second.Add(Record(u"C:\\FIRST.mp3")));
+  EXPECT_TRUE(second.Flush());
+  EXPECT_EQ(Occurrences("\r\n"), 5u);
+  for (const char* const name : {"old", "a", "b", "first", "second"}) {
+    EXPECT_EQ(Occurrences("\\" + std::string(name) + ".mp3\t"), 1u) << name;
+  }
+}
+
+TEST_F(MediaListTest, ALineThatAnotherHasFinishedMeanwhileIsARecord) {
+  platform->AddFile(kPath, "\xEF\xBB\xBFMusic\tC:\\a.mp3\texpr");
+  MediaList list = Fresh();
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  platform->AddFile(kPath, "\xEF\xBB\xBFMusic\tC:\\a.mp3\texpression\r\n");
+  list.Add(Record(u"C:\\a.mp3"));
+  EXPECT_TRUE(list.Flush());
+  EXPECT_EQ(platform->Bytes(kPath), "\xEF\xBB\xBFMusic\tC:\\a.mp3\texpression\r\n");
+}
+
+TEST_F(MediaListTest, AFileThatWasBegunAnewIsReadAnew) {
+  MediaList list = Fresh();
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  list.Add(Record(u"C:\\a.mp3"));
+  list.Add(Record(u"C:\\b.mp3"));
+  ASSERT_TRUE(list.Flush());
+  platform->AddFile(kPath, "\xEF\xBB\xBFMusic\tC:\\c.mp3\texpression\r\n");
+  list.Add(Record(u"C:\\c.mp3"));
+  list.Add(Record(u"C:\\d.mp3"));
+  EXPECT_TRUE(list.Flush());
+  EXPECT_EQ(platform->Bytes(kPath),
+            "\xEF\xBB\xBF"
+            "Music\tC:\\c.mp3\texpression\r\n"
+            "Music\tC:\\d.mp3\texpression\r\n");
 }
 
 TEST_F(MediaListTest, ManyRecordsAreAllKept) {
@@ -225,11 +285,11 @@ TEST_F(MediaListTest, VeryManyRecordsThatCannotBeWrittenAreTriedNowAndThenAndNot
   MediaList list = Fresh();
   ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
   platform->FailOn(u"Append", 1, error::kDiskFull);
-  platform->FailOn(u"Settings.Write", 1, error::kDiskFull);
+  platform->FailOn(u"OpenShared", 2, error::kDiskFull);
   const String folder = u"C:\\" + String(1000, u'x');
   for (std::int32_t i = 0; i < 1000; ++i) list.Add(Record(folder + FormatInteger(i)));
-  EXPECT_EQ(platform->Calls(u"Append"), 1u);
-  EXPECT_EQ(platform->Calls(u"Settings.Write"), 2u);
+  EXPECT_EQ(platform->Calls(u"OpenShared"), 3u);
+  EXPECT_EQ(platform->Calls(u"Append"), 2u);
   EXPECT_TRUE(list.Flush());
   EXPECT_EQ(Occurrences("\r\n"), 1000u);
 }

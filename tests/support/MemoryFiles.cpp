@@ -100,6 +100,27 @@ class MemoryFiles::GrowingFile final : public AppendFile {
   CallLog& calls_;
 };
 
+class MemoryFiles::CommonFile final : public SharedFile {
+ public:
+  CommonFile(NodeRef node, CallLog& calls) : node_(node), calls_(calls), bytes_(node, calls) {}
+
+  std::size_t ReadAt(std::uint64_t offset, std::span<char> buffer) override {
+    return bytes_.ReadAt(offset, buffer);
+  }
+  std::uint64_t Size() override { return bytes_.Size(); }
+  void EndWith(std::uint64_t offset, std::string_view bytes) override {
+    calls_.Enter(u"Append", node_->name);
+    node_->bytes.resize(static_cast<std::size_t>(offset));
+    node_->bytes += bytes;
+    ++node_->modified;
+  }
+
+ private:
+  NodeRef node_;
+  CallLog& calls_;
+  OpenedFile bytes_;
+};
+
 MemoryFiles::MemoryFiles(CallLog& calls) : calls_(calls) {
   AddDrive(u'C', DriveType::Fixed);
 }
@@ -286,6 +307,14 @@ std::unique_ptr<AppendFile> MemoryFiles::OpenForAppending(StringView path, bool 
   const NodeRef node = RequireFile(path);
   if (node->readOnly) throw RunTimeError(error::kPermissionDenied);
   return std::make_unique<GrowingFile>(node, calls_);
+}
+
+std::unique_ptr<SharedFile> MemoryFiles::OpenShared(StringView path) {
+  calls_.Enter(u"OpenShared", path);
+  if (!Find(path)) AddFile(path, {});
+  const NodeRef node = RequireFile(path);
+  if (node->readOnly) throw RunTimeError(error::kPermissionDenied);
+  return std::make_unique<CommonFile>(node, calls_);
 }
 
 void MemoryFiles::MakeDurable(std::span<const String> paths) {

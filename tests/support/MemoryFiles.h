@@ -7,6 +7,7 @@
 
 #include "services/FileSystem.h"
 #include "services/Platform.h"
+#include "services/SharedFile.h"
 #include "support/CallLog.h"
 
 namespace norvo {
@@ -17,7 +18,7 @@ inline constexpr FileTime kUsualFileTime = 1052907120;
 /// Drives, folders and files in memory, with Windows' rules for names: case does not matter but is
 /// kept, trailing points and blanks of a component do not matter. Local time is UTC here. What the
 /// tests use to set up and look at the tree is neither counted nor made to fail.
-class MemoryFiles final : public FileSystem, public SettingsStorage {
+class MemoryFiles final : public FileSystem, public SharedFiles, public SettingsStorage {
  public:
   explicit MemoryFiles(CallLog& calls);
   ~MemoryFiles() override;
@@ -47,6 +48,8 @@ class MemoryFiles final : public FileSystem, public SettingsStorage {
   void RemoveFile(StringView path, bool force) override;
   std::unique_ptr<BinaryFile> OpenForReading(StringView path) override;
   std::unique_ptr<AppendFile> OpenForAppending(StringView path, bool create) override;
+  /// Nobody waits.
+  std::unique_ptr<SharedFile> OpenShared(StringView path) override;
   void MakeDurable(std::span<const String> paths) override;
   /// Sub-folders and files mixed, in reverse name order.
   std::vector<FolderItem> ListFolder(StringView path, std::span<const StringView> endings) override;
@@ -65,6 +68,7 @@ class MemoryFiles final : public FileSystem, public SettingsStorage {
   using NodeRef = std::shared_ptr<Node>;
   class OpenedFile;
   class GrowingFile;
+  class CommonFile;
 
   NodeRef Find(StringView path) const;
   NodeRef FindFile(StringView path) const;

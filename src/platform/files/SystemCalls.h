@@ -40,6 +40,8 @@ enum class OpenMode {
   Read,
   Append,              ///< to a file that exists
   CreateForAppending,  ///< or one that is made by it
+  Share,               ///< for reading and appending to a file that exists
+  CreateToShare,       ///< or one that is made by it
   List,                ///< a folder, for its names
   Start                ///< a folder, only to be the start of other paths
 };
@@ -72,6 +74,8 @@ FileFailure RenameOver(const SystemFile& root, const std::string& from, const st
 FileFailure MakeFolder(const SystemFile& root, const std::string& path);
 /// Removes a file or a link, whatever its permissions.
 FileFailure RemoveFile(const SystemFile& root, const std::string& path);
+/// Cuts a file that is longer.
+FileFailure CutFile(const SystemFile& root, const std::string& path, std::uint64_t size);
 FileFailure SetPermissions(const SystemFile& file, std::uint32_t permissions);
 
 /// What the disk tells of a name while it lists a folder.

@@ -172,29 +172,41 @@ OpenedFile HostedFileSystem::OpenRegular(StringView path) {
   return {std::move(opened->file), std::move(opened->path), record};
 }
 
-SystemFile HostedFileSystem::CreateForAppending(StringView path) {
+/// Makes a file, or opens one that somebody else has made meanwhile.
+HostedFileSystem::Opened HostedFileSystem::Create(StringView path, OpenMode mode) {
   // What exists and could not be opened is a folder or no file at all.
-  if (resolver_.Find(path)) RaiseFileError(Kind::IsAFolder, Subject::File, path);
+  const std::optional<DiskEntry> there = resolver_.Find(path);
+  if (there && there->record.kind != FileRecord::Kind::File) {
+    RaiseFileError(Kind::IsAFolder, Subject::File, path);
+  }
   const std::optional<DrivePath> folder = resolver_.FindFolder(FolderOf(AbsolutePathName(path)));
   if (!folder) RaiseFileError(Kind::NotFound, Subject::Folder, path);
-  const DrivePath made = PathOfNew(*folder, path);
-  FileResult<SystemFile> file =
-      OpenBeneath(made.drive->Root(), made.path, OpenMode::CreateForAppending);
+  DrivePath made = there ? DrivePath{there->drive, there->RealPath()} : PathOfNew(*folder, path);
+  FileResult<SystemFile> file = OpenBeneath(made.drive->Root(), made.path, mode);
   if (!file) RaiseFileError(file.Failure(), Subject::File, path);
   resolver_.Changed(*folder->drive, folder->path);
-  return std::move(*file);
+  return {std::move(made), std::move(*file), false};
 }
 
 std::unique_ptr<AppendFile> HostedFileSystem::OpenForAppending(StringView path, bool create) {
-  SystemFile file;
-  if (std::optional<Opened> opened = OpenExisting(path, OpenMode::Append)) {
-    file = std::move(opened->file);
-  } else {
+  std::optional<Opened> opened = OpenExisting(path, OpenMode::Append);
+  if (!opened) {
     if (!create || (!path.empty() && IsSeparator(path.back()))) RaiseMissing(path);
-    file = CreateForAppending(path);
+    opened = Create(path, OpenMode::CreateForAppending);
   }
-  RecordOfRegular(file, path);
-  return std::make_unique<HostedAppendFile>(std::move(file), path);
+  RecordOfRegular(opened->file, path);
+  return std::make_unique<HostedAppendFile>(std::move(opened->file), path);
+}
+
+std::unique_ptr<SharedFile> HostedFileSystem::OpenShared(StringView path) {
+  std::optional<Opened> opened = OpenExisting(path, OpenMode::Share);
+  if (!opened) {
+    MakeFolderOf(path);
+    opened = Create(path, OpenMode::CreateToShare);
+  }
+  RecordOfRegular(opened->file, path);
+  LockFile(opened->file, true);
+  return std::make_unique<HostedSharedFile>(std::move(opened->file), std::move(opened->path), path);
 }
 
 void HostedFileSystem::MakeDurable(std::span<const String> paths) {
@@ -224,7 +236,11 @@ DrivePath HostedFileSystem::CreateFolders(StringView path) {
   // Upwards the way ends at a drive's root, which nobody can create.
   if (parent.empty() || parent == path) RaiseFileError(Kind::NotFound, Subject::Folder, path);
   CreateFolders(parent);
-  CreateFolder(path);
+  try {
+    CreateFolder(path);
+  } catch (const RunTimeError&) {
+    if (!FolderExists(path)) throw;  // somebody else may have made it meanwhile
+  }
   const std::optional<DrivePath> folder = resolver_.FindFolder(path);
   if (!folder) RaiseFileError(Kind::NotFound, Subject::Folder, path);
   return *folder;

@@ -7,6 +7,7 @@
 #include "platform/hosted/DriveMap.h"
 #include "platform/hosted/PathResolver.h"
 #include "services/FileSystem.h"
+#include "services/SharedFile.h"
 
 namespace norvo {
 
@@ -18,7 +19,7 @@ struct OpenedFile {
 };
 
 /// The file system service over the drives of a machine that is held in a folder.
-class HostedFileSystem final : public FileSystem {
+class HostedFileSystem final : public FileSystem, public SharedFiles {
  public:
   using WarningSink = std::function<void(StringView)>;
   using ListingSink = std::function<void(StringView folder, std::span<const FolderItem> items)>;
@@ -33,6 +34,8 @@ class HostedFileSystem final : public FileSystem {
   void RemoveFile(StringView path, bool force) override;
   std::unique_ptr<BinaryFile> OpenForReading(StringView path) override;
   std::unique_ptr<AppendFile> OpenForAppending(StringView path, bool create) override;
+  /// By the system's lock of the file.
+  std::unique_ptr<SharedFile> OpenShared(StringView path) override;
   void MakeDurable(std::span<const String> paths) override;
   /// Links to files are listed as files. Links to folders are left out, so that a walk through all
   /// folders ends; a path that names such a link leads into its folder all the same.
@@ -69,7 +72,7 @@ class HostedFileSystem final : public FileSystem {
     bool wasSeen = false;  ///< by the look-up just before, whose size holds
   };
   std::optional<Opened> OpenExisting(StringView path, OpenMode mode);
-  SystemFile CreateForAppending(StringView path);
+  Opened Create(StringView path, OpenMode mode);
   void Flush(std::span<const String> paths);
   Opened OpenListed(StringView path);
   DrivePath CreateFolders(StringView path);

@@ -4,7 +4,9 @@
 #include <optional>
 
 #include "platform/files/SystemFile.h"
+#include "platform/hosted/PathResolver.h"
 #include "services/FileSystem.h"
+#include "services/SharedFile.h"
 
 namespace norvo {
 
@@ -35,6 +37,23 @@ class HostedAppendFile final : public AppendFile {
 
  private:
   SystemFile file_;
+  String path_;
+};
+
+/// A regular file open for reading and appending, and locked.
+class HostedSharedFile final : public SharedFile {
+ public:
+  /// `place` is where the file stands.
+  HostedSharedFile(SystemFile file, DrivePath place, StringView path)
+      : file_(std::move(file)), place_(std::move(place)), path_(path) {}
+
+  std::size_t ReadAt(std::uint64_t offset, std::span<char> buffer) override;
+  std::uint64_t Size() override;
+  void EndWith(std::uint64_t offset, std::string_view bytes) override;
+
+ private:
+  SystemFile file_;
+  DrivePath place_;
   String path_;
 };
 

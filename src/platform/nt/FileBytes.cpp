@@ -3,6 +3,7 @@
 
 #include "platform/files/SystemCalls.h"
 #include "platform/nt/Handle.h"
+#include "platform/nt/InsideFolder.h"
 #include "platform/nt/WindowsCode.h"
 
 namespace norvo {
@@ -42,6 +43,16 @@ FileFailure WriteAll(const SystemFile& file, std::string_view bytes) {
     bytes.remove_prefix(written);
   }
   return {};
+}
+
+FileFailure CutFile(const SystemFile& root, const std::string& path, std::uint64_t size) {
+  if (size > kFarthest) return {};  // no file is longer
+  const FileResult<SystemFile> file =
+      OpenInside(root, path, {FILE_WRITE_DATA, FILE_NON_DIRECTORY_FILE});
+  if (!file) return file.Failure();
+  FILE_END_OF_FILE_INFORMATION end = {};
+  end.EndOfFile.QuadPart = static_cast<LONGLONG>(size);
+  return FailureOfStatus(Set(HandleOf(*file), FileEndOfFileInformation, end));
 }
 
 }  // namespace norvo

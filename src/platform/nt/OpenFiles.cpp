@@ -18,8 +18,10 @@ constexpr ACCESS_MASK kToAppend =
 Opening OpeningFor(OpenMode mode) {
   switch (mode) {
     case OpenMode::Append:
+    case OpenMode::Share:
       return {kToAppend, FILE_NON_DIRECTORY_FILE};
     case OpenMode::CreateForAppending:
+    case OpenMode::CreateToShare:
       return {kToAppend, FILE_NON_DIRECTORY_FILE, FILE_OPEN_IF};
     case OpenMode::List:
       return {FILE_LIST_DIRECTORY | FILE_READ_ATTRIBUTES, FILE_DIRECTORY_FILE};

@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <sys/types.h>
 #include <unistd.h>
 
@@ -7,6 +8,7 @@
 #include "platform/files/SystemCalls.h"
 #include "platform/posix/Descriptor.h"
 #include "platform/posix/Errno.h"
+#include "platform/posix/InsideFolder.h"
 
 namespace norvo {
 namespace {
@@ -34,6 +36,13 @@ FileFailure WriteAll(const SystemFile& file, std::string_view bytes) {
     bytes.remove_prefix(static_cast<std::size_t>(written));
   }
   return {};
+}
+
+FileFailure CutFile(const SystemFile& root, const std::string& path, std::uint64_t size) {
+  if (size > kFarthest) return {};  // no file is longer
+  const FileResult<SystemFile> file = OpenInside(root, path, O_WRONLY | O_NONBLOCK);
+  if (!file) return file.Failure();
+  return FailureUnlessZero(::ftruncate(DescriptorOf(*file), static_cast<off_t>(size)));
 }
 
 }  // namespace norvo

@@ -22,6 +22,10 @@ int FlagsFor(OpenMode mode) {
       return O_WRONLY | O_APPEND | kNeverWait;
     case OpenMode::CreateForAppending:
       return O_WRONLY | O_APPEND | O_CREAT | kNeverWait;
+    case OpenMode::Share:
+      return O_RDWR | O_APPEND | kNeverWait;
+    case OpenMode::CreateToShare:
+      return O_RDWR | O_APPEND | O_CREAT | kNeverWait;
     case OpenMode::List:
       return O_RDONLY | O_DIRECTORY | O_NONBLOCK;
     case OpenMode::Start:

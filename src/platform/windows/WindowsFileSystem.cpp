@@ -103,6 +103,21 @@ void WindowsFileSystem::CreateFolder(StringView path) {
   RaiseWindowsError(exists ? ERROR_ALREADY_EXISTS : reason, Subject::New, path);
 }
 
+void WindowsFileSystem::MakeFolders(StringView folder) {
+  if (FolderExists(folder)) return;
+  const StringView parent = ParentFolder(folder);
+  // A drive and a share are there, or nobody can create them.
+  if (parent.size() == folder.size() || parent.size() < DriveName(folder).size()) {
+    RaiseWindowsError(ERROR_PATH_NOT_FOUND, Subject::Folder, folder);
+  }
+  MakeFolders(parent);
+  try {
+    CreateFolder(folder);
+  } catch (const RunTimeError&) {
+    if (!FolderExists(folder)) throw;  // somebody else may have made it meanwhile
+  }
+}
+
 /// Some systems say of a missing drive, too, that the file is missing.
 void WindowsFileSystem::RaiseUnusable(DWORD reason, StringView path) {
   if (reason == ERROR_FILE_NOT_FOUND && !FolderExists(ParentFolder(FullPath(path)))) {
@@ -158,6 +173,13 @@ std::unique_ptr<AppendFile> WindowsFileSystem::OpenForAppending(StringView path,
   constexpr DWORD kAccess = FILE_APPEND_DATA | SYNCHRONIZE;
   return std::make_unique<WindowsAppendFile>(
       OpenFile(path, kAccess, FILE_SHARE_READ | FILE_SHARE_WRITE, create), path);
+}
+
+std::unique_ptr<SharedFile> WindowsFileSystem::OpenShared(StringView path) {
+  constexpr DWORD kAccess = GENERIC_READ | FILE_APPEND_DATA;
+  if (!EndsInSeparator(path)) MakeFolders(ParentFolder(FullPath(path)));
+  return std::make_unique<WindowsSharedFile>(
+      OpenFile(path, kAccess, FILE_SHARE_READ | FILE_SHARE_WRITE, true), path);
 }
 
 void WindowsFileSystem::MakeDurable(std::span<const String> paths) {

@@ -8,11 +8,12 @@
 #include "platform/windows/UniqueHandle.h"
 #include "platform/windows/WindowsError.h"
 #include "services/FileSystem.h"
+#include "services/SharedFile.h"
 
 namespace norvo {
 
 /// The machine's own disks.
-class WindowsFileSystem final : public FileSystem {
+class WindowsFileSystem final : public FileSystem, public SharedFiles {
  public:
   using WarningSink = std::function<void(StringView)>;
 
@@ -30,6 +31,8 @@ class WindowsFileSystem final : public FileSystem {
   std::unique_ptr<BinaryFile> OpenForReading(StringView path) override;
   /// `CreateFileW`; others may read the file and add to it meanwhile.
   std::unique_ptr<AppendFile> OpenForAppending(StringView path, bool create) override;
+  /// `CreateFileW` and `LockFileEx`; others may read the file meanwhile.
+  std::unique_ptr<SharedFile> OpenShared(StringView path) override;
   /// `FlushFileBuffers`.
   void MakeDurable(std::span<const String> paths) override;
   /// Links to files are listed as files. Junctions, links to folders and mounted disks are left
@@ -46,6 +49,9 @@ class WindowsFileSystem final : public FileSystem {
   String FileVersion(StringView path) override;
   String SystemFolder() override;
   Date LocalDate(FileTime time) override;
+
+  /// Creates the folders that are missing, from the drive or share on. Raises.
+  void MakeFolders(StringView folder);
 
  private:
   FileHandle OpenFile(StringView path, DWORD access, DWORD sharing, bool create);

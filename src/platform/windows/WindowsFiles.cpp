@@ -4,6 +4,9 @@
 #include <limits>
 
 #include "automation/RunTimeError.h"
+#include "platform/win32/QuietDrives.h"
+#include "platform/windows/SystemPath.h"
+#include "platform/windows/WideText.h"
 #include "platform/windows/WindowsError.h"
 
 namespace norvo {
@@ -26,16 +29,16 @@ bool ReadPiece(const FileHandle& file, std::uint64_t offset, std::span<char> buf
          ::GetLastError() == ERROR_HANDLE_EOF;
 }
 
-}  // namespace
-
-std::size_t WindowsBinaryFile::ReadAt(std::uint64_t offset, std::span<char> buffer) {
+/// Reads until the buffer is full or the file has ended.
+std::size_t ReadFull(const FileHandle& file, std::uint64_t offset, std::span<char> buffer,
+                     const String& path) {
   constexpr auto kFarthest = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
   std::size_t done = 0;
   while (done < buffer.size() && offset <= kFarthest - done) {
     DWORD got = 0;
-    if (!ReadPiece(file_, offset + done, buffer.subspan(done), got)) {
+    if (!ReadPiece(file, offset + done, buffer.subspan(done), got)) {
       throw RunTimeError(error::kDeviceInputOutput,
-                         String(DescriptionOf(error::kDeviceInputOutput)) + u": " + path_);
+                         String(DescriptionOf(error::kDeviceInputOutput)) + u": " + path);
     }
     if (got == 0) break;
     done += got;
@@ -43,16 +46,61 @@ std::size_t WindowsBinaryFile::ReadAt(std::uint64_t offset, std::span<char> buff
   return done;
 }
 
-std::uint64_t WindowsBinaryFile::Size() {
+std::uint64_t SizeOf(const FileHandle& file, const String& path) {
   LARGE_INTEGER size = {};
-  if (!::GetFileSizeEx(file_.Get(), &size)) {
-    RaiseWindowsError(::GetLastError(), Subject::File, path_);
+  if (!::GetFileSizeEx(file.Get(), &size)) {
+    RaiseWindowsError(::GetLastError(), Subject::File, path);
   }
   return static_cast<std::uint64_t>(size.QuadPart);
 }
 
+/// False, with the reason in `GetLastError`, when the file cannot be cut.
+bool Cut(const String& systemPath, std::uint64_t size) {
+  const QuietDrives quiet;
+  const FileHandle file(::CreateFileW(ToWide(systemPath), GENERIC_WRITE,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr));
+  LARGE_INTEGER end = {};
+  end.QuadPart = static_cast<LONGLONG>(size);
+  return file.IsOpen() && ::SetFilePointerEx(file.Get(), end, nullptr, FILE_BEGIN) &&
+         ::SetEndOfFile(file.Get());
+}
+
+}  // namespace
+
+std::size_t WindowsBinaryFile::ReadAt(std::uint64_t offset, std::span<char> buffer) {
+  return ReadFull(file_, offset, buffer, path_);
+}
+
+std::uint64_t WindowsBinaryFile::Size() {
+  return SizeOf(file_, path_);
+}
+
 void WindowsAppendFile::Append(std::string_view bytes) {
   if (!WriteAll(file_, bytes)) RaiseWindowsError(::GetLastError(), Subject::File, path_);
+}
+
+WindowsSharedFile::WindowsSharedFile(FileHandle file, StringView path)
+    : file_(std::move(file)), path_(path) {
+  // The byte that is locked is far beyond what anybody reads, since nobody can read a locked one.
+  OVERLAPPED place = {};
+  place.OffsetHigh = 0x40000000;
+  ::LockFileEx(file_.Get(), LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &place);
+}
+
+std::size_t WindowsSharedFile::ReadAt(std::uint64_t offset, std::span<char> buffer) {
+  return ReadFull(file_, offset, buffer, path_);
+}
+
+std::uint64_t WindowsSharedFile::Size() {
+  return SizeOf(file_, path_);
+}
+
+void WindowsSharedFile::EndWith(std::uint64_t offset, std::string_view bytes) {
+  const std::optional<String> systemPath = ToSystemPath(path_);
+  const bool isWritten =
+      (offset >= Size() || (systemPath && Cut(*systemPath, offset))) && WriteAll(file_, bytes);
+  if (!isWritten) RaiseWindowsError(::GetLastError(), Subject::File, path_);
 }
 
 bool WriteAll(const FileHandle& file, std::string_view bytes) {

@@ -2,6 +2,7 @@
 
 #include "platform/windows/UniqueHandle.h"
 #include "services/FileSystem.h"
+#include "services/SharedFile.h"
 
 namespace norvo {
 
@@ -22,6 +23,22 @@ class WindowsAppendFile final : public AppendFile {
  public:
   WindowsAppendFile(FileHandle file, StringView path) : file_(std::move(file)), path_(path) {}
   void Append(std::string_view bytes) override;
+
+ private:
+  FileHandle file_;
+  String path_;
+};
+
+/// A file opened with `GENERIC_READ` and `FILE_APPEND_DATA`, and locked.
+class WindowsSharedFile final : public SharedFile {
+ public:
+  /// `LockFileEx`, which waits.
+  WindowsSharedFile(FileHandle file, StringView path);
+  std::size_t ReadAt(std::uint64_t offset, std::span<char> buffer) override;
+  std::uint64_t Size() override;
+  /// To be cut, with `SetEndOfFile`, the file is opened once more, since what may write anywhere
+  /// does not write at the end.
+  void EndWith(std::uint64_t offset, std::string_view bytes) override;
 
  private:
   FileHandle file_;

@@ -17,18 +17,6 @@
 namespace norvo {
 namespace {
 
-/// Creates the folders that are missing, from the drive or share on.
-void MakeFolders(FileSystem& files, StringView folder) {
-  if (files.FolderExists(folder)) return;
-  const StringView parent = ParentFolder(folder);
-  // A drive and a share are there, or nobody can create them.
-  if (parent.size() == folder.size() || parent.size() < DriveName(folder).size()) {
-    RaiseWindowsError(ERROR_PATH_NOT_FOUND, Subject::Folder, folder);
-  }
-  MakeFolders(files, parent);
-  files.CreateFolder(folder);
-}
-
 /// A file beside another one that takes its place when it is whole, and else is gone. What a
 /// stopped process left behind is taken over when the same file is written again.
 class Replacement {
@@ -77,7 +65,7 @@ void WindowsSettings::Write(StringView path, const std::string& bytes) {
   if (!target || IsSeparator(path.back()) || files_.FolderExists(path)) {
     RaiseWindowsError(ERROR_INVALID_NAME, Subject::New, path);
   }
-  MakeFolders(files_, ParentFolder(FullPath(path)));
+  files_.MakeFolders(ParentFolder(FullPath(path)));
   const QuietDrives quiet;
   // Not every system refuses to put another file in the place of a read-only one.
   const DWORD attributes = ::GetFileAttributesW(ToWide(*target));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/windows/WindowsFileSystem.h"
 #include "services/Platform.h"
 
 namespace norvo {
@@ -8,13 +9,13 @@ namespace norvo {
 class WindowsSettings final : public SettingsStorage {
  public:
   /// `files` must outlive this.
-  explicit WindowsSettings(FileSystem& files) : files_(files) {}
+  explicit WindowsSettings(WindowsFileSystem& files) : files_(files) {}
   std::optional<std::string> Read(StringView path) override;
   /// `FlushFileBuffers` and `MoveFileExW`. A read-only file is not replaced: error 70.
   void Write(StringView path, const std::string& bytes) override;
 
  private:
-  FileSystem& files_;
+  WindowsFileSystem& files_;
 };
 
 }  // namespace norvo

@@ -1,5 +1,8 @@
 #include <array>
 
+#include <algorithm>
+#include <thread>
+
 #include "ScratchFolder.h"
 
 namespace norvo {
@@ -88,6 +91,45 @@ TEST_F(WindowsFilesTest, TwoWritersAddBehindEachOther) {
   second->Append("2");
   first->Append("3");
   EXPECT_EQ(Get(u"Log.txt"), "123") << "read while it is open";
+}
+
+TEST_F(WindowsFilesTest, AMediaListWithATornLineEndsAnew) {
+  MakeFolder(u"Root");
+  MakeFolder(u"Root\\KVs");
+  Put(u"Root\\KVs\\MediaList.txt",
+      "\xEF\xBB\xBF"
+      "Cat\tC:\\a\tx\r\nCat\tC:\\to");
+  MigrationList& list = Machine().Migration();
+  ASSERT_TRUE(list.EnsureGroup(u"Group", Path(u"Root")));
+  EXPECT_TRUE(list.Add({u"C:\\b", u"x", u"Cat"}));
+  EXPECT_TRUE(list.Flush());
+  EXPECT_EQ(Get(u"Root\\KVs\\MediaList.txt"),
+            "\xEF\xBB\xBF"
+            "Cat\tC:\\a\tx\r\nCat\tC:\\b\tx\r\n");
+}
+
+/// What the library of one apartment does: records of its own, and some that both have.
+void AddRecords(const String& root, StringView own) {
+  WindowsPlatform machine;
+  MigrationList& list = machine.Migration();
+  list.EnsureGroup(u"Group", root);
+  for (std::int32_t i = 0; i < 10; ++i) {
+    list.Add({String(own) + FormatInteger(i), u"x", u"Cat"});
+    list.Add({u"both" + FormatInteger(i), u"x", u"Cat"});
+    if (i == 4) list.Flush();
+  }
+  list.Flush();
+}
+
+TEST_F(WindowsFilesTest, TwoThatBeginOneMediaListLeaveEachRecordOnce) {
+  for (int round = 0; round < 30; ++round) {
+    const String root = Path(u"Root" + FormatInteger(round));
+    std::thread first(AddRecords, root, u"a"), second(AddRecords, root, u"b");
+    first.join();
+    second.join();
+    const std::string bytes = Get(u"Root" + FormatInteger(round) + u"\\KVs\\MediaList.txt");
+    EXPECT_EQ(std::count(bytes.begin(), bytes.end(), '\n'), 30) << bytes;
+  }
 }
 
 }  // namespace
