@@ -23,8 +23,8 @@ namespace {
 constexpr HelpText kHelp = {R"(Examples:
   norvo-playlists migrate --from /mnt/old-pc --to /mnt/new-pc
   norvo-playlists migrate --from /mnt/old-disk --to /mnt/new-disk --user Ann
-  norvo-playlists migrate --from /mnt/old-disk --drive D=/mnt/old-d --to ~/new-pc
-  norvo-playlists migrate --from /mnt/old-disk --to ~/new-pc --work ~/old-pc-data
+  norvo-playlists migrate --from /mnt/old-disk --drive D=/mnt/old-d --to ~/new
+  norvo-playlists migrate --from /mnt/old-disk --to ~/new --work ~/old-pc-data
   norvo-playlists migrate --from /mnt/old-pc --to /mnt/new-pc --dry-run
 
 DIR of --from and --to is a machine folder, or any other, such as a mounted disk, which is then
@@ -42,10 +42,10 @@ The folders must not lie in each other. --link is refused where nothing is writt
 Exit code 1: something that exists was left out, above all a song that no playlist of the new
 machine leads to.)",
                             R"(Examples:
-  norvo-playlists migrate --to E:\Move             on the old PC, with a USB disk
-  norvo-playlists migrate --from E:\Move           on the new PC, with the same disk
-  norvo-playlists migrate --from E:\               on the new PC, with the disk of the old one
-  norvo-playlists migrate --from E:\ --drive D=F:\  the same, with its second disk
+  norvo-playlists migrate --to E:\Move        on the old PC, with a USB disk
+  norvo-playlists migrate --from E:\Move      on the new PC, with the same one
+  norvo-playlists migrate --from E:\          on the new PC, with the old disk
+  norvo-playlists migrate --from E:\ --drive D=F:\       with two of them
   norvo-playlists migrate --from E:\Move --dry-run
 
 Without --from the old machine is this PC, without --to the new one is. To a PC that lists are taken

@@ -86,6 +86,8 @@ TEST_F(UsageTest, TellsItsVersion) {
   const Outcome outcome = RunProgram({"--version"});
   EXPECT_EQ(outcome.code, 0);
   EXPECT_EQ(outcome.out.rfind("norvo-playlists ", 0), 0u) << outcome.out;
+  EXPECT_TRUE(outcome.out.ends_with(")\n")) << outcome.out;
+  EXPECT_EQ(RunProgram({"-V"}).out, outcome.out);
 }
 
 // Alone it is told in a way of its own.
@@ -95,6 +97,7 @@ TEST_F(UsageTest, TellsTheSameVersionBesideOtherWords) {
   EXPECT_EQ(beside.code, alone.code);
   EXPECT_EQ(beside.out, alone.out);
   EXPECT_EQ(beside.err, alone.err);
+  EXPECT_EQ(RunProgram({"-V", "scan"}).out, alone.out);
 }
 
 TEST_F(UsageTest, UnusableMachineEndsWithTwoAndNamesTheFolder) {

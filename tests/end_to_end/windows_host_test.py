@@ -70,11 +70,13 @@ class WindowsHostTest(unittest.TestCase):
             self.assertIn(f"Examples:\n  norvo-playlists {command}", text)
             self.assertNotIn("/mnt", text)
             self.assertIn("this PC", text)
+            self.assertLessEqual(max(map(len, text.splitlines())), 80, text)
 
     def test_01_version(self):
         code, out, err = self.run_program("--version")
         self.assertEqual((code, err), (0, ""))
-        self.assertRegex(out, r"^norvo-playlists \d+\.\d+\.\d+\n$")
+        self.assertRegex(out, r"^norvo-playlists \d+\.\d+\.\d+ \(([0-9a-f]+, )?Windows x64\)\n$")
+        self.assertEqual(self.run_program("-V"), (0, out, ""))
         program = self.machine.place(PROGRAM).read_bytes()
         # The file tells the same to whoever looks at its properties.
         version = out.split()[1].encode("utf-16-le")
