@@ -19,7 +19,7 @@ windows) packages="$packages $windows" ;;
 test)
     packages="$packages $static $windows libgtest-dev libbenchmark-dev clang libclang-rt-14-dev
               clang-format strace valgrind python3-gi gir1.2-totemplparser-1.0
-              doxygen pkg-config chromium chromium-driver man-db zsh fish"
+              doxygen pkg-config chromium chromium-driver man-db zsh fish mono-mcs"
     ;;
 esac
 
