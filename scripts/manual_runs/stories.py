@@ -52,28 +52,28 @@ def linux(program):
 
 
 def windows(program, machine_class):
-    """Two PCs and a USB disk, then an old disk in a case. `machine_class` makes a Windows PC."""
+    """Two PCs and a USB disk, then an old disk in a case. `machine_class` makes a Windows PC; the same
+    one is each of them in turn, since its making takes longer than all runs."""
     with tempfile.TemporaryDirectory(prefix="norvo-manual-") as folder:
         stick, case = Path(folder) / "stick", Path(folder) / "case"
         stick.mkdir()
         machines.put_windows(case)
         machines.put_old_disk(case)
-
-        def on_pc(drive, runs, fill=False):
-            machine = machine_class(program, drive)
-            try:
-                machine.start()
-                if fill:
-                    machines.put_old_disk(machine.drive)
-                return [run_on_pc(machine, words) for words in runs]
-            finally:
-                machine.end()
-
-        collected, = on_pc(stick, [["migrate", "--to", "E:\\Move"]], fill=True)
-        trial, brought = on_pc(stick, [["migrate", "--from", "E:\\Move", "--dry-run"],
-                                       ["migrate", "--from", "E:\\Move"]])
-        from_case, = on_pc(case, [["migrate", "--from", "E:\\"]])
-        return {"old-pc": collected, "new-pc-trial": trial, "new-pc": brought, "case": from_case}
+        pc = machine_class(program, stick)
+        try:
+            pc.start()
+            machines.put_old_disk(pc.drive)
+            screens = {"old-pc": run_on_pc(pc, ["migrate", "--to", "E:\\Move"])}
+            shutil.rmtree(pc.drive / machines.MUSIC)
+            screens["new-pc-trial"] = run_on_pc(pc, ["migrate", "--from", "E:\\Move", "--dry-run"])
+            screens["new-pc"] = run_on_pc(pc, ["migrate", "--from", "E:\\Move"])
+            for name in ("Norvo Media", "Norvo PlayLists"):
+                shutil.rmtree(pc.drive / "My Documents" / name)
+            pc.connect(case)
+            screens["case"] = run_on_pc(pc, ["migrate", "--from", "E:\\"])
+        finally:
+            pc.end()
+        return screens
 
 
 def run_on_pc(machine, words):

@@ -43,10 +43,17 @@ class Machine:
         self.place("C:\\My Documents").mkdir(exist_ok=True)
         self.place(PROGRAM).parent.mkdir(parents=True)
         shutil.copy(self.program, self.place(PROGRAM))
-        drives = self.folder / "wine" / "dosdevices"
-        (drives / "z:").unlink(missing_ok=True)
+        (self.drives() / "z:").unlink(missing_ok=True)
         if self.stick:
-            (drives / "e:").symlink_to(self.stick)
+            self.connect(self.stick)
+
+    def drives(self):
+        return self.folder / "wine" / "dosdevices"
+
+    def connect(self, stick):
+        """Another stick, as drive E."""
+        (self.drives() / "e:").unlink(missing_ok=True)
+        (self.drives() / "e:").symlink_to(stick)
 
     def wine(self, *words):
         """Runs a program in the music folder, once there is one."""
