@@ -1,14 +1,13 @@
 #!/usr/bin/env python3
-"""Makes the pictures of the manual, and the blocks of its pages that show a run, from real runs.
+"""Makes the pictures of the manual, and the blocks of its pages that show a run, from real runs. What a program is not named for stays as it is.
 
     scripts/make-manual-pictures.py --program build/release/src/cli/norvo-playlists
         [--windows-program build/windows-x64/src/cli/norvo-playlists.exe]   runs under Wine, too
+            [--page]    photographs the report page, too, by chromium; do it when that has changed
         [--check]   changes nothing, and ends with 1 where something is not as it would be made
-
-The picture of the report page needs chromium; without it, and with --check, it stays as it is."""
+"""
 
 import argparse
-import shutil
 import subprocess
 import sys
 import tempfile
@@ -71,8 +70,11 @@ def main():
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--program")
     parser.add_argument("--windows-program")
+    parser.add_argument("--page", action="store_true")
     parser.add_argument("--check", action="store_true")
     options = parser.parse_args()
+    if options.page and not options.program:
+        parser.error("--page needs --program")
     files = made_files(all_screens(options))
     stale = [path for path, text in files.items()
              if not path.exists() or path.read_text(encoding="utf-8") != text]
@@ -85,7 +87,7 @@ def main():
         path.parent.mkdir(exist_ok=True)
         path.write_text(files[path], encoding="utf-8")
         print("made", path.relative_to(ROOT))
-    if options.program and shutil.which("chromium"):
+    if options.page:
         photograph(options)
     return 0
 

@@ -8,8 +8,8 @@ from pathlib import Path
 from urllib.parse import unquote
 
 ROOT = Path(__file__).resolve().parents[2]
-PAGES = [*(ROOT / name for name in ("README.md", "CONTRIBUTING.md", "CHANGELOG.md")),
-         *sorted((ROOT / "docs").rglob("*.md")), *sorted((ROOT / "examples").rglob("*.md"))]
+PAGES = [*sorted(ROOT.glob("*.md")), *sorted((ROOT / "docs").rglob("*.md")),
+         *sorted((ROOT / "examples").rglob("*.md"))]
 CODE = re.compile(r"^(`{3,}).*?^\1$|^(?:    |\t).*?$|`[^`\n]+`", re.M | re.S)
 LINK = re.compile(r"!?\[(?:[^\[\]]|\[[^\]]*\])*\]\(\s*<?([^)\s>]+)>?(?:\s+\"[^\"]*\")?\s*\)")
 REFERENCE = re.compile(r"^\[[^\]]+\]:\s+(\S+)", re.M)
