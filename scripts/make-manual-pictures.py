@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""Makes the pictures of the manual, and the blocks of its pages that show a run, from real runs. What a program is not named for stays as it is.
+"""Makes the pictures of the manual, and the blocks of its pages that show a run, from real runs. What
+belongs to a program that is not named stays as it is.
 
     scripts/make-manual-pictures.py --program build/release/src/cli/norvo-playlists
         [--windows-program build/windows-x64/src/cli/norvo-playlists.exe]   runs under Wine, too
-            [--page]    photographs the report page, too, by chromium; do it when that has changed
+        [--page]    photographs the report page, too, with chromium; for when that has changed
         [--check]   changes nothing, and ends with 1 where something is not as it would be made
 """
 
