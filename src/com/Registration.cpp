@@ -21,6 +21,9 @@ constexpr StringView kLibrary = u"NorvoPlayList";
 constexpr StringView kVersion = u"1.0";
 // The system's own marshaller for interfaces that a type library describes.
 constexpr StringView kMarshaller = u"{00020424-0000-0000-C000-000000000046}";
+// What the classes, interfaces and type libraries of all products stand below. A user may have
+// none of them yet.
+constexpr StringView kCommonKeys[] = {u"CLSID", u"Interface", u"TypeLib"};
 constexpr StringView kPlatform = sizeof(void*) == 8 ? u"win64" : u"win32";
 constexpr StringView kOtherPlatform = sizeof(void*) == 8 ? u"win32" : u"win64";
 
@@ -42,6 +45,7 @@ struct Plan {
   std::vector<String> own;     // of this bitness
   std::vector<String> shared;  // with the library of the other one
   String other;                // is there while that one is registered
+  String notes;                // key for what else is to be known when all goes
   std::vector<Entry> entries;
 
   void Add(String key, StringView value, StringView name = {}) {
@@ -99,6 +103,7 @@ void PlanLibrary(Plan& plan, const String& module, const String& identifier) {
   plan.own.push_back(files + String(kPlatform));
   plan.other = files + String(kOtherPlatform);
   plan.shared.push_back(key);
+  plan.notes = key;
   plan.Add(version, u"Norvo Media Playlist Parser");
   plan.Add(version + u"\\FLAGS", u"0");
   plan.Add(files + String(kPlatform), module);
@@ -154,10 +159,62 @@ bool RemoveAll(HKEY root, const std::vector<String>& keys) {
   return whole;
 }
 
-HRESULT Remove(HKEY root, const Plan& plan) {
+/// Name of the value that tells that a common key was made by the registering. Each bitness has
+/// classes and interfaces of its own.
+String NoteOf(StringView commonKey) {
+  const bool isShared = commonKey == u"TypeLib";
+  return u"Made " + String(commonKey) + (isShared ? String() : u' ' + String(kPlatform));
+}
+
+bool HasNote(HKEY root, const Plan& plan, StringView commonKey) {
+  return ::RegGetValueW(root, ToWide(String(kClasses) + plan.notes), ToWide(NoteOf(commonKey)),
+                        RRF_RT_REG_SZ, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+}
+
+/// The common keys that fit.
+template <class Fits>
+std::vector<String> CommonKeys(Fits&& fits) {
+  std::vector<String> keys;
+  for (const StringView key : kCommonKeys) {
+    if (fits(String(key))) keys.emplace_back(key);
+  }
+  return keys;
+}
+
+bool IsEmpty(HKEY key) {
+  DWORD keys = 1, values = 1;
+  return ::RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values,
+                            nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS &&
+         keys == 0 && values == 0;
+}
+
+void RemoveIfEmpty(HKEY root, const String& key) {
+  const String path = String(kClasses) + key;
+  HKEY opened = nullptr;
+  if (::RegOpenKeyExW(root, ToWide(path), 0, KEY_QUERY_VALUE, &opened) != ERROR_SUCCESS) return;
+  const bool isEmpty = IsEmpty(opened);
+  ::RegCloseKey(opened);
+  if (isEmpty) ::RegDeleteKeyW(root, ToWide(path));
+}
+
+/// `made` are the common keys that go with the last that stands in them.
+HRESULT Remove(HKEY root, const Plan& plan, const std::vector<String>& made) {
   bool whole = RemoveAll(root, plan.own);
   if (!Exists(root, plan.other)) whole = RemoveAll(root, plan.shared) && whole;
+  for (const String& key : made) RemoveIfEmpty(root, key);
   return whole ? S_OK : SELFREG_E_CLASS;
+}
+
+HRESULT WriteAll(HKEY root, Plan plan) {
+  const std::vector<String> made =
+      CommonKeys([root](const String& key) { return !Exists(root, key); });
+  for (const String& key : made) plan.Add(plan.notes, {}, NoteOf(key));
+  for (const Entry& entry : plan.entries) {
+    if (Write(root, entry) == ERROR_SUCCESS) continue;
+    Remove(root, plan, made);
+    return SELFREG_E_CLASS;
+  }
+  return S_OK;
 }
 
 template <class Work>
@@ -172,19 +229,15 @@ HRESULT Shielded(Work&& work) {
 }  // namespace
 
 HRESULT Register(RegisteredFor whom) {
-  return Shielded([whom]() -> HRESULT {
-    const Plan plan = MakePlan();
-    for (const Entry& entry : plan.entries) {
-      if (Write(RootFor(whom), entry) == ERROR_SUCCESS) continue;
-      Remove(RootFor(whom), plan);
-      return SELFREG_E_CLASS;
-    }
-    return S_OK;
-  });
+  return Shielded([whom] { return WriteAll(RootFor(whom), MakePlan()); });
 }
 
 HRESULT Unregister(RegisteredFor whom) {
-  return Shielded([whom] { return Remove(RootFor(whom), MakePlan()); });
+  return Shielded([root = RootFor(whom)] {
+    const Plan plan = MakePlan();
+    return Remove(root, plan,
+                  CommonKeys([&](const String& key) { return HasNote(root, plan, key); }));
+  });
 }
 
 }  // namespace norvo::com

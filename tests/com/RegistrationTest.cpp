@@ -52,6 +52,19 @@ class RegistrationTest : public ComTest {
               ERROR_SUCCESS);
     ::RegCloseKey(volatileKey);
   }
+  bool UserHas(const wchar_t* common) {
+    HKEY key = nullptr;
+    const std::wstring path = std::wstring(L"Software\\Classes\\") + common;
+    if (::RegOpenKeyExW(user_, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return false;
+    ::RegCloseKey(key);
+    return true;
+  }
+  void Make(const std::wstring& key) {
+    HKEY made = nullptr;
+    ::RegCreateKeyExW(user_, (L"Software\\Classes\\" + key).c_str(), 0, nullptr, 0, KEY_ALL_ACCESS,
+                      nullptr, &made, nullptr);
+    ::RegCloseKey(made);
+  }
   static std::wstring Wide(StringView text) { return {text.begin(), text.end()}; }
 
   HKEY user_ = nullptr;
@@ -176,6 +189,24 @@ TEST_F(RegistrationTest, OtherProductsKeepTheirs) {
   EXPECT_EQ(OfUser(), before);
 }
 
+TEST_F(RegistrationTest, CommonKeysThatItHasMadeGoWithIt) {
+  ASSERT_EQ(Register(RegisteredFor::User), S_OK);
+  ASSERT_EQ(Register(RegisteredFor::User), S_OK);
+  for (const wchar_t* const key : {L"CLSID", L"Interface", L"TypeLib"}) EXPECT_TRUE(UserHas(key));
+  ASSERT_EQ(Unregister(RegisteredFor::User), S_OK);
+  for (const wchar_t* const key : {L"CLSID", L"Interface", L"TypeLib"}) EXPECT_FALSE(UserHas(key));
+}
+
+TEST_F(RegistrationTest, CommonKeysThatWereThereOrAreInUseStay) {
+  Make(L"TypeLib");
+  ASSERT_EQ(Register(RegisteredFor::User), S_OK);
+  Make(L"CLSID\\{another one's}");
+  ASSERT_EQ(Unregister(RegisteredFor::User), S_OK);
+  EXPECT_TRUE(UserHas(L"CLSID\\{another one's}"));
+  EXPECT_FALSE(UserHas(L"Interface"));
+  EXPECT_TRUE(UserHas(L"TypeLib"));
+}
+
 TEST_F(RegistrationTest, WhatTheLibraryOfTheOtherBitnessNeedsStays) {
   ASSERT_EQ(Register(RegisteredFor::User), S_OK);
   const std::wstring library = L"\\TypeLib\\" + TextOf(LIBID_NorvoPlayList);
@@ -206,6 +237,7 @@ TEST_F(RegistrationTest, AFailureLeavesNothingBehind) {
   Refuse(L"Software\\Classes\\Interface");  // what is written last
   EXPECT_EQ(Register(RegisteredFor::User), SELFREG_E_CLASS);
   EXPECT_EQ(OfUser(), Values());
+  EXPECT_FALSE(UserHas(L"CLSID"));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "platform/windows/WindowsFileSystem.h"
 
+#include "automation/RunTimeError.h"
 #include "platform/win32/QuietDrives.h"
 #include "platform/windows/FileVersion.h"
 #include "platform/windows/SystemPath.h"

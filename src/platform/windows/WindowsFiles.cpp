@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
+#include <utility>
 
 #include "automation/RunTimeError.h"
 #include "platform/win32/QuietDrives.h"
