@@ -39,7 +39,8 @@ class CollectObserver final : public ConsoleObserver {
   }
   void OnCollected(const CollectedPlaylist& playlist) override {
     const std::string failure = FailureText(playlist);
-    if (!failure.empty()) Out().LeftOut(ToUtf8(playlist.path) + ": " + failure);
+    if (!failure.empty() && !IsToldUnread(playlist.path))
+      Out().LeftOut(ToUtf8(playlist.path) + ": " + failure);
   }
   void OnReplaced(const CollectedPlaylist& earlier, const CollectedPlaylist& later) override {
     Out().LeftOut(ToUtf8(earlier.path) + ": its neutral file is replaced by that of " +
@@ -93,6 +94,7 @@ class CollectCommand final : public Command {
     }
     const CollectResult result = NamingScanFailure(
         *machine, [&] { return CollectPlaylists(machine, {common.log}, observer); });
+    observer.TellSkipped(result.scan.skipped);
     TellUnfinished(result, console);
     SayCollected(result, *machine, console);
     if (!console.IsJson()) return {};

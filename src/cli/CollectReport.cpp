@@ -18,9 +18,10 @@ struct OutcomeRow {
   const char* title;  // in the text
 };
 constexpr OutcomeRow kSkipped[] = {
-    {"empty", "  without entries:   "},      {"replaced", "  replaced:          "},
-    {"notWritten", "  not written:       "}, {"unknownType", "  of no known type:  "},
-    {"unreadable", "  not readable:      "}, {"notProcessed", "  not processed:     "}};
+    {"empty", "  without entries:   "},       {"replaced", "  replaced:          "},
+    {"notWritten", "  not written:       "},  {"unknownType", "  of no known type:  "},
+    {"unreadable", "  not readable:      "},  {"restoredCopy", "  restored copies:   "},
+    {"notProcessed", "  not processed:     "}};
 
 std::string OutcomeName(const CollectedPlaylist& playlist) {
   if (!playlist.outcome) return "notProcessed";
@@ -34,23 +35,54 @@ std::string OutcomeName(const CollectedPlaylist& playlist) {
       return "empty";
     case PlaylistOutcome::UnknownType:
       return "unknownType";
+    case PlaylistOutcome::Restored:  // by another run, and skipped by this one
+      return "restoredCopy";
     case PlaylistOutcome::Unreadable:
-    case PlaylistOutcome::Restored:  // never of a collecting run
       break;
   }
   return "unreadable";
 }
 
+PlaylistOutcome OutcomeOf(SkippedPlaylist::Reason reason) {
+  switch (reason) {
+    case SkippedPlaylist::Reason::UnknownType:
+      return PlaylistOutcome::UnknownType;
+    case SkippedPlaylist::Reason::RestoredCopy:
+      return PlaylistOutcome::Restored;
+    case SkippedPlaylist::Reason::Unreadable:
+      break;
+  }
+  return PlaylistOutcome::Unreadable;
+}
+
+/// Those that the queue has begun, and behind them those that the scan has not listed.
+std::vector<CollectedPlaylist> AllOf(const CollectResult& result) {
+  std::vector<CollectedPlaylist> all = result.playlists;
+  for (const SkippedPlaylist& skipped : result.scan.skipped) {
+    CollectedPlaylist& row = all.emplace_back();
+    row.path = skipped.path;
+    row.outcome = OutcomeOf(skipped.reason);
+  }
+  return all;
+}
+
+/// Listed playlists that the queue never began.
+std::size_t UnbegunCount(const CollectResult& result) {
+  const std::size_t listed = std::max(result.scan.playlists.size(), result.playlists.size());
+  return listed - result.playlists.size();
+}
+
 std::size_t FoundCount(const CollectResult& result) {
-  return std::max(result.scan.playlists.size(), result.playlists.size());
+  return result.playlists.size() + UnbegunCount(result) + result.scan.skipped.size();
 }
 
 /// Playlists of one outcome; those that the queue never began were not processed.
-std::size_t Count(const CollectResult& result, std::string_view outcome) {
+std::size_t Count(const CollectResult& result, const std::vector<CollectedPlaylist>& all,
+                  std::string_view outcome) {
   const auto count = static_cast<std::size_t>(std::count_if(
-      result.playlists.begin(), result.playlists.end(),
+      all.begin(), all.end(),
       [outcome](const CollectedPlaylist& row) { return OutcomeName(row) == outcome; }));
-  return count + (outcome == "notProcessed" ? FoundCount(result) - result.playlists.size() : 0);
+  return count + (outcome == "notProcessed" ? UnbegunCount(result) : 0);
 }
 
 std::size_t KeptCount(const CollectResult& result) {
@@ -110,13 +142,14 @@ std::string FailureText(const CollectedPlaylist& playlist) {
 }
 
 void SayCollected(const CollectResult& result, Platform& machine, Console& console) {
+  const std::vector<CollectedPlaylist> all = AllOf(result);
   console.Say("Playlists found:     " + std::to_string(FoundCount(result)));
-  console.Say("  written:           " + std::to_string(Count(result, "written")));
+  console.Say("  written:           " + std::to_string(Count(result, all, "written")));
   for (const OutcomeRow& row : kSkipped) {
-    const std::size_t count = Count(result, row.name);
+    const std::size_t count = Count(result, all, row.name);
     if (count == 0) continue;
     console.Say(row.title + std::to_string(count));
-    for (const CollectedPlaylist& playlist : result.playlists) {
+    for (const CollectedPlaylist& playlist : all) {
       if (OutcomeName(playlist) == row.name) console.Say("    " + ToUtf8(playlist.path));
     }
   }
@@ -128,16 +161,17 @@ void SayCollected(const CollectResult& result, Platform& machine, Console& conso
 }
 
 Json CollectedDocument(const CollectResult& result, Platform& machine) {
+  const std::vector<CollectedPlaylist> all = AllOf(result);
   Json playlists = Json::array();
-  for (const CollectedPlaylist& playlist : result.playlists) {
+  for (const CollectedPlaylist& playlist : all) {
     playlists.push_back(PlaylistDocument(playlist, result));
   }
   Json document;
   document["playlists"] = std::move(playlists);
   Json& summary = document["summary"];
   summary["found"] = FoundCount(result);
-  summary["written"] = Count(result, "written");
-  for (const OutcomeRow& row : kSkipped) summary[row.name] = Count(result, row.name);
+  summary["written"] = Count(result, all, "written");
+  for (const OutcomeRow& row : kSkipped) summary[row.name] = Count(result, all, row.name);
   summary["entriesKept"] = KeptCount(result);
   summary["entriesDropped"] = Dropped(result).Document();
   summary["mediaBytes"] = JsonNumber(result.mediaBytes);

@@ -1,9 +1,19 @@
 #include "cli/ConsoleObserver.h"
 
+#include "automation/RunTimeError.h"
+#include "cli/ErrorWords.h"
 #include "cli/WarningWords.h"
 #include "text/Encoding.h"
 
 namespace norvo::cli {
+namespace {
+
+/// Whether a file could not be read because the system has denied it, as far as the reason tells.
+bool MayBeDenied(const String& reason) {
+  return reason.empty() || reason.starts_with(DescriptionOf(error::kPermissionDenied));
+}
+
+}  // namespace
 
 void ConsoleObserver::OnProgress(const WorkProgress& progress) {
   Progress& bar = console_.Bar();
@@ -20,13 +30,33 @@ void ConsoleObserver::OnProgress(const WorkProgress& progress) {
 }
 
 void ConsoleObserver::OnWarning(const WorkWarning& warning) {
-  console_.LeftOut(TextOf(warning));
+  const bool isUnread = warning.kind == WorkWarning::Kind::Library &&
+                        warning.warning.kind == WarningKind::FileNotRead;
+  if (isUnread && !unread_.insert(warning.warning.path).second) return;
+  const bool isDenied =
+      (isUnread && MayBeDenied(warning.warning.reason)) ||
+      (warning.kind == WorkWarning::Kind::TagsNotRead && MayBeDenied(warning.detail));
+  console_.LeftOut(TextOf(warning) + (isDenied ? std::string(". ") + kFileAdvice : std::string()));
 }
 
 void ConsoleObserver::OnLog(MachineSide, const LogFile& log) {
   const std::string shown = ToUtf8(log.path);
   const bool differs = !log.systemPath.empty() && log.systemPath != shown;
   console_.Note("The log is " + shown + (differs ? " (" + log.systemPath + ")" : ""));
+}
+
+void ConsoleObserver::TellSkipped(const std::vector<SkippedPlaylist>& playlists) {
+  std::size_t copies = 0;
+  for (const SkippedPlaylist& playlist : playlists) {
+    copies += playlist.reason == SkippedPlaylist::Reason::RestoredCopy;
+    if (playlist.reason != SkippedPlaylist::Reason::UnknownType) continue;  // told as it was met
+    console_.LeftOut(ToUtf8(playlist.path) +
+                     ": skipped: its first lines tell no playlist type; migrate reads such lists, "
+                     "too, with more patience");
+  }
+  if (copies == 0) return;
+  console_.Note("Playlists skipped, since restore has made them and nobody has changed them: " +
+                std::to_string(copies));
 }
 
 }  // namespace norvo::cli

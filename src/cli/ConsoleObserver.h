@@ -1,6 +1,10 @@
 #pragma once
 
+#include <set>
+#include <vector>
+
 #include "cli/Console.h"
+#include "move/ScanPlaylists.h"
 #include "move/WorkObserver.h"
 
 namespace norvo::cli {
@@ -14,15 +18,22 @@ class ConsoleObserver : public WorkObserver {
       : console_(console), what_(what) {}
 
   void OnProgress(const WorkProgress& progress) override;
+  /// Of a file that cannot be read, once.
   void OnWarning(const WorkWarning& warning) override;
   void OnLog(MachineSide side, const LogFile& log) override;
 
+  /// Why these are not listed; those that cannot be read are told of already.
+  void TellSkipped(const std::vector<SkippedPlaylist>& playlists);
+
  protected:
   Console& Out() { return console_; }
+  /// Whether it was told of the file that it cannot be read.
+  bool IsToldUnread(const String& path) const { return unread_.contains(path); }
 
  private:
   Console& console_;
   const char* what_;
+  std::set<String> unread_;
 };
 
 }  // namespace norvo::cli

@@ -36,6 +36,9 @@ std::string SettingsText(const MoveError& error) {
     case MoveFault::FileNotRead:
       return "The file " + subject +
              " cannot be read. See that the disk is in order, and run it again.";
+    case MoveFault::FileInUse:
+      return "The file " + subject + " cannot be used: " + WithoutPath(error.Detail(), subject) +
+             ". " + kFileAdvice + '.';
     case MoveFault::RoleMissing:
       return MissingSettings("the machine's role (mode)");
     case MoveFault::GroupRootMissing:

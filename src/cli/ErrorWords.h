@@ -12,4 +12,8 @@ std::string TextOf(const MoveError& error);
 /// An error's description without the path at its end, which its reader has just been told.
 std::string WithoutPath(std::string description, const std::string& path);
 
+/// What to do about a file that another program may keep to itself.
+inline constexpr const char* kFileAdvice =
+    "Close the program that uses it, see that it may be read and written, and run again";
+
 }  // namespace norvo::cli

@@ -219,6 +219,8 @@ const char* CodeOf(WorkWarning::Kind kind) {
       return "groupRootKept";
     case WorkWarning::Kind::NoLogFolder:
       return "noLogFolder";
+    case WorkWarning::Kind::LogNotWritten:
+      return "logNotWritten";
     case WorkWarning::Kind::NativesMissing:
       return "nativesMissing";
     case WorkWarning::Kind::UntellableAddress:

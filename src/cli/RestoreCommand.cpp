@@ -39,9 +39,17 @@ class RestoreObserver final : public ConsoleObserver {
     }
   }
   void OnNative(const NativePlaylist& native) override {
+    if (native.replaced > 0) Out().LeftOut(ToUtf8(native.path) + ReplacedText(native.replaced));
     if (native.whole) return;
     Out().LeftOut(ToUtf8(native.path) +
                   ": not written to its end: see that the disk is writable and not full");
+  }
+
+ private:
+  static std::string ReplacedText(std::size_t lines) {
+    return ": " + std::to_string(lines) + (lines == 1 ? " line" : " lines") +
+           " of it cannot hold all letters of their names, and have \"?\" in their place; "
+           "migrate gives such songs plain names and writes a list that holds all letters";
   }
 };
 
@@ -87,7 +95,8 @@ Json RestoredDocument(const RestoreResult& result) {
   ForEachNative(result, [&](const NativePlaylist& native) {
     natives.push_back({{"path", ToUtf8(native.path)},
                        {"typeName", TypeName(native.type)},
-                       {"whole", native.whole}});
+                       {"whole", native.whole},
+                       {"replaced", native.replaced}});
   });
   return {{"neutralFiles", neutralFiles},
           {"natives", natives},

@@ -40,6 +40,41 @@ void SayByType(const std::vector<ListedPlaylist>& playlists, Console& console) {
   }
 }
 
+struct ReasonWords {
+  const char* code;
+  const char* text;
+};
+
+ReasonWords WordsOf(SkippedPlaylist::Reason reason) {
+  switch (reason) {
+    case SkippedPlaylist::Reason::UnknownType:
+      return {"unknownType", "its first lines tell no playlist type"};
+    case SkippedPlaylist::Reason::Unreadable:
+      return {"unreadable", "it cannot be read"};
+    case SkippedPlaylist::Reason::RestoredCopy:
+      return {"restoredCopy", "restore has made it, and nobody has changed it"};
+  }
+  return {};
+}
+
+void SaySkipped(const std::vector<SkippedPlaylist>& skipped, Console& console) {
+  if (skipped.empty()) return;
+  console.Say("Playlists skipped: " + std::to_string(skipped.size()));
+  for (const SkippedPlaylist& playlist : skipped) {
+    console.Say("  " + ToUtf8(playlist.path) + ": " + WordsOf(playlist.reason).text);
+  }
+}
+
+Json SkippedDocument(const std::vector<SkippedPlaylist>& skipped) {
+  Json rows = Json::array();
+  for (const SkippedPlaylist& playlist : skipped) {
+    const ReasonWords words = WordsOf(playlist.reason);
+    rows.push_back(
+        {{"path", ToUtf8(playlist.path)}, {"reason", words.text}, {"reasonCode", words.code}});
+  }
+  return rows;
+}
+
 Json ListDocument(const std::vector<ListedPlaylist>& playlists) {
   Json list = Json::array();
   Json byType = Json::object();
@@ -54,6 +89,11 @@ Json ListDocument(const std::vector<ListedPlaylist>& playlists) {
 
 constexpr const char* kNothingWritten =
     "The disk has no settings of this program, so nothing was written to it; init writes them.";
+
+constexpr const char* kNoLogEither =
+    "The disk has no settings of this program, so nothing was written to it, and no log either; "
+    "init "
+    "writes them.";
 
 /// The machine as it would be with the settings that it lacks; nothing is written to it.
 std::shared_ptr<Platform> AsIfSetUp(const std::shared_ptr<Platform>& machine) {
@@ -80,15 +120,18 @@ class ScanCommand final : public Command {
     if (!isBare) named->Lock();
     const auto machine = isBare ? AsIfSetUp(named->Platform()) : named->Platform();
     ConsoleObserver observer(console);
-    const ScanResult result =
-        NamingScanFailure(*machine, [&] { return ScanPlaylists(machine, {common.log}, observer); });
+    const ScanResult result = NamingScanFailure(
+        *machine, [&] { return ScanPlaylists(machine, {common.log && !isBare}, observer); });
+    observer.TellSkipped(result.skipped);
     SayByType(result.playlists, console);
     console.Say("Playlists found: " + std::to_string(result.playlists.size()));
-    if (isBare) console.Note(kNothingWritten);
+    SaySkipped(result.skipped, console);
+    if (isBare) console.Note(common.log ? kNoLogEither : kNothingWritten);
     if (!result.playlists.empty() && !isBare)
       console.Say("List: " + BothPaths(*machine, result.listFile));
     if (!console.IsJson()) return {};
     Json document = ListDocument(result.playlists);
+    document["skipped"] = SkippedDocument(result.skipped);
     document["folders"] = result.folders;
     if (!isBare) document["listFile"] = PathDocument(*machine, result.listFile);
     AddLog(document, result.log);

@@ -54,14 +54,17 @@ class VerifyObserver final : public ConsoleObserver {
     Out().Print(path + ": " + std::to_string(playlist.Count(Kind::Found)) + " found, " +
                 std::to_string(playlist.Count(Kind::Missing)) + " missing, " +
                 std::to_string(playlist.Count(Kind::Address)) + " addresses");
-    if (!playlist.whole) {
-      Out().LeftOut(path +
-                    ": cannot be read to its end: " + WithoutPath(ToUtf8(playlist.reason), path));
-    }
+    if (!playlist.whole) Out().LeftOut(path + ": " + FaultOf(playlist, path));
     for (const VerifiedReference& row : playlist.references) {
       if (row.kind != Kind::Missing) continue;
       Out().LeftOut(path + ": missing: " + ToUtf8(row.reference));
     }
+  }
+
+ private:
+  static std::string FaultOf(const VerifiedPlaylist& playlist, const std::string& path) {
+    if (playlist.missing) return "there is no such file";
+    return "cannot be read to its end: " + WithoutPath(ToUtf8(playlist.reason), path);
   }
 };
 

@@ -65,7 +65,8 @@ std::string FindingText(const WorkWarning& warning) {
       return subject + "the check at the end has found " + detail + ", which is not the song " +
              ToUtf8(warning.wanted);
     case Kind::TagsNotRead:
-      return subject + "the names in it (its tags) could not be read: " + ToUtf8(warning.detail) +
+      return subject + "the names in it (its tags) could not be read: " +
+             WithoutPath(ToUtf8(warning.detail), ToUtf8(warning.subject)) +
              ". It may stand among the songs without an artist";
     default:
       return subject + detail + " was " + ToUtf8(warning.wanted);
@@ -120,7 +121,7 @@ std::string PlainText(const Warning& warning) {
 std::string TextOf(const WorkWarning& warning, const char* library) {
   switch (warning.kind) {
     case Kind::Library:
-      return library + ToUtf8(warning.warning.text);
+      return library + PlainText(warning.warning);
     case Kind::Oddity:
       return "Warning: " + ToUtf8(warning.warning.text);
     case Kind::SettingUnusable:
@@ -132,6 +133,9 @@ std::string TextOf(const WorkWarning& warning, const char* library) {
     case Kind::NoLogFolder:
       return "No log is written: the product folder " + ToUtf8(warning.subject) +
              " is missing. norvo-playlists init creates it.";
+    case Kind::LogNotWritten:
+      return "No log is written: " + ToUtf8(warning.subject) + ": " +
+             WithoutPath(ToUtf8(warning.detail), ToUtf8(warning.subject)) + ". " + kFileAdvice;
     default:
       return FindingText(warning);
   }

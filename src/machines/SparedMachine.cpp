@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "move/ForwardedFiles.h"
 #include "overlay/OverlayPlatform.h"
 #include "services/FolderScanner.h"
 #include "services/Utility.h"
@@ -10,15 +11,15 @@
 namespace norvo {
 namespace {
 
-class FilesWithout final : public FileSystem {
+class FilesWithout final : public ForwardedFiles {
  public:
   /// `files` must outlive this.
   FilesWithout(FileSystem& files, StringView folder)
-      : files_(files), parent_(ParentFolder(folder)), name_(LastComponent(folder)) {}
+      : ForwardedFiles(files), parent_(ParentFolder(folder)), name_(LastComponent(folder)) {}
 
   std::vector<FolderItem> ListFolder(StringView path,
                                      std::span<const StringView> endings) override {
-    std::vector<FolderItem> items = files_.ListFolder(path, endings);
+    std::vector<FolderItem> items = ForwardedFiles::ListFolder(path, endings);
     if (name_.empty() ||
         !EqualsIgnoreCase(Utility::AddBackslash(path), Utility::AddBackslash(parent_))) {
       return items;
@@ -28,35 +29,17 @@ class FilesWithout final : public FileSystem {
     });
     return items;
   }
-
-  bool FolderExists(StringView path) override { return files_.FolderExists(path); }
-  std::optional<FileFacts> FactsOf(StringView path) override { return files_.FactsOf(path); }
-  void CreateFolder(StringView path) override { files_.CreateFolder(path); }
-  void RemoveFile(StringView path, bool force) override { files_.RemoveFile(path, force); }
-  std::unique_ptr<BinaryFile> OpenForReading(StringView path) override {
-    return files_.OpenForReading(path);
-  }
-  std::unique_ptr<AppendFile> OpenForAppending(StringView path, bool create) override {
-    return files_.OpenForAppending(path, create);
-  }
-  void MakeDurable(std::span<const String> paths) override { files_.MakeDurable(paths); }
-  String AbsolutePathName(StringView path) override { return files_.AbsolutePathName(path); }
-  DriveType TypeOfDrive(StringView path) override { return files_.TypeOfDrive(path); }
   /// A root that is hidden takes its drive along.
   std::vector<Drive> Drives() override {
-    std::vector<Drive> drives = files_.Drives();
+    std::vector<Drive> drives = ForwardedFiles::Drives();
     const bool isRoot = !parent_.empty() && name_.empty();
     std::erase_if(drives, [&](const Drive& drive) {
       return isRoot && ToUpper(parent_.front()) == drive.letter;
     });
     return drives;
   }
-  String FileVersion(StringView path) override { return files_.FileVersion(path); }
-  String SystemFolder() override { return files_.SystemFolder(); }
-  Date LocalDate(FileTime time) override { return files_.LocalDate(time); }
 
  private:
-  FileSystem& files_;
   String parent_;
   String name_;
 };

@@ -9,10 +9,14 @@ CollectResult CollectPlaylists(const std::shared_ptr<Platform>& machine, const W
                                WorkObserver& observer) {
   CollectResult result;
   WorkReport report(observer, result.warnings);
-  OpenedLibrary library(machine, MachineSide::Old, report);
+  const auto watched = std::make_shared<WatchedMachine>(machine);
+  OpenedLibrary library(watched, MachineSide::Old, report);
   const ProductSettings settings = RequireProductSettings(library.Get());
+  RequireSubNames(library.Get(), settings);
+  RequireMediaList(library.Get(), settings);
   if (options.log) result.log = library.StartLog();
-  result.cancelled = WasCancelled([&] { Collect(library.Get(), settings, report, result); });
+  result.cancelled =
+      WasCancelled([&] { Collect(library.Get(), *watched, settings, report, result); });
   return result;
 }
 

@@ -1,13 +1,18 @@
 #include "move/Collecting.h"
 
+#include <optional>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 #include "automation/Conversions.h"
+#include "controller/ListFile.h"
 #include "controller/QueueMode.h"
+#include "model/PlaylistTypes.h"
 #include "move/LibraryCalls.h"
 #include "move/MoveError.h"
 #include "move/QueueList.h"
+#include "move/RestoredCopies.h"
 #include "services/ObserverScope.h"
 #include "text/Encoding.h"
 
@@ -15,15 +20,13 @@ namespace norvo {
 namespace {
 
 /// Keeps what the queue makes of each playlist, and tells it at once.
-class CollectWatcher : public LibraryWatcher {
+class CollectWatcher : public ScanWatcher {
  public:
   CollectWatcher(WorkReport& report, CollectResult& result)
-      : LibraryWatcher(report, MachineSide::Old, WorkPhase::Collecting), result_(result) {}
-
-  void OnPlaylistFile(StringView path) override { result_.met.emplace_back(path); }
+      : ScanWatcher(report, MachineSide::Old, WorkPhase::Collecting), result_(result) {}
 
   void OnPlaylistBegin(StringView path, std::size_t position, std::size_t count) override {
-    LibraryWatcher::OnPlaylistBegin(path, position, count);
+    ScanWatcher::OnPlaylistBegin(path, position, count);
     result_.playlists.emplace_back().path = path;
   }
 
@@ -38,7 +41,9 @@ class CollectWatcher : public LibraryWatcher {
                      StringView genericFile) override {
     CollectedPlaylist& playlist = result_.playlists.back();
     playlist.type = type;
-    playlist.outcome = outcome;
+    // A reader of settings files keeps to itself that it could not open one.
+    const bool isUnread = kept == 0 && IsUnread(playlist.path);
+    playlist.outcome = isUnread ? PlaylistOutcome::Unreadable : outcome;
     playlist.kept = kept;
     playlist.genericFile = genericFile;
     Report().Observer().OnCollected(playlist);
@@ -59,6 +64,27 @@ class CollectWatcher : public LibraryWatcher {
   std::unordered_map<String, std::size_t, CaselessHash, CaselessEqual> owners_;
 };
 
+/// Tells of songs that the library takes without their tags, since it cannot read them.
+class TagWatcher final : public CollectWatcher {
+ public:
+  TagWatcher(WorkReport& report, CollectResult& result, WatchedMachine& machine)
+      : CollectWatcher(report, result), machine_(machine) {}
+
+  void OnItem(StringView reference, ItemOutcome outcome) override {
+    CollectWatcher::OnItem(reference, outcome);
+    const std::optional<String> reason = machine_.TakeUnread(reference);
+    if (!reason) return;
+    WorkWarning told;
+    told.kind = WorkWarning::Kind::TagsNotRead;
+    told.subject = reference;
+    told.detail = *reason;
+    Report().Warn(std::move(told));
+  }
+
+ private:
+  WatchedMachine& machine_;
+};
+
 class MoveCollectWatcher final : public CollectWatcher {
  public:
   using CollectWatcher::CollectWatcher;
@@ -67,23 +93,53 @@ class MoveCollectWatcher final : public CollectWatcher {
   }
 };
 
-template <class Watcher>
-void CollectWith(Component& library, const ProductSettings& settings, WorkReport& report,
-                 CollectResult& result) {
-  Watcher watcher(report, result);
+void CollectWith(Component& library, const ProductSettings& settings, CollectWatcher& watcher,
+                 Copies copies, CollectResult& result) {
   const ObserverScope scope(library, watcher);
   const ObjectRef controller = library.Create(u"helperMan");
   result.dataArea = DataAreaOf(settings);
-  Scan(library, *controller, settings, watcher, result.scan);
+  Scan(library, *controller, settings, watcher, copies, result.scan);
+  result.met = watcher.Met();
   RunQueue(*controller, queue_mode::kCollect);
   result.mediaBytes = library.MediaBytes();
   watcher.ThrowIfCancelled();
 }
 
+/// The playlists that the scan has met and not listed. It meets names without a point, too, which
+/// are those of no playlists.
+std::vector<SkippedPlaylist> SkippedBy(const ScanWatcher& watcher,
+                                       const std::vector<ListedPlaylist>& playlists) {
+  std::unordered_set<StringView> listed;
+  for (const ListedPlaylist& playlist : playlists) listed.insert(playlist.path);
+  std::vector<SkippedPlaylist> skipped;
+  using Reason = SkippedPlaylist::Reason;
+  for (const String& path : watcher.Met()) {
+    if (listed.contains(path) || !IsPlayListFile(path)) continue;
+    skipped.push_back({path, watcher.IsUnread(path) ? Reason::Unreadable : Reason::UnknownType});
+  }
+  return skipped;
+}
+
+/// Writes the list anew without them: the queue takes what stands there.
+void LeaveOutCopies(Component& library, const ProductSettings& settings, ScanResult& result) {
+  const RestoredCopies copies(library, DataAreaOf(settings));
+  const std::size_t before = result.playlists.size();
+  std::erase_if(result.playlists, [&](const ListedPlaylist& listed) {
+    const bool isCopy = copies.Has(listed.path);
+    if (isCopy) result.skipped.push_back({listed.path, SkippedPlaylist::Reason::RestoredCopy});
+    return isCopy;
+  });
+  if (result.playlists.size() == before) return;
+  ListFile list(library, settings.groupRoot);
+  list.Restart();
+  for (const ListedPlaylist& listed : result.playlists) list.Record(listed.path, listed.type);
+  list.Save();
+}
+
 }  // namespace
 
 void Scan(Component& library, AutomationObject& controller, const ProductSettings& settings,
-          const LibraryWatcher& watcher, ScanResult& result) {
+          const ScanWatcher& watcher, Copies copies, ScanResult& result) {
   const bool scanned = ToBoolean(controller.Call(u"GetAllPlaylists"));
   watcher.ThrowIfCancelled();
   if (!scanned) {
@@ -91,18 +147,22 @@ void Scan(Component& library, AutomationObject& controller, const ProductSetting
                     ToUtf8(watcher.LastWarning()));
   }
   result.playlists = ReadQueueList(library, settings);
+  result.skipped = SkippedBy(watcher, result.playlists);
+  if (copies == Copies::LeftOut) LeaveOutCopies(library, settings, result);
   result.folders = watcher.Folders();
   result.listFile = QueueListPath(settings);
 }
 
-void Collect(Component& library, const ProductSettings& settings, WorkReport& report,
-             CollectResult& result) {
-  CollectWith<CollectWatcher>(library, settings, report, result);
+void Collect(Component& library, WatchedMachine& machine, const ProductSettings& settings,
+             WorkReport& report, CollectResult& result) {
+  TagWatcher watcher(report, result, machine);
+  CollectWith(library, settings, watcher, Copies::LeftOut, result);
 }
 
 void CollectForMove(Component& library, const ProductSettings& settings, WorkReport& report,
                     CollectResult& result) {
-  CollectWith<MoveCollectWatcher>(library, settings, report, result);
+  MoveCollectWatcher watcher(report, result);
+  CollectWith(library, settings, watcher, Copies::Listed, result);
 }
 
 }  // namespace norvo

@@ -21,6 +21,8 @@ const char* StatementOf(MoveFault fault) {
       return "cannot be written";
     case MoveFault::FileNotRead:
       return "cannot be read";
+    case MoveFault::FileInUse:
+      return "cannot be used";
     case MoveFault::RoleMissing:
       return "the machine's registry lacks its role";
     case MoveFault::GroupRootMissing:

@@ -17,6 +17,7 @@ enum class MoveFault {
   FolderNotCreated,         ///< subject: the folder; detail: why
   FileNotWritten,           ///< subject: the file; detail: why
   FileNotRead,              ///< subject: the file
+  FileInUse,                ///< subject: a file of the product's; detail: why it cannot be used
   RoleMissing,              ///< the machine has no role yet; SetUpMachine gives it one
   GroupRootMissing,         ///< it has no group root yet
   RoleAndGroupRootMissing,  ///< it has neither

@@ -96,13 +96,16 @@ VerifiedPlaylist NativeReader::Read(const String& path) {
   ReferenceWatcher watcher(library_.Files());
   try {
     if (!ReadByLibrary(library_, path, watcher)) watcher.references = {};  // to have the room
-    if (IsAnswered(watcher.references)) return {path, std::move(watcher.references), true, {}};
+    if (IsAnswered(watcher.references))
+      return {path, std::move(watcher.references), true, {}, false};
     const std::size_t heard = watcher.references.size();
     std::vector<VerifiedReference> patient = ReadPatiently(path);
     const bool isBetter = heard == 0 || patient.size() == heard;
-    return {path, std::move(isBetter ? patient : watcher.references), true, {}};
+    return {path, std::move(isBetter ? patient : watcher.references), true, {}, false};
   } catch (const RunTimeError& failure) {
-    return {path, std::move(watcher.references), false, failure.Description()};
+    const bool isMissing =
+        failure.Number() == error::kFileNotFound || failure.Number() == error::kPathNotFound;
+    return {path, std::move(watcher.references), false, failure.Description(), isMissing};
   }
 }
 

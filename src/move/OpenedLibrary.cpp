@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include "automation/RunTimeError.h"
 #include "library/Library.h"
 #include "services/Logging.h"
 #include "services/Utility.h"
@@ -35,18 +36,28 @@ OpenedLibrary::~OpenedLibrary() {
 LogFile OpenedLibrary::StartLog() {
   component_->SetLogMode(log_mode::kFile);
   const String folder = machine_->Product().Folder();
-  if (machine_->Files().FolderExists(folder)) {
-    LogFile file{Utility::AddBackslash(folder) + u"VBLog.txt", {}};
-    file.systemPath = machine_->SystemPathOf(file.path);
-    report_.Observer().OnLog(side_, file);
-    return file;
-  }
+  const String path = Utility::AddBackslash(folder) + u"VBLog.txt";
   WorkWarning warning;
-  warning.kind = WorkWarning::Kind::NoLogFolder;
   warning.side = side_;
   warning.subject = folder;
+  try {
+    if (machine_->Files().FolderExists(folder)) return LogInto(path);
+    warning.kind = WorkWarning::Kind::NoLogFolder;
+  } catch (const RunTimeError& failure) {
+    warning.kind = WorkWarning::Kind::LogNotWritten;
+    warning.subject = path;
+    warning.detail = failure.Description();
+  }
   report_.Warn(std::move(warning));
   return {};
+}
+
+/// Raises when no line can be written there. The file stands even where no line comes.
+LogFile OpenedLibrary::LogInto(const String& path) {
+  machine_->Files().OpenForAppending(path, true);
+  LogFile file{path, machine_->SystemPathOf(path)};
+  report_.Observer().OnLog(side_, file);
+  return file;
 }
 
 }  // namespace norvo

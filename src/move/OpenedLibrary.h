@@ -20,11 +20,13 @@ class OpenedLibrary {
   Component& Get() { return *component_; }
   const std::shared_ptr<Platform>& Machine() { return machine_; }
 
-  /// Turns the debug log on and tells where it is; gives none when it cannot be written because the
-  /// product folder is missing, which is warned of.
+  /// Turns the debug log on and tells where it is; gives none when it cannot be written, which is
+  /// warned of.
   LogFile StartLog();
 
  private:
+  LogFile LogInto(const String& path);
+
   std::shared_ptr<Platform> machine_;
   MachineSide side_;
   WorkReport& report_;

@@ -21,4 +21,12 @@ ProductSettings RequireProductSettings(Component& component);
 /// Where the list file and the generic files stand, with a trailing backslash.
 String DataAreaOf(const ProductSettings& settings);
 
+/// MoveError when the names of the machine's folders, "SubNames.txt", are there and cannot be read:
+/// all songs would go elsewhere.
+void RequireSubNames(Component& component, const ProductSettings& settings);
+
+/// MoveError when the list of songs, "MediaList.txt", is there and cannot be read or added to: no
+/// song would be taken.
+void RequireMediaList(Component& component, const ProductSettings& settings);
+
 }  // namespace norvo

@@ -6,24 +6,14 @@
 #include "model/PlaylistTypes.h"
 #include "move/LibraryCalls.h"
 #include "move/LibraryWatcher.h"
+#include "move/LogBox.h"
 #include "move/OpenedLibrary.h"
 #include "overlay/OverlayPlatform.h"
-#include "services/Logging.h"
 #include "services/ObserverScope.h"
 #include "text/Encoding.h"
 
 namespace norvo {
 namespace {
-
-/// Writes what it is shown to a machine's log.
-class LogBox final : public MessageDialog {
- public:
-  explicit LogBox(Component& library) : library_(library) {}
-  void Show(StringView, StringView text) override { WriteLog(library_, text); }
-
- private:
-  Component& library_;
-};
 
 class ReadWatcher final : public LibraryWatcher {
  public:
@@ -82,7 +72,6 @@ ReadResult ReadPlaylist(const std::shared_ptr<Platform>& machine, const std::str
   const std::unique_ptr<Component> library = OpenLibrary(overlay);
   LogBox log(opened.Get());
   if (options.log) {
-    // A log file of the overlay would go with it. So its lines are shown, to the machine's own log.
     result.log = opened.StartLog();
     overlay->SetMessageDialog(log);
     library->SetLogMode(log_mode::kMessageBox);

@@ -17,6 +17,8 @@ struct NativePlaylist {
   String path;            ///< full, on the machine
   std::int32_t type = 0;  ///< see playlist_type
   bool whole = false;     ///< it was written to its end
+  /// Lines that hold other characters than their names have, since the 8-bit page lacks those.
+  std::size_t replaced = 0;
 };
 
 /// A generic file and what was made of it.

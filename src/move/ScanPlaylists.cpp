@@ -14,9 +14,10 @@ ScanResult ScanPlaylists(const std::shared_ptr<Platform>& machine, const WorkOpt
   const ProductSettings settings = RequireProductSettings(library.Get());
   if (options.log) result.log = library.StartLog();
   result.cancelled = WasCancelled([&] {
-    LibraryWatcher watcher(report, MachineSide::Old, WorkPhase::Collecting);
+    ScanWatcher watcher(report, MachineSide::Old, WorkPhase::Collecting);
     const ObserverScope scope(library.Get(), watcher);
-    Scan(library.Get(), *library.Get().Create(u"helperMan"), settings, watcher, result);
+    Scan(library.Get(), *library.Get().Create(u"helperMan"), settings, watcher, Copies::LeftOut,
+         result);
   });
   return result;
 }

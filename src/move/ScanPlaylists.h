@@ -17,9 +17,23 @@ struct ListedPlaylist {
   String path;            ///< full, on the machine
 };
 
+/// A playlist that a scan has met and that is not listed.
+struct SkippedPlaylist {
+  /// Why.
+  enum class Reason {
+    UnknownType,  ///< its first lines tell no type
+    Unreadable,   ///< they cannot be read
+    RestoredCopy  ///< restoring has made it, and nobody has changed it since
+  };
+
+  String path;                          ///< full, on the machine
+  Reason reason = Reason::UnknownType;  ///< why
+};
+
 /// What a scan gives.
 struct ScanResult : WorkResult {
   std::vector<ListedPlaylist> playlists;  ///< in the order in which the queue takes them
+  std::vector<SkippedPlaylist> skipped;   ///< in the order of the scan, copies behind the others
   std::size_t folders = 0;                ///< that were looked into
   String listFile;                        ///< where the list stands on the machine
 };

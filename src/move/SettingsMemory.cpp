@@ -61,23 +61,23 @@ void SettingsMemory::Storage::Write(StringView path, const std::string& bytes) {
 }
 
 std::optional<FileFacts> SettingsMemory::Disk::FactsOf(StringView path) {
-  if (!memory_.RemembersMissing() || path.empty()) return files_.FactsOf(path);
-  String name = NameOf(files_, path);
+  if (!memory_.RemembersMissing() || path.empty()) return Files().FactsOf(path);
+  String name = NameOf(Files(), path);
   if (memory_.IsMissing(name)) return std::nullopt;
-  std::optional<FileFacts> facts = files_.FactsOf(path);
+  std::optional<FileFacts> facts = Files().FactsOf(path);
   // A folder below which nothing is may come to be; its name with a backslash is no file's.
   if (!facts && !IsSeparator(path.back())) memory_.NoteMissing(std::move(name));
   return facts;
 }
 
 void SettingsMemory::Disk::RemoveFile(StringView path, bool force) {
-  memory_.Forget(NameOf(files_, path));
-  files_.RemoveFile(path, force);
+  memory_.Forget(NameOf(Files(), path));
+  Files().RemoveFile(path, force);
 }
 
 std::unique_ptr<AppendFile> SettingsMemory::Disk::OpenForAppending(StringView path, bool create) {
-  memory_.Forget(NameOf(files_, path));
-  return files_.OpenForAppending(path, create);
+  memory_.Forget(NameOf(Files(), path));
+  return Files().OpenForAppending(path, create);
 }
 
 }  // namespace norvo

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "move/ForwardedFiles.h"
 #include "services/Platform.h"
 
 namespace norvo {
@@ -76,32 +77,15 @@ class SettingsMemory final : public Platform {
   };
 
   /// Forgets what is deleted or grows.
-  class Disk final : public FileSystem {
+  class Disk final : public ForwardedFiles {
    public:
-    Disk(FileSystem& files, Memory& memory) : files_(files), memory_(memory) {}
+    Disk(FileSystem& files, Memory& memory) : ForwardedFiles(files), memory_(memory) {}
 
-    bool FolderExists(StringView path) override { return files_.FolderExists(path); }
     std::optional<FileFacts> FactsOf(StringView path) override;
-    void CreateFolder(StringView path) override { files_.CreateFolder(path); }
     void RemoveFile(StringView path, bool force) override;
-    std::unique_ptr<BinaryFile> OpenForReading(StringView path) override {
-      return files_.OpenForReading(path);
-    }
     std::unique_ptr<AppendFile> OpenForAppending(StringView path, bool create) override;
-    void MakeDurable(std::span<const String> paths) override { files_.MakeDurable(paths); }
-    std::vector<FolderItem> ListFolder(StringView path,
-                                       std::span<const StringView> endings) override {
-      return files_.ListFolder(path, endings);
-    }
-    String AbsolutePathName(StringView path) override { return files_.AbsolutePathName(path); }
-    DriveType TypeOfDrive(StringView path) override { return files_.TypeOfDrive(path); }
-    std::vector<Drive> Drives() override { return files_.Drives(); }
-    String FileVersion(StringView path) override { return files_.FileVersion(path); }
-    String SystemFolder() override { return files_.SystemFolder(); }
-    Date LocalDate(FileTime time) override { return files_.LocalDate(time); }
 
    private:
-    FileSystem& files_;
     Memory& memory_;
   };
 

@@ -4,6 +4,7 @@
 
 #include "library/Library.h"
 #include "model/PlaylistTypes.h"
+#include "move/LogBox.h"
 #include "move/MoveError.h"
 #include "move/NativeReading.h"
 #include "move/OpenedLibrary.h"
@@ -50,10 +51,15 @@ VerifyResult VerifyPlaylists(const std::shared_ptr<Platform>& machine,
   VerifyResult result;
   WorkReport report(observer, result.warnings);
   OpenedLibrary opened(machine, MachineSide::Old, report);
-  if (options.log) result.log = opened.StartLog();
   // Reading a playlist notes its songs in the machine's media list; verifying changes nothing.
-  const std::unique_ptr<Component> library =
-      OpenLibrary(std::make_shared<OverlayPlatform>(machine));
+  const auto overlay = std::make_shared<OverlayPlatform>(machine);
+  const std::unique_ptr<Component> library = OpenLibrary(overlay);
+  LogBox log(opened.Get());
+  if (options.log) {
+    result.log = opened.StartLog();
+    overlay->SetMessageDialog(log);
+    library->SetLogMode(log_mode::kMessageBox);
+  }
   std::vector<String> playlists;
   for (const std::string& path : paths) playlists.push_back(FromUtf8Lossy(path));
   if (playlists.empty()) playlists = RestoredPlaylists(*library);

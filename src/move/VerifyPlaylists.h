@@ -30,6 +30,7 @@ struct VerifiedPlaylist {
   std::vector<VerifiedReference> references;  ///< in its order
   bool whole = false;                         ///< it could be read to its end
   String reason;                              ///< why it could not; the error's description
+  bool missing = false;                       ///< there is no such file
 
   /// Number of references of that kind.
   std::size_t Count(VerifiedReference::Kind kind) const;

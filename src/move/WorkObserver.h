@@ -65,6 +65,7 @@ struct WorkWarning {
     RoleKept,         ///< another role was wished for, but `subject` was there before
     GroupRootKept,    ///< another group root was wished for, but `subject` was there before
     NoLogFolder,      ///< no log is written: the product folder `subject` is missing
+    LogNotWritten,    ///< no log is written: its file `subject` cannot be, since `detail`
     NativesMissing,   ///< of playlist `subject` only `found` of `expected` native ones were written
     UntellableAddress,  ///< of playlist `subject`: `detail` does not fit the 8-bit page
     NativeGone,         ///< the native playlist `subject` was written and is gone now

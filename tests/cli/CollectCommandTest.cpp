@@ -28,6 +28,45 @@ TEST_F(CollectCommandTest, WritesNeutralFilesAndNamesWhatIsLeftOut) {
   EXPECT_FALSE(fs::exists(DataArea() / "PlayLists.txt"));
 }
 
+TEST_F(CollectCommandTest, ListsOfNoKnownTypeAreToldAndCounted) {
+  WriteMix();
+  WriteFile(Place("C/Music/Odd.m3u"), "only a name\r\n");
+  const Outcome outcome = Collect({"--init"});
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_TRUE(
+      Holds(outcome.err, "C:\\Music\\Odd.m3u: skipped: its first lines tell no playlist type"))
+      << outcome.err;
+  EXPECT_TRUE(Holds(outcome.out, "Playlists found:     2\n")) << outcome.out;
+  EXPECT_TRUE(Holds(outcome.out, "  of no known type:  1\n    C:\\Music\\Odd.m3u\n"));
+  const auto document = Collect({"--json"}).Document();
+  EXPECT_EQ(document.at("summary").at("found"), 2);
+  EXPECT_EQ(document.at("summary").at("unknownType"), 1);
+  EXPECT_EQ(document.at("playlists")[1].at("outcome"), "unknownType");
+  EXPECT_EQ(document.at("playlists")[1].at("typeName"), "unknown");
+}
+
+TEST_F(CollectCommandTest, WhatRestoreHasMadeIsSkippedUntilItIsChanged) {
+  WriteMix();
+  Collect({"--init"});
+  RunProgram({"restore", "--machine", Machine()});
+  const Outcome outcome = Collect();
+  EXPECT_TRUE(Holds(outcome.out,
+                    "Playlists found:     5\n  written:           1\n"
+                    "  restored copies:   4\n"))
+      << outcome.out;
+  EXPECT_TRUE(Holds(outcome.err, "restore has made them and nobody has changed them: 4"))
+      << outcome.err;
+  const fs::path list = Place("C/My Documents/Norvo Media/PlayLists/WinAmp/Mix.m3u");
+  WriteFile(list, ReadFile(list) + "C:\\Music\\Two.mp3\r\n");
+  const auto summary = Collect({"--json"}).Document().at("summary");
+  EXPECT_EQ(summary.at("restoredCopy"), 3);
+  EXPECT_EQ(summary.at("found"), 5);
+  const auto scanned = RunProgram({"scan", "--machine", Machine(), "--json"}).Document();
+  EXPECT_EQ(scanned.at("playlists").size(), 2u);
+  EXPECT_EQ(scanned.at("skipped").size(), 3u);
+  EXPECT_EQ(scanned.at("skipped")[0].at("reasonCode"), "restoredCopy");
+}
+
 TEST_F(CollectCommandTest, TwoRunsGiveTheSameBytes) {
   WriteMix();
   Collect({"--init"});

@@ -82,6 +82,10 @@ const Row kRows[] = {
      "The file C:\\Norvo Media\\SubNames.txt cannot be read. See that the disk is in order, and "
      "run "
      "it again."},
+    {MoveFault::FileInUse, "C:\\Norvo Media\\SubNames.txt",
+     "Permission denied: C:\\Norvo Media\\SubNames.txt",
+     "The file C:\\Norvo Media\\SubNames.txt cannot be used: Permission denied. Close the program "
+     "that uses it, see that it may be read and written, and run again."},
     {MoveFault::WorkNotCreated, "work", "Permission denied",
      "work: Permission denied. Choose another --work."},
     {MoveFault::WorkTaken, "work", "",

@@ -85,11 +85,31 @@ TEST_F(RestoreCommandTest, ReportsAsADocument) {
   ASSERT_EQ(document.at("natives").size(), 8u);
   const nlohmann::json native = {{"path", kFolder + std::string(R"(Sonique\Mix.pls)")},
                                  {"typeName", "SONIQUE_PLS"},
-                                 {"whole", true}};
+                                 {"whole", true},
+                                 {"replaced", 0}};
   EXPECT_EQ(document.at("natives")[3], native);
   ASSERT_EQ(document.at("settings").size(), 2u);
   EXPECT_EQ(document.at("settings")[0].at("player"), "Windows Media Player");
   EXPECT_EQ(document.at("settings")[0].at("value"), kFolder + std::string("Windows Media Player"));
+}
+
+TEST_F(RestoreCommandTest, NamesThatAListCannotHoldAreTold) {
+  Init();
+  // UTF-16 with its mark: "\u65e5", which no 8-bit list can hold.
+  WriteNeutral("Mix");
+  const fs::path file = Place("C/My Documents/Kept/Mix.ini");
+  std::string wide = "\xFF\xFE";
+  for (const char byte : ReadFile(file)) wide += std::string{byte, '\0'};
+  const std::string artist("A\0n\0n\0", 6);
+  wide.replace(wide.find(artist), artist.size(), std::string("\xE5\x65n\0n\0", 6));
+  WriteFile(file, wide);
+  const Outcome outcome = Restore();
+  EXPECT_EQ(outcome.code, 1) << outcome.err;
+  EXPECT_TRUE(Holds(outcome.err, std::string(kFolder) + "MusicMatch Jukebox\\Mix.m3u: 1 line of it "
+                                                        "cannot hold all letters of their names"))
+      << outcome.err;
+  EXPECT_TRUE(Holds(outcome.err, "WinAmp\\Mix.m3u: 2 lines of it")) << outcome.err;
+  EXPECT_EQ(Restore({"--json"}).Document().at("natives")[2].at("replaced"), 1);
 }
 
 TEST_F(RestoreCommandTest, ASecondRunWritesASecondSet) {

@@ -38,6 +38,31 @@ TEST_F(ScanCommandTest, ReportsAsADocument) {
   EXPECT_EQ(document.at("listFile").at("system"), (DataArea() / "PlayLists.txt").string());
 }
 
+TEST_F(ScanCommandTest, ListsOfNoKnownTypeAreTold) {
+  WriteFile(Place("C/Music/Odd.m3u"), "only a name\r\n");
+  Init();
+  const Outcome outcome = Scan();
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_TRUE(
+      Holds(outcome.err, "C:\\Music\\Odd.m3u: skipped: its first lines tell no playlist type"))
+      << outcome.err;
+  EXPECT_EQ(outcome.out,
+            "Playlists found: 0\nPlaylists skipped: 1\n"
+            "  C:\\Music\\Odd.m3u: its first lines tell no playlist type\n");
+  const nlohmann::json row = {{"path", "C:\\Music\\Odd.m3u"},
+                              {"reason", "its first lines tell no playlist type"},
+                              {"reasonCode", "unknownType"}};
+  EXPECT_EQ(Scan({"--json"}).Document().at("skipped"), nlohmann::json::array({row}));
+}
+
+TEST_F(ScanCommandTest, OnADiskToWhichNothingIsWrittenNoLogIsNamed) {
+  WriteFile(Place("C/Music/Mix.m3u"), "#EXTM3U\r\n");
+  const fs::path disk = Place("C");
+  const Outcome outcome = RunProgram({"scan", "--machine", disk.string(), "--log"});
+  EXPECT_FALSE(Holds(outcome.err, "The log is")) << outcome.err;
+  EXPECT_TRUE(Holds(outcome.err, "nothing was written to it, and no log either")) << outcome.err;
+}
+
 TEST_F(ScanCommandTest, ADiskWithoutPlaylistsIsNoFailure) {
   Init();
   const Outcome outcome = Scan();

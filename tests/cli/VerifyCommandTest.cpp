@@ -92,10 +92,10 @@ TEST_F(VerifyCommandTest, AFileOfNoDriveIsRefused) {
                              "C:\\Music\\Mix.m3u, or of a file in its folder.\n");
 }
 
-TEST_F(VerifyCommandTest, AFileThatIsNotThereCannotBeRead) {
+TEST_F(VerifyCommandTest, AFileThatIsNotThereIsCalledSo) {
   const Outcome outcome = Verify({R"(C:\Music\gone.m3u)"});
   EXPECT_EQ(outcome.code, 1);
-  EXPECT_EQ(outcome.err, "C:\\Music\\gone.m3u: cannot be read to its end: File not found\n");
+  EXPECT_EQ(outcome.err, "C:\\Music\\gone.m3u: there is no such file\n");
   EXPECT_EQ(outcome.out, "C:\\Music\\gone.m3u: 0 found, 0 missing, 0 addresses\n" + Total(1, 0, 0));
 }
 
@@ -178,6 +178,7 @@ TEST_F(VerifyCommandTest, TheDocumentNamesTheLog) {
   const nlohmann::json log = {{"machine", R"(C:\Norvo\VBLog.txt)"},
                               {"system", Place("C/Norvo/VBLog.txt").string()}};
   EXPECT_EQ(document.at("log"), log);
+  EXPECT_TRUE(Holds(ReadFile(Place("C/Norvo/VBLog.txt")), "Three.mp3"));
   EXPECT_FALSE(Verify({"--json", R"(C:\Music\Mix.m3u)"}).Document().contains("log"));
 }
 

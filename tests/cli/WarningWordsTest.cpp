@@ -22,10 +22,14 @@ WorkWarning WarningOfText(Kind kind, StringView text) {
   return warning;
 }
 
-TEST(WarningWords, WhatTheLibraryTellsStandsBehindItsMachine) {
-  const WorkWarning warning = WarningOfText(Kind::Library, u"DataCop -> Disk full");
-  EXPECT_EQ(TextOf(warning), "Warning: DataCop -> Disk full");
-  EXPECT_EQ(TextOf(warning, "Old machine: "), "Old machine: DataCop -> Disk full");
+TEST(WarningWords, WhatTheLibraryTellsStandsBehindItsMachineInPlainWords) {
+  WorkWarning warning = WarningOfText(Kind::Library, u"HelperMan -> Disk full: C:\\a.m3u");
+  warning.warning.kind = WarningKind::PlaylistNotListed;
+  warning.warning.path = u"C:\\a.m3u";
+  warning.warning.reason = u"Disk full: C:\\a.m3u";
+  const std::string plain = "C:\\a.m3u: this playlist was found and cannot be listed: Disk full";
+  EXPECT_EQ(TextOf(warning), "Warning: " + plain);
+  EXPECT_EQ(TextOf(warning, "Old machine: "), "Old machine: " + plain);
 }
 
 TEST(WarningWords, AnOddityIsAWarningOfEitherMachine) {
@@ -74,6 +78,9 @@ TEST(WarningWords, WhatWasThereBeforeStays) {
 }
 
 TEST(WarningWords, WithoutTheProductFolderThereIsNoLog) {
+  EXPECT_EQ(TextOf(WarningOf(Kind::LogNotWritten, u"C:\\a.txt", u"Permission denied: C:\\a.txt")),
+            "No log is written: C:\\a.txt: Permission denied. Close the program that uses it, see "
+            "that it may be read and written, and run again");
   EXPECT_EQ(TextOf(WarningOf(Kind::NoLogFolder, u"C:\\Norvo\\")),
             "No log is written: the product folder C:\\Norvo\\ is missing. norvo-playlists init "
             "creates it.");

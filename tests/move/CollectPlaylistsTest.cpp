@@ -5,7 +5,9 @@
 #include <algorithm>
 
 #include "automation/RunTimeError.h"
+#include "move/MoveError.h"
 #include "move/WatchedWork.h"
+#include "text/Encoding.h"
 
 namespace norvo {
 namespace {
@@ -95,6 +97,47 @@ TEST_F(CollectPlaylistsTest, CanBeEndedAtAnyStepWithoutAWarningAndDoneAnew) {
   WatchedWork again;
   EXPECT_EQ(Collect(again).playlists.size(), 2u);
   EXPECT_EQ(again.events, heard.events);
+}
+
+TEST_F(CollectPlaylistsTest, ASettingsPlaylistThatCannotBeReadIsNotCalledEmpty) {
+  machines.from->Files().Deny(u"C:\\Music\\Web.pls");
+  const CollectResult result = Collect(heard);
+  ASSERT_EQ(result.playlists.size(), 2u);
+  EXPECT_EQ(result.playlists[1].outcome, PlaylistOutcome::Unreadable);
+}
+
+TEST_F(CollectPlaylistsTest, ASongThatCannotBeReadIsToldOnce) {
+  machines.AddPlaylist(u"C:\\Music\\Other.m3u", {"C:\\Music\\One.mp3"});
+  machines.from->Files().Deny(u"C:\\Music\\One.mp3");
+  const CollectResult result = Collect(heard);
+  EXPECT_EQ(LinesOf(result.warnings),
+            Lines{"old: TagsNotRead C:\\Music\\One.mp3, detail Permission denied"});
+  EXPECT_EQ(result.playlists[0].kept, 2u) << "it is taken without them";
+}
+
+TEST_F(CollectPlaylistsTest, AFileOfTheProductsThatCannotBeUsedEndsItBeforeAnythingIsWritten) {
+  machines.from->AddFile(FromUtf8Lossy(kData + "MediaList.txt"), "x");
+  const std::string root = "C:\\My Documents\\Norvo Media\\";
+  for (const std::string& path : {root + "SubNames.txt", kData + "MediaList.txt"}) {
+    machines.from->Files().Deny(FromUtf8Lossy(path));
+    const Contents before = ContentsOf(*machines.from);
+    try {
+      Collect(heard);
+      ADD_FAILURE() << path;
+    } catch (const MoveError& error) {
+      EXPECT_EQ(error.Fault(), MoveFault::FileInUse);
+      EXPECT_EQ(error.Subject(), path);
+      EXPECT_EQ(error.Detail(), "Permission denied");
+    }
+    EXPECT_EQ(ContentsOf(*machines.from), before);
+    machines.from->AddFile(FromUtf8Lossy(path), machines.from->Bytes(FromUtf8Lossy(path)));
+  }
+}
+
+TEST_F(CollectPlaylistsTest, AMediaListThatCannotBeAddedToEndsItAsWell) {
+  machines.from->AddFile(FromUtf8Lossy(kData + "MediaList.txt"), "x");
+  machines.from->Files().SetReadOnly(FromUtf8Lossy(kData + "MediaList.txt"));
+  EXPECT_THROW(Collect(heard), MoveError);
 }
 
 }  // namespace

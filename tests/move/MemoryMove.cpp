@@ -55,11 +55,12 @@ std::string NameOf(Adjustment::Reason reason) {
 
 std::string NameOf(WorkWarning::Kind kind) {
   return Named(kind,
-               {"Library",          "Oddity",           "SettingUnusable",  "RoleKept",
-                "GroupRootKept",    "NoLogFolder",      "NativesMissing",   "UntellableAddress",
-                "NativeGone",       "NativeIncomplete", "WrongSong",        "ChangedAddress",
-                "ListDamaged",      "NoPlainName",      "TimesLost",        "CompanionMissing",
-                "PlayerNotPointed", "CountedListWrong", "CountedSongWrong", "TagsNotRead"});
+               {"Library",           "Oddity",           "SettingUnusable",  "RoleKept",
+                "GroupRootKept",     "NoLogFolder",      "LogNotWritten",    "NativesMissing",
+                "UntellableAddress", "NativeGone",       "NativeIncomplete", "WrongSong",
+                "ChangedAddress",    "ListDamaged",      "NoPlainName",      "TimesLost",
+                "CompanionMissing",  "PlayerNotPointed", "CountedListWrong", "CountedSongWrong",
+                "TagsNotRead"});
 }
 
 /// In front of what is there.

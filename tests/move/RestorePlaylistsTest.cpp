@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "move/MoveError.h"
 #include "move/WatchedWork.h"
 
 namespace norvo {
@@ -83,6 +84,25 @@ TEST_F(RestorePlaylistsTest, ANativePlaylistThatCannotBeWrittenIsNotWhole) {
   const RestoreResult result = Restore(heard);
   EXPECT_TRUE(result.playlists[0].natives[0].whole);
   EXPECT_FALSE(result.playlists[0].natives[1].whole);
+}
+
+TEST_F(RestorePlaylistsTest, CountsLinesThatCannotHoldAllLettersOfTheirNames) {
+  const String path = u"C:\\My Documents\\Mix.ini";
+  std::string wide = "\xFF\xFE";
+  for (const char byte : machine->Bytes(path)) wide += std::string{byte, '\0'};
+  wide += std::string("A\0r\0t\0i\0s\0t\0=\0\xE5\x65", 16) + std::string("\r\0\n\0", 4);
+  machine->AddFile(path, wide);
+  const RestoreResult result = Restore(heard);
+  ASSERT_EQ(result.playlists.size(), 2u);
+  ASSERT_EQ(result.playlists[0].natives.size(), 4u);
+  EXPECT_EQ(result.playlists[0].natives[0].replaced, 1u) << "the artist alone";
+  for (const NativePlaylist& native : result.playlists[1].natives) EXPECT_EQ(native.replaced, 0u);
+}
+
+TEST_F(RestorePlaylistsTest, FolderNamesThatCannotBeReadEndItBeforeAllGoesElsewhere) {
+  machine->Files().Deny(u"C:\\My Documents\\Norvo Media\\SubNames.txt");
+  EXPECT_THROW(Restore(heard), MoveError);
+  EXPECT_EQ(heard.events, Lines());
 }
 
 TEST_F(RestorePlaylistsTest, WarnsOfASettingThatCannotBeChanged) {

@@ -57,6 +57,31 @@ TEST_F(ScanPlaylistsTest, WarnsOfAFolderThatCannotBeListed) {
   EXPECT_EQ(scan.playlists.size(), 2u);
 }
 
+TEST_F(ScanPlaylistsTest, TellsWhatItHasMetAndNotListed) {
+  machines.from->AddFile(u"C:\\Music\\Odd.m3u", "only a name\r\n");
+  machines.from->AddFile(u"C:\\Music\\Locked.m3u", "#EXTM3U\r\n");
+  machines.from->AddFile(u"C:\\Music\\nom3u", "without a point");
+  machines.from->Files().Deny(u"C:\\Music\\Locked.m3u");
+  const ScanResult scan = Scan(heard);
+  using Reason = SkippedPlaylist::Reason;
+  ASSERT_EQ(scan.skipped.size(), 2u);
+  EXPECT_TEXT(scan.skipped[0].path, u"C:\\Music\\Locked.m3u");
+  EXPECT_EQ(scan.skipped[0].reason, Reason::Unreadable);
+  EXPECT_TEXT(scan.skipped[1].path, u"C:\\Music\\Odd.m3u");
+  EXPECT_EQ(scan.skipped[1].reason, Reason::UnknownType);
+  EXPECT_EQ(scan.playlists.size(), 2u);
+}
+
+TEST_F(ScanPlaylistsTest, WarnsWhenTheLogCannotBeWritten) {
+  machines.from->AddFile(u"C:\\Norvo\\VBLog.txt", "");
+  machines.from->Files().SetReadOnly(u"C:\\Norvo\\VBLog.txt");
+  const ScanResult scan = Scan(heard, true);
+  EXPECT_EQ(LinesOf(scan.warnings),
+            Lines{"old: LogNotWritten C:\\Norvo\\VBLog.txt, detail Permission denied"});
+  EXPECT_EQ(scan.log.path, String());
+  EXPECT_EQ(heard.logs, Lines());
+}
+
 TEST_F(ScanPlaylistsTest, KeepsALogWhenAsked) {
   const ScanResult scan = Scan(heard, true);
   EXPECT_TEXT(scan.log.path, u"C:\\Norvo\\VBLog.txt");

@@ -73,6 +73,20 @@ TEST_F(VerifyPlaylistsTest, ChangesNothingOnTheMachine) {
   EXPECT_TRUE(machine->Records().empty());
 }
 
+TEST_F(VerifyPlaylistsTest, AFileThatIsNotThereIsMissing) {
+  const VerifiedPlaylist gone = Verify({"C:\\Gone.m3u"}).playlists.at(0);
+  EXPECT_TRUE(gone.missing);
+  EXPECT_FALSE(gone.whole);
+  machine->Files().Deny(kMix);
+  EXPECT_FALSE(Verify({Utf8(kMix)}).playlists.at(0).missing);
+}
+
+TEST_F(VerifyPlaylistsTest, WhatTheReadersTellStandsInTheLog) {
+  machine->AddFile(u"C:\\Web.m3u", "#EXTM3U\r\nGone.mp3\r\n");
+  Verify({"C:\\Web.m3u"}, true);
+  EXPECT_NE(machine->Bytes(u"C:\\Norvo\\VBLog.txt").find("Gone.mp3"), std::string::npos);
+}
+
 TEST_F(VerifyPlaylistsTest, ButForTheLog) {
   EXPECT_TEXT(Verify({}, true).log.path, u"C:\\Norvo\\VBLog.txt");
   EXPECT_EQ(heard.logs, Lines{"old: C:\\Norvo\\VBLog.txt"});
