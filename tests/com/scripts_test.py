@@ -120,8 +120,36 @@ class TheClasses(ScriptCase):
 
 
 for path in sorted(SCRIPTS.iterdir()):
-    if path.is_file() and path.stem not in ("Collect", "Restore", "Unregistered"):
+    if path.is_file() and path.stem not in ("Collect", "Restore", "SideBySide", "Unregistered"):
         setattr(TheClasses, f"test_{path.stem}_in_{path.suffix[1:]}", for_class(path.name))
+
+
+class TwoHosts(ScriptCase):
+    """Two script hosts at the same moment, on the new machine."""
+
+    ROUNDS = 5
+
+    def test_both_add_their_songs_to_one_list_and_none_twice(self):
+        for name in ("A", "B"):
+            for i in range(1, 11):
+                songs = (f"{name}{i}.mp3", f"Both{i}.mp3")
+                paths = [f"C:\\Side\\{song}" for song in songs]
+                PREFIX.put(f"Side/{name}{i}.m3u", "\n".join(("#EXTM3U", *paths, "")))
+                for song in songs:
+                    PREFIX.put(f"Side/{song}", bytes(200))
+        PREFIX.put("Norvo Media/SubNames.txt", machine.NEW_NAMES)
+        PREFIX.set_registry(product_keys(DESTINATION, machine.NEW_ROOT))
+        media_list = PREFIX.path("Norvo Media/KVs/MediaList.txt")
+        for _ in range(self.ROUNDS):
+            media_list.unlink(missing_ok=True)
+            hosts = [PREFIX.begin("cscript", "//nologo", "SideBySide.vbs", name, folder="Norvo")
+                     for name in ("A", "B")]
+            for host in hosts:
+                output = host.communicate(timeout=240)[0].decode("latin-1")
+                self.assertEqual(script_output.faults(output), [])
+            records = media_list.read_text(encoding="utf-8-sig").splitlines()
+            self.assertEqual(len(records), len(set(records)))
+            self.assertEqual(len({record.split("\t")[1] for record in records}), 30)
 
 
 class TheEnd(ScriptCase):
@@ -152,7 +180,7 @@ class TheJudge(unittest.TestCase):
 
 def load_tests(loader, _tests, _pattern):
     """In this order: the playlists of single tests are none of the move."""
-    cases = (TheJudge, TheMove, TheClasses, TheEnd)
+    cases = (TheJudge, TheMove, TheClasses, TwoHosts, TheEnd)
     return unittest.TestSuite(map(loader.loadTestsFromTestCase, cases))
 
 

@@ -55,6 +55,12 @@ class WinePrefix:
         done = self._run(["wine", *command], cwd=self.path(folder))
         return done.stdout.decode("latin-1"), done.returncode
 
+    def begin(self, *command, folder="windows"):
+        """Starts a program in a folder of drive C."""
+        return subprocess.Popen(["wine", *command], cwd=self.path(folder), env=self.environment,
+                                stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                                stderr=subprocess.DEVNULL)
+
     def set_registry(self, keys):
         """Takes pairs of a key and its values, as the makers give them."""
         self.put("windows/temp/settings.reg", joined(["REGEDIT4", "", *key_lines(keys)], "\n"))

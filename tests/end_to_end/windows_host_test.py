@@ -21,7 +21,24 @@ MIX = "C:\\Music\\Mix.m3u"
 ONE = Item("C:\\Music\\One.mp3", "Ann - One", 61)
 # Two songs, and one that is not there.
 MIX_ITEMS = [ONE, Item("Two.mp3", "Bob - Two", 62), Item("Three.mp3", "Cid - Three", 63)]
+HOLDER = "C:\\Program Files\\Norvo\\hold_file.exe"
 PLAYERS = ("Windows Media Player", "WinAmp", "MusicMatch Jukebox", "Sonique")
+
+
+class Locked:
+    """A file that another program keeps to itself for as long as this is entered."""
+
+    def __init__(self, machine, path):
+        self.machine = machine
+        self.path = path
+
+    def __enter__(self):
+        self.holder = self.machine.begin(HOLDER, self.path)
+        if b"held" not in self.holder.stdout.readline():
+            raise RuntimeError(f"{self.path} cannot be held")
+
+    def __exit__(self, *_):
+        self.holder.communicate(timeout=60)
 
 
 class WindowsHostTest(unittest.TestCase):
@@ -32,6 +49,7 @@ class WindowsHostTest(unittest.TestCase):
         cls.machine = Machine(OPTIONS.program)
         cls.addClassCleanup(cls.machine.end)
         cls.machine.start()
+        cls.machine.write(HOLDER, Path(OPTIONS.holder).read_bytes())
         song = bytes(1000)
         for path in ("C:\\Music\\One.mp3", "C:\\Music\\Two.mp3",
                      f"C:\\Music\\{GREEK_AND_CHINESE}\\Song.mp3"):
@@ -198,7 +216,11 @@ class WindowsHostTest(unittest.TestCase):
     # ------------------------------------------------------------------------ the new place ----
 
     def test_40_restore_writes_native_playlists(self):
-        report = self.document(0, "restore")
+        report = self.document(1, "restore")
+        # The name of the third playlist has letters that no 8-bit list holds.
+        self.assertEqual(len(report["leftOut"]), 1)
+        self.assertIn("cannot hold all letters of their names", report["leftOut"][0])
+        self.assertIn(GREEK_AND_CHINESE, report["leftOut"][0])
         natives = {row["path"]: row for row in report["natives"]}
         for player in PLAYERS:
             ending = {"Windows Media Player": ".asx", "Sonique": ".pls"}.get(player, ".m3u")
@@ -222,11 +244,62 @@ class WindowsHostTest(unittest.TestCase):
         self.assertIn("missing: Three.mp3", self.run_program("verify", MIX)[2])
         self.assertEqual(self.machine.snapshot(), before)
 
+    def test_43_what_restore_has_made_is_not_collected(self):
+        report = self.collected()
+        self.assertGreaterEqual(report["summary"]["restoredCopy"], 8)
+        made = [row["path"] for row in report["playlists"] if row["path"].startswith(GROUP_ROOT)]
+        self.assertEqual(len(made), report["summary"]["restoredCopy"])
+
+    def test_44_a_file_that_is_not_there_is_called_so(self):
+        self.assertIn("C:\\Music\\nope.m3u: there is no such file",
+                      self.run_program("verify", "nope.m3u")[2])
+
+    # --------------------------------------------------------- files that others keep locked ----
+
+    def collected(self):
+        """The document of a collecting; of what was not collected it names less."""
+        code, out, err = self.run_program("collect", "--json")
+        self.assertEqual(code, 1, err)
+        return json.loads(out)
+
+    def test_50_a_locked_media_list_is_named_and_nothing_is_done(self):
+        for name in ("KVs\\MediaList.txt", "SubNames.txt"):
+            with self.subTest(name), Locked(self.machine, GROUP_ROOT + name):
+                err = self.refused("collect")
+                self.assertIn(f"The file {GROUP_ROOT}{name} cannot be used: Permission denied. "
+                              "Close the program that uses it", err)
+                self.assertEqual(err.count(name), 1)
+
+    def test_51_a_locked_playlist_is_told_once_and_counted(self):
+        whole = self.collected()["summary"]
+        with Locked(self.machine, MIX):
+            report = self.collected()
+        told = [line for line in report["leftOut"] if MIX in line]
+        self.assertEqual(len(told), 1, told)
+        self.assertEqual(told[0].count(MIX), 1)
+        self.assertIn("this file cannot be read: Permission denied. Close the program", told[0])
+        self.assertEqual(report["summary"]["unreadable"], whole["unreadable"] + 1)
+        self.assertEqual(report["summary"]["found"], whole["found"])
+
+    def test_52_a_locked_song_loses_its_tags_and_that_is_told(self):
+        with Locked(self.machine, "C:\\Music\\One.mp3"):
+            report = self.collected()
+        told = [line for line in report["leftOut"] if line.startswith("C:\\Music\\One.mp3: ")]
+        self.assertEqual(len(told), 1, report["leftOut"])
+        self.assertIn("(its tags) could not be read: Permission denied", told[0])
+
+    def test_53_folder_names_that_are_locked_end_a_restoring(self):
+        before = self.machine.snapshot()
+        with Locked(self.machine, GROUP_ROOT + "SubNames.txt"):
+            self.assertIn("SubNames.txt cannot be used", self.refused("restore"))
+        self.assertEqual(self.machine.snapshot(), before)
+
 
 def main():
     global OPTIONS
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--program", required=True)
+    parser.add_argument("--holder", required=True)
     OPTIONS, rest = parser.parse_known_args()
     unittest.main(argv=["windows_host_test", *rest])
 

@@ -63,6 +63,12 @@ class Machine:
                               stdin=subprocess.DEVNULL, capture_output=True, timeout=120,
                               check=False)
 
+    def begin(self, *words):
+        """Starts a program, which can be written to and read from while it runs."""
+        return subprocess.Popen(["wine", *words], env=self.environment, cwd=self.folder,
+                                stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                stderr=subprocess.DEVNULL)
+
     def place(self, path):
         return self.drive.joinpath(*path[3:].split("\\"))
 
