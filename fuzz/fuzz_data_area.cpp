@@ -1,7 +1,9 @@
 // Any bytes as each file of a machine's data area that others may have written: the names of its
-// folders, the list of its playlists, and the list of its songs, which keeps all lines that it has.
+// folders, the list of its playlists, that of its songs, which keeps all lines that it has, and
+// that of the playlists that were restored there.
 #include "FuzzedPlaylist.h"
 #include "move/QueueList.h"
+#include "move/RestoredCopies.h"
 #include "services/DataCop.h"
 #include "services/MediaList.h"
 
@@ -52,6 +54,18 @@ void CheckSongs(MemoryPlatform& machine, std::string_view bytes) {
   Require(AddSong(machine, record) && machine.Bytes(kSongs) == once);
 }
 
+void CheckCopies(MemoryPlatform& machine, Component& component, std::string_view bytes) {
+  const String list = u"C:\\Mix.m3u";
+  machine.AddFile(list, "#EXTM3U\r\n");
+  machine.AddFile(kArea + u"RestoredCopies.txt", bytes);
+  RestoredCopies copies(component, kArea);
+  Require(!copies.Has(u"C:\\Gone.m3u"));
+  copies.Add({list});
+  Require(RestoredCopies(component, kArea).Has(list));
+  machine.AddFile(list, bytes);
+  Require(!copies.Has(list) || bytes == "#EXTM3U\r\n");
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -65,6 +79,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   CheckSubNames(*machine, *component, bytes);
   CheckQueue(*machine, *component, bytes);
   CheckSongs(*machine, bytes);
+  CheckCopies(*machine, *component, bytes);
   machine->Log().Clear();
   return 0;
 }

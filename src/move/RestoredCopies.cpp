@@ -49,7 +49,9 @@ std::string RestoredCopies::PrintOf(const String& path) const {
 
 bool RestoredCopies::Has(const String& path) const {
   const auto found = rows_.find(Fold(path));
-  return found != rows_.end() && found->second.print == PrintOf(path);
+  if (found == rows_.end()) return false;
+  const std::string print = PrintOf(path);
+  return !print.empty() && found->second.print == print;
 }
 
 void RestoredCopies::Add(const std::vector<String>& paths) {
