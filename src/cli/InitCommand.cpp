@@ -26,8 +26,9 @@ is below the documents folder of its user.)",
   norvo-playlists init --group-root "D:\Norvo Media"
 
 Writes only what is missing: settings that are there stay as they are. They stand in the registry
-below HKEY_LOCAL_MACHINE\SOFTWARE\Norvo, which an administrator may write. A group root on
-another drive than C takes the product's folder, with the debug log, along to that drive.)"};
+below HKEY_LOCAL_MACHINE\SOFTWARE\Norvo; without an administrator's rights below
+HKEY_CURRENT_USER, for this user alone. A group root on another drive than C takes the product's
+folder, with the debug log, along to that drive.)"};
 
 constexpr HelpText kGroupRootHelp = {R"(Default: C:\My Documents\Norvo Media\)",
                                      "Default: Norvo Media in the documents folder"};

@@ -14,6 +14,7 @@ const MachineWords kFolderWords = {
         "registry.reg of the machine folder cannot be written. Make it writable, and make sure "
         "that the disk is not full.",
     .makeWritable = "Make the drive's folder writable",
+    .makeSettable = "See that it can be written and run again",
     .lacksDrive = "the machine folder does not hold",
     .checkRights = "See that the machine folder can be read and written.",
 };
@@ -25,6 +26,7 @@ const MachineWords kThisPcWords = {
         "The registry cannot be written below HKEY_LOCAL_MACHINE\\SOFTWARE\\Norvo. "
         "Run the program as an administrator.",
     .makeWritable = "See that you may write there",
+    .makeSettable = "Run the same command again as an administrator",
     .lacksDrive = "this PC does not have",
     .checkRights = "See that you may read and write there.",
 };

@@ -9,6 +9,7 @@ struct MachineWords {
   const char* registry;            ///< where values are corrected
   const char* unwritableRegistry;  ///< a message
   const char* makeWritable;        ///< what helps where a folder cannot be created
+  const char* makeSettable;        ///< what helps where a player's setting cannot be written
   const char* lacksDrive;          ///< the machine does
   const char* checkRights;         ///< what helps where the library has failed
 };

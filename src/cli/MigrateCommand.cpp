@@ -54,7 +54,7 @@ which is then drive C of a machine; which one it was taken for is told. To a dis
 is written either; what the product writes goes to a drive of its own in --work, or in a temporary
 folder. An empty or missing folder of --to is made a machine; --to-drive D makes any folder drive D
 of one. --drive D=DIR adds a second disk to that of an old PC. The songs and lists go to Norvo Media
-in the documents folder. A move to this PC writes settings that need an administrator.
+in the documents folder. A move to this PC needs no administrator; a setting that needs one is named.
 
 Run it again after an interruption, or later: what is there already stays, and playlists that were
 restored are not restored again. No song and no playlist that is there is ever overwritten.

@@ -249,6 +249,8 @@ const char* CodeOf(WorkWarning::Kind kind) {
       return "countedSongWrong";
     case WorkWarning::Kind::TagsNotRead:
       return "tagsNotRead";
+    case WorkWarning::Kind::SettingsOfUser:
+      return "settingsOfUser";
   }
   return "";
 }

@@ -26,8 +26,8 @@ std::string NotPointedText(const WorkWarning& warning) {
   const std::string reason =
       WithoutPath(ToUtf8(warning.detail), setting.substr(0, setting.rfind(',')));
   return setting + ": this setting of a player cannot be changed to " + ToUtf8(warning.wanted) +
-         (reason.empty() ? "" : ": " + reason) +
-         ". See that it can be written and run again, or choose that folder in the player";
+         (reason.empty() ? "" : ": " + reason) + ". " + Words().makeSettable +
+         ", or choose that folder in the player";
 }
 
 /// Of what the new lists turned out to hold.
@@ -136,6 +136,12 @@ std::string TextOf(const WorkWarning& warning, const char* library) {
     case Kind::LogNotWritten:
       return "No log is written: " + ToUtf8(warning.subject) + ": " +
              WithoutPath(ToUtf8(warning.detail), ToUtf8(warning.subject)) + ". " + kFileAdvice;
+    case Kind::SettingsOfUser:
+      return "The program's settings hold for this user alone, in HKEY_CURRENT_USER\\" +
+             ToUtf8(warning.subject) +
+             ": only an administrator may write those of all users. Nothing else hangs on that. To "
+             "have them for all, remove that key, and run " +
+             Words().initCommand + " as an administrator.";
     default:
       return FindingText(warning);
   }

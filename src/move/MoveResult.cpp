@@ -28,7 +28,8 @@ bool MoveResult::IsWhole() const {
 bool IsNotice(const WorkWarning& warning) {
   return warning.kind == WorkWarning::Kind::RoleKept ||
          warning.kind == WorkWarning::Kind::GroupRootKept ||
-         warning.kind == WorkWarning::Kind::TimesLost;
+         warning.kind == WorkWarning::Kind::TimesLost ||
+         warning.kind == WorkWarning::Kind::SettingsOfUser;
 }
 
 std::size_t CountSongs(const MovedPlaylist& playlist) {

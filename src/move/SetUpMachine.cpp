@@ -1,5 +1,9 @@
 #include "move/SetUpMachine.h"
 
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
 #include "automation/RunTimeError.h"
 #include "move/MachineSetup.h"
 #include "move/MoveError.h"
@@ -120,17 +124,47 @@ class Setup {
   RegistryValue Value(const String& key, StringView name, const RegistryValue& initial) {
     norvo::Registry& registry = component_.Machine().Registry();
     const bool hasUserKey = registry.KeyExists(Hive::CurrentUser, key);
-    const Hive hive = hasUserKey ? Hive::CurrentUser : Hive::LocalMachine;
+    Hive hive = hasUserKey ? Hive::CurrentUser : Hive::LocalMachine;
     std::optional<RegistryValue> value = registry.Read(hive, key, name);
     const bool there = value.has_value();
     if (!there) {
       value = registry.Read(Hive::LocalMachine, key, name).value_or(initial);
-      if (!registry.CreateKey(hive, key) || !registry.Write(hive, key, name, *value)) {
-        throw MoveError(MoveFault::RegistryUnwritable);
-      }
+      hive = Put(hive, key, name, *value);
     }
     Note({SetupStep::Kind::Value, hive, key, String(name), *value, !there});
     return *value;
+  }
+
+  /// Gives the hive that has taken the value. Only an administrator may write to Windows' own; the
+  /// user's is read first, and so is as good for him.
+  Hive Put(Hive hive, const String& key, StringView name, const RegistryValue& value) {
+    if (TryToPut(hive, key, name, value)) return hive;
+    const bool isTaken = hive == Hive::LocalMachine && RepeatForUser() &&
+                         TryToPut(Hive::CurrentUser, key, name, value);
+    if (!isTaken) throw MoveError(MoveFault::RegistryUnwritable);
+    if (!std::exchange(isOfUser_, true)) Warn(WorkWarning::Kind::SettingsOfUser, BaseKey());
+    return Hive::CurrentUser;
+  }
+
+  bool TryToPut(Hive hive, const String& key, StringView name, const RegistryValue& value) {
+    norvo::Registry& registry = component_.Machine().Registry();
+    return registry.CreateKey(hive, key) && registry.Write(hive, key, name, value);
+  }
+
+  /// The keys of the user are going to hide those of the machine, with all that stands there.
+  bool RepeatForUser() {
+    const std::pair<String, StringView> values[] = {
+        {BaseKey(), product_values::kFolder},
+        {BaseKey(), product_values::kName},
+        {BaseKey() + u"\\KVS", u"mode"},
+        {BaseKey() + u"\\KVS\\" + String(DataCop::kGroup), u"SubGroupRootName"}};
+    norvo::Registry& registry = component_.Machine().Registry();
+    return std::all_of(std::begin(values), std::end(values), [&](const auto& place) {
+      const auto& [key, name] = place;
+      const auto value = registry.Read(Hive::LocalMachine, key, name);
+      return !value || registry.Read(Hive::CurrentUser, key, name) ||
+             TryToPut(Hive::CurrentUser, key, name, *value);
+    });
   }
 
   void CreateChain(StringView path) {
@@ -162,6 +196,7 @@ class Setup {
   WorkReport& report_;
   MachineSide side_;
   std::vector<SetupStep> steps_;
+  bool isOfUser_ = false;  // the machine's hive has refused a value
 };
 
 /// A wished group root in full; MoveError when it is no place on a drive.

@@ -79,7 +79,8 @@ struct WorkWarning {
     PlayerNotPointed,   ///< a player's setting `subject` cannot be made `wanted`, since `detail`
     CountedListWrong,   ///< counted at the end: `subject` lists `found` songs of `expected`
     CountedSongWrong,   ///< counted at the end: in `subject` stands `detail`, which is not `wanted`
-    TagsNotRead         ///< the tags of the song `subject` were not read: `detail`
+    TagsNotRead,        ///< the tags of the song `subject` were not read: `detail`
+    SettingsOfUser      ///< below `subject` in the user's hive, since the machine's refuses them
   };
 
   Kind kind = Kind::Library;            ///< decides which of the others are set

@@ -1,5 +1,7 @@
 #include "cli/WarningWords.h"
 
+#include "cli/MachineWords.h"
+
 #include <gtest/gtest.h>
 
 #include <set>
@@ -75,6 +77,24 @@ TEST(WarningWords, WhatWasThereBeforeStays) {
   EXPECT_EQ(TextOf(WarningOf(Kind::GroupRootKept, u"C:\\Media\\")),
             "The group root stays C:\\Media\\: it was there before. Change SubGroupRootName in "
             "registry.reg for another one.");
+}
+
+TEST(WarningWords, SettingsOfOneUserAreToldWithWhatMakesThemThoseOfAll) {
+  EXPECT_EQ(TextOf(WarningOf(Kind::SettingsOfUser, u"SOFTWARE\\Norvo")),
+            "The program's settings hold for this user alone, in HKEY_CURRENT_USER\\SOFTWARE\\"
+            "Norvo: only an administrator may write those of all users. Nothing else hangs on "
+            "that. To have them for all, remove that key, and run norvo-playlists init --machine "
+            "DIR as an administrator.");
+}
+
+TEST(WarningWords, OnThisPcAnAdministratorMayChangeASetting) {
+  ChooseWords(kThisPcWords);
+  const std::string text = TextOf(WarningOf(Kind::PlayerNotPointed, u"Software\\Player, Path"));
+  ChooseWords(kFolderWords);
+  EXPECT_NE(text.find("Run the same command again as an administrator, or choose that folder in "
+                      "the player"),
+            std::string::npos)
+      << text;
 }
 
 TEST(WarningWords, WithoutTheProductFolderThereIsNoLog) {

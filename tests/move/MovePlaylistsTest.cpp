@@ -52,6 +52,19 @@ TEST_F(MovePlaylistsTest, EveryItemHasItsFateAndNumber) {
   EXPECT_TRUE(move.IsWhole());
 }
 
+TEST_F(MovePlaylistsTest, WithoutAnAdministratorsRightsAllIsDoneForTheUser) {
+  machines.AddMix();
+  machines.to->Registry().AddKey(Hive::LocalMachine, u"SOFTWARE");
+  machines.to->Registry().RefuseMachineWrites();
+  const MoveResult move = machines.Run();
+  EXPECT_TRUE(move.IsWhole());
+  EXPECT_EQ(LinesOf(move.warnings), (Lines{"new: SettingsOfUser SOFTWARE\\Norvo\\Migration"}));
+  EXPECT_EQ(CountOf(move, MovedPlaylist::State::Restored), 1u);
+  const MoveResult again = machines.Run();
+  EXPECT_EQ(LinesOf(again.warnings), Lines());
+  EXPECT_EQ(CountOf(again, MovedPlaylist::State::AlreadyRestored), 1u);
+}
+
 TEST_F(MovePlaylistsTest, EverySongIsThereOnceWithItsPlace) {
   machines.AddMix();
   machines.AddWeb();

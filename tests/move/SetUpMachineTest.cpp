@@ -1,9 +1,12 @@
 #include "move/SetUpMachine.h"
 
 #include "automation/Conversions.h"
+#include "library/Library.h"
 #include "model/PlaylistTypes.h"
 #include "move/MoveError.h"
+#include "move/ProductSettings.h"
 #include "move/ReadPlaylist.h"
+#include "services/Utility.h"
 #include "support/LibraryTest.h"
 
 namespace norvo {
@@ -68,6 +71,45 @@ TEST_F(SetUpMachineTest, WhereTheMachinesHiveRefusesTheGroupKeyTheUsersTakesIt) 
   EXPECT_TRUE(platform->Registry().HasKey(Hive::CurrentUser, kGroupKey));
   EXPECT_EQ(GroupStep(Run()).hive, Hive::CurrentUser);
   EXPECT_FALSE(GroupStep(Run()).written);
+}
+
+TEST_F(SetUpMachineTest, WhereOnlyAnAdministratorMayWriteTheSettingsAreTheUsers) {
+  platform->Registry().RefuseMachineWrites();
+  const SetupResult result = Run();
+  for (const SetupStep& step : result.steps) {
+    if (step.kind == SetupStep::Kind::Value) {
+      EXPECT_EQ(step.hive, Hive::CurrentUser);
+    }
+  }
+  ASSERT_EQ(result.warnings.size(), 1u);
+  EXPECT_EQ(result.warnings[0].kind, WorkWarning::Kind::SettingsOfUser);
+  EXPECT_EQ(result.warnings[0].subject, kBaseKey);
+  const ProductSettings settings = ReadProductSettings(*OpenLibrary(platform));
+  EXPECT_EQ(settings.role, Utility::role::kSource);
+  EXPECT_EQ(settings.groupRoot, u"C:\\My Documents\\Norvo Media\\");
+  EXPECT_TRUE(Run().warnings.empty());
+}
+
+TEST_F(SetUpMachineTest, WhatTheUsersKeysWouldHideGoesAlong) {
+  const auto set = [this](StringView below, StringView name, const RegistryValue& value) {
+    platform->SetRegistry(Hive::LocalMachine, String(kBaseKey) + String(below), name, value);
+  };
+  set(u"", u"ProductFolder", String(u"C:\\Tools\\"));
+  set(u"", u"ProductName", String(u"Player Tools"));
+  set(u"\\KVS", u"mode", std::int32_t{2});
+  platform->Registry().RefuseMachineWrites();
+  SetupWishes wishes;
+  wishes.groupRoot = "C:\\Wished\\";
+  EXPECT_EQ(Run(wishes).warnings.size(), 1u);
+  const auto opened = OpenLibrary(platform);
+  EXPECT_EQ(ReadProductSettings(*opened).role, 2);
+  EXPECT_EQ(ReadProductSettings(*opened).groupRoot, u"C:\\Wished\\");
+  const auto valueOf = [this](StringView name) {
+    return std::get<String>(
+        platform->Registry().ValueOf(Hive::CurrentUser, kBaseKey, name).value());
+  };
+  EXPECT_EQ(valueOf(u"ProductFolder"), u"C:\\Tools\\");
+  EXPECT_EQ(valueOf(u"ProductName"), u"Player Tools");
 }
 
 TEST_F(SetUpMachineTest, ARegistryThatTakesNothingEndsTheSetup) {

@@ -72,7 +72,7 @@ std::optional<RegistryValue> MemoryRegistry::Read(Hive hive, StringView key, Str
 
 bool MemoryRegistry::Write(Hive hive, StringView key, StringView name, const RegistryValue& value) {
   calls_.Enter(u"Registry.Write", Subject(hive, key, name));
-  if (refusesWrites_ || !HasKey(hive, key)) return false;
+  if (IsRefused(hive) || !HasKey(hive, key)) return false;
   Set(hive, key, name, value);
   return true;
 }
@@ -81,7 +81,7 @@ bool MemoryRegistry::CreateKey(Hive hive, StringView key) {
   calls_.Enter(u"Registry.CreateKey", Subject(hive, key));
   const StringView top = key.substr(0, key.find(u'\\'));
   const bool isRefused = refusesTopKeys_ && hive == Hive::LocalMachine && !HasKey(hive, top);
-  if (refusesWrites_ || isRefused) return false;
+  if (IsRefused(hive) || isRefused) return HasKey(hive, key) && !refusesWrites_;
   AddKey(hive, key);
   return true;
 }

@@ -20,6 +20,8 @@ class MemoryRegistry final : public Registry {
   std::optional<RegistryValue> ValueOf(Hive hive, StringView key, StringView name) const;
   /// Every write is refused from now on.
   void RefuseWrites() { refusesWrites_ = true; }
+  /// Every write to the machine's hive is, as where an administrator alone may write there.
+  void RefuseMachineWrites() { refusesMachineWrites_ = true; }
   /// No key is created right below the machine's hive from now on, as on Windows.
   void RefuseTopKeys() { refusesTopKeys_ = true; }
 
@@ -34,7 +36,12 @@ class MemoryRegistry final : public Registry {
 
   CallLog& calls_;
   std::map<KeyName, Values> keys_;
+  bool IsRefused(Hive hive) const {
+    return refusesWrites_ || (refusesMachineWrites_ && hive == Hive::LocalMachine);
+  }
+
   bool refusesWrites_ = false;
+  bool refusesMachineWrites_ = false;
   bool refusesTopKeys_ = false;
 };
 
