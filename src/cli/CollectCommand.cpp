@@ -94,6 +94,10 @@ class CollectCommand final : public Command {
     }
     const CollectResult result = NamingScanFailure(
         *machine, [&] { return CollectPlaylists(machine, {common.log}, observer); });
+    if (result.cancelled) {
+      throw CommandEnded(
+          "Ended before it was done. What is done stays; run the same command again.");
+    }
     observer.TellSkipped(result.scan.skipped);
     TellUnfinished(result, console);
     SayCollected(result, *machine, console);

@@ -30,7 +30,7 @@ machine.ini (types and places of the drives) and registry.reg (the machine's reg
 machine.ini that tells of a machine it may hold anything.
 
 Exit codes: 0 done; 1 done, but something was left out, which is named on standard error;
-2 wrong usage, or a machine that cannot be worked on.)",
+2 wrong usage, or a machine that cannot be worked on; 130 ended by Ctrl+C.)",
                             R"(Examples:
   norvo-playlists init
   norvo-playlists scan
@@ -42,7 +42,7 @@ Exit codes: 0 done; 1 done, but something was left out, which is named on standa
 The program works on the machine that it runs on: its drives, its registry, its players.
 
 Exit codes: 0 done; 1 done, but something was left out, which is named on standard error;
-2 wrong usage, or a machine that cannot be worked on.)"};
+2 wrong usage, or a machine that cannot be worked on; 130 ended by Ctrl+C.)"};
 
 }  // namespace
 

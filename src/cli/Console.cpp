@@ -72,6 +72,16 @@ void Console::Fail(std::string_view line) {
   Tell("norvo-playlists: " + std::string(line));
 }
 
+void Console::End(std::string_view line) {
+  ended_ = true;
+  Fail(line);
+}
+
+int Console::ExitCode() const {
+  if (ended_) return exit_code::kEnded;
+  return leftOut_ ? exit_code::kLeftOut : exit_code::kDone;
+}
+
 void Console::Tell(std::string_view line) {
   progress_.Clear();
   err_ << TerminalText(line) + '\n';  // in one write, as the stream is not buffered

@@ -18,10 +18,17 @@ namespace exit_code {
 inline constexpr int kDone = 0;
 inline constexpr int kLeftOut = 1;   ///< done, but something was left out
 inline constexpr int kUnusable = 2;  ///< wrong usage, or a machine that cannot be worked on
+inline constexpr int kEnded = 130;   ///< the user has ended it, as the shell would tell of Ctrl+C
 }  // namespace exit_code
 
 /// Ends a command with exit code 2. The text, in UTF-8, names what is wrong and what to do.
 class CommandError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Ends a command with exit code 130, since the user wished it. The text tells how to go on.
+class CommandEnded : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
@@ -56,6 +63,8 @@ class Console : public MessageDialog {
   void KeepLeftOut(const std::string& line);
   /// Why the command ends here.
   void Fail(std::string_view line);
+  /// The same of a command that tells what it has done until the user has ended it.
+  void End(std::string_view line);
   /// A line on standard error, quiet or not.
   void Tell(std::string_view line);
   /// A message of a machine.
@@ -65,7 +74,8 @@ class Console : public MessageDialog {
   /// out are added. Written once.
   void Write(const Json& document, int code);
 
-  bool HasLeftOut() const { return leftOut_; }
+  /// The exit code of a command that has come so far.
+  int ExitCode() const;
   Progress& Bar() { return progress_; }
 
   /// Pushes everything out; false, with a message, when standard output does not take it.
@@ -80,6 +90,7 @@ class Console : public MessageDialog {
   bool quiet_ = false;
   bool json_ = false;
   bool leftOut_ = false;
+  bool ended_ = false;
   std::vector<std::string> lines_;  // what was left out
 };
 

@@ -1,6 +1,7 @@
 #include "cli/ConsoleObserver.h"
 
 #include "automation/RunTimeError.h"
+#include "cli/EndWish.h"
 #include "cli/ErrorWords.h"
 #include "cli/WarningWords.h"
 #include "text/Encoding.h"
@@ -14,6 +15,10 @@ bool MayBeDenied(const String& reason) {
 }
 
 }  // namespace
+
+bool ConsoleObserver::IsCancelled() {
+  return IsEndWished();
+}
 
 void ConsoleObserver::OnProgress(const WorkProgress& progress) {
   Progress& bar = console_.Bar();

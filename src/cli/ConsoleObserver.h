@@ -17,6 +17,8 @@ class ConsoleObserver : public WorkObserver {
   explicit ConsoleObserver(Console& console, const char* what = "playlist")
       : console_(console), what_(what) {}
 
+  /// The user wishes the program's end.
+  bool IsCancelled() override;
   void OnProgress(const WorkProgress& progress) override;
   /// Of a file that cannot be read, once.
   void OnWarning(const WorkWarning& warning) override;

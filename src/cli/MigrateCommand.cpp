@@ -82,6 +82,7 @@ class MoveObserver final : public WorkObserver {
   /// Reads ahead of the collecting, until that is over.
   void ReadAhead(HostedPlatform& source) { ahead_.emplace(source); }
 
+  bool IsCancelled() override { return log_.IsCancelled(); }
   void OnProgress(const WorkProgress& progress) override {
     if (ahead_) ahead_->OnProgress(progress);
     if (progress.phase > WorkPhase::Collecting) ahead_.reset();
@@ -173,7 +174,12 @@ class MigrateCommand final : public Command {
         Folders(common, console, opened, readsAhead ? &observer : nullptr), options_, observer);
     TellLeftOut(result, console);
     for (const StyledLine& line : MoveReport(result, terms, console.Width())) console.Say(line);
-    if (!options_.dryRun) SayNextStep(result, opened.registry, console);
+    if (result.cancelled) {
+      console.End(
+          "Ended before it was done. What is done stays; run the same command again to go on.");
+    } else if (!options_.dryRun) {
+      SayNextStep(result, opened.registry, console);
+    }
     if (page) WritePage(*page, MovePage(result, terms, ShownNow()), console);
     return console.IsJson() ? MoveDocument(result, terms) : Json();
   }

@@ -17,13 +17,12 @@
 namespace norvo::cli {
 namespace {
 
-int Fail(const std::string& message, Console& console) {
+int Fail(const std::string& message, Console& console, int code = exit_code::kUnusable) {
   console.Fail(message);
   if (console.IsJson()) {
-    console.Write({{"error", FromUtf8(message) ? message : ToUtf8(FromUtf8Lossy(message))}},
-                  exit_code::kUnusable);
+    console.Write({{"error", FromUtf8(message) ? message : ToUtf8(FromUtf8Lossy(message))}}, code);
   }
-  return exit_code::kUnusable;
+  return code;
 }
 
 /// What went wrong, with the machine where the command names one.
@@ -35,7 +34,7 @@ int FailOn(const CommandLine& line, const std::string& reason, Console& console)
 int RunCommand(CommandLine& line, Console& console) {
   try {
     const Json report = line.Chosen().Run(line.Common(), console);
-    const int code = console.HasLeftOut() ? exit_code::kLeftOut : exit_code::kDone;
+    const int code = console.ExitCode();
     if (console.IsJson()) {
       Json document{{"command", line.Name()}};
       if (!line.Common().machine.empty()) document["machine"] = line.Common().machine;
@@ -43,6 +42,8 @@ int RunCommand(CommandLine& line, Console& console) {
       console.Write(std::move(document), code);
     }
     return code;
+  } catch (const CommandEnded& ended) {
+    return Fail(ended.what(), console, exit_code::kEnded);
   } catch (const CommandError& error) {
     return Fail(error.what(), console);
   } catch (const MoveError& error) {

@@ -120,6 +120,11 @@ class RestoreCommand final : public Command {
     const std::shared_ptr<Platform> machine = named->Platform();
     RestoreObserver observer(console);
     const RestoreResult result = RestorePlaylists(machine, {common.log}, observer);
+    if (result.cancelled) {
+      throw CommandEnded(
+          "Ended before it was done. The lists that are written stay; the next run "
+          "writes all of them anew.");
+    }
     if (result.playlists.empty()) TellNothingFound(machine, console);
     SayRestored(result, console);
     if (!console.IsJson()) return {};

@@ -122,6 +122,10 @@ class ScanCommand final : public Command {
     ConsoleObserver observer(console);
     const ScanResult result = NamingScanFailure(
         *machine, [&] { return ScanPlaylists(machine, {common.log && !isBare}, observer); });
+    if (result.cancelled) {
+      throw CommandEnded(
+          "Ended before it was done. Run the same command again for the whole list.");
+    }
     observer.TellSkipped(result.skipped);
     SayByType(result.playlists, console);
     console.Say("Playlists found: " + std::to_string(result.playlists.size()));

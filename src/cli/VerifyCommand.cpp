@@ -99,6 +99,9 @@ class VerifyCommand final : public Command {
     for (const std::string& path : paths_) paths.push_back(ToUtf8(machine->MachinePathOf(path)));
     VerifyObserver observer(console);
     const VerifyResult result = VerifyPlaylists(machine->Platform(), paths, {common.log}, observer);
+    if (result.cancelled) {
+      throw CommandEnded("Ended before it was done. Run the same command again to see all of it.");
+    }
     SayTotal(result.playlists, console);
     if (!console.IsJson()) return {};
     Json rows = Json::array();

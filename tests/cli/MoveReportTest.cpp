@@ -225,7 +225,7 @@ Lines LeftOutOf(const MoveResult& move) {
   Lines lines;
   std::istringstream text(err.str());
   for (std::string line; std::getline(text, line);) lines.push_back(line);
-  EXPECT_EQ(console.HasLeftOut(), !move.IsWhole());
+  EXPECT_EQ(console.ExitCode(), move.IsWhole() ? exit_code::kDone : exit_code::kLeftOut);
   return lines;
 }
 

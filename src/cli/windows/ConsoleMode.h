@@ -2,10 +2,15 @@
 
 #include <windows.h>
 
+#include <optional>
+#include <ostream>
+
+#include "cli/windows/ConsoleBuffer.h"
+
 namespace norvo::cli {
 
-/// While it lives, the console takes UTF-8, and what draws the progress on standard error. The
-/// console stays when the program ends, so it gets its own ways back.
+/// While it lives, what goes to a console is shown in every script, and standard error takes what
+/// draws the progress. The console stays when the program ends, so it gets its own ways back.
 class ConsoleMode {
  public:
   ConsoleMode();
@@ -17,7 +22,22 @@ class ConsoleMode {
   bool CanDraw() const { return canDraw_; }
 
  private:
-  UINT codePage_ = 0;  // before; 0 without a console
+  /// A standard stream that goes to a console by a buffer of its own; any other is left alone.
+  class Stream {
+   public:
+    Stream(std::ostream& stream, DWORD handle);
+    ~Stream();
+    Stream(const Stream&) = delete;
+    Stream& operator=(const Stream&) = delete;
+
+   private:
+    std::ostream& stream_;
+    std::optional<ConsoleBuffer> buffer_;
+    std::streambuf* before_ = nullptr;
+  };
+
+  Stream out_;
+  Stream err_;
   DWORD errMode_ = 0;  // before
   bool canDraw_ = false;
 };

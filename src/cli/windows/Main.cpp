@@ -32,7 +32,7 @@ std::vector<std::string> Words() {
 }  // namespace
 
 int main() {
+  std::ios::sync_with_stdio(false);  // which gives the streams buffers anew
   const norvo::cli::ConsoleMode console;
-  std::ios::sync_with_stdio(false);
   return norvo::cli::Run(Words(), std::cout, std::cerr, console.CanDraw());
 }
