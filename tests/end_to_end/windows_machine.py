@@ -9,7 +9,7 @@ from pathlib import Path
 
 sys.path.append(str(Path(__file__).resolve().parents[2] / "scripts"))  # where the makers are
 
-from makers.playlists import m3u  # noqa: E402
+from makers.playlists import Item, m3u  # noqa: E402, F401
 from makers.text import encoded, joined  # noqa: E402
 
 PROGRAM = "C:\\Program Files\\Norvo\\norvo-playlists.exe"

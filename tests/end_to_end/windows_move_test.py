@@ -12,7 +12,7 @@ import unittest
 from pathlib import Path
 
 from native_playlists import PLAYER_FOLDERS, find_on_machine, read_native
-from windows_machine import Machine
+from windows_machine import Item, Machine
 
 OPTIONS = None
 OMEGA = "\u03a9 \u97f3\u697d"  # in no 8-bit page of Europe
@@ -32,6 +32,13 @@ def mix():
 
 
 CONTENTS = [song(number) for number in [*SONGS.values(), 1]]
+
+
+def printed_steps():
+    """The commands for single steps, as the manual prints them."""
+    page = (Path(__file__).resolve().parents[2] / "docs/manual/commands.md").read_text("utf-8")
+    section = page.split("\n## On Windows\n")[1].split("\n## ")[0]
+    return [line.strip() for line in section.splitlines() if line.startswith("    ")]
 
 
 def fill(write):
@@ -125,6 +132,30 @@ class WindowsMoveTest(unittest.TestCase):
         self.check(new.drive)
         self.assertEqual({path: path.read_bytes() for path in self.stick.rglob("*")
                           if path.is_file()}, before)
+
+    # ------------------------------------------------------------------- step by step ----
+
+    def test_the_single_steps_of_the_manual_restore_every_list(self):
+        pc = self.pc()
+        pc.write("C:\\Music\\One.mp3", song(1))
+        pc.write_m3u("C:\\Music\\Mix.m3u", [Item("C:\\Music\\One.mp3", "Ann - One", 61)])
+        told = {}
+        for line in printed_steps():
+            program, command, *rest = line.split()
+            self.assertEqual(program, "norvo-playlists")
+            code, out, err = pc.run_program(command, *rest)
+            told[command] = (code, out + err)
+        self.assertEqual(list(told), ["init", "collect", "show", "restore", "verify"])
+        for command in ("init", "collect", "show", "restore"):
+            self.assertEqual(told[command][0], 0, told[command][1])
+        self.assertIn("Neutral files restored:  1", told["restore"][1])
+        for player, ending in PLAYER_FOLDERS.items():
+            lists = pc.drive / "My Documents/Norvo Media/PlayLists" / player
+            self.assertTrue((lists / f"Mix{ending}").is_file(), told["restore"][1])
+        # Single steps bring no songs: each reference waits for its own.
+        self.assertEqual(told["verify"][0], 1, told["verify"][1])
+        self.assertIn("Playlists: 4, references checked: 4, found: 0, missing: 4",
+                      told["verify"][1])
 
     # ---------------------------------------------------------------------------- folders ----
 
