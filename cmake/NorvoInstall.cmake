@@ -1,4 +1,4 @@
-# What is installed: the libraries behind the two targets that a consumer links, their public
+# What is installed, but for the program: the libraries behind the two targets that a consumer links, their public
 # headers, and the packages that find_package(NorvoPlayList) and pkg-config find.
 include(CMakePackageConfigHelpers)
 include(NorvoLinkOrder)
@@ -18,9 +18,10 @@ norvo_pkg_config(norvoplaylist-move
 
 set(package "${CMAKE_INSTALL_LIBDIR}/cmake/NorvoPlayList")
 install(TARGETS NorvoPlayList Move ${component} ${move} EXPORT NorvoPlayListTargets
-  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(EXPORT NorvoPlayListTargets NAMESPACE NorvoPlayList:: DESTINATION "${package}")
+install(EXPORT NorvoPlayListTargets NAMESPACE NorvoPlayList:: DESTINATION "${package}"
+  COMPONENT development)
 configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/NorvoPlayListConfig.cmake.in"
   "${PROJECT_BINARY_DIR}/NorvoPlayListConfig.cmake"
   INSTALL_DESTINATION "${package}")
@@ -28,7 +29,7 @@ write_basic_package_version_file("${PROJECT_BINARY_DIR}/NorvoPlayListConfigVersi
   COMPATIBILITY SameMinorVersion)
 install(FILES "${PROJECT_BINARY_DIR}/NorvoPlayListConfig.cmake"
   "${PROJECT_BINARY_DIR}/NorvoPlayListConfigVersion.cmake"
-  DESTINATION "${package}")
+  DESTINATION "${package}" COMPONENT development)
 
 # The component "windows": the automation library (src/com adds its files), the program, and what
 # comes with them. cmake/WindowsPackage.cmake joins those of both bitnesses.
@@ -45,7 +46,9 @@ if(WIN32)
     DESTINATION docs COMPONENT windows EXCLUDE_FROM_ALL)
   install(FILES README.md CHANGELOG.md LICENSE
     DESTINATION . COMPONENT windows EXCLUDE_FROM_ALL)
-  if(PROJECT_IS_TOP_LEVEL)
-    include(CPack)
-  endif()
+elseif(PROJECT_IS_TOP_LEVEL)
+  include(NorvoDebian)
+endif()
+if(PROJECT_IS_TOP_LEVEL)
+  include(CPack)
 endif()

@@ -16,5 +16,5 @@ function(norvo_pkg_config name)
   configure_file("${PROJECT_SOURCE_DIR}/cmake/NorvoPkgConfig.pc.in"
     "${PROJECT_BINARY_DIR}/${name}.pc" @ONLY)
   install(FILES "${PROJECT_BINARY_DIR}/${name}.pc"
-    DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+    DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT development)
 endfunction()

@@ -1,8 +1,9 @@
 #!/bin/sh
 # Installs what building and testing need on a Debian 12 system, if it is missing: for the build
-# alone; for that of a program that needs no shared library; for Windows; or for all tests.
+# alone; for that of a program that needs no shared library; for Windows; for the packages of either
+# system; or for all tests.
 #
-#   scripts/install-dependencies.sh build|static|windows|test
+#   scripts/install-dependencies.sh build|static|windows|debian-packages|windows-packages|test
 set -eu
 
 packages="g++ cmake ninja-build libcli11-dev nlohmann-json3-dev python3 git
@@ -13,13 +14,18 @@ static="dpkg-dev libutfcpp-dev zlib1g-dev"
 # imports, and what runs the result.
 windows="g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev
          dpkg-dev libutfcpp-dev wine64 wine googletest"
+# The manual's pages in all packages; what makes and tries Debian's.
+manual=cmark-gfm
+debian="$manual dpkg-dev doxygen lintian mmdebstrap man-db"
 case ${1:-} in
 static) packages="$packages $static" ;;
 windows) packages="$packages $windows" ;;
+debian-packages) packages="$packages $debian" ;;
+windows-packages) packages="$packages $windows $manual nsis" ;;
 test)
     packages="$packages $static $windows libgtest-dev libbenchmark-dev clang libclang-rt-14-dev
               clang-format strace valgrind python3-gi gir1.2-totemplparser-1.0
-              doxygen pkg-config chromium chromium-driver man-db zsh fish mono-mcs"
+              doxygen pkg-config chromium chromium-driver man-db zsh fish $manual mono-mcs"
     ;;
 esac
 
@@ -50,7 +56,7 @@ done
 
 scripts=$(dirname "$0")
 case ${1:-} in
-windows | test) "$scripts/build-libraries.sh" windows ;;
+windows | windows-packages | test) "$scripts/build-libraries.sh" windows ;;
 esac
 case ${1:-} in
 static | test) "$scripts/build-libraries.sh" linux ;;
