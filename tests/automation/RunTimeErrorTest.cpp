@@ -8,12 +8,12 @@
 namespace norvo {
 namespace {
 
-struct Row {
+struct DescriptionRow {
   std::int32_t number;
   StringView description;
 };
 
-constexpr Row kRows[] = {
+constexpr DescriptionRow kDescriptions[] = {
     {5, u"Invalid procedure call or argument"},
     {6, u"Overflow"},
     {7, u"Out of memory"},
@@ -35,7 +35,7 @@ constexpr Row kRows[] = {
 };
 
 TEST(RunTimeError, EachNumberHasItsStandardDescription) {
-  for (const Row& row : kRows) {
+  for (const DescriptionRow& row : kDescriptions) {
     EXPECT_TEXT(DescriptionOf(row.number), row.description);
     const RunTimeError failure(row.number);
     EXPECT_EQ(failure.Number(), row.number);

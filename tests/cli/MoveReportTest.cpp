@@ -21,7 +21,7 @@ Lines ReportOf(const MoveResult& move, std::size_t width = 80, const MoveTerms& 
   return lines;
 }
 
-std::string TextOf(const Lines& lines) {
+std::string Joined(const Lines& lines) {
   std::string text;
   for (const std::string& line : lines) text += line + '\n';
   return text;
@@ -39,7 +39,7 @@ MoveTerms Verbose() {
 
 TEST(MoveReport, TellsOfEachPlaylistThenOfProblemsThenTheTotals) {
   const MadeMove move = EventfulMove();
-  EXPECT_EQ(TextOf(ReportOf(move.result)),
+  EXPECT_EQ(Joined(ReportOf(move.result)),
             R"(  Party.asx            2 of 2 songs
       "Two.mp3" is now called "Two (2).mp3", because another song has that name
       in the same folder
@@ -91,7 +91,7 @@ TEST(MoveReport, TheFolderOfTheNewListsIsTold) {
   MadeMove move;
   move.AddSong(u"C:\\One.mp3", u"C:\\New\\One.mp3", 100);
   move.AddList(u"C:\\Mix.m3u", {0}).companion = u"C:\\Lists\\Modern Players\\Mix.m3u8";
-  EXPECT_NE(TextOf(ReportOf(move.result)).find("New lists   C:\\Lists, a folder for each player\n"),
+  EXPECT_NE(Joined(ReportOf(move.result)).find("New lists   C:\\Lists, a folder for each player\n"),
             std::string::npos);
 }
 
@@ -161,7 +161,7 @@ TEST(MoveReport, ManyChangesAreToldInShortUnlessEachIsAskedFor) {
   }
   move.AddList(u"C:\\Mix.m3u", songs);
   const Lines lines = ReportOf(move.result);
-  EXPECT_TRUE(HasLine(lines, "      and 4 more such (--verbose tells)")) << TextOf(lines);
+  EXPECT_TRUE(HasLine(lines, "      and 4 more such (--verbose tells)")) << Joined(lines);
   const std::string last =
       "      \"i.mp3\" is now called \"x.mp3\", because Windows does not allow such a name";
   EXPECT_FALSE(HasLine(lines, last));
@@ -170,11 +170,11 @@ TEST(MoveReport, ManyChangesAreToldInShortUnlessEachIsAskedFor) {
 
 TEST(MoveReport, SongsAreToldOneByOneOnlyWhenAskedFor) {
   const MadeMove move = EventfulMove();
-  EXPECT_EQ(TextOf(ReportOf(move.result)).find("-> "), std::string::npos);
+  EXPECT_EQ(Joined(ReportOf(move.result)).find("-> "), std::string::npos);
   const Lines lines = ReportOf(move.result, 200, Verbose());
   EXPECT_TRUE(HasLine(lines, R"(      1. C:\Music\One.mp3 -> )"
                              R"(C:\My Documents\Norvo Media\Music\One.mp3 (5.3 MB, copied))"));
-  EXPECT_TRUE(HasLine(lines, "      5. http://radio.example.com/")) << TextOf(lines);
+  EXPECT_TRUE(HasLine(lines, "      5. http://radio.example.com/")) << Joined(lines);
   EXPECT_TRUE(HasLine(lines, "Songs in no playlist"));
   EXPECT_TRUE(HasLine(lines, R"(  C:\Music\Alone.mp3 (4.0 MB))"));
 }
@@ -210,7 +210,7 @@ TEST(MoveReport, AMoveOfNothingIsToldInTwoLines) {
 TEST(MoveReport, ANameCannotSteerTheTerminal) {
   MadeMove move;
   move.AddList(u"C:\\a\x1B[2J\x202E\r\n.m3u", {}, MovedPlaylist::State::NoSongs);
-  const std::string text = TextOf(ReportOf(move.result));
+  const std::string text = Joined(ReportOf(move.result));
   EXPECT_EQ(text.find('\x1B'), std::string::npos);
   EXPECT_NE(text.find("a\\x1B[2J\\u202E\\x0D\\x0A.m3u"), std::string::npos) << text;
 }

@@ -7,19 +7,19 @@ namespace {
 
 const std::vector<std::string> kKnown = {"--machine", "--log", "--json", "--quiet", "--to"};
 
-struct Row {
+struct WordRow {
   const char* word;
   const char* nearest;
 };
 
 TEST(NearestWord, IsTheOneWithTheFewestWrongLetters) {
-  const Row rows[] = {{"--machne", "--machine"},    // one left out
-                      {"--machiine", "--machine"},  // one too many
-                      {"--mashine", "--machine"},   // one changed
-                      {"--JSON", "--json"},         // case alone
-                      {"--qiuet", "--quiet"},       // two exchanged
-                      {"--log", "--log"}};
-  for (const Row& row : rows) EXPECT_EQ(NearestWord(row.word, kKnown), row.nearest) << row.word;
+  const WordRow rows[] = {{"--machne", "--machine"},    // one left out
+                          {"--machiine", "--machine"},  // one too many
+                          {"--mashine", "--machine"},   // one changed
+                          {"--JSON", "--json"},         // case alone
+                          {"--qiuet", "--quiet"},       // two exchanged
+                          {"--log", "--log"}};
+  for (const WordRow& row : rows) EXPECT_EQ(NearestWord(row.word, kKnown), row.nearest) << row.word;
 }
 
 TEST(NearestWord, IsTheOneThatAWordIsTheStartOf) {

@@ -49,14 +49,14 @@ TEST_F(GenericCollectorTest, FilesComeInNameOrderFolderByFolder) {
   EXPECT_TRUE(log.empty());
 }
 
-struct FileRow {
+struct CollectedRow {
   const char16_t* name;
   const char* bytes;
   bool found;
 };
 
 TEST_F(GenericCollectorTest, AGenericFileIsToldByItsEndingItsSectionAndItsKey) {
-  constexpr FileRow kRows[] = {
+  constexpr CollectedRow kRows[] = {
       {u"a.ini", "[Global Properties]\r\nPavaneVersion=1.6\r\n", true},
       {u"b.ini", "[GLOBAL PROPERTIES]\npavaneversion=", true},
       {u"c.ini", "; by hand\r\n[x]\r\ny=1\r\n[Global Properties]\r\n\r\n PavaneVersion = 2\r\n",
@@ -73,9 +73,9 @@ TEST_F(GenericCollectorTest, AGenericFileIsToldByItsEndingItsSectionAndItsKey) {
       {u"mini", "[Global Properties]\r\nPavaneVersion=1.6\r\n", false},
       {u".ini", "[Global Properties]\r\nPavaneVersion=1.6\r\n", true},
   };
-  for (const FileRow& row : kRows) Add(row.name, row.bytes);
+  for (const CollectedRow& row : kRows) Add(row.name, row.bytes);
   Lines expected;
-  for (const FileRow& row : kRows) {
+  for (const CollectedRow& row : kRows) {
     if (row.found) expected.push_back(Utf8(row.name));
   }
   const Lines found = Collect();

@@ -10,7 +10,7 @@
 namespace norvo {
 
 inline constexpr StringView kListFile = u"C:\\My Documents\\Norvo Media\\KVs\\PlayLists.txt";
-inline constexpr StringView kDataArea = u"C:\\My Documents\\Norvo Media\\KVs\\";
+inline constexpr const char* kQueueStart = "Retrieving List of PlayLists Found";
 
 /// Adds a playlist of each of the six types, as its player writes it, and the media they name.
 void AddSamplePlaylists(MemoryPlatform& platform);

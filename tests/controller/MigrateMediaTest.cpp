@@ -16,7 +16,7 @@ class SearchFollower final : public Observer {
   Lines files;
 };
 
-constexpr const char* kStart = "Starting Scan For Media...";
+constexpr const char* kMediaStart = "Starting Scan For Media...";
 
 class MigrateMediaTest : public HelperManFixture {
  protected:
@@ -44,7 +44,7 @@ class MigrateMediaTest : public HelperManFixture {
 
 TEST_F(MigrateMediaTest, AMachineWithoutMediaIsWalkedToItsEnd) {
   EXPECT_EQ(Migrate(u"*.mp3"), Variant(true));
-  EXPECT_EQ(found.log, Lines({kStart}));
+  EXPECT_EQ(found.log, Lines({kMediaStart}));
   EXPECT_EQ(found.folders, Lines({"C:\\"}));
   EXPECT_EQ(found.files, Lines());
 }
@@ -59,7 +59,7 @@ TEST_F(MigrateMediaTest, EveryFileOfTheTypesIsVisitedDriveByDrive) {
   EXPECT_EQ(found.files, Lines({"C:\\z.mp3", "C:\\Music\\A.mp3", "C:\\Music\\b.WMA",
                                 "C:\\Music\\Pop\\c.mp3", "D:\\d.mp3"}));
   EXPECT_EQ(found.folders, Lines({"C:\\", "C:\\Music", "C:\\Music\\Pop", "D:\\"}));
-  EXPECT_EQ(found.log, Lines({kStart}));
+  EXPECT_EQ(found.log, Lines({kMediaStart}));
 }
 
 struct TypesRow {
@@ -120,7 +120,7 @@ TEST_F(MigrateMediaTest, AFolderThatCannotBeListedCostsOneLogLine) {
   platform->Files().Deny(u"C:\\b");
   EXPECT_EQ(Migrate(u"*.mp3"), Variant(true));
   EXPECT_EQ(found.files, Lines({"C:\\a\\1.mp3", "C:\\c\\3.mp3"}));
-  EXPECT_EQ(found.log, Lines({kStart, "HelperMan::MigrateMediaByType -> Permission denied"}));
+  EXPECT_EQ(found.log, Lines({kMediaStart, "HelperMan::MigrateMediaByType -> Permission denied"}));
 }
 
 TEST_F(MigrateMediaTest, AnErrorOfTheScannerReachesTheClientBehindTheStartLine) {
@@ -131,7 +131,7 @@ TEST_F(MigrateMediaTest, AnErrorOfTheScannerReachesTheClientBehindTheStartLine) 
   platform->SetScanner(MemoryPlatform::ScannerKind::Working);
   platform->FailOn(u"Drives", 1, error::kDeviceInputOutput);
   EXPECT_EQ(NumberRaisedBy([&] { Migrate(u"*.mp3"); }), error::kDeviceInputOutput);
-  EXPECT_EQ(found.log, Lines({kStart, kStart, kStart}));
+  EXPECT_EQ(found.log, Lines({kMediaStart, kMediaStart, kMediaStart}));
   EXPECT_EQ(Migrate(u"*.mp3"), Variant(true));
 }
 

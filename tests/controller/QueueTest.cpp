@@ -7,7 +7,6 @@
 namespace norvo {
 namespace {
 
-constexpr const char* kStart = "Retrieving List of PlayLists Found";
 constexpr const char* kNoType =
     "NVERR_OPFAIL, HelperMan::GenericQueue, Invalid Playlist SubType for PlayList";
 constexpr const char* kNotRead =
@@ -53,12 +52,12 @@ TEST_F(QueueTest, TheControllerHasItsMembersInOrder) {
 
 TEST_F(QueueTest, WithoutAListTheQueueLogsItsStartAndNothingElse) {
   EXPECT_FALSE(GenericQueue(Controller(), 0));
-  EXPECT_EQ(LogLines(), Lines({kStart}));
+  EXPECT_EQ(LogLines(), Lines({kQueueStart}));
 }
 
 TEST_F(QueueTest, TotalsOfZeroGiveAnEmptyQueue) {
   EXPECT_FALSE(Run({}));
-  EXPECT_EQ(LogLines(), Lines({kStart}));
+  EXPECT_EQ(LogLines(), Lines({kQueueStart}));
 }
 
 TEST_F(QueueTest, APlaylistWithoutATypeIsNamedAndSkipped) {
@@ -68,7 +67,7 @@ TEST_F(QueueTest, APlaylistWithoutATypeIsNamedAndSkipped) {
   platform->AddFile(u"C:\\Music\\Yes.m3u", "#EXTM3U\r\na.mp3\r\n");
   EXPECT_TRUE(
       Run({"C:\\Music\\No.m3u", "C:\\Music\\No.pls", "C:\\Music\\No.ASX", "C:\\Music\\Yes.m3u"}));
-  EXPECT_EQ(LogLines(), Lines({kStart, std::string(kNoType) + "C:\\Music\\No.m3u",
+  EXPECT_EQ(LogLines(), Lines({kQueueStart, std::string(kNoType) + "C:\\Music\\No.m3u",
                                std::string(kNoType) + "C:\\Music\\No.pls",
                                std::string(kNoType) + "C:\\Music\\No.ASX"}));
   EXPECT_EQ(GenericNames(), Lines({Utf8(kDataArea) + "Yes.ini"}));
@@ -78,7 +77,7 @@ TEST_F(QueueTest, APlaylistThatCannotBeReadIsLoggedAndTheQueueGoesOn) {
   platform->AddFile(u"C:\\Music\\Bad.m3u", "#EXTM3U\r\n#EXTINF:1,x");
   platform->AddFile(u"C:\\Music\\Yes.m3u", "#EXTM3U\r\na.mp3\r\n");
   EXPECT_TRUE(Run({"C:\\Music\\Bad.m3u", "", "C:\\Music\\gone.txt", "C:\\Music\\Yes.m3u"}));
-  EXPECT_EQ(LogLines(), Lines({kStart,
+  EXPECT_EQ(LogLines(), Lines({kQueueStart,
                                "NVERR_OPFAIL, PLAYLIST::ReadPlayList, ReadM3U for type WINAMP_M3U "
                                "returned False",
                                kNotRead, kNotRead, kNotRead}));
@@ -87,13 +86,13 @@ TEST_F(QueueTest, APlaylistThatCannotBeReadIsLoggedAndTheQueueGoesOn) {
 
 TEST_F(QueueTest, AFileOfAnotherKindIsReadWithoutATypeAndIsEmpty) {
   EXPECT_FALSE(Run({"C:\\Music\\a.mp3"}));
-  EXPECT_EQ(LogLines(), Lines({kStart}));
+  EXPECT_EQ(LogLines(), Lines({kQueueStart}));
 }
 
 TEST_F(QueueTest, AnEmptyPlaylistIsSkippedWithoutAMessage) {
   platform->AddFile(u"C:\\Music\\Empty.m3u", "#EXTM3U\r\n");
   EXPECT_FALSE(Run({"C:\\Music\\Empty.m3u"}));
-  EXPECT_EQ(LogLines(), Lines({kStart}));
+  EXPECT_EQ(LogLines(), Lines({kQueueStart}));
   EXPECT_EQ(GenericNames(), Lines());
 }
 
@@ -102,7 +101,7 @@ TEST_F(QueueTest, AnAsxIsProcessedWithoutAGenericFileUnlessANameHoldsTheOtherExt
       "<Asx Version=\"3\">\r\n<Entry>\r\n<Ref Href=\"a.mp3\"/>\r\n</Entry>\r\n";
   platform->AddFile(u"C:\\Music\\Plain.asx", entry);
   EXPECT_TRUE(Run({"C:\\Music\\Plain.asx"}));
-  EXPECT_EQ(LogLines(), Lines({kStart}));
+  EXPECT_EQ(LogLines(), Lines({kQueueStart}));
   EXPECT_EQ(GenericNames(), Lines());
   platform->AddFile(u"C:\\Music\\Both.m3u.asx", entry);
   platform->AddFile(u"C:\\Music\\Param.asx",
@@ -144,7 +143,7 @@ TEST_F(QueueTest, AnotherModeConsumesTheListAndDoesNothing) {
     AddList({"WMP_ASX Total=1", "[WMP_ASX]", "File1=C:\\Music\\Yes.m3u"});
     log.clear();
     EXPECT_FALSE(GenericQueue(NewController(), mode)) << mode;
-    EXPECT_EQ(LogLines(), Lines({kStart}));
+    EXPECT_EQ(LogLines(), Lines({kQueueStart}));
     EXPECT_FALSE(platform->HasFile(kListFile)) << mode;
     EXPECT_EQ(GenericNames(), Lines()) << mode;
   }
@@ -153,7 +152,8 @@ TEST_F(QueueTest, AnotherModeConsumesTheListAndDoesNothing) {
 TEST_F(QueueTest, ADamagedListIsLoggedAndStays) {
   AddList({"WMP_ASX Total=many"});
   EXPECT_FALSE(GenericQueue(Controller(), 0));
-  EXPECT_EQ(LogLines(), Lines({kStart, "HelperMan::Generic Queue->Error Thrown Type mismatch"}));
+  EXPECT_EQ(LogLines(),
+            Lines({kQueueStart, "HelperMan::Generic Queue->Error Thrown Type mismatch"}));
   EXPECT_TRUE(platform->HasFile(kListFile));
 }
 
@@ -162,7 +162,8 @@ TEST_F(QueueTest, AnErrorEndsTheQueueWithItsResultSoFar) {
   platform->AddFile(u"C:\\Music\\2.m3u", "#EXTM3U\r\na.mp3\r\n");
   platform->FailOn(u"LocalDate", 2, 57);
   EXPECT_TRUE(Run({"C:\\Music\\1.m3u", "C:\\Music\\2.m3u"}));
-  EXPECT_EQ(LogLines(), Lines({kStart, "HelperMan::Generic Queue->Error Thrown Device I/O error"}));
+  EXPECT_EQ(LogLines(),
+            Lines({kQueueStart, "HelperMan::Generic Queue->Error Thrown Device I/O error"}));
   EXPECT_EQ(GenericNames(), Lines({Utf8(kDataArea) + "1.ini"}));
 }
 
@@ -208,17 +209,17 @@ TEST_F(QueueTest, ThePlaylistsAreReportedToTheObserver) {
                                    "0 4 0 ", "C:\\gone.txt 4/4", "0 5 0 "}));
 }
 
-struct NameRow {
+struct QueueNameRow {
   const char16_t* name;
   const char* generic;
 };
 
 TEST_F(QueueTest, AGenericNameIsThePlaylistsWithAnotherExtension) {
-  constexpr NameRow kRows[] = {
+  constexpr QueueNameRow kRows[] = {
       {u"Mix.m3u", "Mix.ini"},     {u"a.b.m3u", "a.b.ini"}, {u"list", "list.ini"},
       {u"list.", "list.ini"},      {u"", ".ini"},           {u"MIX.M3U", "MIX.ini"},
       {u"C:\\a.b\\c", "C:\\a.ini"}};
-  for (const NameRow& row : kRows) {
+  for (const QueueNameRow& row : kRows) {
     EXPECT_EQ(Utf8(ToText(CallWith(Controller(), u"PlayListToIni", String(row.name)))),
               row.generic);
   }

@@ -11,11 +11,10 @@ namespace {
 
 using namespace std::string_literals;
 
-constexpr const char* kStart = "Retrieving List of PlayLists Found";
 constexpr const char* kBadType =
     "NVERR_OPFAIL, PLAYLIST::ReadGeneric, Bad Object Type - Unable to Process Entry";
 constexpr StringView kDocuments = u"D:\\Papers\\";
-constexpr StringView kRoot = u"D:\\Media\\PlayLists\\";
+constexpr StringView kRestoredRoot = u"D:\\Media\\PlayLists\\";
 
 /// A generic file of one stream.
 std::string Stream(const std::string& name, int type) {
@@ -50,12 +49,12 @@ class RestoreTest : public HelperManFixture {
   Lines Written() {
     Lines paths;
     for (const String& path : platform->Files().AllFiles()) {
-      if (path.starts_with(kRoot)) paths.push_back(Utf8(path.substr(kRoot.size())));
+      if (path.starts_with(kRestoredRoot)) paths.push_back(Utf8(path.substr(kRestoredRoot.size())));
     }
     return paths;
   }
   std::string Native(const std::string& file) {
-    const String path = String(kRoot) + String(file.begin(), file.end());
+    const String path = String(kRestoredRoot) + String(file.begin(), file.end());
     return platform->HasFile(path) ? platform->Bytes(path) : "no file";
   }
 };
@@ -160,7 +159,7 @@ TEST_F(RestoreTest, WhatTheOldPcCollectedBecomesNativePlaylistsOnTheNewOne) {
       Native("Windows Media Player\\Best.asx"),
       "<ASX Version = \"\" >\r\n<Param Name = \"Name\" Value = \"Best\" />\r\n\r\n</ASX>\r\n");
   EXPECT_EQ(Native("WinAmp\\Best.m3u"), "#EXTM3U\r\n");
-  Lines lines = {kStart};
+  Lines lines = {kQueueStart};
   lines.insert(lines.end(), 4, "The FileName Property has not been set");
   EXPECT_EQ(LogLines(), lines);
 }
@@ -168,7 +167,7 @@ TEST_F(RestoreTest, WhatTheOldPcCollectedBecomesNativePlaylistsOnTheNewOne) {
 TEST_F(RestoreTest, WithoutAGenericFileTheResultIsFalse) {
   Add(u"read.ini", "[Winamp]\r\ncwd=x\r\n");
   EXPECT_FALSE(Restore());
-  EXPECT_EQ(LogLines(), Lines({kStart}));
+  EXPECT_EQ(LogLines(), Lines({kQueueStart}));
   EXPECT_EQ(Written(), Lines());
 }
 
@@ -184,7 +183,7 @@ TEST_F(RestoreTest, TheFilesAreRestoredInTheirOrderAndStayAsTheyAre) {
   all.insert(all.end(), second.begin(), second.end());
   all.insert(all.end(), third.begin(), third.end());
   EXPECT_EQ(Sorted(Written()), Sorted(all));
-  EXPECT_EQ(LogLines(), Lines({kStart}));
+  EXPECT_EQ(LogLines(), Lines({kQueueStart}));
 }
 
 TEST_F(RestoreTest, RestoringTwiceTouchesNothingOfTheFirstTime) {
@@ -254,11 +253,11 @@ TEST_F(RestoreTest, AFileThatTellsLittleIsProcessedAllTheSame) {
     log.clear();
     EXPECT_TRUE(Restore()) << Utf8(row.name);
     EXPECT_EQ(Written(), row.written) << Utf8(row.name);
-    Lines lines = {kStart};
+    Lines lines = {kQueueStart};
     lines.insert(lines.end(), row.log.begin(), row.log.end());
     EXPECT_EQ(LogLines(), lines) << Utf8(row.name);
     for (const String& path : platform->Files().AllFiles()) {
-      if (path.starts_with(kRoot)) platform->Files().RemoveFile(path);
+      if (path.starts_with(kRestoredRoot)) platform->Files().RemoveFile(path);
     }
     platform->Files().RemoveFile(String(kDocuments) + row.name);
   }
@@ -287,7 +286,7 @@ TEST_F(RestoreTest, CharactersThatNativeFilesLackBecomeQuestionMarks) {
                  u"URLType=0\r\n",
                  FileEncoding::Utf16LittleEndian, Windows1252()));
   EXPECT_TRUE(Restore());
-  const String path = String(kRoot) + u"WinAmp\\Größe 音楽.m3u";
+  const String path = String(kRestoredRoot) + u"WinAmp\\Größe 音楽.m3u";
   ASSERT_TRUE(platform->HasFile(path));
   const std::string bytes = platform->Bytes(path);
   EXPECT_TRUE(
@@ -305,7 +304,7 @@ TEST_F(RestoreTest, OnlyGenericFilesOutsideTheSkippedFoldersAreRestored) {
   platform->AddFile(u"C:\\My Documents\\e.ini", Stream("E", 3));
   EXPECT_FALSE(Restore());
   EXPECT_EQ(Written(), Lines());
-  EXPECT_EQ(LogLines(), Lines({kStart}));
+  EXPECT_EQ(LogLines(), Lines({kQueueStart}));
 }
 
 TEST_F(RestoreTest, AFileAndAFolderThatCannotBeReadAreLoggedAndTheOthersRestored) {
@@ -316,16 +315,17 @@ TEST_F(RestoreTest, AFileAndAFolderThatCannotBeReadAreLoggedAndTheOthersRestored
   platform->Files().Deny(String(kDocuments) + u"c");
   EXPECT_TRUE(Restore());
   EXPECT_EQ(Written(), FourFiles("B"));
-  EXPECT_EQ(LogLines(),
-            Lines({kStart, "HelperMan::GenericQueue -> The file cannot be read: D:\\Papers\\a.ini",
-                   "HelperMan::GenericQueue -> Permission denied"}));
+  EXPECT_EQ(
+      LogLines(),
+      Lines({kQueueStart, "HelperMan::GenericQueue -> The file cannot be read: D:\\Papers\\a.ini",
+             "HelperMan::GenericQueue -> Permission denied"}));
 }
 
 TEST_F(RestoreTest, AMissingDocumentsFolderIsMadeAndHoldsNothing) {
   platform->Shell().SetFolder(5, u"D:\\New\\Papers");
   EXPECT_FALSE(Restore());
   EXPECT_TRUE(platform->HasFolder(u"D:\\New\\Papers"));
-  EXPECT_EQ(LogLines(), Lines({kStart}));
+  EXPECT_EQ(LogLines(), Lines({kQueueStart}));
 }
 
 TEST_F(RestoreTest, WithoutALocalDocumentsFolderNothingIsDone) {
@@ -348,7 +348,7 @@ TEST_F(RestoreTest, ThePlayersAreSetBehindTheLastFileAlsoWhenThereIsNone) {
     platform->Log().Clear();
     EXPECT_EQ(Restore(), withFile);
     EXPECT_EQ(platform->Bytes(u"D:\\Winamp\\Winamp.ini"),
-              "[Winamp]\r\ncwd=" + Utf8(kRoot) + "Winamp\r\n");
+              "[Winamp]\r\ncwd=" + Utf8(kRestoredRoot) + "Winamp\r\n");
     const Lines trace = Utf8(platform->Trace());
     EXPECT_EQ(trace.back(), "Settings.Write D:\\Winamp\\Winamp.ini");
   }
@@ -374,14 +374,15 @@ TEST_F(RestoreTest, TheListOfPlaylistsIsConsumedAndADamagedOneEndsTheQueue) {
   Add(u"a.ini", Stream("Mix", 3));
   platform->AddFile(kList, "[D:\\Media]\r\nWMP_ASX Total=many\r\n");
   EXPECT_FALSE(Restore());
-  EXPECT_EQ(LogLines(), Lines({kStart, "HelperMan::Generic Queue->Error Thrown Type mismatch"}));
+  EXPECT_EQ(LogLines(),
+            Lines({kQueueStart, "HelperMan::Generic Queue->Error Thrown Type mismatch"}));
   EXPECT_TRUE(platform->HasFile(kList));
   EXPECT_EQ(Written(), Lines());
   platform->AddFile(kList, "[D:\\Media]\r\nWMP_ASX Total=1\r\n[WMP_ASX]\r\nFile1=C:\\gone.asx\r\n");
   log.clear();
   EXPECT_TRUE(Restore());
   EXPECT_FALSE(platform->HasFile(kList));
-  EXPECT_EQ(LogLines(), Lines({kStart}));
+  EXPECT_EQ(LogLines(), Lines({kQueueStart}));
 }
 
 /// Notes the queue's steps, and leaves out what it is told to.
@@ -428,7 +429,7 @@ TEST_F(RestoreTest, TheWatcherFollowsTheWork) {
   component.SetObserver(&follower);
   EXPECT_TRUE(Restore());
   component.SetObserver(&watcher);
-  const std::string root = Utf8(kRoot);
+  const std::string root = Utf8(kRestoredRoot);
   EXPECT_EQ(
       follower.steps,
       Lines({"folder D:\\Papers\\", "wants D:\\Papers\\a.ini", "wants D:\\Papers\\b.ini",
@@ -458,7 +459,7 @@ TEST_F(RestoreTest, AFullDiskTearsAFileAndTheQueueGoesOn) {
   platform->FailOn(u"Append", 1, error::kDiskFull);
   EXPECT_TRUE(Restore());
   component.SetObserver(&watcher);
-  const Lines torn = {"torn " + Utf8(kRoot) + "Windows Media Player\\A.asx"};
+  const Lines torn = {"torn " + Utf8(kRestoredRoot) + "Windows Media Player\\A.asx"};
   Lines found;
   for (const std::string& step : follower.steps) {
     if (step.starts_with("torn ")) found.push_back(step);

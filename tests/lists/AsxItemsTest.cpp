@@ -11,13 +11,13 @@ Lines Asx(StringView text) {
   return Listed(text, ListSyntax::Asx);
 }
 
-struct Row {
+struct AsxRow {
   StringView text;
   Lines items;
 };
 
-void ExpectItems(const std::vector<Row>& rows) {
-  for (const Row& row : rows) EXPECT_EQ(Asx(row.text), row.items) << Utf8(row.text);
+void ExpectItems(const std::vector<AsxRow>& rows) {
+  for (const AsxRow& row : rows) EXPECT_EQ(Asx(row.text), row.items) << Utf8(row.text);
 }
 
 TEST(AsxItems, AnEntryPerLineOrManyOnOneAreTheSame) {

@@ -7,28 +7,28 @@
 namespace norvo {
 namespace {
 
-struct Row {
+struct KindRow {
   StringView path;
   std::optional<ListSyntax> syntax;
 };
 
 TEST(ListKinds, TheNameTellsTheKind) {
-  for (const Row& row : {Row{u"Mix.m3u", ListSyntax::M3u},
-                         {u"C:\\Music\\MIX.M3U8", ListSyntax::M3u},
-                         {u"Mix.pls", ListSyntax::Pls},
-                         {u"Mix.asx", ListSyntax::Asx},
-                         {u"Mix.wax", ListSyntax::Asx},
-                         {u"Mix.Wvx", ListSyntax::Asx},
-                         {u"a.b.wpl", ListSyntax::Wpl},
-                         {u"Mix.zpl", ListSyntax::Wpl},
-                         {u"Mix.xspf", ListSyntax::Xspf},
-                         {u"Mix.b4s", ListSyntax::B4s},
-                         {u"C:\\iTunes\\iTunes Library.xml", ListSyntax::ITunes},
-                         {u"ITUNES MUSIC LIBRARY.XML", ListSyntax::ITunes},
-                         {u"Mix.kpl", std::nullopt},
-                         {u"Mix.fpl", std::nullopt},
-                         {u"Mix.mpcpl", std::nullopt},
-                         {u"Mix.pla", std::nullopt}}) {
+  for (const KindRow& row : {KindRow{u"Mix.m3u", ListSyntax::M3u},
+                             {u"C:\\Music\\MIX.M3U8", ListSyntax::M3u},
+                             {u"Mix.pls", ListSyntax::Pls},
+                             {u"Mix.asx", ListSyntax::Asx},
+                             {u"Mix.wax", ListSyntax::Asx},
+                             {u"Mix.Wvx", ListSyntax::Asx},
+                             {u"a.b.wpl", ListSyntax::Wpl},
+                             {u"Mix.zpl", ListSyntax::Wpl},
+                             {u"Mix.xspf", ListSyntax::Xspf},
+                             {u"Mix.b4s", ListSyntax::B4s},
+                             {u"C:\\iTunes\\iTunes Library.xml", ListSyntax::ITunes},
+                             {u"ITUNES MUSIC LIBRARY.XML", ListSyntax::ITunes},
+                             {u"Mix.kpl", std::nullopt},
+                             {u"Mix.fpl", std::nullopt},
+                             {u"Mix.mpcpl", std::nullopt},
+                             {u"Mix.pla", std::nullopt}}) {
     const ListKind* const kind = KindOf(row.path);
     ASSERT_NE(kind, nullptr) << Utf8(row.path);
     EXPECT_EQ(kind->syntax, row.syntax) << Utf8(row.path);

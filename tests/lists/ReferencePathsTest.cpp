@@ -5,13 +5,13 @@
 namespace norvo {
 namespace {
 
-struct Row {
+struct PathRow {
   StringView reference;
   Lines paths;
 };
 
-void ExpectPaths(const std::vector<Row>& rows) {
-  for (const Row& row : rows) {
+void ExpectPaths(const std::vector<PathRow>& rows) {
+  for (const PathRow& row : rows) {
     EXPECT_EQ(Utf8(ReferencePaths(row.reference, u"D:\\Lists", Windows1252())), row.paths)
         << Utf8(row.reference);
   }

@@ -5,21 +5,21 @@
 namespace norvo {
 namespace {
 
-struct Row {
+struct EntityRow {
   StringView text;
   StringView decoded;
 };
 
 TEST(XmlEntities, NamedAndNumberedEntitiesAreDecoded) {
-  constexpr Row kRows[] = {{u"a &amp; b", u"a & b"},
-                           {u"&lt;&gt;&quot;&apos;", u"<>\"'"},
-                           {u"&AMP;&Quot;", u"&\""},
-                           {u"&#38;&#x26;&#X26;&#0038;", u"&&&&"},
-                           {u"&#228;&#x20AC;&#128512;&#x10FFFF;", u"ä€😀\U0010FFFF"},
-                           {u"&amp;amp;", u"&amp;"},
-                           {u"&&amp;&", u"&&&"},
-                           {u"", u""}};
-  for (const Row& row : kRows) EXPECT_TEXT(DecodeEntities(row.text), row.decoded);
+  constexpr EntityRow kRows[] = {{u"a &amp; b", u"a & b"},
+                                 {u"&lt;&gt;&quot;&apos;", u"<>\"'"},
+                                 {u"&AMP;&Quot;", u"&\""},
+                                 {u"&#38;&#x26;&#X26;&#0038;", u"&&&&"},
+                                 {u"&#228;&#x20AC;&#128512;&#x10FFFF;", u"ä€😀\U0010FFFF"},
+                                 {u"&amp;amp;", u"&amp;"},
+                                 {u"&&amp;&", u"&&&"},
+                                 {u"", u""}};
+  for (const EntityRow& row : kRows) EXPECT_TEXT(DecodeEntities(row.text), row.decoded);
 }
 
 TEST(XmlEntities, AllElseStaysAsWritten) {

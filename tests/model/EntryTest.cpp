@@ -5,7 +5,7 @@
 namespace norvo {
 namespace {
 
-constexpr StringView kNoName = u"Must set the SourceURL property to obtain the File name ";
+constexpr StringView kNoSourceUrl = u"Must set the SourceURL property to obtain the File name ";
 constexpr StringView kNoSize = u"Must set the SourceURL property to obtain a size ";
 constexpr StringView kFile = u"C:\\Music\\Some Song.mp3";
 
@@ -35,7 +35,7 @@ TEST_F(EntryTest, AFreshEntryIsEmpty) {
   EXPECT_TRUE(log.empty());
   EXPECT_EQ(object.Get(u"FileName"), Variant(String()));
   EXPECT_EQ(object.Get(u"FileSize"), Variant(0.0));
-  EXPECT_EQ(Utf8(log), (Lines{Utf8(kNoName), Utf8(kNoSize)}));
+  EXPECT_EQ(Utf8(log), (Lines{Utf8(kNoSourceUrl), Utf8(kNoSize)}));
 }
 
 TEST_F(EntryTest, PlainFieldsComeBackAsTheyWereGiven) {
@@ -102,7 +102,7 @@ TEST_F(EntryTest, TheFileSizeCannotBeSet) {
 TEST_F(EntryTest, ASetFileNameIsAnsweredOnceThereIsASource) {
   object.Let(u"FileName", String(u" mine.mp3 "));
   EXPECT_TEXT(Text(u"FileName"), u"");
-  EXPECT_EQ(Utf8(log), Lines{Utf8(kNoName)});
+  EXPECT_EQ(Utf8(log), Lines{Utf8(kNoSourceUrl)});
   object.Let(u"SourceURL", String(u"http://radio"));
   EXPECT_TEXT(Text(u"FileName"), u" mine.mp3 ");
   EXPECT_EQ(log.size(), 1u);
@@ -169,7 +169,7 @@ TEST_F(EntryTest, AnEmptySourceHidesNameAndSizeAgain) {
   object.Let(u"SourceURL", String());
   EXPECT_TEXT(Text(u"FileName"), u"");
   EXPECT_EQ(object.Get(u"FileSize"), Variant(0.0));
-  EXPECT_EQ(Utf8(log), (Lines{Utf8(kNoName), Utf8(kNoSize)}));
+  EXPECT_EQ(Utf8(log), (Lines{Utf8(kNoSourceUrl), Utf8(kNoSize)}));
 }
 
 TEST_F(EntryTest, ALookUpThatFailsLeavesTheFactsAndRaisesNothing) {

@@ -139,12 +139,12 @@ TEST(PlaylistTypesTest, TypesOneAndTwoHaveAsxEntriesAndTheirExtension) {
 }
 
 /// A name that a playlist of the type is given over the name "old", and what it is called then.
-struct NameRow {
+struct TypeNameRow {
   std::int32_t type;
   StringView given, stored;
 };
 
-constexpr NameRow kNameRows[] = {
+constexpr TypeNameRow kNameRows[] = {
     {1, u"Mix.asx", u"Mix.asx"},
     {1, u"Mix.m3u", u"Mix.m3u"},
     {1, u"", u""},
@@ -172,7 +172,7 @@ constexpr NameRow kNameRows[] = {
 };
 
 TEST(PlaylistRecordTest, TheNameIsWhatPrecedesTheExtensionOfItsType) {
-  for (const NameRow& row : kNameRows) {
+  for (const TypeNameRow& row : kNameRows) {
     SCOPED_TRACE(std::to_string(row.type) + " " + Utf8(row.given));
     PlaylistRecord record;
     record.name = u"old";
@@ -211,7 +211,7 @@ TEST(PlaylistRecordTest, AFreshRecordIsEmpty) {
 using PlayListNameTest = LibraryTest;
 
 TEST_F(PlayListNameTest, TheNamedPropertyFollowsTheSameRule) {
-  for (const NameRow& row : kNameRows) {
+  for (const TypeNameRow& row : kNameRows) {
     SCOPED_TRACE(std::to_string(row.type) + " " + Utf8(row.given));
     const ObjectRef playlist = component.Create(u"PlayList");
     SetAll(*playlist, {{u"PlayListType", std::int32_t{1}},

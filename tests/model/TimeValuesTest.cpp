@@ -5,12 +5,12 @@
 namespace norvo {
 namespace {
 
-struct Row {
+struct TimeRow {
   StringView given, result;
 };
 
-void ExpectAll(String (*convert)(StringView), std::initializer_list<Row> rows) {
-  for (const Row& row : rows) {
+void ExpectAll(String (*convert)(StringView), std::initializer_list<TimeRow> rows) {
+  for (const TimeRow& row : rows) {
     SCOPED_TRACE(Utf8(row.given));
     EXPECT_TEXT(convert(row.given), row.result);
   }

@@ -10,6 +10,9 @@
 
 namespace norvo {
 
+/// The group root that a new machine gets.
+inline const std::string kNewRoot = "C:\\My Documents\\Norvo Media\\";
+
 /// Every file of a machine and its bytes, by path.
 using Contents = std::map<std::string, std::string>;
 Contents ContentsOf(MemoryPlatform& machine);

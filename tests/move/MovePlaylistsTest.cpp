@@ -10,7 +10,6 @@
 namespace norvo {
 namespace {
 
-const std::string kRoot = "C:\\My Documents\\Norvo Media\\";
 const std::string kCarried = "C:\\My Documents\\Norvo PlayLists\\";
 
 /// Moves between two machines in memory, without a placer of their own.
@@ -69,29 +68,29 @@ TEST_F(MovePlaylistsTest, EverySongIsThereOnceWithItsPlace) {
   machines.AddMix();
   machines.AddWeb();
   const MoveResult move = machines.Run();
-  EXPECT_EQ(SongsIn(move), (Lines{"C:\\Music\\One.mp3 -> " + kRoot + "Music\\One.mp3: copied",
-                                  "C:\\Music\\Two.mp3 -> " + kRoot + "Music\\Two.mp3: copied"}));
+  EXPECT_EQ(SongsIn(move), (Lines{"C:\\Music\\One.mp3 -> " + kNewRoot + "Music\\One.mp3: copied",
+                                  "C:\\Music\\Two.mp3 -> " + kNewRoot + "Music\\Two.mp3: copied"}));
   EXPECT_EQ(move.songs[0].size, 25);
-  EXPECT_EQ(BytesOnNew(kRoot + "Music\\One.mp3"), "The song C:\\Music\\One.mp3");
-  EXPECT_EQ(BytesOnNew(kRoot + "Music\\Two.mp3"), "The song C:\\Music\\Two.mp3");
+  EXPECT_EQ(BytesOnNew(kNewRoot + "Music\\One.mp3"), "The song C:\\Music\\One.mp3");
+  EXPECT_EQ(BytesOnNew(kNewRoot + "Music\\Two.mp3"), "The song C:\\Music\\Two.mp3");
 }
 
 TEST_F(MovePlaylistsTest, ThePathsOfWhatWasMadeOfAPlaylistAreTold) {
   machines.AddMix();
   const MoveResult move = machines.Run();
   ASSERT_EQ(move.playlists.size(), 1u);
-  EXPECT_EQ(Utf8(move.playlists[0].collected), kRoot + "KVs\\Mix.ini");
+  EXPECT_EQ(Utf8(move.playlists[0].collected), kNewRoot + "KVs\\Mix.ini");
   EXPECT_TRUE(machines.from->HasFile(move.playlists[0].collected));
   EXPECT_EQ(Utf8(move.playlists[0].carried), kCarried + "Mix.ini");
   EXPECT_TRUE(machines.to->HasFile(move.playlists[0].carried));
-  EXPECT_EQ(
-      Utf8(move.playlists[0].natives),
-      (Lines{kRoot + "PlayLists\\Windows Media Player\\Mix.asx",
-             kRoot + "PlayLists\\WinAmp\\Mix.m3u", kRoot + "PlayLists\\MusicMatch Jukebox\\Mix.m3u",
-             kRoot + "PlayLists\\Sonique\\Mix.pls"}));
+  EXPECT_EQ(Utf8(move.playlists[0].natives),
+            (Lines{kNewRoot + "PlayLists\\Windows Media Player\\Mix.asx",
+                   kNewRoot + "PlayLists\\WinAmp\\Mix.m3u",
+                   kNewRoot + "PlayLists\\MusicMatch Jukebox\\Mix.m3u",
+                   kNewRoot + "PlayLists\\Sonique\\Mix.pls"}));
   for (const String& native : move.playlists[0].natives) EXPECT_TRUE(machines.to->HasFile(native));
-  EXPECT_EQ(BytesOnNew(kRoot + "PlayLists\\WinAmp\\Mix.m3u"),
-            "#EXTM3U\r\n" + kRoot + "Music\\One.mp3\r\n" + kRoot + "Music\\Two.mp3\r\n");
+  EXPECT_EQ(BytesOnNew(kNewRoot + "PlayLists\\WinAmp\\Mix.m3u"),
+            "#EXTM3U\r\n" + kNewRoot + "Music\\One.mp3\r\n" + kNewRoot + "Music\\Two.mp3\r\n");
 }
 
 TEST_F(MovePlaylistsTest, EveryLocalReferenceOfTheNativePlaylistsIsVerified) {
@@ -213,8 +212,8 @@ TEST_F(MovePlaylistsTest, ASongThatCannotBeReadIsLeftOutAndItsPlaylistGoes) {
   machines.AddMix();
   machines.from->Files().Deny(u"C:\\Music\\Two.mp3");
   const MoveResult move = machines.Run();
-  EXPECT_EQ(SongsIn(move), (Lines{"C:\\Music\\One.mp3 -> " + kRoot + "Music\\One.mp3: copied",
-                                  "C:\\Music\\Two.mp3 -> " + kRoot +
+  EXPECT_EQ(SongsIn(move), (Lines{"C:\\Music\\One.mp3 -> " + kNewRoot + "Music\\One.mp3: copied",
+                                  "C:\\Music\\Two.mp3 -> " + kNewRoot +
                                       "Music\\Two.mp3: left out, NotBrought, "
                                       "SourceUnreadable, Permission denied"}));
   EXPECT_EQ(LineOf(move.playlists[0]), "C:\\Music\\Mix.m3u of type 3: restored");
@@ -271,8 +270,8 @@ TEST_F(MovePlaylistsTest, ADryRunTellsTheSamePlanAndWritesNothingOnTheNewMachine
   EXPECT_EQ(ContentsOf(*machines.to), Contents());
   EXPECT_FALSE(machines.to->HasFolder(u"C:\\My Documents"));
   EXPECT_EQ(SongsIn(planned),
-            (Lines{"C:\\Music\\One.mp3 -> " + kRoot + "Music\\One.mp3: planned",
-                   "C:\\Music\\Two.mp3 -> " + kRoot + "Music\\Two.mp3: planned"}));
+            (Lines{"C:\\Music\\One.mp3 -> " + kNewRoot + "Music\\One.mp3: planned",
+                   "C:\\Music\\Two.mp3 -> " + kNewRoot + "Music\\Two.mp3: planned"}));
   const MoveResult done = machines.Run();
   EXPECT_EQ(PlaylistsIn(planned), PlaylistsIn(done));
   EXPECT_EQ(AdjustmentsIn(planned), AdjustmentsIn(done));
@@ -302,8 +301,9 @@ TEST_F(MovePlaylistsTest, WithoutMediaTheSongsStayPlannedAndTheirPlaylistsAreWri
   MoveOptions options;
   options.media = MediaMode::None;
   const MoveResult move = machines.Run(options);
-  EXPECT_EQ(SongsIn(move), (Lines{"C:\\Music\\One.mp3 -> " + kRoot + "Music\\One.mp3: planned",
-                                  "C:\\Music\\Two.mp3 -> " + kRoot + "Music\\Two.mp3: planned"}));
+  EXPECT_EQ(SongsIn(move),
+            (Lines{"C:\\Music\\One.mp3 -> " + kNewRoot + "Music\\One.mp3: planned",
+                   "C:\\Music\\Two.mp3 -> " + kNewRoot + "Music\\Two.mp3: planned"}));
   EXPECT_FALSE(machines.to->HasFile(move.songs[0].place));
   EXPECT_EQ(LineOf(move.playlists[0]), "C:\\Music\\Mix.m3u of type 3: restored");
   EXPECT_EQ(move.verification.checked, 8u);
@@ -311,7 +311,7 @@ TEST_F(MovePlaylistsTest, WithoutMediaTheSongsStayPlannedAndTheirPlaylistsAreWri
   EXPECT_TRUE(move.IsWhole());  // what was not asked for is not missing
   // A later move with them completes it.
   EXPECT_EQ(SongsIn(machines.Run())[0],
-            "C:\\Music\\One.mp3 -> " + kRoot + "Music\\One.mp3: copied");
+            "C:\\Music\\One.mp3 -> " + kNewRoot + "Music\\One.mp3: copied");
 }
 
 TEST_F(MovePlaylistsTest, MachinesThatCannotLinkGetCopies) {
@@ -330,7 +330,8 @@ TEST_F(MovePlaylistsTest, ASecondMoveFindsAllThereAndChangesNothing) {
   const MoveResult second = machines.Run();
   EXPECT_EQ(ContentsOf(*machines.to), before);
   Lines writes = WritesOf(*machines.to);
-  std::erase(writes, "Settings.Write " + kRoot + "KVs\\Restored.txt");  // with what it held before
+  std::erase(writes,
+             "Settings.Write " + kNewRoot + "KVs\\Restored.txt");  // with what it held before
   EXPECT_EQ(writes, Lines());
   EXPECT_EQ(CountOf(second, MovedPlaylist::State::AlreadyRestored), 2u);
   for (const MovedSong& song : second.songs) EXPECT_EQ(song.state, MovedSong::State::AlreadyThere);

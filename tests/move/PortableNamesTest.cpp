@@ -18,7 +18,7 @@ std::string Free(StringView name, std::size_t most = kLongestName) {
   return ToUtf8(PortableName(name, nullptr, most));
 }
 
-struct Row {
+struct PortableRow {
   StringView name;
   const char* portable;
 };
@@ -34,11 +34,12 @@ TEST(PortableNames, OrdinaryNamesStayAsTheyAre) {
 }
 
 TEST(PortableNames, WhatWindowsForbidsGetsALikeness) {
-  const Row rows[] = {{u"AC/DC", "AC-DC"},         {u"a\\b", "a-b"},  {u"1:2", "1-2"},
-                      {u"a<b>c", "a(b)c"},         {u"\"a\"", "'a'"}, {u"a|b", "a-b"},
-                      {u"what?.mp3", "what_.mp3"}, {u"a*", "a_"},     {u"..\\..\\x", "..-..-x"},
-                      {u"D:\\x", "D--x"}};
-  for (const Row& row : rows) {
+  const PortableRow rows[] = {
+      {u"AC/DC", "AC-DC"},         {u"a\\b", "a-b"},  {u"1:2", "1-2"},
+      {u"a<b>c", "a(b)c"},         {u"\"a\"", "'a'"}, {u"a|b", "a-b"},
+      {u"what?.mp3", "what_.mp3"}, {u"a*", "a_"},     {u"..\\..\\x", "..-..-x"},
+      {u"D:\\x", "D--x"}};
+  for (const PortableRow& row : rows) {
     EXPECT_FALSE(IsPortableName(row.name)) << ToUtf8(row.name);
     EXPECT_EQ(InPage(row.name), row.portable);
     EXPECT_EQ(Free(row.name), row.portable);
@@ -68,9 +69,10 @@ TEST(PortableNames, DeviceNamesAreNoNamesWhateverTheirExtension) {
 }
 
 TEST(PortableNames, PointsAndBlanksAtTheEndsGo) {
-  const Row rows[] = {{u"a.", "a"},       {u"a ", "a"},  {u"a . .", "a"},      {u" a", "a"},
-                      {u"  a b ", "a b"}, {u".a", ".a"}, {u"x.mp3.", "x.mp3"}, {u"CON.", "_CON"}};
-  for (const Row& row : rows) EXPECT_EQ(InPage(row.name), row.portable);
+  const PortableRow rows[] = {{u"a.", "a"},         {u"a ", "a"},       {u"a . .", "a"},
+                              {u" a", "a"},         {u"  a b ", "a b"}, {u".a", ".a"},
+                              {u"x.mp3.", "x.mp3"}, {u"CON.", "_CON"}};
+  for (const PortableRow& row : rows) EXPECT_EQ(InPage(row.name), row.portable);
   for (const StringView name : {u"a.", u"a ", u" a", u".", u"..", u" ", u""}) {
     EXPECT_FALSE(IsPortableName(name)) << ToUtf8(name);
   }
@@ -83,27 +85,27 @@ TEST(PortableNames, NothingLeftGivesAnUnderscore) {
 }
 
 TEST(PortableNames, WordsThatReadersOfM3uFilesTakeForTheirsAreBroken) {
-  const Row rows[] = {{u"EXTINF", "EXT_INF"},
-                      {u"my extinf story.mp3", "my ext_inf story.mp3"},
-                      {u"#EXTM3U.mp3", "#EXT_M3U.mp3"},
-                      {u"EXTINFEXTM3Uextinf", "EXT_INFEXT_M3Uext_inf"},
-                      {u"EXT\u0128NF", "EXT_INF"}};  // the accent goes first
-  for (const Row& row : rows) {
+  const PortableRow rows[] = {{u"EXTINF", "EXT_INF"},
+                              {u"my extinf story.mp3", "my ext_inf story.mp3"},
+                              {u"#EXTM3U.mp3", "#EXT_M3U.mp3"},
+                              {u"EXTINFEXTM3Uextinf", "EXT_INFEXT_M3Uext_inf"},
+                              {u"EXT\u0128NF", "EXT_INF"}};  // the accent goes first
+  for (const PortableRow& row : rows) {
     EXPECT_FALSE(IsPortableName(row.name, &Page())) << ToUtf8(row.name);
     EXPECT_EQ(InPage(row.name), row.portable);
   }
 }
 
 TEST(PortableNames, LettersOutsideThePageLoseTheirAccents) {
-  const Row rows[] = {{u"Příliš žluťoučký kůň", "Príliš žlutoucký kun"},
-                      {u"Łódź", "Lódz"},
-                      {u"İstanbul ığdır", "Istanbul igdir"},
-                      {u"ŐőŰű", "OoUu"},
-                      {u"e\u0301te\u0301.mp3", "ete.mp3"},
-                      {u"Song \u2192 Мир", "Song _ ___"},
-                      {u"東京", "__"},
-                      {u"\U0001F3B5\U0001F3B6.mp3", "__.mp3"}};
-  for (const Row& row : rows) {
+  const PortableRow rows[] = {{u"Příliš žluťoučký kůň", "Príliš žlutoucký kun"},
+                              {u"Łódź", "Lódz"},
+                              {u"İstanbul ığdır", "Istanbul igdir"},
+                              {u"ŐőŰű", "OoUu"},
+                              {u"e\u0301te\u0301.mp3", "ete.mp3"},
+                              {u"Song \u2192 Мир", "Song _ ___"},
+                              {u"東京", "__"},
+                              {u"\U0001F3B5\U0001F3B6.mp3", "__.mp3"}};
+  for (const PortableRow& row : rows) {
     EXPECT_FALSE(IsPortableName(row.name, &Page())) << ToUtf8(row.name);
     EXPECT_EQ(InPage(row.name), row.portable);
     // Without a page each of them will do.

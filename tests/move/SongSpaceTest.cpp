@@ -7,8 +7,6 @@
 namespace norvo {
 namespace {
 
-const std::string kRoot = "C:\\My Documents\\Norvo Media\\";
-
 /// Moves between machines in memory, of which the new one says how much it has room for.
 class SongSpaceTest : public ::testing::Test {
  protected:
@@ -39,7 +37,7 @@ class SongSpaceTest : public ::testing::Test {
 
 TEST_F(SongSpaceTest, SongsThatJustFitAreMoved) {
   EXPECT_TRUE(MoveWith(Needed()).IsWhole());
-  EXPECT_EQ(asked, (Lines{kRoot, kRoot}));
+  EXPECT_EQ(asked, (Lines{kNewRoot, kNewRoot}));
 }
 
 TEST_F(SongSpaceTest, OneByteLessEndsTheMoveBeforeAnythingIsWritten) {
@@ -67,7 +65,7 @@ TEST_F(SongSpaceTest, SongsThatAreThereNeedNothing) {
   const Contents before = ContentsOf(*machines.to);
   const MoveError error = ErrorWith(more - 1);
   // The group root is kept whatever is wished for.
-  ExpectError(error, MoveFault::SpaceMissing, "C:", kRoot);
+  ExpectError(error, MoveFault::SpaceMissing, "C:", kNewRoot);
   EXPECT_EQ(error.Shortage().needed, more);
   EXPECT_EQ(ContentsOf(*machines.to), before);
   EXPECT_TRUE(MoveWith(more).IsWhole());

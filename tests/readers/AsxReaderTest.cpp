@@ -9,8 +9,8 @@ constexpr const char* kNotOpened =
     "NVERR_OPFAIL, PLAYLIST::ReadASX, Failed to recieve the TextStream Reference!";
 constexpr const char* kNotAdded =
     "NVERR_OPFAIL, PLAYLIST::ReadASX, Failed to Add Entry Item to Entries Collection";
-constexpr const char* kNotFound = "NVERR_FILE_NOT_FOUND, PLAYLIST::AddEntry, File Not Found: ";
-constexpr const char* kInvalid =
+constexpr const char* kEntryNotFound = "NVERR_FILE_NOT_FOUND, PLAYLIST::AddEntry, File Not Found: ";
+constexpr const char* kEntryInvalid =
     "NVERR_INVALID_ARG, PLAYLIST::AddEntry, Invalid Argument or Bad Data: ";
 constexpr const char* kAsxFailed =
     "NVERR_OPFAIL, PLAYLIST::ReadPlayList, ReadASX for Type WMP_ASX returned False";
@@ -141,21 +141,21 @@ TEST_F(AsxReaderTest, ABannerInsideAnEntryIsAnUnknownElement) {
 TEST_F(AsxReaderTest, AnEntryWithoutAReferenceIsDroppedAsInvalid) {
   ASSERT_TRUE(ReadLines({"<Entry>", "<Title>No reference</Title>", "</Entry>"}));
   EXPECT_EQ(Kept(), 0);
-  EXPECT_EQ(LogLines(), Lines({kInvalid}));
+  EXPECT_EQ(LogLines(), Lines({kEntryInvalid}));
 }
 
 TEST_F(AsxReaderTest, AMissingFileIsLoggedTwiceAndTheWalkGoesOn) {
   ASSERT_TRUE(ReadLines(
       {"<Entry>", "<Ref Href=\"C:\\gone.mp3\"/>", "</Entry>", "<Entry>", kRef, "</Entry>"}));
   EXPECT_EQ(Kept(), 1);
-  EXPECT_EQ(LogLines(), Lines({std::string(kNotFound) + "C:\\gone.mp3", kNotAdded}));
+  EXPECT_EQ(LogLines(), Lines({std::string(kEntryNotFound) + "C:\\gone.mp3", kNotAdded}));
 }
 
 TEST_F(AsxReaderTest, AFileThatIsNoMediaIsLoggedAsInvalidAlone) {
   platform->AddFile(u"C:\\Music\\readme.txt", "text");
   ASSERT_TRUE(ReadLines({"<Entry>", "<Ref Href=\"readme.txt\"/>", "</Entry>"}));
   EXPECT_EQ(Kept(), 0);
-  EXPECT_EQ(LogLines(), Lines({std::string(kInvalid) + "C:\\Music\\readme.txt"}));
+  EXPECT_EQ(LogLines(), Lines({std::string(kEntryInvalid) + "C:\\Music\\readme.txt"}));
 }
 
 TEST_F(AsxReaderTest, TheReferenceIsStoredAsItWasResolved) {
@@ -171,19 +171,19 @@ TEST_F(AsxReaderTest, EntriesAreRegisteredUnderTheMusicLabel) {
                    "Media\\Music\\X\\ | Music PlayLists"}));
 }
 
-struct TypeRow {
+struct AsxTypeRow {
   const char16_t* path;
   std::int32_t playlistType;
   std::int32_t entryType;
 };
 
 TEST_F(AsxReaderTest, TheTypeOfCollectionAndEntriesComesFromTheFileName) {
-  constexpr TypeRow kRows[] = {
+  constexpr AsxTypeRow kRows[] = {
       {u"C:\\Music\\Mix.asx", 1, 1}, {u"C:\\Music\\Mix.asx", 2, 1}, {u"C:\\Music\\MIX.ASX", 2, 1},
       {u"C:\\Music\\Mix.m3u", 1, 2}, {u"C:\\Music\\Mix.M3U", 2, 2}, {u"C:\\Music\\a.m3u.asx", 2, 1},
       {u"C:\\Music\\Mix.pls", 1, 0}, {u"C:\\Music\\asx", 1, 0},
   };
-  for (const TypeRow& row : kRows) {
+  for (const AsxTypeRow& row : kRows) {
     EXPECT_TRUE(ReadText(row.path, row.playlistType, TextOf({"<Entry>", kRef, "</Entry>"})));
     EXPECT_EQ(CollectionType(), row.entryType) << Utf8(row.path);
     EXPECT_EQ(Fields(u"Entry_EntryType"), Lines({std::to_string(row.entryType)})) << Utf8(row.path);

@@ -11,20 +11,20 @@ using namespace std::string_literals;
 /// How the texts of a file are taken: numbers, names, line ends and encodings.
 class GenericReaderTextsTest : public GenericReaderFixture {};
 
-struct CountRow {
+struct DeclaredRow {
   const char* text;
   int kept;  // -1: the reading ends
 };
 
 TEST_F(GenericReaderTextsTest, TheDeclaredCountIsARoundedNumberOrEndsTheReading) {
-  constexpr CountRow kRows[] = {
+  constexpr DeclaredRow kRows[] = {
       {"2", 2},        {"0", 0},           {"-1", 0},       {"-32768", 0},  {" 2 ", 2},
       {"+2", 2},       {"2.5", 2},         {"3.5", 4},      {"1.5", 2},     {"0.5", 0},
       {"1e1", 10},     {"002", 2},         {"abc", -1},     {"12,5", -1},   {"", -1},
       {"2 songs", -1}, {"1 2", -1},        {"32768", -1},   {"-32769", -1}, {"99999999999", -1},
       {"1e999", -1},   {"2147483648", -1}, {"32767.5", -1}, {"zwei", -1},   {"0x10", -1},
   };
-  for (const CountRow& row : kRows) {
+  for (const DeclaredRow& row : kRows) {
     EXPECT_FALSE(ReadNew(Generic({"PlaylistName=Mix", "PlaylistType=3", "OriginalFileName=M.m3u",
                                   "TotalSongs=" + std::string(row.text)})));
     EXPECT_EQ(Property(u"PlayListName"), "Mix") << row.text;
@@ -48,16 +48,16 @@ TEST_F(GenericReaderTextsTest, TheLargestCountMakesSoManyEntriesOutOfNothing) {
   EXPECT_EQ(Property(u"TotalSongs"), "32767");
 }
 
-struct TypeRow {
+struct EntryTypeRow {
   const char* text;
   const char* type;  // null: the reading ends
 };
 
 TEST_F(GenericReaderTextsTest, ATypeThatIsNoNumberEndsTheReading) {
-  constexpr TypeRow kRows[] = {{"abc", nullptr}, {"", nullptr},        {"2147483648", nullptr},
-                               {"3,", nullptr},  {"WMP_ASX", nullptr}, {"2.5", "2"},
-                               {"3.4", "3"},     {" 6 ", "6"}};
-  for (const TypeRow& row : kRows) {
+  constexpr EntryTypeRow kRows[] = {{"abc", nullptr}, {"", nullptr},        {"2147483648", nullptr},
+                                    {"3,", nullptr},  {"WMP_ASX", nullptr}, {"2.5", "2"},
+                                    {"3.4", "3"},     {" 6 ", "6"}};
+  for (const EntryTypeRow& row : kRows) {
     playlist = component.Create(u"PlayList");
     playlist->Let(u"PlayListType", std::int32_t{5});
     EXPECT_FALSE(ReadBytes(

@@ -11,13 +11,13 @@ namespace norvo {
 namespace {
 
 /// A playlist of each type from the same references, as a host would find it on the disk.
-struct Kind {
+struct PlaylistOfKind {
   std::int32_t type;
   const char16_t* path;
   const char* member;  // in log lines
 };
 
-constexpr Kind kKinds[] = {
+constexpr PlaylistOfKind kPlaylists[] = {
     {1, u"C:\\Lists\\Mix.asx", "AddEntry"}, {2, u"C:\\Lists\\Mix.m3u", "AddEntry"},
     {3, u"C:\\Lists\\Mix.m3u", "ReadM3U"},  {4, u"C:\\Lists\\Mix.pls", "ReadPLS"},
     {5, u"C:\\Lists\\Mix.pls", "ReadPLS"},  {6, u"C:\\Lists\\Mix.m3u", "ReadMMJB"},
@@ -53,7 +53,7 @@ class ItemResolverTest : public PlaylistFixture {
     }
   }
 
-  bool ReadReferences(const Kind& kind, const Lines& references) {
+  bool ReadReferences(const PlaylistOfKind& kind, const Lines& references) {
     return ReadText(kind.path, kind.type, TextFor(kind.type, references));
   }
 };
@@ -67,7 +67,7 @@ struct ReferenceRow {
   const char* registered;  // source; null: not registered
 };
 
-constexpr ReferenceRow kRows[] = {
+constexpr ReferenceRow kReferences[] = {
     {"C:\\Music\\a.mp3", "C:\\Music\\a.mp3", "0", "a.mp3", "200", "C:\\Music\\a.mp3"},
     {"c:\\music\\A.MP3", "c:\\music\\A.MP3", "0", "a.mp3", "200", "c:\\music\\a.mp3"},
     {"\\Music\\a.mp3", "C:\\Music\\a.mp3", "1", "a.mp3", "200", "C:\\Music\\a.mp3"},
@@ -92,8 +92,8 @@ constexpr ReferenceRow kRows[] = {
 };
 
 TEST_F(ItemResolverTest, EveryKindOfReferenceIsResolvedInEveryTypeOfPlaylist) {
-  for (const Kind& kind : kKinds) {
-    for (const ReferenceRow& row : kRows) {
+  for (const PlaylistOfKind& kind : kPlaylists) {
+    for (const ReferenceRow& row : kReferences) {
       const std::string where = "type " + std::to_string(kind.type) + ", " + row.reference;
       log.clear();
       platform->Log().Clear();
@@ -124,7 +124,7 @@ TEST_F(ItemResolverTest, DroppedReferencesAreLoggedAsTheyWereResolved) {
       {"gone.mp3", "C:\\Lists\\gone.mp3"}, {"..\\gone.mp3", "C:\\gone.mp3"},
       {"\\gone.mp3", "\\gone.mp3"},
   };
-  for (const Kind& kind : kKinds) {
+  for (const PlaylistOfKind& kind : kPlaylists) {
     for (const auto& row : rows) {
       log.clear();
       ASSERT_TRUE(ReadReferences(kind, {row.reference}));
@@ -155,14 +155,14 @@ TEST_F(ItemResolverTest, FoldersThatBeginWithDigitsAndForeignLettersAreRootRelat
 }
 
 TEST_F(ItemResolverTest, AForwardSlashBehindTheDriveMakesAReferenceRelative) {
-  ASSERT_TRUE(ReadReferences(kKinds[2], {"C:/Music/a.mp3"}));
+  ASSERT_TRUE(ReadReferences(kPlaylists[2], {"C:/Music/a.mp3"}));
   EXPECT_EQ(Kept(), 0);
 }
 
 TEST_F(ItemResolverTest, MediaIsToldByTheWholePath) {
   platform->AddFile(u"C:\\x.as\\readme.txt", "text");
   platform->AddFile(u"C:\\Music\\readme.txt", "text");
-  ASSERT_TRUE(ReadReferences(kKinds[2], {"C:\\x.as\\readme.txt", "C:\\Music\\readme.txt"}));
+  ASSERT_TRUE(ReadReferences(kPlaylists[2], {"C:\\x.as\\readme.txt", "C:\\Music\\readme.txt"}));
   EXPECT_EQ(Fields(u"Entry_SourceURL"), Lines({"C:\\x.as\\readme.txt"}));
   EXPECT_EQ(LogLines(), Lines({"NVERR_INVALID_ARG, PLAYLIST::ReadM3U, Invalid Argument or Bad "
                                "Data: C:\\Music\\readme.txt"}));
@@ -170,14 +170,14 @@ TEST_F(ItemResolverTest, MediaIsToldByTheWholePath) {
 
 TEST_F(ItemResolverTest, TheByteTotalCountsRepeatsAndFilesThatAreNoMedia) {
   platform->AddFile(u"C:\\Music\\readme.txt", "1234567");
-  ASSERT_TRUE(ReadReferences(kKinds[5], {"C:\\Music\\a.mp3", "C:\\Music\\a.mp3",
-                                         "C:\\Music\\readme.txt", "gone.mp3", "R:\\a.mp3"}));
+  ASSERT_TRUE(ReadReferences(kPlaylists[5], {"C:\\Music\\a.mp3", "C:\\Music\\a.mp3",
+                                             "C:\\Music\\readme.txt", "gone.mp3", "R:\\a.mp3"}));
   EXPECT_EQ(component.MediaBytes(), 407.0);
 }
 
 TEST_F(ItemResolverTest, ARefusedRegistrationDropsTheEntryWithoutAWord) {
   platform->Migration().RefuseGroups();
-  for (const Kind& kind : kKinds) {
+  for (const PlaylistOfKind& kind : kPlaylists) {
     ASSERT_TRUE(ReadReferences(kind, {"C:\\Music\\a.mp3", "http://host/a.mp3"}));
     EXPECT_EQ(Fields(u"Entry_SourceURL"), Lines({"http://host/a.mp3"})) << kind.type;
   }
@@ -185,7 +185,7 @@ TEST_F(ItemResolverTest, ARefusedRegistrationDropsTheEntryWithoutAWord) {
 }
 
 TEST_F(ItemResolverTest, TheSameFileTwiceIsTwoEntriesAndOneRecord) {
-  for (const Kind& kind : kKinds) {
+  for (const PlaylistOfKind& kind : kPlaylists) {
     ASSERT_TRUE(ReadReferences(kind, {"C:\\Music\\a.mp3", "c:\\music\\A.mp3"}));
     EXPECT_EQ(Kept(), 2) << kind.type;
   }
@@ -209,7 +209,7 @@ TEST_F(ItemResolverTest, TheSubFolderFollowsArtistAndAlbum) {
       {"", "", "Neither\\"},
   };
   for (const FolderRow& row : kFolderRows) {
-    for (const Kind& kind : kKinds) {
+    for (const PlaylistOfKind& kind : kPlaylists) {
       const std::string path =
           "C:\\Music\\" + std::to_string(kind.type) + row.subFolder[0] + ".mp3";
       platform->AddFile(FromUtf8Lossy(path), MediaWithOldTag("", row.artist, row.album));
@@ -224,7 +224,7 @@ TEST_F(ItemResolverTest, TheSubFolderFollowsArtistAndAlbum) {
 }
 
 TEST_F(ItemResolverTest, EntriesKeepThePlaylistsNameExceptThoseOfTheAsxReader) {
-  for (const Kind& kind : kKinds) {
+  for (const PlaylistOfKind& kind : kPlaylists) {
     ASSERT_TRUE(ReadReferences(kind, {"here.mp3"}));
     const auto entry = std::dynamic_pointer_cast<FormatEntry>(EntryAt(1));
     ASSERT_NE(entry, nullptr);
@@ -234,7 +234,7 @@ TEST_F(ItemResolverTest, EntriesKeepThePlaylistsNameExceptThoseOfTheAsxReader) {
 }
 
 TEST_F(ItemResolverTest, ALocalEntryCostsOneLookUpAndOneOpening) {
-  for (const Kind& kind : kKinds) {
+  for (const PlaylistOfKind& kind : kPlaylists) {
     for (const char* const reference :
          {"C:\\Music\\a.mp3", "\\Music\\a.mp3", "..\\Music\\a.mp3", "Sub\\a.mp3", "here.mp3"}) {
       platform->AddFile(kind.path, TextFor(kind.type, {reference}));
@@ -256,7 +256,7 @@ TEST_F(ItemResolverTest, ALocalEntryCostsOneLookUpAndOneOpening) {
 }
 
 TEST_F(ItemResolverTest, AStreamIsNotLookedForOnTheDisk) {
-  for (const Kind& kind : kKinds) {
+  for (const PlaylistOfKind& kind : kPlaylists) {
     platform->AddFile(kind.path, TextFor(kind.type, {"http://host/a.mp3"}));
     playlist = NewPlayList(kind.type);
     platform->Log().Clear();
@@ -266,7 +266,7 @@ TEST_F(ItemResolverTest, AStreamIsNotLookedForOnTheDisk) {
 }
 
 TEST_F(ItemResolverTest, TheCostPerEntryDoesNotGrowWithTheirNumber) {
-  for (const Kind& kind : kKinds) {
+  for (const PlaylistOfKind& kind : kPlaylists) {
     const auto callsFor = [&](std::size_t count) {
       platform->AddFile(kind.path, TextFor(kind.type, Lines(count, "C:\\Music\\a.mp3")));
       playlist = NewPlayList(kind.type);
@@ -289,7 +289,7 @@ TEST_F(ItemResolverTest, ALongTagIsTakenWholeAndSoOftenOnlyThatItCannotFillTheMe
   const std::string longest(32766, 'x');
   platform->AddFile(u"C:\\Lists\\long.mp3",
                     Id3(TextFrame("TIT2", longest) + TextFrame("TPE1", longest)));
-  for (const Kind& kind : kKinds) {
+  for (const PlaylistOfKind& kind : kPlaylists) {
     SCOPED_TRACE(kind.type);
     ASSERT_TRUE(ReadReferences(kind, {"long.mp3", "here.mp3"}));
     EXPECT_EQ(Field(1, u"Entry_SongName"), longest);
@@ -329,7 +329,7 @@ class ItemFollower final : public Observer {
 
 TEST_F(ItemResolverTest, TheWatcherHearsOfEveryItemWhatBecameOfIt) {
   platform->AddFile(u"C:\\Lists\\read.txt", "x");
-  for (const Kind& kind : kKinds) {
+  for (const PlaylistOfKind& kind : kPlaylists) {
     ItemFollower follower;
     component.SetObserver(&follower);
     ASSERT_TRUE(ReadReferences(kind, {"here.mp3", "R:\\a.mp3", "http://host/a", "gone.mp3",

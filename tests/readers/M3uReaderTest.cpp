@@ -6,12 +6,11 @@
 namespace norvo {
 namespace {
 
-constexpr const char* kNotFound = "NVERR_FILE_NOT_FOUND, PLAYLIST::ReadM3U, File Not Found: ";
-constexpr const char* kInvalid =
+constexpr const char* kM3uNotFound = "NVERR_FILE_NOT_FOUND, PLAYLIST::ReadM3U, File Not Found: ";
+constexpr const char* kM3uInvalid =
     "NVERR_INVALID_ARG, PLAYLIST::ReadM3U, Invalid Argument or Bad Data: ";
 constexpr const char* kFailed =
     "NVERR_OPFAIL, PLAYLIST::ReadPlayList, ReadM3U for type WINAMP_M3U returned False";
-constexpr const char* kNoName = "Must set the SourceURL property to obtain the File name ";
 
 class M3uReaderTest : public PlaylistFixture {
  protected:
@@ -62,31 +61,31 @@ TEST_F(M3uReaderTest, ExtendedInformationIsRecognisedAnywhereInALine) {
 TEST_F(M3uReaderTest, EmptyLinesAreSkippedAndBlankOnesAreNot) {
   ASSERT_TRUE(ReadM3u("\r\n\r\na.mp3\r\n\r\n   \r\nb.mp3\r\n\r\n"));
   EXPECT_EQ(Kept(), 2);
-  EXPECT_EQ(LogLines(), Lines({kNoName, kInvalid}));
+  EXPECT_EQ(LogLines(), Lines({kNoName, kM3uInvalid}));
 }
 
 TEST_F(M3uReaderTest, AnEmptyLineBehindExtendedInformationIsItsReference) {
   ASSERT_TRUE(ReadLines({"#EXTINF:1,Artist - Song", "", "a.mp3"}));
   EXPECT_EQ(Kept(), 1);
-  EXPECT_EQ(LogLines(), Lines({kInvalid}));
+  EXPECT_EQ(LogLines(), Lines({kM3uInvalid}));
 }
 
 TEST_F(M3uReaderTest, AnEmptyReferenceWithoutATitleLogsTheMissingAddressFirst) {
   ASSERT_TRUE(ReadLines({"#EXTINF:1", "", "a.mp3"}));
-  EXPECT_EQ(LogLines(), Lines({kNoName, kInvalid}));
+  EXPECT_EQ(LogLines(), Lines({kNoName, kM3uInvalid}));
 }
 
 TEST_F(M3uReaderTest, ACommentIsAFileReferenceThatIsNotFound) {
   ASSERT_TRUE(ReadLines({"# my list", "a.mp3"}));
   EXPECT_EQ(Kept(), 1);
-  EXPECT_EQ(LogLines(), Lines({std::string(kNotFound) + "C:\\Music\\# my list"}));
+  EXPECT_EQ(LogLines(), Lines({std::string(kM3uNotFound) + "C:\\Music\\# my list"}));
 }
 
 TEST_F(M3uReaderTest, ASecondExtendedLineIsTheReferenceOfTheFirst) {
   ASSERT_TRUE(ReadLines({"#EXTINF:1,One", "#EXTINF:2,Two", "a.mp3"}));
   EXPECT_EQ(Kept(), 1);
   EXPECT_EQ(Fields(u"Entry_Duration"), Lines({""}));
-  EXPECT_EQ(LogLines(), Lines({std::string(kNotFound) + "C:\\Music\\#EXTINF:2,Two"}));
+  EXPECT_EQ(LogLines(), Lines({std::string(kM3uNotFound) + "C:\\Music\\#EXTINF:2,Two"}));
 }
 
 TEST_F(M3uReaderTest, AStreamBehindExtendedInformationIsKeptUnregistered) {
@@ -108,7 +107,7 @@ TEST_F(M3uReaderTest, ExtendedInformationAsTheLastLineEndsTheReadAndWhatWasReadS
 TEST_F(M3uReaderTest, ExtendedInformationBeforeTheLastLineEndHasAnEmptyReference) {
   ASSERT_TRUE(ReadM3u("a.mp3\r\n#EXTINF:1,Artist - Song\r\n"));
   EXPECT_EQ(Kept(), 1);
-  EXPECT_EQ(LogLines(), Lines({kInvalid}));
+  EXPECT_EQ(LogLines(), Lines({kM3uInvalid}));
 }
 
 TEST_F(M3uReaderTest, AnEmptyFileFails) {
@@ -150,7 +149,7 @@ TEST_F(M3uReaderTest, LinesEndAtPairsOnly) {
 TEST_F(M3uReaderTest, NulsCutALine) {
   EXPECT_TRUE(ReadM3u(std::string("  a.mp3  \0EXTM3U\r\n\0#EXTINF\r\nb.mp3\0\0", 35)));
   EXPECT_EQ(Fields(u"Entry_SourceURL"), Lines({"C:\\Music\\a.mp3", "C:\\Music\\b.mp3"}));
-  EXPECT_EQ(LogLines(), Lines({kNoName, kInvalid}));
+  EXPECT_EQ(LogLines(), Lines({kNoName, kM3uInvalid}));
 }
 
 TEST_F(M3uReaderTest, ThirtyTwoThousandSevenHundredAndSixtySevenLinesAreTheMost) {
@@ -194,7 +193,7 @@ TEST_F(M3uReaderTest, HugeLinesAreReferencesAndTitlesLikeOthers) {
   EXPECT_EQ(Kept(), 2);
   EXPECT_EQ(Field(1, u"Entry_SongTitle").size(), huge.size());
   ASSERT_EQ(log.size(), 1u);
-  EXPECT_TRUE(LogLines()[0].starts_with(kNotFound));
+  EXPECT_TRUE(LogLines()[0].starts_with(kM3uNotFound));
 }
 
 TEST(M3uSplittingTest, ItemsKeepTheirInformationLine) {

@@ -15,13 +15,13 @@ std::string Utf16(StringView text, bool bigEndian) {
   return bytes;
 }
 
-struct Kind {
+struct EncodedPlaylist {
   std::int32_t type;
   const char16_t* path;
   StringView text;
 };
 
-constexpr Kind kKinds[] = {
+constexpr EncodedPlaylist kEncodedPlaylists[] = {
     {1, u"C:\\Lists\\Mix.asx",
      u"<Entry>\r\n<Ref Href=\"C:\\Музыка\\Ärger – 音.mp3\"/>\r\n</Entry>\r\n"},
     {2, u"C:\\Lists\\Mix.m3u",
@@ -44,7 +44,7 @@ class PlaylistEncodingTest : public PlaylistFixture {
 };
 
 TEST_F(PlaylistEncodingTest, NamesOfAnyScriptAreReadBehindAByteOrderMark) {
-  for (const Kind& kind : kKinds) {
+  for (const EncodedPlaylist& kind : kEncodedPlaylists) {
     for (const std::string& bytes :
          {"\xEF\xBB\xBF" + ToUtf8(kind.text), Utf16(kind.text, false), Utf16(kind.text, true)}) {
       ASSERT_TRUE(ReadText(kind.path, kind.type, bytes));
@@ -56,7 +56,8 @@ TEST_F(PlaylistEncodingTest, NamesOfAnyScriptAreReadBehindAByteOrderMark) {
 }
 
 TEST_F(PlaylistEncodingTest, ATitleOfAnyScriptIsSplitLikeOthers) {
-  ASSERT_TRUE(ReadText(kKinds[2].path, 3, "\xEF\xBB\xBF" + ToUtf8(kKinds[2].text)));
+  ASSERT_TRUE(
+      ReadText(kEncodedPlaylists[2].path, 3, "\xEF\xBB\xBF" + ToUtf8(kEncodedPlaylists[2].text)));
   EXPECT_EQ(Field(1, u"Entry_ArtistName"), "Певец");
   EXPECT_EQ(Field(1, u"Entry_SongName"), "Ärger");
 }

@@ -10,6 +10,9 @@
 
 namespace norvo {
 
+/// What is logged of an entry without an address.
+inline constexpr const char* kNoName = "Must set the SourceURL property to obtain the File name ";
+
 /// A media file of 200 bytes without a tag.
 std::string UntaggedMedia();
 /// A media file of 228 bytes whose ID3v1 tag holds the names and the genre Rock.

@@ -6,14 +6,13 @@
 namespace norvo {
 namespace {
 
-constexpr const char* kNotFound = "NVERR_FILE_NOT_FOUND, PLAYLIST::ReadPLS, File Not Found: ";
-constexpr const char* kInvalid =
+constexpr const char* kPlsNotFound = "NVERR_FILE_NOT_FOUND, PLAYLIST::ReadPLS, File Not Found: ";
+constexpr const char* kPlsInvalid =
     "NVERR_INVALID_ARG, PLAYLIST::ReadPLS, Invalid Argument or Bad Data: ";
 constexpr const char* kWinampFailed =
     "NVERR_OPFAIL, PLAYLIST::ReadPlayList, ReadPLS for type WINAMP_PLS returned False";
 constexpr const char* kSoniqueFailed =
     "NVERR_OPFAIL, PLAYLIST::ReadPlayList, ReadPLS for type SONIQUE_PLS returned False";
-constexpr const char* kNoName = "Must set the SourceURL property to obtain the File name ";
 
 class PlsReaderTest : public PlaylistFixture {
  protected:
@@ -55,21 +54,21 @@ TEST_F(PlsReaderTest, ItemsAreRegisteredUnderTheMusicLabel) {
                    "Media\\Music\\A\\ | Music PlayLists"}));
 }
 
-struct CountRow {
+struct PlsCountRow {
   const char* declared;
   bool result;
   int kept;
 };
 
 TEST_F(PlsReaderTest, TheDeclaredCountBoundsTheItems) {
-  const CountRow rows[] = {
+  const PlsCountRow rows[] = {
       {"0", true, 0},     {"1", true, 1},           {"2", true, 2},
       {"3", true, 3},     {"4", true, 3},           {"2147483647", true, 3},
       {" 2 ", true, 2},   {"-1", true, 0},          {"1.5", true, 2},
       {"2.5", true, 2},   {"2147483648", false, 0}, {"99999999999999999999", false, 0},
       {"many", false, 0}, {"", false, 0},           {"2 songs", false, 0},
   };
-  for (const CountRow& row : rows) {
+  for (const PlsCountRow& row : rows) {
     log.clear();
     EXPECT_EQ(ReadPls({"File1=1.mp3", "File2=2.mp3", "File3=3.mp3",
                        std::string("NumberOfEntries=") + row.declared}),
@@ -158,20 +157,20 @@ TEST_F(PlsReaderTest, LinesMayEndInLineFeedsOrCarriageReturnsAlone) {
 TEST_F(PlsReaderTest, AMissingFileIsLoggedByItsResolvedPath) {
   ASSERT_TRUE(ReadPls({"NumberOfEntries=2", "File1=gone.mp3", "Title1=A - B", "File2=2.mp3"}));
   EXPECT_EQ(Kept(), 1);
-  EXPECT_EQ(LogLines(), Lines({std::string(kNotFound) + "C:\\Music\\gone.mp3"}));
+  EXPECT_EQ(LogLines(), Lines({std::string(kPlsNotFound) + "C:\\Music\\gone.mp3"}));
 }
 
 TEST_F(PlsReaderTest, AFileThatIsNoMediaIsLoggedAsInvalid) {
   platform->AddFile(u"C:\\Music\\readme.txt", "text");
   ASSERT_TRUE(ReadPls({"NumberOfEntries=1", "File1=readme.txt"}));
   EXPECT_EQ(Kept(), 0);
-  EXPECT_EQ(LogLines(), Lines({std::string(kInvalid) + "C:\\Music\\readme.txt"}));
+  EXPECT_EQ(LogLines(), Lines({std::string(kPlsInvalid) + "C:\\Music\\readme.txt"}));
 }
 
 TEST_F(PlsReaderTest, AnEmptyReferenceIsInvalidAndLogsTheMissingAddressFirstWithoutATitle) {
   ASSERT_TRUE(ReadPls({"NumberOfEntries=2", "File1=", "File2=", "Title2=Song"}));
   EXPECT_EQ(Kept(), 0);
-  EXPECT_EQ(LogLines(), Lines({kNoName, kInvalid, kInvalid}));
+  EXPECT_EQ(LogLines(), Lines({kNoName, kPlsInvalid, kPlsInvalid}));
 }
 
 TEST_F(PlsReaderTest, TheTotalIsTheNumberOfKeptEntriesWhateverTheFileDeclares) {

@@ -41,13 +41,13 @@ class DataCopTest : public LibraryTest {
   std::int32_t type = -1;  // its type
 };
 
-struct TypeRow {
+struct JudgedRow {
   StringView reference;
   std::int32_t type;
 };
 
 TEST_F(DataCopTest, EachKindOfReferenceHasItsType) {
-  constexpr TypeRow kRows[] = {
+  constexpr JudgedRow kRows[] = {
       // Drives, by their kind; A and B are left to the patterns.
       {u"C:\\a.mp3", 0},
       {u"c:\\a.mp3", 0},
@@ -108,7 +108,7 @@ TEST_F(DataCopTest, EachKindOfReferenceHasItsType) {
       {u"x/y.mp3", 4},
       {u"", 10},
   };
-  for (const TypeRow& row : kRows)
+  for (const JudgedRow& row : kRows)
     EXPECT_EQ(TypeOf(row.reference), row.type) << Utf8(row.reference);
 }
 
@@ -191,10 +191,10 @@ TEST_F(DataCopTest, UnusableReferencesAreNotFound) {
 TEST_F(DataCopTest, LocalMediaFilesThatExistAreGood) {
   platform->AddFile(u"C:\\Music\\a.mp3", "12345");
   platform->AddFile(u"R:\\a.mp3", "12345");
-  constexpr TypeRow kRows[] = {
+  constexpr JudgedRow kRows[] = {
       {u"C:\\Music\\a.mp3", 0}, {u"\\Music\\a.mp3", 1}, {u"..\\Music\\a.mp3", 2},
       {u"Pop\\..\\a.mp3", 3},   {u"a.mp3", 4},          {u"R:\\a.mp3", 5}};
-  for (const TypeRow& row : kRows) {
+  for (const JudgedRow& row : kRows) {
     EXPECT_EQ(Judge(row.reference, u"C:\\Music"), Status::Ok) << Utf8(row.reference);
     EXPECT_EQ(type, row.type) << Utf8(row.reference);
   }

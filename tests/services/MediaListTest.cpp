@@ -8,7 +8,7 @@ namespace norvo {
 namespace {
 
 constexpr StringView kGroup = u"KVMediaPlayLists";
-constexpr StringView kRoot = u"C:\\Root\\";
+constexpr StringView kMediaRoot = u"C:\\Root\\";
 constexpr StringView kPath = u"C:\\Root\\KVs\\MediaList.txt";
 
 class MediaListTest : public LibraryTest {
@@ -32,7 +32,7 @@ class MediaListTest : public LibraryTest {
 
 TEST_F(MediaListTest, WithoutAGroupOrARootNothingIsKept) {
   MediaList list = Fresh();
-  EXPECT_FALSE(list.EnsureGroup(u"", kRoot));
+  EXPECT_FALSE(list.EnsureGroup(u"", kMediaRoot));
   EXPECT_FALSE(list.EnsureGroup(kGroup, u""));
   EXPECT_FALSE(list.Add(Record(u"C:\\a.mp3")));
   EXPECT_TRUE(list.Flush());
@@ -41,7 +41,7 @@ TEST_F(MediaListTest, WithoutAGroupOrARootNothingIsKept) {
 
 TEST_F(MediaListTest, RecordsReachTheFileWithTheNextFlush) {
   MediaList list = Fresh();
-  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kMediaRoot));
   EXPECT_TRUE(list.Add(Record(u"C:\\Ärzte\\日.mp3", u"GET_SHELL_FOLDER,5,Music,sub")));
   EXPECT_FALSE(platform->HasFile(kPath));
   EXPECT_TRUE(list.Flush());
@@ -63,7 +63,7 @@ TEST_F(MediaListTest, ARootWithoutABackslashNamesTheSameFile) {
 
 TEST_F(MediaListTest, TheSameSourceAndDestinationIsKeptOnceWhateverTheCase) {
   MediaList list = Fresh();
-  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kMediaRoot));
   EXPECT_TRUE(list.Add(Record(u"C:\\Ä.mp3", u"one")));
   EXPECT_TRUE(list.Add(Record(u"c:\\ä.MP3", u"ONE")));
   EXPECT_TRUE(list.Add(Record(u"C:\\Ä.mp3", u"two")));
@@ -74,11 +74,11 @@ TEST_F(MediaListTest, TheSameSourceAndDestinationIsKeptOnceWhateverTheCase) {
 
 TEST_F(MediaListTest, RecordsOfAnEarlierRunAreKnown) {
   MediaList first = Fresh();
-  ASSERT_TRUE(first.EnsureGroup(kGroup, kRoot));
+  ASSERT_TRUE(first.EnsureGroup(kGroup, kMediaRoot));
   first.Add(Record(u"C:\\a.mp3"));
   first.Flush();
   MediaList second = Fresh();
-  ASSERT_TRUE(second.EnsureGroup(kGroup, kRoot));
+  ASSERT_TRUE(second.EnsureGroup(kGroup, kMediaRoot));
   EXPECT_TRUE(second.Add(Record(u"C:\\A.mp3")));
   EXPECT_TRUE(second.Add(Record(u"C:\\b.mp3")));
   second.Flush();
@@ -87,14 +87,14 @@ TEST_F(MediaListTest, RecordsOfAnEarlierRunAreKnown) {
 
 TEST_F(MediaListTest, TheFileIsReadOncePerRoot) {
   MediaList list = Fresh();
-  for (int i = 0; i < 3; ++i) ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  for (int i = 0; i < 3; ++i) ASSERT_TRUE(list.EnsureGroup(kGroup, kMediaRoot));
   EXPECT_EQ(platform->Calls(u"Settings.Read"), 1u);
 }
 
 TEST_F(MediaListTest, AFlushIsOneWriteAndNoneWithoutRecords) {
   platform->AddFile(kPath, "\xEF\xBB\xBF");
   MediaList list = Fresh();
-  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kMediaRoot));
   for (const StringView source : {u"C:\\a", u"C:\\b", u"C:\\c"}) list.Add(Record(source));
   EXPECT_TRUE(list.Flush());
   EXPECT_TRUE(list.Flush());
@@ -103,7 +103,7 @@ TEST_F(MediaListTest, AFlushIsOneWriteAndNoneWithoutRecords) {
 
 TEST_F(MediaListTest, AnotherRootHasAListOfItsOwn) {
   MediaList list = Fresh();
-  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kMediaRoot));
   list.Add(Record(u"C:\\a.mp3"));
   ASSERT_TRUE(list.EnsureGroup(kGroup, u"C:\\Other"));
   list.Add(Record(u"C:\\a.mp3"));
@@ -117,7 +117,7 @@ TEST_F(MediaListTest, WhatCouldNotBeWrittenIsKeptForTheNextFlush) {
     platform = std::make_shared<MemoryPlatform>();
     if (exists) platform->AddFile(kPath, "\xEF\xBB\xBFMusic\tC:\\old.mp3\tx\r\n");
     MediaList list = Fresh();
-    ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+    ASSERT_TRUE(list.EnsureGroup(kGroup, kMediaRoot));
     list.Add(Record(u"C:\\a.mp3"));
     platform->FailOn(u"Append", 1, error::kDiskFull);
     EXPECT_FALSE(list.Flush());
@@ -132,7 +132,7 @@ TEST_F(MediaListTest, WhatCouldNotBeWrittenIsKeptForTheNextFlush) {
 TEST_F(MediaListTest, LinesThatAreNoRecordsAreKeptButNotKnown) {
   platform->AddFile(kPath, "\xEF\xBB\xBFnote\r\n\r\nMusic\tC:\\a.mp3\r\n");
   MediaList list = Fresh();
-  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kMediaRoot));
   list.Add(Record(u"C:\\a.mp3", u""));
   list.Flush();
   EXPECT_EQ(platform->Bytes(kPath),
@@ -142,7 +142,7 @@ TEST_F(MediaListTest, LinesThatAreNoRecordsAreKeptButNotKnown) {
 TEST_F(MediaListTest, RecordsBehindATornLineBeginALineOfTheirOwn) {
   platform->AddFile(kPath, "\xEF\xBB\xBFMusic\tC:\\a.mp3\tx\r\nMusic\tC:\\to");
   MediaList list = Fresh();
-  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kMediaRoot));
   list.Add(Record(u"C:\\b.mp3"));
   list.Flush();
   EXPECT_EQ(Occurrences("\r\nMusic\tC:\\b.mp3\texpression\r\n"), 1u);
@@ -151,7 +151,7 @@ TEST_F(MediaListTest, RecordsBehindATornLineBeginALineOfTheirOwn) {
 TEST_F(MediaListTest, ATornLineNeverBecomesARecord) {
   platform->AddFile(kPath, "\xEF\xBB\xBFMusic\tC:\\torn.mp3\tGET_SH");
   MediaList list = Fresh();
-  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kMediaRoot));
   list.Add(Record(u"C:\\b.mp3"));
   list.Flush();
   EXPECT_EQ(Occurrences("\xEF\xBB\xBFMusic\tC:\\b.mp3\texpression\r\n"), 1u);
@@ -161,7 +161,7 @@ TEST_F(MediaListTest, ATornLineNeverBecomesARecord) {
 TEST_F(MediaListTest, ALineTornWithinItsEndKeepsNoCarriageReturn) {
   platform->AddFile(kPath, "\xEF\xBB\xBFMusic\tC:\\a.mp3\tx\r");
   MediaList list = Fresh();
-  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kMediaRoot));
   list.Add(Record(u"C:\\b.mp3"));
   list.Flush();
   EXPECT_EQ(Occurrences("\r\r\n"), 0u);
@@ -169,11 +169,11 @@ TEST_F(MediaListTest, ALineTornWithinItsEndKeepsNoCarriageReturn) {
 
 TEST_F(MediaListTest, RecordsOfARootThatCouldNotBeWrittenAreNotLostOnAChange) {
   MediaList list = Fresh();
-  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kMediaRoot));
   list.Add(Record(u"C:\\a.mp3"));
   platform->FailOn(u"OpenShared", 1, error::kDiskFull);
   list.EnsureGroup(kGroup, u"C:\\Other");
-  list.EnsureGroup(kGroup, kRoot);
+  list.EnsureGroup(kGroup, kMediaRoot);
   list.Flush();
   ASSERT_TRUE(platform->HasFile(kPath));
   EXPECT_EQ(Occurrences("C:\\a.mp3"), 1u);
@@ -184,18 +184,18 @@ TEST_F(MediaListTest, AListThatCouldNotBeReadIsNeverReplaced) {
   MediaList list = Fresh();
   platform->FailOn(u"Settings.Read", 1, error::kPermissionDenied);
   try {
-    EXPECT_FALSE(list.EnsureGroup(kGroup, kRoot));
+    EXPECT_FALSE(list.EnsureGroup(kGroup, kMediaRoot));
   } catch (const RunTimeError&) {
   }
-  if (list.EnsureGroup(kGroup, kRoot)) list.Add(Record(u"C:\\b.mp3"));
+  if (list.EnsureGroup(kGroup, kMediaRoot)) list.Add(Record(u"C:\\b.mp3"));
   list.Flush();
   EXPECT_EQ(Occurrences("Music\tC:\\old.mp3\tx\r\n"), 1u);
 }
 
 TEST_F(MediaListTest, TwoThatBeginTheFileLeaveTheRecordsOfBoth) {
   MediaList first = Fresh(), second = Fresh();
-  ASSERT_TRUE(first.EnsureGroup(kGroup, kRoot));
-  ASSERT_TRUE(second.EnsureGroup(kGroup, kRoot));
+  ASSERT_TRUE(first.EnsureGroup(kGroup, kMediaRoot));
+  ASSERT_TRUE(second.EnsureGroup(kGroup, kMediaRoot));
   first.Add(Record(u"C:\\a.mp3"));
   second.Add(Record(u"C:\\b.mp3"));
   EXPECT_TRUE(first.Flush());
@@ -210,7 +210,7 @@ TEST_F(MediaListTest, WhatAnotherHasAddedIsNotAddedAgain) {
   platform->AddFile(kPath, "\xEF\xBB\xBFMusic\tC:\\old.mp3\tx\r\n");
   MediaList first = Fresh(), second = Fresh();
   for (MediaList* const list : {&first, &second}) {
-    ASSERT_TRUE(list->EnsureGroup(kGroup, kRoot));
+    ASSERT_TRUE(list->EnsureGroup(kGroup, kMediaRoot));
     list->Add(Record(u"C:\\a.mp3"));
     list->Add(Record(u"C:\\b.mp3"));
   }
@@ -229,7 +229,7 @@ TEST_F(MediaListTest, WhatAnotherHasAddedIsNotAddedAgain) {
 TEST_F(MediaListTest, ALineThatAnotherHasFinishedMeanwhileIsARecord) {
   platform->AddFile(kPath, "\xEF\xBB\xBFMusic\tC:\\a.mp3\texpr");
   MediaList list = Fresh();
-  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kMediaRoot));
   platform->AddFile(kPath, "\xEF\xBB\xBFMusic\tC:\\a.mp3\texpression\r\n");
   list.Add(Record(u"C:\\a.mp3"));
   EXPECT_TRUE(list.Flush());
@@ -238,7 +238,7 @@ TEST_F(MediaListTest, ALineThatAnotherHasFinishedMeanwhileIsARecord) {
 
 TEST_F(MediaListTest, AFileThatWasBegunAnewIsReadAnew) {
   MediaList list = Fresh();
-  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kMediaRoot));
   list.Add(Record(u"C:\\a.mp3"));
   list.Add(Record(u"C:\\b.mp3"));
   ASSERT_TRUE(list.Flush());
@@ -254,7 +254,7 @@ TEST_F(MediaListTest, AFileThatWasBegunAnewIsReadAnew) {
 
 TEST_F(MediaListTest, ManyRecordsAreAllKept) {
   MediaList list = Fresh();
-  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kMediaRoot));
   for (char16_t a = 0; a < 200; ++a) {
     for (char16_t b = 0; b < 100; ++b) {
       const char16_t name[] = {u'C', u':', u'\\', static_cast<char16_t>(0x4E00 + a),
@@ -268,7 +268,7 @@ TEST_F(MediaListTest, ManyRecordsAreAllKept) {
 
 TEST_F(MediaListTest, VeryManyRecordsDoNotGatherInMemory) {
   MediaList list = Fresh();
-  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kMediaRoot));
   const String folder = u"C:\\" + String(1000, u'x');
   const auto add = [&](std::int32_t number) { list.Add(Record(folder + FormatInteger(number))); };
   for (std::int32_t i = 0; i < 200; ++i) add(i);
@@ -283,7 +283,7 @@ TEST_F(MediaListTest, VeryManyRecordsDoNotGatherInMemory) {
 TEST_F(MediaListTest, VeryManyRecordsThatCannotBeWrittenAreTriedNowAndThenAndNotLost) {
   platform->AddFile(kPath, "\xEF\xBB\xBF");
   MediaList list = Fresh();
-  ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+  ASSERT_TRUE(list.EnsureGroup(kGroup, kMediaRoot));
   platform->FailOn(u"Append", 1, error::kDiskFull);
   platform->FailOn(u"OpenShared", 2, error::kDiskFull);
   const String folder = u"C:\\" + String(1000, u'x');
@@ -298,7 +298,7 @@ TEST_F(MediaListTest, TextOutOfATagForgesNoRecord) {
   const MediaRecord record{u"C:\\a.mp3", u"Art\r\nMusic\tC:\\x\tforged", u"Music"};
   for (int run = 0; run < 2; ++run) {
     MediaList list = Fresh();
-    ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+    ASSERT_TRUE(list.EnsureGroup(kGroup, kMediaRoot));
     EXPECT_TRUE(list.Add(record));
     EXPECT_TRUE(list.Flush());
     EXPECT_EQ(platform->Bytes(kPath), "\xEF\xBB\xBFMusic\tC:\\a.mp3\tArt  Music C:\\x forged\r\n");
@@ -310,7 +310,7 @@ TEST_F(MediaListTest, HalfACharacterIsKnownAgain) {
   std::string first;
   for (int run = 0; run < 2; ++run) {
     MediaList list = Fresh();
-    ASSERT_TRUE(list.EnsureGroup(kGroup, kRoot));
+    ASSERT_TRUE(list.EnsureGroup(kGroup, kMediaRoot));
     list.Add(record);
     list.Flush();
     if (run == 0) first = platform->Bytes(kPath);
@@ -322,9 +322,9 @@ TEST_F(MediaListTest, AListOfMoreThanAMillionRecordsIsNotTaken) {
   std::string bytes;
   for (int i = 0; i < 1'000'000; ++i) bytes += "\t" + std::to_string(i) + "\t\r\n";
   platform->AddFile(kPath, bytes);
-  EXPECT_TRUE(Fresh().EnsureGroup(kGroup, kRoot));
+  EXPECT_TRUE(Fresh().EnsureGroup(kGroup, kMediaRoot));
   platform->AddFile(kPath, bytes + "\tx\t\r\n");
-  EXPECT_FALSE(Fresh().EnsureGroup(kGroup, kRoot));
+  EXPECT_FALSE(Fresh().EnsureGroup(kGroup, kMediaRoot));
 }
 
 }  // namespace

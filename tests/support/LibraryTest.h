@@ -11,6 +11,9 @@
 
 namespace norvo {
 
+/// Of a configured product.
+inline constexpr StringView kDataArea = u"C:\\My Documents\\Norvo Media\\KVs\\";
+
 /// Keeps every log line, whatever the log switch says.
 class LogCapture final : public Observer {
  public:

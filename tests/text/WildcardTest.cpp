@@ -9,14 +9,14 @@
 namespace norvo {
 namespace {
 
-struct Row {
+struct PatternRow {
   StringView text;
   StringView pattern;
   bool binary;
   bool caseless;
 };
 
-constexpr Row kRows[] = {
+constexpr PatternRow kPatterns[] = {
     // Empty texts and patterns.
     {u"", u"", true, true},
     {u"", u"*", true, true},
@@ -101,7 +101,7 @@ constexpr Row kRows[] = {
 };
 
 TEST(Wildcard, EachKindOfPatternMatchesAsItShould) {
-  for (const Row& row : kRows) {
+  for (const PatternRow& row : kPatterns) {
     const std::string shown = Utf8(row.text) + " against " + Utf8(row.pattern);
     EXPECT_EQ(Matches(row.text, row.pattern, Compare::Binary), row.binary) << shown << ", binary";
     EXPECT_EQ(Matches(row.text, row.pattern, Compare::Text), row.caseless) << shown << ", text";

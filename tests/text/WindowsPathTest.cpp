@@ -25,35 +25,38 @@ TEST(WindowsPath, BothSlashesSeparate) {
   EXPECT_FALSE(IsSeparator(u':'));
 }
 
-struct Row {
+struct PathRow {
   StringView path;
   StringView expected;
 };
 
 TEST(WindowsPath, TheDriveNameIsTheDriveOrTheShare) {
-  constexpr Row kRows[] = {{u"C:\\a\\b", u"C:"},
-                           {u"c:a", u"c:"},
-                           {u"\\\\server\\share\\a", u"\\\\server\\share"},
-                           {u"\\\\server\\share", u"\\\\server\\share"},
-                           {u"//server/share/a", u"//server/share"},
-                           {u"\\\\server", u"\\\\server"},
-                           {u"\\a", u""},
-                           {u"a\\b", u""},
-                           {u"", u""}};
-  for (const Row& row : kRows) EXPECT_TEXT(DriveName(row.path), row.expected) << Utf8(row.path);
+  constexpr PathRow kPaths[] = {{u"C:\\a\\b", u"C:"},
+                                {u"c:a", u"c:"},
+                                {u"\\\\server\\share\\a", u"\\\\server\\share"},
+                                {u"\\\\server\\share", u"\\\\server\\share"},
+                                {u"//server/share/a", u"//server/share"},
+                                {u"\\\\server", u"\\\\server"},
+                                {u"\\a", u""},
+                                {u"a\\b", u""},
+                                {u"", u""}};
+  for (const PathRow& row : kPaths)
+    EXPECT_TEXT(DriveName(row.path), row.expected) << Utf8(row.path);
 }
 
 TEST(WindowsPath, TheLastComponentFollowsTheLastSeparator) {
-  constexpr Row kRows[] = {{u"C:\\a\\b.mp3", u"b.mp3"}, {u"C:/a/b", u"b"}, {u"C:\\a/b", u"b"},
-                           {u"C:\\a\\", u""},           {u"a", u"a"},      {u"", u""}};
-  for (const Row& row : kRows) EXPECT_TEXT(LastComponent(row.path), row.expected) << Utf8(row.path);
+  constexpr PathRow kPaths[] = {{u"C:\\a\\b.mp3", u"b.mp3"}, {u"C:/a/b", u"b"}, {u"C:\\a/b", u"b"},
+                                {u"C:\\a\\", u""},           {u"a", u"a"},      {u"", u""}};
+  for (const PathRow& row : kPaths)
+    EXPECT_TEXT(LastComponent(row.path), row.expected) << Utf8(row.path);
 }
 
 TEST(WindowsPath, TheParentHasNoSeparatorAtItsEndButADrivesRoot) {
-  constexpr Row kRows[] = {
+  constexpr PathRow kPaths[] = {
       {u"C:\\a\\b", u"C:\\a"}, {u"C:\\a", u"C:\\"}, {u"C:\\", u"C:\\"}, {u"C:/a", u"C:/"},
       {u"C:\\a\\", u"C:\\a"},  {u"a\\b", u"a"},     {u"a", u""},        {u"", u""}};
-  for (const Row& row : kRows) EXPECT_TEXT(ParentFolder(row.path), row.expected) << Utf8(row.path);
+  for (const PathRow& row : kPaths)
+    EXPECT_TEXT(ParentFolder(row.path), row.expected) << Utf8(row.path);
 }
 
 TEST(WindowsPath, PointsAndBlanksAtTheEndOfANameDoNotMatter) {
@@ -63,7 +66,7 @@ TEST(WindowsPath, PointsAndBlanksAtTheEndOfANameDoNotMatter) {
 }
 
 TEST(WindowsPath, AbsolutePathsAreMadeAsWindowsMakesThem) {
-  constexpr Row kRows[] = {
+  constexpr PathRow kPaths[] = {
       {u"C:\\Music\\a.mp3", u"C:\\Music\\a.mp3"},
       {u"C:\\Music\\Pop\\..\\a.mp3", u"C:\\Music\\a.mp3"},
       {u"C:\\Music\\.\\a.mp3", u"C:\\Music\\a.mp3"},
@@ -91,7 +94,7 @@ TEST(WindowsPath, AbsolutePathsAreMadeAsWindowsMakesThem) {
       {u"//server/share/a", u"\\\\server\\share\\a"},
       {u"c:\\MUSIC\\a", u"c:\\MUSIC\\a"},
   };
-  for (const Row& row : kRows) {
+  for (const PathRow& row : kPaths) {
     EXPECT_TEXT(AbsolutePath(row.path, u"D:"), row.expected) << Utf8(row.path);
   }
 }

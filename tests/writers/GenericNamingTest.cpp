@@ -5,28 +5,28 @@
 namespace norvo {
 namespace {
 
-struct Row {
+struct FileNameRow {
   StringView name, file;
 };
 
-constexpr Row kRows[] = {{u"Mix.m3u", u"Mix.ini"},
-                         {u"a.b.m3u", u"a.b.ini"},
-                         {u"list", u"list.ini"},
-                         {u"list.", u"list.ini"},
-                         {u"", u".ini"},
-                         {u".", u".ini"},
-                         {u"..", u"..ini"},
-                         {u".m3u", u".ini"},
-                         {u"a.b", u"a.ini"},
-                         {u"a.c", u"a.ini"},
-                         {u"MIX.M3U", u"MIX.ini"},
-                         {u"Mix.ini", u"Mix.ini"},
-                         {u" x . y ", u" x .ini"},
-                         {u"C:\\Out.dir\\Mix", u"C:\\Out.ini"},
-                         {u"C:\\Out\\Mix.pls", u"C:\\Out\\Mix.ini"}};
+constexpr FileNameRow kFileNames[] = {{u"Mix.m3u", u"Mix.ini"},
+                                      {u"a.b.m3u", u"a.b.ini"},
+                                      {u"list", u"list.ini"},
+                                      {u"list.", u"list.ini"},
+                                      {u"", u".ini"},
+                                      {u".", u".ini"},
+                                      {u"..", u"..ini"},
+                                      {u".m3u", u".ini"},
+                                      {u"a.b", u"a.ini"},
+                                      {u"a.c", u"a.ini"},
+                                      {u"MIX.M3U", u"MIX.ini"},
+                                      {u"Mix.ini", u"Mix.ini"},
+                                      {u" x . y ", u" x .ini"},
+                                      {u"C:\\Out.dir\\Mix", u"C:\\Out.ini"},
+                                      {u"C:\\Out\\Mix.pls", u"C:\\Out\\Mix.ini"}};
 
 TEST(GenericNamingTest, WhatFollowsTheLastPointBecomesIni) {
-  for (const Row& row : kRows) {
+  for (const FileNameRow& row : kFileNames) {
     SCOPED_TRACE(Utf8(row.name));
     EXPECT_TEXT(PlayListToIni(row.name), row.file);
   }
@@ -37,7 +37,7 @@ using GenericNamingMemberTest = LibraryTest;
 TEST_F(GenericNamingMemberTest, TheMemberOfTheControllerFollowsTheSameRule) {
   const ObjectRef controller = component.Create(u"helperMan");
   platform->Log().Clear();
-  for (const Row& row : kRows) {
+  for (const FileNameRow& row : kFileNames) {
     SCOPED_TRACE(Utf8(row.name));
     std::vector<Variant> arguments{String(row.name)};
     EXPECT_TEXT(ToText(controller->Call(u"PlayListToIni", arguments)), row.file);

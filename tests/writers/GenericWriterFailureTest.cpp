@@ -7,8 +7,6 @@
 namespace norvo {
 namespace {
 
-constexpr StringView kDataArea = u"C:\\My Documents\\Norvo Media\\KVs\\";
-
 /// A machine of its own with a playlist of two entries and, where it will be written, an old file.
 class Machine {
  public:

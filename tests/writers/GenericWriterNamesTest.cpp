@@ -4,8 +4,6 @@
 namespace norvo {
 namespace {
 
-constexpr StringView kDataArea = u"C:\\My Documents\\Norvo Media\\KVs\\";
-
 class GenericWriterNamesTest : public LibraryTest {
  protected:
   GenericWriterNamesTest() {

@@ -7,8 +7,6 @@ namespace {
 
 using namespace std::string_literals;
 
-constexpr StringView kDataArea = u"C:\\My Documents\\Norvo Media\\KVs\\";
-
 class GenericWriterTest : public LibraryTest {
  protected:
   GenericWriterTest() { platform->ConfigureProduct(); }

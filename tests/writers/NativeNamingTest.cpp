@@ -7,7 +7,7 @@ namespace {
 
 using namespace std::string_literals;
 
-constexpr StringView kRoot = u"C:\\My Documents\\Norvo Media\\PlayLists\\";
+constexpr StringView kNativeRoot = u"C:\\My Documents\\Norvo Media\\PlayLists\\";
 
 class NativeNamingTest : public LibraryTest {
  protected:
@@ -21,7 +21,7 @@ class NativeNamingTest : public LibraryTest {
   /// The path behind the destination root.
   std::string NewPath(StringView fileName, std::int32_t type = 3) {
     const std::string path = Call(String(fileName), type);
-    const std::string root = Utf8(kRoot);
+    const std::string root = Utf8(kNativeRoot);
     EXPECT_TRUE(path.starts_with(root)) << path;
     return path.substr(std::min(root.size(), path.size()));
   }
@@ -29,14 +29,14 @@ class NativeNamingTest : public LibraryTest {
   const ObjectRef playlist = component.Create(u"PlayList");
 };
 
-struct TypeRow {
+struct FolderRow {
   std::int32_t type;
   const char* path;
   const char16_t* folder;
 };
 
 TEST_F(NativeNamingTest, FolderAndExtensionFollowTheType) {
-  constexpr TypeRow kRows[] = {
+  constexpr FolderRow kRows[] = {
       {1, "Windows Media Player\\Mix.asx", u"Windows Media Player"},
       {2, "Windows Media Player\\Mix.m3u", u"Windows Media Player"},
       {3, "WinAmp\\Mix.m3u", u"WinAmp"},
@@ -44,9 +44,9 @@ TEST_F(NativeNamingTest, FolderAndExtensionFollowTheType) {
       {5, "Sonique\\Mix.pls", u"Sonique"},
       {6, "MusicMatch Jukebox\\Mix.m3u", u"MusicMatch Jukebox"},
   };
-  for (const TypeRow& row : kRows) {
+  for (const FolderRow& row : kRows) {
     EXPECT_EQ(NewPath(u"Mix.old.wav", row.type), row.path);
-    EXPECT_TRUE(platform->HasFolder(String(kRoot) + row.folder)) << row.path;
+    EXPECT_TRUE(platform->HasFolder(String(kNativeRoot) + row.folder)) << row.path;
   }
   EXPECT_EQ(platform->Files().AllFiles().size(), 1u);  // the sub-names: no file was made
   EXPECT_TRUE(log.empty());
@@ -56,18 +56,18 @@ TEST_F(NativeNamingTest, AnUnknownTypeHasNeitherFolderNorExtension) {
   for (const std::int32_t type : {0, 7, -1, 2147483647}) {
     EXPECT_EQ(NewPath(u"Mix.m3u", type), "\\Mix") << type;
   }
-  EXPECT_TRUE(platform->HasFolder(kRoot));
-  platform->AddFile(String(kRoot) + u"Mix", "x");
+  EXPECT_TRUE(platform->HasFolder(kNativeRoot));
+  platform->AddFile(String(kNativeRoot) + u"Mix", "x");
   EXPECT_EQ(NewPath(u"Mix.m3u", 0), "\\Mix1");
 }
 
-struct NameRow {
+struct NativeNameRow {
   const char16_t* given;
   const char* base;
 };
 
 TEST_F(NativeNamingTest, ANameIsCutAtItsFirstPointAndCleaned) {
-  constexpr NameRow kRows[] = {
+  constexpr NativeNameRow kRows[] = {
       {u"Mix.m3u", "Mix"},
       {u"Mix.old.m3u", "Mix"},
       {u"Mix.", "Mix"},
@@ -84,7 +84,7 @@ TEST_F(NativeNamingTest, ANameIsCutAtItsFirstPointAndCleaned) {
       {u"C:\\Music\\Mix.m3u", "C\\Music\\Mix"},
       {u"Größe-&-\"音楽\".m3u", "Größe-&-\"音楽\""},
   };
-  for (const NameRow& row : kRows) {
+  for (const NativeNameRow& row : kRows) {
     EXPECT_EQ(NewPath(row.given), "WinAmp\\" + std::string(row.base) + ".m3u") << Utf8(row.given);
   }
 }
@@ -94,7 +94,7 @@ TEST_F(NativeNamingTest, ANameWithoutAPointIsAnInvalidArgument) {
     EXPECT_EQ(NumberRaisedBy([&] { Call(String(name), std::int32_t{3}); }), error::kInvalidArgument)
         << Utf8(name);
   }
-  EXPECT_FALSE(platform->HasFolder(kRoot));
+  EXPECT_FALSE(platform->HasFolder(kNativeRoot));
 }
 
 TEST_F(NativeNamingTest, NumbersPileUpUntilNoFileHasTheName) {
@@ -102,7 +102,7 @@ TEST_F(NativeNamingTest, NumbersPileUpUntilNoFileHasTheName) {
        {"WinAmp\\Mix.m3u", "WinAmp\\Mix1.m3u", "WinAmp\\Mix12.m3u", "WinAmp\\Mix123.m3u"}) {
     const std::string path = NewPath(u"Mix.m3u");
     EXPECT_EQ(path, expected);
-    platform->AddFile(String(kRoot) + String(path.begin(), path.end()), "x");
+    platform->AddFile(String(kNativeRoot) + String(path.begin(), path.end()), "x");
   }
   EXPECT_EQ(NewPath(u"Mix.m3u", 4), "WinAmp\\Mix.pls");
   EXPECT_EQ(NewPath(u"Mix.m3u", 6), "MusicMatch Jukebox\\Mix.m3u");
@@ -111,12 +111,12 @@ TEST_F(NativeNamingTest, NumbersPileUpUntilNoFileHasTheName) {
 }
 
 TEST_F(NativeNamingTest, ANameOfPunctuationAloneIsNumberedToo) {
-  platform->AddFile(String(kRoot) + u"WinAmp\\.m3u", "x");
+  platform->AddFile(String(kNativeRoot) + u"WinAmp\\.m3u", "x");
   EXPECT_EQ(NewPath(u"(!).m3u"), "WinAmp\\1.m3u");
 }
 
 TEST_F(NativeNamingTest, OnlyAFileTakesAName) {
-  platform->AddFolder(String(kRoot) + u"WinAmp\\Mix.m3u");
+  platform->AddFolder(String(kNativeRoot) + u"WinAmp\\Mix.m3u");
   EXPECT_EQ(NewPath(u"Mix.m3u"), "WinAmp\\Mix.m3u");
 }
 
@@ -124,7 +124,8 @@ TEST_F(NativeNamingTest, ThousandsOfNamesMayBeTaken) {
   constexpr int kTaken = 2000;
   std::string base = "Mix";
   for (int i = 1; i <= kTaken; ++i) {
-    platform->AddFile(String(kRoot) + u"WinAmp\\" + String(base.begin(), base.end()) + u".m3u", "");
+    platform->AddFile(
+        String(kNativeRoot) + u"WinAmp\\" + String(base.begin(), base.end()) + u".m3u", "");
     base += std::to_string(i);
   }
   EXPECT_EQ(NewPath(u"Mix.m3u"), "WinAmp\\" + base + ".m3u");
@@ -157,14 +158,14 @@ TEST_F(NativeNamingTest, TheDestinationIsTheFifthSubName) {
 TEST_F(NativeNamingTest, AFolderThatCannotBeMadeIsLoggedAndTheFirstNameGiven) {
   platform->Files().Deny(u"C:\\My Documents\\Norvo Media");
   EXPECT_EQ(NewPath(u"Mix.m3u"), "WinAmp\\Mix.m3u");
-  EXPECT_FALSE(platform->HasFolder(kRoot));
+  EXPECT_FALSE(platform->HasFolder(kNativeRoot));
   EXPECT_EQ(Utf8(log), Lines({" NVServices::CreatePath -> ERROR!!!  Permission denied",
                               " NVServices::CreatePath -> ERROR!!!  Path not found"}));
 }
 
 TEST_F(NativeNamingTest, ADiskThatCannotTellOfAFileGivesTheNameInHand) {
-  platform->AddFile(String(kRoot) + u"WinAmp\\Mix.m3u", "x");
-  platform->AddFile(String(kRoot) + u"WinAmp\\Mix1.m3u", "x");
+  platform->AddFile(String(kNativeRoot) + u"WinAmp\\Mix.m3u", "x");
+  platform->AddFile(String(kNativeRoot) + u"WinAmp\\Mix1.m3u", "x");
   platform->FailOn(u"FactsOf", 2, error::kDeviceInputOutput);
   EXPECT_EQ(NewPath(u"Mix.m3u"), "WinAmp\\Mix1.m3u");
   EXPECT_EQ(Utf8(log), Lines({"NVServices::DoesFileExist -> ERROR!!!  Device I/O error"}));
@@ -173,11 +174,11 @@ TEST_F(NativeNamingTest, ADiskThatCannotTellOfAFileGivesTheNameInHand) {
 TEST_F(NativeNamingTest, TheArgumentsStayAndAreConverted) {
   std::vector<Variant> arguments{String(u"My_Mix.m3u"), String(u"3")};
   EXPECT_TEXT(ToText(playlist->Call(u"GetNewPlayListPath", arguments)),
-              String(kRoot) + u"WinAmp\\My Mix.m3u");
+              String(kNativeRoot) + u"WinAmp\\My Mix.m3u");
   EXPECT_EQ(arguments, (std::vector<Variant>{String(u"My_Mix.m3u"), String(u"3")}));
   EXPECT_EQ(NumberRaisedBy([&] { Call(String(u"Mix.m3u"), String(u"x")); }), error::kTypeMismatch);
   EXPECT_EQ(NumberRaisedBy([&] { Call(String(u"Mix.m3u"), 3e9); }), error::kOverflow);
-  EXPECT_EQ(Call(12.5, std::int32_t{3}), Utf8(kRoot) + "WinAmp\\12.m3u");
+  EXPECT_EQ(Call(12.5, std::int32_t{3}), Utf8(kNativeRoot) + "WinAmp\\12.m3u");
 }
 
 }  // namespace
