@@ -8,14 +8,14 @@
 namespace norvo::cli {
 namespace {
 
-struct Row {
+struct FaultRow {
   MoveFault fault;
   const char* subject;
   const char* detail;
   const char* text;
 };
 
-const Row kRows[] = {
+const FaultRow kFaults[] = {
     {MoveFault::GroupRootNotFull, "Media", "",
      R"(--group-root Media is no full path of the machine, such as D:\Norvo Media\)"},
     {MoveFault::GroupRootUnusable, "Media", "",
@@ -151,7 +151,7 @@ const Row kRows[] = {
 };
 
 TEST(ErrorWords, EachFaultSaysWhatIsWrongAndWhatToDo) {
-  for (const Row& row : kRows) {
+  for (const FaultRow& row : kFaults) {
     EXPECT_EQ(TextOf(MoveError(row.fault, row.subject, row.detail)), row.text);
   }
 }
@@ -164,9 +164,9 @@ TEST(ErrorWords, WhatIsNeededAndWhatIsFreeIsTold) {
 
 TEST(ErrorWords, NoFaultIsForgottenHere) {
   for (int fault = 0; fault <= static_cast<int>(MoveFault::NoDriveFolder); ++fault) {
-    const bool found = std::any_of(std::begin(kRows), std::end(kRows), [fault](const Row& row) {
-      return static_cast<int>(row.fault) == fault;
-    });
+    const bool found =
+        std::any_of(std::begin(kFaults), std::end(kFaults),
+                    [fault](const FaultRow& row) { return static_cast<int>(row.fault) == fault; });
     EXPECT_TRUE(found) << fault;
   }
 }
