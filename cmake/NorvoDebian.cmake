@@ -9,7 +9,7 @@ configure_file(packaging/debian/changelog.in changelog.Debian @ONLY)
 function(norvo_debian_papers component package)
   set(folder "${CMAKE_INSTALL_DATADIR}/doc/${package}")
   install(FILES packaging/debian/copyright "${PROJECT_BINARY_DIR}/changelog.Debian"
-      packaging/THIRD-PARTY-NOTICES.md SECURITY.md
+      docs/THIRD-PARTY-NOTICES.md SECURITY.md
     DESTINATION "${folder}" COMPONENT ${component} EXCLUDE_FROM_ALL)
   install(FILES CHANGELOG.md RENAME changelog
     DESTINATION "${folder}" COMPONENT ${component} EXCLUDE_FROM_ALL)

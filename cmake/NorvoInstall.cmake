@@ -34,18 +34,19 @@ install(FILES "${PROJECT_BINARY_DIR}/NorvoPlayListConfig.cmake"
 # The component "windows": the automation library (src/com adds its files), the program, and what
 # comes with them. cmake/WindowsPackage.cmake joins those of both bitnesses.
 if(WIN32)
-  add_custom_target(norvo_windows DEPENDS norvo_dll)
+  add_custom_target(norvo_windows ALL DEPENDS norvo_dll manual)
   if(TARGET norvo-playlists)
     add_dependencies(norvo_windows norvo-playlists)
     install(TARGETS norvo-playlists
-      RUNTIME DESTINATION ${NORVO_WINDOWS_FOLDER} COMPONENT windows EXCLUDE_FROM_ALL OPTIONAL)
+      RUNTIME DESTINATION ${NORVO_WINDOWS_FOLDER} COMPONENT windows EXCLUDE_FROM_ALL)
   endif()
   install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples/automation"
     DESTINATION examples COMPONENT windows EXCLUDE_FROM_ALL)
-  install(FILES "${PROJECT_SOURCE_DIR}/docs/automation.md"
-    DESTINATION docs COMPONENT windows EXCLUDE_FROM_ALL)
-  install(FILES README.md CHANGELOG.md LICENSE
+  install(DIRECTORY "${PROJECT_BINARY_DIR}/manual/"
     DESTINATION . COMPONENT windows EXCLUDE_FROM_ALL)
+  install(FILES LICENSE
+    DESTINATION . COMPONENT windows EXCLUDE_FROM_ALL)
+  include(NorvoLicenses)
 elseif(PROJECT_IS_TOP_LEVEL)
   include(NorvoDebian)
 endif()

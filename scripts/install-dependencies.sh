@@ -10,22 +10,23 @@ packages="g++ cmake ninja-build libcli11-dev nlohmann-json3-dev python3 git
           libpugixml-dev libtag1-dev libutf8proc-dev"
 # What the static TagLib is built with.
 static="dpkg-dev libutfcpp-dev zlib1g-dev"
+# What writes the manual's pages, which all packages have.
+manual=cmark-gfm
 # For Windows: compilers, what its libraries are built with, the IDL compiler with the files that it
 # imports, and what runs the result.
 windows="g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev
-         dpkg-dev libutfcpp-dev wine64 wine googletest"
-# The manual's pages in all packages; what makes and tries Debian's.
-manual=cmark-gfm
+         dpkg-dev libutfcpp-dev wine64 wine googletest $manual"
+# What makes and tries Debian's packages.
 debian="$manual dpkg-dev doxygen lintian mmdebstrap man-db"
 case ${1:-} in
 static) packages="$packages $static" ;;
 windows) packages="$packages $windows" ;;
 debian-packages) packages="$packages $debian" ;;
-windows-packages) packages="$packages $windows $manual nsis" ;;
+windows-packages) packages="$packages $windows nsis" ;;
 test)
     packages="$packages $static $windows libgtest-dev libbenchmark-dev clang libclang-rt-14-dev
               clang-format strace valgrind python3-gi gir1.2-totemplparser-1.0
-              doxygen pkg-config chromium chromium-driver man-db zsh fish $manual mono-mcs"
+              doxygen pkg-config chromium chromium-driver man-db zsh fish mono-mcs"
     ;;
 esac
 

@@ -13,7 +13,7 @@ import sys
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
-TEXTS = ["README.md", "CHANGELOG.md", "SECURITY.md", "packaging/THIRD-PARTY-NOTICES.md",
+TEXTS = ["README.md", "CHANGELOG.md", "SECURITY.md", "docs/THIRD-PARTY-NOTICES.md",
          "docs/automation.md", *sorted(str(path.relative_to(ROOT))
                                        for path in (ROOT / "docs/manual").rglob("*.md"))]
 HEADING = re.compile(r"<h([1-6])>(.*?)</h\1>", re.S)

@@ -3,6 +3,7 @@
 package (--zip FILE), or those that one build would put there (--build DIR --folder x64|x86)."""
 
 import argparse
+import re
 import struct
 import subprocess
 import sys
@@ -14,10 +15,15 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[2]
 OPTIONS = None
 FOLDERS = {"x64": 0x8664, "x86": 0x014C}  # and the processor that the programs in it are for
-SHARED = {"README.md", "CHANGELOG.md", "LICENSE", "docs/automation.md", "include/NorvoPlayList.h"}
+SHARED = {"LICENSE", "include/NorvoPlayList.h"}
 EXAMPLES = "examples/automation"
-REQUIRED = {"NorvoPlayList.dll", "NorvoPlayList.tlb"}
-OPTIONAL = {"NorvoPlayList.manifest", "norvo-playlists.exe"}
+PROGRAMS = ("NorvoPlayList.dll", "norvo-playlists.exe")
+REQUIRED = {"NorvoPlayList.tlb", "NorvoPlayList.manifest", *PROGRAMS}
+# Its licence, and where Debian states it.
+LICENSES = {"CLI11": "doc/libcli11-dev/copyright", "TagLib": "doc/libtag1-dev/copyright",
+            "nlohmann-json": "doc/nlohmann-json3-dev/copyright",
+            "pugixml": "doc/libpugixml-dev/copyright", "utf8proc": "doc/libutf8proc-dev/copyright",
+            "mingw-w64": "doc/mingw-w64-common/copyright", "MPL-1.1": "common-licenses/MPL-1.1"}
 
 
 def read_zip(path):
@@ -46,6 +52,43 @@ def processor_of(program):
     return struct.unpack_from("<H", program, header + 4)[0]
 
 
+def manual():
+    """The pages by name."""
+    with tempfile.TemporaryDirectory() as folder:
+        pages = Path(folder) / "pages"
+        subprocess.run([ROOT / "scripts/make-manual-pages.py", pages], check=True)
+        return {path.relative_to(pages).as_posix(): path.read_bytes()
+                for path in pages.rglob("*") if path.is_file()}
+
+
+def project_version():
+    return re.search(r"^project\(\w+ VERSION (\S+)", (ROOT / "CMakeLists.txt").read_text(), re.M)[1]
+
+
+def version_texts(program):
+    """What the version resource says, by name; each value stands at a multiple of 4 bytes."""
+    texts = {}
+    for name in ("FileVersion", "ProductVersion", "OriginalFilename", "LegalCopyright"):
+        key = (name + "\0").encode("utf-16-le")
+        place = program.index(key) + len(key)
+        while program[place:place + 2] == b"\0\0":
+            place += 2
+        end = place
+        while program[end:end + 2] != b"\0\0":
+            end += 2
+        texts[name] = program[place:end].decode("utf-16-le")
+    return texts
+
+
+def version_numbers(program):
+    """File's and product's, of the fixed part of the resource."""
+    place = program.index("VS_VERSION_INFO\0".encode("utf-16-le"))
+    place = program.index(struct.pack("<I", 0xFEEF04BD), place)
+    numbers = struct.unpack_from("<IIII", program, place + 8)
+    return {f"{high >> 16}.{high & 0xFFFF}.{low >> 16}.{low & 0xFFFF}"
+            for high, low in (numbers[:2], numbers[2:])}
+
+
 class Package(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
@@ -56,16 +99,43 @@ class Package(unittest.TestCase):
         examples = {path.relative_to(ROOT).as_posix()
                     for path in (ROOT / EXAMPLES).rglob("*") if path.is_file()}
         self.assertTrue(examples)
-        required = SHARED | examples
+        required = SHARED | examples | set(manual())
+        required |= {f"licenses/{name}.txt" for name in LICENSES}
         required |= {f"{folder}/{name}" for folder in self.folders for name in REQUIRED}
-        optional = {f"{folder}/{name}" for folder in self.folders for name in OPTIONAL}
-        self.assertEqual(set(self.files) - optional, required)
+        self.assertEqual(set(self.files), required)
 
-    def test_both_bitnesses_have_the_same_files(self):
-        contents = [{name.partition("/")[2] for name in self.files if name.startswith(folder + "/")}
-                    for folder in self.folders]
-        for each in contents:
-            self.assertEqual(each, contents[0])
+    def test_programs_tell_the_projects_version(self):
+        version = project_version()
+        for folder in self.folders:
+            for name in PROGRAMS:
+                with self.subTest(f"{folder}/{name}"):
+                    program = self.files[f"{folder}/{name}"]
+                    texts = version_texts(program)
+                    self.assertEqual(texts["FileVersion"], version)
+                    self.assertEqual(texts["ProductVersion"], version)
+                    self.assertEqual(texts["OriginalFilename"], name)
+                    self.assertIn("authors", texts["LegalCopyright"])
+                    self.assertEqual(version_numbers(program), {version + ".0"})
+            manifest = self.files[f"{folder}/NorvoPlayList.manifest"].decode()
+            self.assertIn(f'name="NorvoPlayList" version="{version}.0"', manifest)
+        if OPTIONS.zip:
+            self.assertEqual(Path(OPTIONS.zip).name, f"NorvoPlayList-{version}-windows.zip")
+
+    def test_programs_have_the_icon(self):
+        with tempfile.TemporaryDirectory() as folder:
+            icon = Path(folder) / "norvo.ico"
+            subprocess.run([ROOT / "scripts/make-icon.py", icon], check=True)
+            drawn = icon.read_bytes()
+        for i in range(struct.unpack_from("<H", drawn, 4)[0]):
+            size, place = struct.unpack_from("<II", drawn, 6 + 16 * i + 8)
+            for folder in self.folders:
+                for name in PROGRAMS:
+                    self.assertIn(drawn[place:place + size], self.files[f"{folder}/{name}"])
+
+    def test_licences_are_those_that_debian_states(self):
+        for name, source in LICENSES.items():
+            self.assertEqual(self.files[f"licenses/{name}.txt"],
+                             Path("/usr/share", source).read_bytes())
 
     def test_programs_are_for_the_processor_of_their_folder(self):
         for name, content in self.files.items():
@@ -83,11 +153,12 @@ class Package(unittest.TestCase):
                     self.assertNotIn(place.encode("utf-16-le"), content)
 
     def test_texts_are_those_of_the_project(self):
+        pages = manual()
         for name in self.files:
-            if name == "include/NorvoPlayList.h" or name.partition("/")[0] in FOLDERS:
+            if name == "include/NorvoPlayList.h" or name.partition("/")[0] in (*FOLDERS, "licenses"):
                 continue
             with self.subTest(name):
-                self.assertEqual(self.files[name], (ROOT / name).read_bytes())
+                self.assertEqual(self.files[name], pages.get(name) or (ROOT / name).read_bytes())
 
 
 def main():
