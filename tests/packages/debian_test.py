@@ -99,7 +99,7 @@ class InstalledProgram(PackageCase):
                      "bash-completion/completions/norvo-playlists",
                      "zsh/vendor-completions/_norvo-playlists",
                      "fish/vendor_completions.d/norvo-playlists.fish",
-                     "doc/norvo-playlists/html/docs/manual/moving.html"):
+                     "doc/norvo-playlists/html/docs/manual/index.html"):
             self.assertTrue((share / name).is_file(), name)
         self.check_papers()
 
