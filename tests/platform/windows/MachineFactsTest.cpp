@@ -126,7 +126,7 @@ TEST_F(MachineFactsTest, TheCodePageIsTheSystems) {
 }
 
 TEST_F(MachineFactsTest, TheScannerWalksTheDisks) {
-  struct OneFolder final : ScanVisitor {
+  struct VisitedFolder final : ScanVisitor {
     bool EnterFolder(StringView path) override {
       folders.emplace_back(path);
       return false;
