@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/files/SystemCalls.h"
 #include "readahead/PlaylistReferences.h"
 #include "text/WindowsPath.h"
 
@@ -12,6 +13,8 @@ ReadAhead::ReadAhead(HostedPlatform& machine)
       roots_(machine.DriveFolders()),
       songs_(roots_),
       folders_(roots_, [this](String playlist) { songs_.Add(std::move(playlist)); }) {
+  // Nobody could tell then what is in the system's memory already, and all would be read twice.
+  if (!DiskWaits()) return;
   machine_.SetListingSink([this](StringView folder, std::span<const FolderItem> items) {
     try {
       OnListed(folder, items);

@@ -12,7 +12,8 @@ namespace norvo {
 /// system's memory what it would otherwise wait for: the folders that a walk over the drives will
 /// come to, and the songs of the playlists in there. Nothing that is read here is used: what it
 /// misses, or finds other than the work does later, has no effect. The disk's files and their times
-/// stay as they are, where the system lets them.
+/// stay as they are, where the system lets them. A system that does not tell whether something had
+/// to be waited for, such as Windows, is left alone.
 class ReadAhead {
  public:
   /// Follows the machine, which must outlive this, by what it lists.
