@@ -128,10 +128,10 @@ void HostedFileSystem::RemoveFile(StringView path, bool force) {
   resolver_.Changed(*entry->drive, ParentOf(entry->path));
 }
 
-/// Opens what a path names; nothing when there is nothing. What is no file, such as a pipe, is to
-/// be turned down by the caller.
-std::optional<HostedFileSystem::Opened> HostedFileSystem::OpenExisting(StringView path,
-                                                                       OpenMode mode) {
+/// Opens what stands just where a path says, without a look at the folder; nothing when there is
+/// nothing, or when it is spelled otherwise on the disk.
+std::optional<HostedFileSystem::Opened> HostedFileSystem::OpenAsSpelled(StringView path,
+                                                                        OpenMode mode) {
   const bool asFolder = !path.empty() && IsSeparator(path.back());
   // What is remembered serves one opening, and never grows old.
   std::optional<DrivePath> guess;
@@ -142,13 +142,20 @@ std::optional<HostedFileSystem::Opened> HostedFileSystem::OpenExisting(StringVie
   } else if (!asFolder) {
     guess = resolver_.Guess(path);
   }
-  if (guess) {
-    FileResult<SystemFile> file = OpenBeneath(guess->drive->Root(), guess->path, mode);
-    if (file) return Opened{std::move(*guess), std::move(*file), wasSeen};
-    if (file.Failure().kind == Kind::AccessDenied) {
-      RaiseFileError(file.Failure(), Subject::File, path);
-    }
+  if (!guess) return std::nullopt;
+  FileResult<SystemFile> file = OpenBeneath(guess->drive->Root(), guess->path, mode);
+  if (file) return Opened{std::move(*guess), std::move(*file), wasSeen};
+  if (file.Failure().kind == Kind::AccessDenied) {
+    RaiseFileError(file.Failure(), Subject::File, path);
   }
+  return std::nullopt;
+}
+
+/// Opens what a path names; nothing when there is nothing. What is no file, such as a pipe, is to
+/// be turned down by the caller.
+std::optional<HostedFileSystem::Opened> HostedFileSystem::OpenExisting(StringView path,
+                                                                       OpenMode mode) {
+  if (std::optional<Opened> opened = OpenAsSpelled(path, mode)) return opened;
   const std::optional<DiskEntry> entry = resolver_.Find(path);
   if (!entry || entry->record.kind != FileRecord::Kind::File) return std::nullopt;
   FileResult<SystemFile> file = OpenBeneath(entry->drive->Root(), entry->RealPath(), mode);
@@ -199,7 +206,7 @@ std::unique_ptr<AppendFile> HostedFileSystem::OpenForAppending(StringView path, 
 }
 
 std::unique_ptr<SharedFile> HostedFileSystem::OpenShared(StringView path) {
-  std::optional<Opened> opened = OpenExisting(path, OpenMode::Share);
+  std::optional<Opened> opened = OpenAsSpelled(path, OpenMode::Share);
   if (!opened) {
     MakeFolderOf(path);
     opened = Create(path, OpenMode::CreateToShare);

@@ -71,6 +71,7 @@ class HostedFileSystem final : public FileSystem, public SharedFiles {
     SystemFile file;
     bool wasSeen = false;  ///< by the look-up just before, whose size holds
   };
+  std::optional<Opened> OpenAsSpelled(StringView path, OpenMode mode);
   std::optional<Opened> OpenExisting(StringView path, OpenMode mode);
   Opened Create(StringView path, OpenMode mode);
   void Flush(std::span<const String> paths);
