@@ -138,7 +138,8 @@ class Setup {
   /// Gives the hive that has taken the value. Only an administrator may write to Windows' own; the
   /// user's is read first, and so is as good for him.
   Hive Put(Hive hive, const String& key, StringView name, const RegistryValue& value) {
-    if (TryToPut(hive, key, name, value)) return hive;
+    // A failure that passes, as of a disk, is no refusal.
+    if (TryToPut(hive, key, name, value) || TryToPut(hive, key, name, value)) return hive;
     const bool isTaken = hive == Hive::LocalMachine && RepeatForUser() &&
                          TryToPut(Hive::CurrentUser, key, name, value);
     if (!isTaken) throw MoveError(MoveFault::RegistryUnwritable);
