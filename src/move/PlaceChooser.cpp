@@ -195,18 +195,26 @@ String PlaceChooser::FullPlace(const MovedSong& song, const EntryAnswer& names) 
     return name.empty() ? name : PortableName(name, nullptr);
   };
   full = {{}, portable(full.artist), portable(full.album), portable(full.fileName)};
-  const String fileName = full.fileName;
-  String place = entries_.Ask(full).place;
+  const std::optional<String> place = FreePlace(song, full);
+  if (place) return *place;
+  // What stands where the folders should be, or may not be seen, is not in the way of the name.
+  return FreePlace(song, {{}, {}, {}, full.fileName}).value_or(song.plainPlace);
+}
+
+/// The first of the numbered names that is free and that the page cannot tell.
+std::optional<String> PlaceChooser::FreePlace(const MovedSong& song, EntryAnswer names) {
+  const CodePage& page = library_.Machine().AnsiPage();
+  const String fileName = names.fileName;
+  String place = entries_.Ask(names).place;
   int& mark = nextMarks_.try_emplace(Fold(place), 2).first->second;
-  for (; mark < kMostNumbers; ++mark) {
-    if (page.Fits(place)) break;
+  for (; mark < kMostNumbers && !page.Fits(place); ++mark) {
     const Fault fault = Judge(song, place, Spelling::Any);
     if (fault == Fault::None) return place;
     if (fault != Fault::Taken || HasOnlyUnseen(mark, place)) break;
-    full.fileName = NumberedName(fileName, mark);
-    place = entries_.Ask(full).place;
+    names.fileName = NumberedName(fileName, mark);
+    place = entries_.Ask(names).place;
   }
-  return song.plainPlace;
+  return std::nullopt;
 }
 
 /// From now on no other song can have the place.

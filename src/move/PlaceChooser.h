@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <set>
 #include <string>
 #include <unordered_map>
@@ -59,6 +60,7 @@ class PlaceChooser {
   void Settle(std::size_t number, MovedSong& song, const EntryAnswer& answer,
               const String& knownFull = {});
   String FullPlace(const MovedSong& song, const EntryAnswer& names);
+  std::optional<String> FreePlace(const MovedSong& song, EntryAnswer names);
   void Occupy(std::size_t number, MovedSong& song, const String& place);
   Fault Judge(const MovedSong& song, const String& place, Spelling spelling = Spelling::Plain);
   bool IsBlocked(const String& place);

@@ -83,6 +83,18 @@ TEST_F(CompanionTest, ALaterRunKeepsBothNamesOfASongWhateverHasComeSince) {
   EXPECT_TRUE(again.IsWhole());
 }
 
+TEST_F(CompanionTest, AFileWhereItsFolderShouldBeLeavesASongItsOwnName) {
+  machines.AddSong(u"C:\\Music\\Песня.mp3");
+  machines.from->AddFile(u"C:\\Mix.m3u8",
+                         "#EXTM3U\r\n#EXTINF:1,Кино - Ночь\r\nC:\\Music\\Песня.mp3\r\n");
+  machines.to->AddFile(u"C:\\My Documents\\Norvo Media\\Music\\Кино", "of the user");
+  const MoveResult move = machines.Run();
+  ASSERT_EQ(move.songs.size(), 1u);
+  EXPECT_TEXT(move.songs[0].place, u"C:\\My Documents\\Norvo Media\\Music\\Песня.mp3");
+  EXPECT_TEXT(move.songs[0].plainPlace, u"C:\\My Documents\\Norvo Media\\Music\\____\\_____.mp3");
+  EXPECT_TRUE(move.IsWhole());
+}
+
 TEST_F(CompanionTest, APlainNameThatCannotBeGivenIsToldOf) {
   machines.AddSong(u"C:\\Music\\Песня.mp3");
   machines.from->AddFile(u"C:\\Mix.m3u8", "C:\\Music\\Песня.mp3\r\n");
