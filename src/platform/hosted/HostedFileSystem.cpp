@@ -145,22 +145,22 @@ std::optional<HostedFileSystem::Opened> HostedFileSystem::OpenAsSpelled(StringVi
   if (!guess) return std::nullopt;
   FileResult<SystemFile> file = OpenBeneath(guess->drive->Root(), guess->path, mode);
   if (file) return Opened{std::move(*guess), std::move(*file), wasSeen};
-  if (file.Failure().kind == Kind::AccessDenied) {
-    RaiseFileError(file.Failure(), Subject::File, path);
-  }
-  return std::nullopt;
+  if (file.Failure().kind != Kind::AccessDenied) return std::nullopt;
+  RaiseFileError(file.Failure(), Subject::File, path);
 }
 
 /// Opens what a path names; nothing when there is nothing. What is no file, such as a pipe, is to
 /// be turned down by the caller.
 std::optional<HostedFileSystem::Opened> HostedFileSystem::OpenExisting(StringView path,
                                                                        OpenMode mode) {
-  if (std::optional<Opened> opened = OpenAsSpelled(path, mode)) return opened;
+  std::optional<Opened> opened = OpenAsSpelled(path, mode);
+  if (opened) return opened;
   const std::optional<DiskEntry> entry = resolver_.Find(path);
-  if (!entry || entry->record.kind != FileRecord::Kind::File) return std::nullopt;
+  if (!entry || entry->record.kind != FileRecord::Kind::File) return opened;
   FileResult<SystemFile> file = OpenBeneath(entry->drive->Root(), entry->RealPath(), mode);
   if (!file) RaiseFileError(file.Failure(), Subject::File, path);
-  return Opened{{entry->drive, entry->RealPath()}, std::move(*file), false};
+  opened = Opened{{entry->drive, entry->RealPath()}, std::move(*file), false};
+  return opened;
 }
 
 std::unique_ptr<BinaryFile> HostedFileSystem::OpenForReading(StringView path) {

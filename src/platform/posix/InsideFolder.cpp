@@ -130,7 +130,7 @@ FileResult<SystemFile> OpenInside(const SystemFile& root, const std::string& pat
 InsideFolder::InsideFolder(const SystemFile& root, const std::string& path)
     : root_(root), name_(path.c_str() + (path.size() - LeafOf(path).size())) {
   const std::string_view folder = ParentOf(path);
-  if (LeafOf(path) == "..") failure_ = FailureOf(EXDEV);
+  if (std::string_view(name_) == "..") failure_ = FailureOf(EXDEV);
   if (folder.empty() || failure_) return;
   // Part by part it takes a view of the path, which spares the copy that the call itself needs.
   FileResult<SystemFile> opened = OpensAtOneStroke()
