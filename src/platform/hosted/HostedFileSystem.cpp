@@ -191,7 +191,7 @@ HostedFileSystem::Opened HostedFileSystem::Create(StringView path, OpenMode mode
   DrivePath made = there ? DrivePath{there->drive, there->RealPath()} : PathOfNew(*folder, path);
   FileResult<SystemFile> file = OpenBeneath(made.drive->Root(), made.path, mode);
   if (!file) RaiseFileError(file.Failure(), Subject::File, path);
-  resolver_.Changed(*folder->drive, folder->path);
+  if (!there) resolver_.Written(made);
   return {std::move(made), std::move(*file), false};
 }
 
