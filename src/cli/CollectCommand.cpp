@@ -39,8 +39,9 @@ class CollectObserver final : public ConsoleObserver {
   }
   void OnCollected(const CollectedPlaylist& playlist) override {
     const std::string failure = FailureText(playlist);
-    if (!failure.empty() && !IsToldUnread(playlist.path))
+    if (!failure.empty() && !IsToldUnread(playlist.path)) {
       Out().LeftOut(ToUtf8(playlist.path) + ": " + failure);
+    }
   }
   void OnReplaced(const CollectedPlaylist& earlier, const CollectedPlaylist& later) override {
     Out().LeftOut(ToUtf8(earlier.path) + ": its neutral file is replaced by that of " +

@@ -96,8 +96,9 @@ VerifiedPlaylist NativeReader::Read(const String& path) {
   ReferenceWatcher watcher(library_.Files());
   try {
     if (!ReadByLibrary(library_, path, watcher)) watcher.references = {};  // to have the room
-    if (IsAnswered(watcher.references))
+    if (IsAnswered(watcher.references)) {
       return {path, std::move(watcher.references), true, {}, false};
+    }
     const std::size_t heard = watcher.references.size();
     std::vector<VerifiedReference> patient = ReadPatiently(path);
     const bool isBetter = heard == 0 || patient.size() == heard;

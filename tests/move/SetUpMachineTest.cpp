@@ -90,6 +90,17 @@ TEST_F(SetUpMachineTest, WhereOnlyAnAdministratorMayWriteTheSettingsAreTheUsers)
   EXPECT_TRUE(Run().warnings.empty());
 }
 
+TEST_F(SetUpMachineTest, AWriteThatFailsOnceIsNoRefusal) {
+  platform->Registry().RefuseNextWrite();
+  const SetupResult result = Run();
+  EXPECT_TRUE(result.warnings.empty());
+  for (const SetupStep& step : result.steps) {
+    if (step.kind == SetupStep::Kind::Value) {
+      EXPECT_EQ(step.hive, Hive::LocalMachine);
+    }
+  }
+}
+
 TEST_F(SetUpMachineTest, WhatTheUsersKeysWouldHideGoesAlong) {
   const auto set = [this](StringView below, StringView name, const RegistryValue& value) {
     platform->SetRegistry(Hive::LocalMachine, String(kBaseKey) + String(below), name, value);

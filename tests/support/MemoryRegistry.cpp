@@ -1,5 +1,7 @@
 #include "support/MemoryRegistry.h"
 
+#include <utility>
+
 namespace norvo {
 namespace {
 
@@ -73,6 +75,7 @@ std::optional<RegistryValue> MemoryRegistry::Read(Hive hive, StringView key, Str
 bool MemoryRegistry::Write(Hive hive, StringView key, StringView name, const RegistryValue& value) {
   calls_.Enter(u"Registry.Write", Subject(hive, key, name));
   if (IsRefused(hive) || !HasKey(hive, key)) return false;
+  if (std::exchange(refusesNextWrite_, false)) return false;
   Set(hive, key, name, value);
   return true;
 }

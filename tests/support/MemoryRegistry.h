@@ -22,6 +22,8 @@ class MemoryRegistry final : public Registry {
   void RefuseWrites() { refusesWrites_ = true; }
   /// Every write to the machine's hive is, as where an administrator alone may write there.
   void RefuseMachineWrites() { refusesMachineWrites_ = true; }
+  /// The next write is, and none after it, as by a failure that passes.
+  void RefuseNextWrite() { refusesNextWrite_ = true; }
   /// No key is created right below the machine's hive from now on, as on Windows.
   void RefuseTopKeys() { refusesTopKeys_ = true; }
 
@@ -42,6 +44,7 @@ class MemoryRegistry final : public Registry {
 
   bool refusesWrites_ = false;
   bool refusesMachineWrites_ = false;
+  bool refusesNextWrite_ = false;
   bool refusesTopKeys_ = false;
 };
 
