@@ -60,7 +60,7 @@ void CheckCopies(MemoryPlatform& machine, Component& component, std::string_view
   machine.AddFile(kArea + u"RestoredCopies.txt", bytes);
   RestoredCopies copies(component, kArea);
   Require(!copies.Has(u"C:\\Gone.m3u"));
-  copies.Add({list});
+  copies.Add(std::vector<MadeList>{AsItIs(component, list)});
   Require(RestoredCopies(component, kArea).Has(list));
   machine.AddFile(list, bytes);
   Require(!copies.Has(list) || bytes == "#EXTM3U\r\n");

@@ -62,8 +62,9 @@ void ConsoleObserver::TellSkipped(const std::vector<SkippedPlaylist>& playlists)
                      "too, with more patience");
   }
   if (copies == 0) return;
-  console_.Note("Playlists skipped, since restore has made them and nobody has changed them: " +
-                std::to_string(copies));
+  console_.Note(
+      "Playlists skipped, since restore or migrate has made them and nobody has changed them: " +
+      std::to_string(copies));
 }
 
 }  // namespace norvo::cli

@@ -52,7 +52,7 @@ ReasonWords WordsOf(SkippedPlaylist::Reason reason) {
     case SkippedPlaylist::Reason::Unreadable:
       return {"unreadable", "it cannot be read"};
     case SkippedPlaylist::Reason::RestoredCopy:
-      return {"restoredCopy", "restore has made it, and nobody has changed it"};
+      return {"restoredCopy", "restore or migrate has made it, and nobody has changed it"};
   }
   return {};
 }

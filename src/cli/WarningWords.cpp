@@ -64,6 +64,10 @@ std::string FindingText(const WorkWarning& warning) {
     case Kind::CountedSongWrong:
       return subject + "the check at the end has found " + detail + ", which is not the song " +
              ToUtf8(warning.wanted);
+    case Kind::CopiesNotNoted:
+      return subject + "the lists that were made here could not be noted: " +
+             WithoutPath(ToUtf8(warning.detail), ToUtf8(warning.subject)) +
+             ". Later, collect takes them for lists of this machine's own";
     case Kind::TagsNotRead:
       return subject + "the names in it (its tags) could not be read: " +
              WithoutPath(ToUtf8(warning.detail), ToUtf8(warning.subject)) +

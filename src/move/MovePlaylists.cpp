@@ -231,7 +231,7 @@ void TellUnreadTags(const MoveWork& work) {
 void Restore(NewMachine& machine, RestoreLedger& ledger, MoveWork& work) {
   machine.Memory().RememberMissing();
   try {
-    RestoreCarried(machine.Library(), machine.Disk(), ledger, work);
+    RestoreCarried(machine.Library(), machine.Disk(), DataAreaOf(machine.Settings()), ledger, work);
   } catch (const RunTimeError& failure) {
     // Without its ledger nothing can be restored; what is done until then is told all the same.
     for (MovedPlaylist& playlist : work.result.playlists) {

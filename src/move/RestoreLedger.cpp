@@ -22,6 +22,7 @@ constexpr const char* kTitle =
 constexpr StringView kBegin = u"begin";    // fingerprint, neutral file, key of the playlist
 constexpr StringView kIntend = u"intend";  // path
 constexpr StringView kNative = u"native";  // path
+constexpr StringView kPrints = u"prints";  // one for each native, as it was made
 constexpr StringView kDone = u"done";      // until it is durable with a size for each native
 constexpr StringView kUndone = u"undone";
 constexpr StringView kSong = u"song";  // its name, place, artist, album, maybe full place
@@ -59,6 +60,13 @@ std::string SongLine(const String& source, const KnownPlace& known) {
 
 std::string PathLine(StringView kind, const String& path) {
   return ToUtf8(kind) + '\t' + ToUtf8(path) + "\r\n";
+}
+
+std::string PrintsLine(const std::vector<std::string>& prints) {
+  if (prints.empty()) return {};
+  std::string line = ToUtf8(kPrints);
+  for (const std::string& print : prints) line += '\t' + print;
+  return line + "\r\n";
 }
 
 std::string PrintOf(std::string_view bytes) {
@@ -108,6 +116,11 @@ void RestoreLedger::Take(const std::vector<String>& fields) {
     current_->intended.push_back(fields[1]);
   } else if (fields.size() == 2 && fields[0] == kNative && current_) {
     current_->natives.push_back(fields[1]);
+  } else if (fields[0] == kPrints && current_) {
+    current_->prints.clear();
+    for (const String& print : std::span(fields).subspan(1)) {
+      current_->prints.push_back(ToUtf8(print));
+    }
   } else if (fields[0] == kDone && current_) {
     current_->isDurable = fields.size() == 1;
     if (!current_->isDurable && !AreWhole(current_->natives, std::span(fields).subspan(1))) {
@@ -148,6 +161,7 @@ bool RestoreLedger::AreWhole(const std::vector<String>& natives, std::span<const
 void RestoreLedger::Keep() {
   Row row = std::move(*current_);
   row.intended.clear();
+  if (row.prints.size() != row.natives.size()) row.prints.clear();  // of an earlier version
   current_.reset();
   String folded = Fold(row.genericFile);
   if (!row.key.empty()) TakeKey(row.key, folded);
@@ -164,9 +178,20 @@ void RestoreLedger::TakeKey(const std::string& key, const String& folded) {
   known->second = folded;
 }
 
-std::string RestoreLedger::FingerprintOf(const String& genericFile) {
-  const std::optional<std::string> bytes = machine_.Machine().Settings().Read(genericFile);
+/// Empty for a file that is not there.
+std::string RestoreLedger::FingerprintOf(const String& path) {
+  const std::optional<std::string> bytes = machine_.Machine().Settings().Read(path);
   return bytes ? PrintOf(*bytes) : std::string();
+}
+
+/// Nothing when one cannot be read.
+std::optional<std::vector<std::string>> RestoreLedger::PrintsOf(
+    const std::vector<String>& natives) {
+  return AnswerOr(std::optional<std::vector<std::string>>(), [&] {
+    std::vector<std::string> prints;
+    for (const String& native : natives) prints.push_back(FingerprintOf(native));
+    return std::optional(std::move(prints));
+  });
 }
 
 bool RestoreLedger::IsRestored(const String& genericFile) {
@@ -177,6 +202,16 @@ bool RestoreLedger::IsRestored(const String& genericFile) {
 std::vector<String> RestoreLedger::NativesOf(const String& genericFile) const {
   const auto found = restored_.find(Fold(genericFile));
   return found == restored_.end() ? std::vector<String>() : found->second.natives;
+}
+
+std::vector<MadeList> RestoreLedger::MadeLists() const {
+  std::vector<MadeList> lists;
+  for (const auto& [folded, row] : restored_) {
+    for (std::size_t i = 0; i < row.prints.size(); ++i) {
+      if (!row.prints[i].empty()) lists.push_back({row.natives[i], row.prints[i]});
+    }
+  }
+  return lists;
 }
 
 String RestoreLedger::CarriedFor(const std::string& key) {
@@ -229,14 +264,17 @@ void RestoreLedger::AddNative(const String& path) {
 void RestoreLedger::End(bool whole) {
   if (!current_) return;
   const std::optional<std::string> sizes = whole ? SizesOf(current_->natives) : std::nullopt;
-  if (sizes) {
+  const auto prints = sizes ? PrintsOf(current_->natives) : std::nullopt;
+  if (prints) {
     current_->isDurable = false;
+    current_->prints = *prints;
     Keep();
+    Append(PrintsLine(*prints) + ToUtf8(kDone) + *sizes + "\r\n");
   } else {
     DeleteNatives(*current_);
     current_.reset();
+    Append(ToUtf8(kUndone) + "\r\n");
   }
-  Append((sizes ? ToUtf8(kDone) + *sizes : ToUtf8(kUndone)) + "\r\n");
 }
 
 void RestoreLedger::Append(const std::string& line) {
@@ -290,7 +328,7 @@ void RestoreLedger::Compact() {
   for (const auto& [folded, row] : restored_) {
     text += BeginLine(row.fingerprint, row.genericFile, row.key);
     for (const String& native : row.natives) text += PathLine(kNative, native);
-    text += ToUtf8(kDone) + "\r\n";
+    text += PrintsLine(row.prints) + ToUtf8(kDone) + "\r\n";
   }
   for (const auto& [song, known] : places_) {
     for (const KnownPlace& place : known) text += SongLine(song, place);

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "move/RestoredCopies.h"
 #include "services/Component.h"
 
 namespace norvo {
@@ -38,6 +39,9 @@ class RestoreLedger {
   String CarriedFor(const std::string& key);
   /// The native playlists made of a generic file, in the order of their writing.
   std::vector<String> NativesOf(const String& genericFile) const;
+  /// All native playlists of all moves, as they were made. Those that an earlier version has made
+  /// are not among them.
+  std::vector<MadeList> MadeLists() const;
 
   /// `key` may be empty, and holds no tab. `print` is the file's fingerprint where the caller knows
   /// it; `intended` are the native playlists that will be made, as far as can be told: none of them
@@ -46,8 +50,8 @@ class RestoreLedger {
              const std::vector<String>& intended = {});
   /// Before it is made; one that was not intended stands on the disk when this returns.
   void AddNative(const String& path);
-  /// With `whole` false, without any native playlist, or with one that cannot be looked up, the
-  /// generic file counts as not restored, and what was written of it is deleted.
+  /// With `whole` false, without any native playlist, or with one that cannot be read, the generic
+  /// file counts as not restored, and what was written of it is deleted.
   void End(bool whole);
 
   /// The places of a song, by whatever name the caller gives it: several when songs of several old
@@ -70,18 +74,20 @@ class RestoreLedger {
     std::string fingerprint;
     std::vector<String> natives;
     std::vector<String> intended;
-    bool isDurable = true;  // they are on the disk, and not only noted
+    bool isDurable = true;              // they are on the disk, and not only noted
+    std::vector<std::string> prints{};  // of the natives as they were made, or none
   };
 
   bool Load();
   void Take(const std::vector<String>& fields);
-  std::string FingerprintOf(const String& genericFile);
+  std::string FingerprintOf(const String& path);
   void Append(const std::string& line);
   void Flush();
   void DeleteNatives(const Row& row);
   void DeleteUnfinished(const Row& row);
   String SizeOf(const String& native);
   std::optional<std::string> SizesOf(const std::vector<String>& natives);
+  std::optional<std::vector<std::string>> PrintsOf(const std::vector<String>& natives);
   bool AreWhole(const std::vector<String>& natives, std::span<const String> sizes);
   void Keep();
   void TakeKey(const std::string& key, const String& folded);

@@ -1,8 +1,8 @@
 #include "move/RestorePlaylists.h"
 
 #include <utility>
+#include <vector>
 
-#include "automation/Attempt.h"
 #include "controller/QueueMode.h"
 #include "move/LibraryCalls.h"
 #include "move/LibraryWatcher.h"
@@ -54,14 +54,15 @@ class RestoreWatcher final : public LibraryWatcher {
   std::size_t replacedBefore_ = 0;
 };
 
-/// So that a later collecting on this machine knows them. What cannot be noted is collected there.
-void NoteCopies(Component& library, const ProductSettings& settings, const RestoreResult& result) {
-  std::vector<String> paths;
+/// The native playlists, so that a later collecting on this machine knows them.
+std::vector<MadeList> MadeLists(Component& library, const RestoreResult& result) {
+  std::vector<MadeList> lists;
   for (const RestoredPlaylist& playlist : result.playlists) {
-    for (const NativePlaylist& native : playlist.natives) paths.push_back(native.path);
+    for (const NativePlaylist& native : playlist.natives) {
+      lists.push_back(AsItIs(library, native.path));
+    }
   }
-  if (paths.empty()) return;
-  Attempt([&] { RestoredCopies(library, DataAreaOf(settings)).Add(paths); });
+  return lists;
 }
 
 }  // namespace
@@ -81,7 +82,8 @@ RestoreResult RestorePlaylists(const std::shared_ptr<Platform>& machine, const W
     RunQueue(*library.Get().Create(u"helperMan"), queue_mode::kRestore);
     watcher.ThrowIfCancelled();
   });
-  NoteCopies(library.Get(), settings, result);
+  NoteCopies(library.Get(), DataAreaOf(settings), MadeLists(library.Get(), result),
+             MachineSide::Old, report);
   return result;
 }
 

@@ -4,23 +4,33 @@
 #include <utility>
 
 #include "automation/Attempt.h"
+#include "automation/RunTimeError.h"
 #include "text/Encoding.h"
 #include "text/Fingerprint.h"
 
 namespace norvo {
 namespace {
 
+constexpr StringView kFile = u"RestoredCopies.txt";
 constexpr const char* kTitle =
-    "; The playlists that restore has made here. Those that are still the same are no playlists of "
-    "this machine's own.\r\n";
+    "; The playlists that restore or migrate has made here. Those that are still the same are no "
+    "playlists of this machine's own.\r\n";
 
 // Ten thousand restorings; more would tell of a damaged file.
 constexpr std::size_t kMost = 100'000;
 
 }  // namespace
 
+MadeList AsItIs(Component& machine, const String& path) {
+  std::string print = AnswerOr(std::string(), [&] {
+    const std::optional<std::string> bytes = machine.Machine().Settings().Read(path);
+    return bytes ? TextOf(FingerprintOf(std::string_view(*bytes))) : std::string();
+  });
+  return {path, std::move(print)};
+}
+
 RestoredCopies::RestoredCopies(Component& machine, const String& dataArea)
-    : machine_(machine), path_(dataArea + u"RestoredCopies.txt") {
+    : machine_(machine), path_(dataArea + String(kFile)) {
   const std::string bytes = machine_.Machine().Settings().Read(path_).value_or(std::string());
   std::string_view rest = bytes;
   for (std::size_t end = rest.find("\r\n"); end != std::string_view::npos && rows_.size() < kMost;
@@ -36,32 +46,45 @@ void RestoredCopies::Take(std::string_view line) {
   if (tab == std::string_view::npos) return;
   String path = FromUtf8Lossy(line.substr(tab + 1));
   String folded = Fold(path);
-  rows_.insert_or_assign(std::move(folded), Row{std::string(line.substr(0, tab)), std::move(path)});
-}
-
-/// Empty for what cannot be read.
-std::string RestoredCopies::PrintOf(const String& path) const {
-  return AnswerOr(std::string(), [&] {
-    const std::optional<std::string> bytes = machine_.Machine().Settings().Read(path);
-    return bytes ? TextOf(FingerprintOf(std::string_view(*bytes))) : std::string();
-  });
+  rows_.insert_or_assign(std::move(folded),
+                         MadeList{std::move(path), std::string(line.substr(0, tab))});
 }
 
 bool RestoredCopies::Has(const String& path) const {
   const auto found = rows_.find(Fold(path));
   if (found == rows_.end()) return false;
-  const std::string print = PrintOf(path);
+  const std::string print = AsItIs(machine_, path).print;
   return !print.empty() && found->second.print == print;
 }
 
-void RestoredCopies::Add(const std::vector<String>& paths) {
-  for (const String& path : paths) {
-    std::string print = PrintOf(path);
-    if (!print.empty()) rows_.insert_or_assign(Fold(path), Row{std::move(print), path});
+void RestoredCopies::Add(std::span<const MadeList> lists) {
+  bool isNew = false;
+  for (const MadeList& list : lists) {
+    if (list.print.empty()) continue;
+    MadeList& row = rows_[Fold(list.path)];
+    if (row.print == list.print) continue;
+    row = list;
+    isNew = true;
   }
+  if (!isNew) return;
   std::string text = kTitle;
   for (const auto& [folded, row] : rows_) text += row.print + '\t' + ToUtf8(row.path) + "\r\n";
   machine_.Machine().Settings().Write(path_, text);
+}
+
+void NoteCopies(Component& machine, const String& dataArea, std::span<const MadeList> lists,
+                MachineSide side, WorkReport& report) {
+  if (lists.empty()) return;
+  try {
+    RestoredCopies(machine, dataArea).Add(lists);
+  } catch (const RunTimeError& failure) {
+    WorkWarning warning;
+    warning.kind = WorkWarning::Kind::CopiesNotNoted;
+    warning.side = side;
+    warning.subject = dataArea + String(kFile);
+    warning.detail = failure.Description();
+    report.Warn(std::move(warning));
+  }
 }
 
 }  // namespace norvo

@@ -1,16 +1,26 @@
 #pragma once
 
 #include <map>
+#include <span>
 #include <string>
-#include <vector>
 
+#include "move/WorkReport.h"
 #include "services/Component.h"
 
 namespace norvo {
 
-/// The native playlists that restoring has made on a machine, by path and content: a later
-/// collecting there does not take them for playlists of its own, unless somebody has changed them
-/// since. They stand in "RestoredCopies.txt" of the data area.
+/// A native playlist as it was made.
+struct MadeList {
+  String path;
+  std::string print;  ///< of its bytes; empty for one that could not be read
+};
+
+/// A playlist as it is now.
+MadeList AsItIs(Component& machine, const String& path);
+
+/// The native playlists that restoring, or a move, has made on a machine, by path and content: a
+/// later collecting there does not take them for playlists of its own, unless somebody has changed
+/// them since. They stand in "RestoredCopies.txt" of the data area.
 class RestoredCopies {
  public:
   /// `machine` must outlive this. Raises when the file is there and cannot be read.
@@ -18,20 +28,19 @@ class RestoredCopies {
 
   /// Whether a playlist is such a copy, as it was made. What cannot be read is none.
   bool Has(const String& path) const;
-  /// Notes playlists as they are now. Raises when the file cannot be written.
-  void Add(const std::vector<String>& paths);
+  /// Notes playlists; writes nothing when all are known. Raises when the file cannot be written.
+  void Add(std::span<const MadeList> lists);
 
  private:
   void Take(std::string_view line);
-  std::string PrintOf(const String& path) const;
 
   Component& machine_;
   String path_;
-  struct Row {
-    std::string print;
-    String path;
-  };
-  std::map<String, Row> rows_;  // by the folded path
+  std::map<String, MadeList> rows_;  // by the folded path
 };
+
+/// Notes playlists among a machine's copies, and warns where that cannot be done.
+void NoteCopies(Component& machine, const String& dataArea, std::span<const MadeList> lists,
+                MachineSide side, WorkReport& report);
 
 }  // namespace norvo

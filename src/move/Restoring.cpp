@@ -12,6 +12,7 @@
 #include "move/Companion.h"
 #include "move/LibraryCalls.h"
 #include "move/LibraryWatcher.h"
+#include "move/RestoredCopies.h"
 #include "services/DataCop.h"
 #include "services/ObserverScope.h"
 
@@ -153,7 +154,8 @@ void Settle(MovedPlaylist& playlist, RestoreLedger& ledger, const LedgerWatcher&
 
 }  // namespace
 
-void RestoreCarried(Component& library, FileSystem& disk, RestoreLedger& ledger, MoveWork& work) {
+void RestoreCarried(Component& library, FileSystem& disk, const String& dataArea,
+                    RestoreLedger& ledger, MoveWork& work) {
   LedgerWatcher watcher(library, disk, ledger, work);
   {
     const ObserverScope scope(library, watcher);
@@ -165,6 +167,7 @@ void RestoreCarried(Component& library, FileSystem& disk, RestoreLedger& ledger,
   } catch (const RunTimeError&) {
     // On a full disk it stays as it grew; only the songs' places are not remembered.
   }
+  NoteCopies(library, dataArea, ledger.MadeLists(), MachineSide::New, work.report);
   watcher.ThrowIfCancelled();
   if (watcher.LeavesPlayers()) PointPlayers(library, watcher);
   for (MovedPlaylist& playlist : work.result.playlists) {

@@ -23,7 +23,7 @@ struct SkippedPlaylist {
   enum class Reason {
     UnknownType,  ///< its first lines tell no type
     Unreadable,   ///< they cannot be read
-    RestoredCopy  ///< restoring has made it, and nobody has changed it since
+    RestoredCopy  ///< restoring or a move has made it, and nobody has changed it since
   };
 
   String path;                          ///< full, on the machine

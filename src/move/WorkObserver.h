@@ -80,7 +80,8 @@ struct WorkWarning {
     CountedListWrong,   ///< counted at the end: `subject` lists `found` songs of `expected`
     CountedSongWrong,   ///< counted at the end: in `subject` stands `detail`, which is not `wanted`
     TagsNotRead,        ///< the tags of the song `subject` were not read: `detail`
-    SettingsOfUser      ///< below `subject` in the user's hive, since the machine's refuses them
+    SettingsOfUser,     ///< below `subject` in the user's hive, since the machine's refuses them
+    CopiesNotNoted      ///< which lists were made here could not be noted in `subject`: `detail`
   };
 
   Kind kind = Kind::Library;            ///< decides which of the others are set

@@ -54,7 +54,7 @@ TEST_F(CollectCommandTest, WhatRestoreHasMadeIsSkippedUntilItIsChanged) {
                     "Playlists found:     5\n  written:           1\n"
                     "  restored copies:   4\n"))
       << outcome.out;
-  EXPECT_TRUE(Holds(outcome.err, "restore has made them and nobody has changed them: 4"))
+  EXPECT_TRUE(Holds(outcome.err, "restore or migrate has made them and nobody has changed them: 4"))
       << outcome.err;
   const fs::path list = Place("C/My Documents/Norvo Media/PlayLists/WinAmp/Mix.m3u");
   WriteFile(list, ReadFile(list) + "C:\\Music\\Two.mp3\r\n");

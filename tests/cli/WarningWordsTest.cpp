@@ -132,6 +132,12 @@ TEST(WarningWords, WhatTheCheckAtTheEndHasFoundIsToldOfListAndSong) {
             "C:\\b.mp3");
 }
 
+TEST(WarningWords, ThatNewListsCouldNotBeNotedIsToldWithWhatComesOfIt) {
+  EXPECT_EQ(TextOf(WarningOf(Kind::CopiesNotNoted, u"C:\\KVs\\RestoredCopies.txt", u"Disk full")),
+            "C:\\KVs\\RestoredCopies.txt: the lists that were made here could not be noted: Disk "
+            "full. Later, collect takes them for lists of this machine's own");
+}
+
 TEST(WarningWords, ASongThatIsWholeButForItsTimesIsTold) {
   EXPECT_EQ(TextOf(WarningOf(Kind::TimesLost, u"C:\\a.mp3", u"permission denied")),
             "C:\\a.mp3: is whole, but its date is that of the copying: permission denied");

@@ -14,6 +14,7 @@ PRODUCT = "C/My Documents/Norvo Media"
 MUSIC, LISTS = f"new/{PRODUCT}/Music/", f"new/{PRODUCT}/PlayLists/"
 NEUTRAL = "new/C/My Documents/Norvo PlayLists/"
 LEDGER = f"new/{PRODUCT}/KVs/Restored.txt"
+COPIES = f"new/{PRODUCT}/KVs/RestoredCopies.txt"
 # What only a run that is still going leaves beside its files.
 PASSING = re.compile(r"(.*/)?(\.norvo-\d+\.tmp|\.norvo-playlists\.lock)")
 CONTENTS = {SONGS[word].content(): SONGS[word] for word in WORDS}
@@ -88,6 +89,6 @@ def torn(path, raw, machine):
         return list_fault(path, raw, machine)
     if path.startswith(NEUTRAL):
         return neutral_fault(raw)
-    if path == LEDGER or is_settings(path) or PurePosixPath(path).name == "SubNames.txt":
+    if path in (LEDGER, COPIES) or is_settings(path) or PurePosixPath(path).name == "SubNames.txt":
         return lines_fault(raw)
     return "a file that nobody expects"

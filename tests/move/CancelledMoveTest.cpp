@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "move/WatchedWork.h"
 
 namespace norvo {
@@ -30,24 +32,25 @@ void ForEachCancelledMove(const MoveOptions& options, Check&& check) {
   EXPECT_GT(n, 15u);
 }
 
+const std::string kArea = "C:\\My Documents\\Norvo Media\\KVs\\";
+// They grow with each playlist.
+const std::set<std::string> kGrowing = {kArea + "Restored.txt", kArea + "RestoredCopies.txt"};
+
 /// What the new machine holds is a part of what it holds in the end: nothing torn, nothing else.
-void ExpectPartOf(const Contents& whole, const Contents& part, const std::string& ledger,
-                  std::size_t n) {
+void ExpectPartOf(const Contents& whole, const Contents& part, std::size_t n) {
   for (const auto& [path, bytes] : part) {
-    if (path == ledger) continue;  // it grows with each step
+    if (kGrowing.contains(path)) continue;
     ASSERT_TRUE(whole.contains(path)) << n << ' ' << path;
     EXPECT_TRUE(whole.at(path) == bytes) << n << ' ' << path;
   }
 }
-
-const std::string kLedger = "C:\\My Documents\\Norvo Media\\KVs\\Restored.txt";
 
 TEST(CancelledMove, AtAnyMomentNothingIsTornAndTheNextMoveCompletesIt) {
   const MemoryMove sound = SampleMachines();
   const MoveResult expected = sound.Run();
   const Contents all = ContentsOf(*sound.to);
   ForEachCancelledMove({}, [&](const MemoryMove& machines, const MoveResult&, std::size_t n) {
-    ExpectPartOf(all, ContentsOf(*machines.to), kLedger, n);
+    ExpectPartOf(all, ContentsOf(*machines.to), n);
     const MoveResult again = machines.Run();
     EXPECT_FALSE(again.cancelled) << n;
     EXPECT_TRUE(again.IsWhole()) << n;

@@ -415,6 +415,35 @@ TEST_F(RestoreLedgerTest, ItsLinesAreUnderstoodAsTheyStandInTheFile) {
   EXPECT_EQ(Natives(kMix), (std::vector<String>{PathOf("Mix.asx")}));
 }
 
+TEST_F(RestoreLedgerTest, ListsAreRememberedAsTheyWereMade) {
+  Restore(kMix, {"Mix.asx", "Mix.m3u"});
+  Restore(kPop, {"Pop.asx"});
+  const std::string print = Ledger().MadeLists()[0].print;
+  for (int run = 0; run < 3; ++run) {
+    const std::vector<MadeList> lists = Ledger().MadeLists();
+    ASSERT_EQ(lists.size(), 3u) << run;
+    EXPECT_EQ(lists[0].path, PathOf("Mix.asx"));
+    EXPECT_EQ(lists[1].path, PathOf("Mix.m3u"));
+    EXPECT_EQ(lists[2].path, PathOf("Pop.asx"));
+    for (const MadeList& list : lists) EXPECT_EQ(list.print, print) << run;
+    WriteFile(NativePlace("Mix.asx"), "edited");  // as long as what was written
+    if (run == 1) Ledger().Compact();
+    Restart();
+  }
+}
+
+TEST_F(RestoreLedgerTest, HowListsOfAnEarlierVersionWereMadeIsNotKnown) {
+  WriteFile(File(),
+            "begin\tdaba79afa0302c03039676d631cbef80\tC:\\Docs\\Mix.ini\tkey\r\n"
+            "native\tC:\\Lists\\Mix.asx\r\ndone\r\n"
+            "begin\tdaba79afa0302c03039676d631cbef80\tC:\\Docs\\Pop.ini\tkey\r\n"
+            "native\tC:\\Lists\\Pop.asx\r\nnative\tC:\\Lists\\Pop.m3u\r\n"
+            "prints\tone for two\r\ndone\r\n");
+  Restart();
+  EXPECT_EQ(Natives(kPop).size(), 2u);
+  EXPECT_TRUE(Ledger().MadeLists().empty());
+}
+
 TEST_F(RestoreLedgerTest, LinesThatMakeNoSenseAreSkipped) {
   Restore(kMix, {"Mix.asx"});
   WriteFile(File(), ReadFile(File()) +
