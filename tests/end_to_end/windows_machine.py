@@ -63,11 +63,10 @@ class Machine:
                               stdin=subprocess.DEVNULL, capture_output=True, timeout=120,
                               check=False)
 
-    def begin(self, *words):
+    def begin(self, *words, stderr=subprocess.DEVNULL):
         """Starts a program, which can be written to and read from while it runs."""
         return subprocess.Popen(["wine", *words], env=self.environment, cwd=self.folder,
-                                stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                                stderr=subprocess.DEVNULL)
+                                stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=stderr)
 
     def place(self, path):
         return self.drive.joinpath(*path[3:].split("\\"))

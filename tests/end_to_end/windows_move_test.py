@@ -4,15 +4,18 @@ from an old PC's disk, and between folders. What comes is read by readers that s
 the program, and songs are compared by their content."""
 
 import argparse
+import contextlib
+import os
 import shutil
+import signal
 import subprocess
-import sys
 import tempfile
+import time
 import unittest
 from pathlib import Path
 
 from native_playlists import PLAYER_FOLDERS, find_on_machine, read_native
-from windows_machine import Item, Machine
+from windows_machine import PROGRAM, Item, Machine
 
 OPTIONS = None
 OMEGA = "\u03a9 \u97f3\u697d"  # in no 8-bit page of Europe
@@ -20,6 +23,9 @@ LISTS = "C:\\My Documents\\Norvo Media\\PlayLists\\"
 MUSIC = "C:\\Users\\Ann\\Music\\"
 SONGS = {f"{MUSIC}One.mp3": 1, f"{MUSIC}Deep\\Zo\u00eb.mp3": 2, f"{MUSIC}{OMEGA}.mp3": 3}
 MIX = f"{MUSIC}Mix.m3u8"
+LOCK = ".norvo-playlists.lock"
+FOLDERS = 1500  # so many take a moment
+LONGEST = 120  # seconds
 
 
 def song(number):
@@ -183,6 +189,64 @@ class WindowsMoveTest(unittest.TestCase):
         self.check(self.stick / "third" / "C")
         self.run_on(machine, 0, "migrate", "--from", "E:\\third", "--to", "E:\\fourth")
         self.check(self.stick / "fourth" / "C")
+
+    # --------------------------------------------------------------------- one at a time ----
+
+    @contextlib.contextmanager
+    def at_work(self, machine, *words):
+        """A run that has begun to work on this PC, and is held there until the end."""
+        run = machine.begin(PROGRAM, *words, stderr=subprocess.STDOUT)
+        until = time.monotonic() + LONGEST
+        while not list(machine.drive.rglob(LOCK)):
+            self.assertTrue(run.poll() is None and time.monotonic() < until, "it has not begun")
+            time.sleep(0.01)
+        os.kill(run.pid, signal.SIGSTOP)
+        try:
+            self.assertEqual(len(list(machine.drive.rglob(LOCK))), 1, "it is over already")
+            yield run
+        finally:
+            os.kill(run.pid, signal.SIGCONT)
+
+    def end_of(self, run):
+        out, err = run.communicate(timeout=LONGEST)
+        self.assertEqual(run.returncode, 0, (out, err))
+
+    def test_a_second_run_is_told_who_works_on_this_pc_or_waits(self):
+        fill(self.write_on(self.stick))
+        for name in ["Windows", *(f"Folder {number}" for number in range(FOLDERS))]:
+            (self.stick / name).mkdir()
+        new = self.pc()
+        with self.at_work(new, "migrate", "--from", "E:\\") as first:
+            for words in (("migrate", "--from", "E:\\"), ("init",), ("collect",), ("restore",)):
+                told = self.run_on(new, 2, *words)
+                self.assertRegex(told, r"Norvo is being worked on by norvo-playlists \(process \d+ of "
+                                       r".+ on .+\) since \d{4}-\d\d-\d\d \d\d:\d\d", words)
+            # Who writes nothing need not wait.
+            self.run_on(new, 0, "migrate", "--from", "E:\\", "--dry-run")
+            second = new.begin(PROGRAM, "migrate", "--from", "E:\\", "--wait",
+                               stderr=subprocess.PIPE)
+            told = second.stderr.readline().decode("utf-8")
+            self.assertRegex(told, r"worked on by norvo-playlists .+; waiting until that is done")
+            time.sleep(1)
+            self.assertIsNone(second.poll(), "it has not waited")
+        self.end_of(first)
+        self.end_of(second)
+        self.check(new.drive)
+        self.assertEqual(list(new.drive.rglob(LOCK)), [])
+
+    # ---------------------------------------------------------------------------- reports ----
+
+    def test_a_report_goes_to_the_root_of_a_drive(self):
+        old = self.pc()
+        fill(old.write)
+        for page in ("E:\\page.html", "E:/page.html"):
+            self.run_on(old, 0, "migrate", "--to", "E:\\Move", "--report", page)
+            self.assertEqual({path.name for path in self.stick.iterdir()}, {"Move", "page.html"})
+            text = (self.stick / "page.html").read_text(encoding="utf-8")
+            self.assertTrue(text.startswith("<!doctype html>") and text.endswith("</html>\n"))
+            for shown in ("Everything came over", "Mix.m3u8", OMEGA):
+                self.assertTrue(shown in text, shown)
+            (self.stick / "page.html").unlink()
 
     # --------------------------------------------------------------------------- mistakes ----
 
