@@ -56,4 +56,9 @@ bool IsTooMuch(long status) {
   return status == STATUS_BUFFER_OVERFLOW;
 }
 
+/// The second is said of an empty disk, whose root has not even "." and "..".
+bool IsEndOfNames(long status) {
+  return status == STATUS_NO_MORE_FILES || status == STATUS_NO_SUCH_FILE;
+}
+
 }  // namespace norvo

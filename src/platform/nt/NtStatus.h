@@ -15,4 +15,7 @@ bool IsUnknownHere(long status);
 /// The answer that the buffer takes not all.
 bool IsTooMuch(long status);
 
+/// The answer that a folder has no more names.
+bool IsEndOfNames(long status);
+
 }  // namespace norvo
