@@ -56,10 +56,25 @@ std::vector<Part> ScannedParts(const FolderMove& folders) {
   return parts;
 }
 
+String DocumentsOf(Platform& machine) {
+  return machine.Shell().SpecialFolderPath(ShellFolders::kDocuments);
+}
+
+/// A search of this PC does not come to what is written to, in which its own documents would be.
+void RequireDocumentsOutside(const std::vector<Part>& written) {
+  const std::string documents = ToUtf8(DocumentsOf(*OpenThisPc()->Machine()));
+  if (documents.empty()) return;
+  const fs::path full = FullPath(ToSystemPath(documents));
+  for (const Part& to : written) {
+    if (!LiesWithin(full, FullPath(to.folder))) continue;
+    throw MoveError(MoveFault::FoldersOverlap, documents, to.title);
+  }
+}
+
 /// Of this PC the documents, where all goes that has no place of its own, and the group root.
 std::vector<Part> PartsOfPc(const FolderMove& folders) {
   const std::shared_ptr<Platform> machine = OpenThisPc()->Machine();
-  const String documents = machine->Shell().SpecialFolderPath(ShellFolders::kDocuments);
+  const String documents = DocumentsOf(*machine);
   const std::string kept = ToUtf8(ReadProductSettings(*OpenLibrary(machine)).groupRoot);
   std::vector<Part> parts;
   for (const std::string& path : {ToUtf8(documents), kept.empty() ? folders.groupRoot : kept}) {
@@ -78,8 +93,7 @@ std::vector<Part> WrittenParts(const FolderMove& folders) {
   const FolderLayout to = LayOut(taken, WishesFor(folders));
   HostedPlatform machine(to.layout);
   std::set<char16_t> letters;
-  for (const String& path :
-       {to.groupRoot, machine.Shell().SpecialFolderPath(ShellFolders::kDocuments)}) {
+  for (const String& path : {to.groupRoot, DocumentsOf(machine)}) {
     letters.insert(path.empty() ? u'C' : ToUpper(path.front()));
   }
   for (const HostedDrive& drive : machine.DriveFolders()) {
@@ -93,11 +107,18 @@ std::vector<Part> WrittenParts(const FolderMove& folders) {
 void RequireApart(const FolderMove& folders) {
   const Part work{folders.names.work, folders.work};
   const std::vector<Part> written = WrittenParts(folders);
+  if (folders.IsFromThisPc()) RequireDocumentsOutside(written);
   for (const Part& from : ScannedParts(folders)) {
     for (const Part& to : written) RequireApart(from, to);
     RequireApart(from, work);
   }
   for (const Part& to : written) RequireApart(to, work);
+}
+
+std::vector<fs::path> WrittenFolders(const FolderMove& folders) {
+  std::vector<fs::path> written;
+  for (const Part& part : WrittenParts(folders)) written.push_back(part.folder);
+  return written;
 }
 
 }  // namespace norvo

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "machines/FoldersApart.h"
 #include "machines/FullPath.h"
 #include "machines/MachineFolder.h"
 #include "machines/SparedMachine.h"
@@ -28,11 +29,14 @@ TakenFolder TakeSource(const fs::path& from) {
   return taken;
 }
 
-/// What this PC calls a folder of it.
-String PathOnPc(const fs::path& folder) {
-  String path = FromUtf8Lossy(ToDiskPath(FullPath(folder)));
-  std::replace(path.begin(), path.end(), u'/', u'\\');
-  return path;
+/// What this PC calls the folders that are written to.
+std::vector<String> TargetsOnPc(const FolderMove& folders) {
+  std::vector<String> paths;
+  for (const fs::path& folder : WrittenFolders(folders)) {
+    String& path = paths.emplace_back(FromUtf8Lossy(ToDiskPath(FullPath(folder))));
+    std::replace(path.begin(), path.end(), u'/', u'\\');
+  }
+  return paths;
 }
 
 bool HasDrive(const std::vector<HostedDrive>& drives, char16_t letter) {
@@ -110,7 +114,7 @@ void SourceFolder::OpenPc(const FolderMove& folders) {
   if (!folders.work.empty()) throw MoveError(MoveFault::WorkUnneeded);
   pc_ = OpenThisPc();
   disks_ = pc_->Disks();
-  machine_ = SparedMachine(pc_->Machine(), PathOnPc(folders.to));
+  machine_ = SparedMachine(pc_->Machine(), TargetsOnPc(folders));
 }
 
 void SourceFolder::OpenFolder(const FolderMove& folders) {

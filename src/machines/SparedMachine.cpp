@@ -1,6 +1,7 @@
 #include "machines/SparedMachine.h"
 
 #include <utility>
+#include <vector>
 
 #include "move/ForwardedFiles.h"
 #include "overlay/OverlayPlatform.h"
@@ -14,39 +15,48 @@ namespace {
 class FilesWithout final : public ForwardedFiles {
  public:
   /// `files` must outlive this.
-  FilesWithout(FileSystem& files, StringView folder)
-      : ForwardedFiles(files), parent_(ParentFolder(folder)), name_(LastComponent(folder)) {}
+  FilesWithout(FileSystem& files, std::span<const String> folders) : ForwardedFiles(files) {
+    for (const String& folder : folders) {
+      hidden_.push_back(
+          {Utility::AddBackslash(ParentFolder(folder)), String(LastComponent(folder))});
+    }
+  }
 
   std::vector<FolderItem> ListFolder(StringView path,
                                      std::span<const StringView> endings) override {
     std::vector<FolderItem> items = ForwardedFiles::ListFolder(path, endings);
-    if (name_.empty() ||
-        !EqualsIgnoreCase(Utility::AddBackslash(path), Utility::AddBackslash(parent_))) {
-      return items;
+    const String folder = Utility::AddBackslash(path);
+    for (const Hidden& hidden : hidden_) {
+      if (!EqualsIgnoreCase(folder, hidden.parent)) continue;
+      std::erase_if(items, [&hidden](const FolderItem& item) {
+        return item.isFolder && EqualsIgnoreCase(item.name, hidden.name);
+      });
     }
-    std::erase_if(items, [this](const FolderItem& item) {
-      return item.isFolder && EqualsIgnoreCase(item.name, name_);
-    });
     return items;
   }
   /// A root that is hidden takes its drive along.
   std::vector<Drive> Drives() override {
     std::vector<Drive> drives = ForwardedFiles::Drives();
-    const bool isRoot = !parent_.empty() && name_.empty();
-    std::erase_if(drives, [&](const Drive& drive) {
-      return isRoot && ToUpper(parent_.front()) == drive.letter;
-    });
+    for (const Hidden& hidden : hidden_) {
+      if (!hidden.name.empty()) continue;
+      std::erase_if(drives, [&hidden](const Drive& drive) {
+        return ToUpper(hidden.parent.front()) == drive.letter;
+      });
+    }
     return drives;
   }
 
  private:
-  String parent_;
-  String name_;
+  struct Hidden {
+    String parent;
+    String name;  // empty for the root of a drive
+  };
+  std::vector<Hidden> hidden_;
 };
 
 class Spared final : public Platform {
  public:
-  Spared(std::shared_ptr<Platform> machine, StringView hidden)
+  Spared(std::shared_ptr<Platform> machine, std::span<const String> hidden)
       : machine_(std::move(machine)), overlay_(machine_), files_(overlay_.Files(), hidden) {}
 
   FileSystem& Files() override { return files_; }
@@ -72,7 +82,8 @@ class Spared final : public Platform {
 
 }  // namespace
 
-std::shared_ptr<Platform> SparedMachine(std::shared_ptr<Platform> machine, StringView hidden) {
+std::shared_ptr<Platform> SparedMachine(std::shared_ptr<Platform> machine,
+                                        std::span<const String> hidden) {
   return std::make_shared<Spared>(std::move(machine), hidden);
 }
 

@@ -190,6 +190,16 @@ class WindowsMoveTest(unittest.TestCase):
         self.run_on(machine, 0, "migrate", "--from", "E:\\third", "--to", "E:\\fourth")
         self.check(self.stick / "fourth" / "C")
 
+    def test_drives_of_the_new_machine_that_lie_elsewhere_are_not_searched(self):
+        old = self.pc()
+        fill(old.write)
+        old.write("C:\\Move\\machine.ini", b"[Drives]\r\nC=fixed,C:\\Drive\r\n")
+        old.place("C:\\Drive").mkdir()
+        for _ in range(2):
+            told = self.run_on(old, 0, "migrate", "--to", "C:\\Move")
+            self.assertRegex(told, r"Playlists +1: ")
+            self.check(old.place("C:\\Drive"))
+
     # --------------------------------------------------------------------- one at a time ----
 
     @contextlib.contextmanager
@@ -257,6 +267,7 @@ class WindowsMoveTest(unittest.TestCase):
         for words, text in ((("--to", "E:\\Move", "--work", "E:\\w"), "Leave --work out"),
                             (("--from", "E:\\", "--user", "Ann"), "Leave --to-drive, --user"),
                             (("--from", "E:\\gone"), "E:\\gone is no folder"),
+                            (("--to", "C:\\"), "C:\\My Documents and --to lie in each other"),
                             (("--from", "E:\\Users", "--to", "e:\\USERS\\new"), "lie in each other"),
                             (("--to", "E:\\Move", "--link"), "--link writes to the old disk"),
                             ((), "Both machines would be this PC")):

@@ -18,7 +18,9 @@ class SparedMachineTest : public ::testing::Test {
     machine->AddFile(u"C:\\Music\\Mix.m3u", "mix");
     machine->AddFile(u"C:\\Move\\C\\Mix.m3u", "moved");
   }
-  std::shared_ptr<Platform> Spare(StringView hidden) { return SparedMachine(machine, hidden); }
+  std::shared_ptr<Platform> Spare(StringView hidden) {
+    return SparedMachine(machine, std::vector<String>{String(hidden)});
+  }
   static Lines Names(Platform& of, StringView folder) {
     Lines names;
     for (const FolderItem& item : of.Files().ListFolder(folder, {})) {
@@ -67,7 +69,14 @@ TEST_F(SparedMachineTest, TheRootOfADriveMayBeHidden) {
 }
 
 TEST_F(SparedMachineTest, WithoutAFolderToHideItShowsAll) {
-  EXPECT_EQ(Names(*Spare({}), u"C:\\"), (Lines{"Move", "Music"}));
+  EXPECT_EQ(Names(*SparedMachine(machine, {}), u"C:\\"), (Lines{"Move", "Music"}));
+}
+
+TEST_F(SparedMachineTest, SeveralFoldersMayBeHidden) {
+  const std::vector<String> hidden{u"C:\\Move", u"C:\\Music"};
+  const auto spared = SparedMachine(machine, hidden);
+  EXPECT_EQ(Names(*spared, u"C:\\"), Lines());
+  EXPECT_TRUE(spared->Files().FileExists(u"C:\\Music\\Mix.m3u"));
 }
 
 TEST_F(SparedMachineTest, OfFoldersOfOneNameOnlyTheNamedOneIsHidden) {
