@@ -1,5 +1,8 @@
 #include "machines/ThisPc.h"
 
+#include <functional>
+#include <utility>
+
 #include "platform/windows/WindowsPlatform.h"
 
 namespace norvo {
@@ -14,16 +17,28 @@ std::shared_ptr<HostedPlatform> DrivesOf(Platform& machine) {
   return std::make_shared<HostedPlatform>(std::move(layout));
 }
 
+/// Who hears of the machine's oddities hears of those of its drives.
+class MachineWithDisks final : public WindowsPlatform {
+ public:
+  const std::shared_ptr<HostedPlatform>& Disks() const { return disks_; }
+  void SetWarningSink(std::function<void(StringView)> sink) override {
+    disks_->SetWarningSink(sink);
+    WindowsPlatform::SetWarningSink(std::move(sink));
+  }
+
+ private:
+  std::shared_ptr<HostedPlatform> disks_ = DrivesOf(*this);
+};
+
 class WindowsPc final : public ThisPc {
  public:
   const std::shared_ptr<Platform>& Machine() override { return machine_; }
-  const std::shared_ptr<HostedPlatform>& Disks() override { return disks_; }
+  const std::shared_ptr<HostedPlatform>& Disks() override { return windows_->Disks(); }
   void SetMessageDialog(MessageDialog& messages) override { windows_->SetMessageDialog(messages); }
 
  private:
-  std::shared_ptr<WindowsPlatform> windows_ = std::make_shared<WindowsPlatform>();
+  std::shared_ptr<MachineWithDisks> windows_ = std::make_shared<MachineWithDisks>();
   std::shared_ptr<Platform> machine_ = windows_;
-  std::shared_ptr<HostedPlatform> disks_ = DrivesOf(*machine_);
 };
 
 }  // namespace

@@ -8,7 +8,7 @@ namespace norvo {
 
 /// The Windows machine that the process runs on. Used on one thread at a time; two objects share
 /// nothing but the machine.
-class WindowsPlatform final : public Platform {
+class WindowsPlatform : public Platform {
  public:
   WindowsPlatform();
   ~WindowsPlatform() override;
