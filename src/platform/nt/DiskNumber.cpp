@@ -1,10 +1,13 @@
 #include "platform/nt/DiskNumber.h"
 
+#include <array>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <unordered_map>
 
 #include "platform/nt/Handle.h"
+#include "text/Fingerprint.h"
 
 namespace norvo {
 namespace {
@@ -37,7 +40,41 @@ KnownNumbers& Known() {
   return known;
 }
 
-std::uint64_t AskDisk(HANDLE file) {
+// For a name, behind its length; none is longer.
+using NameRoom = std::array<std::uint64_t, 8 * 1024>;
+
+StringView TextAt(const void* units, std::size_t bytes) {
+  return {static_cast<const char16_t*>(units), bytes / sizeof(char16_t)};
+}
+
+/// "\Device\HarddiskVolume3\Music"; empty where the system does not tell.
+String FullName(HANDLE file) {
+  const auto room = std::make_unique<NameRoom>();
+  if (!NT_SUCCESS(
+          ::NtQueryObject(file, ObjectNameInformation, room.get(), sizeof *room, nullptr))) {
+    return {};
+  }
+  const auto& name = *reinterpret_cast<const UNICODE_STRING*>(room.get());
+  return String(TextAt(name.Buffer, name.Length));
+}
+
+/// "\Music".
+String NameOnDisk(HANDLE file) {
+  const auto room = std::make_unique<NameRoom>();
+  if (!NT_SUCCESS(Query(file, FileNameInformation, *room))) return {};
+  const auto& name = *reinterpret_cast<const FILE_NAME_INFORMATION*>(room.get());
+  return String(TextAt(name.FileName, name.FileNameLength));
+}
+
+/// Stands for the device that holds the file; 0 where that is not told.
+std::uint64_t DeviceOf(HANDLE file) {
+  const String full = FullName(file);
+  const String name = NameOnDisk(file);
+  if (name.empty() || !EndsWithIgnoreCase(full, name)) return 0;
+  return CaselessFingerprintOf(StringView(full).substr(0, full.size() - name.size())).first;
+}
+
+std::uint64_t SerialNumberOf(HANDLE file) {
   // Room for the disk's name, which comes along.
   struct {
     FILE_FS_VOLUME_INFORMATION facts;
@@ -46,6 +83,12 @@ std::uint64_t AskDisk(HANDLE file) {
   IO_STATUS_BLOCK block = {};
   ::NtQueryVolumeInformationFile(file, &block, &found, sizeof found, FileFsVolumeInformation);
   return found.facts.VolumeSerialNumber;
+}
+
+/// A disk and its copy have one serial number, and even their files have the same ones; the devices
+/// are two. Shares are one device, but have numbers.
+std::uint64_t AskDisk(HANDLE file) {
+  return SerialNumberOf(file) ^ DeviceOf(file);
 }
 
 }  // namespace
