@@ -34,6 +34,8 @@ class Command {
 
   /// True when the machine that it works on, or brings something to, is this PC.
   virtual bool IsOnThisPc(const CommonArguments& common) const;
+  /// The same of the machine that it brings something from, where there are two.
+  virtual bool IsFromThisPc(const CommonArguments& common) const { return IsOnThisPc(common); }
 
   /// Runs the command and gives its report as a document, which is empty unless one was asked for.
   /// What is left out goes to the console. CommandError or MoveError when it cannot be run.

@@ -3,7 +3,8 @@
 namespace norvo::cli {
 namespace {
 
-const MachineWords* chosen = &kFolderWords;
+const MachineWords* ofOldMachine = &kFolderWords;
+const MachineWords* ofNewMachine = &kFolderWords;
 
 }  // namespace
 
@@ -31,12 +32,13 @@ const MachineWords kThisPcWords = {
     .checkRights = "See that you may read and write there.",
 };
 
-const MachineWords& Words() {
-  return *chosen;
+const MachineWords& Words(MachineSide side) {
+  return side == MachineSide::Old ? *ofOldMachine : *ofNewMachine;
 }
 
-void ChooseWords(const MachineWords& words) {
-  chosen = &words;
+void ChooseWords(const MachineWords& ofOld, const MachineWords& ofNew) {
+  ofOldMachine = &ofOld;
+  ofNewMachine = &ofNew;
 }
 
 }  // namespace norvo::cli

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "move/WorkObserver.h"
+
 namespace norvo::cli {
 
 /// What is said differently of a machine that is held in a folder, and of the PC that the program
@@ -17,9 +19,9 @@ struct MachineWords {
 extern const MachineWords kFolderWords;
 extern const MachineWords kThisPcWords;
 
-/// Those of the machine that the command works on: of a folder, until the program has chosen
-/// others, which it does before it runs a command.
-const MachineWords& Words();
-void ChooseWords(const MachineWords& words);
+/// Those of the machine that the command works on, of a move by its side: of a folder, until the
+/// program has chosen others, which it does before it runs a command.
+const MachineWords& Words(MachineSide side = MachineSide::New);
+void ChooseWords(const MachineWords& ofOld, const MachineWords& ofNew);
 
 }  // namespace norvo::cli

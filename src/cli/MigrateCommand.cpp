@@ -160,6 +160,7 @@ class MigrateCommand final : public Command {
   }
 
   bool IsOnThisPc(const CommonArguments&) const override { return to_.empty(); }
+  bool IsFromThisPc(const CommonArguments&) const override { return from_.empty(); }
 
   Json Run(const CommonArguments& common, Console& console) override {
     options_.log = common.log;

@@ -64,7 +64,11 @@ int ParseAndRun(const std::vector<std::string>& words, std::ostream& out, std::o
   if (!line.Parse(words, out, err, code)) return code;
   if (line.Common().quiet) console.SetQuiet();
   if (line.Common().json) console.SetJson();
-  ChooseWords(line.Chosen().IsOnThisPc(line.Common()) ? kThisPcWords : kFolderWords);
+  const auto wordsOf = [](bool isThisPc) -> const MachineWords& {
+    return isThisPc ? kThisPcWords : kFolderWords;
+  };
+  ChooseWords(wordsOf(line.Chosen().IsFromThisPc(line.Common())),
+              wordsOf(line.Chosen().IsOnThisPc(line.Common())));
   return RunCommand(line, console);
 }
 

@@ -11,13 +11,14 @@ using Kind = WorkWarning::Kind;
 
 std::string KeptText(const std::string& what, const WorkWarning& warning, const char* value) {
   return "The " + what + " stays " + ToUtf8(warning.subject) + ": it was there before. Change " +
-         value + " in " + Words().registry + " for another one.";
+         value + " in " + Words(warning.side).registry + " for another one.";
 }
 
-std::string UnusableText(const std::string& value) {
+std::string UnusableText(const WorkWarning& warning) {
+  const std::string value = ToUtf8(warning.subject);
   const char* const why = value == "mode" ? " is no number" : " is no text, or empty";
   return "The registry value " + value + why + ". It is left as it is; correct or remove it in " +
-         Words().registry + ", then run init again.";
+         Words(warning.side).registry + ", then run init again.";
 }
 
 /// The setting is "file, key" or "registry key, value".
@@ -26,7 +27,7 @@ std::string NotPointedText(const WorkWarning& warning) {
   const std::string reason =
       WithoutPath(ToUtf8(warning.detail), setting.substr(0, setting.rfind(',')));
   return setting + ": this setting of a player cannot be changed to " + ToUtf8(warning.wanted) +
-         (reason.empty() ? "" : ": " + reason) + ". " + Words().makeSettable +
+         (reason.empty() ? "" : ": " + reason) + ". " + Words(warning.side).makeSettable +
          ", or choose that folder in the player";
 }
 
@@ -129,7 +130,7 @@ std::string TextOf(const WorkWarning& warning, const char* library) {
     case Kind::Oddity:
       return "Warning: " + ToUtf8(warning.warning.text);
     case Kind::SettingUnusable:
-      return UnusableText(ToUtf8(warning.subject));
+      return UnusableText(warning);
     case Kind::RoleKept:
       return KeptText("role", warning, "mode");
     case Kind::GroupRootKept:
@@ -145,7 +146,7 @@ std::string TextOf(const WorkWarning& warning, const char* library) {
              ToUtf8(warning.subject) +
              ": only an administrator may write those of all users. Nothing else hangs on that. To "
              "have them for all, remove that key, and run " +
-             Words().initCommand + " as an administrator.";
+             Words(warning.side).initCommand + " as an administrator.";
     default:
       return FindingText(warning);
   }

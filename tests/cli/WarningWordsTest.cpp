@@ -88,13 +88,28 @@ TEST(WarningWords, SettingsOfOneUserAreToldWithWhatMakesThemThoseOfAll) {
 }
 
 TEST(WarningWords, OnThisPcAnAdministratorMayChangeASetting) {
-  ChooseWords(kThisPcWords);
+  ChooseWords(kThisPcWords, kThisPcWords);
   const std::string text = TextOf(WarningOf(Kind::PlayerNotPointed, u"Software\\Player, Path"));
-  ChooseWords(kFolderWords);
+  ChooseWords(kFolderWords, kFolderWords);
   EXPECT_NE(text.find("Run the same command again as an administrator, or choose that folder in "
                       "the player"),
             std::string::npos)
       << text;
+}
+
+TEST(WarningWords, EachMachineOfAMoveHasItsOwnRegistry) {
+  WorkWarning unusable = WarningOf(Kind::SettingUnusable, u"mode");
+  const auto told = [&unusable](MachineSide side) {
+    unusable.side = side;
+    return TextOf(unusable);
+  };
+  ChooseWords(kThisPcWords, kFolderWords);
+  const std::string ofPc = told(MachineSide::Old);
+  const std::string ofFolder = told(MachineSide::New);
+  ChooseWords(kFolderWords, kFolderWords);
+  EXPECT_TRUE(ofPc.ends_with("correct or remove it in the registry, then run init again.")) << ofPc;
+  EXPECT_TRUE(ofFolder.ends_with("correct or remove it in registry.reg, then run init again."))
+      << ofFolder;
 }
 
 TEST(WarningWords, WithoutTheProductFolderThereIsNoLog) {
