@@ -5,6 +5,7 @@ the program, and songs are compared by their content."""
 
 import argparse
 import contextlib
+import json
 import os
 import shutil
 import signal
@@ -23,7 +24,7 @@ LISTS = "C:\\My Documents\\Norvo Media\\PlayLists\\"
 MUSIC = "C:\\Users\\Ann\\Music\\"
 SONGS = {f"{MUSIC}One.mp3": 1, f"{MUSIC}Deep\\Zo\u00eb.mp3": 2, f"{MUSIC}{OMEGA}.mp3": 3}
 MIX = f"{MUSIC}Mix.m3u8"
-LOCK = ".norvo-playlists.lock"
+LOCK = "C:\\ProgramData\\Norvo\\.norvo-playlists.lock"
 FOLDERS = 1500  # so many take a moment
 LONGEST = 120  # seconds
 
@@ -118,6 +119,11 @@ class WindowsMoveTest(unittest.TestCase):
         self.assertIn("1 of them moved before", self.run_on(new, 0, "migrate", "--from", "E:\\Moved"))
         self.assertEqual({path for path in new.snapshot() if path not in after}, set())
         self.run_on(new, 0, "verify")
+        # The new lists are none of the PC's own.
+        scanned = json.loads(new.run_program("scan", "--json")[1])
+        self.assertEqual((len(scanned["playlists"]), len(scanned["skipped"])), (0, 4))
+        collected = json.loads(new.run_program("collect", "--json")[1])["summary"]
+        self.assertEqual((collected["found"], collected["restoredCopy"]), (4, 4))
 
     def test_a_dry_run_writes_nothing_on_this_pc(self):
         fill(self.write_on(self.stick / "Move" / "C"))
@@ -207,12 +213,13 @@ class WindowsMoveTest(unittest.TestCase):
         """A run that has begun to work on this PC, and is held there until the end."""
         run = machine.begin(PROGRAM, *words, stderr=subprocess.STDOUT)
         until = time.monotonic() + LONGEST
-        while not list(machine.drive.rglob(LOCK)):
+        lock = machine.place(LOCK)
+        while not (lock.is_file() and lock.stat().st_size):  # it tells who has it
             self.assertTrue(run.poll() is None and time.monotonic() < until, "it has not begun")
             time.sleep(0.01)
         os.kill(run.pid, signal.SIGSTOP)
         try:
-            self.assertEqual(len(list(machine.drive.rglob(LOCK))), 1, "it is over already")
+            self.assertTrue(lock.is_file(), "it is over already")
             yield run
         finally:
             os.kill(run.pid, signal.SIGCONT)
@@ -242,7 +249,7 @@ class WindowsMoveTest(unittest.TestCase):
         self.end_of(first)
         self.end_of(second)
         self.check(new.drive)
-        self.assertEqual(list(new.drive.rglob(LOCK)), [])
+        self.assertFalse(new.place(LOCK).exists())
 
     # ---------------------------------------------------------------------------- reports ----
 
