@@ -155,6 +155,7 @@ int main(int count, char** arguments) {
   const auto number = [&](int at, int usual) {
     return count > at ? std::atoi(arguments[at]) : usual;
   };
+  if (number(4, 5) < 1) return 2;  // there is nothing to tell of no round
   return norvo::bench::Run(arguments[1], number(2, 1000),
                            static_cast<std::size_t>(number(3, 3000000)), number(4, 5));
 }

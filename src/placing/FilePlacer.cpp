@@ -10,6 +10,7 @@
 #include "platform/files/FileBytes.h"
 #include "platform/files/FileCopy.h"
 #include "platform/files/FileError.h"
+#include "platform/files/LastFolder.h"
 #include "platform/files/TemporaryFile.h"
 #include "platform/hosted/HostedFileSystem.h"
 #include "text/Encoding.h"
@@ -35,8 +36,8 @@ struct JobFailure {
 
 /// Raises FileError. A reading that is part of a move leaves no trace in the file's times, so that
 /// a move that is stopped and begun again makes the same copies.
-OpenedFile Open(HostedFileSystem& files, StringView path) {
-  OpenedFile opened = files.OpenRegular(path);
+OpenedFile Open(HostedFileSystem& files, StringView path, LastFolder* folders = nullptr) {
+  OpenedFile opened = files.OpenRegular(path, folders);
   KeepAccessTime(opened.file);
   return opened;
 }
@@ -87,6 +88,8 @@ class Placing {
   PlaceListener& listener_;
   const ByteSink sink_;
   TargetFolders folders_;
+  LastFolder sourceFolders_;
+  LastFolder targetFolders_;
   PlaceBatch filling_;
   PlaceBatch leaving_;
   bool wasFull_ = false;  // the disk has turned a file down
@@ -128,7 +131,7 @@ std::optional<PlaceOutcome> Placing::Place(std::size_t job) {
 
 OpenedFile Placing::OpenSource(StringView path) {
   try {
-    return Open(from_, path);
+    return Open(from_, path, &sourceFolders_);
   } catch (const FileError& error) {
     const FileFailure failure = error.Failure();
     if (failure.kind != Kind::NotFound) Fail(PlaceFailure::SourceUnreadable, failure);
@@ -184,7 +187,8 @@ FileFailure Placing::Link(const OpenedFile& source, const DrivePath& target) {
 
 void Placing::Copy(std::size_t job, const OpenedFile& source, DrivePath target) {
   const unsigned permissions = (source.record.permissions & kReadAndWrite) | kOwner;
-  FileResult<NewFile> file = NewFile::At(target.drive->Root(), target.path, permissions);
+  FileResult<NewFile> file =
+      NewFile::At(target.drive->Root(), target.path, permissions, targetFolders_);
   if (!file) Fail(PlaceFailure::TargetUnwritable, file.Failure());
   const FileFailure timesLost = Fill(*file, source);
   filling_.Add({job, std::move(target), std::move(*file), timesLost}, source.record.size);

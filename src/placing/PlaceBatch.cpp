@@ -18,10 +18,10 @@ constexpr std::size_t kWorthyFiles = 250;
 constexpr std::uint64_t kMostBytes = std::uint64_t{256} * 1024 * 1024;
 constexpr std::size_t kMostFiles = 2000;
 
-/// Every file of a batch stays open, and two batches are under way at a time.
+/// Every file of a batch stays open, its folder may, too, and two batches are under way at a time.
 std::size_t MostFilesOfABatch() {
   const std::size_t most = MostOpenFiles();
-  return most == 0 ? kMostFiles : std::clamp<std::size_t>(most / 4, 1, kMostFiles);
+  return most == 0 ? kMostFiles : std::clamp<std::size_t>(most / 6, 1, kMostFiles);
 }
 
 std::vector<FileFailure> FlushAndPutInPlace(std::span<PlaceBatch::File> files) {

@@ -11,6 +11,7 @@ namespace norvo {
 NewFile::NewFile(NewFile&& other) noexcept
     : root_(std::exchange(other.root_, nullptr)),
       path_(std::move(other.path_)),
+      folder_(std::move(other.folder_)),
       temporary_(std::exchange(other.temporary_, {})),
       file_(std::move(other.file_)) {}
 
@@ -19,22 +20,27 @@ NewFile& NewFile::operator=(NewFile&& other) noexcept {
     Discard();
     root_ = std::exchange(other.root_, nullptr);
     path_ = std::move(other.path_);
+    folder_ = std::move(other.folder_);
     temporary_ = std::exchange(other.temporary_, {});
     file_ = std::move(other.file_);
   }
   return *this;
 }
 
-FileResult<NewFile> NewFile::At(const SystemFile& root, std::string path, unsigned permissions) {
+FileResult<NewFile> NewFile::At(const SystemFile& root, std::string path, unsigned permissions,
+                                LastFolder& folders) {
   NewFile made;
   made.root_ = &root;
   made.path_ = std::move(path);
   FileResult<SystemFile> file = CreateUnnamed(root, std::string(ParentOf(made.path_)), permissions);
   if (!file) {
     // Whatever the reason was: the plain way succeeds, or has one that is worth telling.
-    std::string temporary = TemporaryPath(made.path_);
-    file = CreateTemporary(root, temporary, permissions);
+    const auto folder = folders.Open(root, ParentOf(made.path_));
+    if (!folder) return folder.Failure();
+    std::string temporary(LeafOf(TemporaryPath(made.path_)));
+    file = CreateTemporary(**folder, temporary, permissions);
     if (!file) return file.Failure();
+    made.folder_ = *folder;
     made.temporary_ = std::move(temporary);
   }
   made.file_ = std::move(*file);
@@ -43,7 +49,7 @@ FileResult<NewFile> NewFile::At(const SystemFile& root, std::string path, unsign
 
 FileFailure NewFile::TakeName() {
   if (temporary_.empty()) return GiveName(file_, *root_, path_);
-  const FileFailure failure = RenameNew(*root_, temporary_, path_);
+  const FileFailure failure = RenameNew(*folder_, temporary_, std::string(LeafOf(path_)));
   if (!failure) temporary_.clear();
   return failure;
 }
@@ -57,7 +63,7 @@ FileFailure NewFile::PutInPlace() {
 void NewFile::Discard() {
   file_.Close();
   if (temporary_.empty()) return;
-  RemoveFile(*root_, temporary_);
+  RemoveFile(*folder_, temporary_);
   temporary_.clear();
 }
 

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "platform/files/FileFailure.h"
+#include "platform/files/LastFolder.h"
 #include "platform/files/SystemFile.h"
 
 namespace norvo {
@@ -20,8 +22,10 @@ class NewFile {
 
   /// An empty file, open for writing, that is to stand at the path below the open folder, which
   /// must outlive it. `permissions` are as in FileRecord, without those that the process's mask
-  /// takes away.
-  static FileResult<NewFile> At(const SystemFile& root, std::string path, unsigned permissions);
+  /// takes away. A temporary name stays in the folder that `folders` gave, whatever stands at the
+  /// folder's path by then.
+  static FileResult<NewFile> At(const SystemFile& root, std::string path, unsigned permissions,
+                                LastFolder& folders);
 
   const SystemFile& File() const { return file_; }
   /// Gives the file its name and closes it. AlreadyExists when something has that name, which is
@@ -34,7 +38,8 @@ class NewFile {
 
   const SystemFile* root_ = nullptr;
   std::string path_;
-  std::string temporary_;  // empty: no name yet
+  std::shared_ptr<const SystemFile> folder_;  // of the temporary name
+  std::string temporary_;                     // in that folder; empty: no name yet
   SystemFile file_;
 };
 

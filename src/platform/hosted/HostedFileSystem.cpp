@@ -22,6 +22,15 @@ constexpr unsigned kAnyWriter = 0222;
 // No system that we know takes longer ones; it also bounds how deep the creating of folders goes.
 constexpr std::size_t kLongestPath = 4096;
 
+/// `folders` may be null.
+FileResult<SystemFile> OpenIn(LastFolder* folders, const DrivePath& file, OpenMode mode) {
+  const SystemFile& root = file.drive->Root();
+  if (folders == nullptr) return OpenBeneath(root, file.path, mode);
+  const auto folder = folders->Open(root, ParentOf(file.path));
+  if (!folder) return folder.Failure();
+  return OpenBeneath(**folder, std::string(LeafOf(file.path)), mode);
+}
+
 StringView WithoutLastSeparator(StringView absolute) {
   if (absolute.size() > 2 && absolute.back() == u'\\') absolute.remove_suffix(1);
   return absolute;
@@ -131,7 +140,8 @@ void HostedFileSystem::RemoveFile(StringView path, bool force) {
 /// Opens what stands just where a path says, without a look at the folder; nothing when there is
 /// nothing, or when it is spelled otherwise on the disk.
 std::optional<HostedFileSystem::Opened> HostedFileSystem::OpenAsSpelled(StringView path,
-                                                                        OpenMode mode) {
+                                                                        OpenMode mode,
+                                                                        LastFolder* folders) {
   const bool asFolder = !path.empty() && IsSeparator(path.back());
   // What is remembered serves one opening, and never grows old.
   std::optional<DrivePath> guess;
@@ -143,7 +153,7 @@ std::optional<HostedFileSystem::Opened> HostedFileSystem::OpenAsSpelled(StringVi
     guess = resolver_.Guess(path);
   }
   if (!guess) return std::nullopt;
-  FileResult<SystemFile> file = OpenBeneath(guess->drive->Root(), guess->path, mode);
+  FileResult<SystemFile> file = OpenIn(folders, *guess, mode);
   if (file) return Opened{std::move(*guess), std::move(*file), wasSeen};
   if (file.Failure().kind != Kind::AccessDenied) return std::nullopt;
   RaiseFileError(file.Failure(), Subject::File, path);
@@ -152,8 +162,9 @@ std::optional<HostedFileSystem::Opened> HostedFileSystem::OpenAsSpelled(StringVi
 /// Opens what a path names; nothing when there is nothing. What is no file, such as a pipe, is to
 /// be turned down by the caller.
 std::optional<HostedFileSystem::Opened> HostedFileSystem::OpenExisting(StringView path,
-                                                                       OpenMode mode) {
-  std::optional<Opened> opened = OpenAsSpelled(path, mode);
+                                                                       OpenMode mode,
+                                                                       LastFolder* folders) {
+  std::optional<Opened> opened = OpenAsSpelled(path, mode, folders);
   if (opened) return opened;
   const std::optional<DiskEntry> entry = resolver_.Find(path);
   if (!entry || entry->record.kind != FileRecord::Kind::File) return opened;
@@ -172,8 +183,8 @@ std::unique_ptr<BinaryFile> HostedFileSystem::OpenForReading(StringView path) {
   return std::make_unique<HostedBinaryFile>(std::move(opened->file), end, size, path);
 }
 
-OpenedFile HostedFileSystem::OpenRegular(StringView path) {
-  std::optional<Opened> opened = OpenExisting(path, OpenMode::Read);
+OpenedFile HostedFileSystem::OpenRegular(StringView path, LastFolder* folders) {
+  std::optional<Opened> opened = OpenExisting(path, OpenMode::Read, folders);
   if (!opened) RaiseMissing(path);
   const FileRecord record = RecordOfRegular(opened->file, path);
   return {std::move(opened->file), std::move(opened->path), record};

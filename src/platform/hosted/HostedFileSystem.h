@@ -3,6 +3,7 @@
 #include <functional>
 #include <unordered_set>
 
+#include "platform/files/LastFolder.h"
 #include "platform/files/SystemCalls.h"
 #include "platform/hosted/DriveMap.h"
 #include "platform/hosted/PathResolver.h"
@@ -55,8 +56,9 @@ class HostedFileSystem final : public FileSystem, public SharedFiles {
 
   /// What a path names on the disk, see PathResolver::Find.
   std::optional<DiskEntry> Find(StringView path) { return resolver_.Find(path); }
-  /// Opens a regular file for reading. Raises FileError.
-  OpenedFile OpenRegular(StringView path);
+  /// Opens a regular file for reading. Raises FileError. With `folders` files that are opened one
+  /// after the other and stand together are found in their folder as it was for the first of them.
+  OpenedFile OpenRegular(StringView path, LastFolder* folders = nullptr);
   /// The folder of a file that a path names; it is created when it is missing. Raises FileError.
   DrivePath MakeFolderOf(StringView path);
   /// Where a file that a path names, and that does not exist, is to stand. Creates the folders that
@@ -71,8 +73,9 @@ class HostedFileSystem final : public FileSystem, public SharedFiles {
     SystemFile file;
     bool wasSeen = false;  ///< by the look-up just before, whose size holds
   };
-  std::optional<Opened> OpenAsSpelled(StringView path, OpenMode mode);
-  std::optional<Opened> OpenExisting(StringView path, OpenMode mode);
+  std::optional<Opened> OpenAsSpelled(StringView path, OpenMode mode,
+                                      LastFolder* folders = nullptr);
+  std::optional<Opened> OpenExisting(StringView path, OpenMode mode, LastFolder* folders = nullptr);
   Opened Create(StringView path, OpenMode mode);
   void Flush(std::span<const String> paths);
   Opened OpenListed(StringView path);

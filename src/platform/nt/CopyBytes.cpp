@@ -9,18 +9,32 @@
 namespace norvo {
 namespace {
 
-// Calls are dear here, and most songs are read by a handful of them.
-constexpr std::size_t kPiece = std::size_t{1024} * 1024;
+// Small enough to be still in the processor's cache when it is written.
+constexpr DWORD kPiece = 128 * 1024;
+
+/// Reads where the last reading has ended, which takes fewer calls than to name a place. Nothing at
+/// the file's end.
+FileResult<DWORD> ReadNext(const SystemFile& file, char* buffer, DWORD most) {
+  DWORD got = 0;
+  if (!::ReadFile(HandleOf(file), buffer, most, &got, nullptr)) return LastFailure();
+  return got;
+}
+
+FileFailure GoToBegin(const SystemFile& file) {
+  FILE_POSITION_INFORMATION begin = {};
+  return FailureOfStatus(Set(HandleOf(file), FilePositionInformation, begin));
+}
 
 }  // namespace
 
 FileFailure CopyBytes(const SystemFile& source, const SystemFile& target, std::uint64_t size,
                       const ByteSink& sink) {
-  const auto most = static_cast<std::size_t>(std::min<std::uint64_t>(kPiece, size));
+  const auto most = static_cast<DWORD>(std::min<std::uint64_t>(kPiece, size));
   const std::unique_ptr<char[]> buffer = std::make_unique_for_overwrite<char[]>(most);
+  if (const FileFailure failure = GoToBegin(source)) return failure;
   for (std::uint64_t done = 0; done < size;) {
-    const auto piece = static_cast<std::size_t>(std::min<std::uint64_t>(most, size - done));
-    const FileResult<std::size_t> got = ReadSome(source, done, {buffer.get(), piece});
+    const auto piece = static_cast<DWORD>(std::min<std::uint64_t>(most, size - done));
+    const FileResult<DWORD> got = ReadNext(source, buffer.get(), piece);
     if (!got) return got.Failure();
     if (*got == 0) return FileFailure::Kind::SourceChanged;
     if (const FileFailure failure = WriteAll(target, {buffer.get(), *got})) return failure;

@@ -9,12 +9,14 @@ namespace {
 class NewFileTest : public FilesTest {
  protected:
   NewFile Make(const std::string& path, const std::string& bytes) {
-    FileResult<NewFile> made = NewFile::At(Root(), path, 0666);
+    FileResult<NewFile> made = NewFile::At(Root(), path, 0666, folders_);
     EXPECT_TRUE(made);
     if (!made) return {};
     EXPECT_FALSE(WriteAll(made->File(), bytes));
     return std::move(*made);
   }
+
+  LastFolder folders_;
 };
 
 TEST_F(NewFileTest, HasItsNameOnlyWhenItIsPutInPlace) {
@@ -44,7 +46,7 @@ TEST_F(NewFileTest, NeverReplacesAnything) {
 }
 
 TEST_F(NewFileTest, IsNotMadeWithoutItsFolder) {
-  EXPECT_EQ(NewFile::At(Root(), "missing/a", 0666).Failure().kind, Kind::NotFound);
+  EXPECT_EQ(NewFile::At(Root(), "missing/a", 0666, folders_).Failure().kind, Kind::NotFound);
 }
 
 TEST_F(NewFileTest, IsNotPutIntoAFolderThatBecameALink) {

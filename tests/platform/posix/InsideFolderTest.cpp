@@ -49,7 +49,9 @@ class InsideFolderTest : public FilesTest {
     RenameOver(Root(), "in/new" + number, "in/victim");
     RemoveFile(Root(), "in/victim");
     LinkFile(Open("own"), Root(), "own", Root(), "in/linked" + number);
-    if (FileResult<NewFile> file = NewFile::At(Root(), "in/put" + number, 0666)) file->PutInPlace();
+    LastFolder folders;
+    FileResult<NewFile> file = NewFile::At(Root(), "in/put" + number, 0666, folders);
+    if (file) file->PutInPlace();
     OpenBeneath(Root(), "in/log" + number, OpenMode::CreateForAppending);
   }
 
@@ -82,7 +84,8 @@ TEST_F(InsideFolderTest, PathsAreOpenedAndChangedWhateverTheSystemRefuses) {
     EXPECT_EQ(NamesIn("a/b/d"), "Fnewest ");
     EXPECT_FALSE(RemoveFile(Root(), "a/b/d/newest"));
     EXPECT_FALSE(ReplaceWhole(Root(), "a/b/d/whole", "x"));
-    EXPECT_FALSE(NewFile::At(Root(), "a/b/d/put", 0666)->PutInPlace());
+    LastFolder folders;
+    EXPECT_FALSE(NewFile::At(Root(), "a/b/d/put", 0666, folders)->PutInPlace());
     EXPECT_EQ(NamesIn("a/b/d"), "Fput Fwhole ");
     EXPECT_EQ(WhyNotOpen("a/x/file", OpenMode::Read), Kind::NotFound);
     EXPECT_EQ(LookUp(Root(), "a/x/file").Failure().kind, Kind::NotFound);
