@@ -48,47 +48,59 @@ bool IsPlaceAlready(StringView path) {
   return true;
 }
 
-/// Visits the keys of the folders above a key, the innermost first.
-template <class Visit>
-void ForEachKeyAbove(StringView key, Visit&& visit) {
-  for (std::size_t end = key.rfind(u'\\'); end != StringView::npos && end > 0;
-       end = key.rfind(u'\\', end - 1)) {
-    visit(String(key.substr(0, end)));
-  }
-}
-
 }  // namespace
+
+/// The file is open as long as this.
+class OverlayFiles::Use {
+ public:
+  explicit Use(Content content) : content_(std::move(content)) { content_->Open(); }
+  Use(const Use&) = delete;
+  Use& operator=(const Use&) = delete;
+  ~Use() { content_->Close(); }
+
+  WrittenFile* operator->() const { return content_.get(); }
+
+ private:
+  Content content_;
+};
 
 class OverlayFiles::OpenedFile final : public BinaryFile {
  public:
-  explicit OpenedFile(std::shared_ptr<const Content> content) : content_(std::move(content)) {}
+  explicit OpenedFile(Content content) : content_(std::move(content)) {}
 
   std::size_t ReadAt(std::uint64_t offset, std::span<char> buffer) override {
-    const std::string& bytes = content_->bytes;
+    const std::string_view bytes = content_->OpenedBytes();
     if (offset >= bytes.size()) return 0;
     return bytes.copy(buffer.data(), buffer.size(), static_cast<std::size_t>(offset));
   }
-  std::uint64_t Size() override { return content_->bytes.size(); }
+  std::uint64_t Size() override { return content_->Size(); }
 
  private:
-  std::shared_ptr<const Content> content_;
+  Use content_;
 };
 
 class OverlayFiles::GrowingFile final : public AppendFile {
  public:
-  explicit GrowingFile(std::shared_ptr<Content> content) : content_(std::move(content)) {}
+  explicit GrowingFile(Content content) : content_(std::move(content)) {}
 
-  void Append(std::string_view bytes) override {
-    content_->bytes += bytes;
-    content_->modified = Now();
-  }
+  void Append(std::string_view bytes) override { content_->Append(bytes, Now()); }
 
  private:
-  std::shared_ptr<Content> content_;
+  Use content_;
 };
 
 StringView OverlayFiles::Place::Folder() const {
   return StringView(path).substr(0, path.rfind(u'\\') + 1);
+}
+
+/// Visits keys and paths of the folders above, the innermost first.
+template <class Visit>
+void OverlayFiles::ForEachFolderAbove(const Place& place, Visit&& visit) {
+  const StringView path = place.path;
+  for (std::size_t end = path.rfind(u'\\'); end != StringView::npos && end > 0;
+       end = path.rfind(u'\\', end - 1)) {
+    visit(place.key.substr(0, end), path.substr(0, end));
+  }
 }
 
 OverlayFiles::Place OverlayFiles::PlaceOf(StringView path) const {
@@ -111,24 +123,38 @@ OverlayFiles::Place OverlayFiles::PlaceOf(StringView path) const {
   return place;
 }
 
-/// What was written or pretended there; null when the machine below is to be asked.
-const OverlayFiles::Node* OverlayFiles::Find(const Place& place) const {
-  if (place.key.empty()) return nullptr;
-  static const Node kPretendedFolder;
-  if (pretendedFolders_.contains(place.key)) return &kPretendedFolder;
-  if (const auto found = pretended_.find(place.key); found != pretended_.end()) {
-    return &found->second;
-  }
-  const auto found = written_.find(place.key);
-  return found == written_.end() ? nullptr : &found->second;
+bool OverlayFiles::Found::IsFolder() const {
+  return folder != nullptr || (node != nullptr && node->kind == Node::Kind::Folder);
 }
 
-/// Raises when the path names no file; null when the machine below is to be asked.
-const OverlayFiles::Node* OverlayFiles::RequireFile(StringView path) {
+bool OverlayFiles::Found::IsFile() const {
+  return file != nullptr || (node != nullptr && node->kind == Node::Kind::File);
+}
+
+const OverlayFiles::PretendedFolder::Files::value_type* OverlayFiles::FindPretended(
+    const Place& place) const {
+  const auto folder = pretended_.find(place.FolderKey());
+  if (folder == pretended_.end()) return nullptr;
+  const auto file = folder->second.files.find(place.Name());
+  return file == folder->second.files.end() ? nullptr : &*file;
+}
+
+OverlayFiles::Found OverlayFiles::Find(const Place& place) const {
+  if (place.key.empty()) return {};
+  if (const auto folder = pretended_.find(place.key); folder != pretended_.end()) {
+    return {&folder->second, nullptr, nullptr};
+  }
+  if (const auto* const file = FindPretended(place)) return {nullptr, file, nullptr};
+  const auto found = written_.find(place.key);
+  return {nullptr, nullptr, found == written_.end() ? nullptr : &found->second};
+}
+
+/// Raises when the path names no file; finds nothing when the machine below is to be asked.
+OverlayFiles::Found OverlayFiles::RequireFile(StringView path) {
   const Place place = PlaceOf(path);
-  const Node* const node = Find(place);
-  if (node != nullptr && (place.asFolder || node->kind != Node::Kind::File)) RaiseMissing(path);
-  return node;
+  const Found found = Find(place);
+  if (found.IsAny() && (place.asFolder || !found.IsFile())) RaiseMissing(path);
+  return found;
 }
 
 void OverlayFiles::RaiseMissing(StringView path) {
@@ -155,7 +181,7 @@ std::vector<OverlayFiles::Place> OverlayFiles::MissingFolders(StringView folder)
 
 void OverlayFiles::CreateFolders(StringView path) {
   for (Place& place : MissingFolders(path)) {
-    written_[place.key] = {Node::Kind::Folder, std::move(place.path), {}, {}, 0};
+    written_[place.key] = {Node::Kind::Folder, std::move(place.path), {}, 0};
   }
 }
 
@@ -166,14 +192,14 @@ void OverlayFiles::RequireFreeForFile(StringView path, const Place& place) {
 
 /// Keeps the file, which takes the place of a pretended one. A file that is replaced keeps its
 /// spelling.
-std::shared_ptr<OverlayFiles::Content> OverlayFiles::Keep(const Place& place, Content content) {
+OverlayFiles::Content OverlayFiles::Keep(const Place& place, WrittenFile content) {
   CreateFolders(place.Folder());
   const std::optional<FileFacts> before = FactsOf(place.path);
   Node& node = written_[place.key];
   if (node.order == 0) node.order = ++lastOrder_;
   if (!node.content) node.path = before ? String(place.Folder()) + before->name : place.path;
   node.kind = Node::Kind::File;
-  node.content = std::make_shared<Content>(std::move(content));
+  node.content = std::make_shared<WrittenFile>(std::move(content));
   TakeBack(place);
   return node.content;
 }
@@ -182,38 +208,41 @@ void OverlayFiles::Pretend(StringView path, const FileFacts& facts) {
   Place place = PlaceOf(path);
   RequireFreeForFile(path, place);
   // A folder above another pretended file can be created.
-  const bool isKnown = pretendedFolders_.contains(place.key.substr(0, place.key.rfind(u'\\')));
-  if (!isKnown) MissingFolders(place.Folder());
-  if (EqualsIgnoreCase(facts.name, LastComponent(place.path))) {
-    place.path = String(place.Folder()) + facts.name;
-  }
-  const auto [pretended, isNew] = pretended_.try_emplace(place.key);
-  Node& node = pretended->second = {Node::Kind::File, std::move(place.path), {}, facts, 0};
-  node.facts.name = LastComponent(node.path);
-  if (!isNew) return;
-  pretendedKeys_.insert(pretended->first);
-  ForEachKeyAbove(place.key, [this](const String& folder) { ++pretendedFolders_[folder]; });
+  if (!pretended_.contains(place.FolderKey())) MissingFolders(place.Folder());
+  const bool isSpelled = EqualsIgnoreCase(facts.name, place.Name());
+  TakeBack(place);
+  ForEachFolderAbove(place, [this](const String& key, StringView folder) {
+    const auto above = pretended_.try_emplace(key).first;
+    if (above->second.count++ > 0) return;
+    above->second.path = folder;
+    pretendedKeys_.insert(above->first);
+  });
+  pretended_[place.FolderKey()].files.emplace(isSpelled ? facts.name : String(place.Name()),
+                                              Pretended{facts.size, facts.created, facts.modified});
 }
 
 void OverlayFiles::TakeBack(const Place& place) {
-  pretendedKeys_.erase(place.key);
-  if (pretended_.erase(place.key) == 0) return;
-  ForEachKeyAbove(place.key, [this](const String& folder) {
-    const auto counted = pretendedFolders_.find(folder);
-    if (--counted->second == 0) pretendedFolders_.erase(counted);
+  const auto* const file = FindPretended(place);
+  if (file == nullptr) return;
+  PretendedFolder::Files& files = pretended_.find(place.FolderKey())->second.files;
+  files.erase(files.find(file->first));
+  ForEachFolderAbove(place, [this](const String& key, StringView) {
+    const auto above = pretended_.find(key);
+    if (--above->second.count > 0) return;
+    pretendedKeys_.erase(above->first);
+    pretended_.erase(above);
   });
 }
 
 void OverlayFiles::TakeBackAll() {
   pretendedKeys_.clear();
-  pretended_.clear();
-  pretendedFolders_.clear();
+  pretended_ = {};
 }
 
 std::optional<std::string> OverlayFiles::Written(StringView path) const {
   const auto found = written_.find(PlaceOf(path).key);
   if (found == written_.end() || !found->second.content) return std::nullopt;
-  return found->second.content->bytes;
+  return found->second.content->Bytes();
 }
 
 std::vector<String> OverlayFiles::WrittenPaths() const {
@@ -227,21 +256,27 @@ std::vector<String> OverlayFiles::WrittenPaths() const {
 }
 
 void OverlayFiles::Forget() {
-  foldersBelow_.clear();
-  factsBelow_.clear();
+  foldersBelow_ = {};
+  factsBelow_ = {};
+  missingBelow_ = {};
 }
 
 /// As far as that has been asked: what is not there holds nothing either.
 bool OverlayFiles::IsInMissingFolder(const Place& place) const {
-  const auto parent = foldersBelow_.find(place.key.substr(0, place.key.rfind(u'\\')));
-  return parent != foldersBelow_.end() && !parent->second;
+  bool isMissing = false;
+  ForEachFolderAbove(place, [&](const String& key, StringView) {
+    const auto folder = foldersBelow_.find(key);
+    isMissing = isMissing || (folder != foldersBelow_.end() && !folder->second);
+  });
+  return isMissing;
 }
 
 bool OverlayFiles::FolderExistsBelow(const Place& place, StringView path) {
   if (!remembers_ || place.key.empty()) return below_.Files().FolderExists(path);
   const auto known = foldersBelow_.find(place.key);
   if (known != foldersBelow_.end()) return known->second;
-  const bool exists = !IsInMissingFolder(place) && below_.Files().FolderExists(path);
+  if (IsInMissingFolder(place)) return false;
+  const bool exists = below_.Files().FolderExists(path);
   foldersBelow_.emplace(place.key, exists);
   return exists;
 }
@@ -250,27 +285,35 @@ std::optional<FileFacts> OverlayFiles::FactsBelow(const Place& place, StringView
   if (!remembers_ || place.key.empty() || place.asFolder) return below_.Files().FactsOf(path);
   const auto known = factsBelow_.find(place.key);
   if (known != factsBelow_.end()) return known->second;
-  std::optional<FileFacts> facts;
-  if (!IsInMissingFolder(place)) facts = below_.Files().FactsOf(path);
-  factsBelow_.emplace(place.key, facts);
+  const Fingerprint print = FingerprintOf(place.key);
+  if (missingBelow_.contains(print) || IsInMissingFolder(place)) return std::nullopt;
+  const std::optional<FileFacts> facts = below_.Files().FactsOf(path);
+  if (facts) {
+    factsBelow_.emplace(place.key, *facts);
+  } else {
+    missingBelow_.insert(print);
+  }
   return facts;
 }
 
 bool OverlayFiles::FolderExists(StringView path) {
   const Place place = PlaceOf(path);
-  const Node* const node = Find(place);
-  return node == nullptr ? FolderExistsBelow(place, path) : node->kind == Node::Kind::Folder;
+  const Found found = Find(place);
+  return found.IsAny() ? found.IsFolder() : FolderExistsBelow(place, path);
 }
 
 std::optional<FileFacts> OverlayFiles::FactsOf(StringView path) {
   const Place place = PlaceOf(path);
-  const Node* const node = Find(place);
-  if (node == nullptr) return FactsBelow(place, path);
-  if (place.asFolder || node->kind != Node::Kind::File) return std::nullopt;
-  if (!node->content) return node->facts;
-  const Content& content = *node->content;
-  return FileFacts{String(LastComponent(node->path)), static_cast<double>(content.bytes.size()),
-                   content.created, content.modified};
+  const Found found = Find(place);
+  if (!found.IsAny()) return FactsBelow(place, path);
+  if (place.asFolder || !found.IsFile()) return std::nullopt;
+  if (found.file != nullptr) {
+    const auto& [name, pretended] = *found.file;
+    return FileFacts{name, pretended.size, pretended.created, pretended.modified};
+  }
+  const WrittenFile& content = *found.node->content;
+  return FileFacts{String(LastComponent(found.node->path)), static_cast<double>(content.Size()),
+                   content.Created(), content.Modified()};
 }
 
 void OverlayFiles::CreateFolder(StringView path) {
@@ -283,16 +326,16 @@ void OverlayFiles::CreateFolder(StringView path) {
 void OverlayFiles::RemoveFile(StringView path, bool) {
   const Place place = PlaceOf(path);
   const bool isBelow = below_.Files().FileExists(path);
-  if (RequireFile(path) == nullptr && !isBelow) RaiseMissing(path);
+  if (!RequireFile(path).IsAny() && !isBelow) RaiseMissing(path);
   TakeBack(place);
   written_.erase(place.key);
-  if (isBelow) written_[place.key] = {Node::Kind::Deleted, place.path, {}, {}, 0};
+  if (isBelow) written_[place.key] = {Node::Kind::Deleted, place.path, {}, 0};
 }
 
 std::unique_ptr<BinaryFile> OverlayFiles::OpenForReading(StringView path) {
-  if (const Node* const node = RequireFile(path)) {
-    if (!node->content) Raise(error::kDeviceInputOutput, path);
-    return std::make_unique<OpenedFile>(node->content);
+  if (const Found found = RequireFile(path); found.IsAny()) {
+    if (!found.Written()) Raise(error::kDeviceInputOutput, path);
+    return std::make_unique<OpenedFile>(found.Written());
   }
   try {
     return below_.Files().OpenForReading(path);
@@ -306,9 +349,9 @@ std::unique_ptr<BinaryFile> OverlayFiles::OpenForReading(StringView path) {
 std::unique_ptr<AppendFile> OverlayFiles::OpenForAppending(StringView path, bool create) {
   const Place place = PlaceOf(path);
   if (const std::optional<FileFacts> facts = FactsOf(path)) {
-    const Node* const node = Find(place);
-    if (node != nullptr && !node->content) Raise(error::kDeviceInputOutput, path);
-    if (node != nullptr) return std::make_unique<GrowingFile>(node->content);
+    const Found found = Find(place);
+    if (found.IsAny() && !found.Written()) Raise(error::kDeviceInputOutput, path);
+    if (found.IsAny()) return std::make_unique<GrowingFile>(found.Written());
     std::string bytes = ReadWholeFile(*below_.Files().OpenForReading(path));
     return std::make_unique<GrowingFile>(
         Keep(place, {std::move(bytes), facts->created, facts->modified}));
@@ -325,23 +368,28 @@ std::unique_ptr<AppendFile> OverlayFiles::OpenForAppending(StringView path, bool
 OverlayFiles::Tree OverlayFiles::ChildrenOf(const Place& folder) const {
   const String prefix = folder.key + u'\\';
   Tree children;
-  const auto add = [&](const String& key, const Node& node) {
+  const auto add = [&](const String& key, StringView path, Node::Kind kind) {
     const std::size_t end = key.find(u'\\', prefix.size());
     const bool direct = end == String::npos;
     const std::size_t length = direct ? end : end - prefix.size();
     Node child;
-    child.kind = direct ? node.kind : Node::Kind::Folder;
-    child.path = node.path.substr(prefix.size(), length);
+    child.kind = direct ? kind : Node::Kind::Folder;
+    child.path = path.substr(prefix.size(), length);
     children.try_emplace(key.substr(prefix.size(), length), std::move(child));
   };
+  if (const auto own = pretended_.find(folder.key); own != pretended_.end()) {
+    for (const auto& [name, file] : own->second.files) {
+      add(prefix + Fold(name), prefix + name, Node::Kind::File);
+    }
+  }
   for (auto at = pretendedKeys_.lower_bound(prefix);
        at != pretendedKeys_.end() && at->starts_with(prefix); ++at) {
-    const auto pretended = pretended_.find(String(*at));
-    add(pretended->first, pretended->second);
+    const String key(*at);
+    add(key, pretended_.find(key)->second.path, Node::Kind::Folder);
   }
   for (auto at = written_.lower_bound(prefix);
        at != written_.end() && at->first.starts_with(prefix); ++at) {
-    add(at->first, at->second);
+    add(at->first, at->second.path, at->second.kind);
   }
   return children;
 }
@@ -349,10 +397,10 @@ OverlayFiles::Tree OverlayFiles::ChildrenOf(const Place& folder) const {
 std::vector<FolderItem> OverlayFiles::ListFolder(StringView path,
                                                  std::span<const StringView> endings) {
   const Place folder = PlaceOf(path);
-  const Node* const node = Find(folder);
-  if (node != nullptr && node->kind != Node::Kind::Folder) Raise(error::kPathNotFound, path);
+  const Found found = Find(folder);
+  if (found.IsAny() && !found.IsFolder()) Raise(error::kPathNotFound, path);
   std::vector<FolderItem> items;
-  if (node == nullptr || below_.Files().FolderExists(path)) {
+  if (!found.IsAny() || below_.Files().FolderExists(path)) {
     items = below_.Files().ListFolder(path, endings);
   }
   const Tree children = ChildrenOf(folder);
@@ -372,23 +420,23 @@ std::vector<FolderItem> OverlayFiles::ListFolder(StringView path,
 }
 
 String OverlayFiles::FileVersion(StringView path) {
-  return Find(PlaceOf(path)) == nullptr ? below_.Files().FileVersion(path) : String();
+  return Find(PlaceOf(path)).IsAny() ? String() : below_.Files().FileVersion(path);
 }
 
 std::optional<std::string> OverlayFiles::Read(StringView path) {
   const Place place = PlaceOf(path);
-  const Node* const node = Find(place);
-  if (node == nullptr) return below_.Settings().Read(path);
-  if (place.asFolder || node->kind != Node::Kind::File) return std::nullopt;
-  if (!node->content) Raise(error::kDeviceInputOutput, path);
-  return node->content->bytes;
+  const Found found = Find(place);
+  if (!found.IsAny()) return below_.Settings().Read(path);
+  if (place.asFolder || !found.IsFile()) return std::nullopt;
+  if (!found.Written()) Raise(error::kDeviceInputOutput, path);
+  return found.Written()->Bytes();
 }
 
 void OverlayFiles::Write(StringView path, const std::string& bytes) {
   const Place place = PlaceOf(path);
   RequireFreeForFile(path, place);
   const std::int64_t now = Now();
-  Keep(place, {bytes, InSeconds(now), now});
+  const Use closed(Keep(place, {bytes, InSeconds(now), now}));  // which packs it
 }
 
 }  // namespace norvo

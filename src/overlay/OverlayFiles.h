@@ -6,9 +6,12 @@
 #include <set>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
+#include "overlay/WrittenFile.h"
 #include "services/Platform.h"
+#include "text/Fingerprint.h"
 
 namespace norvo {
 
@@ -58,36 +61,63 @@ class OverlayFiles final : public FileSystem, public SettingsStorage {
     bool asFolder = false;  ///< the path had a trailing separator: it names a folder
 
     StringView Folder() const;  ///< with a trailing separator; empty above a root
+    StringView Name() const { return StringView(path).substr(Folder().size()); }
+    String FolderKey() const { return key.substr(0, key.rfind(u'\\')); }
   };
   /// Shared with those who have the file open, as on a disk.
-  struct Content {
-    std::string bytes;
-    FileTime created = 0;
-    std::int64_t modified = 0;
-  };
+  using Content = std::shared_ptr<WrittenFile>;
   struct Node {
     enum class Kind { Folder, File, Deleted };
     Kind kind = Kind::Folder;
     String path;
-    std::shared_ptr<Content> content;  // of a written file
-    FileFacts facts;                   // of a pretended file
-    std::size_t order = 0;             // of writing, from 1
+    Content content;        // of a file
+    std::size_t order = 0;  // of writing, from 1
+  };
+  /// Of a pretended file; its name is known otherwise.
+  struct Pretended {
+    double size = 0;
+    FileTime created = 0;
+    std::int64_t modified = 0;
+  };
+  /// A folder with pretended files in it or below. Thousands are pretended in all, and asked for
+  /// one by one, which a hash answers quicker than a tree.
+  struct PretendedFolder {
+    using Files = std::unordered_map<String, Pretended, CaselessHash, CaselessEqual>;
+    String path;
+    Files files;            // by their names, in their own spelling
+    std::size_t count = 0;  // with those below
+  };
+  /// What was written or pretended at a path; nothing of it where the machine below is to be asked.
+  struct Found {
+    const PretendedFolder* folder = nullptr;
+    const PretendedFolder::Files::value_type* file = nullptr;
+    const Node* node = nullptr;
+
+    bool IsAny() const { return folder != nullptr || file != nullptr || node != nullptr; }
+    bool IsFolder() const;
+    bool IsFile() const;
+    /// Of a written file; null for all else.
+    Content Written() const { return node == nullptr ? nullptr : node->content; }
   };
   /// By key: what lies below a folder follows upon the folder's key and a separator.
   using Tree = std::map<String, Node>;
+  class Use;
   class OpenedFile;
   class GrowingFile;
 
   Place PlaceOf(StringView path) const;
-  const Node* Find(const Place& place) const;
-  const Node* RequireFile(StringView path);
+  template <class Visit>
+  static void ForEachFolderAbove(const Place& place, Visit&& visit);
+  Found Find(const Place& place) const;
+  const PretendedFolder::Files::value_type* FindPretended(const Place& place) const;
+  Found RequireFile(StringView path);
   std::vector<Place> MissingFolders(StringView folder);
   bool FolderExistsBelow(const Place& place, StringView path);
   std::optional<FileFacts> FactsBelow(const Place& place, StringView path);
   bool IsInMissingFolder(const Place& place) const;
   void TakeBack(const Place& place);
   void RequireFreeForFile(StringView path, const Place& place);
-  std::shared_ptr<Content> Keep(const Place& place, Content content);
+  Content Keep(const Place& place, WrittenFile content);
   Tree ChildrenOf(const Place& folder) const;
   [[noreturn]] void RaiseMissing(StringView path);
 
@@ -98,15 +128,15 @@ class OverlayFiles final : public FileSystem, public SettingsStorage {
 
   Platform& below_;
   Tree written_;  // with all folders that were created, and all files that were deleted
-  // Thousands are pretended and asked for one by one, which a hash answers quicker than a tree.
-  Table<Node> pretended_;                // files alone: the folders above them go with them
-  std::set<StringView> pretendedKeys_;   // of these, as folders are listed
-  Table<std::size_t> pretendedFolders_;  // by key; files in and below each
+  Table<PretendedFolder> pretended_;    // by key
+  std::set<StringView> pretendedKeys_;  // of these, as folders are listed
   std::size_t lastOrder_ = 0;
   bool remembers_ = false;
-  // Answers of the machine below, by key.
+  // Answers of the machine below, by key. A file that is not there is known by the fingerprint of
+  // its key, since there are as many as there are songs.
   Table<bool> foldersBelow_;
-  Table<std::optional<FileFacts>> factsBelow_;
+  Table<FileFacts> factsBelow_;
+  std::unordered_set<Fingerprint, FingerprintHash> missingBelow_;
 };
 
 }  // namespace norvo

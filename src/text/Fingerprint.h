@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <span>
@@ -19,6 +20,14 @@ struct Fingerprint {
   std::uint64_t second = 0;
 
   bool operator==(const Fingerprint&) const = default;
+};
+
+/// For tables by fingerprint.
+struct FingerprintHash {
+  /// Its bits are as good as any.
+  std::size_t operator()(const Fingerprint& print) const noexcept {
+    return static_cast<std::size_t>(print.first);
+  }
 };
 
 /// Of bytes, as published; each seed makes a hash of its own.

@@ -1,4 +1,5 @@
 #include <chrono>
+#include <string>
 
 #include "overlay/OverlayFixture.h"
 
@@ -35,6 +36,20 @@ TEST_F(OverlayFilesTest, RaisesWhatTheMachineBelowRaises) {
   EXPECT_EQ(NumberRaisedBy([&] { Write(u"D:\\New\\x.ini", "x"); }), 76);
   EXPECT_TRUE(Overlay().WrittenPaths().empty());
   EXPECT_EQ(Names(u"C:\\"), (Paths{u"Music\\", u"Old.txt"}));
+}
+
+TEST_F(OverlayFilesTest, KeepsALongFileWholeWhileItIsReadAndGrows) {
+  std::string text;
+  for (int i = 0; i < 5'000; ++i) text += "C:\\Music\\" + std::to_string(i) + ".mp3\r\n";
+  Write(u"C:\\Long.m3u", text);
+  EXPECT_EQ(Read(u"C:\\Long.m3u"), text);
+  EXPECT_EQ(Files().FactsOf(u"C:\\Long.m3u")->size, static_cast<double>(text.size()));
+  const auto reader = Files().OpenForReading(u"C:\\Long.m3u");
+  Append(u"C:\\Long.m3u", "more");  // whoever has it open sees it, as on a disk
+  EXPECT_EQ(reader->Size(), text.size() + 4);
+  EXPECT_EQ(Overlay().Written(u"C:\\Long.m3u"), text + "more");
+  EXPECT_EQ(Overlay().Settings().Read(u"C:\\Long.m3u"), text + "more");
+  EXPECT_EQ(Read(u"C:\\Long.m3u"), text + "more");
 }
 
 TEST_F(OverlayFilesTest, RefusesPathsAndNamesThatAreTooLong) {
