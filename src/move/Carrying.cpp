@@ -116,6 +116,8 @@ void CarryGenericFiles(Component& library, RestoreLedger& ledger, MoveWork& work
     draft.originalName = draft.document.Value(globals, u"OriginalFileName").value_or(StringView());
     draft.document = {};  // nobody asks for the rest of it any more
   }
+  for (PlaylistDraft& draft : work.drafts) draft.document = {};  // of those that stay behind
+  work.sections.Clear();
 }
 
 }  // namespace norvo

@@ -18,10 +18,10 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr StringView kLineEnd = u"\r\n";
 
 /// "Artist - Title", or the one of both that is known.
-String ShownName(const ToldDetails& told) {
-  String name(told.artist);
-  if (!told.artist.empty() && !told.title.empty()) name += u" - ";
-  return name.append(told.title);
+String ShownName(const MovedItem& item) {
+  String name(item.artist);
+  if (!item.artist.empty() && !item.title.empty()) name += u" - ";
+  return name.append(item.title);
 }
 
 /// Whole seconds; "-1" where the length is not known, as players have it.
@@ -57,17 +57,16 @@ String NewCompanionPath(Component& library, StringView originalName) {
   return path;
 }
 
-std::string CompanionText(const MovedPlaylist& playlist, const std::vector<ToldDetails>& told,
+std::string CompanionText(const MovedPlaylist& playlist, const std::vector<double>& seconds,
                           const std::vector<MovedSong>& songs) {
   String text = u"#EXTM3U" + String(kLineEnd);
   for (std::size_t i = 0; i < playlist.items.size(); ++i) {
     const MovedItem& item = playlist.items[i];
     const bool isNowhere = item.IsSong() && songs[item.song].place.empty();
     if (!item.IsCarried() || isNowhere) continue;
-    String name = ShownName(told[i]);
+    String name = ShownName(item);
     if (name.empty() && item.IsSong()) name = BaseName(songs[item.song].place);
-    if (!name.empty())
-      text += u"#EXTINF:" + Seconds(told[i].seconds) + u"," + name + String(kLineEnd);
+    if (!name.empty()) text += u"#EXTINF:" + Seconds(seconds[i]) + u"," + name + String(kLineEnd);
     const StringView place = item.IsSong() ? songs[item.song].place : item.reference;
     text.append(place).append(kLineEnd);
   }

@@ -23,8 +23,9 @@ void SetNatives(MovedPlaylist& playlist, std::vector<String> paths);
 /// theirs.
 String NewCompanionPath(Component& library, StringView originalName);
 
-/// Its text, with a byte order mark. A song that has no place is no part of it.
-std::string CompanionText(const MovedPlaylist& playlist, const std::vector<ToldDetails>& told,
+/// Its text, with a byte order mark. `seconds` has the length of each item, 0 where it is not
+/// known. A song that has no place is no part of it.
+std::string CompanionText(const MovedPlaylist& playlist, const std::vector<double>& seconds,
                           const std::vector<MovedSong>& songs);
 
 }  // namespace norvo

@@ -57,10 +57,15 @@ std::vector<EntryAnswer> EntryQuestions::Read(IniDocument genericFile) {
   return answers;
 }
 
-std::vector<const EntryAnswer*> EntryQuestions::AskAll(const GenericDraft& genericFile) {
+const KeptAnswer& EntryQuestions::Keep(const EntryAnswer& answer) {
+  return answers_.emplace_back(KeptAnswer{texts_.Keep(answer.place), texts_.Keep(answer.artist),
+                                          texts_.Keep(answer.album), texts_.Keep(answer.fileName)});
+}
+
+std::vector<const KeptAnswer*> EntryQuestions::AskAll(const GenericDraft& genericFile) {
   const std::size_t count = genericFile.CountEntries();
   if (!AskNew(genericFile, count)) return AskWhole(genericFile);
-  std::vector<const EntryAnswer*> answers;
+  std::vector<const KeptAnswer*> answers;
   answers.reserve(count);
   for (std::size_t entry = 1; entry <= count; ++entry) {
     answers.push_back(bySection_.at(genericFile.ContentOf(genericFile.FindEntry(entry))));
@@ -86,11 +91,11 @@ bool EntryQuestions::AskNew(const GenericDraft& genericFile, std::size_t count) 
   }
   file.SetValue(file.FindSection(kGlobalSection), kCount,
                 FormatInteger(static_cast<std::int64_t>(contents.size())));
-  std::vector<EntryAnswer> answers = Read(std::move(file));
+  const std::vector<EntryAnswer> answers = Read(std::move(file));
   const bool isWhole = answers.size() == contents.size();
   for (std::size_t i = 0; i < contents.size(); ++i) {
     if (isWhole) {
-      bySection_[contents[i]] = &answers_.emplace_back(std::move(answers[i]));
+      bySection_[contents[i]] = &Keep(answers[i]);
     } else {
       bySection_.erase(contents[i]);
     }
@@ -99,10 +104,10 @@ bool EntryQuestions::AskNew(const GenericDraft& genericFile, std::size_t count) 
 }
 
 /// The usual way for a file that is not as it is usually written.
-std::vector<const EntryAnswer*> EntryQuestions::AskWhole(const GenericDraft& genericFile) {
-  std::vector<const EntryAnswer*> answers;
-  for (EntryAnswer& answer : Read(IniDocument(genericFile.ToText()))) {
-    answers.push_back(&answers_.emplace_back(std::move(answer)));
+std::vector<const KeptAnswer*> EntryQuestions::AskWhole(const GenericDraft& genericFile) {
+  std::vector<const KeptAnswer*> answers;
+  for (const EntryAnswer& answer : Read(IniDocument(genericFile.ToText()))) {
+    answers.push_back(&Keep(answer));
   }
   return answers;
 }

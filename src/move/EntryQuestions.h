@@ -3,10 +3,10 @@
 #include <cstdint>
 #include <deque>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 #include "move/GenericDraft.h"
+#include "move/TextPool.h"
 #include "services/Component.h"
 
 namespace norvo {
@@ -19,6 +19,18 @@ struct EntryAnswer {
   String fileName;
 };
 
+/// The same as views of texts that are kept elsewhere, each once: there is one for each song.
+struct KeptAnswer {
+  StringView place;
+  StringView artist;
+  StringView album;
+  StringView fileName;
+
+  EntryAnswer Copy() const {
+    return {String(place), String(artist), String(album), String(fileName)};
+  }
+};
+
 /// Asks the new machine's own entries where their songs belong.
 class EntryQuestions {
  public:
@@ -28,20 +40,21 @@ class EntryQuestions {
   /// All entries of a generic file, as if no file stood at their old addresses: what stands there
   /// may have been put there by an earlier run. The answers stay where they are; entries whose
   /// sections are equal share one.
-  std::vector<const EntryAnswer*> AskAll(const GenericDraft& genericFile);
+  std::vector<const KeptAnswer*> AskAll(const GenericDraft& genericFile);
   /// An entry with these names.
   EntryAnswer Ask(const EntryAnswer& names);
   /// The same answer as one that stays where it is, as those of `AskAll` do.
-  const EntryAnswer& Keep(EntryAnswer answer) { return answers_.emplace_back(std::move(answer)); }
+  const KeptAnswer& Keep(const EntryAnswer& answer);
 
  private:
   std::vector<EntryAnswer> Read(IniDocument genericFile);
   bool AskNew(const GenericDraft& genericFile, std::size_t count);
-  std::vector<const EntryAnswer*> AskWhole(const GenericDraft& genericFile);
+  std::vector<const KeptAnswer*> AskWhole(const GenericDraft& genericFile);
 
   Component& library_;
-  std::deque<EntryAnswer> answers_;
-  std::unordered_map<SectionPool::Id, const EntryAnswer*> bySection_;
+  TextPool texts_;
+  std::deque<KeptAnswer> answers_;
+  std::unordered_map<SectionPool::Id, const KeptAnswer*> bySection_;
 };
 
 }  // namespace norvo

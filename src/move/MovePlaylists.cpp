@@ -116,21 +116,25 @@ class NewMachine {
   ProductSettings settings_;
 };
 
-/// An alternative that no playlist was given is no song of the move.
+/// An alternative that no playlist was given is no song of the move. The others stand in the order
+/// of the playlists.
 void DropUnused(MoveResult& move) {
   std::vector<std::optional<std::size_t>> numbers(move.songs.size());
-  std::vector<MovedSong> songs;
+  std::vector<std::size_t> used;
   for (MovedPlaylist& playlist : move.playlists) {
     for (MovedItem& item : playlist.items) {
       if (!item.IsSong()) continue;
       std::optional<std::size_t>& number = numbers[item.song];
       if (!number) {
-        number = songs.size();
-        songs.push_back(std::move(move.songs[item.song]));
+        number = used.size();
+        used.push_back(item.song);
       }
       item.song = *number;
     }
   }
+  std::vector<MovedSong> songs;
+  songs.reserve(used.size());
+  for (const std::size_t song : used) songs.push_back(std::move(move.songs[song]));
   move.songs = std::move(songs);
 }
 
@@ -196,8 +200,10 @@ void Gather(OldMachine& old, const MoveOptions& options, MediaPlacer& placer, Mo
   CollectResult collected;
   CollectForMove(library, old.Settings(), work.report, collected);
   TellUnseen(stock.unseen, work);
-  SongBook songs(library.Files(), identities, work.result.songs);
-  Rescue(library, old.Settings(), stock, songs, work).Run(collected);
+  {
+    SongBook songs(library.Files(), identities, work.result.songs);
+    Rescue(library, old.Settings(), stock, songs, work).Run(collected);
+  }
   DropUnused(work.result);
   AddUnlisted(stock, work.otherNames, library.Files(), identities, options.allMusic, work.result);
   CompleteDetails(library, work);
@@ -285,7 +291,7 @@ MoveResult MovePlaylists(const MoveMachines& machines, const MoveOptions& option
                          WorkObserver& observer) {
   MoveResult result;
   WorkReport report(observer, result.warnings);
-  MoveWork work{result, report, {}, {}, {}, {}, {}, {}};
+  MoveWork work{result, report, {}, {}, {}, {}, {}, {}, {}};
   result.texts = work.sections.SharedTexts();
   StreamPlacer streams(machines.from->Files(), machines.to->Files());
   StreamPlacer names(machines.to->Files(), machines.to->Files());

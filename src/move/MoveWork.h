@@ -24,12 +24,21 @@ struct ToldDetails {
 
 /// A playlist on its way, beside what the result tells of it.
 struct PlaylistDraft {
-  std::vector<ToldDetails> told;  ///< one for each of its items
+  std::vector<ToldDetails> told;  ///< one for each of its items, until these are completed
+  std::vector<double> seconds;    ///< from then on the length of each; 0: not known
   GenericDraft document;          ///< its generic file, until it is carried
   String originalName;            ///< which that file tells, of which new lists take their names
   std::string print;              ///< fingerprint of that file, once it is carried
   Fingerprint content;            ///< of the playlist's own file
   std::string key;                ///< by which the new machine knows it again
+};
+
+/// A song that has got its place, and the names of which that is computed. The texts stand in the
+/// move's pool.
+struct SettledSong {
+  std::size_t song = 0;  ///< 0-based number among the move's songs
+  StringView artist;
+  StringView album;
 };
 
 /// A song whose tags could not be read.
@@ -46,6 +55,7 @@ struct MoveWork {
   std::vector<PlaylistDraft> drafts;   ///< one for each of the result's playlists
   std::vector<ToldDetails> tags;       ///< one for each of the result's songs
   std::vector<UnreadTags> unreadTags;  ///< in the order of the songs
+  std::vector<SettledSong> settled;    ///< in the order in which they were settled
   SeenLists newLists;                  ///< those that verifying has taken apart
   std::vector<String> otherNames;      ///< of songs, by which only other forms of lists know them
 };

@@ -4,7 +4,6 @@
 
 #include "move/PortableNames.h"
 #include "services/DataCop.h"
-#include "text/Number.h"
 #include "text/WindowsPath.h"
 
 namespace norvo {
@@ -14,12 +13,6 @@ constexpr int kMostNumbers = 100000;
 constexpr int kMostUnseen = 100;
 // Room that is left to artist and album each when the path would be too long otherwise.
 constexpr std::size_t kShortName = 40;
-
-/// Every playlist may spell the path in another way. Two old machines may have different files of
-/// one path; no path holds a "|".
-String NameInLedger(const MovedSong& song) {
-  return Fold(song.source) + u"|" + FormatNumber(song.size);
-}
 
 /// The folders above a path, the outermost first, from those below the root on.
 template <class Visit>
@@ -33,30 +26,28 @@ void ForEachFolderAbove(const String& path, std::size_t rootLength, Visit&& visi
 }  // namespace
 
 PlaceChooser::PlaceChooser(EntryQuestions& entries, Component& library, OverlayPlatform& overlay,
-                           MediaPlacer& placer, RestoreLedger& ledger)
+                           MediaPlacer& placer, const RestoreLedger& ledger, MoveWork& work)
     : entries_(entries),
       library_(library),
       overlay_(overlay),
       placer_(placer),
       ledger_(ledger),
+      work_(work),
       root_(DataCop::GetGroupRoot(library)) {}
 
-void PlaceChooser::Vote(std::size_t song, const EntryAnswer& answer) {
+void PlaceChooser::Vote(std::size_t song, const KeptAnswer& answer) {
   if (votes_.size() <= song) votes_.resize(song + 1);
   std::vector<Candidate>& of = votes_[song];
-  const auto same = std::find_if(of.begin(), of.end(), [&](const Candidate& candidate) {
-    return candidate.answer == &answer || candidate.answer->place == answer.place;
-  });
-  if (same == of.end()) {
-    of.push_back({&answer, 1});
-  } else {
-    ++same->count;
-  }
+  // Equal places are one text.
+  const auto [known, isNew] = candidates_.try_emplace({song, answer.place.data()}, of.size());
+  if (isNew) of.push_back({&answer, 0});
+  ++of[known->second].count;
 }
 
 /// Places of earlier moves come first, so that no new song takes one.
-void PlaceChooser::ChooseAll(MoveWork& work) {
-  std::vector<MovedSong>& songs = work.result.songs;
+void PlaceChooser::ChooseAll() {
+  std::vector<MovedSong>& songs = work_.result.songs;
+  candidates_ = {};
   votes_.resize(songs.size());
   chosen_.resize(songs.size());
   std::vector<bool> kept(songs.size());
@@ -64,7 +55,7 @@ void PlaceChooser::ChooseAll(MoveWork& work) {
     kept[song] = !votes_[song].empty() && KeepPlace(song, songs[song]);
   }
   for (std::size_t song = 0; song < songs.size(); ++song) {
-    work.report.Progress(
+    work_.report.Progress(
         {WorkPhase::PlanningSongs, song + 1, songs.size(), 0, 0, songs[song].source});
     if (!votes_[song].empty() && !kept[song]) Choose(song, songs[song]);
   }
@@ -77,9 +68,10 @@ void PlaceChooser::Choose(std::size_t number, MovedSong& song) {
     return left.count > right.count;
   });
   for (const Candidate& vote : votes) {
-    if (Judge(song, vote.answer->place) == Fault::None) return Settle(number, song, *vote.answer);
+    if (Judge(song, String(vote.answer->place)) == Fault::None)
+      return Settle(number, song, *vote.answer);
   }
-  EntryAnswer names = *votes.front().answer;
+  EntryAnswer names = votes.front().answer->Copy();
   const CodePage& page = library_.Machine().AnsiPage();
   if (names.fileName.empty()) names.fileName = LastComponent(song.source);
   names.fileName = PortableName(names.fileName, &page);
@@ -140,7 +132,7 @@ bool PlaceChooser::TryNames(std::size_t number, MovedSong& song, const EntryAnsw
     answer = entries_.Ask(answer);
   }
   const String fileName = answer.fileName;
-  int& mark = nextMarks_.try_emplace(Fold(answer.place), 2).first->second;
+  int& mark = nextMarks_.try_emplace(CaselessFingerprintOf(answer.place), 2).first->second;
   for (; mark < kMostNumbers; ++mark) {
     const Fault fault = Judge(song, answer.place);
     if (fault == Fault::None) {
@@ -157,20 +149,23 @@ bool PlaceChooser::TryNames(std::size_t number, MovedSong& song, const EntryAnsw
 
 /// What an earlier move has decided stands, whatever else has come since.
 bool PlaceChooser::KeepPlace(std::size_t number, MovedSong& song) {
-  // A copy: settling adds to what is known.
-  const std::vector<KnownPlace> known = ledger_.PlacesOf(NameInLedger(song));
-  for (const auto& [place, artist, album, full] : known) {
-    if (!overlay_.Files().FileExists(full.empty() ? place : full)) continue;
+  const std::vector<KnownPlace>& known =
+      ledger_.PlacesOf(RestoreLedger::NameOf(song.source, song.size));
+  for (const auto& [plain, artist, album, otherFull] : known) {
+    const String place(plain);
+    const String full(otherFull.empty() ? plain : otherFull);
+    if (!overlay_.Files().FileExists(full)) continue;
     if (Judge(song, place) != Fault::None) continue;
-    Settle(number, song, entries_.Keep({place, artist, album, String(LastComponent(place))}),
-           full.empty() ? place : full);
+    Settle(number, song,
+           entries_.Keep({place, String(artist), String(album), String(LastComponent(place))}),
+           full);
     return true;
   }
   return false;
 }
 
 /// The answer must outlive this.
-void PlaceChooser::Settle(std::size_t number, MovedSong& song, const EntryAnswer& answer,
+void PlaceChooser::Settle(std::size_t number, MovedSong& song, const KeptAnswer& answer,
                           const String& knownFull) {
   song.plainPlace = answer.place;
   chosen_[number] = &answer;
@@ -178,16 +173,15 @@ void PlaceChooser::Settle(std::size_t number, MovedSong& song, const EntryAnswer
   const bool isKept = knownFull == song.plainPlace ||
                       (!knownFull.empty() && Judge(song, knownFull, Spelling::Any) == Fault::None);
   song.place = isKept ? knownFull : FullPlace(song, *votes_[number].front().answer);
-  const bool isPlain = song.place == song.plainPlace;
-  if (!isPlain) Occupy(number, song, song.place);
-  ledger_.AddPlace(NameInLedger(song),
-                   {answer.place, answer.artist, answer.album, isPlain ? String() : song.place});
+  if (song.place != song.plainPlace) Occupy(number, song, song.place);
+  TextPool& texts = work_.sections.Texts();
+  work_.settled.push_back({number, texts.Keep(answer.artist), texts.Keep(answer.album)});
 }
 
 /// The place that the song's own names give, in every script; the plain one where that tells them,
 /// or where there is no way.
-String PlaceChooser::FullPlace(const MovedSong& song, const EntryAnswer& names) {
-  EntryAnswer full = names;
+String PlaceChooser::FullPlace(const MovedSong& song, const KeptAnswer& names) {
+  EntryAnswer full = names.Copy();
   if (full.fileName.empty()) full.fileName = LastComponent(song.source);
   const CodePage& page = library_.Machine().AnsiPage();
   if (page.Fits(names.place) && page.Fits(full.fileName)) return song.plainPlace;
@@ -206,7 +200,7 @@ std::optional<String> PlaceChooser::FreePlace(const MovedSong& song, EntryAnswer
   const CodePage& page = library_.Machine().AnsiPage();
   const String fileName = names.fileName;
   String place = entries_.Ask(names).place;
-  int& mark = nextMarks_.try_emplace(Fold(place), 2).first->second;
+  int& mark = nextMarks_.try_emplace(CaselessFingerprintOf(place), 2).first->second;
   for (; mark < kMostNumbers && !page.Fits(place); ++mark) {
     const Fault fault = Judge(song, place, Spelling::Any);
     if (fault == Fault::None) return place;
@@ -219,9 +213,10 @@ std::optional<String> PlaceChooser::FreePlace(const MovedSong& song, EntryAnswer
 
 /// From now on no other song can have the place.
 void PlaceChooser::Occupy(std::size_t number, MovedSong& song, const String& place) {
-  places_.emplace(Fold(place), number);
-  ForEachFolderAbove(place, root_.size(),
-                     [this](const String& folder) { folders_.insert(Fold(folder)); });
+  places_.emplace(CaselessFingerprintOf(place), number);
+  ForEachFolderAbove(place, root_.size(), [this](const String& folder) {
+    folders_.insert(CaselessFingerprintOf(folder));
+  });
   const std::optional<FileFacts> there = overlay_.Files().FactsOf(place);
   song.state = there ? MovedSong::State::AlreadyThere : MovedSong::State::Planned;
   FileFacts facts;
@@ -245,7 +240,7 @@ PlaceChooser::Fault PlaceChooser::Judge(const MovedSong& song, const String& pla
 bool PlaceChooser::IsBlocked(const String& place) {
   bool blocked = false;
   ForEachFolderAbove(place, root_.size(), [&](const String& folder) {
-    const String folded = Fold(folder);
+    const Fingerprint folded = CaselessFingerprintOf(folder);
     if (folders_.contains(folded)) return;
     // A folder that is not there is known to hold nothing, so that it is asked for first.
     blocked = blocked || places_.contains(folded) ||
@@ -262,7 +257,7 @@ bool PlaceChooser::HasOnlyUnseen(int mark, const String& place) {
 
 /// Another song, another file or a folder is there, or what may not be seen.
 bool PlaceChooser::IsTaken(const MovedSong& song, const String& place) {
-  const String folded = Fold(place);
+  const Fingerprint folded = CaselessFingerprintOf(place);
   if (places_.contains(folded) || folders_.contains(folded)) return true;
   FileSystem& files = overlay_.Files();
   if (files.FolderExists(place)) return true;
@@ -278,11 +273,12 @@ Adjustment::Reason PlaceChooser::WhyNot(std::size_t number, const String& place)
   if (!EqualsIgnoreCase(StringView(place).substr(0, root_.size()), root_)) {
     return Reason::LeavesGroupRoot;
   }
-  const auto owner = places_.find(Fold(place));
+  const Fingerprint folded = CaselessFingerprintOf(place);
+  const auto owner = places_.find(folded);
   if (owner != places_.end()) {
     return owner->second == number ? Reason::RelativeReference : Reason::OtherSong;
   }
-  if (folders_.contains(Fold(place)) || overlay_.Files().FolderExists(place)) {
+  if (folders_.contains(folded) || overlay_.Files().FolderExists(place)) {
     return Reason::FolderThere;
   }
   return overlay_.Files().FileExists(place) ? Reason::OtherFile : Reason::PlaceElsewhere;

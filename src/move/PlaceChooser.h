@@ -1,10 +1,11 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
 #include <optional>
-#include <set>
-#include <string>
 #include <unordered_map>
+#include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "move/EntryQuestions.h"
@@ -13,6 +14,7 @@
 #include "move/RestoreLedger.h"
 #include "overlay/OverlayPlatform.h"
 #include "services/Component.h"
+#include "text/Fingerprint.h"
 
 namespace norvo {
 
@@ -28,16 +30,16 @@ class PlaceChooser {
   /// `overlay` lies over the new machine, and `library` works on it. `placer` serves to compare
   /// songs. All must outlive this.
   PlaceChooser(EntryQuestions& entries, Component& library, OverlayPlatform& overlay,
-               MediaPlacer& placer, RestoreLedger& ledger);
+               MediaPlacer& placer, const RestoreLedger& ledger, MoveWork& work);
 
   /// An entry of the song, by its 0-based number, would have it there. The place that most want
   /// comes first. The answer must outlive this.
-  void Vote(std::size_t song, const EntryAnswer& answer);
+  void Vote(std::size_t song, const KeptAnswer& answer);
   /// Chooses for all songs with a vote; those for which there is no place are marked as left out.
-  void ChooseAll(MoveWork& work);
+  void ChooseAll();
 
   /// The names of which the song's place is computed.
-  const EntryAnswer& ChosenFor(std::size_t song) const { return *chosen_[song]; }
+  const KeptAnswer& ChosenFor(std::size_t song) const { return *chosen_[song]; }
   /// Why a song does not go where its entry would have it; `RelativeReference` when it does, and
   /// the entry only lacks the name.
   Adjustment::Reason WhyNot(std::size_t song, const String& place);
@@ -45,7 +47,7 @@ class PlaceChooser {
  private:
   /// An answer that several entries of one song give.
   struct Candidate {
-    const EntryAnswer* answer = nullptr;
+    const KeptAnswer* answer = nullptr;
     std::size_t count = 0;
   };
   /// Blocked: a file is where one of the folders should be, or what is there may not be seen.
@@ -57,9 +59,9 @@ class PlaceChooser {
   bool TryNames(std::size_t number, MovedSong& song, const EntryAnswer& names);
   void LeaveNowhere(MovedSong& song, const EntryAnswer& names);
   bool KeepPlace(std::size_t number, MovedSong& song);
-  void Settle(std::size_t number, MovedSong& song, const EntryAnswer& answer,
+  void Settle(std::size_t number, MovedSong& song, const KeptAnswer& answer,
               const String& knownFull = {});
-  String FullPlace(const MovedSong& song, const EntryAnswer& names);
+  String FullPlace(const MovedSong& song, const KeptAnswer& names);
   std::optional<String> FreePlace(const MovedSong& song, EntryAnswer names);
   void Occupy(std::size_t number, MovedSong& song, const String& place);
   Fault Judge(const MovedSong& song, const String& place, Spelling spelling = Spelling::Plain);
@@ -71,13 +73,19 @@ class PlaceChooser {
   Component& library_;
   OverlayPlatform& overlay_;
   MediaPlacer& placer_;
-  RestoreLedger& ledger_;
-  String root_;                                     // of the group, with a trailing backslash
-  std::vector<std::vector<Candidate>> votes_;       // by song
-  std::vector<const EntryAnswer*> chosen_;          // by song
-  std::unordered_map<String, std::size_t> places_;  // songs by folded place
-  std::set<String> folders_;                        // above the places, folded
-  std::unordered_map<String, int> nextMarks_;       // of the numbered names, by folded first place
+  const RestoreLedger& ledger_;
+  MoveWork& work_;
+  String root_;                                // of the group, with a trailing backslash
+  std::vector<std::vector<Candidate>> votes_;  // by song
+  // The positions of those while votes are taken, by song and place: a song that very many lists
+  // name may have very many.
+  std::map<std::pair<std::size_t, const char16_t*>, std::size_t> candidates_;
+  std::vector<const KeptAnswer*> chosen_;  // by song
+  // By the folded paths, of which there are as many as songs.
+  std::unordered_map<Fingerprint, std::size_t, FingerprintHash> places_;  // numbers of the songs
+  std::unordered_set<Fingerprint, FingerprintHash> folders_;              // above the places
+  // Of the numbered names, by the first place.
+  std::unordered_map<Fingerprint, int, FingerprintHash> nextMarks_;
 };
 
 }  // namespace norvo

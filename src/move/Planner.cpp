@@ -52,17 +52,17 @@ String WithoutPoints(StringView name) {
 }  // namespace
 
 Planner::Planner(Component& library, OverlayPlatform& overlay, MediaPlacer& placer,
-                 RestoreLedger& ledger, MoveWork& work)
+                 const RestoreLedger& ledger, MoveWork& work)
     : library_(library),
       placer_(placer),
       work_(work),
       entries_(library),
-      places_(entries_, library, overlay, placer, ledger) {}
+      places_(entries_, library, overlay, placer, ledger, work) {}
 
 void Planner::Run() {
   const std::vector<Asked> all = AskAll();
   AskForUnlisted();
-  places_.ChooseAll(work_);
+  places_.ChooseAll();
   for (const Asked& asked : all) Adjust(asked);
   for (const Asked& asked : all) {
     Confirm(asked.playlist);
@@ -100,6 +100,7 @@ void Planner::AskForUnlisted() {
         i, entries_.Keep(entries_.Ask(
                {{}, String(tags.artist), String(tags.album), String(LastComponent(song.source))})));
   }
+  work_.tags = std::vector<ToldDetails>();  // nobody asks for them any more
 }
 
 /// The native playlists take their names from what stands before the first point of this one.
@@ -192,10 +193,10 @@ void Planner::Adjust(const Asked& asked) {
   }
 }
 
-void Planner::AdjustEntry(std::size_t playlist, const MovedItem& item, const EntryAnswer& answer) {
+void Planner::AdjustEntry(std::size_t playlist, const MovedItem& item, const KeptAnswer& answer) {
   const MovedSong& song = work_.result.songs[item.song];
   if (song.place.empty() || EqualsIgnoreCase(answer.place, song.plainPlace)) return;
-  EntryAnswer names = answer;
+  EntryAnswer names = answer.Copy();
   if (names.fileName.empty()) names.fileName = LastComponent(song.source);
   const Reason reason = places_.WhyNot(item.song, entries_.Ask(names).place);
   names.fileName = LastComponent(song.plainPlace);
@@ -207,7 +208,7 @@ void Planner::AdjustEntry(std::size_t playlist, const MovedItem& item, const Ent
 }
 
 /// A playlist that tells names in the other order, title first, would tell the artist twice.
-void Planner::KeepBothNames(std::size_t playlist, std::size_t entry, const String& artist,
+void Planner::KeepBothNames(std::size_t playlist, std::size_t entry, StringView artist,
                             Reason reason) {
   const GenericDraft& document = DocumentOf(playlist);
   const std::size_t section = SectionOf(document, entry);
@@ -253,7 +254,7 @@ const String& Planner::NameAtOldAddress(StringView address) {
   return known->second;
 }
 
-void Planner::Set(std::size_t playlist, std::size_t entry, StringView key, const String& value,
+void Planner::Set(std::size_t playlist, std::size_t entry, StringView key, StringView value,
                   Reason reason) {
   GenericDraft& document = DocumentOf(playlist);
   const std::size_t section =
@@ -261,7 +262,7 @@ void Planner::Set(std::size_t playlist, std::size_t entry, StringView key, const
   const String before(document.Value(section, key).value_or(StringView()));
   if (before == value) return;
   document.SetValue(section, key, value);
-  work_.result.adjustments.push_back({playlist, entry, String(key), before, value, reason});
+  work_.result.adjustments.push_back({playlist, entry, String(key), before, String(value), reason});
 }
 
 }  // namespace norvo

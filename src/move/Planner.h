@@ -20,8 +20,8 @@ class Planner {
  public:
   /// `library` works on an overlay of the new machine. `placer` serves to compare songs. All must
   /// outlive this.
-  Planner(Component& library, OverlayPlatform& overlay, MediaPlacer& placer, RestoreLedger& ledger,
-          MoveWork& work);
+  Planner(Component& library, OverlayPlatform& overlay, MediaPlacer& placer,
+          const RestoreLedger& ledger, MoveWork& work);
 
   /// Plans for all playlists that have a generic file; songs and playlists for which there is no
   /// way are marked as left out.
@@ -33,7 +33,7 @@ class Planner {
   /// The 0-based numbers of the playlists that are planned for, and what their entries say.
   struct Asked {
     std::size_t playlist = 0;
-    std::vector<const EntryAnswer*> answers;  ///< one per entry
+    std::vector<const KeptAnswer*> answers;  ///< one per entry
   };
 
   std::vector<Asked> AskAll();
@@ -44,11 +44,11 @@ class Planner {
   bool IsBlocked(const String& name);
   bool IsBlockedIn(const String& folder, const String& name, StringView extension);
   void AdjustMarkup(std::size_t playlist, std::size_t entry);
-  void AdjustEntry(std::size_t playlist, const MovedItem& item, const EntryAnswer& answer);
-  void KeepBothNames(std::size_t playlist, std::size_t entry, const String& artist, Reason reason);
+  void AdjustEntry(std::size_t playlist, const MovedItem& item, const KeptAnswer& answer);
+  void KeepBothNames(std::size_t playlist, std::size_t entry, StringView artist, Reason reason);
   void Confirm(std::size_t playlist);
   const String& NameAtOldAddress(StringView address);
-  void Set(std::size_t playlist, std::size_t entry, StringView key, const String& value,
+  void Set(std::size_t playlist, std::size_t entry, StringView key, StringView value,
            Reason reason);
   GenericDraft& DocumentOf(std::size_t playlist) { return work_.drafts[playlist].document; }
 

@@ -141,6 +141,9 @@ void Rescue::Run(const CollectResult& collected) {
 }
 
 void Rescue::Add(MovedPlaylist playlist, PlaylistDraft draft) {
+  // They are there until the end, and there may be very many.
+  playlist.items.shrink_to_fit();
+  draft.told.shrink_to_fit();
   work_.result.playlists.push_back(std::move(playlist));
   work_.drafts.push_back(std::move(draft));
 }
@@ -180,7 +183,7 @@ void Rescue::TakeLists(const CollectedFile& file) {
   const auto takeAll = [&] {
     for (Listing& listing : found.lists) {
       TakeList(file, listing);
-      listing.items = {};  // a library has very many in all
+      listing.items = std::vector<FoundItem>();  // a library has very many in all
     }
   };
   const bool hasSongs = std::any_of(found.lists.begin(), found.lists.end(),

@@ -50,8 +50,11 @@ std::string BeginLine(const std::string& fingerprint, const String& genericFile,
 
 /// Empty for names that a line cannot hold; the song is planned anew then.
 std::string SongLine(const String& source, const KnownPlace& known) {
-  String line = source + u'\t' + known.place + u'\t' + known.artist + u'\t' + known.album;
-  if (!known.fullPlace.empty()) line += u'\t' + known.fullPlace;
+  String line = source;
+  for (const StringView text : {known.place, known.artist, known.album}) {
+    line.append(1, u'\t').append(text);
+  }
+  if (!known.fullPlace.empty()) line.append(1, u'\t').append(known.fullPlace);
   const bool holds =
       std::count(line.begin(), line.end(), u'\t') == (known.fullPlace.empty() ? 3 : 4) &&
       line.find_first_of(u"\r\n") == String::npos;
@@ -110,8 +113,8 @@ void RestoreLedger::Take(const std::vector<String>& fields) {
   if (fields.size() == 4 && fields[0] == kBegin) {
     current_ = Row{fields[2], ToUtf8(fields[3]), ToUtf8(fields[1]), {}, {}};
   } else if ((fields.size() == 5 || fields.size() == 6) && fields[0] == kSong) {
-    AddPlace(fields[1],
-             {fields[2], fields[3], fields[4], fields.size() == 6 ? fields[5] : String()});
+    AddPlace(fields[1], {fields[2], fields[3], fields[4],
+                         fields.size() == 6 ? StringView(fields[5]) : StringView()});
   } else if (fields.size() == 2 && fields[0] == kIntend && current_) {
     current_->intended.push_back(fields[1]);
   } else if (fields.size() == 2 && fields[0] == kNative && current_) {
@@ -224,6 +227,10 @@ String RestoreLedger::CarriedFor(const std::string& key) {
   return known ? row.genericFile : String();
 }
 
+String RestoreLedger::NameOf(StringView source, double size) {
+  return Fold(source) + u"|" + FormatNumber(size);  // no path holds a "|"
+}
+
 const std::vector<KnownPlace>& RestoreLedger::PlacesOf(const String& song) const {
   static const std::vector<KnownPlace> none;
   const auto found = places_.find(song);
@@ -236,10 +243,12 @@ void RestoreLedger::AddPlace(const String& song, const KnownPlace& place) {
   const auto same = std::find_if(known.begin(), known.end(), [&place](const KnownPlace& each) {
     return EqualsIgnoreCase(each.place, place.place);
   });
+  const KnownPlace kept = {texts_.Keep(place.place), texts_.Keep(place.artist),
+                           texts_.Keep(place.album), texts_.Keep(place.fullPlace)};
   if (same == known.end()) {
-    known.push_back(place);
+    known.push_back(kept);
   } else {
-    *same = place;
+    *same = kept;
   }
 }
 

@@ -8,16 +8,17 @@
 #include <vector>
 
 #include "move/RestoredCopies.h"
+#include "move/TextPool.h"
 #include "services/Component.h"
 
 namespace norvo {
 
 /// The place that a song has got, and the names by which an entry computes it.
 struct KnownPlace {
-  String place;  ///< in the 8-bit page
-  String artist;
-  String album;
-  String fullPlace{};  ///< in every script; empty where both are one
+  StringView place;  ///< in the 8-bit page
+  StringView artist;
+  StringView album;
+  StringView fullPlace{};  ///< in every script; empty where both are one
 };
 
 /// What a machine remembers of the moves to it: the generic files that were restored, by path and
@@ -54,8 +55,11 @@ class RestoreLedger {
   /// file counts as not restored, and what was written of it is deleted.
   void End(bool whole);
 
+  /// By which a song is known: every playlist may spell its path in another way, and two old
+  /// machines may have different files of one path.
+  static String NameOf(StringView source, double size);
   /// The places of a song, by whatever name the caller gives it: several when songs of several old
-  /// machines have one name. Some may be gone.
+  /// machines have one name. Some may be gone. The texts hold as long as the ledger.
   const std::vector<KnownPlace>& PlacesOf(const String& song) const;
   /// Adds a place, or the names of one that is known. Is durable after the next `Compact`. Of more
   /// than 200,000 songs the first ones are known.
@@ -98,6 +102,7 @@ class RestoreLedger {
   std::unique_ptr<AppendFile> growing_;  // open from the first added line to the next writing anew
   std::map<String, Row> restored_;       // by the folded path, so that the order ignores case
   std::map<std::string, String> byKey_;  // the folded paths of those with a key
+  TextPool texts_;                       // of the places
   std::map<String, std::vector<KnownPlace>> places_;
   std::optional<Row> current_;  // begun and not ended
   std::vector<Row> cutOff_;     // noted as done, and not whole

@@ -117,7 +117,7 @@ class LedgerWatcher final : public LibraryWatcher {
       RequireFree(path);
       ledger_.AddNative(path);
       library_.Machine().Settings().Write(
-          path, CompanionText(work_.result.playlists[number], work_.drafts[number].told,
+          path, CompanionText(work_.result.playlists[number], work_.drafts[number].seconds,
                               work_.result.songs));
     });
   }
@@ -141,6 +141,16 @@ void PointPlayers(Component& library, LedgerWatcher& watcher) {
   Attempt([&] { SetPlayerPlayListFolders(library); });
 }
 
+/// Of all songs, which the ledger holds as texts: only now is there room for these.
+void NotePlaces(const MoveWork& work, RestoreLedger& ledger) {
+  for (const SettledSong& settled : work.settled) {
+    const MovedSong& song = work.result.songs[settled.song];
+    ledger.AddPlace(RestoreLedger::NameOf(song.source, song.size),
+                    {song.plainPlace, settled.artist, settled.album,
+                     song.place == song.plainPlace ? StringView() : StringView(song.place)});
+  }
+}
+
 void Settle(MovedPlaylist& playlist, RestoreLedger& ledger, const LedgerWatcher& watcher) {
   SetNatives(playlist, ledger.NativesOf(playlist.carried));
   if (watcher.HasRestored(playlist.carried)) {
@@ -162,6 +172,7 @@ void RestoreCarried(Component& library, FileSystem& disk, const String& dataArea
     RunQueue(*library.Create(u"helperMan"), queue_mode::kRestore);
   }
   ledger.MakeDurable();
+  NotePlaces(work, ledger);
   try {
     ledger.Compact();
   } catch (const RunTimeError&) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <string_view>
+#include <utility>
 
 namespace norvo {
 namespace {
@@ -17,7 +18,8 @@ std::size_t HashOf(std::span<const SectionPool::Line> lines) {
 
 }  // namespace
 
-SectionPool::SectionPool() : starts_(2), slots_(kFirstSlots) {}
+SectionPool::SectionPool(std::shared_ptr<TextPool> texts)
+    : texts_(std::move(texts)), starts_(2), slots_(kFirstSlots) {}
 
 std::span<const SectionPool::Line> SectionPool::Lines(Id id) const {
   return std::span(lines_).subspan(starts_[id], starts_[id + 1] - starts_[id]);

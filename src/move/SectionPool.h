@@ -24,11 +24,14 @@ class SectionPool {
     bool operator==(const Line&) const = default;
   };
 
-  SectionPool();
+  SectionPool() : SectionPool(std::make_shared<TextPool>()) {}
 
   Id Add(std::span<const Line> lines);
   /// Holds until the next section is added.
   std::span<const Line> Lines(Id id) const;
+
+  /// Ends all sections; the texts stay.
+  void Clear() { *this = SectionPool(texts_); }
 
   TextPool& Texts() { return *texts_; }
   const TextPool& Texts() const { return *texts_; }
@@ -36,10 +39,11 @@ class SectionPool {
   std::shared_ptr<const void> SharedTexts() const { return texts_; }
 
  private:
+  explicit SectionPool(std::shared_ptr<TextPool> texts);
   std::size_t SlotOf(std::span<const Line> lines) const;
   void Grow();
 
-  std::shared_ptr<TextPool> texts_ = std::make_shared<TextPool>();
+  std::shared_ptr<TextPool> texts_;
   std::vector<Line> lines_;            // of all sections
   std::vector<std::uint32_t> starts_;  // by id; one more at the end
   std::vector<Id> slots_;              // as in TextPool

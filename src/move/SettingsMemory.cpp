@@ -31,7 +31,7 @@ void SettingsMemory::Memory::Keep(String path, const std::string& bytes) {
 
 /// The path is about to change.
 void SettingsMemory::Memory::Forget(const String& path) {
-  missing_.erase(path);
+  missing_.erase(FingerprintOf(path));
   const auto found = files_.find(path);
   if (found == files_.end()) return;
   bytes_ -= found->second.size();
@@ -62,11 +62,11 @@ void SettingsMemory::Storage::Write(StringView path, const std::string& bytes) {
 
 std::optional<FileFacts> SettingsMemory::Disk::FactsOf(StringView path) {
   if (!memory_.RemembersMissing() || path.empty()) return Files().FactsOf(path);
-  String name = NameOf(Files(), path);
+  const String name = NameOf(Files(), path);
   if (memory_.IsMissing(name)) return std::nullopt;
   std::optional<FileFacts> facts = Files().FactsOf(path);
   // A folder below which nothing is may come to be; its name with a backslash is no file's.
-  if (!facts && !IsSeparator(path.back())) memory_.NoteMissing(std::move(name));
+  if (!facts && !IsSeparator(path.back())) memory_.NoteMissing(name);
   return facts;
 }
 

@@ -9,6 +9,7 @@
 
 #include "move/ForwardedFiles.h"
 #include "services/Platform.h"
+#include "text/Fingerprint.h"
 
 namespace norvo {
 
@@ -55,14 +56,14 @@ class SettingsMemory final : public Platform {
     void RememberMissing() { remembersMissing_ = true; }
     void ForgetMissing();
     bool RemembersMissing() const { return remembersMissing_; }
-    bool IsMissing(const String& path) const { return missing_.contains(path); }
-    void NoteMissing(String path) { missing_.insert(std::move(path)); }
+    bool IsMissing(const String& path) const { return missing_.contains(FingerprintOf(path)); }
+    void NoteMissing(const String& path) { missing_.insert(FingerprintOf(path)); }
 
    private:
     std::unordered_map<String, std::string> files_;
     std::size_t bytes_ = 0;
     bool remembersMissing_ = false;
-    std::unordered_set<String> missing_;
+    std::unordered_set<Fingerprint, FingerprintHash> missing_;
   };
 
   class Storage final : public SettingsStorage {

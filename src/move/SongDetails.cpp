@@ -4,6 +4,7 @@
 #include <cmath>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "automation/Attempt.h"
 #include "lists/SongTags.h"
@@ -146,6 +147,9 @@ class Completer {
       entry.Keep();
     }
     if (filled > 0) playlist.mendings.push_back({Mending::Kind::DetailsFilled, filled});
+    draft.seconds.reserve(draft.told.size());
+    for (const ToldDetails& told : draft.told) draft.seconds.push_back(told.seconds);
+    draft.told = std::vector<ToldDetails>();  // the items have their names now
   }
 
  private:
