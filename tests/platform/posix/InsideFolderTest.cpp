@@ -116,7 +116,9 @@ TEST_F(InsideFolderTest, NoLinkIsFollowedWhereverItStandsInThePath) {
       EXPECT_EQ(ReplaceWhole(Root(), folder + "/victim", "x").kind, Kind::LinkInTheWay);
       EXPECT_EQ(LinkFile(Open("own"), Root(), "own", Root(), folder + "/x").kind,
                 Kind::LinkInTheWay);
-      EXPECT_EQ(NewFile::At(Root(), folder + "/x", 0666).Failure().kind, Kind::LinkInTheWay);
+      LastFolder folders;
+      EXPECT_EQ(NewFile::At(Root(), folder + "/x", 0666, folders).Failure().kind,
+                Kind::LinkInTheWay);
     }
     EXPECT_EQ(WhyNotOpen("in", OpenMode::List), Kind::LinkInTheWay);
     EXPECT_EQ(WhyNotOpen("in", OpenMode::Start), Kind::LinkInTheWay);
