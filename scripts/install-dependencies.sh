@@ -24,7 +24,7 @@ windows) packages="$packages $windows" ;;
 debian-packages) packages="$packages $debian" ;;
 windows-packages) packages="$packages $windows nsis" ;;
 test)
-    packages="$packages $static $windows libgtest-dev libbenchmark-dev clang libclang-rt-14-dev
+    packages="$packages $static $windows libgtest-dev libbenchmark-dev ccache clang libclang-rt-14-dev
               clang-format strace valgrind python3-gi gir1.2-totemplparser-1.0
               doxygen pkg-config chromium chromium-driver man-db zsh fish mono-mcs"
     ;;

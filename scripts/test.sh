@@ -9,6 +9,15 @@ cd "$(dirname "$0")/.."
 jobs=$(nproc 2>/dev/null || echo 2)
 
 scripts/install-dependencies.sh test
+
+# What was compiled before, in whatever folder, is not compiled again; it is kept in the user's cache
+# folder. Precompiled headers are told by their content.
+if [ -z "${CMAKE_CXX_COMPILER_LAUNCHER:-}" ]; then
+    export CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache
+    export CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1
+    export CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+fi
+
 scripts/check-format.sh
 scripts/check-includes.py
 
