@@ -29,8 +29,9 @@ std::vector<FileFailure> FlushAndPutInPlace(std::span<PlaceBatch::File> files) {
   open.reserve(files.size());
   for (const PlaceBatch::File& each : files) open.push_back(&each.file.File());
   std::vector<FileFailure> failures = FlushToDisk(open);
+  LastFolder folders;  // opened now: what stands at their paths may have changed
   for (std::size_t i = 0; i < files.size(); ++i) {
-    if (!failures[i]) failures[i] = files[i].file.PutInPlace();
+    if (!failures[i]) failures[i] = files[i].file.PutInPlace(folders);
   }
   return failures;
 }

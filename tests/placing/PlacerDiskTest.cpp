@@ -244,6 +244,7 @@ TEST_F(MeddledPlacerTest, NoSongGetsItsNameInAFolderThatBecameALink) {
     EXPECT_EQ(lines, Lines{"failed: the new file cannot be written: something else stands where it "
                            "or its folder should"});
     EXPECT_EQ(NamesIn(Outside("away")), (Names{"Pop", "Pop/kept.mp3"}));
+    EXPECT_EQ(NamesIn(New("C/Was")), (Names{"Pop", "Pop/0.mp3"}));
   }
 }
 

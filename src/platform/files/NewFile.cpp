@@ -47,15 +47,17 @@ FileResult<NewFile> NewFile::At(const SystemFile& root, std::string path, unsign
   return made;
 }
 
-FileFailure NewFile::TakeName() {
+FileFailure NewFile::TakeName(LastFolder& folders) {
   if (temporary_.empty()) return GiveName(file_, *root_, path_);
-  const FileFailure failure = RenameNew(*folder_, temporary_, std::string(LeafOf(path_)));
+  const auto folder = folders.Open(*root_, ParentOf(path_));
+  if (!folder) return folder.Failure();
+  const FileFailure failure = RenameNew(**folder, temporary_, std::string(LeafOf(path_)));
   if (!failure) temporary_.clear();
   return failure;
 }
 
-FileFailure NewFile::PutInPlace() {
-  const FileFailure failure = TakeName();
+FileFailure NewFile::PutInPlace(LastFolder& folders) {
+  const FileFailure failure = TakeName(folders);
   Discard();
   return failure;
 }

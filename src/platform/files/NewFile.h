@@ -22,19 +22,19 @@ class NewFile {
 
   /// An empty file, open for writing, that is to stand at the path below the open folder, which
   /// must outlive it. `permissions` are as in FileRecord, without those that the process's mask
-  /// takes away. A temporary name stays in the folder that `folders` gave, whatever stands at the
-  /// folder's path by then.
+  /// takes away.
   static FileResult<NewFile> At(const SystemFile& root, std::string path, unsigned permissions,
                                 LastFolder& folders);
 
   const SystemFile& File() const { return file_; }
   /// Gives the file its name and closes it. AlreadyExists when something has that name, which is
-  /// never replaced; the file is then gone.
-  FileFailure PutInPlace();
+  /// never replaced; the file is then gone. So it is when another folder stands at the path by now;
+  /// `folders` must not be those of the time when it was made.
+  FileFailure PutInPlace(LastFolder& folders);
 
  private:
   void Discard();
-  FileFailure TakeName();
+  FileFailure TakeName(LastFolder& folders);
 
   const SystemFile* root_ = nullptr;
   std::string path_;

@@ -17,13 +17,14 @@ class NewFileTest : public FilesTest {
   }
 
   LastFolder folders_;
+  LastFolder now_;  // when it is put in place
 };
 
 TEST_F(NewFileTest, HasItsNameOnlyWhenItIsPutInPlace) {
   std::filesystem::create_directory(At("in"));
   NewFile file = Make("in/a", "bytes");
   EXPECT_FALSE(std::filesystem::exists(At("in/a")));
-  EXPECT_FALSE(file.PutInPlace());
+  EXPECT_FALSE(file.PutInPlace(now_));
   EXPECT_FALSE(file.File().IsOpen());
   EXPECT_EQ(Get(At("in/a")), "bytes");
   EXPECT_EQ(NamesIn("in"), "Fa ");
@@ -33,14 +34,14 @@ TEST_F(NewFileTest, IsGoneWithItsOwner) {
   { const NewFile file = Make("a", "x"); }
   NewFile replaced = Make("b", "x");
   replaced = Make("c", "x");
-  EXPECT_FALSE(replaced.PutInPlace());
+  EXPECT_FALSE(replaced.PutInPlace(now_));
   EXPECT_EQ(NamesIn(""), "Fc ");
 }
 
 TEST_F(NewFileTest, NeverReplacesAnything) {
   NewFile file = Make("a", "new");
   Put(At("a"), "old");
-  EXPECT_EQ(file.PutInPlace().kind, Kind::AlreadyExists);
+  EXPECT_EQ(file.PutInPlace(now_).kind, Kind::AlreadyExists);
   EXPECT_EQ(Get(At("a")), "old");
   EXPECT_EQ(NamesIn(""), "Fa ");
 }
@@ -55,7 +56,7 @@ TEST_F(NewFileTest, IsNotPutIntoAFolderThatBecameALink) {
   NewFile file = Make("in/a", "x");
   std::filesystem::rename(At("in"), At("was"));
   MakeFolderLink(Beside(""), At("in"));
-  EXPECT_TRUE(file.PutInPlace());
+  EXPECT_TRUE(file.PutInPlace(now_));
   EXPECT_FALSE(std::filesystem::exists(Beside("a")));
 }
 

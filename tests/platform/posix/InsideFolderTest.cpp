@@ -49,9 +49,9 @@ class InsideFolderTest : public FilesTest {
     RenameOver(Root(), "in/new" + number, "in/victim");
     RemoveFile(Root(), "in/victim");
     LinkFile(Open("own"), Root(), "own", Root(), "in/linked" + number);
-    LastFolder folders;
+    LastFolder folders, now;
     FileResult<NewFile> file = NewFile::At(Root(), "in/put" + number, 0666, folders);
-    if (file) file->PutInPlace();
+    if (file) file->PutInPlace(now);
     OpenBeneath(Root(), "in/log" + number, OpenMode::CreateForAppending);
   }
 
@@ -85,7 +85,7 @@ TEST_F(InsideFolderTest, PathsAreOpenedAndChangedWhateverTheSystemRefuses) {
     EXPECT_FALSE(RemoveFile(Root(), "a/b/d/newest"));
     EXPECT_FALSE(ReplaceWhole(Root(), "a/b/d/whole", "x"));
     LastFolder folders;
-    EXPECT_FALSE(NewFile::At(Root(), "a/b/d/put", 0666, folders)->PutInPlace());
+    EXPECT_FALSE(NewFile::At(Root(), "a/b/d/put", 0666, folders)->PutInPlace(folders));
     EXPECT_EQ(NamesIn("a/b/d"), "Fput Fwhole ");
     EXPECT_EQ(WhyNotOpen("a/x/file", OpenMode::Read), Kind::NotFound);
     EXPECT_EQ(LookUp(Root(), "a/x/file").Failure().kind, Kind::NotFound);
