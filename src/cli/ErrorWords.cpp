@@ -124,6 +124,9 @@ std::string FolderText(const MoveError& error) {
              "a machine folder with --from and leave --work out.";
     case MoveFault::FoldersOverlap:
       return subject + " and " + detail + " lie in each other. Name folders that stand apart.";
+    case MoveFault::HoldsDocuments:
+      return subject + " holds the documents of this PC, " + detail +
+             ", which would not be searched then. Name a folder that does not.";
     case MoveFault::LeadsOut:
       return subject + " leads out of the disk " + detail +
              ", and nothing is written elsewhere. Take the link away.";

@@ -42,7 +42,7 @@ Part DrivePart(const HostedDrive& drive, const std::string& machine) {
 
 /// The folders that are scanned for playlists: of what is no machine, the folder itself.
 std::vector<Part> ScannedParts(const FolderMove& folders) {
-  // This PC is searched without the folder that the move goes to.
+  // This PC is searched without the folders that the move writes to.
   if (folders.IsFromThisPc()) return {};
   const std::string& name = folders.names.from;
   std::vector<Part> parts{{name, folders.from}};
@@ -67,7 +67,7 @@ void RequireDocumentsOutside(const std::vector<Part>& written) {
   const fs::path full = FullPath(ToSystemPath(documents));
   for (const Part& to : written) {
     if (!LiesWithin(full, FullPath(to.folder))) continue;
-    throw MoveError(MoveFault::FoldersOverlap, documents, to.title);
+    throw MoveError(MoveFault::HoldsDocuments, to.title, documents);
   }
 }
 

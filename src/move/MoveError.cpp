@@ -62,6 +62,8 @@ const char* StatementOf(MoveFault fault) {
       return "linking songs would write to the old disk, which counts the links of a file";
     case MoveFault::FoldersOverlap:
       return "lies in, or around,";
+    case MoveFault::HoldsDocuments:
+      return "holds the documents of the old machine";
     case MoveFault::DriveLetterUnusable:
       return "is no drive letter from C to Z";
     case MoveFault::DriveTold:

@@ -40,6 +40,8 @@ enum class MoveFault {
   MachineBusy,          ///< subject: a machine's folder; detail: who works on it, may be empty
   LinkWritesToSource,   ///< linking would write to a machine that is only to be read
   FoldersOverlap,       ///< subject and detail: two folders that lie in each other
+  HoldsDocuments,       ///< subject: the new machine's folder, in which the documents of the PC lie
+                        ///< that is to be searched (detail)
   DriveLetterUnusable,  ///< subject: what should be a letter from C to Z
   DriveTold,          ///< subject: a folder whose machine.ini tells its drives; detail: the letter
   LeadsOut,           ///< subject: the registry's file, which a link leads out of a disk (detail)

@@ -95,7 +95,9 @@ std::vector<VerifiedReference> NativeReader::ReadPatiently(const String& path) {
 VerifiedPlaylist NativeReader::Read(const String& path) {
   ReferenceWatcher watcher(library_.Files());
   try {
-    if (!ReadByLibrary(library_, path, watcher)) watcher.references = {};  // to have the room
+    if (!ReadByLibrary(library_, path, watcher)) {
+      watcher.references = std::vector<VerifiedReference>();  // to have the room
+    }
     if (IsAnswered(watcher.references)) {
       return {path, std::move(watcher.references), true, {}, false};
     }

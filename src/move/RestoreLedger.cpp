@@ -187,14 +187,10 @@ std::string RestoreLedger::FingerprintOf(const String& path) {
   return bytes ? PrintOf(*bytes) : std::string();
 }
 
-/// Nothing when one cannot be read.
-std::optional<std::vector<std::string>> RestoreLedger::PrintsOf(
-    const std::vector<String>& natives) {
-  return AnswerOr(std::optional<std::vector<std::string>>(), [&] {
-    std::vector<std::string> prints;
-    for (const String& native : natives) prints.push_back(FingerprintOf(native));
-    return std::optional(std::move(prints));
-  });
+std::vector<std::string> RestoreLedger::PrintsOf(const std::vector<String>& natives) {
+  std::vector<std::string> prints;
+  for (const String& native : natives) prints.push_back(AsItIs(machine_, native).print);
+  return prints;
 }
 
 bool RestoreLedger::IsRestored(const String& genericFile) {
@@ -273,12 +269,12 @@ void RestoreLedger::AddNative(const String& path) {
 void RestoreLedger::End(bool whole) {
   if (!current_) return;
   const std::optional<std::string> sizes = whole ? SizesOf(current_->natives) : std::nullopt;
-  const auto prints = sizes ? PrintsOf(current_->natives) : std::nullopt;
-  if (prints) {
+  if (sizes) {
     current_->isDurable = false;
-    current_->prints = *prints;
+    current_->prints = PrintsOf(current_->natives);
+    const std::string prints = PrintsLine(current_->prints);
     Keep();
-    Append(PrintsLine(*prints) + ToUtf8(kDone) + *sizes + "\r\n");
+    Append(prints + ToUtf8(kDone) + *sizes + "\r\n");
   } else {
     DeleteNatives(*current_);
     current_.reset();

@@ -46,29 +46,25 @@ void RestoredCopies::Take(std::string_view line) {
   if (tab == std::string_view::npos) return;
   String path = FromUtf8Lossy(line.substr(tab + 1));
   String folded = Fold(path);
-  rows_.insert_or_assign(std::move(folded),
-                         MadeList{std::move(path), std::string(line.substr(0, tab))});
+  rows_.try_emplace({std::move(folded), std::string(line.substr(0, tab))}, std::move(path));
 }
 
 bool RestoredCopies::Has(const String& path) const {
-  const auto found = rows_.find(Fold(path));
-  if (found == rows_.end()) return false;
+  const auto first = rows_.lower_bound({Fold(path), {}});
+  if (first == rows_.end() || first->first.first != Fold(path)) return false;
   const std::string print = AsItIs(machine_, path).print;
-  return !print.empty() && found->second.print == print;
+  return !print.empty() && rows_.contains({Fold(path), print});
 }
 
 void RestoredCopies::Add(std::span<const MadeList> lists) {
   bool isNew = false;
   for (const MadeList& list : lists) {
     if (list.print.empty()) continue;
-    MadeList& row = rows_[Fold(list.path)];
-    if (row.print == list.print) continue;
-    row = list;
-    isNew = true;
+    isNew = rows_.try_emplace({Fold(list.path), list.print}, list.path).second || isNew;
   }
   if (!isNew) return;
   std::string text = kTitle;
-  for (const auto& [folded, row] : rows_) text += row.print + '\t' + ToUtf8(row.path) + "\r\n";
+  for (const auto& [row, path] : rows_) text += row.second + '\t' + ToUtf8(path) + "\r\n";
   machine_.Machine().Settings().Write(path_, text);
 }
 

@@ -3,6 +3,7 @@
 #include <map>
 #include <span>
 #include <string>
+#include <utility>
 
 #include "move/WorkReport.h"
 #include "services/Component.h"
@@ -36,7 +37,8 @@ class RestoredCopies {
 
   Component& machine_;
   String path_;
-  std::map<String, MadeList> rows_;  // by the folded path
+  // Paths, by their folded form and the print: a path may have been made anew with other songs.
+  std::map<std::pair<String, std::string>, String> rows_;
 };
 
 /// Notes playlists among a machine's copies, and warns where that cannot be done.

@@ -236,7 +236,7 @@ void OverlayFiles::TakeBack(const Place& place) {
 
 void OverlayFiles::TakeBackAll() {
   pretendedKeys_.clear();
-  pretended_ = {};
+  pretended_ = Table<PretendedFolder>();
 }
 
 std::optional<std::string> OverlayFiles::Written(StringView path) const {
@@ -256,9 +256,10 @@ std::vector<String> OverlayFiles::WrittenPaths() const {
 }
 
 void OverlayFiles::Forget() {
-  foldersBelow_ = {};
-  factsBelow_ = {};
-  missingBelow_ = {};
+  // An assignment of {} would keep the rooms.
+  foldersBelow_ = Table<bool>();
+  factsBelow_ = Table<FileFacts>();
+  missingBelow_ = std::unordered_set<Fingerprint, FingerprintHash>();
 }
 
 /// As far as that has been asked: what is not there holds nothing either.

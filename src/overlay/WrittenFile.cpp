@@ -10,16 +10,19 @@ constexpr std::size_t kShort = std::size_t{16} * 1024;  // bytes
 }  // namespace
 
 void WrittenFile::Open() {
-  if (users_++ == 0 && isPacked_) bytes_ = packed_.Bytes();
+  if (users_ == 0 && isPacked_) bytes_ = packed_.Bytes();
+  ++users_;
 }
 
-/// What was only read is still packed as it was.
+/// What was only read is still packed as it was. What grows line by line, as a log, is packed again
+/// when it has doubled, so that it takes time in proportion.
 void WrittenFile::Close() noexcept {
   if (--users_ > 0) return;
-  if (!isPacked_ && bytes_.size() > kShort) {
+  if (!isPacked_ && bytes_.size() > kShort && bytes_.size() / 2 >= lastPacked_) {
     try {
       packed_ = PackedBytes(bytes_);
       isPacked_ = true;
+      lastPacked_ = bytes_.size();
     } catch (const std::bad_alloc&) {
       // It stays as it is.
     }

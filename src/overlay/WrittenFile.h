@@ -12,7 +12,7 @@
 namespace norvo {
 
 /// What a file holds that was written to an overlay. While nobody has it open it is packed, unless
-/// it is short.
+/// it is short or has grown since.
 class WrittenFile {
  public:
   WrittenFile(std::string bytes, FileTime created, std::int64_t modified)
@@ -35,6 +35,7 @@ class WrittenFile {
   std::string bytes_;   // but where it is packed and closed
   PackedBytes packed_;  // where it is packed
   bool isPacked_ = false;
+  std::size_t lastPacked_ = 0;  // how long it was then
   std::size_t users_ = 0;
   FileTime created_;
   std::int64_t modified_;

@@ -239,7 +239,10 @@ PlaceOutcome Placing::Settle(const PlaceBatch::File& file, FileFailure failure) 
     const bool isWithout = bool(file.timesLost);
     return {PlaceResult::Copied, {}, isWithout ? FailureText(file.timesLost) : String(), isWithout};
   }
-  if (failure.kind != Kind::AlreadyExists) Fail(PlaceFailure::TargetUnwritable, failure);
+  if (failure.kind != Kind::AlreadyExists) {
+    targetFolders_ = {};  // another folder may stand there now
+    Fail(PlaceFailure::TargetUnwritable, failure);
+  }
   // Somebody else has put something there in the meantime. The bytes are counted already.
   const PlaceJob& job = jobs_[file.job];
   return Compare(OpenSource(job.source), job.target, [](std::uint64_t) {});

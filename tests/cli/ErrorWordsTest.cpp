@@ -107,6 +107,9 @@ const FaultRow kFaults[] = {
      "machine folder with --from and leave --work out."},
     {MoveFault::FoldersOverlap, "--from", "--to",
      "--from and --to lie in each other. Name folders that stand apart."},
+    {MoveFault::HoldsDocuments, "--to", "C:\\Users\\Ann\\Documents",
+     "--to holds the documents of this PC, C:\\Users\\Ann\\Documents, which would not be searched "
+     "then. Name a folder that does not."},
     {MoveFault::DriveLetterUnusable, "DD", "",
      "DD is no drive. Name a letter from C to Z, such as D."},
     {MoveFault::DriveTold, "new", "D",

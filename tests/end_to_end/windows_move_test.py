@@ -274,7 +274,7 @@ class WindowsMoveTest(unittest.TestCase):
         for words, text in ((("--to", "E:\\Move", "--work", "E:\\w"), "Leave --work out"),
                             (("--from", "E:\\", "--user", "Ann"), "Leave --to-drive, --user"),
                             (("--from", "E:\\gone"), "E:\\gone is no folder"),
-                            (("--to", "C:\\"), "C:\\My Documents and --to lie in each other"),
+                            (("--to", "C:\\"), "--to holds the documents of this PC, C:\\My Documents"),
                             (("--from", "E:\\Users", "--to", "e:\\USERS\\new"), "lie in each other"),
                             (("--to", "E:\\Move", "--link"), "--link writes to the old disk"),
                             ((), "Both machines would be this PC")):

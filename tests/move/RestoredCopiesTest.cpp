@@ -77,6 +77,20 @@ TEST_F(RestoredCopiesTest, WhatIsKnownIsNotWrittenAgain) {
   EXPECT_EQ(WritesOf(*machine), Lines());
 }
 
+TEST_F(RestoredCopiesTest, APathThatWasMadeAnewIsKnownBothWays) {
+  machine->AddFile(kMix, "one");
+  const MadeList first = AsItIs(*library, kMix);
+  machine->AddFile(kMix, "two");
+  const MadeList second = AsItIs(*library, kMix);
+  Read().Add(std::vector{second, first});
+  EXPECT_TRUE(Read().Has(kMix));
+  machine->AddFile(kMix, "one");
+  EXPECT_TRUE(Read().Has(kMix));
+  machine->Log().Clear();
+  Read().Add(std::vector{first, second});
+  EXPECT_EQ(WritesOf(*machine), Lines());
+}
+
 TEST_F(RestoredCopiesTest, ThatTheyCannotBeNotedIsWarnedOf) {
   machine->AddFile(kMix, "one");
   machine->FailOn(u"Settings.Write", 1, error::kDiskFull);

@@ -28,8 +28,9 @@ class NewFile {
 
   const SystemFile& File() const { return file_; }
   /// Gives the file its name and closes it. AlreadyExists when something has that name, which is
-  /// never replaced; the file is then gone. So it is when another folder stands at the path by now;
-  /// `folders` must not be those of the time when it was made.
+  /// never replaced; the file is then gone. One that had a temporary name is gone, too, when
+  /// another folder stands at the path by now, which `folders` must not have opened before it was
+  /// made.
   FileFailure PutInPlace(LastFolder& folders);
 
  private:
