@@ -174,6 +174,8 @@ def longest_list(program, folder):
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--program", required=True)
+    parser.add_argument("--all", action="store_true",
+                        help="the longest one, too, which writes 89,316 songs")
     options = parser.parse_args()
     failures = []
     with tempfile.TemporaryDirectory() as folder:
@@ -204,7 +206,8 @@ def main():
         failures += longest_list(options.program, Path(folder))
         failures += library(options.program, Path(folder))
         failures += library_with_songs(options.program, Path(folder), 500)
-        failures += library_with_songs(options.program, Path(folder), SONGS)
+        if options.all:
+            failures += library_with_songs(options.program, Path(folder), SONGS)
     if failures:
         sys.exit("too much memory: " + "; ".join(failures))
 
