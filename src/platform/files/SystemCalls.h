@@ -119,6 +119,9 @@ std::optional<std::uint64_t> FreeBytes(const SystemFile& folder);
 /// disk are flushed at once, along with all else that waits to be written to it. May run on a
 /// thread of its own.
 std::vector<FileFailure> FlushToDisk(std::span<const SystemFile* const> files);
+/// Into how many calls, made at once, the flushing of many files is best divided: 1 where one call
+/// flushes the whole disk.
+std::size_t FlushesAtOnce();
 
 /// What the asking for a lock gave.
 enum class LockAnswer {

@@ -28,4 +28,9 @@ std::vector<FileFailure> FlushToDisk(std::span<const SystemFile* const> files) {
   return failures;
 }
 
+/// Each file waits for the disk by itself; those that wait together are written together.
+std::size_t FlushesAtOnce() {
+  return 4;
+}
+
 }  // namespace norvo

@@ -62,4 +62,8 @@ std::vector<FileFailure> FlushToDisk(std::span<const SystemFile* const> files) {
   return failures;
 }
 
+std::size_t FlushesAtOnce() {
+  return 1;
+}
+
 }  // namespace norvo
