@@ -187,9 +187,17 @@ std::string RestoreLedger::FingerprintOf(const String& path) {
   return bytes ? PrintOf(*bytes) : std::string();
 }
 
-std::vector<std::string> RestoreLedger::PrintsOf(const std::vector<String>& natives) {
+/// Nothing when one cannot be read, not even the second time: other programs look at new files,
+/// too.
+std::optional<std::vector<std::string>> RestoreLedger::PrintsOf(
+    const std::vector<String>& natives) {
   std::vector<std::string> prints;
-  for (const String& native : natives) prints.push_back(AsItIs(machine_, native).print);
+  for (const String& native : natives) {
+    std::string print = AsItIs(machine_, native).print;
+    if (print.empty()) print = AsItIs(machine_, native).print;
+    if (print.empty()) return std::nullopt;
+    prints.push_back(std::move(print));
+  }
   return prints;
 }
 
@@ -269,12 +277,12 @@ void RestoreLedger::AddNative(const String& path) {
 void RestoreLedger::End(bool whole) {
   if (!current_) return;
   const std::optional<std::string> sizes = whole ? SizesOf(current_->natives) : std::nullopt;
-  if (sizes) {
+  const auto prints = sizes ? PrintsOf(current_->natives) : std::nullopt;
+  if (prints) {
     current_->isDurable = false;
-    current_->prints = PrintsOf(current_->natives);
-    const std::string prints = PrintsLine(current_->prints);
+    current_->prints = *prints;
     Keep();
-    Append(prints + ToUtf8(kDone) + *sizes + "\r\n");
+    Append(PrintsLine(*prints) + ToUtf8(kDone) + *sizes + "\r\n");
   } else {
     DeleteNatives(*current_);
     current_.reset();

@@ -40,8 +40,8 @@ class RestoreLedger {
   String CarriedFor(const std::string& key);
   /// The native playlists made of a generic file, in the order of their writing.
   std::vector<String> NativesOf(const String& genericFile) const;
-  /// All native playlists of all moves, as they were made. Those that an earlier version has made,
-  /// or that could not be read then, are not among them.
+  /// All native playlists of all moves, as they were made. Those that an earlier version has made
+  /// are not among them.
   std::vector<MadeList> MadeLists() const;
 
   /// `key` may be empty, and holds no tab. `print` is the file's fingerprint where the caller knows
@@ -51,8 +51,8 @@ class RestoreLedger {
              const std::vector<String>& intended = {});
   /// Before it is made; one that was not intended stands on the disk when this returns.
   void AddNative(const String& path);
-  /// With `whole` false, without any native playlist, or with one that cannot be looked up, the
-  /// generic file counts as not restored, and what was written of it is deleted.
+  /// With `whole` false, without any native playlist, or with one that cannot be read, the generic
+  /// file counts as not restored, and what was written of it is deleted.
   void End(bool whole);
 
   /// By which a song is known: every playlist may spell its path in another way, and two old
@@ -91,7 +91,7 @@ class RestoreLedger {
   void DeleteUnfinished(const Row& row);
   String SizeOf(const String& native);
   std::optional<std::string> SizesOf(const std::vector<String>& natives);
-  std::vector<std::string> PrintsOf(const std::vector<String>& natives);
+  std::optional<std::vector<std::string>> PrintsOf(const std::vector<String>& natives);
   bool AreWhole(const std::vector<String>& natives, std::span<const String> sizes);
   void Keep();
   void TakeKey(const std::string& key, const String& folded);
