@@ -12,6 +12,7 @@ const String kArea = u"C:\\KVs\\";
 const String kLedger = kArea + u"Restored.txt";
 const String kList = kArea + u"a.ini";
 const String kOther = u"C:\\other";
+const String kNative = u"C:\\a.m3u";
 
 /// Reads the ledger and writes it anew; gives its bytes.
 std::string Compacted(MemoryPlatform& machine, Component& component) {
@@ -33,13 +34,14 @@ void CheckNewList(MemoryPlatform& machine, Component& component) {
   if (!machine.HasFile(kList)) machine.AddFile(kList, "x");
   RestoreLedger ledger(component, kArea);
   ledger.Begin(kList, "key");
-  ledger.AddNative(u"C:\\a.m3u");
+  ledger.AddNative(kNative);
+  machine.AddFile(kNative, "#EXTM3U\r\n");  // one that is not there is no list that was made
   ledger.AddPlace(u"C:\\a.mp3", {u"D:\\a.mp3", u"artist", u"album"});
   ledger.End(true);
   ledger.Compact();
   RestoreLedger again(component, kArea);
   Require(again.IsRestored(kList) && again.CarriedFor("key") == kList);
-  Require(again.NativesOf(kList) == std::vector<String>{u"C:\\a.m3u"});
+  Require(again.NativesOf(kList) == std::vector<String>{kNative});
   Require(!again.PlacesOf(u"C:\\a.mp3").empty());
   Require(machine.Bytes(kLedger).ends_with("\r\n"));
 }
