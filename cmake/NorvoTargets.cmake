@@ -42,6 +42,12 @@ function(norvo_subsystem name)
   file(GLOB headers CONFIGURE_DEPENDS "${folder}/*.h")
   string(REPLACE "/" "_" target "norvo_${name}")
   add_library(${target} STATIC ${sources} ${headers} ${ARG_SOURCES})
+  set_target_properties(${target} PROPERTIES
+    UNITY_BUILD ${NORVO_JOIN_SOURCES} UNITY_BUILD_BATCH_SIZE 8)
+  # The system's headers, which these include, would rename what stands in other files.
+  if(ARG_SOURCES)
+    set_source_files_properties(${ARG_SOURCES} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+  endif()
 
   set(view "${PROJECT_BINARY_DIR}/rooms/${target}")
   get_filename_component(parent "${view}/${name}" DIRECTORY)

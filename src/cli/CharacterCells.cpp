@@ -6,14 +6,14 @@
 namespace norvo::cli {
 namespace {
 
-struct Range {
+struct CellRange {
   char32_t first;
   char32_t last;
 };
 
 // From the categories and widths of Unicode 15; code points that have no character are
 // taken into the ranges beside them.
-constexpr Range kNoCell[] = {
+constexpr CellRange kNoCell[] = {
     {0x0300, 0x036F},   {0x0483, 0x0489},   {0x0591, 0x05BD},   {0x05BF, 0x05BF},
     {0x05C1, 0x05C2},   {0x05C4, 0x05C5},   {0x05C7, 0x05C7},   {0x0600, 0x0605},
     {0x0610, 0x061A},   {0x061C, 0x061C},   {0x064B, 0x065F},   {0x0670, 0x0670},
@@ -93,7 +93,7 @@ constexpr Range kNoCell[] = {
     {0x1DA84, 0x1DA84}, {0x1DA9B, 0x1DAAF}, {0x1E000, 0x1E02A}, {0x1E130, 0x1E136},
     {0x1E2AE, 0x1E2AE}, {0x1E2EC, 0x1E2EF}, {0x1E8D0, 0x1E8D6}, {0x1E944, 0x1E94A},
     {0xE0001, 0xE01EF}};
-constexpr Range kTwoCells[] = {
+constexpr CellRange kTwoCells[] = {
     {0x1100, 0x115F},   {0x231A, 0x231B},   {0x2329, 0x232A},   {0x23E9, 0x23EC},
     {0x23F0, 0x23F0},   {0x23F3, 0x23F3},   {0x25FD, 0x25FE},   {0x2614, 0x2615},
     {0x2648, 0x2653},   {0x267F, 0x267F},   {0x2693, 0x2693},   {0x26A1, 0x26A1},
@@ -117,10 +117,10 @@ constexpr Range kTwoCells[] = {
     {0x1F93C, 0x1F945}, {0x1F947, 0x1F9FF}, {0x1FA70, 0x1FAF6}, {0x20000, 0x3FFFD}};
 
 template <std::size_t kCount>
-bool IsIn(char32_t character, const Range (&ranges)[kCount]) {
+bool IsIn(char32_t character, const CellRange (&ranges)[kCount]) {
   const auto range =
       std::lower_bound(std::begin(ranges), std::end(ranges), character,
-                       [](const Range& row, char32_t sought) { return row.last < sought; });
+                       [](const CellRange& row, char32_t sought) { return row.last < sought; });
   return range != std::end(ranges) && range->first <= character;
 }
 

@@ -14,11 +14,11 @@
 namespace norvo::cli {
 namespace {
 
-constexpr HelpText kHelp = {R"(Examples:
+constexpr HelpText kCollectHelp = {R"(Examples:
   norvo-playlists collect --machine /mnt/old-disk
   norvo-playlists collect --init --machine /mnt/old-disk --log
   norvo-playlists collect --machine /mnt/old-disk --json > report.json)",
-                            R"(Examples:
+                                   R"(Examples:
   norvo-playlists collect
   norvo-playlists collect --init --log
   norvo-playlists collect --json > report.json)"};
@@ -75,7 +75,7 @@ class CollectCommand final : public Command {
     AddWaitOption(*app, common);
     AddReadAheadOption(*app, common);
     app->add_flag("--init", init_, "First write the settings that are missing");
-    app->footer(kHelp.Here());
+    app->footer(kCollectHelp.Here());
     return app;
   }
 

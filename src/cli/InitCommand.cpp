@@ -11,7 +11,7 @@
 namespace norvo::cli {
 namespace {
 
-constexpr HelpText kHelp = {R"(Examples:
+constexpr HelpText kInitHelp = {R"(Examples:
   norvo-playlists init --machine /mnt/old-disk
   norvo-playlists init --machine /mnt/new-disk --role destination
   norvo-playlists init --machine /mnt/old-pc --group-root 'D:\Norvo Media\'
@@ -20,7 +20,7 @@ Writes only what is missing: settings that are there stay as they are. A group r
 another drive than C takes the product's folder, with the debug log, along to that drive.
 Of a mounted disk, which is drive C, the registry is Norvo/registry.reg on it, and the group root
 is below the documents folder of its user.)",
-                            R"(Examples:
+                                R"(Examples:
   norvo-playlists init
   norvo-playlists init --role destination
   norvo-playlists init --group-root "D:\Norvo Media"
@@ -43,7 +43,7 @@ class InitCommand final : public Command {
         ->type_name("ROLE")
         ->check(CLI::IsMember({"source", "destination"}));
     app_->add_option("--group-root", groupRoot_, kGroupRootHelp.Here())->type_name("PATH");
-    app_->footer(kHelp.Here());
+    app_->footer(kInitHelp.Here());
     return app_;
   }
 

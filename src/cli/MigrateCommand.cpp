@@ -20,7 +20,7 @@
 namespace norvo::cli {
 namespace {
 
-constexpr HelpText kHelp = {R"(Examples:
+constexpr HelpText kMigrateHelp = {R"(Examples:
   norvo-playlists migrate --from /mnt/old-pc --to /mnt/new-pc
   norvo-playlists migrate --from /mnt/old-disk --to /mnt/new-disk --user Ann
   norvo-playlists migrate --from /mnt/old-disk --drive D=/mnt/old-d --to ~/new
@@ -41,7 +41,7 @@ While it runs no other run may write to its machines: that one ends at once, or 
 The folders must not lie in each other. --link is refused where nothing is written to --from.
 Exit code 1: something that exists was left out, above all a song that no playlist of the new
 machine leads to.)",
-                            R"(Examples:
+                                   R"(Examples:
   norvo-playlists migrate --to E:\Move        on the old PC, with a USB disk
   norvo-playlists migrate --from E:\Move      on the new PC, with the same one
   norvo-playlists migrate --from E:\          on the new PC, with the old disk
@@ -152,7 +152,7 @@ class MigrateCommand final : public Command {
     AddMediaOptions(*app);
     AddReportOptions(*app);
     app->add_flag("--dry-run", options_.dryRun, "Print the plan; write nothing on the new machine");
-    app->footer(kHelp.Here());
+    app->footer(kMigrateHelp.Here());
     AddWaitOption(*app, common);
     AddReadAheadOption(*app, common);
     AddOutputOptions(*app, common);

@@ -3,7 +3,7 @@
 namespace norvo::cli {
 namespace {
 
-const char* CodeOf(PlaceFailure placeFailure) {
+const char* FailureCode(PlaceFailure placeFailure) {
   switch (placeFailure) {
     case PlaceFailure::None:
       break;
@@ -29,7 +29,7 @@ const char* CodeOf(PlaceFailure placeFailure) {
   return "";
 }
 
-const char* CodeOf(MovedSong::Fault fault) {
+const char* FaultCode(MovedSong::Fault fault) {
   switch (fault) {
     case MovedSong::Fault::None:
       break;
@@ -259,7 +259,8 @@ const char* CodeOf(WorkWarning::Kind kind) {
 
 const char* ReasonCode(const MovedSong& song) {
   const bool wasTried = song.fault == MovedSong::Fault::NotBrought;
-  return wasTried && song.failure != PlaceFailure::None ? CodeOf(song.failure) : CodeOf(song.fault);
+  return wasTried && song.failure != PlaceFailure::None ? FailureCode(song.failure)
+                                                        : FaultCode(song.fault);
 }
 
 const char* ReasonCode(const MovedPlaylist& playlist) {

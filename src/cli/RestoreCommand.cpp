@@ -15,12 +15,12 @@
 namespace norvo::cli {
 namespace {
 
-constexpr HelpText kHelp = {R"(Examples:
+constexpr HelpText kRestoreHelp = {R"(Examples:
   norvo-playlists restore --machine /mnt/new-disk
 
 Every neutral file in the documents folder and below is restored, each time anew: a second run
 writes a second set of playlists. migrate remembers what it has restored.)",
-                            R"(Examples:
+                                   R"(Examples:
   norvo-playlists restore
 
 Every neutral file in the documents folder and below is restored, each time anew: a second run
@@ -110,7 +110,7 @@ class RestoreCommand final : public Command {
         program.add_subcommand("restore", "Write native playlists from the neutral files");
     AddCommonOptions(*app, common, true);
     AddWaitOption(*app, common);
-    app->footer(kHelp.Here());
+    app->footer(kRestoreHelp.Here());
     return app;
   }
 

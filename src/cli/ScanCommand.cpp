@@ -16,13 +16,13 @@
 namespace norvo::cli {
 namespace {
 
-constexpr HelpText kHelp = {R"(Examples:
+constexpr HelpText kScanHelp = {R"(Examples:
   norvo-playlists scan --machine /mnt/old-disk
   norvo-playlists scan --machine /mnt/old-disk --json | jq '.playlists[].path'
 
 The list stays in PlayLists.txt of the machine's data area. To a disk on which init was never run
 nothing is written.)",
-                            R"(Examples:
+                                R"(Examples:
   norvo-playlists scan
   norvo-playlists scan --json > playlists.json
 
@@ -109,7 +109,7 @@ class ScanCommand final : public Command {
     AddCommonOptions(*app, common, true);
     AddWaitOption(*app, common);
     AddReadAheadOption(*app, common);
-    app->footer(kHelp.Here());
+    app->footer(kScanHelp.Here());
     return app;
   }
 

@@ -14,7 +14,7 @@
 namespace norvo::cli {
 namespace {
 
-constexpr HelpText kHelp = {R"(Examples:
+constexpr HelpText kShowHelp = {R"(Examples:
   norvo-playlists show --machine /mnt/old-disk 'C:\Music\Mix.m3u'
   norvo-playlists show /mnt/old-pc/C/Music/Mix.m3u
   norvo-playlists show ~/Music/Mix.m3u --type 3
@@ -23,7 +23,7 @@ Types: 1 ASX of Windows Media Player, 2 M3U of Windows Media Player, 3 M3U of Wi
 4 PLS of Winamp, 5 PLS of Sonique, 6 M3U of MusicMatch Jukebox.
 Nothing on the disk is changed, but for the log that --log asks for. A file that lies in no
 machine folder is read as if its own folder were drive C.)",
-                            R"(Examples:
+                                R"(Examples:
   norvo-playlists show C:\Music\Mix.m3u
   norvo-playlists show Mix.m3u --type 3
 
@@ -31,8 +31,8 @@ Types: 1 ASX of Windows Media Player, 2 M3U of Windows Media Player, 3 M3U of Wi
 4 PLS of Winamp, 5 PLS of Sonique, 6 M3U of MusicMatch Jukebox.
 Nothing on the disk is changed, but for the log that --log asks for.)"};
 
-constexpr HelpText kPathHelp = {"Path on the machine (C:\\...) or on this system",
-                                "The playlist's path"};
+constexpr HelpText kShownPathHelp = {"Path on the machine (C:\\...) or on this system",
+                                     "The playlist's path"};
 
 /// Tells at once what is left out.
 class ShowObserver final : public ConsoleObserver {
@@ -122,13 +122,13 @@ class ShowCommand final : public Command {
   CLI::App* AddTo(CLI::App& program, CommonArguments& common) override {
     CLI::App* const app = program.add_subcommand("show", "Print the entries of one playlist");
     AddCommonOptions(*app, common, false);
-    app->add_option("PATH", path_, kPathHelp.Here())->required();
+    app->add_option("PATH", path_, kShownPathHelp.Here())->required();
     std::vector<std::string> types{"auto"};
     for (const PlaylistType& type : PlaylistTypes()) types.push_back(std::to_string(type.code));
     app->add_option("--type", type_, "Type of the playlist: auto, or 1 to " + types.back())
         ->type_name("TYPE")
         ->check(CLI::IsMember(types));
-    app->footer(kHelp.Here());
+    app->footer(kShowHelp.Here());
     return app;
   }
 

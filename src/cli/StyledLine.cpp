@@ -5,7 +5,7 @@
 namespace norvo::cli {
 namespace {
 
-const char* CodeOf(Style style) {
+const char* EscapeCodeOf(Style style) {
   switch (style) {
     case Style::Plain:
       break;
@@ -27,7 +27,7 @@ std::string TerminalText(const StyledLine& line, bool colour) {
   std::string text;
   for (const Span& span : line) {
     const bool isStyled = colour && span.style != Style::Plain && !span.text.empty();
-    if (isStyled) text += std::string("\x1B[") + CodeOf(span.style) + 'm';
+    if (isStyled) text += std::string("\x1B[") + EscapeCodeOf(span.style) + 'm';
     text += TerminalText(span.text);
     if (isStyled) text += "\x1B[0m";
   }

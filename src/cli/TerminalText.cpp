@@ -9,18 +9,18 @@
 namespace norvo::cli {
 namespace {
 
-struct Range {
+struct SteeringRange {
   char16_t first;
   char16_t last;
 };
 
-constexpr Range kSteering[] = {{0x0000, 0x001F}, {0x007F, 0x009F}, {0x061C, 0x061C},
-                               {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069}};
+constexpr SteeringRange kSteering[] = {{0x0000, 0x001F}, {0x007F, 0x009F}, {0x061C, 0x061C},
+                                       {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069}};
 
 bool IsSteering(char16_t unit) {
-  return std::any_of(std::begin(kSteering), std::end(kSteering), [unit](const Range& range) {
-    return unit >= range.first && unit <= range.last;
-  });
+  return std::any_of(
+      std::begin(kSteering), std::end(kSteering),
+      [unit](const SteeringRange& range) { return unit >= range.first && unit <= range.last; });
 }
 
 String Escape(char16_t unit) {

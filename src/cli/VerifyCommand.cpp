@@ -11,14 +11,14 @@
 namespace norvo::cli {
 namespace {
 
-constexpr HelpText kHelp = {R"(Examples:
+constexpr HelpText kVerifyHelp = {R"(Examples:
   norvo-playlists verify --machine /mnt/new-disk
   norvo-playlists verify --machine /mnt/new-disk 'C:\Music\Mix.m3u'
 
 Without PATH all playlists in the folder of the restored ones. Nothing on the machine is changed,
 but for the log that --log asks for. Addresses on the
 internet, shares and removable drives are not looked up. Exit code 1: a file is missing.)",
-                            R"(Examples:
+                                  R"(Examples:
   norvo-playlists verify
   norvo-playlists verify C:\Music\Mix.m3u
 
@@ -26,8 +26,8 @@ Without PATH all playlists in the folder of the restored ones. Nothing on the ma
 but for the log that --log asks for. Addresses on the
 internet, shares and removable drives are not looked up. Exit code 1: a file is missing.)"};
 
-constexpr HelpText kPathHelp = {"Playlists: paths on the machine or on this system",
-                                "Paths of playlists"};
+constexpr HelpText kVerifiedPathsHelp = {"Playlists: paths on the machine or on this system",
+                                         "Paths of playlists"};
 
 using Kind = VerifiedReference::Kind;
 
@@ -87,8 +87,8 @@ class VerifyCommand final : public Command {
     CLI::App* const app =
         program.add_subcommand("verify", "Check that the songs of native playlists exist");
     AddCommonOptions(*app, common, true);
-    app->add_option("PATH", paths_, kPathHelp.Here());
-    app->footer(kHelp.Here());
+    app->add_option("PATH", paths_, kVerifiedPathsHelp.Here());
+    app->footer(kVerifyHelp.Here());
     return app;
   }
 

@@ -51,14 +51,14 @@ void ForValueOf(StringView wanted, StringView text, Take&& take) {
   });
 }
 
-struct FieldRow {
+struct TrackFieldRow {
   StringView key;
   String ListedItem::*field;
 };
-constexpr FieldRow kFields[] = {{u"Name", &ListedItem::title},
-                                {u"Artist", &ListedItem::artist},
-                                {u"Album", &ListedItem::album},
-                                {u"Genre", &ListedItem::genre}};
+constexpr TrackFieldRow kTrackFields[] = {{u"Name", &ListedItem::title},
+                                          {u"Artist", &ListedItem::artist},
+                                          {u"Album", &ListedItem::album},
+                                          {u"Genre", &ListedItem::genre}};
 
 String ShownNames(const ListedItem& item) {
   return item.artist.empty() ? item.title : item.artist + u" - " + item.title;
@@ -72,7 +72,7 @@ ListedItem TrackItem(MarkupElements& elements) {
     if (key == u"Total Time") item.seconds = SecondsOfMilliseconds(elements.Text());
     if (key == u"Track Number") item.track = TrackOf(elements.Text());
     if (key == u"Location") location = elements.Text();
-    for (const FieldRow& row : kFields) {
+    for (const TrackFieldRow& row : kTrackFields) {
       if (key == row.key) item.*row.field = elements.Text();
     }
   });

@@ -11,7 +11,7 @@ namespace {
 
 // Eleven days: nothing that is played lasts longer.
 constexpr double kMostSeconds = 1e6;
-constexpr double kMostTracks = 9999;
+constexpr double kLastTrack = 9999;
 
 double NumberOf(StringView text) {
   const double number = ParseNumber(CleanText(text)).value_or(0);
@@ -42,7 +42,7 @@ double SecondsOfMilliseconds(StringView text) {
 }
 
 int TrackOf(StringView text) {
-  return static_cast<int>(UpTo(kMostTracks, NumberOf(text)));
+  return static_cast<int>(UpTo(kLastTrack, NumberOf(text)));
 }
 
 }  // namespace norvo

@@ -9,7 +9,7 @@
 namespace norvo {
 namespace {
 
-bool IsNameUnit(char16_t unit) {
+bool IsDirectiveUnit(char16_t unit) {
   const char16_t lower = ToLowerAscii(unit);
   return IsDigit(unit) || (lower >= u'a' && lower <= u'z') || unit == u'-' || unit == u'_';
 }
@@ -18,7 +18,7 @@ bool IsNameUnit(char16_t unit) {
 StringView DirectiveName(StringView line) {
   constexpr StringView kStart = u"#EXT";
   if (!EqualsIgnoreCase(line.substr(0, kStart.size()), kStart)) return {};
-  const auto* const end = std::find_if_not(line.begin() + 1, line.end(), IsNameUnit);
+  const auto* const end = std::find_if_not(line.begin() + 1, line.end(), IsDirectiveUnit);
   const StringView name(line.begin() + 1, static_cast<std::size_t>(end - line.begin() - 1));
   const bool whole = end == line.end() || *end == u':';
   const bool known = EqualsIgnoreCase(name, u"EXTINF") || EqualsIgnoreCase(name, u"EXTM3U");

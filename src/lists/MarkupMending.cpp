@@ -9,7 +9,7 @@
 namespace norvo {
 namespace {
 
-bool IsNameUnit(char16_t unit) {
+bool IsXmlNameUnit(char16_t unit) {
   const char16_t lower = ToLowerAscii(unit);
   return (lower >= u'a' && lower <= u'z') || IsDigit(unit) || unit == u'_' || unit == u':' ||
          unit == u'-' || unit == u'.';
@@ -19,7 +19,7 @@ bool IsNameUnit(char16_t unit) {
 String PlainName(StringView name) {
   String plain(name);
   for (char16_t& unit : plain) {
-    if (!IsNameUnit(unit)) unit = u'_';
+    if (!IsXmlNameUnit(unit)) unit = u'_';
   }
   const bool startsWell = !plain.empty() && (plain.front() == u'_' || plain.front() >= u'A');
   return startsWell ? plain : u'_' + plain;

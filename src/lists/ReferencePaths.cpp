@@ -8,7 +8,6 @@
 namespace norvo {
 namespace {
 
-constexpr StringView kFileScheme = u"file:";
 constexpr StringView kLocalHost = u"localhost";
 
 bool IsSchemeUnit(char16_t unit) {

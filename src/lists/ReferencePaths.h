@@ -7,6 +7,9 @@
 
 namespace norvo {
 
+/// Before the path in a URL that names a file.
+constexpr StringView kFileScheme = u"file:";
+
 /// True for a scheme of two letters or more and "://", but "file://".
 bool IsInternetAddress(StringView reference);
 

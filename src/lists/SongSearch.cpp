@@ -12,8 +12,6 @@
 namespace norvo {
 namespace {
 
-constexpr StringView kFileScheme = u"file:";
-
 /// "C:" or "C|", whatever stands before it: a scheme, a host, a mark of long paths.
 bool IsDriveName(StringView name) {
   return name.size() == 2 && HasDrive(String{name[0], name[1] == u'|' ? u':' : name[1]});

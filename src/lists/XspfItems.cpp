@@ -8,11 +8,11 @@
 namespace norvo {
 namespace {
 
-struct FieldRow {
+struct XspfFieldRow {
   std::string_view name;
   String ListedItem::*field;
 };
-constexpr FieldRow kFields[] = {
+constexpr XspfFieldRow kXspfFields[] = {
     {"title", &ListedItem::title}, {"creator", &ListedItem::artist}, {"album", &ListedItem::album}};
 
 void TakeDetail(ListedItem& item, pugi::xml_node detail) {
@@ -20,7 +20,7 @@ void TakeDetail(ListedItem& item, pugi::xml_node detail) {
   if (text.empty()) return;
   if (IsElement(detail, "duration")) item.seconds = SecondsOfMilliseconds(text);
   if (IsElement(detail, "trackNum")) item.track = TrackOf(text);
-  for (const FieldRow& row : kFields) {
+  for (const XspfFieldRow& row : kXspfFields) {
     if (IsElement(detail, row.name)) item.*row.field = text;
   }
   if (IsElement(detail, "location")) item.references.push_back(std::move(text));

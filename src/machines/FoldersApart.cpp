@@ -56,13 +56,13 @@ std::vector<Part> ScannedParts(const FolderMove& folders) {
   return parts;
 }
 
-String DocumentsOf(Platform& machine) {
+String DocumentsFolderOf(Platform& machine) {
   return machine.Shell().SpecialFolderPath(ShellFolders::kDocuments);
 }
 
 /// A search of this PC does not come to what is written to, in which its own documents would be.
 void RequireDocumentsOutside(const std::vector<Part>& written) {
-  const std::string documents = ToUtf8(DocumentsOf(*OpenThisPc()->Machine()));
+  const std::string documents = ToUtf8(DocumentsFolderOf(*OpenThisPc()->Machine()));
   if (documents.empty()) return;
   const fs::path full = FullPath(ToSystemPath(documents));
   for (const Part& to : written) {
@@ -74,7 +74,7 @@ void RequireDocumentsOutside(const std::vector<Part>& written) {
 /// Of this PC the documents, where all goes that has no place of its own, and the group root.
 std::vector<Part> PartsOfPc(const FolderMove& folders) {
   const std::shared_ptr<Platform> machine = OpenThisPc()->Machine();
-  const String documents = DocumentsOf(*machine);
+  const String documents = DocumentsFolderOf(*machine);
   const std::string kept = ToUtf8(ReadProductSettings(*OpenLibrary(machine)).groupRoot);
   std::vector<Part> parts;
   for (const std::string& path : {ToUtf8(documents), kept.empty() ? folders.groupRoot : kept}) {
@@ -93,7 +93,7 @@ std::vector<Part> WrittenParts(const FolderMove& folders) {
   const FolderLayout to = LayOut(taken, WishesFor(folders));
   HostedPlatform machine(to.layout);
   std::set<char16_t> letters;
-  for (const String& path : {to.groupRoot, DocumentsOf(machine)}) {
+  for (const String& path : {to.groupRoot, DocumentsFolderOf(machine)}) {
     letters.insert(path.empty() ? u'C' : ToUpper(path.front()));
   }
   for (const HostedDrive& drive : machine.DriveFolders()) {

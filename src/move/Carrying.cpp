@@ -21,11 +21,11 @@ namespace {
 constexpr StringView kSubFolder = u"Norvo PlayLists\\";
 constexpr std::size_t kLongestBase = 120;
 
-constexpr StringView kExtension = u".ini";
+constexpr StringView kGenericExtension = u".ini";
 
 /// Stands for a playlist, or a part of one that was split, with its content and its songs' places.
-std::string KeyOf(const MovedPlaylist& playlist, const PlaylistDraft& draft, std::size_t part,
-                  const std::vector<MovedSong>& songs) {
+std::string CarriedKey(const MovedPlaylist& playlist, const PlaylistDraft& draft, std::size_t part,
+                       const std::vector<MovedSong>& songs) {
   std::vector<Fingerprint> fields = {FingerprintOf(playlist.source),
                                      FingerprintOf(FormatInteger(static_cast<std::int64_t>(part))),
                                      draft.content};
@@ -65,10 +65,10 @@ class Carrier {
   /// At the first path of the name that is free or holds just these bytes.
   void Write(MovedPlaylist& playlist, const std::string& bytes) {
     const StringView name = LastComponent(playlist.collected);
-    const StringView bare = name.substr(0, name.size() - kExtension.size());
+    const StringView bare = name.substr(0, name.size() - kGenericExtension.size());
     const String base = bare.empty() ? u"Playlist" : PortableName(bare, nullptr, kLongestBase);
     SettingsStorage& settings = library_.Machine().Settings();
-    String path = folder_ + base + String(kExtension);
+    String path = folder_ + base + String(kGenericExtension);
     for (int number = 2;; ++number) {
       if (!taken_.contains(Fold(path)) && !IsFolder(path)) {
         const std::optional<std::string> there = IsThere(path) ? settings.Read(path) : std::nullopt;
@@ -78,7 +78,7 @@ class Carrier {
           return;
         }
       }
-      path = folder_ + base + u" (" + FormatInteger(number) + u")" + String(kExtension);
+      path = folder_ + base + u" (" + FormatInteger(number) + u")" + String(kGenericExtension);
     }
   }
 
@@ -106,7 +106,7 @@ void CarryGenericFiles(Component& library, RestoreLedger& ledger, MoveWork& work
     MovedPlaylist& playlist = work.result.playlists[i];
     PlaylistDraft& draft = work.drafts[i];
     if (playlist.state != MovedPlaylist::State::Collected) continue;
-    draft.key = KeyOf(playlist, draft, parts[playlist.source]++, work.result.songs);
+    draft.key = CarriedKey(playlist, draft, parts[playlist.source]++, work.result.songs);
     try {
       carrier.Carry(playlist, draft);
     } catch (const RunTimeError& failure) {

@@ -13,9 +13,8 @@
 namespace norvo {
 namespace {
 
-constexpr StringView kExtension = u".m3u8";
+constexpr StringView kCompanionExtension = u".m3u8";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr StringView kLineEnd = u"\r\n";
 
 /// "Artist - Title", or the one of both that is known.
 String ShownName(const MovedItem& item) {
@@ -32,7 +31,7 @@ String Seconds(double seconds) {
 }  // namespace
 
 bool IsCompanion(StringView path) {
-  return EndsWithIgnoreCase(path, kExtension);
+  return EndsWithIgnoreCase(path, kCompanionExtension);
 }
 
 void SetNatives(MovedPlaylist& playlist, std::vector<String> paths) {
@@ -48,7 +47,7 @@ String NewCompanionPath(Component& library, StringView originalName) {
   const String folder =
       DataCop::GetSubNamePath(library, DataCop::kPlayListSlot) + String(kCompanionFolder) + u'\\';
   const String name =
-      PortableName(originalName.substr(0, originalName.find(u'.'))) + String(kExtension);
+      PortableName(originalName.substr(0, originalName.find(u'.'))) + String(kCompanionExtension);
   const auto isFree = [&](const String& path) {
     return !library.Files().FileExists(path) && !library.Files().FolderExists(path);
   };

@@ -17,7 +17,7 @@
 namespace norvo {
 namespace {
 
-using Kind = WorkWarning::Kind;
+using WorkWarningKind = WorkWarning::Kind;
 using Sample = std::optional<Fingerprint>;
 
 /// Samples of one machine's files, each taken once.
@@ -125,7 +125,9 @@ class Counter {
     const std::vector<const MovedItem*>& expected = wanted.items;
     const ListedItems found = ItemsIn(path, std::move(bytes));
     bool right = found.size() == expected.size();
-    if (!right) Warn(Kind::CountedListWrong, path, {}, {}, found.size(), expected.size());
+    if (!right) {
+      Warn(WorkWarningKind::CountedListWrong, path, {}, {}, found.size(), expected.size());
+    }
     for (std::size_t i = found.size(); i < expected.size(); ++i) NoteUnreached(*expected[i]);
     for (std::size_t i = 0; i < std::min(found.size(), expected.size()); ++i) {
       const String reference = found[i].references.front();
@@ -162,7 +164,7 @@ class Counter {
     const bool right = isFile && IsSame(song.source, found.path);
     if (right) return true;
     isWrong_[number] = true;
-    Warn(Kind::CountedSongWrong, path, reference, song.source);
+    Warn(WorkWarningKind::CountedSongWrong, path, reference, song.source);
     return false;
   }
 
@@ -177,7 +179,7 @@ class Counter {
 
   bool Address(StringView wanted, const String& reference, const String& path, bool isPlain) {
     if (reference == AsTold(wanted, isPlain)) return true;
-    Warn(Kind::CountedSongWrong, path, reference, String(wanted));
+    Warn(WorkWarningKind::CountedSongWrong, path, reference, String(wanted));
     return false;
   }
 
@@ -187,7 +189,7 @@ class Counter {
     return isPlain ? page.Decode(page.Encode(address)) : String(address);
   }
 
-  void Warn(Kind kind, const String& subject, const String& detail, const String& wanted,
+  void Warn(WorkWarningKind kind, const String& subject, const String& detail, const String& wanted,
             std::size_t found = 0, std::size_t expected = 0) {
     if (told_.contains(subject)) return;
     report_.Warn({kind, MachineSide::New, Warning(), subject, detail, wanted, found, expected});

@@ -11,7 +11,7 @@
 namespace norvo {
 namespace {
 
-using Kind = WorkWarning::Kind;
+using WorkWarningKind = WorkWarning::Kind;
 
 class Verifier {
  public:
@@ -26,9 +26,10 @@ class Verifier {
   void Playlist(const MovedPlaylist& playlist) {
     const std::size_t wanted = NativeTypes().size();
     if (playlist.natives.size() != wanted) {
-      Warn(Kind::NativesMissing, playlist.source, {}, {}, playlist.natives.size(), wanted);
+      Warn(WorkWarningKind::NativesMissing, playlist.source, {}, {}, playlist.natives.size(),
+           wanted);
     }
-    if (playlist.companion.empty()) Warn(Kind::CompanionMissing, playlist.source);
+    if (playlist.companion.empty()) Warn(WorkWarningKind::CompanionMissing, playlist.source);
     std::vector<const MovedItem*> items;
     for (const MovedItem& item : playlist.items) {
       if (item.IsCarried()) items.push_back(&item);
@@ -36,7 +37,7 @@ class Verifier {
     for (const String& native : playlist.natives) Native(items, native);
     for (const MovedItem* const item : items) {
       if (item->IsSong() || library_.Machine().AnsiPage().Fits(item->reference)) continue;
-      Warn(Kind::UntellableAddress, playlist.source, String(item->reference));
+      Warn(WorkWarningKind::UntellableAddress, playlist.source, String(item->reference));
     }
   }
 
@@ -45,9 +46,10 @@ class Verifier {
 
   void Native(const std::vector<const MovedItem*>& items, const String& native) {
     const VerifiedPlaylist found = reader_.Read(native);
-    if (!found.whole && IsGone(native)) return Warn(Kind::NativeGone, native);
+    if (!found.whole && IsGone(native)) return Warn(WorkWarningKind::NativeGone, native);
     if (!found.whole || found.references.size() != items.size()) {
-      Warn(Kind::NativeIncomplete, native, {}, {}, found.references.size(), items.size());
+      Warn(WorkWarningKind::NativeIncomplete, native, {}, {}, found.references.size(),
+           items.size());
     }
     for (std::size_t i = 0; i < items.size(); ++i) {
       if (i < found.references.size()) {
@@ -73,14 +75,14 @@ class Verifier {
     if (right) {
       ++result_.verification.found;
     } else if (song.state != MovedSong::State::LeftOut && !notYet) {  // which has been told
-      Warn(Kind::WrongSong, native, found.reference, song.source);
+      Warn(WorkWarningKind::WrongSong, native, found.reference, song.source);
     }
   }
 
   void Address(StringView address, const VerifiedReference& found, const String& native) {
     const CodePage& page = library_.Machine().AnsiPage();
     if (found.reference == page.Decode(page.Encode(address))) return;
-    Warn(Kind::ChangedAddress, native, found.reference, String(address));
+    Warn(WorkWarningKind::ChangedAddress, native, found.reference, String(address));
   }
 
   /// Looked up once, however many playlists have the song.
@@ -96,8 +98,8 @@ class Verifier {
     return *known;
   }
 
-  void Warn(Kind kind, const String& subject, const String& detail = {}, const String& wanted = {},
-            std::size_t found = 0, std::size_t expected = 0) {
+  void Warn(WorkWarningKind kind, const String& subject, const String& detail = {},
+            const String& wanted = {}, std::size_t found = 0, std::size_t expected = 0) {
     report_.Warn({kind, MachineSide::New, Warning(), subject, detail, wanted, found, expected});
   }
 

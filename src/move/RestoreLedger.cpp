@@ -14,7 +14,7 @@
 namespace norvo {
 namespace {
 
-constexpr const char* kTitle =
+constexpr const char* kLedgerTitle =
     "; What was moved to this machine: the neutral files that were restored, the playlists made of "
     "them, and the songs' places.\r\n";
 
@@ -292,7 +292,7 @@ void RestoreLedger::End(bool whole) {
 
 void RestoreLedger::Append(const std::string& line) {
   if (!growing_) {
-    if (!exists_) machine_.Machine().Settings().Write(path_, kTitle);
+    if (!exists_) machine_.Machine().Settings().Write(path_, kLedgerTitle);
     exists_ = true;
     growing_ = machine_.Files().OpenForAppending(path_, false);
   }
@@ -337,7 +337,7 @@ void RestoreLedger::MakeDurable() {
 void RestoreLedger::Compact() {
   MakeDurable();
   growing_.reset();
-  std::string text = kTitle;
+  std::string text = kLedgerTitle;
   for (const auto& [folded, row] : restored_) {
     text += BeginLine(row.fingerprint, row.genericFile, row.key);
     for (const String& native : row.natives) text += PathLine(kNative, native);

@@ -12,7 +12,7 @@ namespace norvo {
 namespace {
 
 constexpr StringView kFile = u"RestoredCopies.txt";
-constexpr const char* kTitle =
+constexpr const char* kCopiesTitle =
     "; The playlists that restore or migrate has made here. Those that are still the same are no "
     "playlists of this machine's own.\r\n";
 
@@ -63,7 +63,7 @@ void RestoredCopies::Add(std::span<const MadeList> lists) {
     isNew = rows_.try_emplace({Fold(list.path), list.print}, list.path).second || isNew;
   }
   if (!isNew) return;
-  std::string text = kTitle;
+  std::string text = kCopiesTitle;
   for (const auto& [row, path] : rows_) text += row.second + '\t' + ToUtf8(path) + "\r\n";
   machine_.Machine().Settings().Write(path_, text);
 }

@@ -10,12 +10,12 @@
 namespace norvo {
 namespace {
 
-constexpr std::size_t kThreads = 8;
+constexpr std::size_t kFolderThreads = 8;
 // More are left to be listed when their time comes.
 constexpr std::size_t kMostWaiting = 4096;
 // After so many folders that needed no disk the others are taken to need none either; now and then
 // it is seen whether that still holds.
-constexpr unsigned kEnough = 16;
+constexpr unsigned kEnoughInMemory = 16;
 constexpr unsigned kNowAndThen = 64;
 
 }  // namespace
@@ -24,7 +24,7 @@ FoldersAhead::FoldersAhead(const DriveRoots& roots, PlaylistSink onPlaylist)
     : roots_(roots), onPlaylist_(std::move(onPlaylist)) {}
 
 bool FoldersAhead::IsOfUse() {
-  return inMemory_ < kEnough || ++left_ % kNowAndThen == 0;
+  return inMemory_ < kEnoughInMemory || ++left_ % kNowAndThen == 0;
 }
 
 void FoldersAhead::Add(std::vector<String> folders) {
@@ -39,7 +39,7 @@ void FoldersAhead::Add(std::vector<String> folders) {
     std::move(folders.rbegin(), folders.rend(), std::back_inserter(waiting_));
   }
   // One thread sees whether there is anything to wait for; only then the others are of use.
-  workers_.Grow(hasWaited_ ? kThreads : 1);
+  workers_.Grow(hasWaited_ ? kFolderThreads : 1);
   added_.notify_all();
 }
 

@@ -9,7 +9,7 @@ namespace norvo {
 namespace {
 
 // The system fetches on its own once it is asked, so few threads keep a disk busy.
-constexpr std::size_t kThreads = 2;
+constexpr std::size_t kSongThreads = 2;
 // Where the tags of a song are.
 constexpr std::uint64_t kStart = 4096;
 constexpr std::uint64_t kEnd = 128;
@@ -20,7 +20,7 @@ constexpr std::size_t kMostItemsAhead = 16384;
 constexpr std::size_t kMostPlaylists = 100'000;
 // After so many songs that needed no disk, a playlist is left once one of its own needs none
 // either.
-constexpr unsigned kEnough = 8;
+constexpr unsigned kEnoughSongs = 8;
 
 }  // namespace
 
@@ -31,7 +31,7 @@ void SongsAhead::Add(String playlist) {
     if (waiting_.size() >= kMostPlaylists) return;
     waiting_.push_back(std::move(playlist));
   }
-  workers_.Grow(kThreads);
+  workers_.Grow(kSongThreads);
   changed_.notify_one();
 }
 
@@ -86,7 +86,7 @@ bool SongsAhead::Fetch(const String& song) {
   if (!record || record->kind != FileRecord::Kind::File) return true;
   WillRead(*file, 0, kStart);
   if (record->size > kStart + kEnd) WillRead(*file, record->size - kEnd, kEnd);
-  if (before && DiskWaits() == before) return ++inMemory_ < kEnough;
+  if (before && DiskWaits() == before) return ++inMemory_ < kEnoughSongs;
   inMemory_ = 0;
   return true;
 }

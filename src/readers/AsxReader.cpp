@@ -12,7 +12,7 @@
 namespace norvo {
 namespace {
 
-constexpr ResolverMessages kMessages = {
+constexpr ResolverMessages kAsxMessages = {
     u"NVERR_FILE_NOT_FOUND, PLAYLIST::AddEntry, File Not Found: ",
     u"NVERR_INVALID_ARG, PLAYLIST::AddEntry, Invalid Argument or Bad Data: "};
 
@@ -31,7 +31,7 @@ class AsxWalk {
       : component_(component),
         playlist_(playlist),
         entryType_(entryType),
-        resolver_(component, playlist, std::move(folder), kMessages) {}
+        resolver_(component, playlist, std::move(folder), kAsxMessages) {}
 
   void Visit(StringView line) {
     if (!insidePlaylist_) return;

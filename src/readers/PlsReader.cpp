@@ -15,7 +15,7 @@ namespace norvo {
 namespace {
 
 constexpr StringView kFileKey = u"File";
-constexpr ResolverMessages kMessages = {
+constexpr ResolverMessages kPlsMessages = {
     u"NVERR_FILE_NOT_FOUND, PLAYLIST::ReadPLS, File Not Found: ",
     u"NVERR_INVALID_ARG, PLAYLIST::ReadPLS, Invalid Argument or Bad Data: "};
 
@@ -73,7 +73,7 @@ void ReadItems(Component& component, PlaylistRecord& playlist, StringView fileNa
   String declared;
   if (file.ReadValue(u"NumberOfEntries", declared) != 0) return;
   playlist.totalSongsStore = declared;
-  ItemResolver resolver(component, playlist, folder, kMessages);
+  ItemResolver resolver(component, playlist, folder, kPlsMessages);
   for (const std::int32_t number : PresentItems(file, Int32FromText(declared))) {
     ReadItem(component, playlist, file, resolver, number);
   }

@@ -15,7 +15,7 @@ namespace norvo {
 namespace {
 
 constexpr std::string_view kMark = "\xEF\xBB\xBF";
-constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::string_view kRecordEnd = "\r\n";
 constexpr char kSeparator = '\t';
 
 // No disk holds so many songs; a list that says so is damaged and shall not fill the memory.
@@ -63,10 +63,10 @@ std::optional<Fingerprint> PrintOfLine(std::string_view line) {
 template <class Take>
 std::size_t ForEachLine(std::string_view text, Take&& take) {
   std::size_t begin = 0;
-  for (std::size_t end = text.find(kLineEnd); end != std::string_view::npos;
-       end = text.find(kLineEnd, begin)) {
+  for (std::size_t end = text.find(kRecordEnd); end != std::string_view::npos;
+       end = text.find(kRecordEnd, begin)) {
     take(text.substr(begin, end - begin));
-    begin = end + kLineEnd.size();
+    begin = end + kRecordEnd.size();
   }
   return begin;
 }
@@ -83,7 +83,7 @@ std::string LinesWithout(const std::string& lines, const FingerprintSet& prints)
   std::string rest;
   ForEachLine(lines, [&](std::string_view line) {
     const std::optional<Fingerprint> print = PrintOfLine(line);
-    if (!print || !prints.Has(*print)) rest.append(line).append(kLineEnd);
+    if (!print || !prints.Has(*print)) rest.append(line).append(kRecordEnd);
   });
   return rest;
 }
@@ -133,7 +133,7 @@ bool MediaList::Add(const MediaRecord& record) {
   pending_ += kSeparator;
   AppendField(pending_, record.destination);
   if (known_.Insert(PrintOf(std::string_view(pending_).substr(fields)))) {
-    pending_ += kLineEnd;
+    pending_ += kRecordEnd;
   } else {
     pending_.resize(line);
   }

@@ -3,8 +3,6 @@
 namespace norvo {
 namespace {
 
-constexpr StringView kLineEnd = u"\r\n";
-
 bool IsLineEnd(char16_t unit) {
   return unit == u'\r' || unit == u'\n';
 }

@@ -17,6 +17,9 @@ using String = std::u16string;
 /// A view of such a text.
 using StringView = std::u16string_view;
 
+/// Ends each line of the text files that the library writes.
+constexpr StringView kLineEnd = u"\r\n";
+
 /// How characters are compared: unit by unit, or by the upper case of each unit.
 enum class Compare {
   Binary,  ///< unit by unit

@@ -9,7 +9,7 @@ namespace norvo {
 namespace {
 
 // Together with the line's own end it leaves an empty line.
-constexpr StringView kLineEnd = u"\r\n";
+constexpr StringView kEmptyLine = kLineEnd;
 
 String Quoted(StringView value) {
   return String(u"\"").append(value).append(u"\"");
@@ -76,13 +76,13 @@ AsxFormatter::AsxFormatter(const PlaylistRecord& playlist, Write write)
 
 void AsxFormatter::Element(StringView opening, const String& text, StringView closing) {
   if (text.empty()) return;
-  write_(String(opening).append(text).append(closing).append(kLineEnd));
+  write_(String(opening).append(text).append(closing).append(kEmptyLine));
 }
 
 void AsxFormatter::Param(StringView name, const String& value) {
   if (value.empty()) return;
   write_(u"<Param Name = " + Quoted(name) + u" Value = " + Quoted(value) + u" />" +
-         String(kLineEnd));
+         String(kEmptyLine));
 }
 
 void AsxFormatter::Begin() {
@@ -111,13 +111,13 @@ void AsxFormatter::Entry(AutomationObject& entry) {
 }
 
 void AsxFormatter::AddressLines(AutomationObject& entry, const String& path) {
-  line_.assign(u"<Ref href = \"").append(path).append(u"\"/>").append(kLineEnd);
+  line_.assign(u"<Ref href = \"").append(path).append(u"\"/>").append(kEmptyLine);
   write_(line_);
   String duration;
   duration_.Append(entry, duration);
   if (!fromAsx_ && !duration.empty()) duration = FormatAsxTime(duration);
   if (duration.empty()) return;
-  line_.assign(u"<Duration Value = \"").append(duration).append(kParamEnd).append(kLineEnd);
+  line_.assign(u"<Duration Value = \"").append(duration).append(kParamEnd).append(kEmptyLine);
   write_(line_);
 }
 
@@ -130,7 +130,7 @@ void AsxFormatter::Line(EntryLine& line, AutomationObject& entry, const String& 
   } else {
     line_ += path;
   }
-  line_.append(line.behind).append(kLineEnd);
+  line_.append(line.behind).append(kEmptyLine);
   write_(line_);
 }
 

@@ -16,7 +16,6 @@ namespace norvo {
 namespace {
 
 constexpr StringView kFormatVersion = u"1.6";
-constexpr StringView kLineEnd = u"\r\n";
 
 void SetDefaultName(PlaylistRecord& playlist, StringView fileName) {
   if (!playlist.name.empty()) return;

@@ -5,7 +5,7 @@ namespace norvo::cli {
 namespace {
 
 // Bash takes the "=" of --role=source for a word of its own.
-constexpr const char* kStart = R"(# bash completion for norvo-playlists
+constexpr const char* kBashStart = R"(# bash completion for norvo-playlists
 
 _norvo_playlists() {
   local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
@@ -26,7 +26,7 @@ constexpr const char* kWords = R"(  esac
   case "${COMP_WORDS[1]}" in
 )";
 
-constexpr const char* kEnd = R"(  esac
+constexpr const char* kBashEnd = R"(  esac
 }
 complete -F _norvo_playlists norvo-playlists
 )";
@@ -75,12 +75,12 @@ std::string WordCase(const CommandRow& command) {
 std::string BashCompletion(const CommandTable& table) {
   std::vector<std::string> first = NamesOf(table.program.options);
   for (const CommandRow& command : table.commands) first.push_back(command.name);
-  std::string script = kStart;
+  std::string script = kBashStart;
   script += "    " + Reply("-W " + Quoted(Joined(first, " "))) + "\n    return\n" + kValues;
   for (const CommandRow& command : table.commands) script += ValueCases(command);
   script += kWords;
   for (const CommandRow& command : table.commands) script += WordCase(command);
-  return script + kEnd;
+  return script + kBashEnd;
 }
 
 }  // namespace norvo::cli

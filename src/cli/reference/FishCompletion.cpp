@@ -16,7 +16,7 @@ std::string FishQuoted(const std::string& text) {
   return quoted + '\'';
 }
 
-std::string ValueOf(const OptionRow& option) {
+std::string FishValueOf(const OptionRow& option) {
   switch (option.offer) {
     case Offer::Choices:
       return " -x -a " + FishQuoted(Joined(option.choices, " "));
@@ -34,7 +34,7 @@ std::string OptionLine(const OptionRow& option, const std::string& condition) {
   for (const std::string& name : option.names) {
     line += name.starts_with("--") ? " -l " + name.substr(2) : " -s " + name.substr(1);
   }
-  return line + ValueOf(option) + " -d " + FishQuoted(option.text) + '\n';
+  return line + FishValueOf(option) + " -d " + FishQuoted(option.text) + '\n';
 }
 
 std::string CommandLines(const CommandRow& command) {

@@ -38,7 +38,7 @@ std::string Italic(const std::string& text) {
   return "\\fI" + Escaped(text) + "\\fR";
 }
 
-std::string ValueOf(const OptionRow& option) {
+std::string ValueInTag(const OptionRow& option) {
   if (option.choices.empty()) return Italic(option.value);
   std::string choices;
   for (const std::string& choice : option.choices) {
@@ -50,7 +50,7 @@ std::string ValueOf(const OptionRow& option) {
 std::string OptionTag(const OptionRow& option) {
   std::string tag;
   for (const std::string& name : option.names) tag += (tag.empty() ? "" : ", ") + Bold(name);
-  return tag + (option.TakesValue() ? ' ' + ValueOf(option) : "");
+  return tag + (option.TakesValue() ? ' ' + ValueInTag(option) : "");
 }
 
 std::string WordTag(const OptionRow& word) {

@@ -4,7 +4,7 @@
 namespace norvo::cli {
 namespace {
 
-constexpr const char* kStart = R"(#compdef norvo-playlists
+constexpr const char* kZshStart = R"(#compdef norvo-playlists
 
 _norvo-playlists() {
   local curcontext="$curcontext" state line
@@ -23,7 +23,7 @@ constexpr const char* kArguments = R"(      )
       case $line[1] in
 )";
 
-constexpr const char* kEnd = R"(      esac
+constexpr const char* kZshEnd = R"(      esac
       ;;
   esac
 }
@@ -86,7 +86,7 @@ std::string CommandCase(const CommandRow& command) {
 }  // namespace
 
 std::string ZshCompletion(const CommandTable& table) {
-  std::string script = kStart;
+  std::string script = kZshStart;
   script += "  _arguments -C -S";
   for (const OptionRow& option : table.program.options) {
     script += OptionSpecifications(option, "    ");
@@ -98,7 +98,7 @@ std::string ZshCompletion(const CommandTable& table) {
   }
   script += kArguments;
   for (const CommandRow& command : table.commands) script += CommandCase(command);
-  return script + kEnd;
+  return script + kZshEnd;
 }
 
 }  // namespace norvo::cli

@@ -15,11 +15,11 @@ namespace norvo {
 namespace {
 
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
-constexpr std::string_view kOldHeader = "REGEDIT4";
+constexpr std::string_view kOldMark = "REGEDIT4";
 constexpr StringView kMachineClasses = u"SOFTWARE\\Classes\\";
 
 // The text is held in memory as a whole; a full Windows registry takes a fraction of this.
-constexpr std::size_t kMostBytes = std::size_t{512} * 1024 * 1024;
+constexpr std::size_t kMostOfRegistry = std::size_t{512} * 1024 * 1024;
 
 /// Where a key of the classes root stands when the text holds the machine's part only.
 String InMachineClasses(StringView key) {
@@ -80,7 +80,7 @@ String HostedRegistry::Decode(std::string_view bytes, Encoding& encoding) {
   }
   if (encoding.marked) bytes.remove_prefix(kUtf8Mark.size());
   // The old form is 8-bit text by its definition, even where it could be taken for UTF-8.
-  const bool old = !encoding.marked && bytes.starts_with(kOldHeader);
+  const bool old = !encoding.marked && bytes.starts_with(kOldMark);
   std::optional<String> text = old ? std::nullopt : FromUtf8(bytes);
   encoding.kind = text ? Encoding::Kind::Utf8 : Encoding::Kind::CodePage;
   return text ? std::move(*text) : Windows1252().Decode(bytes);
@@ -113,7 +113,7 @@ bool HostedRegistry::ReadBytes(std::string& bytes) {
   record_ = file ? RecordOf(LookUp(*file)) : std::nullopt;
   if (!file) return file.Failure().kind == FileFailure::Kind::NotFound;
   if (!record_) return false;
-  FileResult<std::string> read = ReadWhole(*file, kMostBytes);
+  FileResult<std::string> read = ReadWhole(*file, kMostOfRegistry);
   if (read.Failure().kind == FileFailure::Kind::TooLong) {
     throw RunTimeError(error::kOutOfMemory,
                        FromUtf8Lossy(file_) + u" is larger than any registry (512 MB)");

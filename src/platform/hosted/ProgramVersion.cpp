@@ -18,7 +18,7 @@ constexpr std::size_t kPartLength = 16;
 
 constexpr std::size_t kPiece = 256 * 1024;
 // A program larger than this is a package; its version is not worth the reading.
-constexpr std::uint64_t kMostBytes = 64 * 1024 * 1024;
+constexpr std::uint64_t kMostOfProgram = 64 * 1024 * 1024;
 
 std::uint32_t WordAt(std::string_view bytes, std::size_t at) {
   std::uint32_t word = 0;
@@ -51,7 +51,7 @@ String VersionText(std::uint32_t high, std::uint32_t low) {
 String ProgramVersion(BinaryFile& file) {
   if (!IsProgram(file)) return {};
   std::string window;  // the end of the piece before, then the piece
-  for (std::uint64_t offset = 0; offset < kMostBytes;) {
+  for (std::uint64_t offset = 0; offset < kMostOfProgram;) {
     const std::size_t kept = window.size();
     window.resize(kept + kPiece);
     const std::size_t got = file.ReadAt(offset, std::span(window).subspan(kept));

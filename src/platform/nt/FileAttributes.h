@@ -6,6 +6,9 @@
 
 namespace norvo {
 
+/// The permissions of which one makes a file writable; without them it is read-only.
+constexpr unsigned kAnyWriter = 0222;
+
 /// Of an open file.
 bool IsReadOnly(HANDLE file);
 /// A folder, and no link to one.

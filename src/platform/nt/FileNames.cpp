@@ -27,8 +27,6 @@ constexpr ULONG kDelete = 0x1;
 constexpr ULONG kDeletePosix = 0x2;
 constexpr ULONG kDeleteReadOnly = 0x10;
 
-constexpr unsigned kAnyWriter = 0222;
-
 /// To give a file another name, or none.
 constexpr Opening kToRename{DELETE | FILE_READ_ATTRIBUTES, 0, FILE_OPEN, 0, true};
 constexpr Opening kToAsk{FILE_READ_ATTRIBUTES, 0, FILE_OPEN, 0, true};

@@ -18,7 +18,7 @@ namespace {
 constexpr std::size_t kBuffer = std::size_t{64} * 1024;
 
 /// A folder's entry tells the kind of a reparse point where its extended attributes would be.
-ListedKind KindOf(const FILE_FULL_DIR_INFORMATION& entry) {
+ListedKind ListedKindOf(const FILE_FULL_DIR_INFORMATION& entry) {
   const bool isPoint = (entry.FileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
   if (isPoint && IsReparseTagNameSurrogate(entry.EaSize) != 0) return ListedKind::Link;
   const bool isFolder = (entry.FileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
@@ -36,7 +36,7 @@ void VisitAll(const char* entries, const Visit& visit) {
     const auto& entry = *reinterpret_cast<const FILE_FULL_DIR_INFORMATION*>(entries);
     const StringView name(reinterpret_cast<const char16_t*>(entry.FileName),
                           entry.FileNameLength / sizeof(wchar_t));
-    if (!IsDots(name)) visit(FromWideName(name), KindOf(entry));
+    if (!IsDots(name)) visit(FromWideName(name), ListedKindOf(entry));
     if (entry.NextEntryOffset == 0) return;
     entries += entry.NextEntryOffset;
   }

@@ -1,5 +1,6 @@
 #include "platform/files/SystemCalls.h"
 #include "platform/nt/DiskNumber.h"
+#include "platform/nt/FileAttributes.h"
 #include "platform/nt/Handle.h"
 #include "platform/nt/InsideFolder.h"
 #include "platform/nt/NtPath.h"
@@ -7,8 +8,6 @@
 
 namespace norvo {
 namespace {
-
-constexpr unsigned kAnyWriter = 0222;
 
 // Without the right to write elsewhere than at the end, every write goes there. To be locked, a
 // file must be open for its bytes.

@@ -10,7 +10,7 @@
 namespace norvo {
 namespace {
 
-ListedKind KindOf(unsigned char type) {
+ListedKind ListedKindOf(unsigned char type) {
   switch (type) {
     case DT_REG:
       return ListedKind::File;
@@ -60,7 +60,7 @@ FileFailure ForEachName(SystemFile folder,
     if (entry == nullptr) return LastFailure();
     if (IsDots(entry->d_name)) continue;
     visit(entry->d_name, entry->d_type == DT_UNKNOWN ? KindByLookUp(folder, entry->d_name)
-                                                     : KindOf(entry->d_type));
+                                                     : ListedKindOf(entry->d_type));
   }
 }
 

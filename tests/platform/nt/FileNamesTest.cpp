@@ -78,7 +78,8 @@ TEST_F(FileNamesTest, PathsMayBeLongerThanTheOldLimit) {
   EXPECT_EQ(LookUpSystemPath(full)->size, 5u);
   EXPECT_EQ(*ReadWhole(*OpenSystemPath(full), 100), "bytes");
   EXPECT_TRUE(LookUp(*OpenRoot(std::string(ParentOf(full))), std::string(200, 's')));
-  EXPECT_FALSE(NewFile::At(Root(), song + "2", 0666)->PutInPlace());
+  LastFolder folders;
+  EXPECT_FALSE(NewFile::At(Root(), song + "2", 0666, folders)->PutInPlace(folders));
   EXPECT_FALSE(RemoveFile(Root(), song));
   EXPECT_EQ(NamesIn(folder), "F" + std::string(200, 's') + "2 ");
 }

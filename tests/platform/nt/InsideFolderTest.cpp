@@ -33,7 +33,8 @@ class InsideFolderTest : public FilesTest {
     EXPECT_EQ(RenameOver(root, folder + "/victim", folder + "/x").kind, Kind::LinkInTheWay);
     EXPECT_EQ(ReplaceWhole(root, folder + "/victim", "x").kind, Kind::LinkInTheWay) << folder;
     EXPECT_EQ(LinkFile(Open("own"), Root(), "own", root, folder + "/x").kind, Kind::LinkInTheWay);
-    EXPECT_EQ(NewFile::At(root, folder + "/x", 0666).Failure().kind, Kind::LinkInTheWay);
+    LastFolder folders;
+    EXPECT_EQ(NewFile::At(root, folder + "/x", 0666, folders).Failure().kind, Kind::LinkInTheWay);
   }
 };
 
