@@ -28,6 +28,7 @@ class ReferenceWatcher final : public Observer {
     if (outcome != ItemOutcome::Missing) kind = IsOnDisk(reference) ? Kind::Found : Kind::Address;
     references.push_back({kind, String(reference)});
   }
+  bool WantsEntries() override { return false; }
 
   std::vector<VerifiedReference> references;
 

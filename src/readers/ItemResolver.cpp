@@ -92,8 +92,17 @@ ItemOutcome ItemResolver::AddOrDrop(const std::shared_ptr<FormatEntry>& entry, c
       return ItemOutcome::Empty;
   }
   if (playlist_.entries->TotalSongs() >= kMostEntries) throw RunTimeError(error::kOverflow);
-  playlist_.entries->Add(entry);
+  playlist_.entries->Add(component_.Watcher().WantsEntries() ? entry : EmptyLike(*entry));
   return ItemOutcome::Kept;
+}
+
+/// Of the same type, since the collection takes no other.
+const std::shared_ptr<FormatEntry>& ItemResolver::EmptyLike(FormatEntry& entry) {
+  if (!empty_) {
+    empty_ = std::make_shared<M3UEntry>(component_);
+    empty_->SetEntryType(entry.EntryType());
+  }
+  return empty_;
 }
 
 bool ItemResolver::Resolve(const std::shared_ptr<FormatEntry>& entry, StringView reference,

@@ -49,6 +49,7 @@ class ItemResolver {
   ItemOutcome AddOrDrop(const std::shared_ptr<FormatEntry>& entry, const Item& item,
                         StringView label);
   bool Register(FormatEntry& entry, const String& path, StringView label);
+  const std::shared_ptr<FormatEntry>& EmptyLike(FormatEntry& entry);
 
   Component& component_;
   PlaylistRecord& playlist_;
@@ -57,6 +58,7 @@ class ItemResolver {
   DataCop::Destinations destinations_;
   std::size_t items_ = 0;      // judged so far
   std::size_t longTexts_ = 0;  // units of the texts of all entries that have unusually much of them
+  std::shared_ptr<FormatEntry> empty_;  // for observers that want no entries
   // Their memory serves for all items.
   Item item_;
   String title_;

@@ -58,6 +58,9 @@ class Observer {
                              std::size_t /*kept*/, StringView /*genericFile*/) {}
   /// The next item of the playlist that is being read; `reference` as it was resolved.
   virtual void OnItem(StringView /*reference*/, ItemOutcome) {}
+  /// Whether the entry that an item becomes shall be kept. Else an empty one counts in its place,
+  /// one for all: a host that only listens needs no memory for them.
+  virtual bool WantsEntries() { return true; }
 
   /// Whether the queue shall restore a generic file that it has found.
   virtual bool WantsGenericFile(StringView /*path*/) { return true; }

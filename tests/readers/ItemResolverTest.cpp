@@ -343,6 +343,27 @@ TEST_F(ItemResolverTest, TheWatcherHearsOfEveryItemWhatBecameOfIt) {
   }
 }
 
+/// Listens, and has no use for the entries.
+class Listener final : public Observer {
+ public:
+  bool WantsEntries() override { return false; }
+};
+
+TEST_F(ItemResolverTest, ForAWatcherThatWantsNoEntriesEmptyOnesCountAndAllElseIsDone) {
+  for (const PlaylistOfKind& kind : kPlaylists) {
+    platform->Log().Clear();
+    Listener listener;
+    component.SetObserver(&listener);
+    EXPECT_TRUE(ReadReferences(kind, {"here.mp3", "http://host/a", "gone.mp3", "Q:\\a.mp3"}));
+    component.SetObserver(&watcher);
+    EXPECT_EQ(Kept(), 3) << kind.type;
+    EXPECT_EQ(Fields(u"Entry_SourceURL"), Lines({"", "", ""})) << kind.type;
+    EXPECT_EQ(platform->Calls(u"Migration.Add"), 2u) << kind.type;
+    ASSERT_TRUE(ReadReferences(kind, {"here.mp3"}));
+    EXPECT_EQ(Field(1, u"Entry_SourceURL"), "C:\\Lists\\here.mp3") << kind.type;
+  }
+}
+
 TEST_F(ItemResolverTest, TheWatcherHearsOfAnEmptyReferenceAndOfARefusedRegistration) {
   ItemFollower follower;
   component.SetObserver(&follower);
