@@ -181,9 +181,9 @@ void ListNotes::NoteSong(const Adjustment& row, const std::string& because) {
   const MovedSong& song = move_.songs[item->song];
   const StringView before = LastComponent(song.source);
   const StringView after = LastComponent(song.place);
-  if (!song.plainPlace.empty() && song.plainPlace != song.place) {
+  if (!song.secondPlace.empty()) {
     changes_[row.playlist].push_back(
-        {"older players find " + Quoted(after) + " as " + ToUtf8(song.plainPlace) +
+        {"older players find " + Quoted(after) + " as " + ToUtf8(song.secondPlace) +
              ", a second name of it, since their lists cannot hold all of its letters",
          Weight::Detail});
     return;

@@ -84,7 +84,7 @@ Json SongDocument(const MovedSong& song) {
                 {"bytes", JsonNumber(song.size)},
                 {"listed", song.listed},
                 {"outcome", CodeOf(song.state)}};
-  AddPath(document, "plainPlace", song.plainPlace);
+  AddPath(document, "plainPlace", song.PlainPlace());
   AddReason(document, ReasonText(song), ReasonCode(song));
   return document;
 }

@@ -31,7 +31,7 @@ std::string CarriedKey(const MovedPlaylist& playlist, const PlaylistDraft& draft
                                      draft.content};
   for (const MovedItem& item : playlist.items) {
     if (!item.IsCarried()) continue;
-    const StringView place = item.IsSong() ? songs[item.song].plainPlace : item.reference;
+    const StringView place = item.IsSong() ? songs[item.song].PlainPlace() : item.reference;
     fields.push_back(FingerprintOf(place));
   }
   return TextOf(FingerprintOf(fields));

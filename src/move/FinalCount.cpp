@@ -106,7 +106,7 @@ class Counter {
       expected.items.push_back(&item);
       if (!isPlain) continue;
       expected.references.push_back(FingerprintOf(
-          item.IsSong() ? result_.songs[item.song].plainPlace : AsTold(item.reference, isPlain)));
+          item.IsSong() ? result_.songs[item.song].PlainPlace() : AsTold(item.reference, isPlain)));
     }
     return expected;
   }

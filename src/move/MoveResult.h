@@ -38,14 +38,17 @@ struct MovedSong {
   double size = 0;     ///< bytes
   bool listed = true;  ///< some playlist names it; else all music was wished for
   String place;        ///< full path on the new machine; empty when there is none
-  /// The path by which the players' own playlists name it, which are text in the 8-bit page: the
-  /// place itself where that fits, else a second name of the same song.
-  String plainPlace;
+  /// Full path of a second name of the song for the players' own playlists, which are text in the
+  /// 8-bit page; empty where the place itself fits that.
+  String secondPlace;
   State state = State::Planned;               ///< what has become of it
   Fault fault = Fault::None;                  ///< why it was left out
   String faultPath;                           ///< of what the fault tells
   PlaceFailure failure = PlaceFailure::None;  ///< why it was not brought
   String systemReason;                        ///< what the system said of the failure; may be empty
+
+  /// The path by which the players' own playlists name it.
+  const String& PlainPlace() const { return secondPlace.empty() ? place : secondPlace; }
 };
 
 /// One item of a playlist and what becomes of it. A move has very many: their texts stand in a

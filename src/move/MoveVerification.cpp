@@ -68,7 +68,7 @@ class Verifier {
     if (!item.IsSong()) return Address(item.reference, found, native);
     ++result_.verification.checked;
     const MovedSong& song = result_.songs[item.song];
-    const bool named = EqualsIgnoreCase(found.reference, song.plainPlace);
+    const bool named = EqualsIgnoreCase(found.reference, song.PlainPlace());
     const bool right =
         named && found.kind == VerifiedReference::Kind::Found && HasRightSize(item.song);
     const bool notYet = named && !withSongs_;
@@ -91,7 +91,7 @@ class Verifier {
     if (!known) {
       const MovedSong& song = result_.songs[number];
       known = AnswerOr(false, [&] {
-        const std::optional<FileFacts> facts = library_.Files().FactsOf(song.plainPlace);
+        const std::optional<FileFacts> facts = library_.Files().FactsOf(song.PlainPlace());
         return facts && facts->size == song.size;
       });
     }

@@ -167,24 +167,28 @@ bool PlaceChooser::KeepPlace(std::size_t number, MovedSong& song) {
 /// The answer must outlive this.
 void PlaceChooser::Settle(std::size_t number, MovedSong& song, const KeptAnswer& answer,
                           const String& knownFull) {
-  song.plainPlace = answer.place;
+  const String plain(answer.place);
   chosen_[number] = &answer;
-  Occupy(number, song, song.plainPlace);
-  const bool isKept = knownFull == song.plainPlace ||
+  Occupy(number, song, plain);
+  const bool isKept = knownFull == plain ||
                       (!knownFull.empty() && Judge(song, knownFull, Spelling::Any) == Fault::None);
-  song.place = isKept ? knownFull : FullPlace(song, *votes_[number].front().answer);
-  if (song.place != song.plainPlace) Occupy(number, song, song.place);
+  song.place = isKept ? knownFull : FullPlace(song, *votes_[number].front().answer, plain);
+  if (song.place != plain) {
+    song.secondPlace = plain;
+    Occupy(number, song, song.place);
+  }
   TextPool& texts = work_.sections.Texts();
   work_.settled.push_back({number, texts.Keep(answer.artist), texts.Keep(answer.album)});
 }
 
 /// The place that the song's own names give, in every script; the plain one where that tells them,
 /// or where there is no way.
-String PlaceChooser::FullPlace(const MovedSong& song, const KeptAnswer& names) {
+String PlaceChooser::FullPlace(const MovedSong& song, const KeptAnswer& names,
+                               const String& plain) {
   EntryAnswer full = names.Copy();
   if (full.fileName.empty()) full.fileName = LastComponent(song.source);
   const CodePage& page = library_.Machine().AnsiPage();
-  if (page.Fits(names.place) && page.Fits(full.fileName)) return song.plainPlace;
+  if (page.Fits(names.place) && page.Fits(full.fileName)) return plain;
   const auto portable = [](const String& name) {
     return name.empty() ? name : PortableName(name, nullptr);
   };
@@ -192,7 +196,7 @@ String PlaceChooser::FullPlace(const MovedSong& song, const KeptAnswer& names) {
   const std::optional<String> place = FreePlace(song, full);
   if (place) return *place;
   // What stands where the folders should be, or may not be seen, is not in the way of the name.
-  return FreePlace(song, {{}, {}, {}, full.fileName}).value_or(song.plainPlace);
+  return FreePlace(song, {{}, {}, {}, full.fileName}).value_or(plain);
 }
 
 /// The first of the numbered names that is free and that the page cannot tell.

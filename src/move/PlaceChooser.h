@@ -61,7 +61,7 @@ class PlaceChooser {
   bool KeepPlace(std::size_t number, MovedSong& song);
   void Settle(std::size_t number, MovedSong& song, const KeptAnswer& answer,
               const String& knownFull = {});
-  String FullPlace(const MovedSong& song, const KeptAnswer& names);
+  String FullPlace(const MovedSong& song, const KeptAnswer& names, const String& plain);
   std::optional<String> FreePlace(const MovedSong& song, EntryAnswer names);
   void Occupy(std::size_t number, MovedSong& song, const String& place);
   Fault Judge(const MovedSong& song, const String& place, Spelling spelling = Spelling::Plain);

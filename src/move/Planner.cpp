@@ -195,13 +195,13 @@ void Planner::Adjust(const Asked& asked) {
 
 void Planner::AdjustEntry(std::size_t playlist, const MovedItem& item, const KeptAnswer& answer) {
   const MovedSong& song = work_.result.songs[item.song];
-  if (song.place.empty() || EqualsIgnoreCase(answer.place, song.plainPlace)) return;
+  if (song.place.empty() || EqualsIgnoreCase(answer.place, song.PlainPlace())) return;
   EntryAnswer names = answer.Copy();
   if (names.fileName.empty()) names.fileName = LastComponent(song.source);
   const Reason reason = places_.WhyNot(item.song, entries_.Ask(names).place);
-  names.fileName = LastComponent(song.plainPlace);
+  names.fileName = LastComponent(song.PlainPlace());
   Set(playlist, item.entry, u"FileName", names.fileName, reason);
-  if (EqualsIgnoreCase(entries_.Ask(names).place, song.plainPlace)) return;
+  if (EqualsIgnoreCase(entries_.Ask(names).place, song.PlainPlace())) return;
   KeepBothNames(playlist, item.entry, places_.ChosenFor(item.song).artist, reason);
   Set(playlist, item.entry, u"Artist", places_.ChosenFor(item.song).artist, reason);
   Set(playlist, item.entry, u"Album", places_.ChosenFor(item.song).album, reason);
@@ -231,7 +231,7 @@ void Planner::Confirm(std::size_t playlist) {
   const GenericDraft& document = DocumentOf(playlist);
   for (const MovedItem& item : work_.result.playlists[playlist].items) {
     if (!item.IsSong()) continue;
-    const String& place = work_.result.songs[item.song].plainPlace;
+    const String& place = work_.result.songs[item.song].PlainPlace();
     const std::size_t section = document.FindEntry(item.entry);
     const auto value = [&](StringView key) {
       return String(document.Value(section, key).value_or(StringView()));

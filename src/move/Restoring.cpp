@@ -146,8 +146,8 @@ void NotePlaces(const MoveWork& work, RestoreLedger& ledger) {
   for (const SettledSong& settled : work.settled) {
     const MovedSong& song = work.result.songs[settled.song];
     ledger.AddPlace(RestoreLedger::NameOf(song.source, song.size),
-                    {song.plainPlace, settled.artist, settled.album,
-                     song.place == song.plainPlace ? StringView() : StringView(song.place)});
+                    {song.PlainPlace(), settled.artist, settled.album,
+                     song.secondPlace.empty() ? StringView() : StringView(song.place)});
   }
 }
 

@@ -70,14 +70,14 @@ class NameListener final : public PlaceListener {
 
   void OnBytes(std::uint64_t) override {}
   void OnPlaced(std::size_t job, const PlaceOutcome& outcome) override {
-    if (outcome.hasLostTimes) report_.Warn(LostTimes(songs_[job]->plainPlace, outcome));
+    if (outcome.hasLostTimes) report_.Warn(LostTimes(songs_[job]->secondPlace, outcome));
     if (outcome.result != PlaceResult::Failed) return;
     WorkWarning warning;
     warning.kind = WorkWarning::Kind::NoPlainName;
     warning.side = MachineSide::New;
     warning.subject = songs_[job]->place;
     warning.detail = outcome.detail;
-    warning.wanted = songs_[job]->plainPlace;
+    warning.wanted = songs_[job]->secondPlace;
     report_.Warn(std::move(warning));
   }
 
@@ -96,9 +96,9 @@ void GivePlainNames(MediaPlacer& namer, MoveWork& work) {
   std::vector<const MovedSong*> songs;
   std::vector<PlaceJob> jobs;
   for (const MovedSong& song : work.result.songs) {
-    if (!IsThere(song) || !song.listed || song.plainPlace == song.place) continue;
+    if (!IsThere(song) || !song.listed || song.secondPlace.empty()) continue;
     songs.push_back(&song);
-    jobs.push_back({song.place, song.plainPlace});
+    jobs.push_back({song.place, song.secondPlace});
   }
   if (jobs.empty()) return;
   NameListener listener(std::move(songs), work.report);

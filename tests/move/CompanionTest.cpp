@@ -62,7 +62,7 @@ TEST_F(CompanionTest, ASongOutsideThe8BitPageHasAPlainNameForTheFourPlayers) {
   const std::string root = "C:\\My Documents\\Norvo Media\\";
   ASSERT_EQ(move.songs.size(), 1u);
   EXPECT_EQ(Utf8(move.songs[0].place), root + "Music\\Песня.mp3");
-  EXPECT_EQ(Utf8(move.songs[0].plainPlace), root + "Music\\_____.mp3");
+  EXPECT_EQ(Utf8(move.songs[0].PlainPlace()), root + "Music\\_____.mp3");
   EXPECT_EQ(contents.at(root + "Music\\Песня.mp3"), contents.at(root + "Music\\_____.mp3"));
   EXPECT_NE(contents.at(root + "PlayLists\\WinAmp\\Mix.m3u").find(root + "Music\\_____.mp3\r\n"),
             std::string::npos);
@@ -91,7 +91,7 @@ TEST_F(CompanionTest, AFileWhereItsFolderShouldBeLeavesASongItsOwnName) {
   const MoveResult move = machines.Run();
   ASSERT_EQ(move.songs.size(), 1u);
   EXPECT_TEXT(move.songs[0].place, u"C:\\My Documents\\Norvo Media\\Music\\Песня.mp3");
-  EXPECT_TEXT(move.songs[0].plainPlace, u"C:\\My Documents\\Norvo Media\\Music\\____\\_____.mp3");
+  EXPECT_TEXT(move.songs[0].PlainPlace(), u"C:\\My Documents\\Norvo Media\\Music\\____\\_____.mp3");
   EXPECT_TRUE(move.IsWhole());
 }
 
