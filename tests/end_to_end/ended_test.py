@@ -21,6 +21,7 @@ OPTIONS = None
 LONGEST = 120  # seconds
 ENDED = 130
 SONGS, SONG = 60, 1_000_000
+LARGE_SONG = 3_000_000  # so that they are on their way for longer than the display waits
 FOLDERS = 1500  # so many take a moment
 NAME = "Ω 音楽"
 COLOUR = "\x1b[32m"
@@ -58,12 +59,14 @@ class Windows(Machine):
 
 class EndedTest(unittest.TestCase):
     def setUp(self):
-        self.pair = (Windows if OPTIONS.program.suffix == ".exe" else Folders)()
+        on_windows = OPTIONS.program.suffix == ".exe"
+        self.pair = (Windows if on_windows else Folders)()
         self.addCleanup(self.pair.end)
         (self.pair.old / "Windows").mkdir(parents=True)
         music = self.pair.old / "Music"
         music.mkdir()
-        self.songs = {bytes([number]) * SONG for number in range(SONGS)}
+        self.songs = {bytes([number]) * (LARGE_SONG if on_windows else SONG)
+                      for number in range(SONGS)}
         for song in self.songs:
             (music / f"{song[0]}.mp3").write_bytes(song)
         lines = ["#EXTM3U", *(f"{number}.mp3" for number in range(SONGS))]
