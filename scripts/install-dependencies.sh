@@ -25,7 +25,7 @@ debian-packages) packages="$packages $debian" ;;
 windows-packages) packages="$packages $windows nsis" ;;
 test)
     packages="$packages $static $windows libgtest-dev libbenchmark-dev ccache clang libclang-rt-14-dev
-              clang-format strace valgrind python3-gi gir1.2-totemplparser-1.0
+              clang-format strace libseccomp-dev valgrind python3-gi gir1.2-totemplparser-1.0
               doxygen pkg-config chromium chromium-driver man-db zsh fish mono-mcs"
     ;;
 esac

@@ -28,6 +28,7 @@ CHANGING = ["?write", "?pwrite64", "?writev", "?pwritev", "?rename", "?renameat"
             "?ftruncate", "?fallocate", "?copy_file_range", "?sendfile", "?ioctl", "?utimensat",
             "?chmod", "?fchmod", "?fchmodat", "?fchown"]
 OPENING = ["?open", "?openat", "?openat2"]  # that create cannot be told from those that read
+KILLED = 137  # how the killer ends when it has killed
 RANDOM_KILLS = 10
 RUNS_AT_RANDOM = 2  # one after the other, before the one that completes them
 MOST_SHOWN = 8
@@ -104,8 +105,8 @@ class Judge:
     def kill_at(self, call, number):
         """True when the run was killed there."""
         self.stage.put_back()
-        tracer = killer(self.options.strace, call, number)
-        killed = self.stage.run(self.options, tracer).returncode not in (0, 1)
+        tracer = [self.options.killer, call, str(number)]
+        killed = self.stage.run(self.options, tracer).returncode == KILLED
         self.finish(f"at {call} {number}")
         return killed
 
@@ -129,12 +130,6 @@ class Judge:
         return killed
 
 
-def killer(strace, call, number):
-    """Runs what follows and kills it before its so-manieth such call."""
-    return [strace, "-f", "-qq", "-o", "/dev/null", "-e", f"trace={call}", "-e",
-            f"inject={call}:signal=KILL:when={number}"]
-
-
 def place_of(call, line, folder):
     """The folder, not too deep, that a traced call is about; the kind of work, so to say."""
     found = re.search(r'<([^>]*)>(?:, "([^"]*)")?', line)
@@ -149,7 +144,7 @@ def calls_of(stage, options, names):
     with the place that it is about."""
     stage.put_back()
     trace = stage.folder.parent / "trace"
-    result = stage.run(options, [options.strace, "-f", "-qq", "-y", "-o", str(trace), "-e",
+    result = stage.run(options, [options.strace, "--seccomp-bpf", "-f", "-qq", "-y", "-o", str(trace), "-e",
                                  "trace=" + ",".join(names)])
     if result.returncode not in (0, 1):
         return []
@@ -212,28 +207,30 @@ def work(job):
 
 
 def may_trace(strace):
-    """Whether strace is there, may trace, and kills where it is told."""
+    """Whether strace is there, may trace, and tells of calls where it stops at nothing else."""
     if not strace or not shutil.which(strace):
         return False
     with tempfile.TemporaryDirectory() as folder:
-        result = subprocess.run(
-            [*killer(strace, "?mkdir,?mkdirat", 1), "mkdir", str(Path(folder, "x"))],
-            capture_output=True, check=False)
-        return result.returncode != 0 and not Path(folder, "x").exists()
+        trace = Path(folder, "trace")
+        subprocess.run([strace, "--seccomp-bpf", "-f", "-qq", "-o", str(trace), "-e",
+                        "trace=?mkdir,?mkdirat", "mkdir", str(Path(folder, "x"))],
+                       capture_output=True, check=False)
+        return trace.is_file() and "mkdir" in trace.read_text()
 
 
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--program", required=True)
     parser.add_argument("--sample", required=True)
+    parser.add_argument("--killer", help="what kills a program at a call")
     parser.add_argument("--strace", default="strace")
     parser.add_argument("--kills", type=int, default=int(os.environ.get("NORVO_KILLS", "2")),
                         help="kills at each kind of call at each place; 0 for every call")
     options = parser.parse_args()
     options.program = str(Path(options.program).resolve())
-    options.traces = may_trace(options.strace)
+    options.traces = bool(options.killer) and may_trace(options.strace)
     if not options.traces:
-        print("Skipped the kills at calls: strace is missing here, or may not trace.")
+        print("Skipped the kills at calls: kill_at or strace is missing here, or may not trace.")
 
     jobs = [(number, name, options) for name, _ in machines(options) for number in range(WORKERS)]
     counts, faults = {}, {}
