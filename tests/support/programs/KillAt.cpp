@@ -3,8 +3,8 @@
 //
 //   kill_at CALL NUMBER PROGRAM [ARGUMENT...]
 //
-// Ends as the program did, with 137 when it was killed; with 77 where no program can be traced. Only
-// the calls of that name stop it: a tracer that is told of every call takes ten times as long.
+// Ends as the program did, with 137 when it was killed; with 77 where no program can be traced.
+// Only the calls of that name stop it: a tracer that is told of every call takes ten times as long.
 
 #include <seccomp.h>
 #include <sys/ptrace.h>
@@ -40,7 +40,7 @@ bool StopAt(const char* call) {
 
 /// Lets a stopped thread go on with the signal that it was stopped for, if it is one of its own.
 void GoOn(pid_t thread, int status) {
-  const bool isTold = status >> 16 != 0;        // an event, which is for the tracer alone
+  const bool isTold = status >> 16 != 0;           // an event, which is for the tracer alone
   const bool isNew = WSTOPSIG(status) == SIGSTOP;  // how each new thread begins
   const long signal = isTold || isNew ? 0 : WSTOPSIG(status);
   ::ptrace(PTRACE_CONT, thread, nullptr, signal);
