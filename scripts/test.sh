@@ -27,5 +27,9 @@ scripts/run-fuzzers.sh "${NORVO_FUZZ_SECONDS:-5}" 1
 for preset in asan release windows-x64 windows-x86; do
     cmake --preset "$preset" >/dev/null
     cmake --build --preset "$preset" -j "$jobs"
-    ctest --preset "$preset" -j "$jobs"
+    # Programs under Wine wait for its server more than for a processor.
+    case $preset in
+    windows-*) ctest --preset "$preset" -j $((jobs * 2)) ;;
+    *) ctest --preset "$preset" -j "$jobs" ;;
+    esac
 done

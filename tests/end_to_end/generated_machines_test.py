@@ -43,16 +43,18 @@ def scratch():
 
 def snapshot(folder):
     """Everything below a folder: the bytes of a file, the target of a link, None for a folder."""
-    found = {}
+    found, start = {}, len(str(folder)) + 1
     for place, folders, files in os.walk(folder):
         for name in folders + files:
-            path = Path(place, name)
-            mode = path.lstat().st_mode
+            path = os.path.join(place, name)
+            mode = os.lstat(path).st_mode
+            content = None
             if stat.S_ISLNK(mode):
                 content = os.readlink(path)
-            else:
-                content = path.read_bytes() if stat.S_ISREG(mode) else None
-            found[path.relative_to(folder).as_posix()] = content
+            elif stat.S_ISREG(mode):
+                with open(path, "rb") as file:
+                    content = file.read()
+            found[path[start:]] = content
     return found
 
 

@@ -16,6 +16,9 @@ FORBIDDEN = set('<>:"/\\|?*') | {chr(code) for code in range(32)}
 DEVICES = {"CON", "PRN", "AUX", "NUL"} | {f"{port}{n}" for port in ("COM", "LPT")
                                           for n in range(1, 10)}
 UNASSIGNED = {0x81, 0x8D, 0x8F, 0x90, 0x9D}  # of code page 1252; they stand for themselves
+# Where code page 1252 is not Latin-1.
+OWN_CHARACTERS = {byte: bytes([byte]).decode("cp1252")
+                  for byte in range(0x80, 0xA0) if byte not in UNASSIGNED}
 
 
 class Malformed(Exception):
@@ -45,8 +48,7 @@ def utf16_units(text):
 
 
 def decoded(raw):
-    return "".join(chr(byte) if byte in UNASSIGNED else bytes([byte]).decode("cp1252")
-                   for byte in raw)
+    return raw.decode("latin-1").translate(OWN_CHARACTERS)
 
 
 def lines_of(text):
@@ -198,23 +200,29 @@ def find_on_machine(machine, path):
     root = drives_of(machine).get(path[0].upper())
     if root is None:
         return None
-    place = root
+    place = str(root)
     for name in path[3:].split("\\"):
         place = step(place, name)
         if place is None:
             return None
-    real = Path(os.path.realpath(place))
-    return place if real.is_relative_to(os.path.realpath(root)) else None
+    inside = real_folder(str(root)) + os.sep
+    return Path(place) if os.path.realpath(place).startswith(inside) else None
+
+
+@lru_cache
+def real_folder(drive):
+    return os.path.realpath(drive)
 
 
 def step(folder, name):
     if name in ("", ".", ".."):
         return None
-    if os.path.lexists(folder / name):
-        return folder / name
+    exact = os.path.join(folder, name)
+    if os.path.lexists(exact):
+        return exact
     wanted = upper(name)
     try:
         found = [other for other in os.listdir(folder) if upper(other) == wanted]
     except OSError:
         return None
-    return folder / found[0] if found else None
+    return os.path.join(folder, found[0]) if found else None
