@@ -124,8 +124,8 @@ ListingCache::Slot& ListingCache::Keep(const DriveFolder& drive, const std::stri
   return *slot;
 }
 
-std::string ListingCache::Find(const DriveFolder& drive, const std::string& folder,
-                               StringView name) {
+std::optional<std::string> ListingCache::Find(const DriveFolder& drive, const std::string& folder,
+                                              StringView name) {
   Slot* slot = SlotOf(drive, folder);
   if (slot != nullptr) {
     const FileResult<FileRecord> record = LookUp(drive.Root(), folder);
@@ -133,9 +133,9 @@ std::string ListingCache::Find(const DriveFolder& drive, const std::string& fold
   }
   if (slot == nullptr) {
     FileResult<SystemFile> opened = OpenBeneath(drive.Root(), folder, OpenMode::List);
-    if (!opened) return {};
+    if (!opened) return std::nullopt;
     std::optional<FolderListing> listing = FolderListing::Of(std::move(*opened));
-    if (!listing) return {};
+    if (!listing) return std::nullopt;
     slot = &Keep(drive, folder, std::move(*listing));
   }
   slot->used = ++uses_;

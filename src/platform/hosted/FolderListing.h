@@ -47,9 +47,10 @@ class FolderListing {
 /// The listings of the folders that were searched last.
 class ListingCache {
  public:
-  /// The name as the disk spells it, see FolderListing::Find. Empty when there is none or the
-  /// folder cannot be read.
-  std::string Find(const DriveFolder& drive, const std::string& folder, StringView name);
+  /// The name as the disk spells it, see FolderListing::Find; nothing when no such folder can be
+  /// read.
+  std::optional<std::string> Find(const DriveFolder& drive, const std::string& folder,
+                                  StringView name);
   /// To be called after this platform has written a file: a folder that gets many new files is so
   /// listed once, not once for each.
   void Written(const DriveFolder& drive, std::string_view folder, std::string_view name);

@@ -99,6 +99,7 @@ std::optional<std::string> PathResolver::PathOf(const DrivePath& folder, StringV
 
 std::optional<DiskEntry> PathResolver::Step(const DrivePath& folder, StringView name) {
   reason_ = FileFailure::Kind::NotFound;
+  sawFolder_ = false;
   std::optional<std::string> spelled = PathOf(folder, name);
   if (!spelled) return std::nullopt;
   std::string& path = *spelled;
@@ -106,9 +107,10 @@ std::optional<DiskEntry> PathResolver::Step(const DrivePath& folder, StringView 
   if (!record) {
     reason_ = record.Failure().kind;
     if (reason_ != FileFailure::Kind::NotFound) return std::nullopt;
-    const std::string other = listings_.Find(*folder.drive, folder.path, name);
-    if (other.empty()) return std::nullopt;
-    path = JoinDiskPath(folder.path, other);
+    const std::optional<std::string> other = listings_.Find(*folder.drive, folder.path, name);
+    sawFolder_ = other.has_value();
+    if (!other || other->empty()) return std::nullopt;
+    path = JoinDiskPath(folder.path, *other);
     record = LookUp(folder.drive->Root(), path);
     if (!record) return std::nullopt;
   }
@@ -135,7 +137,7 @@ std::optional<DrivePath> PathResolver::Walk(StringView folder, bool fromRoot) {
       std::optional<DiskEntry> entry = Step(reached, path.substr(done + 1));
       if (!entry || entry->record.kind != FileRecord::Kind::Folder) {
         // What was known of the folders above may be old.
-        return trusted ? Walk(folder, true) : std::nullopt;
+        return trusted && !entry && !sawFolder_ ? Walk(folder, true) : std::nullopt;
       }
       reached.path = std::move(entry->isLink ? entry->target : entry->path);
       Remember(path, reached);
@@ -145,9 +147,11 @@ std::optional<DrivePath> PathResolver::Walk(StringView folder, bool fromRoot) {
   return reached;
 }
 
-/// A name that is not in the folder as it was known: the path may lead to another one by now.
+/// A name that is not in the folder as it was known: the path may lead to another one by now. One
+/// that is still there is taken for the same.
 std::optional<DiskEntry> PathResolver::StepAnew(StringView folder, DrivePath known,
                                                 StringView name) {
+  if (sawFolder_) return std::nullopt;
   const FileFailure::Kind reason = reason_;
   const std::optional<DrivePath> walked = Walk(folder, true);
   if (!walked) return std::nullopt;

@@ -41,7 +41,8 @@ class PathResolver {
   explicit PathResolver(const DriveMap& drives) : drives_(drives) {}
 
   /// The file or folder that a path names. A path with a trailing separator names a folder. A path
-  /// that is spelled as the disk spells it, in a folder that was met before, costs one system call.
+  /// that is spelled as the disk spells it, in a folder that was met before, costs one system call;
+  /// when nothing is there, two.
   std::optional<DiskEntry> Find(StringView path);
   std::optional<DrivePath> FindFolder(StringView path);
 
@@ -89,6 +90,7 @@ class PathResolver {
   Folders known_;
   Folders::const_iterator lastKnown_ = known_.end();  // the one that was asked for last
   FileFailure::Kind reason_ = FileFailure::Kind::None;
+  bool sawFolder_ = false;  // the last step in vain has met the folder that it was to start from
 };
 
 }  // namespace norvo
