@@ -26,7 +26,7 @@ configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/NorvoPlayListConfig.c
   "${PROJECT_BINARY_DIR}/NorvoPlayListConfig.cmake"
   INSTALL_DESTINATION "${package}")
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/NorvoPlayListConfigVersion.cmake"
-  COMPATIBILITY SameMinorVersion)
+  COMPATIBILITY SameMajorVersion)
 install(FILES "${PROJECT_BINARY_DIR}/NorvoPlayListConfig.cmake"
   "${PROJECT_BINARY_DIR}/NorvoPlayListConfigVersion.cmake"
   DESTINATION "${package}" COMPONENT development)

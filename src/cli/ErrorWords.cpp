@@ -18,6 +18,10 @@ std::string SettingsText(const MoveError& error) {
     case MoveFault::GroupRootNotFull:
       return "--group-root " + subject +
              R"( is no full path of the machine, such as D:\Norvo Media\)";
+    case MoveFault::UsualGroupRootNotFull:
+      return subject +
+             ", the usual place of lists and songs, is no path on a drive. Choose another one with "
+             R"(--group-root PATH, such as C:\Norvo Media\)";
     case MoveFault::GroupRootUnusable:
       return "The group root " + subject +
              " is no full path of the machine. Correct SubGroupRootName in " + Words().registry +

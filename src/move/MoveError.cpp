@@ -9,6 +9,7 @@ namespace {
 const char* StatementOf(MoveFault fault) {
   switch (fault) {
     case MoveFault::GroupRootNotFull:
+    case MoveFault::UsualGroupRootNotFull:
     case MoveFault::GroupRootUnusable:
       return "is no full path of the machine, and cannot be the group root";
     case MoveFault::GroupRootNowhere:

@@ -200,11 +200,11 @@ class Setup {
   bool isOfUser_ = false;  // the machine's hive has refused a value
 };
 
-/// A wished group root in full; MoveError when it is no place on a drive.
-String CheckedRoot(Component& component, const std::string& wish) {
+/// A group root in full; MoveError with that fault when it is no place on a drive.
+String CheckedRoot(Component& component, const std::string& wish, MoveFault fault) {
   const std::optional<String> text = FromUtf8(wish);
   const bool full = text && text->size() > 3 && HasDrive(*text) && IsSeparator((*text)[2]);
-  if (!full) throw MoveError(MoveFault::GroupRootNotFull, wish);
+  if (!full) throw MoveError(fault, wish);
   return Utility::AddBackslash(component.Files().AbsolutePathName(*text));
 }
 
@@ -220,11 +220,17 @@ std::vector<SetupStep> SetUp(Component& component, const SetupWishes& wishes, Ma
                              WorkReport& report,
                              const std::function<void(StringView groupRoot)>& onNewRoot) {
   std::optional<String> wish;
-  if (wishes.groupRoot) wish = CheckedRoot(component, *wishes.groupRoot);
-  String usual(kDefaultGroupRoot);
-  if (!wishes.usualGroupRoot.empty()) usual = CheckedRoot(component, wishes.usualGroupRoot);
+  if (wishes.groupRoot) {
+    wish = CheckedRoot(component, *wishes.groupRoot, MoveFault::GroupRootNotFull);
+  }
   const ProductSettings before = ReadProductSettings(component);
-  // Checked before anything is written.
+  // Checked before anything is written. The usual one may be no place on a drive, as where the
+  // documents of this PC stand on a share: that is no matter as long as another one holds.
+  String usual(kDefaultGroupRoot);
+  const bool isUsualAsked = !wish && before.groupRoot.empty();
+  if (isUsualAsked && !wishes.usualGroupRoot.empty()) {
+    usual = CheckedRoot(component, wishes.usualGroupRoot, MoveFault::UsualGroupRootNotFull);
+  }
   const String planned = wish.value_or(usual);
   CheckDrive(component, before.groupRoot.empty() ? planned : before.groupRoot);
   if (before.groupRoot.empty() && onNewRoot) onNewRoot(planned);

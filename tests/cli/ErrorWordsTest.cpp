@@ -18,6 +18,9 @@ struct FaultRow {
 const FaultRow kFaults[] = {
     {MoveFault::GroupRootNotFull, "Media", "",
      R"(--group-root Media is no full path of the machine, such as D:\Norvo Media\)"},
+    {MoveFault::UsualGroupRootNotFull, R"(\\server\ann\Norvo Media\)", "",
+     R"(\\server\ann\Norvo Media\, the usual place of lists and songs, is no path on a drive. )"
+     R"(Choose another one with --group-root PATH, such as C:\Norvo Media\)"},
     {MoveFault::GroupRootUnusable, "Media", "",
      "The group root Media is no full path of the machine. Correct SubGroupRootName in "
      "registry.reg."},

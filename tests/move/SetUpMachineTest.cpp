@@ -141,6 +141,18 @@ TEST_F(SetUpMachineTest, WhatIsThereStaysAndIsWarnedOf) {
   EXPECT_EQ(result.warnings[1].subject, u"C:\\My Documents\\Norvo Media\\");
 }
 
+TEST_F(SetUpMachineTest, AUsualGroupRootThatIsOnNoDriveMattersOnlyWhereNoOtherHolds) {
+  SetupWishes wishes;
+  wishes.usualGroupRoot = "\\\\server\\ann\\Norvo Media\\";
+  EXPECT_EQ(FaultOf(wishes), MoveFault::UsualGroupRootNotFull);
+  wishes.groupRoot = "C:\\Wished";
+  EXPECT_EQ(GroupStep(Run(wishes)).path, u"C:\\Wished\\KVs\\KVMediaPlayLists");
+  wishes.groupRoot.reset();
+  const SetupResult again = Run(wishes);
+  EXPECT_EQ(GroupStep(again).path, u"C:\\Wished\\KVs\\KVMediaPlayLists");
+  EXPECT_TRUE(again.warnings.empty());
+}
+
 TEST_F(SetUpMachineTest, AGroupRootIsAFullPathOnADriveOfTheMachine) {
   SetupWishes wishes;
   wishes.groupRoot = "Media";

@@ -35,6 +35,8 @@ String FailureText(FileFailure failure) {
       return u"the name cannot be a file's";
     case Kind::NotAFile:
       return u"it is no file";
+    case Kind::BytesElsewhere:
+      return u"its bytes are not on this disk, as those of a file that a cloud keeps";
     case Kind::TooLong:
       return u"it is too large for such a file";
     case Kind::DiskFailed:

@@ -22,8 +22,9 @@ struct FileFailure {
     NameTooLong,
     InvalidName,
     IsAFolder,
-    NotAFile,  ///< a folder, a pipe or a device where a file's bytes were to be read
-    TooLong,   ///< a file of more bytes than its reader takes
+    NotAFile,        ///< a folder, a pipe or a device where a file's bytes were to be read
+    BytesElsewhere,  ///< the disk has no more of the file than its name, as one that a cloud keeps
+    TooLong,         ///< a file of more bytes than its reader takes
     DiskFailed,
     TooManyOpenFiles,
     OutOfMemory,

@@ -60,6 +60,7 @@ std::optional<DiskEntry> HostedFileSystem::Look(StringView path) {
                         reason == Kind::OutOfMemory || reason == Kind::Other;
   if (!entry && isUntold) RaiseFileError(reason, Subject::File, path);
   if (!entry && reason == Kind::AccessDenied) WarnOfDenial(path);
+  if (!entry && reason == Kind::LinkInTheWay) WarnOfLink(path);
   return entry;
 }
 
@@ -76,6 +77,17 @@ void HostedFileSystem::WarnOfDenial(StringView path) {
   warn_(String(path) +
         u": the system denies a look at it; it counts as not there, and so does "
         u"what else is denied in its folder");
+}
+
+/// Once of a drive: a disk that was taken out of its machine has many links to its own folders,
+/// which lead elsewhere now.
+void HostedFileSystem::WarnOfLink(StringView path) {
+  const String absolute = AbsolutePathName(path);
+  if (WasTold("link on " + ToUtf8(DriveName(absolute)))) return;
+  warn_(
+      absolute +
+      u": a link on the way there leads out of the disk, or nowhere; no such link of this disk is "
+      u"followed, and what is reached only by it counts as not there");
 }
 
 bool HostedFileSystem::FolderExists(StringView path) {

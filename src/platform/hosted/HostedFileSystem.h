@@ -83,6 +83,7 @@ class HostedFileSystem final : public FileSystem, public SharedFiles {
   DrivePath PathOfNew(const DrivePath& folder, StringView path);
   void WarnOfName(StringView folder, std::string_view name);
   bool WasTold(std::string what);
+  void WarnOfLink(StringView path);
   void WarnOfDenial(StringView path);
   std::optional<DiskEntry> Look(StringView path);
   [[noreturn]] void RaiseMissing(StringView path);

@@ -99,7 +99,7 @@ std::optional<std::string> PathResolver::PathOf(const DrivePath& folder, StringV
 
 std::optional<DiskEntry> PathResolver::Step(const DrivePath& folder, StringView name) {
   reason_ = FileFailure::Kind::NotFound;
-  sawFolder_ = false;
+  sawFolder_ = endedAtLink_ = false;
   std::optional<std::string> spelled = PathOf(folder, name);
   if (!spelled) return std::nullopt;
   std::string& path = *spelled;
@@ -114,7 +114,12 @@ std::optional<DiskEntry> PathResolver::Step(const DrivePath& folder, StringView 
     record = LookUp(folder.drive->Root(), path);
     if (!record) return std::nullopt;
   }
-  if (record->kind == FileRecord::Kind::Link) return FollowLink(*folder.drive, std::move(path));
+  if (record->kind == FileRecord::Kind::Link) {
+    std::optional<DiskEntry> target = FollowLink(*folder.drive, std::move(path));
+    sawFolder_ = true;
+    endedAtLink_ = !target;
+    return target;
+  }
   return DiskEntry{folder.drive, std::move(path), {}, false, *record};
 }
 
@@ -136,6 +141,7 @@ std::optional<DrivePath> PathResolver::Walk(StringView folder, bool fromRoot) {
     } else {
       std::optional<DiskEntry> entry = Step(reached, path.substr(done + 1));
       if (!entry || entry->record.kind != FileRecord::Kind::Folder) {
+        if (endedAtLink_) reason_ = FileFailure::Kind::LinkInTheWay;
         // What was known of the folders above may be old.
         return trusted && !entry && !sawFolder_ ? Walk(folder, true) : std::nullopt;
       }

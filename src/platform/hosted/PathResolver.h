@@ -51,7 +51,8 @@ class PathResolver {
   /// otherwise, or a link.
   std::optional<DrivePath> Guess(StringView path);
 
-  /// Of the look-up that ended the last search in vain.
+  /// Of the look-up that ended the last search in vain. LinkInTheWay: a folder on the way is a link
+  /// that leads out of the drive, or nowhere.
   FileFailure::Kind Reason() const { return reason_; }
 
   /// To be called after this platform has written that file.
@@ -90,7 +91,8 @@ class PathResolver {
   Folders known_;
   Folders::const_iterator lastKnown_ = known_.end();  // the one that was asked for last
   FileFailure::Kind reason_ = FileFailure::Kind::None;
-  bool sawFolder_ = false;  // the last step in vain has met the folder that it was to start from
+  bool sawFolder_ = false;    // the last step in vain has met the folder that it was to start from
+  bool endedAtLink_ = false;  // and a link there that leads out of the drive, or nowhere
 };
 
 }  // namespace norvo

@@ -52,6 +52,8 @@ FileFailure::Kind KindOf(std::uint32_t code) {
     case ERROR_BAD_PATHNAME:
     case ERROR_INVALID_PARAMETER:
       return Kind::InvalidName;
+    case ERROR_CANT_ACCESS_FILE:
+      return Kind::BytesElsewhere;
     case kDirectoryNotSupported:
       return Kind::IsAFolder;
     case ERROR_TOO_MANY_OPEN_FILES:

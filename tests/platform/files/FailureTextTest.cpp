@@ -24,6 +24,8 @@ TEST(FailureText, EndsASentence) {
   EXPECT_EQ(text(Kind::InvalidName), "the name cannot be a file's");
   EXPECT_EQ(text(Kind::IsAFolder), text(Kind::InvalidName));
   EXPECT_EQ(text(Kind::NotAFile), "it is no file");
+  EXPECT_EQ(text(Kind::BytesElsewhere),
+            "its bytes are not on this disk, as those of a file that a cloud keeps");
   EXPECT_EQ(text(Kind::TooLong), "it is too large for such a file");
   EXPECT_EQ(text(Kind::DiskFailed), "the disk failed");
   EXPECT_EQ(text(Kind::TooManyOpenFiles), "too many files are open");

@@ -125,6 +125,27 @@ TEST_F(PathResolverTest, ALinkOutOfTheDriveDoesNotExist) {
   EXPECT_FALSE(std::filesystem::exists(Outside("away/new.txt")));
 }
 
+TEST_F(PathResolverTest, ALinkOutOfTheDriveIsToldOnceOfADriveWhereSomethingIsLookedForBehindIt) {
+  NEEDS_LINKS();
+  Put(Outside("away/secret.txt"), "x");
+  Put(Disk("C/real/a.txt"), "x");
+  MakeFolderLink(Outside("away"), Disk("C/away"));
+  MakeFolderLink("real", Disk("C/within"));
+  MakeFolderLink("nothing", Disk("C/nowhere"));
+  EXPECT_EQ(NameOf(u"C:\\within\\a.txt"), "a.txt");
+  EXPECT_EQ(NameOf(u"C:\\within\\b.txt"), "(none)");
+  EXPECT_EQ(NameOf(u"C:\\away"), "(none)");
+  EXPECT_EQ(warnings_, std::vector<std::string>());
+  for (const StringView path :
+       {u"C:\\away\\deep\\secret.txt", u"C:\\away\\secret.txt", u"C:\\nowhere\\c"}) {
+    EXPECT_EQ(NameOf(path), "(none)") << ToUtf8(path);
+  }
+  EXPECT_EQ(warnings_, std::vector<std::string>{
+                           "C:\\away\\deep\\secret.txt: a link on the way there leads out of the "
+                           "disk, or nowhere; no such link of this disk is followed, and what is "
+                           "reached only by it counts as not there"});
+}
+
 TEST_F(PathResolverTest, AFolderThatBecomesALinkOutOfTheDriveIsNotFollowedByAnOpening) {
   NEEDS_LINKS();
   Put(Outside("away/a.txt"), "secret");

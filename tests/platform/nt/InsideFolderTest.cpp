@@ -127,7 +127,7 @@ TEST_F(InsideFolderTest, AFileWhoseBytesAreElsewhereIsSeenAndNotRead) {
     EXPECT_EQ(LookUp(Root(), "song")->kind, FileRecord::Kind::File);
     const FileFailure failure = OpenBeneath(Root(), "song", OpenMode::Read).Failure();
     EXPECT_EQ(failure.code, ERROR_CANT_ACCESS_FILE);
-    EXPECT_EQ(WhyNotOpen("song", OpenMode::Append), Kind::Other);
+    EXPECT_EQ(WhyNotOpen("song", OpenMode::Append), Kind::BytesElsewhere);
   }
 }
 

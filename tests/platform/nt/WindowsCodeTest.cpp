@@ -72,7 +72,7 @@ TEST(WindowsCode, EachIsAKindOfFailureAndIsKept) {
       {ERROR_OUTOFMEMORY, Kind::OutOfMemory},
       {ERROR_NO_SYSTEM_RESOURCES, Kind::OutOfMemory},
       {ERROR_NOT_SUPPORTED, Kind::Other},
-      {ERROR_CANT_ACCESS_FILE, Kind::Other},
+      {ERROR_CANT_ACCESS_FILE, Kind::BytesElsewhere},
   };
   for (const CodeAndKind& row : kRows) {
     EXPECT_EQ(FailureOfCode(row.code).kind, row.kind) << row.code;
