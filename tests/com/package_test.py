@@ -22,6 +22,7 @@ REQUIRED = {"NorvoPlayList.tlb", "NorvoPlayList.manifest", *PROGRAMS}
 # Its licence, and where Debian states it.
 LICENSES = {"CLI11": "doc/libcli11-dev/copyright", "TagLib": "doc/libtag1-dev/copyright",
             "nlohmann-json": "doc/nlohmann-json3-dev/copyright",
+            "UTF8-CPP": "doc/libutfcpp-dev/copyright",
             "pugixml": "doc/libpugixml-dev/copyright", "utf8proc": "doc/libutf8proc-dev/copyright",
             "mingw-w64": "doc/mingw-w64-common/copyright", "MPL-1.1": "common-licenses/MPL-1.1"}
 
