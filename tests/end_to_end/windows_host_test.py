@@ -12,7 +12,7 @@ sys.path.append(str(Path(__file__).resolve().parents[2] / "scripts"))  # where t
 
 from makers.playlists import Item  # noqa: E402
 from report_shapes import SHAPES, shape_fault  # noqa: E402
-from windows_machine import PROGRAM, Machine  # noqa: E402
+from windows_machine import HOLDER, Locked, PROGRAM, Machine  # noqa: E402
 
 OPTIONS = None
 GROUP_ROOT = "C:\\My Documents\\Norvo Media\\"
@@ -21,24 +21,7 @@ MIX = "C:\\Music\\Mix.m3u"
 ONE = Item("C:\\Music\\One.mp3", "Ann - One", 61)
 # Two songs, and one that is not there.
 MIX_ITEMS = [ONE, Item("Two.mp3", "Bob - Two", 62), Item("Three.mp3", "Cid - Three", 63)]
-HOLDER = "C:\\Program Files\\Norvo\\hold_file.exe"
 PLAYERS = ("Windows Media Player", "WinAmp", "MusicMatch Jukebox", "Sonique")
-
-
-class Locked:
-    """A file that another program keeps to itself for as long as this is entered."""
-
-    def __init__(self, machine, path):
-        self.machine = machine
-        self.path = path
-
-    def __enter__(self):
-        self.holder = self.machine.begin(HOLDER, self.path)
-        if b"held" not in self.holder.stdout.readline():
-            raise RuntimeError(f"{self.path} cannot be held")
-
-    def __exit__(self, *_):
-        self.holder.communicate(timeout=60)
 
 
 class WindowsHostTest(unittest.TestCase):

@@ -13,6 +13,7 @@ from makers.playlists import Item, m3u  # noqa: E402, F401
 from makers.text import encoded, joined  # noqa: E402
 
 PROGRAM = "C:\\Program Files\\Norvo\\norvo-playlists.exe"
+HOLDER = "C:\\Program Files\\Norvo\\hold_file.exe"
 
 
 class Machine:
@@ -33,12 +34,8 @@ class Machine:
     def start(self):
         for name in ("home", "wine"):
             (self.folder / name).mkdir()
-        # Started apart: whoever starts the first program of a prefix waits for the services, too.
-        for words in (("wineserver", "--persistent"), ("wineboot", "--init")):
-            subprocess.run(words, env=self.environment, stdout=subprocess.DEVNULL,
-                           stderr=subprocess.DEVNULL, timeout=120, check=True)
-        self.wine("reg", "add", r"HKCU\Software\Microsoft\Windows\CurrentVersion\Explorer"
-                  r"\User Shell Folders", "/v", "Personal", "/d", r"C:\My Documents", "/f")
+        self.serve("wineboot", "--init")
+        self.keep_documents_in("C:\\My Documents")
         # Wine would make a link to the folder of its user.
         self.place("C:\\My Documents").mkdir(exist_ok=True)
         self.place(PROGRAM).parent.mkdir(parents=True)
@@ -46,6 +43,22 @@ class Machine:
         (self.drives() / "z:").unlink(missing_ok=True)
         if self.stick:
             self.connect(self.stick)
+
+    def serve(self, *boot):
+        """Started apart: whoever starts the first program of a prefix waits for the services, too."""
+        for words in (("wineserver", "--persistent"), boot):
+            subprocess.run(words, env=self.environment, stdout=subprocess.DEVNULL,
+                           stderr=subprocess.DEVNULL, timeout=120, check=True)
+
+    def restart(self):
+        """Wine's list of drives is made anew when its server begins."""
+        for words in (("wineserver", "-k"), ("wineserver", "-w")):
+            subprocess.run(words, env=self.environment, timeout=120, check=False)
+        self.serve("wineboot")
+
+    def keep_documents_in(self, folder):
+        self.wine("reg", "add", r"HKCU\Software\Microsoft\Windows\CurrentVersion\Explorer"
+                  r"\User Shell Folders", "/v", "Personal", "/d", folder, "/f")
 
     def drives(self):
         return self.folder / "wine" / "dosdevices"
@@ -95,3 +108,19 @@ class Machine:
         result = self.wine(PROGRAM, *words)
         return (result.returncode, result.stdout.decode("utf-8").replace("\r\n", "\n"),
                 result.stderr.decode("utf-8").replace("\r\n", "\n"))
+
+
+class Locked:
+    """A file that another program keeps to itself for as long as this is entered."""
+
+    def __init__(self, machine, path):
+        self.machine = machine
+        self.path = path
+
+    def __enter__(self):
+        self.holder = self.machine.begin(HOLDER, self.path)
+        if b"held" not in self.holder.stdout.readline():
+            raise RuntimeError(f"{self.path} cannot be held")
+
+    def __exit__(self, *_):
+        self.holder.communicate(timeout=60)

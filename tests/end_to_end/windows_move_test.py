@@ -16,7 +16,7 @@ import unittest
 from pathlib import Path
 
 from native_playlists import PLAYER_FOLDERS, find_on_machine, read_native
-from windows_machine import PROGRAM, Item, Machine
+from windows_machine import HOLDER, PROGRAM, Item, Locked, Machine
 
 OPTIONS = None
 OMEGA = "\u03a9 \u97f3\u697d"  # in no 8-bit page of Europe
@@ -132,7 +132,68 @@ class WindowsMoveTest(unittest.TestCase):
         self.assertIn("A trial", self.run_on(new, 0, "migrate", "--from", "E:\\Move", "--dry-run"))
         self.assertEqual(new.snapshot(), before)
 
+    # -------------------------------------------------------------------------- the songs ----
+
+    def test_songs_of_any_name_come_with_their_times(self):
+        names = ["Case\\Song.mp3", "Case\\song.mp3", "Mr. T.\\One.mp3", "NUL.mp3", "A blank .mp3",
+                 "Deep\\" + "\\".join(["A long folder's name " * 2] * 7) + "\\Song.mp3"]
+        paths = [MUSIC + name.replace(" \\", "\\") for name in names]
+        self.assertGreater(len(paths[-1]), 260)
+        old, write = self.stick / "old" / "C", self.write_on(self.stick / "old" / "C")
+        for number, path in enumerate(paths):
+            write(path, song(number))
+            os.utime(old.joinpath(*path[3:].split("\\")), (10**9, 10**9 + 1000 * number))
+        write(MIX, "".join(path + "\r\n" for path in paths).encode("utf-8-sig"))
+        new = self.pc()
+        self.run_on(new, 0, "migrate", "--from", "E:\\old")
+        lists = new.drive / "My Documents/Norvo Media/PlayLists/Modern Players/Mix.m3u8"
+        (new.folder / "machine.ini").write_text(f"[Drives]\nC=fixed,{new.drive}\n")
+        come = [find_on_machine(new.folder, line) for line in
+                lists.read_text(encoding="utf-8-sig").splitlines() if not line.startswith("#")]
+        self.assertEqual([(place.read_bytes(), int(place.stat().st_mtime)) for place in come],
+                         [(song(number), 10**9 + 1000 * number) for number in range(len(paths))])
+
+    def test_a_song_that_another_program_keeps_to_itself_is_named_and_the_others_come(self):
+        old = self.pc()
+        fill(old.write)
+        old.write(HOLDER, Path(OPTIONS.holder).read_bytes())
+        with Locked(old, MUSIC + "One.mp3"):
+            told = self.run_on(old, 1, "migrate", "--to", "E:\\Move")
+        self.assertIn(f"{MUSIC}One.mp3", told)
+        self.assertIn("another program has it open", told)
+        come = {path.read_bytes() for path in (self.stick / "Move").rglob("*.mp3")}
+        self.assertEqual(come, {song(2), song(3)})
+        self.run_on(old, 0, "migrate", "--to", "E:\\Move")
+        come = {path.read_bytes() for path in (self.stick / "Move").rglob("*.mp3")}
+        self.assertEqual(come, {song(1), song(2), song(3)})
+
+    # ---------------------------------------------------------------------- the documents ----
+
+    def test_documents_may_stand_on_another_drive(self):
+        fill(self.write_on(self.stick / "old" / "C"))
+        new = self.pc()
+        second = new.folder / "second disk"
+        (second / "Docs").mkdir(parents=True)
+        (new.drives() / "f:").symlink_to(second)
+        new.keep_documents_in("F:\\Docs")
+        new.restart()
+        self.run_on(new, 0, "migrate", "--from", "E:\\old")
+        come = {path.read_bytes() for path in (second / "Docs" / "Norvo Media").rglob("*.mp3")}
+        self.assertEqual(come, {song(number) for number in SONGS.values()})
+
     # ------------------------------------------------------------------------ an old disk ----
+
+    def test_a_second_disk_of_an_old_pc_is_named_with_its_drive(self):
+        system, second = self.stick / "system", self.stick / "second"
+        self.write_on(system)("C:\\Music\\Mix.m3u", b"D:\\Songs\\Two.mp3\r\n")
+        self.write_on(second)("D:\\Songs\\Two.mp3", song(2))
+        (system / "Windows").mkdir()
+        new = self.pc()
+        new.connect(system)
+        (new.drives() / "f:").symlink_to(second)
+        self.run_on(new, 0, "migrate", "--from", "E:\\", "--drive", "D=F:\\")
+        come = [path.read_bytes() for path in (new.drive / "My Documents").rglob("*.mp3")]
+        self.assertEqual(come, [song(2)])
 
     def test_from_the_disk_of_an_old_pc(self):
         fill(self.write_on(self.stick))
@@ -183,6 +244,18 @@ class WindowsMoveTest(unittest.TestCase):
         # A path of this system that leads into the machine is one of the machine.
         path = f"E:\\{OMEGA}\\" + LISTS.replace(":", "", 1) + "WinAmp\\Mix.m3u"
         self.assertIn("4 found", self.run_on(machine, 0, "verify", "--machine", f"E:\\{OMEGA}", path))
+
+    def test_every_command_takes_a_machine_in_a_folder(self):
+        write = self.write_on(self.stick / "held" / "C")
+        write("C:\\Music\\One.mp3", song(1))
+        write("C:\\Music\\Plain.m3u", b"C:\\Music\\One.mp3\r\n")
+        machine = self.pc()
+        before = machine.snapshot()
+        for command in ("init", "scan", "collect", "restore"):
+            with self.subTest(command):
+                told = self.run_on(machine, 0, command, "--machine", "E:\\held")
+        self.assertIn("Neutral files restored:  1", told)
+        self.assertEqual(machine.snapshot(), before)
 
     def test_a_folder_goes_from_one_system_to_the_other_and_back(self):
         if not OPTIONS.other_program or not OPTIONS.other_program.exists():
@@ -287,6 +360,7 @@ def main():
     global OPTIONS
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--program", required=True)
+    parser.add_argument("--holder", required=True, help="what keeps a file to itself")
     parser.add_argument("--other-program", help="the one for this system")
     OPTIONS, rest = parser.parse_known_args()
     OPTIONS.other_program = OPTIONS.other_program and Path(OPTIONS.other_program).resolve()
