@@ -11,7 +11,7 @@ namespace norvo {
 enum class MoveFault {
   // Settings of the product.
   GroupRootNotFull,         ///< the wished group root (subject) is no full path of the machine
-  UsualGroupRootNotFull,    ///< the one that holds without a wish (subject) is none
+  UsualGroupRootNotFull,    ///< none is wished, and the usual one (subject) is no full path
   GroupRootUnusable,        ///< the machine's group root (subject) is no full path
   GroupRootNowhere,         ///< the group root (subject) lies on a drive (detail) that there is not
   RegistryUnwritable,       ///< the system refuses

@@ -201,10 +201,10 @@ class Setup {
 };
 
 /// A group root in full; MoveError with that fault when it is no place on a drive.
-String CheckedRoot(Component& component, const std::string& wish, MoveFault fault) {
-  const std::optional<String> text = FromUtf8(wish);
+String CheckedRoot(Component& component, const std::string& root, MoveFault fault) {
+  const std::optional<String> text = FromUtf8(root);
   const bool full = text && text->size() > 3 && HasDrive(*text) && IsSeparator((*text)[2]);
-  if (!full) throw MoveError(fault, wish);
+  if (!full) throw MoveError(fault, root);
   return Utility::AddBackslash(component.Files().AbsolutePathName(*text));
 }
 

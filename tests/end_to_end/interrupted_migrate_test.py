@@ -28,6 +28,7 @@ CHANGING = ["?write", "?pwrite64", "?writev", "?pwritev", "?rename", "?renameat"
             "?ftruncate", "?fallocate", "?copy_file_range", "?sendfile", "?ioctl", "?utimensat",
             "?chmod", "?fchmod", "?fchmodat", "?fchown"]
 OPENING = ["?open", "?openat", "?openat2"]  # that create cannot be told from those that read
+QUICK = ["--seccomp-bpf"]  # strace stops at the traced calls alone
 KILLED = 137  # how the killer ends when it has killed
 RANDOM_KILLS = 10
 RUNS_AT_RANDOM = 2  # one after the other, before the one that completes them
@@ -106,9 +107,11 @@ class Judge:
         """True when the run was killed there."""
         self.stage.put_back()
         tracer = [self.options.killer, call, str(number)]
-        killed = self.stage.run(self.options, tracer).returncode == KILLED
+        code = self.stage.run(self.options, tracer).returncode
+        if code not in (0, 1, KILLED):
+            self.faults.append(f"exit code {code} of the run to be killed at {call} {number}")
         self.finish(f"at {call} {number}")
-        return killed
+        return code == KILLED
 
     def kill_after(self, seconds):
         """True when the run was killed; it may be over before."""
@@ -144,7 +147,7 @@ def calls_of(stage, options, names):
     with the place that it is about."""
     stage.put_back()
     trace = stage.folder.parent / "trace"
-    result = stage.run(options, [options.strace, "--seccomp-bpf", "-f", "-qq", "-y", "-o", str(trace), "-e",
+    result = stage.run(options, [options.strace, *QUICK, "-f", "-qq", "-y", "-o", str(trace), "-e",
                                  "trace=" + ",".join(names)])
     if result.returncode not in (0, 1):
         return []
@@ -207,15 +210,23 @@ def work(job):
 
 
 def may_trace(strace):
-    """Whether strace is there, may trace, and tells of calls where it stops at nothing else."""
+    """Whether strace is there, may trace, and tells of the calls that it is asked for."""
     if not strace or not shutil.which(strace):
         return False
     with tempfile.TemporaryDirectory() as folder:
         trace = Path(folder, "trace")
-        subprocess.run([strace, "--seccomp-bpf", "-f", "-qq", "-o", str(trace), "-e",
+        subprocess.run([strace, *QUICK, "-f", "-qq", "-o", str(trace), "-e",
                         "trace=?mkdir,?mkdirat", "mkdir", str(Path(folder, "x"))],
                        capture_output=True, check=False)
         return trace.is_file() and "mkdir" in trace.read_text()
+
+
+def may_kill(killer):
+    """Whether the killer is there, and kills where it is told."""
+    if not killer:
+        return False
+    result = subprocess.run([killer, "exit_group", "1", "true"], capture_output=True, check=False)
+    return result.returncode == KILLED
 
 
 def main():
@@ -228,7 +239,7 @@ def main():
                         help="kills at each kind of call at each place; 0 for every call")
     options = parser.parse_args()
     options.program = str(Path(options.program).resolve())
-    options.traces = bool(options.killer) and may_trace(options.strace)
+    options.traces = may_kill(options.killer) and may_trace(options.strace)
     if not options.traces:
         print("Skipped the kills at calls: kill_at or strace is missing here, or may not trace.")
 

@@ -9,7 +9,7 @@ import tempfile
 from pathlib import Path
 
 FILES, PLAYLISTS, ENTRIES = 60, 4, 50
-MOVED = (100, 300)  # songs: what each more costs
+MOVED = (100, 300)  # songs of two moves, whose difference tells what one more costs
 
 
 def run(*command):

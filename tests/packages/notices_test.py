@@ -15,8 +15,8 @@ FILES = {"winpthreads": "mingw-w64-libraries/winpthreads/*", "jQuery": "jquery/j
          "jQuery UI": "jquery/jquery.ui-*.js", "jQuery PowerTip": "jquery/jquery.powertip*.js",
          "jQuery scrollTo": "jquery/jquery.scrollTo*.js",
          "SmartMenus": "jquery/jquery.smartmenus*.js"}
-# What is a part of the packages for Debian, and so in its package's copyright.
-COMPILED_IN = ("libcli11-dev", "nlohmann-json3-dev", "doxygen")
+# What is a part of the packages for Debian, and so in their copyright.
+IN_DEBIANS = ("libcli11-dev", "nlohmann-json3-dev", "doxygen")
 
 
 def words(text):
@@ -69,10 +69,10 @@ class NoticesTest(unittest.TestCase):
                 first = work.stanza()["Copyright"].strip().splitlines()[0].strip().rstrip(",")
                 self.assertIn(words(re.sub(r" *<.*?>", "", first)), told)
 
-    def test_the_debian_package_has_the_whole_licences_of_what_is_compiled_in(self):
+    def test_the_debian_packages_have_the_whole_licences_of_what_they_carry(self):
         ours = stanzas((ROOT / "packaging/debian/copyright").read_text())
         for work in INSTALLED:
-            if work.package not in COMPILED_IN:
+            if work.package not in IN_DEBIANS:
                 continue
             with self.subTest(work.name):
                 owners = words(work.stanza()["Copyright"])
