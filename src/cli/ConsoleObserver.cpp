@@ -36,7 +36,9 @@ void ConsoleObserver::OnProgress(const WorkProgress& progress) {
 
 void ConsoleObserver::OnWarning(const WorkWarning& warning) {
   // All that was wished for is done.
-  if (warning.kind == WorkWarning::Kind::SettingsOfUser) return console_.Note(TextOf(warning));
+  const bool isNote = warning.kind == WorkWarning::Kind::SettingsOfUser ||
+                      warning.kind == WorkWarning::Kind::LinkNotFollowed;
+  if (isNote) return console_.Note(TextOf(warning));
   const bool isUnread = warning.kind == WorkWarning::Kind::Library &&
                         warning.warning.kind == WarningKind::FileNotRead;
   if (isUnread && !unread_.insert(warning.warning.path).second) return;

@@ -2,6 +2,7 @@
 
 #include "cli/MachineWords.h"
 #include "cli/TextLayout.h"
+#include "cli/TypedCommand.h"
 
 namespace norvo::cli {
 namespace {
@@ -30,7 +31,7 @@ std::string SettingsText(const MoveError& error) {
       return "The group root " + subject + " lies on drive " + error.Detail() + ", which " +
              Words().lacksDrive + ". Choose another place with --group-root PATH.";
     case MoveFault::RegistryUnwritable:
-      return Words().unwritableRegistry;
+      return WithCommand(Words().unwritableRegistry);
     case MoveFault::FolderNotCreated:
       return "The folder " + subject + " cannot be created: " + error.Detail() + ". " +
              Words().makeWritable + ", or choose a place on another drive.";
@@ -79,9 +80,8 @@ std::string WorkText(const MoveError& error) {
              (subject.empty() ? std::string() : ", " + subject) +
              ". Name the playlists to verify, or run norvo-playlists restore first.";
     case MoveFault::NoDocumentsFolder:
-      return "The new machine has no documents folder, and none can be made. Name one with "
-             "--documents, or in its machine.ini, section [ShellFolders], such as 5=C:\\My "
-             "Documents.";
+      return std::string("The new machine has no documents folder, and none can be made. ") +
+             Words().nameDocuments;
     default:
       return {};
   }

@@ -15,7 +15,11 @@ const MachineWords kFolderWords = {
         "registry.reg of the machine folder cannot be written. Make it writable, and make sure "
         "that the disk is not full.",
     .makeWritable = "Make the drive's folder writable",
-    .makeSettable = "See that it can be written and run again",
+    .makeSettable = "See that it can be written and run again, or choose that folder in the player",
+    .nameDocuments =
+        "Name one with --documents, or in its machine.ini, section [ShellFolders], such as "
+        "5=C:\\My "
+        "Documents.",
     .lacksDrive = "the machine folder does not hold",
     .checkRights = "See that the machine folder can be read and written.",
 };
@@ -25,9 +29,12 @@ const MachineWords kThisPcWords = {
     .registry = "the registry",
     .unwritableRegistry =
         "The registry cannot be written below HKEY_LOCAL_MACHINE\\SOFTWARE\\Norvo. "
-        "Run the program as an administrator.",
+        "Run this as an administrator: {command}",
     .makeWritable = "See that you may write there",
-    .makeSettable = "Run the same command again as an administrator",
+    .makeSettable = "Choose that folder in the player, or run this as an administrator: {command}",
+    .nameDocuments =
+        "Connect the disk or share that they stand on, or give them another place in Windows, in "
+        "the properties of the folder Documents.",
     .lacksDrive = "this PC does not have",
     .checkRights = "See that you may read and write there.",
 };

@@ -5,13 +5,14 @@
 namespace norvo::cli {
 
 /// What is said differently of a machine that is held in a folder, and of the PC that the program
-/// runs on.
+/// runs on. A "{command}" in it is to be filled in, see WithCommand.
 struct MachineWords {
   const char* initCommand;         ///< how the settings are written
   const char* registry;            ///< where values are corrected
   const char* unwritableRegistry;  ///< a message
   const char* makeWritable;        ///< what helps where a folder cannot be created
   const char* makeSettable;        ///< what helps where a player's setting cannot be written
+  const char* nameDocuments;       ///< what helps where there is no documents folder
   const char* lacksDrive;          ///< the machine does
   const char* checkRights;         ///< what helps where the library has failed
 };

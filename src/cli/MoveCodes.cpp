@@ -251,6 +251,8 @@ const char* CodeOf(WorkWarning::Kind kind) {
       return "tagsNotRead";
     case WorkWarning::Kind::SettingsOfUser:
       return "settingsOfUser";
+    case WorkWarning::Kind::LinkNotFollowed:
+      return "linkNotFollowed";
     case WorkWarning::Kind::CopiesNotNoted:
       return "copiesNotNoted";
   }

@@ -313,7 +313,9 @@ class Report {
 
 std::string MoveWarningText(const WorkWarning& warning) {
   const std::string side = warning.side == MachineSide::Old ? "Old machine: " : "New machine: ";
-  if (warning.kind == WorkWarning::Kind::Oddity) return side + ToUtf8(warning.warning.text);
+  const bool isOwn = warning.kind == WorkWarning::Kind::Oddity ||
+                     warning.kind == WorkWarning::Kind::LinkNotFollowed;
+  if (isOwn) return side + ToUtf8(warning.warning.text);
   if (warning.kind == WorkWarning::Kind::Library) return side + PlainText(warning.warning);
   return TextOf(warning);
 }

@@ -11,6 +11,7 @@
 #include "cli/Console.h"
 #include "cli/ErrorWords.h"
 #include "cli/MachineWords.h"
+#include "cli/TypedCommand.h"
 #include "cli/Version.h"
 #include "text/Encoding.h"
 
@@ -69,6 +70,7 @@ int ParseAndRun(const std::vector<std::string>& words, std::ostream& out, std::o
   };
   ChooseWords(wordsOf(line.Chosen().IsFromThisPc(line.Common())),
               wordsOf(line.Chosen().IsOnThisPc(line.Common())));
+  KnowCommand(words);
   return RunCommand(line, console);
 }
 

@@ -8,6 +8,7 @@
 #include "cli/PlaylistWords.h"
 #include "cli/ScanFailure.h"
 #include "model/PlaylistTypes.h"
+#include "move/OpenedLibrary.h"
 #include "move/ScanPlaylists.h"
 #include "move/SetUpMachine.h"
 #include "overlay/OverlayPlatform.h"
@@ -95,8 +96,13 @@ constexpr const char* kNoLogEither =
     "init "
     "writes them.";
 
-/// The machine as it would be with the settings that it lacks; nothing is written to it.
-std::shared_ptr<Platform> AsIfSetUp(const std::shared_ptr<Platform>& machine) {
+/// The machine as it would be with the settings that it lacks; nothing is written to it. What is
+/// odd about it is told to the observer, which must outlive it.
+std::shared_ptr<Platform> AsIfSetUp(const std::shared_ptr<Platform>& machine,
+                                    WorkObserver& observer) {
+  machine->SetWarningSink([&observer](StringView line, WarningWeight weight) {
+    observer.OnWarning(WarningOf(MachineSide::Old, line, weight));
+  });
   auto supposed = std::make_shared<OverlayPlatform>(machine);
   SetUpMachine(supposed);
   return supposed;
@@ -118,8 +124,8 @@ class ScanCommand final : public Command {
     const auto ahead = common.noReadAhead ? nullptr : named->ReadAhead();
     const bool isBare = named->IsBareDisk();
     if (!isBare) named->Lock();
-    const auto machine = isBare ? AsIfSetUp(named->Platform()) : named->Platform();
     ConsoleObserver observer(console);
+    const auto machine = isBare ? AsIfSetUp(named->Platform(), observer) : named->Platform();
     const ScanResult result = NamingScanFailure(
         *machine, [&] { return ScanPlaylists(machine, {common.log && !isBare}, observer); });
     if (result.cancelled) {

@@ -2,6 +2,7 @@
 
 #include "cli/ErrorWords.h"
 #include "cli/MachineWords.h"
+#include "cli/TypedCommand.h"
 #include "text/Encoding.h"
 
 namespace norvo::cli {
@@ -27,8 +28,8 @@ std::string NotPointedText(const WorkWarning& warning) {
   const std::string reason =
       WithoutPath(ToUtf8(warning.detail), setting.substr(0, setting.rfind(',')));
   return setting + ": this setting of a player cannot be changed to " + ToUtf8(warning.wanted) +
-         (reason.empty() ? "" : ": " + reason) + ". " + Words(warning.side).makeSettable +
-         ", or choose that folder in the player";
+         (reason.empty() ? "" : ": " + reason) + ". " +
+         WithCommand(Words(warning.side).makeSettable);
 }
 
 /// Of what the new lists turned out to hold.
@@ -128,6 +129,7 @@ std::string TextOf(const WorkWarning& warning, const char* library) {
     case Kind::Library:
       return library + PlainText(warning.warning);
     case Kind::Oddity:
+    case Kind::LinkNotFollowed:
       return "Warning: " + ToUtf8(warning.warning.text);
     case Kind::SettingUnusable:
       return UnusableText(warning);

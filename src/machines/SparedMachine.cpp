@@ -69,9 +69,7 @@ class Spared final : public Platform {
   MessageDialog& Messages() override { return overlay_.Messages(); }
   const CodePage& AnsiPage() override { return overlay_.AnsiPage(); }
   std::string SystemPathOf(StringView path) override { return machine_->SystemPathOf(path); }
-  void SetWarningSink(std::function<void(StringView)> sink) override {
-    machine_->SetWarningSink(std::move(sink));
-  }
+  void SetWarningSink(WarningSink sink) override { machine_->SetWarningSink(std::move(sink)); }
 
  private:
   std::shared_ptr<Platform> machine_;

@@ -29,6 +29,7 @@ bool IsNotice(const WorkWarning& warning) {
   return warning.kind == WorkWarning::Kind::RoleKept ||
          warning.kind == WorkWarning::Kind::GroupRootKept ||
          warning.kind == WorkWarning::Kind::TimesLost ||
+         warning.kind == WorkWarning::Kind::LinkNotFollowed ||
          warning.kind == WorkWarning::Kind::SettingsOfUser;
 }
 

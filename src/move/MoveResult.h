@@ -229,8 +229,8 @@ struct MoveResult {
   bool IsWhole() const;
 };
 
-/// True for a warning of what was found and is kept as it is, and of a song that is whole but for
-/// its times: nothing is left behind for it.
+/// True for a warning of what was found and is kept as it is, of a song that is whole but for its
+/// times, and of a link that is not followed: nothing is known to be left behind for it.
 bool IsNotice(const WorkWarning& warning);
 
 /// Items of a playlist that are songs.

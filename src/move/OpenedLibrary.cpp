@@ -10,23 +10,29 @@
 
 namespace norvo {
 
+WorkWarning WarningOf(MachineSide side, StringView line, WarningWeight weight) {
+  WorkWarning warning;
+  warning.kind = weight == WarningWeight::Notice ? WorkWarning::Kind::LinkNotFollowed
+                                                 : WorkWarning::Kind::Oddity;
+  warning.side = side;
+  warning.warning.text = line;
+  return warning;
+}
+
 OpenedLibrary::OpenedLibrary(std::shared_ptr<Platform> machine, MachineSide side,
                              WorkReport& report)
     : machine_(std::move(machine)), side_(side), report_(report) {
   // What the opening of the machine has to tell comes before there is a log.
-  std::vector<String> early;
-  machine_->SetWarningSink([&early](StringView line) { early.emplace_back(line); });
+  std::vector<std::pair<String, WarningWeight>> early;
+  machine_->SetWarningSink(
+      [&early](StringView line, WarningWeight weight) { early.emplace_back(line, weight); });
   component_ = OpenLibrary(machine_);
-  const auto tell = [this](StringView line) {
+  const auto tell = [this](StringView line, WarningWeight weight) {
     WriteLog(*component_, line);
-    WorkWarning warning;
-    warning.kind = WorkWarning::Kind::Oddity;
-    warning.side = side_;
-    warning.warning.text = line;
-    report_.Warn(std::move(warning));
+    report_.Warn(WarningOf(side_, line, weight));
   };
   machine_->SetWarningSink(tell);
-  for (const String& line : early) tell(line);
+  for (const auto& [line, weight] : early) tell(line, weight);
 }
 
 OpenedLibrary::~OpenedLibrary() {

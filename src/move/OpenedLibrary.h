@@ -4,8 +4,12 @@
 
 #include "move/WorkReport.h"
 #include "services/Component.h"
+#include "services/WarningSink.h"
 
 namespace norvo {
+
+/// What a machine's platform tells of its own accord, as a warning.
+WorkWarning WarningOf(MachineSide side, StringView line, WarningWeight weight);
 
 /// The component over one machine for the length of a call. What the machine's platform finds odd
 /// goes to the log and to the report.

@@ -41,9 +41,7 @@ class SettingsMemory final : public Platform {
   MessageDialog& Messages() override { return machine_->Messages(); }
   const CodePage& AnsiPage() override { return machine_->AnsiPage(); }
   std::string SystemPathOf(StringView path) override { return machine_->SystemPathOf(path); }
-  void SetWarningSink(std::function<void(StringView)> sink) override {
-    machine_->SetWarningSink(std::move(sink));
-  }
+  void SetWarningSink(WarningSink sink) override { machine_->SetWarningSink(std::move(sink)); }
 
  private:
   /// The files that were written, by the folded full path.

@@ -32,9 +32,7 @@ class WatchedMachine final : public Platform {
   MessageDialog& Messages() override { return machine_->Messages(); }
   const CodePage& AnsiPage() override { return page_; }
   std::string SystemPathOf(StringView path) override { return machine_->SystemPathOf(path); }
-  void SetWarningSink(std::function<void(StringView)> sink) override {
-    machine_->SetWarningSink(std::move(sink));
-  }
+  void SetWarningSink(WarningSink sink) override { machine_->SetWarningSink(std::move(sink)); }
 
  private:
   class WatchedFiles final : public ForwardedFiles {

@@ -81,6 +81,7 @@ struct WorkWarning {
     CountedSongWrong,   ///< counted at the end: in `subject` stands `detail`, which is not `wanted`
     TagsNotRead,        ///< the tags of the song `subject` were not read: `detail`
     SettingsOfUser,     ///< below `subject` in the user's hive, since the machine's refuses them
+    LinkNotFollowed,    ///< a link of the machine, which nothing is known to need: `warning.text`
     CopiesNotNoted      ///< which lists were made here could not be noted in `subject`: `detail`
   };
 

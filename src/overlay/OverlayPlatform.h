@@ -66,7 +66,7 @@ class OverlayPlatform final : public Platform {
   }
   const CodePage& AnsiPage() override { return below_->AnsiPage(); }
   /// Does nothing: the machine below tells its own warnings, to whoever opened it.
-  void SetWarningSink(std::function<void(StringView)>) override {}
+  void SetWarningSink(WarningSink) override {}
 
  private:
   std::shared_ptr<Platform> below_;

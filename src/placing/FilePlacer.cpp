@@ -160,7 +160,7 @@ PlaceOutcome Placing::Compare(const OpenedFile& source, StringView target, const
   const std::optional<DiskEntry> there = to_.Find(target);
   if (!there) Fail(PlaceFailure::TargetUnwritable, Kind::AlreadyExists);
   // What a stopped process left behind while it made that file.
-  const DrivePath temporary{there->drive, TemporaryPath(there->path)};
+  const DrivePath temporary{there->named.drive, TemporaryPath(there->named.path)};
   if (folders_.MayHaveHeld(temporary)) RemoveFile(temporary.drive->Root(), temporary.path);
   if (there->record.kind == FileRecord::Kind::Folder) {
     throw JobFailure{PlaceFailure::FolderThere, {}};
@@ -269,7 +269,8 @@ bool FilePlacer::IsSame(StringView source, StringView target) {
 
 std::string FilePlacer::IdentityOf(StringView source) {
   const std::optional<DiskEntry> found = from_.Find(AbsolutePath(source, u"C:"));
-  return found ? JoinDiskPath(found->drive->Folder(), found->RealPath()) : ToUtf8(source);
+  if (!found) return ToUtf8(source);
+  return JoinDiskPath(found->Place().drive->Folder(), found->Place().path);
 }
 
 bool FilePlacer::IsBlocked(StringView target) {

@@ -10,7 +10,7 @@ namespace norvo {
 
 Component::Component(std::shared_ptr<Platform> platform, std::span<const CreatableClass> classes)
     : platform_(std::move(platform)), classes_(classes) {
-  platform_->SetWarningSink([this](StringView line) { WriteLog(*this, line); });
+  platform_->SetWarningSink([this](StringView line, WarningWeight) { WriteLog(*this, line); });
 }
 
 Component::~Component() {

@@ -1,12 +1,12 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 
 #include "services/FileSystem.h"
 #include "services/Registry.h"
+#include "services/WarningSink.h"
 #include "text/CodePage.h"
 #include "text/Text.h"
 
@@ -144,9 +144,9 @@ class Platform {
   /// Where a path of the machine is on the system that the process runs on, in UTF-8, as far as it
   /// exists; for messages. Empty when it can be nowhere, or the platform cannot tell.
   virtual std::string SystemPathOf(StringView) { return {}; }
-  /// Where the platform tells what it had to leave out, such as names that no path can reach, one
-  /// line each. The component takes them into the log; a host may set another place afterwards.
-  virtual void SetWarningSink(std::function<void(StringView)>) {}
+  /// Where the platform tells what it had to leave out, such as names that no path can reach. The
+  /// component takes them into the log; a host may set another place afterwards.
+  virtual void SetWarningSink(WarningSink) {}
 };
 
 }  // namespace norvo

@@ -44,6 +44,37 @@ TEST_F(DiskMachineTest, EveryCommandTakesOneAndTellsIt) {
   EXPECT_FALSE(fs::exists(On("registry.reg")));
 }
 
+TEST_F(DiskMachineTest, ALinkOutOfItIsToldAndMakesNothingIncomplete) {
+  fs::create_directory_symlink("/Users", On("Documents and Settings"));
+  const std::string told =
+      "Warning: C:\\Documents and Settings: this link leads out of the disk, or nowhere; no such "
+      "link of this disk is followed, and what it led to was not searched\n";
+  const Outcome bare = Run("scan");
+  EXPECT_EQ(bare.code, 0);
+  EXPECT_EQ(bare.err, Taken() + told +
+                          "The disk has no settings of this program, so nothing was written to "
+                          "it; init writes them.\n");
+  Run("init");
+  for (const char* const command : {"scan", "collect"}) {
+    const Outcome outcome = Run(command);
+    EXPECT_EQ(outcome.code, 0) << command;
+    EXPECT_EQ(outcome.err, Taken() + told) << command;
+  }
+}
+
+TEST_F(DiskMachineTest, OfALinkOutOfItThatAListLeadsThroughNothingCounts) {
+  fs::create_directory_symlink("/Users", On("Documents and Settings"));
+  WriteFile(On("Music/Far.m3u"), "C:\\Documents and Settings\\One.mp3\r\n");
+  Run("init");
+  const Outcome outcome = Run("collect");
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_TRUE(Holds(outcome.err,
+                    "Warning: C:\\Documents and Settings\\One.mp3: a link on the way "
+                    "there leads out of the disk, or nowhere; no such link of this disk is "
+                    "followed, and what is reached only by it counts as not there\n"))
+      << outcome.err;
+}
+
 TEST_F(DiskMachineTest, CollectWithInitWritesTheSettingsThere) {
   EXPECT_EQ(Run("collect", {"--init"}).code, 0);
   EXPECT_TRUE(fs::exists(On("Users/Ann/Documents/Norvo Media/KVs/Mix.ini")));

@@ -1,5 +1,8 @@
 #include "cli/ErrorWords.h"
 
+#include "cli/MachineWords.h"
+#include "cli/TypedCommand.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -166,6 +169,21 @@ TEST(ErrorWords, WhatIsNeededAndWhatIsFreeIsTold) {
   const std::string text =
       TextOf(MoveError(MoveFault::SpaceMissing, "D:", {}, {5200000000, 1100000}));
   EXPECT_NE(text.find("they need 5.2 GB, and 1.1 MB are free"), std::string::npos) << text;
+}
+
+TEST(ErrorWords, OnThisPcSomeFaultsAreMendedOtherwise) {
+  ChooseWords(kThisPcWords, kThisPcWords);
+  KnowCommand({"init"});
+  const std::string documents = TextOf(MoveError(MoveFault::NoDocumentsFolder));
+  const std::string registry = TextOf(MoveError(MoveFault::RegistryUnwritable));
+  ChooseWords(kFolderWords, kFolderWords);
+  EXPECT_EQ(documents,
+            "The new machine has no documents folder, and none can be made. Connect the disk or "
+            "share that they stand on, or give them another place in Windows, in the properties of "
+            "the folder Documents.");
+  EXPECT_EQ(registry,
+            "The registry cannot be written below HKEY_LOCAL_MACHINE\\SOFTWARE\\Norvo. Run this as "
+            "an administrator: norvo-playlists init");
 }
 
 TEST(ErrorWords, NoFaultIsForgottenHere) {

@@ -42,6 +42,16 @@ TEST_F(MigrateDiskTest, SongsAndListsGoToTheDocumentsOfItsUserAndTheListsSayWher
   EXPECT_TRUE(fs::exists(On("Users/Ann/Documents/Norvo PlayLists/Mix.ini")));
 }
 
+TEST_F(MigrateDiskTest, ALinkOutOfTheOldDiskIsToldAndNothingIsMissingForIt) {
+  MakeDisk({"Ann"});
+  fs::create_directory_symlink("/Users", OldPlace(R"(C:\Documents and Settings)"));
+  const Outcome outcome = Migrate({"--quiet"});
+  EXPECT_EQ(outcome.code, 0) << outcome.err;
+  EXPECT_EQ(outcome.err,
+            "Old machine: C:\\Documents and Settings: this link leads out of the disk, or nowhere; "
+            "no such link of this disk is followed, and what it led to was not searched\n");
+}
+
 TEST_F(MigrateDiskTest, NothingElseIsMadeOnItThanTheProductsFolder) {
   MakeDisk({"Ann"});
   Migrate({"--log"});

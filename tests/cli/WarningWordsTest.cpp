@@ -1,6 +1,7 @@
 #include "cli/WarningWords.h"
 
 #include "cli/MachineWords.h"
+#include "cli/TypedCommand.h"
 
 #include <gtest/gtest.h>
 
@@ -89,11 +90,12 @@ TEST(WarningWords, SettingsOfOneUserAreToldWithWhatMakesThemThoseOfAll) {
 
 TEST(WarningWords, OnThisPcAnAdministratorMayChangeASetting) {
   ChooseWords(kThisPcWords, kThisPcWords);
+  KnowCommand({"migrate", "--from", "E:\\Old PC\\"});
   const std::string text = TextOf(WarningOf(Kind::PlayerNotPointed, u"Software\\Player, Path"));
   ChooseWords(kFolderWords, kFolderWords);
-  EXPECT_NE(text.find("Run the same command again as an administrator, or choose that folder in "
-                      "the player"),
-            std::string::npos)
+  EXPECT_TRUE(
+      text.ends_with(". Choose that folder in the player, or run this as an "
+                     "administrator: norvo-playlists migrate --from \"E:\\Old PC\\\\\""))
       << text;
 }
 

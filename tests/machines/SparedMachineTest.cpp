@@ -107,7 +107,7 @@ TEST_F(SparedDiskTest, TheMachineTellsItsOddities) {
   layout.drives.push_back({u'C', DriveType::Fixed, At("disk")});
   const auto spared = SparedMachine(std::make_shared<HostedPlatform>(std::move(layout)), {});
   Lines told;
-  spared->SetWarningSink([&told](StringView line) { told.push_back(Utf8(line)); });
+  spared->SetWarningSink([&told](StringView line, WarningWeight) { told.push_back(Utf8(line)); });
   EXPECT_TRUE(spared->Files().ListFolder(u"C:\\", {}).empty());
   EXPECT_EQ(told.size(), 1u);
 }

@@ -60,7 +60,7 @@ std::string NameOf(WorkWarning::Kind kind) {
                 "UntellableAddress", "NativeGone",       "NativeIncomplete", "WrongSong",
                 "ChangedAddress",    "ListDamaged",      "NoPlainName",      "TimesLost",
                 "CompanionMissing",  "PlayerNotPointed", "CountedListWrong", "CountedSongWrong",
-                "TagsNotRead",       "SettingsOfUser",   "CopiesNotNoted"});
+                "TagsNotRead",       "SettingsOfUser",   "LinkNotFollowed",  "CopiesNotNoted"});
 }
 
 /// In front of what is there.

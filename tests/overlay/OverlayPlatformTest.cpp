@@ -154,8 +154,9 @@ TEST_F(OverlayPlatformTest, MigrationListTakesAllAndKeepsNothing) {
 TEST_F(OverlayPlatformTest, LeavesTheWarningsOfTheMachineBelowToWhoeverOpenedIt) {
   WriteFile(Place("C/Music/\xFF.mp3"), "odd");
   Paths warnings;
-  Below().SetWarningSink([&](StringView line) { warnings.emplace_back(line); });
-  Overlay().SetWarningSink([](StringView) { ADD_FAILURE() << "the overlay took the warnings"; });
+  Below().SetWarningSink([&](StringView line, WarningWeight) { warnings.emplace_back(line); });
+  Overlay().SetWarningSink(
+      [](StringView, WarningWeight) { ADD_FAILURE() << "the overlay took the warnings"; });
   Names(u"C:\\Music");
   EXPECT_EQ(warnings.size(), 1u);
 }

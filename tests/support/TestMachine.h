@@ -56,7 +56,10 @@ class TestMachine : public ::testing::Test {
   HostedPlatform& Machine() {
     if (!platform_) {
       platform_ = std::make_unique<HostedPlatform>(Disk(""));
-      platform_->SetWarningSink([this](StringView line) { warnings_.push_back(ToUtf8(line)); });
+      platform_->SetWarningSink([this](StringView line, WarningWeight weight) {
+        warnings_.push_back(ToUtf8(line));
+        weights_.push_back(weight);
+      });
     }
     return *platform_;
   }
@@ -77,6 +80,7 @@ class TestMachine : public ::testing::Test {
   }
 
   std::vector<std::string> warnings_;
+  std::vector<WarningWeight> weights_;  // of the warnings
 
  private:
   FreshFolder base_{"norvo-hosted"};

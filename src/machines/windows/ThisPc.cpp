@@ -10,6 +10,7 @@ namespace {
 
 std::shared_ptr<HostedPlatform> DrivesOf(Platform& machine) {
   HostedLayout layout;
+  layout.linksCross = true;
   for (const Drive& drive : machine.Files().Drives()) {
     const std::string root{static_cast<char>(drive.letter), ':', '/'};
     layout.drives.push_back({drive.letter, drive.type, root});
@@ -21,7 +22,7 @@ std::shared_ptr<HostedPlatform> DrivesOf(Platform& machine) {
 class MachineWithDisks final : public WindowsPlatform {
  public:
   const std::shared_ptr<HostedPlatform>& Disks() const { return disks_; }
-  void SetWarningSink(std::function<void(StringView)> sink) override {
+  void SetWarningSink(WarningSink sink) override {
     disks_->SetWarningSink(sink);
     WindowsPlatform::SetWarningSink(std::move(sink));
   }

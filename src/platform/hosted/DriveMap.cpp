@@ -27,14 +27,20 @@ const SystemFile& DriveFolder::Root() const {
   return root_;
 }
 
-std::optional<std::string> DriveFolder::Canonical(const std::string& path) const {
+std::optional<std::string> DriveFolder::RealPathOf(const std::string& path) const {
   if (!Root().IsOpen()) return std::nullopt;
-  const FileResult<std::string> real = RealPath(realFolder_ + "/" + path);
-  if (!real || !LiesWithin(*real, realFolder_)) return std::nullopt;
-  return real->size() <= realFolder_.size() ? std::string() : real->substr(realFolder_.size() + 1);
+  FileResult<std::string> real = RealPath(realFolder_ + "/" + path);
+  return real ? std::optional(std::move(*real)) : std::nullopt;
 }
 
-DriveMap::DriveMap(const std::vector<HostedDrive>& drives) {
+std::optional<std::string> DriveFolder::PathWithin(const std::string& realPath) const {
+  if (!Root().IsOpen() || !LiesWithin(realPath, realFolder_)) return std::nullopt;
+  const bool isBelow = realPath.size() > realFolder_.size();
+  return isBelow ? realPath.substr(realFolder_.size() + 1) : std::string();
+}
+
+DriveMap::DriveMap(const std::vector<HostedDrive>& drives, bool linksCross)
+    : linksCross_(linksCross) {
   for (const HostedDrive& each : drives) {
     const std::size_t number = NumberOf(each.letter);
     if (number == kNoDrive || drives_[number]) continue;
@@ -47,6 +53,20 @@ DriveMap::DriveMap(const std::vector<HostedDrive>& drives) {
 const DriveFolder* DriveMap::Find(char16_t letter) const {
   const std::size_t number = NumberOf(letter);
   return number == kNoDrive ? nullptr : drives_[number].get();
+}
+
+std::optional<DrivePath> DriveMap::Follow(const DriveFolder& drive, const std::string& path) const {
+  const std::optional<std::string> real = drive.RealPathOf(path);
+  if (!real) return std::nullopt;
+  if (std::optional<std::string> within = drive.PathWithin(*real)) {
+    return DrivePath{&drive, *std::move(within)};
+  }
+  for (const std::unique_ptr<DriveFolder>& other : drives_) {
+    if (!linksCross_ || !other) continue;
+    std::optional<std::string> within = other->PathWithin(*real);
+    if (within) return DrivePath{other.get(), *std::move(within)};
+  }
+  return std::nullopt;
 }
 
 std::vector<Drive> DriveMap::List() const {

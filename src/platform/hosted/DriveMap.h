@@ -25,9 +25,11 @@ class DriveFolder {
   const std::string& Folder() const { return folder_; }
   /// The open folder, to be the start of other paths; not open while there is none.
   const SystemFile& Root() const;
-  /// The path in the drive that a path of it leads to when all links are followed; nothing when it
-  /// leads nowhere or out of the drive.
-  std::optional<std::string> Canonical(const std::string& path) const;
+  /// The system's path of what a path in the drive leads to when all links are followed; nothing
+  /// when it leads nowhere.
+  std::optional<std::string> RealPathOf(const std::string& path) const;
+  /// The path in the drive of such a path; nothing when it lies elsewhere.
+  std::optional<std::string> PathWithin(const std::string& realPath) const;
 
  private:
   char16_t letter_;
@@ -37,17 +39,29 @@ class DriveFolder {
   mutable std::string realFolder_;  // without links and last separator; set together with root_
 };
 
+/// A path in a drive as the disk has it: relative to the drive's folder, separated by "/", the
+/// drive's folder itself empty.
+struct DrivePath {
+  const DriveFolder* drive = nullptr;
+  std::string path;
+};
+
 /// The drives of a machine by their letters.
 class DriveMap {
  public:
-  explicit DriveMap(const std::vector<HostedDrive>& drives);
+  /// See HostedLayout::linksCross.
+  explicit DriveMap(const std::vector<HostedDrive>& drives, bool linksCross = false);
 
   /// Null for a drive that the machine lacks; the letter in either case.
   const DriveFolder* Find(char16_t letter) const;
   std::vector<Drive> List() const;
+  /// Where a path of a drive leads when all links are followed; nothing when that is nowhere, or
+  /// where no link may lead.
+  std::optional<DrivePath> Follow(const DriveFolder& drive, const std::string& path) const;
 
  private:
   std::array<std::unique_ptr<DriveFolder>, 26> drives_;
+  bool linksCross_;
 };
 
 }  // namespace norvo

@@ -60,7 +60,13 @@ std::optional<DiskEntry> HostedFileSystem::Look(StringView path) {
                         reason == Kind::OutOfMemory || reason == Kind::Other;
   if (!entry && isUntold) RaiseFileError(reason, Subject::File, path);
   if (!entry && reason == Kind::AccessDenied) WarnOfDenial(path);
-  if (!entry && reason == Kind::LinkInTheWay) WarnOfLink(path);
+  if (!entry && reason == Kind::LinkInTheWay) {
+    WarnOfLink(path);
+  } else if (!entry && resolver_.EndedAtLink()) {
+    NoteLink(path,
+             u"this link leads out of the disk, or nowhere; no such link of this disk is followed, "
+             u"and it counts as not there");
+  }
   return entry;
 }
 
@@ -75,8 +81,9 @@ void HostedFileSystem::WarnOfDenial(StringView path) {
   const String folder(FolderOf(AbsolutePathName(path)));
   if (WasTold(ToUtf8(folder))) return;
   warn_(String(path) +
-        u": the system denies a look at it; it counts as not there, and so does "
-        u"what else is denied in its folder");
+            u": the system denies a look at it; it counts as not there, and so does "
+            u"what else is denied in its folder",
+        WarningWeight::LeftOut);
 }
 
 /// Once of a drive: a disk that was taken out of its machine has many links to its own folders,
@@ -84,10 +91,18 @@ void HostedFileSystem::WarnOfDenial(StringView path) {
 void HostedFileSystem::WarnOfLink(StringView path) {
   const String absolute = AbsolutePathName(path);
   if (WasTold("link on " + ToUtf8(DriveName(absolute)))) return;
-  warn_(
-      absolute +
-      u": a link on the way there leads out of the disk, or nowhere; no such link of this disk is "
-      u"followed, and what is reached only by it counts as not there");
+  warn_(absolute +
+            u": a link on the way there leads out of the disk, or nowhere; no such link of this "
+            u"disk is followed, and what is reached only by it counts as not there",
+        WarningWeight::LeftOut);
+}
+
+/// A link that was met itself, once of a drive for each text. That nobody has asked for what lies
+/// behind it, or that a name is thought to be free, is no reason to miss anything.
+void HostedFileSystem::NoteLink(StringView path, StringView text) {
+  const String absolute = AbsolutePathName(path);
+  if (WasTold(ToUtf8(text) + ToUtf8(DriveName(absolute)))) return;
+  warn_(absolute + u": " + String(text), WarningWeight::Notice);
 }
 
 bool HostedFileSystem::FolderExists(StringView path) {
@@ -98,14 +113,14 @@ bool HostedFileSystem::FolderExists(StringView path) {
 std::optional<FileFacts> HostedFileSystem::FactsOf(StringView path) {
   std::optional<DiskEntry> entry = Look(path);
   if (!entry || entry->record.kind != FileRecord::Kind::File) return std::nullopt;
-  std::optional<String> name = FromDiskName(LeafOf(entry->path));
+  std::optional<String> name = FromDiskName(LeafOf(entry->named.path));
   if (!name) return std::nullopt;
   const FileRecord& record = entry->record;
   FileFacts facts{std::move(*name), static_cast<double>(record.size), record.created,
                   record.modified.seconds * 1'000'000'000 + record.modified.nanoseconds};
   lastSize_ = record.size;
   lastAsked_ = path;
-  lastSeen_ = {entry->drive, std::move(entry->isLink ? entry->target : entry->path)};
+  lastSeen_ = std::move(entry->isLink ? entry->target : entry->named);
   return facts;
 }
 
@@ -143,10 +158,11 @@ void HostedFileSystem::RemoveFile(StringView path, bool force) {
   if (!force && (entry->record.permissions & kAnyWriter) == 0) {
     RaiseFileError(Kind::AccessDenied, Subject::File, path);
   }
-  if (const FileFailure failure = norvo::RemoveFile(entry->drive->Root(), entry->path)) {
+  if (const FileFailure failure =
+          norvo::RemoveFile(entry->named.drive->Root(), entry->named.path)) {
     RaiseFileError(failure, Subject::File, path);
   }
-  resolver_.Changed(*entry->drive, ParentOf(entry->path));
+  resolver_.Changed(*entry->named.drive, ParentOf(entry->named.path));
 }
 
 /// Opens what stands just where a path says, without a look at the folder; nothing when there is
@@ -180,9 +196,10 @@ std::optional<HostedFileSystem::Opened> HostedFileSystem::OpenExisting(StringVie
   if (opened) return opened;
   const std::optional<DiskEntry> entry = resolver_.Find(path);
   if (!entry || entry->record.kind != FileRecord::Kind::File) return opened;
-  FileResult<SystemFile> file = OpenBeneath(entry->drive->Root(), entry->RealPath(), mode);
+  FileResult<SystemFile> file =
+      OpenBeneath(entry->Place().drive->Root(), entry->Place().path, mode);
   if (!file) RaiseFileError(file.Failure(), Subject::File, path);
-  opened = Opened{{entry->drive, entry->RealPath()}, std::move(*file), false};
+  opened = Opened{entry->Place(), std::move(*file), false};
   return opened;
 }
 
@@ -211,7 +228,7 @@ HostedFileSystem::Opened HostedFileSystem::Create(StringView path, OpenMode mode
   }
   const std::optional<DrivePath> folder = resolver_.FindFolder(FolderOf(AbsolutePathName(path)));
   if (!folder) RaiseFileError(Kind::NotFound, Subject::Folder, path);
-  DrivePath made = there ? DrivePath{there->drive, there->RealPath()} : PathOfNew(*folder, path);
+  DrivePath made = there ? there->Place() : PathOfNew(*folder, path);
   FileResult<SystemFile> file = OpenBeneath(made.drive->Root(), made.path, mode);
   if (!file) RaiseFileError(file.Failure(), Subject::File, path);
   if (!there) resolver_.Written(made);
@@ -302,7 +319,7 @@ void HostedFileSystem::ReplaceWhole(StringView path, std::string_view bytes) {
     if (entry->record.kind != FileRecord::Kind::File) {
       RaiseFileError(Kind::IsAFolder, Subject::File, path);
     }
-    file = {entry->drive, entry->RealPath()};
+    file = entry->Place();
   } else {
     file = PathOfNewFile(path);
   }

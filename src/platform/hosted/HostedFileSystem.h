@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <unordered_set>
 
 #include "platform/files/LastFolder.h"
@@ -9,6 +8,7 @@
 #include "platform/hosted/PathResolver.h"
 #include "services/FileSystem.h"
 #include "services/SharedFile.h"
+#include "services/WarningSink.h"
 
 namespace norvo {
 
@@ -22,7 +22,6 @@ struct OpenedFile {
 /// The file system service over the drives of a machine that is held in a folder.
 class HostedFileSystem final : public FileSystem, public SharedFiles {
  public:
-  using WarningSink = std::function<void(StringView)>;
   using ListingSink = std::function<void(StringView folder, std::span<const FolderItem> items)>;
 
   /// `drives` and what `warn` refers to must outlive this.
@@ -84,6 +83,7 @@ class HostedFileSystem final : public FileSystem, public SharedFiles {
   void WarnOfName(StringView folder, std::string_view name);
   bool WasTold(std::string what);
   void WarnOfLink(StringView path);
+  void NoteLink(StringView path, StringView text);
   void WarnOfDenial(StringView path);
   std::optional<DiskEntry> Look(StringView path);
   [[noreturn]] void RaiseMissing(StringView path);

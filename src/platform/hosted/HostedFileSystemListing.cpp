@@ -55,7 +55,8 @@ class EndingFilter {
 void HostedFileSystem::WarnOfName(StringView folder, std::string_view name) {
   if (WasTold(ToUtf8(folder) + '/' + std::string(name))) return;
   warn_(String(folder) + u": the name \"" + ShownDiskName(name) +
-        u"\" cannot be a Windows name; it is left out");
+            u"\" cannot be a Windows name; it is left out",
+        WarningWeight::LeftOut);
 }
 
 std::vector<FolderItem> HostedFileSystem::ListFolder(StringView path,
@@ -82,10 +83,16 @@ std::vector<FolderItem> HostedFileSystem::ListFolder(StringView path,
   }
   for (const std::string& name : links) {
     const std::optional<DiskEntry> entry =
-        PathResolver::FollowLink(*folder.path.drive, JoinDiskPath(folder.path.path, name));
+        resolver_.FollowLink({folder.path.drive, JoinDiskPath(folder.path.path, name)});
     // The folder that a link leads to lies on the same drive and is met there under its own path:
     // who walks through all folders comes to each of them once, however the links cross.
     if (entry && entry->record.kind == FileRecord::Kind::File) add(name, false);
+    if (!entry) {
+      NoteLink(
+          String(path) + u'\\' + *FromDiskName(name),
+          u"this link leads out of the disk, or nowhere; no such link of this disk is followed, "
+          u"and what it led to was not searched");
+    }
   }
   for (const std::string& name : odd) WarnOfName(path, name);
   if (listed_) listed_(path, items);

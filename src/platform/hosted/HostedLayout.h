@@ -28,6 +28,9 @@ struct HostedLayout {
   /// By the shell's identifiers, as Windows paths. The documents, when they are not among them, are
   /// in "C:\My Documents".
   std::map<std::int32_t, String> shellFolders;
+  /// Whether a link of one drive may lead to another one, as on the PC that the process runs on. Of
+  /// a machine that is held in folders it may not: nothing there is known of where it led.
+  bool linksCross = false;
   std::vector<String> warnings;  ///< what is odd about the machine's settings, one line each
 };
 

@@ -29,23 +29,23 @@ class StandardErrorBox final : public MessageDialog {
 
 class Warnings {
  public:
-  void SetSink(std::function<void(StringView)> sink) {
+  void SetSink(WarningSink sink) {
     sink_ = std::move(sink);
     if (!sink_) return;
-    for (const String& line : std::exchange(waiting_, {})) sink_(line);
+    for (const auto& [line, weight] : std::exchange(waiting_, {})) sink_(line, weight);
   }
 
-  void Tell(StringView line) {
+  void Tell(StringView line, WarningWeight weight = WarningWeight::LeftOut) {
     if (sink_) {
-      sink_(line);
+      sink_(line, weight);
     } else if (waiting_.size() < kMostWaiting) {
-      waiting_.emplace_back(line);
+      waiting_.emplace_back(line, weight);
     }
   }
 
  private:
-  std::function<void(StringView)> sink_;
-  std::vector<String> waiting_;
+  WarningSink sink_;
+  std::vector<std::pair<String, WarningWeight>> waiting_;
 };
 
 }  // namespace
@@ -53,8 +53,9 @@ class Warnings {
 /// All services, in the order in which they need each other.
 struct HostedPlatform::Parts {
   explicit Parts(HostedLayout layout)
-      : drives(layout.drives),
-        files(drives, [this](StringView line) { warnings.Tell(line); }),
+      : drives(layout.drives, layout.linksCross),
+        files(drives,
+              [this](StringView line, WarningWeight weight) { warnings.Tell(line, weight); }),
         registry(FullSystemPath(layout.registryFile),
                  [this](StringView line) { warnings.Tell(line); }),
         shell(std::move(layout.shellFolders)) {
@@ -86,7 +87,7 @@ void HostedPlatform::SetMessageDialog(MessageDialog& messages) {
   parts_->messages = &messages;
 }
 
-void HostedPlatform::SetWarningSink(std::function<void(StringView)> sink) {
+void HostedPlatform::SetWarningSink(WarningSink sink) {
   parts_->warnings.SetSink(std::move(sink));
 }
 

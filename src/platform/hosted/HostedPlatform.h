@@ -27,9 +27,9 @@ class HostedPlatform final : public Platform {
 
   /// Shows the machine's messages from now on, instead of the standard error stream. Not owned.
   void SetMessageDialog(MessageDialog& messages);
-  /// Is told, one line each, what is odd about the machine, such as names that no Windows path can
-  /// express; also what was found before the call. Until it is set nobody is told.
-  void SetWarningSink(std::function<void(StringView)> sink) override;
+  /// Is told what is odd about the machine, such as names that no Windows path can express; also
+  /// what was found before the call. Until it is set nobody is told.
+  void SetWarningSink(WarningSink sink) override;
 
   /// Is told of each folder that is listed from now on, by its path as it was asked for, and of
   /// what the listing gives. It must neither raise nor call the machine.

@@ -78,12 +78,12 @@ void PathResolver::Written(const DrivePath& file) {
   listings_.Written(*file.drive, ParentOf(file.path), LeafOf(file.path));
 }
 
-std::optional<DiskEntry> PathResolver::FollowLink(const DriveFolder& drive, std::string path) {
-  std::optional<std::string> target = drive.Canonical(path);
+std::optional<DiskEntry> PathResolver::FollowLink(DrivePath link) const {
+  std::optional<DrivePath> target = drives_.Follow(*link.drive, link.path);
   if (!target) return std::nullopt;
-  const FileResult<FileRecord> record = LookUp(drive.Root(), *target);
+  const FileResult<FileRecord> record = LookUp(target->drive->Root(), target->path);
   if (!record || record->kind == FileRecord::Kind::Link) return std::nullopt;
-  return DiskEntry{&drive, std::move(path), std::move(*target), true, *record};
+  return DiskEntry{std::move(link), *std::move(target), true, *record};
 }
 
 /// The path of a name in a folder, if it is spelled as on the disk; nothing when no file can have
@@ -115,12 +115,12 @@ std::optional<DiskEntry> PathResolver::Step(const DrivePath& folder, StringView 
     if (!record) return std::nullopt;
   }
   if (record->kind == FileRecord::Kind::Link) {
-    std::optional<DiskEntry> target = FollowLink(*folder.drive, std::move(path));
+    std::optional<DiskEntry> target = FollowLink({folder.drive, std::move(path)});
     sawFolder_ = true;
     endedAtLink_ = !target;
     return target;
   }
-  return DiskEntry{folder.drive, std::move(path), {}, false, *record};
+  return DiskEntry{{folder.drive, std::move(path)}, {}, false, *record};
 }
 
 std::optional<DrivePath> PathResolver::Walk(StringView folder, bool fromRoot) {
@@ -145,7 +145,7 @@ std::optional<DrivePath> PathResolver::Walk(StringView folder, bool fromRoot) {
         // What was known of the folders above may be old.
         return trusted && !entry && !sawFolder_ ? Walk(folder, true) : std::nullopt;
       }
-      reached.path = std::move(entry->isLink ? entry->target : entry->path);
+      reached = std::move(entry->isLink ? entry->target : entry->named);
       Remember(path, reached);
     }
     done = end;
@@ -170,13 +170,14 @@ std::optional<DiskEntry> PathResolver::Find(StringView path) {
   const Absolute full(path);
   const StringView absolute = full.Text();
   reason_ = FileFailure::Kind::NotFound;
+  endedAtLink_ = false;
   if (absolute.empty()) return std::nullopt;
   const auto [folder, name] = Split(absolute);
   if (name.empty()) {
     const DriveFolder* const drive = drives_.Find(absolute.front());
     if (drive == nullptr || !drive->Root().IsOpen()) return std::nullopt;
     const FileResult<FileRecord> record = LookUp(drive->Root(), {});
-    return record ? std::optional(DiskEntry{drive, {}, {}, false, *record}) : std::nullopt;
+    return record ? std::optional(DiskEntry{{drive, {}}, {}, false, *record}) : std::nullopt;
   }
   const bool asFolder = absolute.back() == u'\\';
   std::optional<DiskEntry> entry;
@@ -193,7 +194,7 @@ std::optional<DiskEntry> PathResolver::Find(StringView path) {
 std::optional<DrivePath> PathResolver::FindFolder(StringView path) {
   std::optional<DiskEntry> entry = Find(path);
   if (!entry || entry->record.kind != FileRecord::Kind::Folder) return std::nullopt;
-  return DrivePath{entry->drive, entry->RealPath()};
+  return entry->Place();
 }
 
 std::optional<DrivePath> PathResolver::Guess(StringView path) {

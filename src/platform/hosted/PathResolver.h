@@ -14,28 +14,20 @@
 
 namespace norvo {
 
-/// A path in a drive as the disk has it: relative to the drive's folder, separated by "/", the
-/// drive's folder itself empty.
-struct DrivePath {
-  const DriveFolder* drive = nullptr;
-  std::string path;
-};
-
 /// Something that exists.
 struct DiskEntry {
-  const DriveFolder* drive = nullptr;
-  std::string path;    ///< where its name stands; no link on the way
-  std::string target;  ///< of a link: the path that it leads to
+  DrivePath named;   ///< where its name stands; no link on the way
+  DrivePath target;  ///< of a link: where it leads
   bool isLink = false;
   FileRecord record;  ///< never of a link itself
 
   /// Where it stands itself.
-  const std::string& RealPath() const { return isLink ? target : path; }
+  const DrivePath& Place() const { return isLink ? target : named; }
 };
 
 /// Finds out what Windows paths name on the disk. The exact spelling of a name wins over one
 /// that differs in case; of those the first in byte order. A link that leads out of its drive, and
-/// one that leads nowhere, does not exist. Nothing here raises.
+/// one that leads nowhere, does not exist; see HostedLayout::linksCross. Nothing here raises.
 class PathResolver {
  public:
   explicit PathResolver(const DriveMap& drives) : drives_(drives) {}
@@ -54,6 +46,8 @@ class PathResolver {
   /// Of the look-up that ended the last search in vain. LinkInTheWay: a folder on the way is a link
   /// that leads out of the drive, or nowhere.
   FileFailure::Kind Reason() const { return reason_; }
+  /// The same search met such a link, on the way or at its end.
+  bool EndedAtLink() const { return endedAtLink_; }
 
   /// To be called after this platform has written that file.
   void Written(const DrivePath& file);
@@ -64,8 +58,8 @@ class PathResolver {
   /// Remembers that a folder's Windows path leads there.
   void Remember(StringView folder, const DrivePath& path);
 
-  /// Follows a link; nothing when it leads nowhere or out of the drive.
-  static std::optional<DiskEntry> FollowLink(const DriveFolder& drive, std::string path);
+  /// Follows a link; nothing when it leads nowhere, or where none may lead.
+  std::optional<DiskEntry> FollowLink(DrivePath link) const;
 
  private:
   struct Hash {

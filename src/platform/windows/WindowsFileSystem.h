@@ -15,10 +15,8 @@ namespace norvo {
 /// The machine's own disks.
 class WindowsFileSystem final : public FileSystem, public SharedFiles {
  public:
-  using WarningSink = std::function<void(StringView)>;
-
   /// What `warn` refers to must outlive this.
-  explicit WindowsFileSystem(WarningSink warn) : warn_(std::move(warn)) {}
+  explicit WindowsFileSystem(std::function<void(StringView)> warn) : warn_(std::move(warn)) {}
 
   bool FolderExists(StringView path) override;
   /// `FindFirstFileExW`. Of a link the facts of the file that it leads to, under the link's name.
@@ -59,7 +57,7 @@ class WindowsFileSystem final : public FileSystem, public SharedFiles {
   [[noreturn]] void RaiseUnusable(DWORD reason, StringView path);
   void WarnOfName(StringView folder, StringView name);
 
-  WarningSink warn_;
+  std::function<void(StringView)> warn_;
   std::unordered_set<String> warned_;  // paths that were reported
 };
 

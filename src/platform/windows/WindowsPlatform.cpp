@@ -15,9 +15,9 @@ namespace norvo {
 
 /// All services, in the order in which they need each other.
 struct WindowsPlatform::Parts {
-  std::function<void(StringView)> warningSink;
+  WarningSink warningSink;
   WindowsFileSystem files{[this](StringView line) {
-    if (warningSink) warningSink(line);
+    if (warningSink) warningSink(line, WarningWeight::LeftOut);
   }};
   WindowsRegistry registry;
   WindowsShell shell;
@@ -66,7 +66,7 @@ std::string WindowsPlatform::SystemPathOf(StringView path) {
 void WindowsPlatform::SetMessageDialog(MessageDialog& messages) {
   parts_->messages = &messages;
 }
-void WindowsPlatform::SetWarningSink(std::function<void(StringView)> sink) {
+void WindowsPlatform::SetWarningSink(WarningSink sink) {
   parts_->warningSink = std::move(sink);
 }
 

@@ -28,7 +28,7 @@ class WindowsPlatform : public Platform {
   /// Shows the machine's messages from now on, instead of boxes. Not owned.
   void SetMessageDialog(MessageDialog& messages);
   /// Is told of names on the disk that no path can reach. Until it is set nobody is told.
-  void SetWarningSink(std::function<void(StringView)> sink) override;
+  void SetWarningSink(WarningSink sink) override;
 
  private:
   struct Parts;

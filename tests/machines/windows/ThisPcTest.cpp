@@ -29,7 +29,8 @@ NTSTATUS NTAPI Deny(PHANDLE file, ACCESS_MASK access, POBJECT_ATTRIBUTES named,
 TEST(ThisPc, WhatItsDrivesDenyIsToldToWhoListensToIt) {
   const std::shared_ptr<ThisPc> pc = OpenThisPc();
   Lines told;
-  pc->Machine()->SetWarningSink([&told](StringView line) { told.push_back(Utf8(line)); });
+  pc->Machine()->SetWarningSink(
+      [&told](StringView line, WarningWeight) { told.push_back(Utf8(line)); });
   realOpening = reinterpret_cast<decltype(realOpening)>(
       ExchangeImport(kOpening, reinterpret_cast<Address>(&Deny)));
   const bool isThere = pc->Disks()->Files().FileExists(u"C:\\windows\\Denied");

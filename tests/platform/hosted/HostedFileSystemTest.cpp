@@ -73,6 +73,19 @@ TEST_F(HostedFileSystemTest, LinksToFilesAreListedAndLinksToFoldersAreNot) {
   EXPECT_EQ(List(u"C:\\alias"), Names{"a.mp3"}) << "a path still leads through the link";
 }
 
+TEST_F(HostedFileSystemTest, AListedLinkOutOfTheDriveIsANoticeOnceOfADrive) {
+  NEEDS_LINKS();
+  Put(Disk("C/m/sub/a.mp3"), "");
+  MakeFolderLink(Outside("away"), Disk("C/m/away"));
+  MakeFileLink("nowhere", Disk("C/m/sub/dangling"));
+  EXPECT_EQ(List(u"C:\\m\\"), Names{"sub/"});
+  EXPECT_EQ(List(u"C:\\m\\sub"), Names{"a.mp3"});
+  EXPECT_EQ(warnings_, std::vector<std::string>{
+                           "C:\\m\\away: this link leads out of the disk, or nowhere; no such link "
+                           "of this disk is followed, and what it led to was not searched"});
+  EXPECT_EQ(weights_, std::vector{WarningWeight::Notice});
+}
+
 TEST_F(HostedFileSystemTest, LinksToFoldersAboveEndAScan) {
   NEEDS_LINKS();
   Put(Disk("C/a/x/1.mp3"), "");

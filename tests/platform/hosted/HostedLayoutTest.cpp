@@ -120,7 +120,8 @@ TEST_F(HostedLayoutTest, ItsWarningsReachWhoAsksForThem) {
   HostedLayout layout;
   layout.warnings = {u"odd"};
   HostedPlatform platform(layout);
-  platform.SetWarningSink([this](StringView line) { warnings_.push_back(ToUtf8(line)); });
+  platform.SetWarningSink(
+      [this](StringView line, WarningWeight) { warnings_.push_back(ToUtf8(line)); });
   EXPECT_EQ(warnings_, std::vector<std::string>{"odd"});
 }
 

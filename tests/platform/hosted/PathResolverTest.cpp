@@ -1,3 +1,4 @@
+#include "platform/hosted/HostedFileSystem.h"
 #include "support/FileTimes.h"
 #include "support/TestMachine.h"
 
@@ -134,7 +135,6 @@ TEST_F(PathResolverTest, ALinkOutOfTheDriveIsToldOnceOfADriveWhereSomethingIsLoo
   MakeFolderLink("nothing", Disk("C/nowhere"));
   EXPECT_EQ(NameOf(u"C:\\within\\a.txt"), "a.txt");
   EXPECT_EQ(NameOf(u"C:\\within\\b.txt"), "(none)");
-  EXPECT_EQ(NameOf(u"C:\\away"), "(none)");
   EXPECT_EQ(warnings_, std::vector<std::string>());
   for (const StringView path :
        {u"C:\\away\\deep\\secret.txt", u"C:\\away\\secret.txt", u"C:\\nowhere\\c"}) {
@@ -144,6 +144,75 @@ TEST_F(PathResolverTest, ALinkOutOfTheDriveIsToldOnceOfADriveWhereSomethingIsLoo
                            "C:\\away\\deep\\secret.txt: a link on the way there leads out of the "
                            "disk, or nowhere; no such link of this disk is followed, and what is "
                            "reached only by it counts as not there"});
+  EXPECT_EQ(weights_, std::vector{WarningWeight::LeftOut});
+}
+
+TEST_F(PathResolverTest, AFileThatIsALinkOutOfTheDriveIsANoticeOnceOfADrive) {
+  NEEDS_LINKS();
+  Put(Outside("away.mp3"), "x");
+  MakeFileLink(Outside("away.mp3"), Disk("C/song.mp3"));
+  MakeFileLink("nowhere", Disk("C/other.mp3"));
+  EXPECT_EQ(NameOf(u"C:\\song.mp3"), "(none)");
+  EXPECT_EQ(NameOf(u"C:\\other.mp3"), "(none)");
+  EXPECT_EQ(NameOf(u"Q:\\song.mp3"), "(none)");
+  EXPECT_EQ(warnings_, std::vector<std::string>{
+                           "C:\\song.mp3: this link leads out of the disk, or nowhere; no such "
+                           "link of this disk is followed, and it counts as not there"});
+  EXPECT_EQ(weights_, std::vector{WarningWeight::Notice});
+}
+
+/// Drives C and D, each in a folder of its own, whose links may lead to each other.
+class CrossingLinksTest : public TestMachine {
+ protected:
+  CrossingLinksTest() {
+    std::filesystem::create_directories(Outside("c"));
+    std::filesystem::create_directories(Outside("d/Docs"));
+    HostedLayout layout;
+    layout.drives = {{u'C', DriveType::Fixed, Outside("c")},
+                     {u'D', DriveType::Fixed, Outside("d")}};
+    layout.linksCross = true;
+    machine_ = std::make_unique<HostedPlatform>(std::move(layout));
+    machine_->SetWarningSink(
+        [this](StringView line, WarningWeight) { warnings_.push_back(ToUtf8(line)); });
+  }
+  HostedFileSystem& Crossing() { return machine_->HostedFiles(); }
+
+  std::unique_ptr<HostedPlatform> machine_;
+};
+
+TEST_F(CrossingLinksTest, AFolderOfAnotherDriveIsReadAndWrittenThroughALink) {
+  NEEDS_LINKS();
+  Put(Outside("d/Docs/One.mp3"), "one");
+  MakeFolderLink(Outside("d/Docs"), Outside("c/My Documents"));
+  EXPECT_TRUE(Crossing().FolderExists(u"C:\\My Documents"));
+  EXPECT_EQ(Crossing().FactsOf(u"C:\\My Documents\\one.mp3")->size, 3);
+  EXPECT_EQ(Crossing().OpenRegular(u"C:\\my documents\\ONE.mp3").record.size, 3U);
+  EXPECT_EQ(Crossing().ListFolder(u"C:\\My Documents", {}).size(), 1U);
+  Crossing().ReplaceWhole(u"C:\\My Documents\\Music\\Two.mp3", "two");
+  EXPECT_EQ(Get(Outside("d/Docs/Music/Two.mp3")), "two");
+  Crossing().RemoveFile(u"C:\\My Documents\\One.mp3", false);
+  EXPECT_FALSE(std::filesystem::exists(Outside("d/Docs/One.mp3")));
+  EXPECT_EQ(warnings_, std::vector<std::string>());
+}
+
+TEST_F(CrossingLinksTest, AFileOfAnotherDriveIsReadThroughALinkAndDeletedAsALink) {
+  NEEDS_LINKS();
+  Put(Outside("d/One.mp3"), "one");
+  MakeFileLink(Outside("d/One.mp3"), Outside("c/Alias.mp3"));
+  EXPECT_EQ(ToUtf8(Crossing().FactsOf(u"C:\\Alias.mp3")->name), "Alias.mp3");
+  EXPECT_EQ(Crossing().OpenRegular(u"C:\\Alias.mp3").record.size, 3U);
+  EXPECT_EQ(Crossing().ListFolder(u"C:\\", {}).size(), 1U);
+  Crossing().RemoveFile(u"C:\\Alias.mp3", false);
+  EXPECT_TRUE(std::filesystem::exists(Outside("d/One.mp3")));
+  EXPECT_FALSE(std::filesystem::is_symlink(Outside("c/Alias.mp3")));
+}
+
+TEST_F(CrossingLinksTest, WhatLiesOnNoDriveIsNotReached) {
+  NEEDS_LINKS();
+  Put(Outside("away/One.mp3"), "one");
+  MakeFolderLink(Outside("away"), Outside("c/away"));
+  EXPECT_FALSE(Crossing().FactsOf(u"C:\\away\\One.mp3"));
+  EXPECT_EQ(warnings_.size(), 1U);
 }
 
 TEST_F(PathResolverTest, AFolderThatBecomesALinkOutOfTheDriveIsNotFollowedByAnOpening) {

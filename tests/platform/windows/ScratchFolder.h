@@ -28,7 +28,8 @@ class ScratchFolder : public ::testing::Test {
       folder_ = FromWide(temp) + u"norvo-test-" + FormatInteger(++number_);
       if (number_ > kMostFolders) throw std::runtime_error("no folder for the test can be made");
     } while (!::CreateDirectoryW(ToWide(folder_), nullptr));
-    platform_.SetWarningSink([this](StringView line) { warnings_.emplace_back(line); });
+    platform_.SetWarningSink(
+        [this](StringView line, WarningWeight) { warnings_.emplace_back(line); });
   }
   ~ScratchFolder() override { RemoveTree(System(Path(u""))); }
 
