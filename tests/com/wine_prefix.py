@@ -3,10 +3,14 @@
 import os
 import shutil
 import subprocess
+import sys
 from pathlib import Path
 
-from makers.registry import key_lines
-from makers.text import joined
+sys.path.append(str(Path(__file__).resolve().parents[1] / "support"))
+
+from makers.registry import key_lines  # noqa: E402
+from makers.text import joined  # noqa: E402
+from wine_template import make_prefix  # noqa: E402
 
 # A hang is a failure, but a loaded machine is not.
 SECONDS = 240
@@ -23,14 +27,8 @@ class WinePrefix:
 
     def boot(self):
         """Makes the machine; nothing of this one is seen from there afterwards."""
-        self.folder.mkdir(parents=True)
-        self._run(["wineboot", "--init"])
-        for link in [path for path in self.drive_c.glob("users/*/*") if path.is_symlink()]:
-            link.unlink()
-            link.mkdir()
-        for drive in (self.folder / "dosdevices").iterdir():
-            if drive.name != "c:":
-                drive.unlink()
+        make_prefix(self.folder)
+        self._run(["wineboot"])
 
     def stop(self):
         self._run(["wineserver", "--kill"])

@@ -8,9 +8,11 @@ import tempfile
 from pathlib import Path
 
 sys.path.append(str(Path(__file__).resolve().parents[2] / "scripts"))  # where the makers are
+sys.path.append(str(Path(__file__).resolve().parents[1] / "support"))
 
 from makers.playlists import Item, m3u  # noqa: E402, F401
 from makers.text import encoded, joined  # noqa: E402
+from wine_template import make_prefix  # noqa: E402
 
 PROGRAM = "C:\\Program Files\\Norvo\\norvo-playlists.exe"
 HOLDER = "C:\\Program Files\\Norvo\\hold_file.exe"
@@ -32,15 +34,14 @@ class Machine:
                             "DISPLAY": ""}
 
     def start(self):
-        for name in ("home", "wine"):
-            (self.folder / name).mkdir()
-        self.serve("wineboot", "--init")
-        self.keep_documents_in("C:\\My Documents")
-        # Wine would make a link to the folder of its user.
-        self.place("C:\\My Documents").mkdir(exist_ok=True)
+        (self.folder / "home").mkdir()
+        make_prefix(self.folder / "wine")
+        self.place("C:\\My Documents").mkdir()
         self.place(PROGRAM).parent.mkdir(parents=True)
         shutil.copy(self.program, self.place(PROGRAM))
-        (self.drives() / "z:").unlink(missing_ok=True)
+        self.serve("wineboot")
+        self.keep_documents_in("C:\\My Documents")
+        # Later than Wine lists its drives: a stick is none of those that are searched.
         if self.stick:
             self.connect(self.stick)
 
