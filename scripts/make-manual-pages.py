@@ -16,6 +16,8 @@ ROOT = Path(__file__).resolve().parent.parent
 TEXTS = ["README.md", "CHANGELOG.md", "SECURITY.md", "docs/THIRD-PARTY-NOTICES.md",
          "docs/automation.md", *sorted(str(path.relative_to(ROOT))
                                        for path in (ROOT / "docs/manual").rglob("*.md"))]
+# What pages lead to and that comes along as it is, where a page leads to it.
+CARRIED = ("examples/", "docs/json-output.schema.json")
 HEADING = re.compile(r"<h([1-6])>(.*?)</h\1>", re.S)
 LINK = re.compile(r'<a href="([^"]*)">(.*?)</a>', re.S)
 PAGE = """<!DOCTYPE html>
@@ -53,14 +55,24 @@ def with_anchors(body):
     return HEADING.sub(named, body)
 
 
-def with_links(body, text):
+def copy_to(folder, path):
+    copy = folder / path.relative_to(ROOT)
+    copy.parent.mkdir(parents=True, exist_ok=True)
+    shutil.copyfile(path, copy)
+
+
+def with_links(body, text, folder):
     """Links lead to the other pages; what does not come along is only named."""
     def led(found):
         target, _, anchor = found[1].partition("#")
         if not target or ":" in target:
             return found[0]
         path = (ROOT / text).parent.joinpath(target).resolve()
-        if not path.is_relative_to(ROOT) or str(path.relative_to(ROOT)) not in TEXTS:
+        name = str(path.relative_to(ROOT)) if path.is_relative_to(ROOT) else ""
+        if name.startswith(CARRIED) and path.is_file() and path.suffix != ".md":
+            copy_to(folder, path)
+            return found[0]
+        if name not in TEXTS:
             return found[2]
         page = target.removesuffix(".md") + ".html" + ("#" + anchor if anchor else "")
         return f'<a href="{page}">{found[2]}</a>'
@@ -71,7 +83,7 @@ def write_page(text, folder):
     body = subprocess.run(["cmark-gfm", "--extension", "table", ROOT / text], check=True,
                           capture_output=True).stdout.decode()
     title = html.escape(plain(HEADING.search(body)[2]))
-    body = with_links(with_anchors(body), text)
+    body = with_links(with_anchors(body), text, folder)
     page = (folder / text).with_suffix(".html")
     page.parent.mkdir(parents=True, exist_ok=True)
     page.write_text(PAGE.format(title=title, body=body), encoding="utf-8")
@@ -84,9 +96,7 @@ def main():
         write_page(text, folder)
     for path in (ROOT / "docs/manual").rglob("*"):
         if path.is_file() and path.suffix != ".md":
-            copy = folder / path.relative_to(ROOT)
-            copy.parent.mkdir(parents=True, exist_ok=True)
-            shutil.copyfile(path, copy)
+            copy_to(folder, path)
 
 
 if __name__ == "__main__":

@@ -58,6 +58,14 @@ class ManualPagesTest(unittest.TestCase):
                     followed += 1
         self.assertGreater(followed, 10)
 
+    def test_programs_and_schema_come_along(self):
+        pages = self.folder / "pages"
+        for name in ("examples/automation/ListSongs.vbs", "examples/automation/Repair.ps1",
+                     "examples/cpp/PrintPlaylist.cpp", "docs/json-output.schema.json"):
+            self.assertEqual((pages / name).read_bytes(), (ROOT / name).read_bytes())
+        scripts = self.pages[pages / "docs/manual/scripts.html"]
+        self.assertIn("../../examples/automation/ListSongs.vbs", scripts.links)
+
 
 if __name__ == "__main__":
     if not shutil.which("cmark-gfm"):
