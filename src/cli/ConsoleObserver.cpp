@@ -7,15 +7,6 @@
 #include "text/Encoding.h"
 
 namespace norvo::cli {
-namespace {
-
-/// Whether a file could not be read because the system has denied it, as far as the reason tells.
-bool MayBeDenied(const String& reason) {
-  return reason.empty() || reason.starts_with(DescriptionOf(error::kPermissionDenied));
-}
-
-}  // namespace
-
 bool ConsoleObserver::IsCancelled() {
   return IsEndWished();
 }

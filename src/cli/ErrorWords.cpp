@@ -1,5 +1,6 @@
 #include "cli/ErrorWords.h"
 
+#include "automation/RunTimeError.h"
 #include "cli/MachineWords.h"
 #include "cli/TextLayout.h"
 #include "cli/TypedCommand.h"
@@ -207,6 +208,10 @@ std::string TextOf(const MoveError& error) {
     if (!words.empty()) return words;
   }
   return error.what();
+}
+
+bool MayBeDenied(const String& reason) {
+  return reason.empty() || reason.starts_with(DescriptionOf(error::kPermissionDenied));
 }
 
 std::string WithoutPath(std::string description, const std::string& path) {

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "move/MoveError.h"
+#include "text/Text.h"
 
 namespace norvo::cli {
 
@@ -11,6 +12,9 @@ std::string TextOf(const MoveError& error);
 
 /// An error's description without the path at its end, which its reader has just been told.
 std::string WithoutPath(std::string description, const std::string& path);
+
+/// Whether something could not be read because the system has denied it, as far as a reason tells.
+bool MayBeDenied(const String& reason);
 
 /// What to do about a file that another program may keep to itself.
 inline constexpr const char* kFileAdvice =

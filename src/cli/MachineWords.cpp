@@ -16,6 +16,7 @@ const MachineWords kFolderWords = {
         "that the disk is not full.",
     .makeWritable = "Make the drive's folder writable",
     .makeSettable = "See that it can be written and run again, or choose that folder in the player",
+    .seeDenied = "",
     .nameDocuments =
         "Name one with --documents, or in its machine.ini, section [ShellFolders], such as "
         "5=C:\\My "
@@ -32,6 +33,7 @@ const MachineWords kThisPcWords = {
         "Run this as an administrator: {command}",
     .makeWritable = "See that you may write there",
     .makeSettable = "Choose that folder in the player, or run this as an administrator: {command}",
+    .seeDenied = "Next: for what the system has denied, run this as an administrator: {command}",
     .nameDocuments =
         "Connect the disk or share that they stand on, or give them another place in Windows, in "
         "the properties of the folder Documents.",

@@ -12,6 +12,7 @@ struct MachineWords {
   const char* unwritableRegistry;  ///< a message
   const char* makeWritable;        ///< what helps where a folder cannot be created
   const char* makeSettable;        ///< what helps where a player's setting cannot be written
+  const char* seeDenied;           ///< what helps where the system has denied a look; may be empty
   const char* nameDocuments;       ///< what helps where there is no documents folder
   const char* lacksDrive;          ///< the machine does
   const char* checkRights;         ///< what helps where the library has failed

@@ -9,6 +9,7 @@
 #include "cli/MovePage.h"
 #include "cli/MoveProgress.h"
 #include "cli/MoveReport.h"
+#include "cli/NextSteps.h"
 #include "cli/PageFile.h"
 #include "cli/ReadAheadObserver.h"
 #include "machines/FolderMove.h"
@@ -106,23 +107,6 @@ void TellOpened(const OpenedFolders& opened, Console& console) {
   if (!to.empty()) console.Note(to);
 }
 
-/// What is left to be done on the new PC: its registry lacks what stands in the registry's file. Of
-/// a disk these are the program's own settings at least; in a machine's folder only those of
-/// players are of use elsewhere. (One player has its settings in a file of its own, which is moved
-/// along.) This PC has its registry.
-void SayNextStep(const MoveResult& move, const RegistryPlace& registry, Console& console) {
-  if (registry.file.empty()) return;
-  const bool inRegistry =
-      std::any_of(move.settings.begin(), move.settings.end(),
-                  [](const PlayerSetting& setting) { return !HasDrive(setting.place); });
-  const bool isOnDrive = !registry.machinePath.empty();
-  if (!inRegistry && !isOnDrive) return;
-  const std::string file = isOnDrive ? registry.machinePath : "registry.reg";
-  if (!isOnDrive) console.Say("Next: take " + ShownPath(registry.file) + " to the new PC.");
-  console.Say((isOnDrive ? "Next: on" : "On") + std::string(" the new PC, double-click ") + file +
-              ", or run: reg import " + file);
-}
-
 /// Of "D=DIR".
 OtherDrive DriveOf(const std::string& text) {
   const std::size_t at = text.find('=');
@@ -179,7 +163,7 @@ class MigrateCommand final : public Command {
       console.End(
           "Ended before it was done. What is done stays; run the same command again to go on.");
     } else if (!options_.dryRun) {
-      SayNextStep(result, opened.registry, console);
+      SayNextSteps(result, opened.registry, console);
     }
     if (page) WritePage(*page, MovePage(result, terms, ShownNow()), console);
     return console.IsJson() ? MoveDocument(result, terms) : Json();

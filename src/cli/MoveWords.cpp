@@ -1,5 +1,7 @@
 #include "cli/MoveWords.h"
 
+#include "cli/ErrorWords.h"
+
 #include "text/Encoding.h"
 
 namespace norvo::cli {
@@ -92,7 +94,8 @@ std::string ReasonText(const MovedSong& song) {
 
 std::string ReasonText(const MovedPlaylist& playlist) {
   const auto withReason = [&](const char* text) {
-    return WithSystemReason(text, playlist.systemReason);
+    const std::string reason = WithoutPath(ToUtf8(playlist.systemReason), ToUtf8(playlist.source));
+    return reason.empty() ? std::string(text) : text + (": " + reason);
   };
   switch (playlist.fault) {
     case MovedPlaylist::Fault::None:
@@ -103,7 +106,8 @@ std::string ReasonText(const MovedPlaylist& playlist) {
       return "only its own player can read a " +
              (playlist.kind.empty() ? "list of this kind" : playlist.kind);
     case MovedPlaylist::Fault::Unreadable:
-      return withReason("it cannot be read");
+      return withReason("it cannot be read") +
+             (MayBeDenied(playlist.systemReason) ? std::string(". ") + kFileAdvice : "");
     case MovedPlaylist::Fault::GenericNotWritten:
       return "what was read of it cannot be kept: see that the folder of the old machine's data "
              "can be written and the disk is not full";

@@ -29,15 +29,15 @@ internet, shares and removable drives are not looked up. Exit code 1: a file is 
 constexpr HelpText kVerifiedPathsHelp = {"Playlists: paths on the machine or on this system",
                                          "Paths of playlists"};
 
-using Kind = VerifiedReference::Kind;
+using ReferenceKind = VerifiedReference::Kind;
 
 /// Over all playlists. What is not looked up is not counted.
 void SayTotal(const std::vector<VerifiedPlaylist>& playlists, Console& console) {
   std::size_t found = 0;
   std::size_t missing = 0;
   for (const VerifiedPlaylist& playlist : playlists) {
-    found += playlist.Count(Kind::Found);
-    missing += playlist.Count(Kind::Missing);
+    found += playlist.Count(ReferenceKind::Found);
+    missing += playlist.Count(ReferenceKind::Missing);
   }
   console.Say("Playlists: " + std::to_string(playlists.size()) +
               ", references checked: " + std::to_string(found + missing) +
@@ -51,12 +51,12 @@ class VerifyObserver final : public ConsoleObserver {
 
   void OnVerified(const VerifiedPlaylist& playlist) override {
     const std::string path = ToUtf8(playlist.path);
-    Out().Print(path + ": " + std::to_string(playlist.Count(Kind::Found)) + " found, " +
-                std::to_string(playlist.Count(Kind::Missing)) + " missing, " +
-                std::to_string(playlist.Count(Kind::Address)) + " addresses");
+    Out().Print(path + ": " + std::to_string(playlist.Count(ReferenceKind::Found)) + " found, " +
+                std::to_string(playlist.Count(ReferenceKind::Missing)) + " missing, " +
+                std::to_string(playlist.Count(ReferenceKind::Address)) + " addresses");
     if (!playlist.whole) Out().LeftOut(path + ": " + FaultOf(playlist, path));
     for (const VerifiedReference& row : playlist.references) {
-      if (row.kind != Kind::Missing) continue;
+      if (row.kind != ReferenceKind::Missing) continue;
       Out().LeftOut(path + ": missing: " + ToUtf8(row.reference));
     }
   }
@@ -71,13 +71,13 @@ class VerifyObserver final : public ConsoleObserver {
 Json PlaylistDocument(const VerifiedPlaylist& playlist) {
   Json missing = Json::array();
   for (const VerifiedReference& row : playlist.references) {
-    if (row.kind == Kind::Missing) missing.push_back(ToUtf8(row.reference));
+    if (row.kind == ReferenceKind::Missing) missing.push_back(ToUtf8(row.reference));
   }
   return {{"path", ToUtf8(playlist.path)},
           {"whole", playlist.whole},
           {"reason", ToUtf8(playlist.reason)},
-          {"found", playlist.Count(Kind::Found)},
-          {"addresses", playlist.Count(Kind::Address)},
+          {"found", playlist.Count(ReferenceKind::Found)},
+          {"addresses", playlist.Count(ReferenceKind::Address)},
           {"missing", std::move(missing)}};
 }
 

@@ -68,6 +68,13 @@ class PlaceListener {
   virtual void OnPlaced(std::size_t job, const PlaceOutcome& outcome) = 0;
 };
 
+/// Whether two files have the same size and content.
+enum class Comparison {
+  Same,
+  Other,
+  Unknown  ///< the second one cannot be read now, as when another program keeps it to itself
+};
+
 /// Places files of one machine on another.
 class MediaPlacer {
  public:
@@ -78,9 +85,8 @@ class MediaPlacer {
   virtual void PlaceAll(std::span<const PlaceJob> jobs, PlaceMode mode,
                         PlaceListener& listener) = 0;
 
-  /// True when both files exist and have the same size and content; false also when one cannot be
-  /// read.
-  virtual bool IsSame(StringView source, StringView target) = 0;
+  /// How the two files compare. A source that cannot be read is like no other file.
+  virtual Comparison Compare(StringView source, StringView target) = 0;
   /// True when something has the target's name that is no file, so that no file can have it: a
   /// folder, or a link that leads nowhere; or when the system denies a look. Creates nothing.
   virtual bool IsBlocked(StringView target) = 0;

@@ -103,6 +103,7 @@ class NewMachine {
   void ShareSubNames() {
     // Without them all would go to other folders, and stay there.
     if (!DataCop::LoadSubNames(*planLibrary_)) {
+      RequireSubNames(*planLibrary_, settings_);
       throw MoveError(MoveFault::FileNotRead, ToUtf8(settings_.groupRoot + u"SubNames.txt"));
     }
     library_.Get().SubNames() = planLibrary_->SubNames();

@@ -131,7 +131,7 @@ bool PatientReader::AreOneSong(const SongSearch::Found& found) {
   if (found.count > found.paths.size()) return false;
   StreamPlacer contents(library_.Files(), library_.Files());
   return std::all_of(found.paths.begin(), found.paths.end(), [&](const String& path) {
-    return contents.IsSame(found.paths.front(), path);
+    return contents.Compare(found.paths.front(), path) == Comparison::Same;
   });
 }
 

@@ -222,7 +222,8 @@ void PlaceChooser::Occupy(std::size_t number, MovedSong& song, const String& pla
     folders_.insert(CaselessFingerprintOf(folder));
   });
   const std::optional<FileFacts> there = overlay_.Files().FactsOf(place);
-  song.state = there ? MovedSong::State::AlreadyThere : MovedSong::State::Planned;
+  const bool isThere = there && !doubtful_.contains(CaselessFingerprintOf(place));
+  song.state = isThere ? MovedSong::State::AlreadyThere : MovedSong::State::Planned;
   FileFacts facts;
   facts.name = there ? there->name : String(LastComponent(place));
   facts.size = song.size;
@@ -265,7 +266,14 @@ bool PlaceChooser::IsTaken(const MovedSong& song, const String& place) {
   if (places_.contains(folded) || folders_.contains(folded)) return true;
   FileSystem& files = overlay_.Files();
   if (files.FolderExists(place)) return true;
-  return files.FileExists(place) ? !placer_.IsSame(song.source, place) : placer_.IsBlocked(place);
+  const std::optional<FileFacts> there = files.FactsOf(place);
+  if (!there) return placer_.IsBlocked(place);
+  if (there->size != song.size) return true;
+  // One of the same size that cannot be read now is most likely the song, from an earlier move: it
+  // is not brought once more under another name, and bringing it tells why nobody can compare it.
+  const Comparison comparison = placer_.Compare(song.source, place);
+  if (comparison == Comparison::Unknown) doubtful_.insert(folded);
+  return comparison == Comparison::Other;
 }
 
 Adjustment::Reason PlaceChooser::WhyNot(std::size_t number, const String& place) {

@@ -84,6 +84,7 @@ class PlaceChooser {
   // By the folded paths, of which there are as many as songs.
   std::unordered_map<Fingerprint, std::size_t, FingerprintHash> places_;  // numbers of the songs
   std::unordered_set<Fingerprint, FingerprintHash> folders_;              // above the places
+  std::unordered_set<Fingerprint, FingerprintHash> doubtful_;  // what is there cannot be compared
   // Of the numbered names, by the first place.
   std::unordered_map<Fingerprint, int, FingerprintHash> nextMarks_;
 };

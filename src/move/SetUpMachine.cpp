@@ -230,6 +230,10 @@ std::vector<SetupStep> SetUp(Component& component, const SetupWishes& wishes, Ma
   const bool isUsualAsked = !wish && before.groupRoot.empty();
   if (isUsualAsked && !wishes.usualGroupRoot.empty()) {
     usual = CheckedRoot(component, wishes.usualGroupRoot, MoveFault::UsualGroupRootNotFull);
+    // Lists of older players could hold no song below it.
+    if (!component.Machine().AnsiPage().Fits(usual)) {
+      usual = String(DriveName(usual)) + u"\\Norvo Media\\";
+    }
   }
   const String planned = wish.value_or(usual);
   CheckDrive(component, before.groupRoot.empty() ? planned : before.groupRoot);

@@ -58,8 +58,15 @@ PlaceOutcome StreamPlacer::Place(const PlaceJob& job, PlaceListener& listener) {
 }
 
 PlaceOutcome StreamPlacer::Compare(const PlaceJob& job) {
-  if (!IsSame(job.source, job.target)) return Failed(PlaceFailure::OtherFileThere);
-  return {PlaceResult::AlreadyThere, PlaceFailure::None, {}};
+  switch (Compare(job.source, job.target)) {
+    case Comparison::Same:
+      return {PlaceResult::AlreadyThere, PlaceFailure::None, {}};
+    case Comparison::Other:
+      return Failed(PlaceFailure::OtherFileThere);
+    case Comparison::Unknown:
+      break;
+  }
+  return Failed(PlaceFailure::NotComparable);
 }
 
 void StreamPlacer::Copy(BinaryFile& source, StringView target, PlaceListener& listener) {
@@ -86,11 +93,18 @@ void StreamPlacer::CreateFolders(StringView path) {
   to_.CreateFolder(path);
 }
 
-bool StreamPlacer::IsSame(StringView source, StringView target) {
+Comparison StreamPlacer::Compare(StringView source, StringView target) {
+  std::unique_ptr<BinaryFile> ours;
   try {
-    return HaveSameContent(*from_.OpenForReading(source), *to_.OpenForReading(target));
+    ours = from_.OpenForReading(source);
   } catch (const RunTimeError&) {
-    return false;
+    return Comparison::Other;
+  }
+  try {
+    const bool same = HaveSameContent(*ours, *to_.OpenForReading(target));
+    return same ? Comparison::Same : Comparison::Other;
+  } catch (const RunTimeError&) {
+    return Comparison::Unknown;
   }
 }
 

@@ -13,7 +13,7 @@ class StreamPlacer final : public MediaPlacer {
   StreamPlacer(FileSystem& from, FileSystem& to) : from_(from), to_(to) {}
 
   void PlaceAll(std::span<const PlaceJob> jobs, PlaceMode mode, PlaceListener& listener) override;
-  bool IsSame(StringView source, StringView target) override;
+  Comparison Compare(StringView source, StringView target) override;
   bool IsBlocked(StringView target) override { return to_.FolderExists(target); }
   /// The full path without regard to case.
   std::string IdentityOf(StringView source) override;

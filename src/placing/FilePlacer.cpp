@@ -257,13 +257,20 @@ void FilePlacer::PlaceAll(std::span<const PlaceJob> jobs, PlaceMode mode, PlaceL
   Placing(from_, to_, jobs, mode, listener).Run();
 }
 
-bool FilePlacer::IsSame(StringView source, StringView target) {
+Comparison FilePlacer::Compare(StringView source, StringView target) {
+  std::optional<OpenedFile> ours;
+  try {
+    ours = Open(from_, source);
+  } catch (const FileError&) {
+    return Comparison::Other;
+  }
   try {
     const auto ignore = [](std::uint64_t) {};
-    const FileResult<bool> same = HaveSameContent(Open(from_, source), Open(to_, target), ignore);
-    return same && *same;
+    const FileResult<bool> same = HaveSameContent(*ours, Open(to_, target), ignore);
+    if (!same) return Comparison::Unknown;
+    return *same ? Comparison::Same : Comparison::Other;
   } catch (const FileError&) {
-    return false;
+    return Comparison::Unknown;
   }
 }
 

@@ -18,7 +18,7 @@ class FilePlacer final : public MediaPlacer {
   FilePlacer(HostedPlatform& from, HostedPlatform& to);
 
   void PlaceAll(std::span<const PlaceJob> jobs, PlaceMode mode, PlaceListener& listener) override;
-  bool IsSame(StringView source, StringView target) override;
+  Comparison Compare(StringView source, StringView target) override;
   bool IsBlocked(StringView target) override;
   /// Where it stands on this system's disk, however its path is spelled and whatever links lead to
   /// it.

@@ -84,6 +84,16 @@ TEST(MoveWords, APlaylistThatWasLeftOutSaysWhy) {
             "the new machine cannot note that it was moved: Disk full. Run again when it can");
 }
 
+TEST(MoveWords, OfAPlaylistThatIsDeniedThePathIsToldOnceAndWhatToDo) {
+  MovedPlaylist playlist;
+  playlist.fault = MovedPlaylist::Fault::Unreadable;
+  playlist.source = u"C:\\Music\\Mix.m3u";
+  playlist.systemReason = u"Permission denied: C:\\Music\\Mix.m3u";
+  EXPECT_EQ(ReasonText(playlist),
+            "it cannot be read: Permission denied. Close the program that uses it, see that it may "
+            "be read and written, and run again");
+}
+
 TEST(MoveWords, APlaylistThatIsNotReadNamesItsKindWhereThatIsKnown) {
   MovedPlaylist playlist;
   playlist.fault = MovedPlaylist::Fault::KindNotRead;

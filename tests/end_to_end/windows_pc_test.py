@@ -11,7 +11,8 @@ import time
 from pathlib import Path
 
 import windows_move_case
-from windows_move_case import LISTS, LONGEST, MIX, MUSIC, SONGS, WindowsMoveCase, fill, song
+from windows_move_case import (LISTS, LONGEST, MIX, MUSIC, OMEGA, SONGS, WindowsMoveCase, fill,
+                               song)
 
 from stage import may_mount, mount
 from windows_machine import HOLDER, PROGRAM, Locked
@@ -34,6 +35,19 @@ class WindowsPcTest(WindowsMoveCase):
         self.run_on(new, 0, "migrate", "--from", "E:\\old")
         come = {path.read_bytes() for path in (second / "Docs" / "Norvo Media").rglob("*.mp3")}
         self.assertEqual(come, {song(number) for number in SONGS.values()})
+
+    def test_documents_may_have_a_name_in_any_script(self):
+        fill(self.write_on(self.stick / "old" / "C"))
+        new = self.pc()
+        documents = f"C:\\Users\\{OMEGA}\\Documents"
+        new.place(documents).mkdir(parents=True)
+        new.keep_documents_in(documents)
+        self.run_on(new, 0, "migrate", "--from", "E:\\old")
+        # Older players' lists cannot hold that name.
+        self.check(new.drive, "Norvo Media/PlayLists")
+        self.assertTrue((new.place(documents) / "Norvo PlayLists" / "Mix.ini").is_file())
+        self.assertEqual([path for path in new.drive.rglob("*") if "?" in path.name], [])
+        self.run_on(new, 0, "verify")
 
     # ------------------------------------------------------------------------ the players ----
 
@@ -65,6 +79,23 @@ class WindowsPcTest(WindowsMoveCase):
 
     # --------------------------------------------------------------------------- mishaps ----
 
+    def test_what_another_program_keeps_to_itself_on_this_pc_is_named_and_stays(self):
+        fill(self.write_on(self.stick / "old" / "C"))
+        new = self.pc()
+        new.write(HOLDER, Path(windows_move_case.OPTIONS.holder).read_bytes())
+        self.run_on(new, 0, "migrate", "--from", "E:\\old")
+        before = {path for path in (new.drive / "My Documents").rglob("*")}
+        media = "C:\\My Documents\\Norvo Media\\"
+        with Locked(new, media + "Music\\One.mp3"):
+            told = self.run_on(new, 1, "migrate", "--from", "E:\\old")
+        self.assertIn("One.mp3: a file of that name is there already and cannot be compared: another "
+                      "program has it open", told)
+        with Locked(new, media + "SubNames.txt"):
+            told = self.run_on(new, 2, "migrate", "--from", "E:\\old")
+        self.assertIn(f"The file {media}SubNames.txt cannot be used: Permission denied. Close the "
+                      "program that uses it", told)
+        self.assertEqual({path for path in (new.drive / "My Documents").rglob("*")}, before)
+
     def test_a_move_that_is_killed_is_completed_by_the_next(self):
         old, count = self.stick / "old" / "C", 30
         write = self.write_on(old)
@@ -75,14 +106,17 @@ class WindowsPcTest(WindowsMoveCase):
         whole = {path.read_bytes() for path in old.rglob("*.mp3")}
         new = self.pc()
         documents = new.drive / "My Documents"
+        killed = 0
         points = (("*.mp3", 1), ("*.mp3", count // 2), ("*.m3u8", 1), ("WinAmp/*.m3u", 1))
         for pattern, enough in points:
             run = new.begin(PROGRAM, "migrate", "--from", "E:\\old")
             while run.poll() is None and len(list(documents.rglob(pattern))) < enough:
                 pass
+            killed += run.poll() is None
             run.kill()
             run.communicate(timeout=LONGEST)
             self.assertLessEqual({path.read_bytes() for path in documents.rglob("*.mp3")}, whole)
+        self.assertGreater(killed, 1)
         self.run_on(new, 0, "migrate", "--from", "E:\\old")
         self.assertEqual({path.read_bytes() for path in documents.rglob("*.mp3")}, whole)
         self.assertEqual([path.name for path in new.drive.rglob("*") if ".norvo-" in path.name], [])
@@ -124,6 +158,9 @@ class WindowsPcTest(WindowsMoveCase):
         self.run_on(old, 0, "migrate", "--to", "E:\\Move")
         come = {path.read_bytes() for path in (self.stick / "Move").rglob("*.mp3")}
         self.assertEqual(come, {song(1), song(2), song(3)})
+        with Locked(old, MIX):
+            told = self.run_on(old, 1, "migrate", "--to", "E:\\Other")
+        self.assertIn(f"{MIX}: it cannot be read: Permission denied. Close the program", told)
 
     # --------------------------------------------------------------------- one at a time ----
 

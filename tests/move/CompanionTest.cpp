@@ -105,7 +105,7 @@ TEST_F(CompanionTest, APlainNameThatCannotBeGivenIsToldOf) {
         listener.OnPlaced(i, {PlaceResult::Failed, PlaceFailure::NotCopied, u"the disk is full"});
       }
     }
-    bool IsSame(StringView, StringView) override { return false; }
+    Comparison Compare(StringView, StringView) override { return Comparison::Other; }
     bool IsBlocked(StringView) override { return false; }
     std::string IdentityOf(StringView) override { return {}; }
   } namer;

@@ -16,7 +16,7 @@ class BlindPlacer final : public MediaPlacer {
       listener.OnPlaced(i, {PlaceResult::Failed, PlaceFailure::TargetUnwritable, u"denied"});
     }
   }
-  bool IsSame(StringView, StringView) override { return false; }
+  Comparison Compare(StringView, StringView) override { return Comparison::Other; }
   bool IsBlocked(StringView target) override {
     const bool isBlocked = EndsWithIgnoreCase(target, ending_);
     looks += isBlocked ? 1 : 0;

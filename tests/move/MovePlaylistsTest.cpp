@@ -222,6 +222,20 @@ TEST_F(MovePlaylistsTest, ASongThatCannotBeReadIsLeftOutAndItsPlaylistGoes) {
   EXPECT_FALSE(move.IsWhole());
 }
 
+TEST_F(MovePlaylistsTest, ASongOfTheNewMachineThatCannotBeReadIsNotBroughtOnceMore) {
+  machines.AddMix();
+  ASSERT_TRUE(machines.Run().IsWhole());
+  const auto lists = machines.to->Files().AllFiles();
+  const String place = FromUtf8Lossy(kNewRoot + "Music\\Two.mp3");
+  machines.to->Files().Deny(place);
+  const MoveResult move = machines.Run();
+  EXPECT_EQ(SongsIn(move)[1], "C:\\Music\\Two.mp3 -> " + kNewRoot +
+                                  "Music\\Two.mp3: left out, NotBrought, NotComparable");
+  EXPECT_EQ(LineOf(move.playlists[0]), "C:\\Music\\Mix.m3u of type 3: already restored");
+  EXPECT_FALSE(move.IsWhole());
+  EXPECT_EQ(machines.to->Files().AllFiles(), lists);
+}
+
 TEST_F(MovePlaylistsTest, SongsOnABadSpotOfTheDiskAreLeftOutAndAllElseGoes) {
   machines.AddMix();
   machines.from->AddFile(u"C:\\Music\\Alone.mp3", "ID3");

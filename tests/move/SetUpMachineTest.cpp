@@ -153,6 +153,12 @@ TEST_F(SetUpMachineTest, AUsualGroupRootThatIsOnNoDriveMattersOnlyWhereNoOtherHo
   EXPECT_TRUE(again.warnings.empty());
 }
 
+TEST_F(SetUpMachineTest, AUsualGroupRootThatOlderListsCannotHoldIsAtTheTopOfItsDriveInstead) {
+  SetupWishes wishes;
+  wishes.usualGroupRoot = "C:\\Users\\\xD0\x9E\xD0\xBB\xD1\x8F\\Norvo Media\\";
+  EXPECT_EQ(GroupStep(Run(wishes)).path, u"C:\\Norvo Media\\KVs\\KVMediaPlayLists");
+}
+
 TEST_F(SetUpMachineTest, AGroupRootIsAFullPathOnADriveOfTheMachine) {
   SetupWishes wishes;
   wishes.groupRoot = "Media";

@@ -134,16 +134,25 @@ TEST_F(StreamPlacerTest, OfAFileThatTheListenerEndsNothingIsLeft) {
 TEST_F(StreamPlacerTest, FilesAreTheSameWhenTheirBytesAre) {
   from.AddFile(kSource, std::string(kPiece, 'x') + "y");
   to.AddFile(kTarget, std::string(kPiece, 'x') + "y");
-  EXPECT_TRUE(placer.IsSame(kSource, kTarget));
+  EXPECT_EQ(placer.Compare(kSource, kTarget), Comparison::Same);
   to.AddFile(kTarget, std::string(kPiece, 'x') + "z");
-  EXPECT_FALSE(placer.IsSame(kSource, kTarget));
+  EXPECT_EQ(placer.Compare(kSource, kTarget), Comparison::Other);
   to.AddFile(kTarget, std::string(kPiece, 'x'));
-  EXPECT_FALSE(placer.IsSame(kSource, kTarget));
-  EXPECT_FALSE(placer.IsSame(kSource, u"C:\\none.mp3"));
-  EXPECT_FALSE(placer.IsSame(u"C:\\none.mp3", kTarget));
-  to.AddFile(kTarget, from.Bytes(kSource));
+  EXPECT_EQ(placer.Compare(kSource, kTarget), Comparison::Other);
+}
+
+TEST_F(StreamPlacerTest, AFileThatCannotBeReadIsLikeNoOtherOrNobodyKnows) {
+  from.AddFile(kSource, "x");
+  to.AddFile(kTarget, "x");
+  EXPECT_EQ(placer.Compare(kSource, u"C:\\none.mp3"), Comparison::Unknown);
+  EXPECT_EQ(placer.Compare(u"C:\\none.mp3", kTarget), Comparison::Other);
+  to.Files().Deny(kTarget);
+  EXPECT_EQ(placer.Compare(kSource, kTarget), Comparison::Unknown);
+  Place();
+  ASSERT_EQ(notes.outcomes.size(), 1U);
+  EXPECT_EQ(notes.outcomes[0].failure, PlaceFailure::NotComparable);
   from.Files().Deny(kSource);
-  EXPECT_FALSE(placer.IsSame(kSource, kTarget));
+  EXPECT_EQ(placer.Compare(kSource, kTarget), Comparison::Other);
 }
 
 TEST_F(StreamPlacerTest, AFolderBlocksAName) {

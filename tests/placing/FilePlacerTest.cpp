@@ -425,15 +425,15 @@ TEST_F(FilePlacerTest, TheSameMeansSizeAndContent) {
   Put(New("C/empty.mp3"), "");
   std::filesystem::create_hard_link(Disk("C/a.mp3"), New("C/link.mp3"));
   FilePlacer placer(Machine(), NewMachine());
-  EXPECT_TRUE(placer.IsSame(u"C:\\a.mp3", u"C:\\same.MP3"));
-  EXPECT_TRUE(placer.IsSame(u"C:\\a.mp3", u"C:\\link.mp3"));
-  EXPECT_TRUE(placer.IsSame(u"C:\\empty.mp3", u"C:\\empty.mp3"));
-  EXPECT_FALSE(placer.IsSame(u"C:\\a.mp3", u"C:\\content.mp3"));
-  EXPECT_FALSE(placer.IsSame(u"C:\\a.mp3", u"C:\\size.mp3"));
-  EXPECT_FALSE(placer.IsSame(u"C:\\a.mp3", u"C:\\missing.mp3"));
-  EXPECT_FALSE(placer.IsSame(u"C:\\missing.mp3", u"C:\\same.mp3"));
-  EXPECT_FALSE(placer.IsSame(u"C:\\a.mp3", u"C:\\"));
-  EXPECT_FALSE(placer.IsSame(u"", u""));
+  EXPECT_EQ(placer.Compare(u"C:\\a.mp3", u"C:\\same.MP3"), Comparison::Same);
+  EXPECT_EQ(placer.Compare(u"C:\\a.mp3", u"C:\\link.mp3"), Comparison::Same);
+  EXPECT_EQ(placer.Compare(u"C:\\empty.mp3", u"C:\\empty.mp3"), Comparison::Same);
+  EXPECT_EQ(placer.Compare(u"C:\\a.mp3", u"C:\\content.mp3"), Comparison::Other);
+  EXPECT_EQ(placer.Compare(u"C:\\a.mp3", u"C:\\size.mp3"), Comparison::Other);
+  EXPECT_EQ(placer.Compare(u"C:\\missing.mp3", u"C:\\same.mp3"), Comparison::Other);
+  EXPECT_EQ(placer.Compare(u"", u""), Comparison::Other);
+  EXPECT_EQ(placer.Compare(u"C:\\a.mp3", u"C:\\missing.mp3"), Comparison::Unknown);
+  EXPECT_EQ(placer.Compare(u"C:\\a.mp3", u"C:\\"), Comparison::Unknown);
 }
 
 TEST_F(FilePlacerTest, TellsWhatNoFileCanReplace) {

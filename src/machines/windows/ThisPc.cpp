@@ -3,6 +3,7 @@
 #include <functional>
 #include <utility>
 
+#include "platform/windows/WideShell.h"
 #include "platform/windows/WindowsPlatform.h"
 
 namespace norvo {
@@ -18,16 +19,19 @@ std::shared_ptr<HostedPlatform> DrivesOf(Platform& machine) {
   return std::make_shared<HostedPlatform>(std::move(layout));
 }
 
-/// Who hears of the machine's oddities hears of those of its drives.
+/// Who hears of the machine's oddities hears of those of its drives. The names of its users and
+/// folders may be in any script.
 class MachineWithDisks final : public WindowsPlatform {
  public:
   const std::shared_ptr<HostedPlatform>& Disks() const { return disks_; }
+  ShellFolders& Shell() override { return shell_; }
   void SetWarningSink(WarningSink sink) override {
     disks_->SetWarningSink(sink);
     WindowsPlatform::SetWarningSink(std::move(sink));
   }
 
  private:
+  WideShell shell_;
   std::shared_ptr<HostedPlatform> disks_ = DrivesOf(*this);
 };
 
