@@ -26,7 +26,7 @@ function Set-Log($mode) {
 function Get-Log {
     foreach ($hive in 'HKEY_CURRENT_USER', 'HKEY_LOCAL_MACHINE') {
         $mode = Get-RegistryText "$hive\Software\Norvo\Debug" 'VBDebugOut'
-        if ($mode) { return $mode }
+        if ($null -ne $mode) { return $mode }
     }
     return 0
 }

@@ -59,11 +59,47 @@ Function un.onInit
   SetShellVarContext all
 FunctionEnd
 
+; What a program has open would stay, to go at the next start of Windows, with what was installed in
+; its place meanwhile: nothing is begun then. A program that runs cannot be opened for writing.
+!macro RequireUnused UN
+  Function ${UN}RequireUnused
+    Exch $0
+    ${If} ${FileExists} "$0"
+      ClearErrors
+      FileOpen $1 "$0" a
+      ${If} ${Errors}
+        MessageBox MB_ICONSTOP "$0 is in use. Close the programs that use it, scripts too, and try again." /SD IDOK
+        SetErrorLevel 4
+        Quit
+      ${EndIf}
+      FileClose $1
+    ${EndIf}
+    Pop $0
+  FunctionEnd
+
+  Function ${UN}RequireAllUnused
+    Exch $0
+    Push "$0\x64\NorvoPlayList.dll"
+    Call ${UN}RequireUnused
+    Push "$0\x86\NorvoPlayList.dll"
+    Call ${UN}RequireUnused
+    Push "$0\x64\norvo-playlists.exe"
+    Call ${UN}RequireUnused
+    Push "$0\x86\norvo-playlists.exe"
+    Call ${UN}RequireUnused
+    Pop $0
+  FunctionEnd
+!macroend
+!insertmacro RequireUnused ""
+!insertmacro RequireUnused "un."
+
 ; An earlier version goes first, so that none of its files stays.
 Function RemoveEarlierVersion
   ReadRegStr $0 HKLM "${UNINSTALL_KEY}" "InstallLocation"
   ${If} $0 != ""
   ${AndIf} ${FileExists} "$0\Uninstall.exe"
+    Push "$0"
+    Call RequireAllUnused
     ; Told its folder, it works from there and ends when it is done.
     ExecWait '"$0\Uninstall.exe" /S _?=$0'
     Delete "$0\Uninstall.exe"
@@ -73,7 +109,14 @@ FunctionEnd
 
 Section
   Call RemoveEarlierVersion
+  Push "$INSTDIR"
+  Call RequireAllUnused
+  ClearErrors
   !insertmacro InstallFiles
+  ${If} ${Errors}
+    SetErrorLevel 5
+    Abort "Not all files could be written to $INSTDIR"
+  ${EndIf}
   SetOutPath "$INSTDIR"
   WriteUninstaller "$INSTDIR\Uninstall.exe"
 
@@ -111,6 +154,8 @@ Section
 SectionEnd
 
 Section "Uninstall"
+  Push "$INSTDIR"
+  Call un.RequireAllUnused
   ExecWait '${REGISTER_X64} /u "$INSTDIR\x64\NorvoPlayList.dll"'
   ${If} ${FileExists} "${WOW64_REGSVR32}"
     ExecWait '"${WOW64_REGSVR32}" /s /u "$INSTDIR\x86\NorvoPlayList.dll"'

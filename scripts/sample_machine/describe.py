@@ -36,6 +36,8 @@ how.
 - `source.vbs`, `source.js`, `source.ps1` and `cpp/source.cpp` list the playlists of the machine,
   print the list, and turn each playlist into a neutral file. The C++ program uses the header
   `NorvoPlayList.h` of the Windows package: `cmake -S cpp -B build && cmake --build build`.
+- `ListSongs`, `FindMissing`, `WriteAnew`, `Repair`, `Carry` and `Events`, each in VBScript, JScript,
+  PowerShell and C#, are what [the manual for script authors](../docs/manual/scripts.md) is about.
 - `destination.vbs` turns the neutral files below the user's documents into native playlists.
 
 ## The old machine

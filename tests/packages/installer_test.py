@@ -8,6 +8,7 @@ program stands for the system's 32-bit regsvr32 that writes down how it was call
 import argparse
 import re
 import shutil
+import struct
 import subprocess
 import sys
 import tempfile
@@ -23,6 +24,7 @@ from makers.playlists import Item, m3u  # noqa: E402
 from makers.text import encoded, joined  # noqa: E402
 from wine_prefix import WinePrefix  # noqa: E402
 
+ROOT = Path(__file__).resolve().parents[2]
 OPTIONS = None
 FOLDER = "Program Files/NorvoPlayList"
 INSTALLED = "C:\\Program Files\\NorvoPlayList"
@@ -188,9 +190,19 @@ class InstallerTest(unittest.TestCase):
                          ("REG_SZ", version))
         self.assertEqual(self.prefix.registry_value(UNINSTALL, "QuietUninstallString"),
                          ("REG_SZ", f'"{UNINSTALLER}" /S'))
-        installer = Path(OPTIONS.installer).read_bytes()
-        self.assertRegex(installer, "FileVersion".encode("utf-16-le") + rb"\0+" +
-                         version.encode("utf-16-le") + rb"\0")
+        icon = self.work / "norvo.ico"
+        subprocess.run([ROOT / "scripts/make-icon.py", icon], check=True)
+        drawn = icon.read_bytes()
+        images = [drawn[place:place + size] for size, place in
+                  (struct.unpack_from("<II", drawn, 6 + 16 * number + 8)
+                   for number in range(struct.unpack_from("<H", drawn, 4)[0]))]
+        for program in (Path(OPTIONS.installer), self.prefix.path(FOLDER + "/Uninstall.exe")):
+            with self.subTest(program.name):
+                content = program.read_bytes()
+                self.assertRegex(content, "FileVersion".encode("utf-16-le") + rb"\0+" +
+                                 version.encode("utf-16-le") + rb"\0")
+                for image in images:
+                    self.assertIn(image, content)
 
     # ----------------------------------------------------------------------------- using ----
 
@@ -216,6 +228,23 @@ class InstallerTest(unittest.TestCase):
                                         f'/s "{INSTALLED}\\x86\\NorvoPlayList.dll'])
 
     # -------------------------------------------------------------------------- removing ----
+
+    def test_23_while_a_script_uses_it_nothing_is_changed(self):
+        self.prefix.put("hold.vbs", 'Set held = CreateObject("NorvoPlayList.Entry")\n'
+                        'WScript.Echo "held"\nWScript.Sleep 60000\n')
+        holder = self.prefix.begin("cscript", "//nologo", "C:\\hold.vbs")
+        self.addCleanup(holder.wait)
+        self.addCleanup(self.prefix.run, "taskkill", "/f", "/im", "cscript.exe")
+        self.assertIn(b"held", holder.stdout.readline())
+        files, registry = self.files(), self.registry()
+        for program in ("C:\\setup.exe", UNINSTALLER):
+            with self.subTest(program):
+                _, status = self.prefix.run(program, "/S")
+                if program != UNINSTALLER:  # which ends before its copy does
+                    self.assertEqual(status, 4)
+                time.sleep(2)
+                self.assertEqual(self.files(), files)
+                self.assertEqual(self.registry(), registry)
 
     def test_30_it_is_removed_silently_and_leaves_a_persons_data_alone(self):
         self.remove()
