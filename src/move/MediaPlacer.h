@@ -70,8 +70,8 @@ class PlaceListener {
 
 /// Whether two files have the same size and content.
 enum class Comparison {
-  Same,
-  Other,
+  Same,    ///< byte for byte
+  Other,   ///< another content, or none
   Unknown  ///< the second one cannot be read now, as when another program keeps it to itself
 };
 

@@ -11,7 +11,8 @@ ROOT = Path(__file__).resolve().parents[2]
 DOCUMENTS = Path("/usr/share/doc")
 NOTICES = ROOT / "docs/THIRD-PARTY-NOTICES.md"
 # Where a work is a part of what a package was made from.
-FILES = {"winpthreads": "mingw-w64-libraries/winpthreads/*", "jQuery": "jquery/jquery*.js",
+FILES = {"winpthreads": "mingw-w64-libraries/winpthreads/*",
+         "7-Zip's LZMA in NSIS": "Source/7zip/*", "jQuery": "jquery/jquery*.js",
          "jQuery UI": "jquery/jquery.ui-*.js", "jQuery PowerTip": "jquery/jquery.powertip*.js",
          "jQuery scrollTo": "jquery/jquery.scrollTo*.js",
          "SmartMenus": "jquery/jquery.smartmenus*.js"}
