@@ -1,17 +1,13 @@
 #include "platform/hosted/HostedLayout.h"
 
-#include <limits>
-#include <optional>
 #include <utility>
 
 #include "automation/RunTimeError.h"
 #include "platform/files/DiskPath.h"
 #include "platform/files/FileBytes.h"
 #include "platform/files/FileError.h"
-#include "services/IniDocument.h"
-#include "text/CodePage.h"
+#include "platform/hosted/MachineSettings.h"
 #include "text/Encoding.h"
-#include "text/Number.h"
 
 namespace norvo {
 namespace {
@@ -23,24 +19,6 @@ namespace fs = std::filesystem;
 constexpr std::size_t kMostSettingsBytes = std::size_t{1024} * 1024;
 
 constexpr const char* kSettingsFile = "machine.ini";
-
-struct TypeName {
-  StringView name;
-  DriveType type;
-};
-
-constexpr TypeName kTypeNames[] = {{u"fixed", DriveType::Fixed},
-                                   {u"removable", DriveType::Removable},
-                                   {u"cdrom", DriveType::CdRom},
-                                   {u"network", DriveType::Network},
-                                   {u"ramdisk", DriveType::RamDisk}};
-
-DriveType TypeByName(StringView name) {
-  for (const TypeName& row : kTypeNames) {
-    if (EqualsIgnoreCase(row.name, name)) return row.type;
-  }
-  return DriveType::Unknown;
-}
 
 String Shown(const fs::path& path) {
   return FromUtf8Lossy(ToDiskPath(path));
@@ -97,63 +75,26 @@ fs::path CheckedFolder(const fs::path& folder) {
   return FullSystemPath(folder);
 }
 
-/// They are UTF-8 text, or else 8-bit text.
-IniDocument DecodedSettings(const std::string& bytes) {
-  if (DetectEncoding(bytes) == FileEncoding::CodePage) {
-    if (std::optional<String> text = FromUtf8(bytes)) return IniDocument(std::move(*text));
-  }
-  return IniDocument(DecodeFile(bytes, Windows1252()));
-}
-
-/// "cdrom,/mnt/disc" or just "cdrom".
-HostedDrive DriveOf(const fs::path& machineFolder, char letter, StringView setting,
-                    std::vector<String>& warnings) {
-  const std::size_t comma = setting.find(u',');
-  const StringView typeName = Trim(setting.substr(0, comma));
-  const StringView folder =
-      comma == StringView::npos ? StringView() : Trim(setting.substr(comma + 1));
-  const DriveType type = TypeByName(typeName);
-  const char16_t wide = static_cast<char16_t>(letter);
-  if (type == DriveType::Unknown) {
-    warnings.push_back(String(u"machine.ini: drive ") + wide + u": has the unknown type \"" +
-                       String(typeName) + u"\"");
-  }
-  return {wide, type,
-          folder.empty() ? DefaultFolder(machineFolder, letter)
-                         : machineFolder / ToSystemPath(ToUtf8(folder))};
-}
-
-void ReadDrives(const fs::path& machineFolder, const IniDocument& settings, HostedLayout& layout) {
-  const std::size_t section = settings.FindSection(u"Drives");
+std::vector<HostedDrive> DrivesThere(const fs::path& machineFolder) {
+  std::vector<HostedDrive> drives;
   for (char letter = 'A'; letter <= 'Z'; ++letter) {
-    const char16_t wide = static_cast<char16_t>(letter);
-    if (section != IniDocument::kNone) {
-      const std::optional<StringView> setting = settings.Value(section, StringView(&wide, 1));
-      if (!setting) continue;
-      layout.drives.push_back(DriveOf(machineFolder, letter, *setting, layout.warnings));
-    } else if (fs::path folder = DefaultFolder(machineFolder, letter); IsFolder(folder)) {
-      layout.drives.push_back({wide, DriveType::Fixed, std::move(folder)});
+    if (fs::path folder = DefaultFolder(machineFolder, letter); IsFolder(folder)) {
+      drives.push_back({static_cast<char16_t>(letter), DriveType::Fixed, std::move(folder)});
     }
   }
+  return drives;
 }
 
-/// Nothing for a key that spells no number, or spells it in another way than we do ("05").
-std::optional<std::int32_t> IdentifierOf(StringView key) {
-  using Limits = std::numeric_limits<std::int32_t>;
-  const std::optional<double> number = ParseNumber(key);
-  if (!number || *number < Limits::min() || *number > Limits::max()) return std::nullopt;
-  const auto identifier = static_cast<std::int32_t>(*number);
-  return FormatInteger(identifier) == key ? std::optional(identifier) : std::nullopt;
-}
-
-void ReadShellFolders(const IniDocument& settings, HostedLayout& layout) {
-  const std::size_t section = settings.FindSection(u"ShellFolders");
-  if (section == IniDocument::kNone) return;
-  for (const StringView key : settings.Keys(section)) {
-    if (const std::optional<std::int32_t> identifier = IdentifierOf(key)) {
-      layout.shellFolders.emplace(*identifier, settings.Value(section, key).value_or(StringView()));
-    }
+std::vector<HostedDrive> DrivesAsTold(const fs::path& machineFolder,
+                                      const std::vector<MachineSettings::Drive>& told) {
+  std::vector<HostedDrive> drives;
+  for (const MachineSettings::Drive& drive : told) {
+    fs::path folder = drive.folder.empty()
+                          ? DefaultFolder(machineFolder, static_cast<char>(drive.letter))
+                          : machineFolder / ToSystemPath(ToUtf8(drive.folder));
+    drives.push_back({drive.letter, drive.type, std::move(folder)});
   }
+  return drives;
 }
 
 }  // namespace
@@ -173,11 +114,12 @@ std::string MachineSettingsIn(const fs::path& machineFolder) {
 
 HostedLayout ReadLayout(const fs::path& machineFolder) {
   const fs::path folder = CheckedFolder(machineFolder);
-  const IniDocument settings = DecodedSettings(MachineSettingsIn(folder));
+  MachineSettings settings = ReadMachineSettings(MachineSettingsIn(folder));
   HostedLayout layout;
-  ReadDrives(folder, settings, layout);
-  ReadShellFolders(settings, layout);
+  layout.drives = settings.drives ? DrivesAsTold(folder, *settings.drives) : DrivesThere(folder);
   layout.registryFile = folder / "registry.reg";
+  layout.shellFolders = std::move(settings.shellFolders);
+  layout.warnings = std::move(settings.warnings);
   return layout;
 }
 
