@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
-"""Runs the example scripts (examples/automation) with the script hosts of Wine, those of both
-languages over the same PC: each tells the same, and leaves the same files."""
+"""Runs the example scripts (examples/automation) with the script hosts of Wine, and the program in
+C++ among them, those of all languages over the same PC: each tells the same, and leaves the same
+files."""
 
 import argparse
 import shutil
@@ -70,6 +71,7 @@ def setUpModule():
     unittest.addModuleCleanup(PREFIX.stop)
     PREFIX.boot()
     PREFIX.bring(OPTIONS.dll, "Norvo/NorvoPlayList.dll")
+    PREFIX.bring(OPTIONS.early_bound, "Examples/source.exe")
     for language in LANGUAGES:
         for script in EXAMPLES.glob("*." + language):
             PREFIX.bring(script, "Examples/" + script.name)
@@ -123,7 +125,10 @@ class Examples(unittest.TestCase):
         Examples.role = role
 
     def check(self, script, words, status, *lines):
-        output, found = PREFIX.run("cscript", "//nologo", script, *words, folder="Examples")
+        host = ["cscript", "//nologo", script]
+        if script.endswith(".exe"):
+            host = ["C:\\Examples\\" + script]
+        output, found = PREFIX.run(*host, *words, folder="Examples")
         self.assertEqual((output.replace("\r\n", "\n"), found), (lines_of(*lines), status), script)
 
     def in_each_language(self, name, status, words, *lines):
@@ -237,10 +242,10 @@ class Examples(unittest.TestCase):
                        "0 events")
 
     def test_source_and_destination(self):
-        for language in LANGUAGES:
-            with self.subTest(language):
+        for ending in (*LANGUAGES, "exe"):
+            with self.subTest(ending):
                 self.be(SOURCE)
-                self.check(f"source.{language}", [], 0, "C:\\Music\\Slow.asx", "C:\\Music\\Trip.m3u",
+                self.check(f"source.{ending}", [], 0, "C:\\Music\\Slow.asx", "C:\\Music\\Trip.m3u",
                            "C:\\Music\\Evening.pls", "C:\\Music\\Plain.m3u", "4 playlists found",
                            "Done: the neutral files are in the folder KVs of the group root.")
         neutral = self.text(GROUP_ROOT + "KVs\\Trip.ini")
@@ -258,6 +263,7 @@ def main():
     global OPTIONS
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--dll", required=True)
+    parser.add_argument("--early-bound", required=True, help="the example in C++, built")
     parser.add_argument("--prefix", help="folder of the PC; must not exist, and is kept")
     OPTIONS, rest = parser.parse_known_args()
     with tempfile.TemporaryDirectory(prefix="norvo-examples-") as folder:
