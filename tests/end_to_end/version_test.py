@@ -6,6 +6,7 @@ import argparse
 import re
 import subprocess
 import unittest
+from datetime import date
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
@@ -66,6 +67,13 @@ class VersionTest(unittest.TestCase):
         text = (ROOT / "docs/automation.md").read_text()
         named = re.findall(r'name="NorvoPlayList" version="([\d.]+)"', text)
         self.assertEqual(set(named), {self.version + ".0"})
+
+    def test_the_changelog_begins_with_it_and_its_day(self):
+        text = (ROOT / "CHANGELOG.md").read_text(encoding="utf-8")
+        first = re.search(r"^## (.*)$", text, re.M)[1]
+        version, _, day = first.partition(" ")
+        self.assertEqual(version, self.version)
+        date.fromisoformat(day.strip("()"))
 
     def test_no_file_of_the_sources_spells_it(self):
         spelt = re.compile(rf"(?<![\d.]){re.escape(self.version)}(?![\d])")
