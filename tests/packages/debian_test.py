@@ -3,6 +3,7 @@
 them again. What cannot be tried, and why, is said; then it ends with 77."""
 
 import argparse
+import gzip
 import re
 import subprocess
 import sys
@@ -98,9 +99,11 @@ class InstalledProgram(PackageCase):
         for name in ("man/man1/norvo-playlists.1.gz",
                      "bash-completion/completions/norvo-playlists",
                      "zsh/vendor-completions/_norvo-playlists",
-                     "fish/vendor_completions.d/norvo-playlists.fish",
-                     "doc/norvo-playlists/html/docs/manual/index.html"):
+                     "fish/vendor_completions.d/norvo-playlists.fish"):
             self.assertTrue((share / name).is_file(), name)
+        page = gzip.decompress((share / "man/man1/norvo-playlists.1.gz").read_bytes()).decode()
+        manual = re.search(r"/usr/share/(\S+/index\.html) ", page.replace("\\-", "-"))[1]
+        self.assertTrue((share / manual).is_file(), manual)
         self.check_papers()
 
     def test_4_nothing_of_it_stays(self):

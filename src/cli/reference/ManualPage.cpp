@@ -8,6 +8,11 @@
 namespace norvo::cli {
 namespace {
 
+constexpr const char* kManual =
+    "The manual tells how a whole move goes, and what to do about all that it leaves out: "
+    "/usr/share/doc/norvo-playlists/html/docs/manual/index.html from Debian's package, "
+    "docs/manual/index.md in the sources.";
+
 /// Columns that are left of a terminal's 80 beside the page's margin.
 constexpr std::size_t kExampleColumns = 73;
 
@@ -135,6 +140,7 @@ std::string ManualPage(const CommandTable& table, const std::string& version) {
   page += ".SH COMMANDS\n";
   for (const CommandRow& command : table.commands) page += CommandPart(command);
   page += ".SH EXIT STATUS\n" + Text(exitCodes);
+  page += ".SH SEE ALSO\n" + Escaped(kManual) + '\n';
   return page;
 }
 

@@ -32,7 +32,7 @@ TEST(ManualPageTest, AnExampleThatIsTooLongGoesOnBehindABackslash) {
 TEST(ManualPageTest, TheExitCodesHaveASectionOfTheirOwn) {
   const std::string page = ManualPage(TableOf({"show", "Show", "", {}, {}}), "1");
   EXPECT_TRUE(Holds(page, ".SH DESCRIPTION\n.PP\nText.\n.SH OPTIONS\n")) << page;
-  EXPECT_TRUE(page.ends_with(".SH EXIT STATUS\n.PP\nExit codes: 0 done.\n")) << page;
+  EXPECT_TRUE(Holds(page, "\n.SH EXIT STATUS\n.PP\nExit codes: 0 done.\n.SH SEE ALSO\n")) << page;
 }
 
 TEST(ManualPageTest, WhatMustBeGivenStandsInTheSynopsis) {
