@@ -28,7 +28,8 @@ void ConsoleObserver::OnProgress(const WorkProgress& progress) {
 void ConsoleObserver::OnWarning(const WorkWarning& warning) {
   // All that was wished for is done.
   const bool isNote = warning.kind == WorkWarning::Kind::SettingsOfUser ||
-                      warning.kind == WorkWarning::Kind::LinkNotFollowed;
+                      warning.kind == WorkWarning::Kind::LinkNotFollowed ||
+                      warning.kind == WorkWarning::Kind::LogFolderNotMade;
   if (isNote) return console_.Note(TextOf(warning));
   const bool isUnread = warning.kind == WorkWarning::Kind::Library &&
                         warning.warning.kind == WarningKind::FileNotRead;

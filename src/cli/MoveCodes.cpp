@@ -255,6 +255,8 @@ const char* CodeOf(WorkWarning::Kind kind) {
       return "linkNotFollowed";
     case WorkWarning::Kind::CopiesNotNoted:
       return "copiesNotNoted";
+    case WorkWarning::Kind::LogFolderNotMade:
+      return "logFolderNotMade";
   }
   return "";
 }

@@ -143,6 +143,10 @@ std::string TextOf(const WorkWarning& warning, const char* library) {
     case Kind::LogNotWritten:
       return "No log is written: " + ToUtf8(warning.subject) + ": " +
              WithoutPath(ToUtf8(warning.detail), ToUtf8(warning.subject)) + ". " + kFileAdvice;
+    case Kind::LogFolderNotMade:
+      return "The product folder " + ToUtf8(warning.subject) +
+             " cannot be created: " + WithoutPath(ToUtf8(warning.detail), ToUtf8(warning.subject)) +
+             ". It takes the log alone; nothing else hangs on that.";
     case Kind::SettingsOfUser:
       return "The program's settings hold for this user alone, in HKEY_CURRENT_USER\\" +
              ToUtf8(warning.subject) +

@@ -30,6 +30,7 @@ bool IsNotice(const WorkWarning& warning) {
          warning.kind == WorkWarning::Kind::GroupRootKept ||
          warning.kind == WorkWarning::Kind::TimesLost ||
          warning.kind == WorkWarning::Kind::LinkNotFollowed ||
+         warning.kind == WorkWarning::Kind::LogFolderNotMade ||
          warning.kind == WorkWarning::Kind::SettingsOfUser;
 }
 

@@ -72,7 +72,13 @@ class Setup {
         return Warn(WorkWarning::Kind::SettingUnusable, u"ProductFolder");
       }
     }
-    Folder(SetupStep::Kind::ProductFolder, component_.Machine().Product().Folder());
+    const String folder = component_.Machine().Product().Folder();
+    // A person without an administrator's rights may not be let to the top of the drive.
+    try {
+      MakeFolder(SetupStep::Kind::ProductFolder, folder);
+    } catch (const RunTimeError& failure) {
+      Warn(WorkWarning::Kind::LogFolderNotMade, folder, failure.Description());
+    }
   }
 
   void GroupKey(const String& groupRoot) {
@@ -91,10 +97,12 @@ class Setup {
     throw MoveError(MoveFault::RegistryUnwritable);
   }
 
-  void Folder(SetupStep::Kind kind, const String& path) {
-    const bool there = component_.Files().FolderExists(path);
-    if (!there) CreateChain(path);
-    Note({kind, {}, path, {}, {}, !there});
+  void GroupRootFolder(const String& path) {
+    try {
+      MakeFolder(SetupStep::Kind::GroupRootFolder, path);
+    } catch (const RunTimeError& failure) {
+      throw MoveError(MoveFault::FolderNotCreated, ToUtf8(path), ToUtf8(failure.Description()));
+    }
   }
 
   void SubNames(const String& groupRoot) {
@@ -111,11 +119,12 @@ class Setup {
 
   void Note(SetupStep step) { steps_.push_back(std::move(step)); }
 
-  void Warn(WorkWarning::Kind kind, const String& subject) {
+  void Warn(WorkWarning::Kind kind, const String& subject, const String& detail = {}) {
     WorkWarning warning;
     warning.kind = kind;
     warning.side = side_;
     warning.subject = subject;
+    warning.detail = detail;
     report_.Warn(std::move(warning));
   }
 
@@ -168,13 +177,14 @@ class Setup {
     });
   }
 
-  void CreateChain(StringView path) {
-    try {
+  /// With those above it. RunTimeError when one cannot be made.
+  void MakeFolder(SetupStep::Kind kind, const String& path) {
+    const bool there = component_.Files().FolderExists(path);
+    if (!there) {
       for (const StringView folder : FoldersAbove(path)) Create(folder);
       Create(path);
-    } catch (const RunTimeError& failure) {
-      throw MoveError(MoveFault::FolderNotCreated, ToUtf8(path), ToUtf8(failure.Description()));
     }
+    Note({kind, {}, path, {}, {}, !there});
   }
 
   void Create(StringView folder) {
@@ -245,7 +255,7 @@ std::vector<SetupStep> SetUp(Component& component, const SetupWishes& wishes, Ma
   if (!root.empty()) setup.GroupKey(root);
   if (wishes.withProductFolder) setup.ProductFolder(root);
   if (!root.empty()) {
-    setup.Folder(SetupStep::Kind::GroupRootFolder, root);
+    setup.GroupRootFolder(root);
     setup.SubNames(root);
   }
   return setup.Steps();

@@ -82,7 +82,8 @@ struct WorkWarning {
     TagsNotRead,        ///< the tags of the song `subject` were not read: `detail`
     SettingsOfUser,     ///< below `subject` in the user's hive, since the machine's refuses them
     LinkNotFollowed,    ///< a link of the machine, which nothing is known to need: `warning.text`
-    CopiesNotNoted      ///< which lists were made here could not be noted in `subject`: `detail`
+    CopiesNotNoted,     ///< which lists were made here could not be noted in `subject`: `detail`
+    LogFolderNotMade    ///< the product folder `subject`, which takes logs alone, since `detail`
   };
 
   Kind kind = Kind::Library;            ///< decides which of the others are set

@@ -60,7 +60,7 @@ void ExpectWords(Value first, Value last) {
 TEST(MoveCodes, EveryReasonHasAWordOfItsOwn) {
   ExpectWords(Adjustment::Reason::NameUnusable, Adjustment::Reason::OldAddressTaken);
   ExpectWords(Mending::Kind::NotListed, Mending::Kind::DetailsFilled);
-  ExpectWords(WorkWarning::Kind::Library, WorkWarning::Kind::SettingsOfUser);
+  ExpectWords(WorkWarning::Kind::Library, WorkWarning::Kind::LogFolderNotMade);
   ExpectWords(MovedItem::Fate::Song, MovedItem::Fate::Ambiguous);
   ExpectWords(MovedPlaylist::Fault::KindNotRead, MovedPlaylist::Fault::NotNoted);
   ExpectWords(MovedPlaylist::SkipRule::RecycleBin, MovedPlaylist::SkipRule::OtherForm);

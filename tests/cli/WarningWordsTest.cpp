@@ -123,6 +123,12 @@ TEST(WarningWords, WithoutTheProductFolderThereIsNoLog) {
             "creates it.");
 }
 
+TEST(WarningWords, AFolderOfTheLogAloneIsMissedByNothingElse) {
+  EXPECT_EQ(TextOf(WarningOf(Kind::LogFolderNotMade, u"C:\\Norvo\\", u"Permission denied")),
+            "The product folder C:\\Norvo\\ cannot be created: Permission denied. It takes the log "
+            "alone; nothing else hangs on that.");
+}
+
 TEST(WarningWords, WhatTheReadingBackHasFoundIsToldOfTheFile) {
   EXPECT_EQ(TextOf(WarningOf(Kind::NativesMissing, u"C:\\Mix.m3u", {}, {}, 3, 4)),
             "C:\\Mix.m3u: only 3 of its 4 new lists were written");

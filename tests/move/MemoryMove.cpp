@@ -60,7 +60,8 @@ std::string NameOf(WorkWarning::Kind kind) {
                 "UntellableAddress", "NativeGone",       "NativeIncomplete", "WrongSong",
                 "ChangedAddress",    "ListDamaged",      "NoPlainName",      "TimesLost",
                 "CompanionMissing",  "PlayerNotPointed", "CountedListWrong", "CountedSongWrong",
-                "TagsNotRead",       "SettingsOfUser",   "LinkNotFollowed",  "CopiesNotNoted"});
+                "TagsNotRead",       "SettingsOfUser",   "LinkNotFollowed",  "CopiesNotNoted",
+                "LogFolderNotMade"});
 }
 
 /// In front of what is there.

@@ -63,8 +63,6 @@ TEST_F(MoveErrorTest, ARegistryThatTakesNothingEndsTheMove) {
 }
 
 TEST_F(MoveErrorTest, AFolderThatCannotBeCreatedIsNamedWithTheReason) {
-  machines.to->FailOn(u"CreateFolder", 1, error::kDiskFull);
-  ExpectError(ErrorOfMove(), MoveFault::FolderNotCreated, "C:\\Norvo\\", "Disk full");
   machines.to->FailOn(u"CreateFolder", 3, error::kPermissionDenied);
   ExpectError(ErrorOfMove(), MoveFault::FolderNotCreated, "C:\\My Documents\\Norvo Media\\",
               "Permission denied");

@@ -90,6 +90,17 @@ TEST_F(SetUpMachineTest, WhereOnlyAnAdministratorMayWriteTheSettingsAreTheUsers)
   EXPECT_TRUE(Run().warnings.empty());
 }
 
+TEST_F(SetUpMachineTest, AProductFolderThatCannotBeMadeIsNoted) {
+  platform->FailOn(u"CreateFolder", 1, error::kPermissionDenied);
+  const SetupResult result = Run();
+  ASSERT_EQ(result.warnings.size(), 1u);
+  EXPECT_EQ(result.warnings[0].kind, WorkWarning::Kind::LogFolderNotMade);
+  EXPECT_EQ(result.warnings[0].subject, u"C:\\Norvo\\");
+  EXPECT_EQ(result.warnings[0].detail, u"Permission denied");
+  EXPECT_TRUE(IsNotice(result.warnings[0]));
+  EXPECT_TRUE(platform->Files().FileExists(u"C:\\My Documents\\Norvo Media\\SubNames.txt"));
+}
+
 TEST_F(SetUpMachineTest, AWriteThatFailsOnceIsNoRefusal) {
   platform->Registry().RefuseNextWrite();
   const SetupResult result = Run();
