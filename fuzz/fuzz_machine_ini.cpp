@@ -6,9 +6,10 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace norvo;
   const MachineSettings settings = ReadMachineSettings(std::string(AsBytes(data, size)));
+  const std::vector<MachineSettings::Drive> none;
   std::size_t unknown = 0;
   char16_t last = 0;
-  for (const MachineSettings::Drive& drive : settings.drives.value_or({})) {
+  for (const MachineSettings::Drive& drive : settings.drives ? *settings.drives : none) {
     Require(drive.letter >= u'A' && drive.letter <= u'Z' && drive.letter > last);
     last = drive.letter;
     Require(drive.folder.size() < size && Trim(drive.folder) == drive.folder);
