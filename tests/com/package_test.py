@@ -133,6 +133,12 @@ class Package(unittest.TestCase):
                 for name in PROGRAMS:
                     self.assertIn(drawn[place:place + size], self.files[f"{folder}/{name}"])
 
+    def test_the_library_carries_none_of_the_programs_libraries(self):
+        for folder in self.folders:
+            for name in (b"TagLib", b"pugi", b"CLI3App", b"nlohmann"):
+                self.assertIn(name, self.files[f"{folder}/norvo-playlists.exe"])
+                self.assertNotIn(name, self.files[f"{folder}/NorvoPlayList.dll"])
+
     def test_licences_are_those_that_debian_states(self):
         for name, source in LICENSES.items():
             self.assertEqual(self.files[f"licenses/{name}.txt"],
