@@ -31,8 +31,7 @@ void ConsoleObserver::OnWarning(const WorkWarning& warning) {
                       warning.kind == WorkWarning::Kind::LinkNotFollowed ||
                       warning.kind == WorkWarning::Kind::LogFolderNotMade;
   if (isNote) return console_.Note(TextOf(warning));
-  const bool isUnread = warning.kind == WorkWarning::Kind::Library &&
-                        warning.warning.kind == WarningKind::FileNotRead;
+  const bool isUnread = IsOfUnreadFile(warning);
   if (isUnread && !unread_.insert(warning.warning.path).second) return;
   const bool isDenied =
       (isUnread && MayBeDenied(warning.warning.reason)) ||

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <map>
 #include <nlohmann/json.hpp>
 
@@ -6,6 +7,7 @@
 #include "cli/NamedMachine.h"
 #include "cli/PathDocument.h"
 #include "cli/PlaylistWords.h"
+#include "cli/WarningWords.h"
 #include "library/Library.h"
 #include "model/PlaylistTypes.h"
 #include "move/ProductSettings.h"
@@ -125,7 +127,9 @@ class RestoreCommand final : public Command {
           "Ended before it was done. The lists that are written stay; the next run "
           "writes all of them anew.");
     }
-    if (result.playlists.empty()) TellNothingFound(machine, console);
+    const bool isUnreadTold =
+        std::any_of(result.warnings.begin(), result.warnings.end(), IsOfUnreadFile);
+    if (result.playlists.empty() && !isUnreadTold) TellNothingFound(machine, console);
     SayRestored(result, console);
     if (!console.IsJson()) return {};
     Json document = RestoredDocument(result);

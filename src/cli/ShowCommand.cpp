@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "cli/CommonOptions.h"
@@ -5,6 +6,7 @@
 #include "cli/NamedMachine.h"
 #include "cli/PlaylistWords.h"
 #include "cli/Table.h"
+#include "cli/WarningWords.h"
 #include "model/PlaylistTypes.h"
 #include "move/ReadPlaylist.h"
 #include "services/DataCop.h"
@@ -99,19 +101,27 @@ Json Document(const ReadResult& result, const std::string& folder) {
   return document;
 }
 
-void Print(const ReadResult& result, Console& console) {
+/// Tells of a playlist that was not read as a whole. Another type helps none that cannot be read.
+void TellUnread(const ReadResult& result, Console& console) {
+  const auto namesIt = [&result](const WorkWarning& warning) {
+    return IsOfUnreadFile(warning) && warning.warning.path == result.path;
+  };
+  if (std::any_of(result.warnings.begin(), result.warnings.end(), namesIt)) return;
   const std::string path = ToUtf8(result.path);
   if (result.type == playlist_type::kUnknown) {
-    return console.LeftOut(path +
-                           ": its first lines tell no playlist type. Name it with --type 1 to 6.");
-  }
-  if (!result.whole) {
+    console.LeftOut(path + ": its first lines tell no playlist type. Name it with --type 1 to 6.");
+  } else if (!result.whole) {
     console.LeftOut(path + ": cannot be read to its end as " + TypeTitle(result.type) +
                     ". Try another --type.");
   }
+}
+
+void Print(const ReadResult& result, Console& console) {
+  TellUnread(result, console);
+  if (result.type == playlist_type::kUnknown) return;
   DropCounts dropped;
   dropped.Add(result.drops);
-  console.Say(path + ": " + TypeTitle(result.type));
+  console.Say(ToUtf8(result.path) + ": " + TypeTitle(result.type));
   PrintTable(result.entries, console);
   console.Say("Entries kept: " + std::to_string(result.entries.size()) +
               ", dropped: " + dropped.Text());

@@ -117,6 +117,10 @@ const char* WordsFor(WarningKind kind) {
 
 }  // namespace
 
+bool IsOfUnreadFile(const WorkWarning& warning) {
+  return warning.kind == Kind::Library && warning.warning.kind == WarningKind::FileNotRead;
+}
+
 std::string PlainText(const Warning& warning) {
   const std::string path = ToUtf8(warning.path);
   const std::string reason = WithoutPath(ToUtf8(warning.reason), path);

@@ -10,6 +10,9 @@ namespace norvo::cli {
 /// library itself tells: "Old machine: ".
 std::string TextOf(const WorkWarning& warning, const char* library = "Warning: ");
 
+/// Whether it names a file that is there and cannot be read.
+bool IsOfUnreadFile(const WorkWarning& warning);
+
 /// What the library did not do, without its own terms: "C:\Music: this folder cannot be listed:
 /// Permission denied".
 std::string PlainText(const Warning& warning);

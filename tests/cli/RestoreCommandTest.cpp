@@ -138,6 +138,19 @@ TEST_F(RestoreCommandTest, WithoutNeutralFilesItSaysWhereTheyWereSoughtAndWhereT
   EXPECT_FALSE(fs::exists(Lists()));
 }
 
+TEST_F(RestoreCommandTest, ANeutralFileThatCannotBeReadIsNamedAndNotSaidToBeMissing) {
+  Init();
+  WriteNeutral("Mix");
+  fs::resize_file(Place("C/My Documents/Kept/Mix.ini"), std::uintmax_t{80} * 1024 * 1024);
+  const Outcome outcome = Restore();
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_EQ(
+      outcome.err,
+      "Warning: C:\\My Documents\\Kept\\Mix.ini: this file cannot be read. Close the program that "
+      "uses it, see that it may be read and written, and run again\n");
+  EXPECT_TRUE(outcome.out.starts_with("Neutral files restored:  0\n")) << outcome.out;
+}
+
 TEST_F(RestoreCommandTest, AMachineWithoutSettingsIsRefused) {
   WriteNeutral("Mix");
   const Outcome outcome = Restore();

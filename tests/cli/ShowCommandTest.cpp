@@ -117,6 +117,16 @@ TEST_F(ShowCommandTest, APlaylistWithoutATypeAsksForOne) {
   EXPECT_TRUE(Holds(outcome.err, "--type"));
 }
 
+TEST_F(ShowCommandTest, OneThatCannotBeReadIsNamedWithoutAskingForAnotherType) {
+  Init();
+  WriteFile(Place("C/Music/list.m3u"), "#EXTM3U\r\n");
+  fs::resize_file(Place("C/Music/list.m3u"), std::uintmax_t{80} * 1024 * 1024);
+  const Outcome outcome = RunProgram({"show", "--machine", Machine(), "C:\\Music\\list.m3u"});
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_EQ(outcome.err,
+            "Warning: C:\\Music\\list.m3u: this file cannot be read: File larger than 40 MB\n");
+}
+
 TEST_F(ShowCommandTest, AnAsxIsReadAsOne) {
   WriteSong("One.mp3");
   WriteFile(Place("C/Music/Plain.asx"),
