@@ -242,17 +242,20 @@ const std::vector<KnownPlace>& RestoreLedger::PlacesOf(const String& song) const
 }
 
 void RestoreLedger::AddPlace(const String& song, const KnownPlace& place) {
+  LendPlace(song, {texts_.Keep(place.place), texts_.Keep(place.artist), texts_.Keep(place.album),
+                   texts_.Keep(place.fullPlace)});
+}
+
+void RestoreLedger::LendPlace(const String& song, const KnownPlace& place) {
   if (places_.size() >= kMostSongs && !places_.contains(song)) return;
   std::vector<KnownPlace>& known = places_[song];
   const auto same = std::find_if(known.begin(), known.end(), [&place](const KnownPlace& each) {
     return EqualsIgnoreCase(each.place, place.place);
   });
-  const KnownPlace kept = {texts_.Keep(place.place), texts_.Keep(place.artist),
-                           texts_.Keep(place.album), texts_.Keep(place.fullPlace)};
   if (same == known.end()) {
-    known.push_back(kept);
+    known.push_back(place);
   } else {
-    *same = kept;
+    *same = place;
   }
 }
 

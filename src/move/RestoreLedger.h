@@ -64,6 +64,8 @@ class RestoreLedger {
   /// Adds a place, or the names of one that is known. Is durable after the next `Compact`. Of more
   /// than 200,000 songs the first ones are known.
   void AddPlace(const String& song, const KnownPlace& place);
+  /// The same of texts that outlive the ledger, and are not copied.
+  void LendPlace(const String& song, const KnownPlace& place);
 
   /// Waits until all native playlists that were noted since the last `Compact` are on the disk.
   void MakeDurable();

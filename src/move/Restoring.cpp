@@ -141,13 +141,13 @@ void PointPlayers(Component& library, LedgerWatcher& watcher) {
   Attempt([&] { SetPlayerPlayListFolders(library); });
 }
 
-/// Of all songs, which the ledger holds as texts: only now is there room for these.
+/// Of all songs; the texts of the move outlive the ledger.
 void NotePlaces(const MoveWork& work, RestoreLedger& ledger) {
   for (const SettledSong& settled : work.settled) {
     const MovedSong& song = work.result.songs[settled.song];
-    ledger.AddPlace(RestoreLedger::NameOf(song.source, song.size),
-                    {song.PlainPlace(), settled.artist, settled.album,
-                     song.secondPlace.empty() ? StringView() : StringView(song.place)});
+    ledger.LendPlace(RestoreLedger::NameOf(song.source, song.size),
+                     {song.PlainPlace(), settled.artist, settled.album,
+                      song.secondPlace.empty() ? StringView() : StringView(song.place)});
   }
 }
 

@@ -437,7 +437,7 @@ void OverlayFiles::Write(StringView path, const std::string& bytes) {
   const Place place = PlaceOf(path);
   RequireFreeForFile(path, place);
   const std::int64_t now = Now();
-  const Use closed(Keep(place, {bytes, InSeconds(now), now}));  // which packs it
+  Keep(place, WrittenFile::Whole(bytes, InSeconds(now), now));
 }
 
 }  // namespace norvo

@@ -9,6 +9,15 @@ constexpr std::size_t kShort = std::size_t{16} * 1024;  // bytes
 
 }  // namespace
 
+WrittenFile WrittenFile::Whole(std::string_view bytes, FileTime created, std::int64_t modified) {
+  if (bytes.size() <= kShort) return {std::string(bytes), created, modified};
+  WrittenFile file({}, created, modified);
+  file.packed_ = PackedBytes(bytes);
+  file.isPacked_ = true;
+  file.lastPacked_ = bytes.size();
+  return file;
+}
+
 void WrittenFile::Open() {
   if (users_ == 0 && isPacked_) bytes_ = packed_.Bytes();
   ++users_;

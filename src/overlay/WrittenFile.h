@@ -18,6 +18,9 @@ class WrittenFile {
   WrittenFile(std::string bytes, FileTime created, std::int64_t modified)
       : bytes_(std::move(bytes)), created_(created), modified_(modified) {}
 
+  /// A file that is written whole and closed, which is packed without another copy of its bytes.
+  static WrittenFile Whole(std::string_view bytes, FileTime created, std::int64_t modified);
+
   /// Each time that it is opened and closed; of several the last one counts.
   void Open();
   void Close() noexcept;

@@ -30,6 +30,18 @@ TEST(WrittenFile, HoldsWhatWasWrittenAndAppendedOpenOrNot) {
   }
 }
 
+TEST(WrittenFile, OneThatIsWrittenWholeHoldsWhatItTookAndGrows) {
+  for (const std::size_t size : {std::size_t{3}, kLong}) {
+    std::string bytes(size, 'x');
+    WrittenFile file = WrittenFile::Whole(bytes, {}, 1);
+    EXPECT_EQ(file.Bytes(), bytes);
+    EXPECT_EQ(file.Size(), size);
+    EXPECT_EQ(file.Modified(), 1);
+    AppendTo(file, "end", 2);
+    EXPECT_EQ(file.Bytes(), bytes + "end");
+  }
+}
+
 TEST(WrittenFile, IsWholeForAllThatHaveItOpen) {
   const std::string bytes(kLong, 'x');
   WrittenFile file(bytes, {}, 1);
