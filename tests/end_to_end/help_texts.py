@@ -8,11 +8,13 @@ OPTION = re.compile(r"--?[A-Za-z][\w-]*")
 
 
 class Help:
-    """The help of one command, or of the program when none is named."""
+    """The help of one command, or of the program when none is named; `text` where it was told
+    already."""
 
-    def __init__(self, program, *command):
-        text = subprocess.run([program, *command, "--help"], capture_output=True, check=True,
-                              timeout=60).stdout.decode()
+    def __init__(self, program, *command, text=None):
+        if text is None:
+            text = subprocess.run([program, *command, "--help"], capture_output=True, check=True,
+                                  timeout=60).stdout.decode()
         self.lines = text.splitlines()
         self.about = self.lines[0]
         self.options = self._rows("Options:")

@@ -10,8 +10,10 @@ from pathlib import Path
 import windows_move_case
 from windows_move_case import LISTS, MIX, MUSIC, OMEGA, WindowsMoveCase, fill, song
 
+from help_texts import Help
 from native_playlists import PLAYER_FOLDERS, find_on_machine
 from windows_machine import Item
+
 
 def printed_moves():
     """What the README shows for two PCs and a stick: the arguments of each command."""
@@ -173,6 +175,22 @@ class WindowsMoveTest(WindowsMoveCase):
                 told = self.run_on(machine, 0, command, "--machine", "E:\\held")
         self.assertIn("Neutral files restored:  1", told)
         self.assertEqual(machine.snapshot(), before)
+
+    def test_every_command_has_the_same_options_on_both_systems(self):
+        pc = self.pc()
+        other = windows_move_case.OPTIONS.other_program
+        commands = [name for name, _ in Help(other).commands]
+        self.assertIn("migrate", commands)
+        for command in ((), *((name,) for name in commands)):
+            with self.subTest(command):
+                here = Help(None, text=self.run_on(pc, 0, *command, "--help"))
+                there = Help(other, *command)
+                # On Windows the machine is this PC where none is named.
+                self.assertEqual([tag for tag, _ in here.options],
+                                 [tag.removesuffix(" REQUIRED") for tag, _ in there.options])
+                # A path of a machine's folder looks like one of this PC, and is told of otherwise.
+                self.assertEqual([tag for tag, _ in here.words], [tag for tag, _ in there.words])
+                self.assertEqual(here.commands, there.commands)
 
     def test_a_folder_goes_from_one_system_to_the_other_and_back(self):
         other = windows_move_case.OPTIONS.other_program
