@@ -47,7 +47,7 @@ class WindowsHostTest(unittest.TestCase):
 
     def document(self, code, *words, shape=None):
         found, out, err = self.run_program(*words, "--json")
-        self.assertEqual(found, code, err)
+        self.assertEqual(found, code, err + out)
         document = json.loads(out)
         self.assertIsNone(shape_fault(document, SHAPES[shape or words[0]]))
         self.assertEqual(document["exitCode"], code)
