@@ -18,6 +18,7 @@ inline void ReadFuzzedPlaylist(std::int32_t type, StringView name, std::string_v
   const String path = u"C:\\Music\\" + String(name);
   platform->AddFile(path, bytes);
   const auto component = OpenLibrary(platform);
+  component->PinGroupRoot(String(kGroupRoot));  // as a move does; else each entry asks the registry
   const ObjectRef playlist = component->Create(u"PlayList");
   playlist->Let(u"PlayListType", type);
   Variant argument = path;

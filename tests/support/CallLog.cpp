@@ -10,9 +10,14 @@ void CallLog::Enter(StringView operation, StringView subject) {
   String line(operation);
   if (!subject.empty()) line.append(u" ").append(subject);
   trace_.push_back(std::move(line));
-  ++counts_[String(operation)];
+  const auto counted = counts_.find(operation);
+  if (counted == counts_.end()) {
+    counts_.emplace(operation, 1);
+  } else {
+    ++counted->second;
+  }
   CountDown();
-  const auto named = named_.find(String(operation));
+  const auto named = named_.find(operation);
   if (named == named_.end() || --named->second.calls > 0) return;
   const std::int32_t number = named->second.number;
   named_.erase(named);
@@ -82,7 +87,7 @@ void CallLog::StopFailing() {
 }
 
 std::size_t CallLog::Count(StringView operation) const {
-  const auto found = counts_.find(String(operation));
+  const auto found = counts_.find(operation);
   return found == counts_.end() ? 0 : found->second;
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <map>
 #include <vector>
@@ -37,7 +38,7 @@ class CallLog {
 
   std::size_t Total() const { return trace_.size(); }
   std::size_t Count(StringView operation) const;
-  const std::map<String, std::size_t>& Counts() const { return counts_; }
+  const std::map<String, std::size_t, std::less<>>& Counts() const { return counts_; }
   /// One line per operation, in call order: its name, a blank, and what it was asked about.
   const std::vector<String>& Trace() const { return trace_; }
   void Clear();
@@ -54,9 +55,9 @@ class CallLog {
   [[noreturn]] void Fail(std::int32_t number);
   void CountDown();
 
-  std::map<String, std::size_t> counts_;
+  std::map<String, std::size_t, std::less<>> counts_;
   std::vector<String> trace_;
-  std::map<String, NamedFailure> named_;
+  std::map<String, NamedFailure, std::less<>> named_;
   std::size_t untilFailure_ = kNever;
   std::size_t untilOverlooked_ = kNever;
   std::int32_t number_ = 0;

@@ -50,7 +50,7 @@ class MemoryPlatform final : public Platform {
   void FailOn(StringView operation, std::size_t k, std::int32_t number) {
     calls_.FailOn(operation, k, number);
   }
-  const std::map<String, std::size_t>& Calls() const { return calls_.Counts(); }
+  const std::map<String, std::size_t, std::less<>>& Calls() const { return calls_.Counts(); }
   std::size_t Calls(StringView operation) const { return calls_.Count(operation); }
   const std::vector<String>& Trace() const { return calls_.Trace(); }
   /// The counters and the failures themselves.
