@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Looks at the built DLL from outside: what it needs, what it offers, and what it is made for."""
+"""Looks at the built DLL from outside: what it needs, what it offers, and what it is made for; and
+whether the program needs nothing that the oldest Windows lacks."""
 
 import re
 import struct
@@ -10,10 +11,19 @@ from pathlib import Path
 
 OBJDUMP, ARCHITECTURE = "", ""
 DLL, MANIFEST, IDL = Path(), Path(), Path()
+PROGRAM = None
 
 SYSTEM_LIBRARIES = {
     "advapi32.dll", "kernel32.dll", "msvcrt.dll", "ole32.dll", "oleaut32.dll", "shell32.dll",
     "user32.dll", "version.dll",
+}
+PROGRAM_LIBRARIES = SYSTEM_LIBRARIES | {"ntdll.dll"}
+# Windows 7 starts no program that names one of these; newer ones have them in the same libraries.
+NEWER_THAN_WINDOWS_7 = {
+    "CopyFile2", "CreateFile2", "GetCurrentThreadStackLimits", "GetOverlappedResultEx",
+    "GetSystemTimePreciseAsFileTime", "GetTempPath2W", "IsWow64Process2", "MapViewOfFile3",
+    "PrefetchVirtualMemory", "QueryInterruptTime", "QueryUnbiasedInterruptTimePrecise",
+    "SetProcessMitigationPolicy", "SetThreadDescription", "VirtualAlloc2", "WaitOnAddress",
 }
 EXPORTS = {
     "DllCanUnloadNow", "DllGetClassObject", "DllInstall", "DllRegisterServer",
@@ -81,18 +91,32 @@ class Image:
         return None
 
 
+def listing_of(path):
+    return subprocess.run([OBJDUMP, "-p", path], check=True, capture_output=True, text=True).stdout
+
+
 class BinariesTest(unittest.TestCase):
 
     @classmethod
     def setUpClass(cls):
         cls.image = Image(DLL)
-        cls.listing = subprocess.run([OBJDUMP, "-p", DLL], check=True, capture_output=True,
-                                     text=True).stdout
+        cls.listing = listing_of(DLL)
 
-    def test_only_libraries_of_the_system_are_needed(self):
-        needed = {name.lower() for name in re.findall(r"DLL Name: (\S+)", self.listing)}
+    def check_needs(self, listing, libraries):
+        needed = {name.lower() for name in re.findall(r"DLL Name: (\S+)", listing)}
         self.assertTrue(needed)
-        self.assertLessEqual(needed, SYSTEM_LIBRARIES)
+        self.assertLessEqual(needed, libraries)
+        functions = set(re.findall(r"^\t[0-9a-f]+\t +\d+  (\w+)", listing, re.M))
+        self.assertIn("CreateFileW", functions)
+        self.assertEqual(functions & NEWER_THAN_WINDOWS_7, set())
+
+    def test_only_what_the_oldest_system_has_is_needed(self):
+        self.check_needs(self.listing, SYSTEM_LIBRARIES)
+
+    def test_the_program_needs_only_what_the_oldest_system_has(self):
+        if PROGRAM is None:
+            self.skipTest("the program is not built")
+        self.check_needs(listing_of(PROGRAM), PROGRAM_LIBRARIES)
 
     def test_exactly_the_entry_points_are_offered_undecorated(self):
         table = self.listing.partition("[Ordinal/Name Pointer] Table")[2]
@@ -143,7 +167,9 @@ class BinariesTest(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    # Given by the build: the tool, the DLL, its manifest, the IDL file and the machine.
-    OBJDUMP, *paths, ARCHITECTURE = sys.argv[1:]
-    DLL, MANIFEST, IDL = map(Path, paths)
+    # Given by the build: the tool, the machine, the DLL, its manifest, the IDL file, and the program
+    # if that is built.
+    OBJDUMP, ARCHITECTURE, *paths = sys.argv[1:]
+    DLL, MANIFEST, IDL, *programs = map(Path, paths)
+    PROGRAM = programs[0] if programs else None
     unittest.main(argv=sys.argv[:1])

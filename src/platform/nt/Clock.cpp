@@ -20,6 +20,17 @@ std::int64_t TicksOfSecond(std::int64_t seconds) {
   return seconds * kTicksPerSecond + kTicksTo1970;
 }
 
+using ClockFunction = VOID(WINAPI*)(LPFILETIME);
+
+/// The finest clock that the system has: Windows 7 has no precise one, and a program that names it
+/// would not start there.
+ClockFunction FinestClock() {
+  const HMODULE kernel = ::GetModuleHandleW(L"kernel32.dll");
+  void* const precise =
+      reinterpret_cast<void*>(::GetProcAddress(kernel, "GetSystemTimePreciseAsFileTime"));
+  return precise != nullptr ? reinterpret_cast<ClockFunction>(precise) : &::GetSystemTimeAsFileTime;
+}
+
 }  // namespace
 
 DiskTime DiskTimeOf(std::int64_t ticks) {
@@ -36,8 +47,9 @@ std::int64_t TicksOf(const DiskTime& time) {
 }
 
 DiskTime DiskNow() {
+  static const ClockFunction clock = FinestClock();
   FILETIME now = {};
-  ::GetSystemTimePreciseAsFileTime(&now);
+  clock(&now);
   return DiskTimeOf(TicksOf(now));
 }
 
