@@ -32,6 +32,9 @@ bool IsBelowOne(std::string_view number) {
   const std::size_t point = std::min(digits.find('.'), digits.size());
   const std::size_t first = digits.find_first_of("123456789");
   if (first == std::string_view::npos) return true;
+  // Beyond what the digits can make up for, only the sign counts, and the sum has no room.
+  constexpr long kFarthest = 2 * static_cast<long>(kMostCharacters);
+  exponent = std::clamp(exponent, -kFarthest, kFarthest);
   return static_cast<long>(point) - static_cast<long>(first) + exponent <= 0;
 }
 

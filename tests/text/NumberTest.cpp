@@ -47,7 +47,8 @@ TEST(Number, ANulMakesATextNoNumber) {
 }
 
 TEST(Number, WhatADoubleCannotHoldIsInfinite) {
-  for (const StringView text : {u"1e400", u"-1e400", u"1D999"}) {
+  for (const StringView text : {u"1e400", u"-1e400", u"1D999", u"1000e2147483647",
+                                u"1000e9223372036854775807", u"1000e9223372036854775808"}) {
     ASSERT_TRUE(ParseNumber(text).has_value()) << Utf8(text);
     EXPECT_TRUE(std::isinf(*ParseNumber(text))) << Utf8(text);
   }
@@ -58,6 +59,8 @@ TEST(Number, WhatADoubleCannotHoldIsInfinite) {
 TEST(Number, WhatIsTooSmallForADoubleIsZeroHoweverItIsWritten) {
   EXPECT_EQ(ParseNumber(u"1E-400").value_or(-1), 0);
   EXPECT_EQ(ParseNumber(u"0." + String(400, u'0') + u"1").value_or(-1), 0);
+  EXPECT_EQ(ParseNumber(u"0.001E-2147483648").value_or(-1), 0);
+  EXPECT_EQ(ParseNumber(u"0.001E-9223372036854775808").value_or(-1), 0);
 }
 
 TEST(Number, WholeNumbersHaveNeitherPointNorExponent) {
