@@ -23,7 +23,7 @@ class CommandLine {
   CommandLine() {
     app_.name("norvo-playlists");
     app_.allow_windows_style_options(false);
-    app_.set_version_flag("--version", "1");
+    app_.set_version_flag("-V,--version", "1");
     app_.require_subcommand(1);
     for (const NewCommand make : AllCommands()) {
       commands_.emplace_back(make())->AddTo(app_, common_);

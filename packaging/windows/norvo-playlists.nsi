@@ -13,7 +13,6 @@ RequestExecutionLevel admin
 !include LogicLib.nsh
 !include MUI2.nsh
 !include WinMessages.nsh
-!include x64.nsh
 !include "${FILES}"
 !include "${__FILEDIR__}\path.nsh"
 
@@ -47,11 +46,6 @@ VIAddVersionKey "ProductVersion" "${VERSION}"
 !insertmacro MUI_LANGUAGE "English"
 
 Function .onInit
-  ${IfNot} ${RunningX64}
-    MessageBox MB_ICONSTOP "This is for 64-bit Windows. The ZIP has what 32-bit Windows needs." /SD IDOK
-    SetErrorLevel 2
-    Quit
-  ${EndIf}
   SetShellVarContext all
 FunctionEnd
 
