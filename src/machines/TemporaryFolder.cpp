@@ -2,10 +2,14 @@
 
 #include <random>
 #include <string>
+#include <string_view>
 #include <system_error>
+#include <utility>
+#include <vector>
 
 #include "move/MoveError.h"
 #include "platform/files/DiskPath.h"
+#include "platform/files/SystemCalls.h"
 
 namespace norvo {
 namespace {
@@ -22,6 +26,20 @@ std::string NewName() {
   std::string name = "norvo-";
   for (int i = 0; i < kMarkLength; ++i) name += kCharacters[place(random)];
   return name;
+}
+
+/// Removes all files below a folder, of any name: on Windows the standard library takes one such as
+/// "aux.ini" for a device, and would try to remove that for ever.
+void RemoveFiles(const SystemFile& root, const std::string& folder) {
+  std::vector<std::string> folders;
+  FileResult<SystemFile> listed = OpenBeneath(root, folder, OpenMode::List);
+  if (!listed) return;
+  std::vector<std::string> files;
+  ForEachName(std::move(*listed), [&](std::string_view name, ListedKind kind) {
+    (kind == ListedKind::Folder ? folders : files).push_back(JoinDiskPath(folder, name));
+  });
+  for (const std::string& file : files) RemoveFile(root, file);
+  for (const std::string& each : folders) RemoveFiles(root, each);
 }
 
 }  // namespace
@@ -46,6 +64,7 @@ TemporaryFolder::TemporaryFolder() {
 }
 
 TemporaryFolder::~TemporaryFolder() {
+  if (const FileResult<SystemFile> root = OpenRoot(ToDiskPath(path_))) RemoveFiles(*root, {});
   std::error_code ignored;
   fs::remove_all(path_, ignored);
 }

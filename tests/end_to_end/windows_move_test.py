@@ -92,6 +92,16 @@ class WindowsMoveTest(WindowsMoveCase):
 
     # ------------------------------------------------------------------------ an old disk ----
 
+    def test_lists_that_are_named_as_devices_come_over_and_the_move_ends(self):
+        write = self.write_on(self.stick / "disk")
+        write("C:\\Windows\\win.ini", b"")
+        write("C:\\Music\\One.mp3", song(1))
+        for name in ("aux.m3u", "con.m3u8", "NUL.pls.m3u"):
+            write("C:\\Music\\" + name, b"One.mp3\r\n")
+        new = self.pc()
+        out = self.run_on(new, 0, "migrate", "--from", "E:\\disk")
+        self.assertIn("Checked     3 of 3 playlists, 1 of 1 song right", out)
+
     def test_a_second_disk_of_an_old_pc_is_named_with_its_drive(self):
         system, second = self.stick / "system", self.stick / "second"
         self.write_on(system)("C:\\Music\\Mix.m3u", b"D:\\Songs\\Two.mp3\r\n")
