@@ -97,12 +97,25 @@ class Setup {
     throw MoveError(MoveFault::RegistryUnwritable);
   }
 
-  void GroupRootFolder(const String& path) {
+  /// Whether a group root is noted, usable or not.
+  bool HasGroupRoot() {
+    const String key = BaseKey() + u"\\KVS\\" + String(DataCop::kGroup);
+    norvo::Registry& registry = component_.Machine().Registry();
+    return registry.Read(Hive::CurrentUser, key, u"SubGroupRootName") ||
+           registry.Read(Hive::LocalMachine, key, u"SubGroupRootName");
+  }
+
+  void MakeGroupRoot(const String& path) {
     try {
-      MakeFolder(SetupStep::Kind::GroupRootFolder, path);
+      rootIsNew_ = MakeFolders(path) || rootIsNew_;
     } catch (const RunTimeError& failure) {
       throw MoveError(MoveFault::FolderNotCreated, ToUtf8(path), ToUtf8(failure.Description()));
     }
+  }
+
+  void GroupRootFolder(const String& path) {
+    MakeGroupRoot(path);
+    Note({SetupStep::Kind::GroupRootFolder, {}, path, {}, {}, rootIsNew_});
   }
 
   void SubNames(const String& groupRoot) {
@@ -177,14 +190,17 @@ class Setup {
     });
   }
 
-  /// With those above it. RunTimeError when one cannot be made.
   void MakeFolder(SetupStep::Kind kind, const String& path) {
-    const bool there = component_.Files().FolderExists(path);
-    if (!there) {
-      for (const StringView folder : FoldersAbove(path)) Create(folder);
-      Create(path);
-    }
-    Note({kind, {}, path, {}, {}, !there});
+    const bool isNew = MakeFolders(path);
+    Note({kind, {}, path, {}, {}, isNew});
+  }
+
+  /// With those above it; false for one that is there. RunTimeError when one cannot be made.
+  bool MakeFolders(const String& path) {
+    if (component_.Files().FolderExists(path)) return false;
+    for (const StringView folder : FoldersAbove(path)) Create(folder);
+    Create(path);
+    return true;
   }
 
   void Create(StringView folder) {
@@ -207,7 +223,8 @@ class Setup {
   WorkReport& report_;
   MachineSide side_;
   std::vector<SetupStep> steps_;
-  bool isOfUser_ = false;  // the machine's hive has refused a value
+  bool isOfUser_ = false;   // the machine's hive has refused a value
+  bool rootIsNew_ = false;  // the group root's folder was made by this run
 };
 
 /// A group root in full; MoveError with that fault when it is no place on a drive.
@@ -250,6 +267,8 @@ std::vector<SetupStep> SetUp(Component& component, const SetupWishes& wishes, Ma
   if (before.groupRoot.empty() && onNewRoot) onNewRoot(planned);
 
   Setup setup(component, report, side);
+  // Before it is noted: one that cannot be made would hold for all later runs.
+  if (!setup.HasGroupRoot()) setup.MakeGroupRoot(planned);
   setup.Role(wishes.role);
   const String root = setup.GroupRoot(wish, usual);
   if (!root.empty()) setup.GroupKey(root);

@@ -63,7 +63,7 @@ TEST_F(MoveErrorTest, ARegistryThatTakesNothingEndsTheMove) {
 }
 
 TEST_F(MoveErrorTest, AFolderThatCannotBeCreatedIsNamedWithTheReason) {
-  machines.to->FailOn(u"CreateFolder", 3, error::kPermissionDenied);
+  machines.to->FailOn(u"CreateFolder", 2, error::kPermissionDenied);
   ExpectError(ErrorOfMove(), MoveFault::FolderNotCreated, "C:\\My Documents\\Norvo Media\\",
               "Permission denied");
 }

@@ -91,7 +91,7 @@ TEST_F(SetUpMachineTest, WhereOnlyAnAdministratorMayWriteTheSettingsAreTheUsers)
 }
 
 TEST_F(SetUpMachineTest, AProductFolderThatCannotBeMadeIsNoted) {
-  platform->FailOn(u"CreateFolder", 1, error::kPermissionDenied);
+  platform->FailOn(u"CreateFolder", 3, error::kPermissionDenied);
   const SetupResult result = Run();
   ASSERT_EQ(result.warnings.size(), 1u);
   EXPECT_EQ(result.warnings[0].kind, WorkWarning::Kind::LogFolderNotMade);
@@ -168,6 +168,17 @@ TEST_F(SetUpMachineTest, AUsualGroupRootThatOlderListsCannotHoldIsAtTheTopOfItsD
   SetupWishes wishes;
   wishes.usualGroupRoot = "C:\\Users\\\xD0\x9E\xD0\xBB\xD1\x8F\\Norvo Media\\";
   EXPECT_EQ(GroupStep(Run(wishes)).path, u"C:\\Norvo Media\\KVs\\KVMediaPlayLists");
+}
+
+TEST_F(SetUpMachineTest, AGroupRootThatCannotBeMadeDoesNotHoldForLaterRuns) {
+  SetupWishes wishes;
+  wishes.groupRoot = "C:\\Refused";
+  platform->FailOn(u"CreateFolder", 1, error::kPermissionDenied);
+  EXPECT_EQ(FaultOf(wishes), MoveFault::FolderNotCreated);
+  wishes.groupRoot = "C:\\Wished";
+  const SetupResult result = Run(wishes);
+  EXPECT_TRUE(result.warnings.empty());
+  EXPECT_EQ(GroupStep(result).path, u"C:\\Wished\\KVs\\KVMediaPlayLists");
 }
 
 TEST_F(SetUpMachineTest, AGroupRootIsAFullPathOnADriveOfTheMachine) {
