@@ -27,7 +27,8 @@ String Value(std::string_view bytes) {
   return value;
 }
 
-/// Gives the text of the document as it is in the end.
+/// Gives the text of the document as it is in the end. What is asked of that text is asked after
+/// the last change alone: each of the others is the last one of a shorter input.
 String Change(std::string_view changes, IniDocument& document, GenericDraft& draft) {
   String name;
   String key;
@@ -43,7 +44,7 @@ String Change(std::string_view changes, IniDocument& document, GenericDraft& dra
     Require(document.FindSection(name) == section && draft.FindSection(name) == drafted);
   }
   String text = document.ToText();
-  Require(key.empty() || HasSetting(text, name, key));
+  Require(HasSetting(text, name, key));
   return text;
 }
 

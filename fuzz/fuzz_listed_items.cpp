@@ -45,7 +45,7 @@ void CheckItem(const ListedItem& item) {
   for (const norvo::String& reference : item.references) LookFor(reference);
 }
 
-/// Of all names that lists have, and one of no list, that of a letter; the first is that of 'a'.
+/// The name that a letter stands for, of all that lists have and one of no list: 'a' for the first.
 norvo::StringView NameBy(std::uint8_t letter) {
   static const auto names = [] {
     std::vector<norvo::StringView> endings = norvo::ListEndings();

@@ -48,11 +48,10 @@ class Setup {
 
   /// The group root that holds; empty when it cannot be used.
   String GroupRoot(const std::optional<String>& wish, const String& usual) {
-    const String key = BaseKey() + u"\\KVS\\" + String(DataCop::kGroup);
-    const RegistryValue found = Value(key, u"SubGroupRootName", wish.value_or(usual));
+    const RegistryValue found = Value(SettingsKey(), kGroupRoot, wish.value_or(usual));
     const auto* const root = std::get_if<String>(&found);
     if (root == nullptr || root->empty()) {
-      Warn(WorkWarning::Kind::SettingUnusable, u"SubGroupRootName");
+      Warn(WorkWarning::Kind::SettingUnusable, String(kGroupRoot));
       return {};
     }
     if (wish && !EqualsIgnoreCase(Utility::AddBackslash(*wish), Utility::AddBackslash(*root))) {
@@ -99,10 +98,9 @@ class Setup {
 
   /// Whether a group root is noted, usable or not.
   bool HasGroupRoot() {
-    const String key = BaseKey() + u"\\KVS\\" + String(DataCop::kGroup);
     norvo::Registry& registry = component_.Machine().Registry();
-    return registry.Read(Hive::CurrentUser, key, u"SubGroupRootName") ||
-           registry.Read(Hive::LocalMachine, key, u"SubGroupRootName");
+    return registry.Read(Hive::CurrentUser, SettingsKey(), kGroupRoot) ||
+           registry.Read(Hive::LocalMachine, SettingsKey(), kGroupRoot);
   }
 
   void MakeGroupRoot(const String& path) {
@@ -128,7 +126,11 @@ class Setup {
   std::vector<SetupStep> Steps() { return std::move(steps_); }
 
  private:
+  static constexpr StringView kGroupRoot = u"SubGroupRootName";
+
   String BaseKey() { return component_.Machine().Product().BaseKey(); }
+  /// Of the group of playlists.
+  String SettingsKey() { return BaseKey() + u"\\KVS\\" + String(DataCop::kGroup); }
 
   void Note(SetupStep step) { steps_.push_back(std::move(step)); }
 
@@ -176,11 +178,10 @@ class Setup {
 
   /// The keys of the user are going to hide those of the machine, with all that stands there.
   bool RepeatForUser() {
-    const std::pair<String, StringView> values[] = {
-        {BaseKey(), product_values::kFolder},
-        {BaseKey(), product_values::kName},
-        {BaseKey() + u"\\KVS", u"mode"},
-        {BaseKey() + u"\\KVS\\" + String(DataCop::kGroup), u"SubGroupRootName"}};
+    const std::pair<String, StringView> values[] = {{BaseKey(), product_values::kFolder},
+                                                    {BaseKey(), product_values::kName},
+                                                    {BaseKey() + u"\\KVS", u"mode"},
+                                                    {SettingsKey(), kGroupRoot}};
     norvo::Registry& registry = component_.Machine().Registry();
     return std::all_of(std::begin(values), std::end(values), [&](const auto& place) {
       const auto& [key, name] = place;

@@ -50,7 +50,8 @@ struct SetupResult : WorkResult {
 /// hive refuses go to the user's, which the library reads first; so is that. A group root on
 /// another drive than C takes the product's folder along, so that drive C need not be writable.
 /// MoveError when something cannot be written; the product's folder, which takes the log alone, is
-/// warned of.
+/// warned of. A new group root is noted once its folder is made, so that one that cannot be made
+/// does not hold for later calls.
 ///
 /// Without these settings a machine's playlists read as empty: every song that a playlist refers to
 /// is registered in the group's data area, which only they name.

@@ -58,8 +58,8 @@ class ManualReasons(unittest.TestCase):
         self.assertGreater(count, 60)
 
     def test_nothing_is_told_that_no_report_says(self):
-        said = [" ".join(text.split()) for folder in ("src/cli", "src/platform/hosted",
-                                                                   "src/platform/windows")
+        folders = ("src/cli", "src/platform/hosted", "src/platform/windows")
+        said = [" ".join(text.split()) for folder in folders
                 for path in sorted((ROOT / folder).glob("*.cpp")) for text in texts_of(path)]
         pieces = told()
         self.assertGreater(len(pieces), 90)
