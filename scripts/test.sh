@@ -1,7 +1,7 @@
 #!/bin/sh
 # Runs all tests: the checks of format and includes, a short run of each fuzzer, the tests under the
 # address and undefined-behaviour sanitizers, all of them as released, and those of Windows under
-# Wine.
+# Wine; then the packages of both systems, made and tried.
 #
 #   scripts/test.sh
 set -eu
@@ -33,3 +33,6 @@ for preset in asan release windows-x64 windows-x86; do
     *) ctest --preset "$preset" -j "$jobs" ;;
     esac
 done
+
+scripts/package-windows.sh
+scripts/package-debian.sh
