@@ -9,6 +9,8 @@ std::string ReasonOf(const TakenFolder& taken) {
   switch (taken.kind) {
     case TakenFolder::Kind::NamedDrive:
       return "as asked for";
+    case TakenFolder::Kind::MadeMachine:
+      return "drives and registry.reg found";
     case TakenFolder::Kind::DrivesAlone:
       return "drives found, and nothing else";
     case TakenFolder::Kind::WindowsDisk:

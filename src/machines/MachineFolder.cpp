@@ -23,26 +23,35 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr std::string_view kRegistryName = "registry.reg";
+
+int LetterOf(const std::string& name) {
+  return std::toupper(static_cast<unsigned char>(name.front()));
+}
+
 bool IsDriveName(const std::string& name) {
   return name.size() == 1 && std::isalpha(static_cast<unsigned char>(name.front())) != 0;
 }
 
-/// True for a folder that holds drive C, maybe others, and nothing else. Music that is sorted into
-/// folders from A to Z is no machine.
-bool HoldsDrivesAlone(const fs::path& folder) {
+/// By the names in the folder. Music that is sorted into folders from A to Z is no machine.
+MachineSign SignByNames(const fs::path& folder) {
   const FileResult<std::vector<ListedName>> names = NamesIn(folder);
   if (!names) {
     throw MoveError(MoveFault::NotListed, ShownPath(folder), ToUtf8(FailureText(names.Failure())));
   }
   bool hasC = false;
+  bool hasRegistry = false;
+  bool hasOthers = false;
   for (const ListedName& each : *names) {
+    hasRegistry = hasRegistry || each.name == kRegistryName;
     if (IsBesideDrives(each.name)) continue;
-    if (!IsFolder(folder, each) || !IsDriveName(each.name)) return false;
-    const int letter = std::toupper(static_cast<unsigned char>(each.name.front()));
-    if (letter < 'C') return false;
-    hasC = hasC || letter == 'C';
+    const bool isDrive = IsDriveName(each.name) && IsFolder(folder, each);
+    hasC = hasC || (isDrive && LetterOf(each.name) == 'C');
+    hasOthers = hasOthers || !isDrive || LetterOf(each.name) < 'C';
   }
-  return hasC;
+  if (!hasC) return MachineSign::None;
+  if (hasRegistry) return MachineSign::Registry;
+  return hasOthers ? MachineSign::None : MachineSign::DrivesAlone;
 }
 
 }  // namespace
@@ -79,16 +88,17 @@ bool HasMachineSettings(const fs::path& folder) {
 }
 
 bool IsBesideDrives(std::string_view name) {
-  if (name.front() == '.' || name == "registry.reg" || name == "machine.ini") return true;
-  // What Windows puts at the top of every disk that it meets.
-  constexpr StringView kOfWindows[] = {u"System Volume Information", u"$RECYCLE.BIN", u"RECYCLER"};
+  if (name.front() == '.' || name == kRegistryName || name == "machine.ini") return true;
+  // At the top of every disk that it meets, and into folders that are looked at.
+  constexpr StringView kOfWindows[] = {u"System Volume Information", u"$RECYCLE.BIN", u"RECYCLER",
+                                       u"desktop.ini", u"Thumbs.db"};
   const std::optional<String> text = FromDiskName(std::string(name));
   return text && std::any_of(std::begin(kOfWindows), std::end(kOfWindows),
                              [&](StringView each) { return EqualsIgnoreCase(each, *text); });
 }
 
-bool IsSurelyMachine(const fs::path& folder) {
-  return HasMachineSettings(folder) || HoldsDrivesAlone(folder);
+MachineSign SignOfMachine(const fs::path& folder) {
+  return HasMachineSettings(folder) ? MachineSign::Settings : SignByNames(folder);
 }
 
 }  // namespace norvo

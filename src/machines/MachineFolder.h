@@ -24,12 +24,18 @@ std::string MachineSettingsText(const std::filesystem::path& folder);
 bool HasMachineSettings(const std::filesystem::path& folder);
 
 /// True for what may stand beside the drives of a machine, by its name: its settings, its registry,
-/// and hidden files, such as one that a stopped run has left.
+/// hidden files, such as one that a stopped run has left, and what Windows puts into folders.
 bool IsBesideDrives(std::string_view name);
 
-/// The strict question, for a folder that may as well be a disk: true when its machine.ini tells of
-/// drives or folders, or when it holds drive C, maybe others, and nothing else. MoveError as above,
-/// and when it cannot be listed.
-bool IsSurelyMachine(const std::filesystem::path& folder);
+/// What tells that a folder, which may as well be a disk, holds a machine; the first that fits.
+enum class MachineSign {
+  None,         ///< nothing does
+  Settings,     ///< its machine.ini, which tells of drives or folders
+  Registry,     ///< drive C and registry.reg, as a move leaves them, whatever has come beside them
+  DrivesAlone,  ///< drive C, maybe others, and nothing else
+};
+
+/// MoveError as above, and when the folder cannot be listed.
+MachineSign SignOfMachine(const std::filesystem::path& folder);
 
 }  // namespace norvo

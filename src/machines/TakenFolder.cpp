@@ -56,12 +56,16 @@ TakenFolder AsDrive(const fs::path& folder, const std::string& drive) {
   return taken;
 }
 
-TakenFolder AsMachine(const fs::path& folder) {
-  const auto kind = HasMachineSettings(folder) ? TakenFolder::Kind::DescribedMachine
-                                               : TakenFolder::Kind::DrivesAlone;
+TakenFolder::Kind KindBy(MachineSign sign) {
+  if (sign == MachineSign::Settings) return TakenFolder::Kind::DescribedMachine;
+  return sign == MachineSign::Registry ? TakenFolder::Kind::MadeMachine
+                                       : TakenFolder::Kind::DrivesAlone;
+}
+
+TakenFolder AsMachine(const fs::path& folder, MachineSign sign) {
   std::error_code ignored;
   const bool lower = !fs::exists(folder / "C", ignored) && fs::exists(folder / "c", ignored);
-  return {folder, kind, u'C', folder / (lower ? "c" : "C"), {}};
+  return {folder, KindBy(sign), u'C', folder / (lower ? "c" : "C"), {}};
 }
 
 }  // namespace
@@ -78,7 +82,8 @@ TakenFolder TakeFolder(const fs::path& folder, const std::string& drive) {
   if (!drive.empty()) return AsDrive(folder, drive);
   std::error_code ignored;
   if (!fs::is_directory(folder, ignored)) return {folder, Kind::Missing, u'C', folder / "C", {}};
-  if (IsSurelyMachine(folder)) return AsMachine(folder);
+  const MachineSign machine = SignOfMachine(folder);
+  if (machine != MachineSign::None) return AsMachine(folder, machine);
   if (const auto sign = SignOf(folder)) return {folder, Kind::WindowsDisk, u'C', folder, *sign};
   if (HoldsNothing(folder)) return {folder, Kind::Empty, u'C', folder / "C", {}};
   return {folder, Kind::OtherDisk, u'C', folder, {}};

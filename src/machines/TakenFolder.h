@@ -12,6 +12,7 @@ struct TakenFolder {
     ThisPc,            ///< no folder was named: the Windows PC that the process runs on
     NamedDrive,        ///< a drive, as the caller says, whatever it holds
     DescribedMachine,  ///< a machine, of which its machine.ini tells
+    MadeMachine,       ///< a machine: it holds drive C and registry.reg, as a move leaves them
     DrivesAlone,       ///< a machine: it holds drive C, maybe others, and nothing else
     WindowsDisk,       ///< a disk: it has a folder at its top that Windows puts there
     OtherDisk,         ///< a disk, since it holds anything else
@@ -26,7 +27,9 @@ struct TakenFolder {
   std::string sign;                   ///< of WindowsDisk: the folder that tells, as it is spelled
 
   /// It holds a machine.
-  bool IsMachine() const { return kind == Kind::DescribedMachine || kind == Kind::DrivesAlone; }
+  bool IsMachine() const {
+    return kind == Kind::DescribedMachine || kind == Kind::MadeMachine || kind == Kind::DrivesAlone;
+  }
   /// It is a drive itself.
   bool IsDisk() const {
     return kind == Kind::NamedDrive || kind == Kind::WindowsDisk || kind == Kind::OtherDisk;

@@ -14,6 +14,8 @@ TEST(FolderWords, TellWhatAFolderWasTakenAsAndWhy) {
             "C: = /mnt/new (no machine found, so it is taken as a disk)");
   EXPECT_EQ(TextOf({"/mnt/new", Kind::NamedDrive, u'D', "/mnt/new", {}}),
             "D: = /mnt/new (as asked for)");
+  EXPECT_EQ(TextOf({"/mnt/new", Kind::MadeMachine, u'C', "/mnt/new/C", {}}),
+            "C: = /mnt/new/C (drives and registry.reg found)");
   EXPECT_EQ(TextOf({"/mnt/new", Kind::DrivesAlone, u'C', "/mnt/new/C", {}}),
             "C: = /mnt/new/C (drives found, and nothing else)");
   EXPECT_EQ(TextOf({"/mnt/new", Kind::Empty, u'C', "/mnt/new/C", {}}),

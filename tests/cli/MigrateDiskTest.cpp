@@ -95,7 +95,12 @@ TEST_F(MigrateDiskTest, AnEmptyFolderIsMadeAMachineAndItIsSaid) {
   fs::create_directories(New());
   EXPECT_EQ(Migrate().err,
             "C: = " + New() + "/C (the folder was empty, so a machine is made there)\n");
-  EXPECT_EQ(Migrate().err, "C: = " + New() + "/C (drives found, and nothing else)\n");
+  // A report, or anything else that a person puts there, makes no disk of it.
+  WriteFile(New() + "/My move.html", "x");
+  const Outcome again = Migrate();
+  EXPECT_EQ(again.err, "C: = " + New() + "/C (drives and registry.reg found)\n");
+  EXPECT_EQ(again.code, 0);
+  EXPECT_FALSE(fs::exists(New() + "/Norvo"));
   EXPECT_EQ(Migrate({"--quiet"}).err, "");
 }
 

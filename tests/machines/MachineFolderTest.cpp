@@ -22,8 +22,18 @@ TEST_F(MachineFolderTest, AFolderWithADriveIsOpenedAndAnotherRefusedWithTheReaso
   EXPECT_NE(error.Detail().find(At("empty").string()), std::string::npos);
 }
 
-TEST_F(MachineFolderTest, OnlyWhatCannotBeADiskIsSurelyAMachine) {
+TEST_F(MachineFolderTest, OnlyWhatCannotBeADiskIsAMachine) {
   PutDisk("drives/C");
+  PutDisk("made/C");
+  Put(At("made/registry.reg"), "");
+  Put(At("made/report.html"), "");
+  fs::create_directories(At("made/A"));
+  PutDisk("looked at/C");
+  for (const char* const name : {"desktop.ini", "Thumbs.db", "THUMBS.DB"}) {
+    Put(At("looked at") / name, "");
+  }
+  Put(At("nodrive/registry.reg"), "");
+  Put(At("nodrive/C"), "a file");
   PutDisk("more/C");
   Put(At("more/autoexec.bat"), "");
   fs::create_directories(At("letters/A"));
@@ -31,19 +41,22 @@ TEST_F(MachineFolderTest, OnlyWhatCannotBeADiskIsSurelyAMachine) {
   fs::create_directories(At("noC/D"));
   Put(At("described/machine.ini"), "[shellfolders]\r\n5=C:\\Mine\r\n");
   Put(At("other/machine.ini"), "[Server]\r\n");
-  EXPECT_TRUE(IsSurelyMachine(At("drives")));
-  EXPECT_TRUE(IsSurelyMachine(At("described")));
-  for (const char* const name : {"more", "letters", "noC", "other"}) {
-    EXPECT_FALSE(IsSurelyMachine(At(name))) << name;
+  EXPECT_EQ(SignOfMachine(At("drives")), MachineSign::DrivesAlone);
+  EXPECT_EQ(SignOfMachine(At("looked at")), MachineSign::DrivesAlone);
+  EXPECT_EQ(SignOfMachine(At("made")), MachineSign::Registry);
+  EXPECT_EQ(SignOfMachine(At("described")), MachineSign::Settings);
+  for (const char* const name : {"more", "letters", "noC", "nodrive", "other"}) {
+    EXPECT_EQ(SignOfMachine(At(name)), MachineSign::None) << name;
   }
 }
 
 TEST_F(MachineFolderTest, SettingsThatAreNoFileOfAFewLinesAreNamedAndNotWaitedFor) {
   const auto expectRefused = [this](const std::string& folder, const std::string& reason) {
-    for (const auto ask : {HasMachineSettings, IsSurelyMachine}) {
-      ExpectError(ErrorOf([&] { return ask(At(folder)); }), MoveFault::SettingsNotRead,
-                  At(folder + "/machine.ini").string(), reason);
-    }
+    const std::string settings = At(folder + "/machine.ini").string();
+    ExpectError(ErrorOf([&] { return HasMachineSettings(At(folder)); }), MoveFault::SettingsNotRead,
+                settings, reason);
+    ExpectError(ErrorOf([&] { return SignOfMachine(At(folder)); }), MoveFault::SettingsNotRead,
+                settings, reason);
   };
   for (const char* const folder : {"pipe/C", "device/C", "sparse/C", "folder/C/machine.ini"}) {
     fs::create_directories(At(folder));
@@ -70,7 +83,7 @@ TEST_F(MachineFolderTest, SettingsOfAMebibyteAreTheLargest) {
 
 TEST_F(MachineFolderTest, WhatCannotBeListedIsToldWithTheReason) {
   Put(At("file"), "");
-  ExpectError(ErrorOf([this] { return IsSurelyMachine(At("file")); }), MoveFault::NotListed,
+  ExpectError(ErrorOf([this] { return SignOfMachine(At("file")); }), MoveFault::NotListed,
               At("file").string(), "something else stands where it or its folder should");
 }
 

@@ -29,12 +29,23 @@ TEST_F(TakenFolderTest, AMachineIniThatTellsOfAMachineMakesOneWhateverElseIsTher
 TEST_F(TakenFolderTest, DrivesAloneMakeAMachine) {
   fs::create_directories(At("new/c"));
   fs::create_directories(At("new/D"));
-  Put(At("new/registry.reg"), "");
   Put(At("new/.norvo-1.tmp"), "torn");
   const TakenFolder taken = Take("new");
   EXPECT_EQ(taken.kind, Kind::DrivesAlone);
   EXPECT_TRUE(taken.IsMachine());
   EXPECT_EQ(taken.driveFolder, At("new/c"));
+}
+
+TEST_F(TakenFolderTest, WhatAMoveHasMadeStaysAMachineWhateverIsPutThere) {
+  fs::create_directories(At("new/C"));
+  Put(At("new/registry.reg"), "");
+  EXPECT_EQ(Take("new").kind, Kind::MadeMachine);
+  Put(At("new/My move.html"), "a report");
+  fs::create_directories(At("new/Users"));
+  const TakenFolder taken = Take("new");
+  EXPECT_EQ(taken.kind, Kind::MadeMachine);
+  EXPECT_TRUE(taken.IsMachine());
+  EXPECT_EQ(taken.driveFolder, At("new/C"));
 }
 
 TEST_F(TakenFolderTest, WhatWindowsPutsAtTheTopOfItsDiskTellsOfADiskInWhateverCase) {
