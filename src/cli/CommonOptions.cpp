@@ -23,12 +23,28 @@ void AddReadAheadOption(CLI::App& command, CommonArguments& common) {
                    "Do not read folders and songs before their turn");
 }
 
+std::string NamedFolder(const std::string& text) {
+  if (!IsThisPcAMachine()) return text;
+  constexpr std::string_view kMark = R"(\\?\)";
+  const std::size_t drive = text.starts_with(kMark) ? kMark.size() : 0;
+  if (text.size() < drive + 2 || text[drive + 1] != ':') return text;
+  return text.substr(drive) + (text.size() == drive + 2 ? "\\" : "");
+}
+
 CLI::Option* AddFolderOption(CLI::App& command, const std::string& name, std::string& value,
                              const char* what) {
-  const auto isNamed = [](const std::string& text) {
-    return text.empty() ? std::string("the name is empty") : std::string();
+  const auto take = [](std::string& text) -> std::string {
+    if (text.empty()) return "the name is empty";
+    // "E:\" at the end of a name in quotation marks: what follows is taken for more of the name.
+    if (IsThisPcAMachine() && text.find('"') != std::string::npos) {
+      return text + R"(: a name that ends with \ stands without quotation marks, or without its \)";
+    }
+    text = NamedFolder(text);
+    return {};
   };
-  return command.add_option(name, value, what)->type_name("DIR")->check(isNamed);
+  return command.add_option(name, value, what)
+      ->type_name("DIR")
+      ->transform(CLI::Validator(take, ""));
 }
 
 void AddMachineOption(CLI::App& command, CommonArguments& common, bool required) {

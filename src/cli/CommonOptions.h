@@ -23,6 +23,11 @@ void AddReadAheadOption(CLI::App& command, CommonArguments& common);
 /// `--machine DIR` and `--user NAME` alone.
 void AddMachineOption(CLI::App& command, CommonArguments& common, bool required);
 
+/// The folder that a person means. On Windows a drive without a separator, such as "E:", would be
+/// whatever folder some program has left current there; it is the whole drive. The mark of a path
+/// that the system is to take as it is, "\\?\" before a drive, is no part of the name: all are.
+std::string NamedFolder(const std::string& text);
+
 /// Adds an option for a folder, which may not be empty: left out by mistake, as a variable without
 /// a value is, it would mean something else.
 CLI::Option* AddFolderOption(CLI::App& command, const std::string& name, std::string& value,

@@ -113,7 +113,7 @@ OtherDrive DriveOf(const std::string& text) {
   if (at == std::string::npos || at + 1 == text.size()) {
     throw CommandError("--drive " + text + ": name a letter and a folder, such as D=DIR.");
   }
-  return {text.substr(0, at), ToSystemPath(text.substr(at + 1))};
+  return {text.substr(0, at), ToSystemPath(NamedFolder(text.substr(at + 1)))};
 }
 
 class MigrateCommand final : public Command {

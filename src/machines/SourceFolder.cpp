@@ -5,18 +5,26 @@
 #include <string_view>
 #include <system_error>
 
+#include "machines/FolderLayout.h"
 #include "machines/FoldersApart.h"
 #include "machines/FullPath.h"
 #include "machines/MachineFolder.h"
 #include "machines/SparedMachine.h"
+#include "machines/TemporaryFolder.h"
 #include "move/MoveError.h"
 #include "platform/files/DiskPath.h"
+#include "platform/files/FailureText.h"
+#include "platform/files/NewFolders.h"
+#include "platform/files/SystemCalls.h"
+#include "platform/files/TemporaryFile.h"
 #include "text/Encoding.h"
 
 namespace norvo {
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr unsigned kOwner = 0600;
 
 TakenFolder TakeSource(const fs::path& from) {
   TakenFolder taken = TakeFolder(from);
@@ -60,6 +68,34 @@ std::vector<HostedDrive> DrivesOf(const TakenFolder& from, const std::vector<Oth
   return drives;
 }
 
+/// True for a machine whose drive C is a disk that stands elsewhere, unless it was decided before
+/// where its data go: nothing may be written to an old disk.
+bool HasDiskElsewhere(const TakenFolder& from) {
+  const FolderLayout folder = LayOut(from);
+  if (!folder.groupRoot.empty()) return false;
+  const std::vector<HostedDrive>& drives = folder.layout.drives;
+  return std::any_of(drives.begin(), drives.end(), [&from](const HostedDrive& drive) {
+    return drive.letter == u'C' && !LiesWithin(FullPath(drive.folder), FullPath(from.folder));
+  });
+}
+
+/// A folder of somebody else's, or on a disk that is protected.
+bool CannotBeWritten(const fs::path& folder) {
+  const FileResult<SystemFile> root = OpenRoot(ToDiskPath(folder));
+  if (!root) return false;  // which is told when its machine is opened
+  const std::string probe = TemporaryPath("probe");
+  const FileResult<SystemFile> file = CreateTemporary(*root, probe, kOwner);
+  if (file) RemoveFile(*root, probe);
+  const FileFailure::Kind failure = file.Failure().kind;
+  return failure == FileFailure::Kind::ReadOnlyDisk || failure == FileFailure::Kind::AccessDenied;
+}
+
+/// Whether nothing is written to the machine, in which the product's data would stand else.
+bool IsSpared(const FolderMove& folders, const TakenFolder& from) {
+  if (!folders.work.empty() || !from.IsMachine()) return true;
+  return HasDiskElsewhere(from) || CannotBeWritten(from.folder);
+}
+
 /// A letter that no drive has; nothing when all are taken.
 std::optional<char16_t> FreeLetter(const std::vector<HostedDrive>& drives) {
   for (char16_t letter = u'Z'; letter >= u'C'; --letter) {
@@ -85,20 +121,34 @@ bool HoldsOtherMachine(const fs::path& work, char16_t own) {
 
 /// Makes the work folder, with the folder of the drive that takes the product's data.
 void MakeWork(const fs::path& work, char16_t own) {
-  std::error_code failure;
-  fs::create_directories(work, failure);
-  if (failure) throw MoveError(MoveFault::WorkNotCreated, ShownPath(work), failure.message());
+  const auto make = [](const fs::path& folder) {
+    const FileFailure failure = MakeFolders(folder);
+    if (!failure) return;
+    throw MoveError(MoveFault::WorkNotCreated, ShownPath(folder), ToUtf8(FailureText(failure)));
+  };
+  make(work);
   if (HoldsOtherMachine(work, own)) throw MoveError(MoveFault::WorkTaken, ShownPath(work));
-  const fs::path drive = work / std::string(1, static_cast<char>(own));
-  fs::create_directory(drive, failure);
-  if (failure) throw MoveError(MoveFault::WorkNotCreated, ShownPath(drive), failure.message());
+  make(work / std::string(1, static_cast<char>(own)));
+}
+
+/// A machine that holds its temporary folder: Windows removes none that somebody has open.
+std::shared_ptr<HostedPlatform> MachineIn(std::unique_ptr<TemporaryFolder> folder,
+                                          HostedLayout layout) {
+  struct Passing {
+    Passing(std::unique_ptr<TemporaryFolder> folder, HostedLayout layout)
+        : folder_(std::move(folder)), machine_(std::move(layout)) {}
+    std::unique_ptr<TemporaryFolder> folder_;  // goes last
+    HostedPlatform machine_;
+  };
+  const auto passing = std::make_shared<Passing>(std::move(folder), std::move(layout));
+  return {passing, &passing->machine_};
 }
 
 }  // namespace
 
 SourceFolder::SourceFolder(const FolderMove& folders)
     : taken_(folders.IsFromThisPc() ? TakeThisPc() : TakeSource(folders.from)),
-      readOnly_(!folders.work.empty() || !taken_.IsMachine()) {
+      readOnly_(IsSpared(folders, taken_)) {
   const bool hasOwnDrives = folders.IsFromThisPc() || taken_.IsMachine();
   if (hasOwnDrives && !folders.fromDrives.empty()) throw MoveError(MoveFault::DrivesTold);
   if (folders.IsFromThisPc()) {
@@ -124,8 +174,10 @@ void SourceFolder::OpenFolder(const FolderMove& folders) {
 }
 
 void SourceFolder::Spare(const FolderMove& folders) {
-  if (folders.work.empty()) temporary_ = std::make_unique<TemporaryFolder>();
-  const fs::path folder = folders.work.empty() ? temporary_->Path() : folders.work;
+  std::unique_ptr<TemporaryFolder> temporary;
+  if (folders.work.empty()) temporary = std::make_unique<TemporaryFolder>();
+  isTemporary_ = temporary != nullptr;
+  const fs::path folder = isTemporary_ ? temporary->Path() : folders.work;
   HostedLayout layout;
   layout.drives = DrivesOf(taken_, folders.fromDrives);
   const std::optional<char16_t> letter = FreeLetter(layout.drives);
@@ -137,7 +189,7 @@ void SourceFolder::Spare(const FolderMove& folders) {
   layout.registryFile = folder / "registry.reg";
   layout.shellFolders[ShellFolders::kDocuments] = String(1, *letter) + u":\\My Documents";
   groupRoot_ = name + ":\\Norvo Media\\";
-  disks_ = std::make_shared<HostedPlatform>(std::move(layout));
+  disks_ = MachineIn(std::move(temporary), std::move(layout));
   machine_ = disks_;
 }
 

@@ -3,22 +3,22 @@
 #include <system_error>
 #include <utility>
 
-#include "machines/FullPath.h"
 #include "move/MoveError.h"
 #include "platform/files/DiskPath.h"
+#include "platform/files/FailureText.h"
+#include "platform/files/NewFolders.h"
 #include "platform/files/SystemCalls.h"
 #include "platform/hosted/SystemPaths.h"
+#include "text/Encoding.h"
 
 namespace norvo {
 namespace {
 
 namespace fs = std::filesystem;
 
-void MakeDrive(const TakenFolder& taken) {
-  std::error_code failure;
-  fs::create_directories(taken.driveFolder, failure);
+void RequireMade(const TakenFolder& taken, FileFailure failure) {
   if (!failure) return;
-  throw MoveError(MoveFault::MachineNotMade, ShownPath(taken.folder), failure.message());
+  throw MoveError(MoveFault::MachineNotMade, ShownPath(taken.folder), ToUtf8(FailureText(failure)));
 }
 
 bool IsThere(const TakenFolder& taken) {
@@ -28,11 +28,8 @@ bool IsThere(const TakenFolder& taken) {
 
 /// Of the disk that holds the nearest of a path's folders that there is.
 std::optional<std::uint64_t> FreeBytesAbove(const fs::path& path) {
-  for (fs::path at = FullPath(path); !at.empty(); at = at.parent_path()) {
-    if (const FileResult<SystemFile> folder = OpenRoot(ToDiskPath(at))) return FreeBytes(*folder);
-    if (at == at.parent_path()) break;
-  }
-  return std::nullopt;
+  const FileResult<WayToFolder> way = WayTo(path);
+  return way ? FreeBytes(way->nearest) : std::nullopt;
 }
 
 }  // namespace
@@ -64,11 +61,12 @@ void TargetFolder::OpenFolder(const FolderMove& folders, bool dryRun) {
   TakenFolder used = taken_;
   const bool isThere = IsThere(taken_);
   if (!isThere && dryRun) {
+    RequireMade(taken_, WayTo(taken_.driveFolder).Failure());
     temporary_ = std::make_unique<TemporaryFolder>();
     used.driveFolder = temporary_->Path();
   }
   FolderLayout folder = LayOut(used, WishesFor(folders));
-  if (!isThere) MakeDrive(used);
+  if (!isThere) RequireMade(used, MakeFolders(used.driveFolder));
   usualGroupRoot_ = std::move(folder.usualGroupRoot);
   registry_ = {folder.layout.registryFile, std::move(folder.registryPath)};
   disks_ = std::make_shared<HostedPlatform>(std::move(folder.layout));

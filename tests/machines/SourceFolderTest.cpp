@@ -1,7 +1,9 @@
 #include "machines/SourceFolder.h"
 
+#include "machines/MachineFolder.h"
 #include "machines/MachineFoldersTest.h"
 #include "move/MoveFixture.h"
+#include "move/SetUpMachine.h"
 
 namespace norvo {
 namespace {
@@ -147,6 +149,33 @@ TEST_F(SourceMachineTest, AMachineWithAWorkFolderKeepsItsDrivesAndGetsALetterMor
                                      "Z: " + At("old/Z").string()}));
 }
 
+TEST_F(SourceMachineTest, ADriveCThatStandsElsewhereIsADiskAndNotWrittenTo) {
+  PutDisk("disk");
+  Put(At("old/machine.ini"), "[Drives]\r\nC=fixed," + At("disk").string() + "\r\n");
+  const auto before = Tree(At("disk"));
+  {
+    const SourceFolder source(Folders(At("old"), {}));
+    EXPECT_TRUE(source.IsReadOnly());
+    EXPECT_TRUE(source.IsTemporary());
+    EXPECT_EQ(source.GroupRoot(), "Z:\\Norvo Media\\");
+  }
+  EXPECT_EQ(Tree(At("disk")), before);
+  // Another drive may stand anywhere.
+  Put(At("old/machine.ini"), "[Drives]\r\nC=fixed\r\nD=fixed," + At("disk").string() + "\r\n");
+  EXPECT_FALSE(SourceFolder(Folders(At("old"), {})).IsReadOnly());
+}
+
+TEST_F(SourceMachineTest, WhoHasDecidedWhereTheDataGoIsHeeded) {
+  PutDisk("disk");
+  Put(At("old/machine.ini"), "[Drives]\r\nC=fixed," + At("disk").string() + "\r\nZ=fixed\r\n");
+  fs::create_directories(At("old/Z"));
+  SetupWishes wishes;
+  wishes.groupRoot = "Z:\\Norvo Media\\";
+  SetUpMachine(OpenMachineFolder(At("old")), wishes);
+  const SourceFolder source(Folders(At("old"), {}));
+  EXPECT_FALSE(source.IsReadOnly());
+}
+
 TEST_F(SourceMachineTest, AMachineWithoutAWorkFolderTakesItsDataItself) {
   PutDisk("old/C");
   const SourceFolder source(Folders(At("old"), {}));
@@ -240,13 +269,14 @@ TEST_F(SourceMachineTest, WhatIsNoFolderIsRefused) {
 }
 
 TEST_F(SourceMachineTest, AWorkFolderThatCannotBeMadeIsRefusedWithTheReason) {
+  constexpr const char* kInTheWay = "something else stands where it or its folder should";
   PutDisk("disk");
   Put(At("file"), "");
   ExpectError(ErrorOfSource("disk", "file/work"), MoveFault::WorkNotCreated,
-              At("file/work").string(), "Not a directory");
+              At("file/work").string(), kInTheWay);
   Put(At("work/Z"), "a file");
   ExpectError(ErrorOfSource("disk", "work"), MoveFault::WorkNotCreated, At("work/Z").string(),
-              "File exists");
+              kInTheWay);
 }
 
 }  // namespace

@@ -106,13 +106,16 @@ TEST_F(TargetFolderTest, AnEmptyFolderStaysEmptyInADryRun) {
 }
 
 TEST_F(TargetFolderTest, WhatCannotBeMadeAMachineIsRefusedWithTheReason) {
+  constexpr const char* kInTheWay = "something else stands where it or its folder should";
   Put(At("file"), "");
   ExpectError(ErrorOf([this] { TargetFolder(To("file"), false); }), MoveFault::MachineNotMade,
-              At("file").string(), "Not a directory");
+              At("file").string(), kInTheWay);
   ExpectError(ErrorOf([this] { TargetFolder(To("file", "D"), false); }), MoveFault::MachineNotMade,
-              At("file").string(), "Not a directory");
-  ExpectError(ErrorOf([this] { TargetFolder(To("file/new"), false); }), MoveFault::MachineNotMade,
-              At("file/new").string(), "Not a directory");
+              At("file").string(), kInTheWay);
+  for (const bool dryRun : {true, false}) {
+    ExpectError(ErrorOf([&] { TargetFolder(To("file/new"), dryRun); }), MoveFault::MachineNotMade,
+                At("file/new").string(), kInTheWay);
+  }
 }
 
 TEST_F(TargetFolderTest, NothingIsMadeForWishesThatCannotBe) {
