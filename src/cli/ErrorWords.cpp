@@ -20,6 +20,11 @@ std::string SettingsText(const MoveError& error) {
     case MoveFault::GroupRootNotFull:
       return "--group-root " + subject +
              R"( is no full path of the machine, such as D:\Norvo Media\)";
+    case MoveFault::GroupRootUnfit:
+      return "--group-root " + subject +
+             " cannot hold songs: a path in lists is no longer than 259 characters, in letters of "
+             "the older players' code page, and no name in it ends with a point or a blank or is a "
+             R"(device's, such as con. Choose a shorter or plainer one, such as D:\Norvo Media\)";
     case MoveFault::UsualGroupRootNotFull:
       return subject +
              ", the usual place of lists and songs, is no path on a drive. Choose another one with "

@@ -12,6 +12,8 @@ const char* StatementOf(MoveFault fault) {
     case MoveFault::UsualGroupRootNotFull:
     case MoveFault::GroupRootUnusable:
       return "is no full path of the machine, and cannot be the group root";
+    case MoveFault::GroupRootUnfit:
+      return "cannot be the group root: no list could tell a song below it";
     case MoveFault::GroupRootNowhere:
       return "cannot be the group root: the machine lacks its drive";
     case MoveFault::RegistryUnwritable:

@@ -11,6 +11,7 @@ namespace norvo {
 enum class MoveFault {
   // Settings of the product.
   GroupRootNotFull,         ///< the wished group root (subject) is no full path of the machine
+  GroupRootUnfit,           ///< no list could tell a song below the wished one (subject)
   UsualGroupRootNotFull,    ///< none is wished, and the usual one (subject) is no full path
   GroupRootUnusable,        ///< the machine's group root (subject) is no full path
   GroupRootNowhere,         ///< the group root (subject) lies on a drive (detail) that there is not

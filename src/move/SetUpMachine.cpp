@@ -8,6 +8,7 @@
 #include "move/MachineSetup.h"
 #include "move/MoveError.h"
 #include "move/OpenedLibrary.h"
+#include "move/PortableNames.h"
 #include "move/ProductSettings.h"
 #include "services/DataCop.h"
 #include "services/ProfileFile.h"
@@ -228,6 +229,18 @@ class Setup {
   bool rootIsNew_ = false;  // the group root's folder was made by this run
 };
 
+// A song below it has an artist's, an album's and its own name, and its list a kind's.
+constexpr std::size_t kLeftForSongs = 100;
+
+/// What stands there could be told by no list, and so would be left out, each song of it.
+void RequireFit(Component& component, StringView root) {
+  StringView path = root;
+  path.remove_suffix(1);
+  const bool fits = path.size() + kLeftForSongs <= kLongestPath &&
+                    HasPortableNames(path, &component.Machine().AnsiPage());
+  if (!fits) throw MoveError(MoveFault::GroupRootUnfit, ToUtf8(root));
+}
+
 /// A group root in full; MoveError with that fault when it is no place on a drive.
 String CheckedRoot(Component& component, const std::string& root, MoveFault fault) {
   const std::optional<String> text = FromUtf8(root);
@@ -250,6 +263,7 @@ std::vector<SetupStep> SetUp(Component& component, const SetupWishes& wishes, Ma
   std::optional<String> wish;
   if (wishes.groupRoot) {
     wish = CheckedRoot(component, *wishes.groupRoot, MoveFault::GroupRootNotFull);
+    RequireFit(component, *wish);
   }
   const ProductSettings before = ReadProductSettings(component);
   // Checked before anything is written. The usual one may be no place on a drive, as where the

@@ -46,6 +46,19 @@ TEST_F(MoveErrorTest, AWishedGroupRootIsAFullPath) {
   EXPECT_EQ(WritesOf(*machines.from), Lines());
 }
 
+TEST_F(MoveErrorTest, AWishedGroupRootCanHoldSongsThatListsCanTell) {
+  const std::string longest = "C:\\" + std::string(156, 'x');
+  for (const std::string& root :
+       {std::string("C:\\con\\Media"), std::string("C:\\ Media"), std::string("C:\\Me|dia"),
+        std::string("C:\\\xCE\xA9"), longest + 'x'}) {
+    ExpectError(ErrorOfSetup(root), MoveFault::GroupRootUnfit, root + '\\');
+  }
+  EXPECT_EQ(WritesOf(*machines.from), Lines());
+  SetupWishes wishes;
+  wishes.groupRoot = longest;
+  EXPECT_TRUE(SetUpMachine(machines.from, wishes).warnings.empty());
+}
+
 TEST_F(MoveErrorTest, AGroupRootLiesOnADriveOfTheMachine) {
   ExpectError(ErrorOfSetup("Q:\\Media"), MoveFault::GroupRootNowhere, "Q:\\Media\\", "Q:");
   SetGroupRoot(machines.to, u"Q:\\Media\\");

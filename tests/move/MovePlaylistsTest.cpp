@@ -6,6 +6,7 @@
 
 #include "automation/RunTimeError.h"
 #include "move/MemoryMove.h"
+#include "text/Encoding.h"
 
 namespace norvo {
 namespace {

@@ -4,6 +4,7 @@
 #include "library/Library.h"
 #include "model/PlaylistTypes.h"
 #include "move/MoveError.h"
+#include "move/MoveResult.h"
 #include "move/ProductSettings.h"
 #include "move/ReadPlaylist.h"
 #include "services/Utility.h"
