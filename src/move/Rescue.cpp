@@ -102,16 +102,22 @@ std::optional<String> Rescue::ContentOf(const String& path) {
     if (file.lists.size() != 1 || file.isDamaged) return std::nullopt;
     String content;
     for (const FoundItem& found : file.lists.front().items) {
-      const bool isSong = found.item.IsSong();
-      const double size = isSong ? work_.result.songs[found.item.song].size : 0;
-      if (isSong && size == 0) return std::nullopt;  // which tells nothing
-      content += isSong ? FormatNumber(size) : String(LastComponent(found.item.reference));
+      const double size = found.item.IsSong() ? work_.result.songs[found.item.song].size : 0;
+      // No size tells nothing, and an address has none.
+      content += size > 0 ? FormatNumber(size) : PlainName(found.item);
       content += u'\n';
     }
     return content;
   } catch (const RunTimeError&) {
     return std::nullopt;
   }
+}
+
+/// The last name of an item as a list in the 8-bit page tells it.
+String Rescue::PlainName(const MovedItem& item) {
+  const CodePage& page = library_.Machine().AnsiPage();
+  const StringView path = item.IsSong() ? StringView(songs_.SourceOf(item.song)) : item.reference;
+  return page.Decode(page.Encode(LastComponent(path)));
 }
 
 void Rescue::SkipOtherForms(std::vector<CollectedFile>& files) {

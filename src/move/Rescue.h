@@ -42,6 +42,7 @@ class Rescue {
   std::vector<CollectedFile> FilesOf(const CollectResult& collected) const;
   void SkipOtherForms(std::vector<CollectedFile>& files);
   std::optional<String> ContentOf(const String& path);
+  String PlainName(const MovedItem& item);
   static Mending::Kind WhyLost(const CollectedFile& file);
   static MovedPlaylist NewPlaylist(const CollectedFile& file);
   void Take(const CollectedFile& file);

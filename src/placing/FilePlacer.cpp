@@ -277,7 +277,8 @@ Comparison FilePlacer::Compare(StringView source, StringView target) {
 std::string FilePlacer::IdentityOf(StringView source) {
   const std::optional<DiskEntry> found = from_.Find(AbsolutePath(source, u"C:"));
   if (!found) return ToUtf8(source);
-  return JoinDiskPath(found->Place().drive->Folder(), found->Place().path);
+  const auto& [drive, path] = found->Place();
+  return JoinDiskPath(drive->Folder(), drive->SpelledPath(path));
 }
 
 bool FilePlacer::IsBlocked(StringView target) {

@@ -4,6 +4,7 @@ from an old PC's disk, and between folders."""
 
 import json
 import os
+import re
 import subprocess
 from pathlib import Path
 
@@ -12,6 +13,7 @@ from windows_move_case import LISTS, MIX, MUSIC, OMEGA, WindowsMoveCase, fill, s
 
 from help_texts import Help
 from native_playlists import PLAYER_FOLDERS, find_on_machine
+from stage import may_mount, mount
 from windows_machine import Item
 
 
@@ -90,6 +92,30 @@ class WindowsMoveTest(WindowsMoveCase):
         self.assertEqual([(place.read_bytes(), int(place.stat().st_mtime)) for place in come],
                          [(song(number), 10**9 + 1000 * number) for number in range(len(paths))])
 
+    def test_a_song_that_is_named_by_its_short_names_too_comes_once_and_by_its_long_one(self):
+        old = self.pc()
+        folder, name = "A folder with a long name", "A song with a long name.mp3"
+
+        def short(place):
+            listed = old.wine("cmd", "/c", "dir /x " + place).stdout.decode("cp437")
+            return re.search(r"(\S+~\S+) +A (folder|song) with", listed).group(1)
+
+        disk = self.stick / "disk"
+        (disk / "Windows").mkdir(parents=True)
+        for write in (old.write, self.write_on(disk)):
+            write(f"C:\\Music\\{folder}\\{name}", song(1))
+        folders = [short("C:\\Music"), folder]
+        names = [short("C:\\Music\\" + folders[0]), name]
+        lines = [f"C:\\Music\\{one}\\{other}\r\n" for one in folders for other in names]
+        for write in (old.write, self.write_on(disk)):
+            write("C:\\Music\\Mix.m3u", "".join(lines).encode())
+        for number, words in enumerate([[], ["--from", "E:\\disk"]]):
+            for _ in range(2):
+                self.run_on(old, 0, "migrate", *words, "--to", f"E:\\Move{number}", "--all-music")
+                come = list((self.stick / f"Move{number}").rglob("*.mp3"))
+                self.assertEqual([path.name for path in come], [name])
+                self.assertEqual(come[0].read_bytes(), song(1))
+
     # ------------------------------------------------------------------------ an old disk ----
 
     def test_lists_that_are_named_as_devices_come_over_and_the_move_ends(self):
@@ -110,7 +136,8 @@ class WindowsMoveTest(WindowsMoveCase):
         new = self.pc()
         new.connect(system)
         (new.drives() / "f:").symlink_to(second)
-        self.run_on(new, 0, "migrate", "--from", "E:\\", "--drive", "D=F:\\")
+        # A drive is meant as a whole, whatever folder is current there.
+        self.run_on(new, 0, "migrate", "--from", "E:", "--drive", "D=\\\\?\\F:")
         come = [path.read_bytes() for path in (new.drive / "My Documents").rglob("*.mp3")]
         self.assertEqual(come, [song(2)])
 
@@ -124,6 +151,21 @@ class WindowsMoveTest(WindowsMoveCase):
         come = [path.read_bytes() for path in (new.drive / "My Documents").rglob("*.mp3")]
         self.assertEqual(come, [song(2)])
 
+    def test_a_disk_that_is_named_in_the_settings_of_a_folder_is_not_written_to(self):
+        disk = self.stick / "disk"
+        write = self.write_on(disk)
+        write("C:\\Music\\Mix.m3u", b"One.mp3\r\n")
+        write("C:\\Music\\One.mp3", song(1))
+        before = {path for path in disk.rglob("*")}
+        (self.stick / "old").mkdir()
+        (self.stick / "old" / "machine.ini").write_text("[Drives]\nC=fixed,E:\\disk\n")
+        new = self.pc()
+        self.run_on(new, 0, "migrate", "--from", "E:\\old")
+        come = [path.read_bytes() for path in (new.drive / "My Documents").rglob("*.mp3")]
+        self.assertEqual(come, [song(1)])
+        self.assertEqual({path for path in disk.rglob("*")}, before)
+        self.assertEqual([path.name for path in (self.stick / "old").iterdir()], ["machine.ini"])
+
     def test_from_the_disk_of_an_old_pc(self):
         fill(self.write_on(self.stick))
         (self.stick / "Windows").mkdir()
@@ -134,6 +176,7 @@ class WindowsMoveTest(WindowsMoveCase):
         self.check(new.drive)
         self.assertEqual({path: path.read_bytes() for path in self.stick.rglob("*")
                           if path.is_file()}, before)
+        self.assertEqual([path for path in new.drive.rglob("norvo-*") if path.is_dir()], [])
 
     # ------------------------------------------------------------------- step by step ----
 
@@ -245,6 +288,48 @@ class WindowsMoveTest(WindowsMoveCase):
             for shown in ("Everything came over", "Mix.m3u8", OMEGA):
                 self.assertTrue(shown in text, shown)
             (self.stick / "page.html").unlink()
+
+    def test_a_folder_with_lists_and_a_report_stays_a_machine(self):
+        old = self.pc()
+        fill(old.write)
+        page = "E:\\Move\\My move.html"
+        self.run_on(old, 0, "migrate", "--to", "E:\\Move")
+        (self.stick / "Move" / "desktop.ini").write_bytes(b"[.ShellClassInfo]\r\n")
+        self.run_on(old, 0, "migrate", "--to", "E:\\Move", "--report", page)
+        told = self.run_on(old, 0, "migrate", "--to", "E:\\Move", "--report", page)
+        self.assertIn("drives and registry.reg found", told)
+        self.check(self.stick / "Move" / "C")
+        self.assertEqual({path.name for path in (self.stick / "Move").iterdir()
+                          if not path.name.startswith(".")},
+                         {"C", "My move.html", "desktop.ini", "registry.reg"})
+        new = self.pc()
+        self.run_on(new, 0, "migrate", "--from", "E:\\Move")
+        self.check(new.drive)
+
+    def test_a_write_protected_stick_is_only_read(self):
+        if not may_mount(self.stick):
+            self.skipTest("no disk can be mounted here")
+        fill(self.write_on(self.stick / "Move" / "C"))
+        mount("--bind", self.stick, self.stick)
+        self.addCleanup(subprocess.run, ["umount", self.stick], check=True)
+        mount("-o", "remount,bind,ro", self.stick)
+        new = self.pc()
+        self.run_on(new, 0, "migrate", "--from", "E:\\Move")
+        self.check(new.drive)
+
+    # ----------------------------------------------------------------------- what is wrong ----
+
+    def test_a_drive_that_is_not_there_is_told_also_by_a_trial(self):
+        old = self.pc()
+        fill(old.write)
+        for more in ([], ["--dry-run"]):
+            told = self.run_on(old, 2, "migrate", "--to", "Q:\\Move", *more)
+            self.assertIn("Q:\\Move cannot be made a machine: there is no such drive, folder or file",
+                          told)
+
+    def test_a_name_that_ended_in_its_quotation_marks_is_explained(self):
+        told = self.run_on(self.pc(), 2, "migrate", "--from", "E:\" --dry-run")
+        self.assertIn("a name that ends with \\ stands without quotation marks", told)
 
 
 if __name__ == "__main__":

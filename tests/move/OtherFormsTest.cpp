@@ -126,6 +126,17 @@ TEST_F(SecondMoveTest, EachPlaylistComesOnce) {
   EXPECT_EQ(forms, 4u);
 }
 
+TEST_F(SecondMoveTest, AnEmptySongAndAnAddressInOtherLettersMakeNoNewLists) {
+  const std::string list = R"(C:\Music\Empty.m3u8)";
+  WriteOld(R"(C:\Music\Nothing.mp3)", "");
+  WriteOld(list, std::string("#EXTM3U\r\nNothing.mp3\r\n") + kOne +
+                     "\r\n\\\\server\\share\\\u03a9.mp3\r\n");
+  Moved();
+  const nlohmann::json moved = MovedOn();
+  EXPECT_EQ(moved.at("summary").at("otherForms"), 8);
+  EXPECT_EQ(ListsOfThird().size(), 10u);
+}
+
 TEST_F(SecondMoveTest, ASecondNameOfASongIsNoSongOfItsOwn) {
   const std::string omega = "C:\\Music\\\u03a9.mp3";
   AddSong(omega);

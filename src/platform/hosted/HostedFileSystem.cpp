@@ -113,7 +113,9 @@ bool HostedFileSystem::FolderExists(StringView path) {
 std::optional<FileFacts> HostedFileSystem::FactsOf(StringView path) {
   std::optional<DiskEntry> entry = Look(path);
   if (!entry || entry->record.kind != FileRecord::Kind::File) return std::nullopt;
-  std::optional<String> name = FromDiskName(LeafOf(entry->named.path));
+  const DrivePath& named = entry->named;
+  const std::string spelled = entry->isLink ? named.path : named.drive->SpelledPath(named.path);
+  std::optional<String> name = FromDiskName(LeafOf(spelled));
   if (!name) return std::nullopt;
   const FileRecord& record = entry->record;
   FileFacts facts{std::move(*name), static_cast<double>(record.size), record.created,

@@ -3,10 +3,12 @@
 #include "automation/RunTimeError.h"
 #include "platform/win32/QuietDrives.h"
 #include "platform/windows/FileVersion.h"
+#include "platform/windows/MountedDisk.h"
 #include "platform/windows/SystemPath.h"
 #include "platform/windows/WideText.h"
 #include "platform/windows/WindowsFiles.h"
 #include "platform/windows/WindowsTime.h"
+#include "services/Utility.h"
 #include "text/WindowsPath.h"
 
 namespace norvo {
@@ -193,11 +195,23 @@ void WindowsFileSystem::MakeDurable(std::span<const String> paths) {
   }
 }
 
-void WindowsFileSystem::WarnOfName(StringView folder, StringView name) {
+bool WindowsFileSystem::WasTold(StringView folder, StringView name) {
   const String path = String(folder).append(u"\\").append(name);
-  if (warned_.size() < kMostRemembered && !warned_.insert(path).second) return;
+  return warned_.size() < kMostRemembered && !warned_.insert(path).second;
+}
+
+void WindowsFileSystem::WarnOfName(StringView folder, StringView name) {
+  if (WasTold(folder, name)) return;
   warn_(String(folder) + u": the name \"" + String(name) +
         u"\" cannot be reached by a path; it is left out");
+}
+
+/// Other links lead to what is met under the name of its own.
+void WindowsFileSystem::WarnOfMountedDisk(StringView folder, StringView name) {
+  const std::optional<String> path = ToSystemPath(Utility::AddBackslash(folder) + String(name));
+  if (!path || !IsDiskWithoutLetter(*path) || WasTold(folder, name)) return;
+  warn_(Utility::AddBackslash(folder) + String(name) +
+        u": a disk without a letter is mounted in this folder; it was not searched");
 }
 
 /// Starts at the folder's first name; not open when it holds none.
@@ -224,7 +238,11 @@ std::vector<FolderItem> WindowsFileSystem::ListFolder(StringView path,
     String name = FromWide(found.cFileName);
     const bool isFolder = IsFolder(found.dwFileAttributes);
     if (name == u"." || name == u"..") continue;
-    if (isFolder ? IsLink(found) : !HasWantedEnding(name, endings)) continue;
+    if (isFolder && IsLink(found)) {
+      WarnOfMountedDisk(path, name);
+      continue;
+    }
+    if (!isFolder && !HasWantedEnding(name, endings)) continue;
     if (IsReachableName(name)) {
       items.push_back({std::move(name), isFolder});
     } else {

@@ -35,7 +35,7 @@ class WindowsFileSystem final : public FileSystem, public SharedFiles {
   void MakeDurable(std::span<const String> paths) override;
   /// Links to files are listed as files. Junctions, links to folders and mounted disks are left
   /// out, so that a walk through all folders ends; a path that names one leads into its folder all
-  /// the same.
+  /// the same. Of a mounted disk that no letter leads to, `warn` is told once.
   std::vector<FolderItem> ListFolder(StringView path, std::span<const StringView> endings) override;
   /// From the drive of the process's current folder.
   String AbsolutePathName(StringView path) override;
@@ -55,7 +55,9 @@ class WindowsFileSystem final : public FileSystem, public SharedFiles {
   FileHandle OpenFile(StringView path, DWORD access, DWORD sharing, bool create);
   SearchHandle OpenListing(StringView path, WIN32_FIND_DATAW& found);
   [[noreturn]] void RaiseUnusable(DWORD reason, StringView path);
+  bool WasTold(StringView folder, StringView name);
   void WarnOfName(StringView folder, StringView name);
+  void WarnOfMountedDisk(StringView folder, StringView name);
 
   std::function<void(StringView)> warn_;
   std::unordered_set<String> warned_;  // paths that were reported

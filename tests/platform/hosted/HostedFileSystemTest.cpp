@@ -172,6 +172,11 @@ TEST_F(HostedFileSystemTest, AFileThatGrewSinceItsFactsWereAskedIsReadWhole) {
   EXPECT_EQ(Read(u"C:\\A.bin"), "0123456789");
 }
 
+TEST_F(HostedFileSystemTest, ANameWithATildeIsNoShortNameUnlessTheDiskHasItAsOne) {
+  Put(Disk("C/Live~1/Gr~1.mp3"), "song");
+  EXPECT_EQ(Files().FactsOf(u"C:\\LIVE~1\\GR~1.MP3")->name, u"Gr~1.mp3");
+}
+
 TEST_F(HostedFileSystemTest, OpeningWhatIsNoFileFails) {
   Put(Disk("C/folder/a"), "");
   EXPECT_EQ(NumberRaisedBy([&] { Files().OpenForReading(u"C:\\b"); }), 53);
