@@ -278,7 +278,7 @@ std::string FilePlacer::IdentityOf(StringView source) {
   const std::optional<DiskEntry> found = from_.Find(AbsolutePath(source, u"C:"));
   if (!found) return ToUtf8(source);
   const auto& [drive, path] = found->Place();
-  return JoinDiskPath(drive->Folder(), drive->SpelledPath(path));
+  return JoinDiskPath(drive->Folder(), drive->LongPathOf(path).value_or(path));
 }
 
 bool FilePlacer::IsBlocked(StringView target) {

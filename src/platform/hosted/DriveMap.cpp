@@ -39,11 +39,10 @@ std::optional<std::string> DriveFolder::PathWithin(const std::string& realPath) 
   return isBelow ? realPath.substr(realFolder_.size() + 1) : std::string();
 }
 
-std::string DriveFolder::SpelledPath(const std::string& path) const {
-  if (path.find('~') == std::string::npos) return path;
+std::optional<std::string> DriveFolder::LongPathOf(const std::string& path) const {
+  if (path.find('~') == std::string::npos) return std::nullopt;
   const std::optional<std::string> real = RealPathOf(path);
-  const std::optional<std::string> within = real ? PathWithin(*real) : std::nullopt;
-  return within.value_or(path);
+  return real ? PathWithin(*real) : std::nullopt;
 }
 
 DriveMap::DriveMap(const std::vector<HostedDrive>& drives, bool linksCross)

@@ -31,8 +31,8 @@ class DriveFolder {
   /// The path in the drive of such a path; nothing when it lies elsewhere.
   std::optional<std::string> PathWithin(const std::string& realPath) const;
   /// A path in the drive by the names that short ones ("LONGNA~1.MP3") of a disk of Windows stand
-  /// for; the same path where there are none.
-  std::string SpelledPath(const std::string& path) const;
+  /// for; nothing where it has none.
+  std::optional<std::string> LongPathOf(const std::string& path) const;
 
  private:
   char16_t letter_;

@@ -114,8 +114,9 @@ std::optional<FileFacts> HostedFileSystem::FactsOf(StringView path) {
   std::optional<DiskEntry> entry = Look(path);
   if (!entry || entry->record.kind != FileRecord::Kind::File) return std::nullopt;
   const DrivePath& named = entry->named;
-  const std::string spelled = entry->isLink ? named.path : named.drive->SpelledPath(named.path);
-  std::optional<String> name = FromDiskName(LeafOf(spelled));
+  std::optional<std::string> longPath;
+  if (!entry->isLink) longPath = named.drive->LongPathOf(named.path);
+  std::optional<String> name = FromDiskName(LeafOf(longPath ? *longPath : named.path));
   if (!name) return std::nullopt;
   const FileRecord& record = entry->record;
   FileFacts facts{std::move(*name), static_cast<double>(record.size), record.created,
