@@ -22,9 +22,11 @@ std::string SettingsText(const MoveError& error) {
              R"( is no full path of the machine, such as D:\Norvo Media\)";
     case MoveFault::GroupRootUnfit:
       return "--group-root " + subject +
-             " cannot hold songs: a path in lists is no longer than 259 characters, in letters of "
-             "the older players' code page, and no name in it ends with a point or a blank or is a "
-             R"(device's, such as con. Choose a shorter or plainer one, such as D:\Norvo Media\)";
+             " cannot hold songs. It has 159 characters at most, and names that Windows and the "
+             "lists "
+             "of older players know: none of another code page, of a device, such as con, with a "
+             "point or a blank at its end, or with characters such as * and ?. Choose another one, "
+             R"(such as D:\Norvo Media\)";
     case MoveFault::UsualGroupRootNotFull:
       return subject +
              ", the usual place of lists and songs, is no path on a drive. Choose another one with "

@@ -22,10 +22,10 @@ const FaultRow kFaults[] = {
     {MoveFault::GroupRootNotFull, "Media", "",
      R"(--group-root Media is no full path of the machine, such as D:\Norvo Media\)"},
     {MoveFault::GroupRootUnfit, R"(C:\con\)", "",
-     R"(--group-root C:\con\ cannot hold songs: a path in lists is no longer than 259 characters, in )"
-     "letters of the older players' code page, and no name in it ends with a point or a blank or "
-     "is a "
-     R"(device's, such as con. Choose a shorter or plainer one, such as D:\Norvo Media\)"},
+     R"(--group-root C:\con\ cannot hold songs. It has 159 characters at most, and names that )"
+     "Windows and the lists of older players know: none of another code page, of a device, such as "
+     "con, with a point or a blank at its end, or with characters such as * and ?. Choose another "
+     R"(one, such as D:\Norvo Media\)"},
     {MoveFault::UsualGroupRootNotFull, R"(\\server\ann\Norvo Media\)", "",
      R"(\\server\ann\Norvo Media\, the usual place of lists and songs, is no path on a drive. )"
      R"(Choose another one with --group-root PATH, such as C:\Norvo Media\)"},
