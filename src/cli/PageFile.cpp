@@ -60,7 +60,7 @@ void PageFile::FailOn(FileFailure failure) const {
 }
 
 void PageFile::Fail(const std::string& reason) const {
-  throw CommandError(path_ + " cannot be written: " + reason +
+  throw CommandError(ShownPath(ToSystemPath(path_)) + " cannot be written: " + reason +
                      ". Name a file in a folder that can be written with --report.");
 }
 

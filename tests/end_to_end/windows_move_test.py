@@ -289,6 +289,11 @@ class WindowsMoveTest(WindowsMoveCase):
                 self.assertTrue(shown in text, shown)
             (self.stick / "page.html").unlink()
 
+    def test_a_report_that_cannot_be_written_is_named_as_this_system_writes_paths(self):
+        told = self.run_on(self.pc(), 2, "migrate", "--to", "E:\\Move", "--report", "E:/no/page.html")
+        self.assertIn("E:\\no\\page.html cannot be written: there is no such drive, folder or file",
+                      told)
+
     def test_a_folder_with_lists_and_a_report_stays_a_machine(self):
         old = self.pc()
         fill(old.write)

@@ -48,7 +48,7 @@ std::string ToDiskPath(const std::filesystem::path& path) {
 }
 
 std::string ShownPath(const std::filesystem::path& path) {
-  const std::u8string text = path.u8string();
+  const std::u8string text = std::filesystem::path(path).make_preferred().u8string();
   return std::string(text.begin(), text.end());
 }
 

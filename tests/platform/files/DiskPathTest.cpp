@@ -42,6 +42,7 @@ TEST(DiskPath, IsShownInUtf8AsTheSystemWritesIt) {
   EXPECT_EQ(ShownPath(ToSystemPath("M\xC3\xBCsik")), "M\xC3\xBCsik");
   const std::string separator(1, static_cast<char>(std::filesystem::path::preferred_separator));
   EXPECT_EQ(ShownPath(ToSystemPath("a") / "b"), "a" + separator + "b");
+  EXPECT_EQ(ShownPath(ToSystemPath("a/b")), "a" + separator + "b");
 }
 
 TEST(DiskPath, IsMadeFullUnlessItIsNone) {
