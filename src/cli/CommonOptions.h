@@ -24,8 +24,8 @@ void AddReadAheadOption(CLI::App& command, CommonArguments& common);
 void AddMachineOption(CLI::App& command, CommonArguments& common, bool required);
 
 /// The folder that a person means. On Windows a drive without a separator, such as "E:", would be
-/// whatever folder some program has left current there; it is the whole drive. The mark of a path
-/// that the system is to take as it is, "\\?\" before a drive, is no part of the name: all are.
+/// whatever folder some program has left current there; it is the whole drive. "\\?\" before a
+/// drive, by which a path is taken as it is, is left out: here every path is.
 std::string NamedFolder(const std::string& text);
 
 /// Adds an option for a folder, which may not be empty: left out by mistake, as a variable without

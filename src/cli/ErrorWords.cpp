@@ -4,6 +4,7 @@
 #include "cli/MachineWords.h"
 #include "cli/TextLayout.h"
 #include "cli/TypedCommand.h"
+#include "move/SetUpMachine.h"
 
 namespace norvo::cli {
 namespace {
@@ -21,8 +22,9 @@ std::string SettingsText(const MoveError& error) {
       return "--group-root " + subject +
              R"( is no full path of the machine, such as D:\Norvo Media\)";
     case MoveFault::GroupRootUnfit:
-      return "--group-root " + subject +
-             " cannot hold songs. It has 159 characters at most, and names that Windows and the "
+      return "--group-root " + subject + " cannot hold songs. It has " +
+             std::to_string(kLongestGroupRoot) +
+             " characters at most, and names that Windows and the "
              "lists "
              "of older players know: none of another code page, of a device, such as con, with a "
              "point or a blank at its end, or with characters such as * and ?. Choose another one, "

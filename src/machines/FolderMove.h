@@ -67,7 +67,8 @@ struct FolderMove {
   std::string groupRoot;  ///< see `documents`
   /// Takes what the product writes for the old machine, on a drive of its own, so that nothing is
   /// written below `from` even if that is a machine. May be empty: then a machine takes it itself,
-  /// and of another folder it is kept only as long as the move lasts.
+  /// where its folder can be written to and its drive C stands in there; else it is kept only as
+  /// long as the move lasts.
   std::filesystem::path work;
   /// Shows the messages of both machines, if not null; else they go to the standard error stream.
   MessageDialog* messages = nullptr;

@@ -103,7 +103,7 @@ std::optional<String> Rescue::ContentOf(const String& path) {
     String content;
     for (const FoundItem& found : file.lists.front().items) {
       const double size = found.item.IsSong() ? work_.result.songs[found.item.song].size : 0;
-      // No size tells nothing, and an address has none.
+      // Empty songs are told apart by their names, as addresses are.
       content += size > 0 ? FormatNumber(size) : PlainName(found.item);
       content += u'\n';
     }

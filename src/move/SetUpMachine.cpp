@@ -229,15 +229,12 @@ class Setup {
   bool rootIsNew_ = false;  // the group root's folder was made by this run
 };
 
-// A song below it has an artist's, an album's and its own name, and its list a kind's.
-constexpr std::size_t kLeftForSongs = 100;
-
 /// What stands there could be told by no list, and so would be left out, each song of it.
 void RequireFit(Component& component, StringView root) {
   StringView path = root;
   path.remove_suffix(1);
-  const bool fits = path.size() + kLeftForSongs <= kLongestPath &&
-                    HasPortableNames(path, &component.Machine().AnsiPage());
+  const bool fits =
+      path.size() <= kLongestGroupRoot && HasPortableNames(path, &component.Machine().AnsiPage());
   if (!fits) throw MoveError(MoveFault::GroupRootUnfit, ToUtf8(root));
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -11,6 +12,10 @@
 #include "services/Platform.h"
 
 namespace norvo {
+
+/// Characters of a group root that is wished for, without a separator at its end: below it a song
+/// has an artist's, an album's and its own name, and players know no longer paths than 259.
+inline constexpr std::size_t kLongestGroupRoot = 159;
 
 /// What a machine's settings shall be where it has none yet.
 struct SetupWishes {
