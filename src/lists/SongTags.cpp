@@ -32,7 +32,7 @@ String MeantByBytes(const String& text) {
   return utf8 ? *utf8 : Windows1252().Decode(bytes);
 }
 
-String TextOf(const TagLib::String& tagText) {
+String ReadableText(const TagLib::String& tagText) {
   const TagLib::String cut = tagText.substr(0, kLongestText);
   String text;
   for (const wchar_t unit : cut) text += static_cast<char16_t>(unit);
@@ -49,7 +49,7 @@ TagLib::String First(const TagLib::PropertyMap& properties, const char* key) {
 }
 
 void Fill(String& field, const TagLib::String& text) {
-  if (field.empty()) field = TextOf(text);
+  if (field.empty()) field = ReadableText(text);
 }
 
 void Fill(int& track, int number) {
@@ -102,10 +102,10 @@ void AddFirstTag(SongTags& tags, TagLib::File& file) {
 
 /// What the properties, which are those of one tag, do not tell and another tag of the file does.
 void Add(SongTags& tags, const TagLib::Tag& tag) {
-  if (tags.artist.empty()) tags.artist = TextOf(tag.artist());
-  if (tags.album.empty()) tags.album = TextOf(tag.album());
-  if (tags.title.empty()) tags.title = TextOf(tag.title());
-  if (tags.genre.empty()) tags.genre = TextOf(tag.genre());
+  if (tags.artist.empty()) tags.artist = ReadableText(tag.artist());
+  if (tags.album.empty()) tags.album = ReadableText(tag.album());
+  if (tags.title.empty()) tags.title = ReadableText(tag.title());
+  if (tags.genre.empty()) tags.genre = ReadableText(tag.genre());
   if (tags.track == 0) Fill(tags.track, static_cast<int>(tag.track()));
 }
 
@@ -151,7 +151,7 @@ class RememberingFile final : public BinaryFile {
   std::optional<RunTimeError> failure_;
 };
 
-double SecondsOf(TagLib::File& file) {
+double LengthOf(TagLib::File& file) {
   const double seconds = SecondsOfSound(file);
   return seconds > 0 ? seconds : SecondsOfTag(file);
 }
@@ -163,7 +163,7 @@ std::optional<SongTags> ReadTags(BinaryFile& bytes, StringView name, bool withLe
   if (song.ChunkTag()) Add(tags, song.ChunkTag()->properties());
   AddFirstTag(tags, *song.File());
   Add(tags, *song.File()->tag());
-  if (withLength) tags.seconds = SecondsOf(*song.File());
+  if (withLength) tags.seconds = LengthOf(*song.File());
   return tags;
 }
 

@@ -33,6 +33,7 @@ TagLib::ByteVector TagStream::readBlock(unsigned long length) {
   if (allowed == 0 || !Fill({block.data(), allowed})) return {};
   at_ += static_cast<long>(allowed);
   if (allowed == 4) HideId3Chunk(block);
+  asfCounts_.Mend({block.data(), allowed}, static_cast<std::uint64_t>(size_ - at_));
   return block;
 }
 

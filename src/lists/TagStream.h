@@ -5,6 +5,7 @@
 #include <array>
 #include <optional>
 
+#include "lists/AsfAttributeCounts.h"
 #include "services/FileSystem.h"
 
 namespace norvo {
@@ -62,6 +63,7 @@ class TagStream final : public TagLib::IOStream {
   std::array<char, kWindow> window_{};
   long windowAt_ = -1;
   std::optional<long> id3Chunk_;
+  AsfAttributeCounts asfCounts_;
 };
 
 }  // namespace norvo

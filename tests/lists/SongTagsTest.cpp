@@ -305,6 +305,23 @@ TEST_F(SongTagsTest, AtomsInAtomsDoNoHarm) {
             "nothing");
 }
 
+TEST_F(SongTagsTest, MoreAttributesThanTheFileHoldsDoNoHarm) {
+  std::string asf = Asf(u"Jóga", u"Björk", u"Homogenic", 3, 5);
+  const std::string album = Utf16(u"WM/AlbumTitle").substr(3);
+  const std::size_t count = asf.find(album) - 4;
+  ASSERT_EQ(asf.substr(count, 2), LittleEndian(2, 2));
+  asf.replace(count, 2, LittleEndian(65535, 2));
+  EXPECT_EQ(Told(u"a.wma", asf), "Björk|Homogenic|Jóga||3|5");
+
+  platform.AddFile(u"C:\\a.wma", asf);
+  const std::unique_ptr<BinaryFile> file = platform.Files().OpenForReading(u"C:\\a.wma");
+  TagStream stream(*file);
+  stream.seek(static_cast<long>(count) - 24, TagLib::IOStream::Beginning);
+  stream.readBlock(16);
+  stream.readBlock(8);
+  EXPECT_EQ(stream.readBlock(2).toUShort(false), (asf.size() - count - 2) / 6);
+}
+
 TEST_F(SongTagsTest, ALongFileWithoutSoundIsNotReadWhole) {
   EXPECT_EQ(Told(u"a.mp3", Id3v2(3, {{"TPE1", Latin1("Ann")}}) + std::string(30 << 20, '\x55')),
             "Ann||||0|0");
