@@ -48,7 +48,7 @@ FoundReference ReferenceFinder::Find(StringView reference, StringView folder) {
   if (known == found_.end()) {
     FoundReference found = LookFor(reference, folder);
     if (found_.size() >= kMostKnown || found.path.empty()) return found;
-    if (found.path == reference) found.path = {};
+    if (found.path == reference) String().swap(found.path);  // its room, too
     known = found_.emplace(std::move(key), std::move(found)).first;
   }
   FoundReference found = known->second;

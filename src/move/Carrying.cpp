@@ -117,7 +117,7 @@ void CarryGenericFiles(Component& library, RestoreLedger& ledger, MoveWork& work
     draft.document = {};  // nobody asks for the rest of it any more
   }
   for (PlaylistDraft& draft : work.drafts) draft.document = {};  // of those that stay behind
-  work.sections.Clear();
+  work.sections = work.sections.Emptied();
 }
 
 }  // namespace norvo

@@ -34,8 +34,9 @@ struct KeptAnswer {
 /// Asks the new machine's own entries where their songs belong.
 class EntryQuestions {
  public:
-  /// `library` works on an overlay of the new machine, and must outlive this.
-  explicit EntryQuestions(Component& library) : library_(library) {}
+  /// `library` works on an overlay of the new machine. The texts of the answers go into the pool,
+  /// which has most of them. Both must outlive this.
+  EntryQuestions(Component& library, TextPool& texts) : library_(library), texts_(texts) {}
 
   /// All entries of a generic file, as if no file stood at their old addresses: what stands there
   /// may have been put there by an earlier run. The answers stay where they are; entries whose
@@ -52,7 +53,7 @@ class EntryQuestions {
   std::vector<const KeptAnswer*> AskWhole(const GenericDraft& genericFile);
 
   Component& library_;
-  TextPool texts_;
+  TextPool& texts_;
   std::deque<KeptAnswer> answers_;
   std::unordered_map<SectionPool::Id, const KeptAnswer*> bySection_;
 };

@@ -141,6 +141,12 @@ void GenericDraft::SetValue(std::size_t section, StringView key, StringView valu
   edit.Keep();
 }
 
+void GenericDraft::MoveTo(SectionPool& pool) {
+  if (pool_ == nullptr) return;  // it has none
+  preamble_ = pool.Add(pool_->Lines(preamble_));
+  for (Section& section : sections_) section.lines = pool.Add(pool_->Lines(section.lines));
+}
+
 String GenericDraft::ToText() const {
   const TextPool& texts = pool_->Texts();
   String text;

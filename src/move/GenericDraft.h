@@ -47,6 +47,9 @@ class GenericDraft {
   void SetValue(std::size_t section, StringView key, StringView value);
 
   SectionPool& Pool() const { return *pool_; }
+  /// Adds its sections to another pool over the same texts, which must then take the place of its
+  /// own one.
+  void MoveTo(SectionPool& pool);
   /// The file's text, every line ended by CR LF.
   String ToText() const;
 

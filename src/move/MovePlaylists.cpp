@@ -40,7 +40,8 @@ namespace {
 class OldMachine {
  public:
   OldMachine(const MoveMachines& machines, WorkReport& report)
-      : library_(std::make_shared<SettingsMemory>(machines.from), MachineSide::Old, report) {
+      : machine_(std::make_shared<SettingsMemory>(machines.from)),
+        library_(machine_, MachineSide::Old, report) {
     SetupWishes wishes;
     if (!machines.groupRootOfSource.empty()) wishes.groupRoot = machines.groupRootOfSource;
     SetUp(library_.Get(), wishes, MachineSide::Old, report);
@@ -51,8 +52,10 @@ class OldMachine {
   OpenedLibrary& Opened() { return library_; }
   Component& Library() { return library_.Get(); }
   const ProductSettings& Settings() const { return settings_; }
+  SettingsMemory& Memory() { return *machine_; }
 
  private:
+  std::shared_ptr<SettingsMemory> machine_;
   OpenedLibrary library_;
   ProductSettings settings_;
 };
@@ -141,7 +144,7 @@ void DropUnused(MoveResult& move) {
 
 /// Of several paths that lead to one file, as the links of a disk make them, only the first.
 void DropSecondPaths(std::vector<String>& media, SongIdentities& identities) {
-  std::unordered_set<std::string> met;
+  std::unordered_set<SongIdentities::Id> met;
   std::erase_if(media, [&](const String& path) { return !met.insert(identities.Of(path)).second; });
 }
 
@@ -151,7 +154,7 @@ void AddUnlisted(const Stock& stock, const std::vector<String>& otherNames, File
                  SongIdentities& identities, bool allMusic, MoveResult& move) {
   std::unordered_set<String> listed;
   for (const String& path : otherNames) listed.insert(Fold(path));
-  std::unordered_set<std::string> met;
+  std::unordered_set<SongIdentities::Id> met;
   for (const MovedSong& song : move.songs) {
     listed.insert(Fold(song.source));
     met.insert(identities.Of(song.source));
@@ -196,7 +199,7 @@ void TellUnseen(const std::vector<UnseenFolder>& unseen, MoveWork& work) {
 void Gather(OldMachine& old, const MoveOptions& options, MediaPlacer& placer, MoveWork& work) {
   Component& library = old.Library();
   Stock stock = TakeStock(library, work.report);
-  SongIdentities identities(placer);
+  SongIdentities identities(placer, work.sections.Texts());
   DropSecondPaths(stock.media, identities);
   CollectResult collected;
   CollectForMove(library, old.Settings(), work.report, collected);
@@ -208,6 +211,11 @@ void Gather(OldMachine& old, const MoveOptions& options, MediaPlacer& placer, Mo
   DropUnused(work.result);
   AddUnlisted(stock, work.otherNames, library.Files(), identities, options.allMusic, work.result);
   CompleteDetails(library, work);
+  old.Memory().ForgetWritten();
+}
+
+bool BringsSongs(const MoveOptions& options) {
+  return !options.dryRun && options.media != MediaMode::None;
 }
 
 /// Those that are not on their way: there already, left out, or not to be brought.
@@ -258,6 +266,22 @@ void Bring(const MoveOptions& options, MediaPlacer& placer, MediaPlacer& namer, 
   GivePlainNames(namer, work);
 }
 
+/// From the plan to the new playlists. The ledger, which knows the places of all songs by name,
+/// goes with the end of it.
+void Deliver(NewMachine& machine, const MoveOptions& options, const SongSpace& space,
+             MediaPlacer& placer, MediaPlacer& namer, MoveWork& work) {
+  RestoreLedger ledger(machine.Library(), DataAreaOf(machine.Settings()));
+  Planner(machine.PlanLibrary(), machine.Plan(), placer, ledger, work).Run();
+  space.RequireForPlanned(work.result.songs, machine.Settings().groupRoot);
+  CarryGenericFiles(machine.Library(), ledger, work);
+  const bool bringing = BringsSongs(options);
+  TellSettledSongs(work, bringing);
+  if (bringing) Bring(options, placer, namer, work);
+  TellUnreadTags(work);
+  machine.EndPlan();
+  Restore(machine, ledger, work);
+}
+
 void Run(const MoveMachines& machines, const MoveOptions& options, MediaPlacer& placer,
          MediaPlacer& namer, MoveWork& work) {
   const auto startLog = [&](OpenedLibrary& machine, MachineSide side) {
@@ -272,16 +296,8 @@ void Run(const MoveMachines& machines, const MoveOptions& options, MediaPlacer& 
   NewMachine machine(machines, options.dryRun, work.report,
                      [&](StringView root) { space.RequireForAll(work.result.songs, root); });
   if (options.log && !options.dryRun) startLog(machine.Opened(), MachineSide::New);
-  RestoreLedger ledger(machine.Library(), DataAreaOf(machine.Settings()));
-  Planner(machine.PlanLibrary(), machine.Plan(), placer, ledger, work).Run();
-  space.RequireForPlanned(work.result.songs, machine.Settings().groupRoot);
-  CarryGenericFiles(machine.Library(), ledger, work);
-  const bool bringing = !options.dryRun && options.media != MediaMode::None;
-  TellSettledSongs(work, bringing);
-  if (bringing) Bring(options, placer, namer, work);
-  TellUnreadTags(work);
-  machine.EndPlan();
-  Restore(machine, ledger, work);
+  Deliver(machine, options, space, placer, namer, work);
+  const bool bringing = BringsSongs(options);
   VerifyMove(machine.PlanLibrary(), bringing || options.dryRun, work);
   if (!options.dryRun) CountAtEnd(old.Library(), machine.Library(), bringing, work);
 }

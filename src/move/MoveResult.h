@@ -64,10 +64,10 @@ struct MovedItem {
   };
 
   Fate fate = Fate::Song;          ///< decides which of the others are set
+  bool foundElsewhere = false;     ///< the song is not where the reference points
   std::size_t song = 0;            ///< 0-based number among the move's songs
   StringView reference;            ///< of an address as it goes along; of all else as it was listed
   std::size_t entry = 0;           ///< 1-based number in the new playlist; 0 for what is left out
-  bool foundElsewhere = false;     ///< the song is not where the reference points
   std::vector<String> candidates;  ///< full paths on the old machine, of many the first ten
   std::size_t candidateCount = 0;  ///< all of them; only of what is ambiguous
   StringView artist;               ///< as far as the playlist or the song's tag tells it

@@ -22,9 +22,29 @@ struct ToldDetails {
   double seconds = 0;
 };
 
+/// The same with the texts by their numbers in the pool: in less than half the room, since a move
+/// has very many.
+struct KeptDetails {
+  TextPool::Id title = 0;
+  TextPool::Id artist = 0;
+  TextPool::Id album = 0;
+  TextPool::Id genre = 0;
+  int track = 0;
+  double seconds = 0;
+
+  ToldDetails In(const TextPool& texts) const {
+    return {texts.Text(title),
+            texts.Text(artist),
+            texts.Text(album),
+            texts.Text(genre),
+            track,
+            seconds};
+  }
+};
+
 /// A playlist on its way, beside what the result tells of it.
 struct PlaylistDraft {
-  std::vector<ToldDetails> told;  ///< one for each of its items, until these are completed
+  std::vector<KeptDetails> told;  ///< one for each of its items, until these are completed
   std::vector<double> seconds;    ///< from then on the length of each; 0: not known
   GenericDraft document;          ///< its generic file, until it is carried
   String originalName;            ///< which that file tells, of which new lists take their names
@@ -53,7 +73,7 @@ struct MoveWork {
   WorkReport& report;
   SectionPool sections;                ///< of all generic files
   std::vector<PlaylistDraft> drafts;   ///< one for each of the result's playlists
-  std::vector<ToldDetails> tags;       ///< one for each of the result's songs
+  std::vector<KeptDetails> tags;       ///< one for each of the result's songs
   std::vector<UnreadTags> unreadTags;  ///< in the order of the songs
   std::vector<SettledSong> settled;    ///< in the order in which they were settled
   SeenLists newLists;                  ///< those that verifying has taken apart

@@ -25,11 +25,11 @@ String NameForReading(const String& path) {
   return KindOf(ending) != nullptr ? ending : String(u".m3u");
 }
 
-ToldDetails DetailsOf(const ListedItem& item, TextPool& texts) {
-  return {texts.Keep(item.title),
-          texts.Keep(item.artist),
-          texts.Keep(item.album),
-          texts.Keep(item.genre),
+KeptDetails DetailsOf(const ListedItem& item, TextPool& texts) {
+  return {texts.Add(item.title),
+          texts.Add(item.artist),
+          texts.Add(item.album),
+          texts.Add(item.genre),
           item.track,
           item.seconds};
 }

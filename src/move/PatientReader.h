@@ -19,7 +19,7 @@ namespace norvo {
 /// An item of a playlist of the old machine, with what the playlist tells of it.
 struct FoundItem {
   MovedItem item;
-  ToldDetails told;
+  KeptDetails told;
 };
 
 /// One playlist of the old machine as the patient reader understands it.

@@ -56,7 +56,7 @@ Planner::Planner(Component& library, OverlayPlatform& overlay, MediaPlacer& plac
     : library_(library),
       placer_(placer),
       work_(work),
-      entries_(library),
+      entries_(library, work.sections.Texts()),
       places_(entries_, library, overlay, placer, ledger, work) {}
 
 void Planner::Run() {
@@ -95,12 +95,12 @@ void Planner::AskForUnlisted() {
   for (std::size_t i = 0; i < work_.result.songs.size(); ++i) {
     const MovedSong& song = work_.result.songs[i];
     if (song.listed) continue;
-    const ToldDetails& tags = work_.tags[i];
+    const ToldDetails tags = work_.tags[i].In(work_.sections.Texts());
     places_.Vote(
         i, entries_.Keep(entries_.Ask(
                {{}, String(tags.artist), String(tags.album), String(LastComponent(song.source))})));
   }
-  work_.tags = std::vector<ToldDetails>();  // nobody asks for them any more
+  work_.tags = std::vector<KeptDetails>();  // nobody asks for them any more
 }
 
 /// The native playlists take their names from what stands before the first point of this one.

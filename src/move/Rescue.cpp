@@ -241,7 +241,7 @@ MovedItem Rescue::ItemOf(StringView address, std::int32_t urlType) {
   item.reference = work_.sections.Texts().Keep(address);
   const bool isSong = urlType < url_type::kRemovable;
   item.fate = isSong ? MovedItem::Fate::Song : MovedItem::Fate::Address;
-  if (isSong) item.song = songs_.NumberOf(String(address));
+  if (isSong) item.song = songs_.NumberOf(address);
   return item;
 }
 
@@ -403,9 +403,10 @@ ObjectRef Rescue::NewEntry(const FoundItem& found, std::int32_t type) {
   entry->Let(u"Entry_URLType", isSong ? url_type::kFixedDrive : url_type::kInternet);
   entry->Let(u"Entry_SourceURL",
              isSong ? songs_.SourceOf(found.item.song) : String(found.item.reference));
-  entry->Let(u"Entry_SongName", String(found.told.title));
-  entry->Let(u"Entry_ArtistName", String(found.told.artist));
-  entry->Let(u"Entry_AlbumName", String(found.told.album));
+  const ToldDetails told = found.told.In(work_.sections.Texts());
+  entry->Let(u"Entry_SongName", String(told.title));
+  entry->Let(u"Entry_ArtistName", String(told.artist));
+  entry->Let(u"Entry_AlbumName", String(told.album));
   if (isSong) entry->Call(u"Entry_GetID3TagInfo");
   const String artist = TextOf(*entry, u"Entry_ArtistName");
   const String song = TextOf(*entry, u"Entry_SongName");

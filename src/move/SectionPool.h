@@ -30,8 +30,8 @@ class SectionPool {
   /// Holds until the next section is added.
   std::span<const Line> Lines(Id id) const;
 
-  /// Ends all sections; the texts stay.
-  void Clear() { *this = SectionPool(texts_); }
+  /// A pool over the same texts, without sections.
+  SectionPool Emptied() const { return SectionPool(texts_); }
 
   TextPool& Texts() { return *texts_; }
   const TextPool& Texts() const { return *texts_; }

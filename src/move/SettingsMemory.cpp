@@ -7,9 +7,9 @@
 namespace norvo {
 namespace {
 
-// The generic files of some dozen playlists of usual length: more would make the memory of a large
+// The generic files of a dozen playlists of usual length: more would make the memory of a large
 // move, and reading them again is cheap, since the system has them in its own.
-constexpr std::size_t kMostBytes = std::size_t{4} * 1024 * 1024;
+constexpr std::size_t kMostBytes = std::size_t{1024} * 1024;
 
 String NameOf(FileSystem& files, StringView path) {
   return Fold(files.AbsolutePathName(path));
@@ -36,6 +36,11 @@ void SettingsMemory::Memory::Forget(const String& path) {
   if (found == files_.end()) return;
   bytes_ -= found->second.size();
   files_.erase(found);
+}
+
+void SettingsMemory::Memory::ForgetWritten() {
+  files_ = {};
+  bytes_ = 0;
 }
 
 void SettingsMemory::Memory::ForgetMissing() {

@@ -28,6 +28,9 @@ class SettingsMemory final : public Platform {
   void RememberMissing() { memory_.RememberMissing(); }
   void ForgetMissing() { memory_.ForgetMissing(); }
 
+  /// From now on what was written is read from the disk.
+  void ForgetWritten() { memory_.ForgetWritten(); }
+
   /// The machine's own: asked anew each time.
   FileSystem& Fresh() { return machine_->Files(); }
 
@@ -49,6 +52,7 @@ class SettingsMemory final : public Platform {
    public:
     void Keep(String path, const std::string& bytes);
     void Forget(const String& path);
+    void ForgetWritten();
     const std::string* Find(const String& path) const;
 
     void RememberMissing() { remembersMissing_ = true; }

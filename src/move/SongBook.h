@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -8,26 +9,31 @@
 
 #include "move/MediaPlacer.h"
 #include "move/MoveResult.h"
+#include "move/TextPool.h"
 #include "services/FileSystem.h"
 
 namespace norvo {
 
-/// What the placer says of the files of the old machine, which is asked of each path once.
+/// Numbers the files of the old machine by what the placer says of them, which is asked of each
+/// path once.
 class SongIdentities {
  public:
-  /// The placer must outlive this.
-  explicit SongIdentities(MediaPlacer& placer) : placer_(placer) {}
+  /// The same for every path that leads to one file; 0-based, in the order of asking.
+  using Id = std::uint32_t;
+
+  /// Both must outlive this. Most paths stand in the pool anyway.
+  SongIdentities(MediaPlacer& placer, TextPool& texts) : placer_(placer), texts_(texts) {}
 
   /// See MediaPlacer::IdentityOf.
-  const std::string& Of(const String& path) {
-    const auto known = known_.find(path);
-    return known != known_.end() ? known->second
-                                 : known_.emplace(path, placer_.IdentityOf(path)).first->second;
-  }
+  Id Of(StringView path);
 
  private:
+  static constexpr Id kUnknown = 0xFFFF'FFFF;
+
   MediaPlacer& placer_;
-  std::unordered_map<String, std::string> known_;
+  TextPool& texts_;
+  std::vector<Id> byPath_;  // by the path's number in the pool
+  std::unordered_map<std::string, Id> byIdentity_;
 };
 
 /// Numbers the media files of the old machine, each once, however its path is spelled.
@@ -39,17 +45,16 @@ class SongBook {
 
   /// The 0-based number of the file at a full path that exists; new files are added. `size` where a
   /// look-up has just told it.
-  std::size_t NumberOf(const String& path, std::optional<double> size = std::nullopt);
+  std::size_t NumberOf(StringView path, std::optional<double> size = std::nullopt);
   const String& SourceOf(std::size_t number) const { return songs_[number].source; }
 
  private:
-  std::size_t Add(const String& path, std::optional<double> size);
+  std::uint32_t Add(StringView path, std::optional<double> size);
 
   FileSystem& files_;
   SongIdentities& identities_;
   std::vector<MovedSong>& songs_;
-  std::unordered_map<String, std::size_t> bySpelling_;
-  std::unordered_map<std::string, std::size_t> byIdentity_;
+  std::vector<std::uint32_t> numbers_;  // by identity, from 1; 0 for a file that is no song yet
 };
 
 }  // namespace norvo

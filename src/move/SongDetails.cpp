@@ -122,10 +122,10 @@ class Completer {
           return std::optional<SongTags>();
         });
     if (!tags) return;
-    work_.tags[song] = {texts_.Keep(tags->title),
-                        texts_.Keep(tags->artist),
-                        texts_.Keep(tags->album),
-                        texts_.Keep(tags->genre),
+    work_.tags[song] = {texts_.Add(tags->title),
+                        texts_.Add(tags->artist),
+                        texts_.Add(tags->album),
+                        texts_.Add(tags->genre),
                         tags->track,
                         tags->seconds};
   }
@@ -139,7 +139,9 @@ class Completer {
       MovedItem& item = playlist.items[i];
       if (!item.IsCarried()) continue;
       Section entry(draft.document, draft.document.FindOrAddEntry(item.entry));
-      if (Complete(item, draft.told[i], entry)) ++filled;
+      ToldDetails told = draft.told[i].In(texts_);
+      if (Complete(item, told, entry)) ++filled;
+      draft.told[i].seconds = told.seconds;
       if (!item.IsSong()) {
         item.reference = texts_.Keep(Tellable(item.reference, page_));
         entry.Set(u"SourceURL", item.reference);
@@ -148,8 +150,8 @@ class Completer {
     }
     if (filled > 0) playlist.mendings.push_back({Mending::Kind::DetailsFilled, filled});
     draft.seconds.reserve(draft.told.size());
-    for (const ToldDetails& told : draft.told) draft.seconds.push_back(told.seconds);
-    draft.told = std::vector<ToldDetails>();  // the items have their names now
+    for (const KeptDetails& told : draft.told) draft.seconds.push_back(told.seconds);
+    draft.told = std::vector<KeptDetails>();  // the items have their names now
   }
 
  private:
@@ -203,8 +205,7 @@ class Completer {
 
   /// True when a name was filled in or mended by the song's tag.
   bool Complete(MovedItem& item, ToldDetails& told, Section& entry) {
-    static const ToldDetails kNone;
-    const ToldDetails& tags = item.IsSong() ? work_.tags[item.song] : kNone;
+    const ToldDetails tags = item.IsSong() ? work_.tags[item.song].In(texts_) : ToldDetails();
     SetNumbers(told, tags, entry);
     if (HasBetterTag(told, tags)) told.artist = told.title = {};
     if (IsLossy(told.album, tags.album)) told.album = {};
@@ -234,8 +235,8 @@ class Completer {
     if (!isStream) entry.SetWhereEmpty(u"ASX_Author", shownArtist);
     entry.Set(u"Genre", Choose(told.genre, tags.genre, entry.Get(u"Genre")));
     if (!title.empty() && !isGuess) entry.Set(u"HasExtendedInfo", kTrue);
-    told.title = item.title = title;
-    told.artist = item.artist = shownArtist;
+    item.title = title;
+    item.artist = shownArtist;
     return mended;
   }
 
@@ -259,6 +260,13 @@ class Completer {
   std::vector<bool> isLengthSought_;  // by song
 };
 
+/// Nearly every section has become another one, and nobody asks for what it was.
+void DropOldSections(MoveWork& work) {
+  SectionPool live = work.sections.Emptied();
+  for (PlaylistDraft& draft : work.drafts) draft.document.MoveTo(live);
+  work.sections = std::move(live);
+}
+
 }  // namespace
 
 void CompleteDetails(Component& library, MoveWork& work) {
@@ -271,6 +279,7 @@ void CompleteDetails(Component& library, MoveWork& work) {
   for (std::size_t i = 0; i < work.drafts.size(); ++i) {
     if (work.result.playlists[i].state == MovedPlaylist::State::Collected) completer.Complete(i);
   }
+  DropOldSections(work);
 }
 
 }  // namespace norvo

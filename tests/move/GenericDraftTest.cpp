@@ -72,6 +72,27 @@ TEST(GenericDraft, KeepsEqualSectionsOfAllFilesOnce) {
   EXPECT_NE(one.ContentOf(one.FindEntry(1)), other.ContentOf(other.FindEntry(1)));
 }
 
+TEST(GenericDraft, TakesItsSectionsAlongIntoAnotherPool) {
+  SectionPool pool;
+  const StringView text =
+      u"; before\r\n[Global Properties]\r\nTotalSongs=1\r\n[Entry 1 Properties]\r\nArtist=Ann\r\n";
+  const GenericDraft other(u"[Entry 1 Properties]\nArtist=Bob\n[B]\nk=1\n", pool);
+  GenericDraft draft(text, pool);
+  draft.SetValue(draft.FindEntry(1), u"Artist", u"Eve");
+  const String before = draft.ToText();
+  const SectionPool::Id first = pool.Emptied().Add(pool.Lines(other.ContentOf(0)));
+
+  SectionPool live = pool.Emptied();
+  draft.MoveTo(live);
+  GenericDraft().MoveTo(live);
+  pool = std::move(live);
+  EXPECT_TEXT(draft.ToText(), before);
+  EXPECT_TEXT(*draft.Value(draft.FindEntry(1), u"Artist"), u"Eve");
+  // A preamble and two sections are all that is in the new one.
+  const SectionPool::Line line{pool.Texts().Add(u"new"), pool.Texts().Add(u"1")};
+  EXPECT_EQ(pool.Add({&line, 1}), first + 3);
+}
+
 TEST(GenericDraft, CountsEntriesUpToTheFirstThatIsNotThere) {
   SectionPool pool;
   EXPECT_EQ(GenericDraft(u"[Entry 2 Properties]\n[Entry 1 Properties]\n[Entry 4 Properties]", pool)

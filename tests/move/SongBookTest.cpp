@@ -17,7 +17,8 @@ class SongBookTest : public ::testing::Test {
   MemoryPlatform machine;
   StreamPlacer placer{machine.Files(), machine.Files()};
   std::vector<MovedSong> songs;
-  SongIdentities identities{placer};
+  TextPool texts;
+  SongIdentities identities{placer, texts};
   SongBook book{machine.Files(), identities, songs};
 };
 
