@@ -85,6 +85,7 @@ bool HasTooManyTags(StringView text) {
 
 /// Between line ends and tags; a whole list may stand in one line.
 bool HasTooLongPiece(StringView text) {
+  if (text.size() <= kLongestPiece) return false;
   std::size_t length = 0;
   for (const char16_t unit : text) {
     const bool ends = unit == u'\n' || unit == u'\r' || unit == u'<';

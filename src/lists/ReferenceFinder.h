@@ -52,7 +52,7 @@ class ReferenceFinder {
 
   Component& component_;
   // By the reference, with its folder; the path is empty where it is the reference itself.
-  std::unordered_map<String, FoundReference> found_;
+  std::unordered_map<String, FoundReference, UnitHash, UnitEqual> found_;
   std::unordered_map<String, Names> names_;  // that are not ASCII, by the folder
 };
 

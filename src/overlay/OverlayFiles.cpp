@@ -40,12 +40,12 @@ FileTime InSeconds(std::int64_t nanoseconds) {
 /// A path in full of which nothing is to be dropped, which is the usual case.
 bool IsPlaceAlready(StringView path) {
   if (!IsAbsolutePath(path) || IsSeparator(path.back())) return false;
-  char16_t before = u'\0';
-  for (const char16_t unit : path) {
-    if (unit == u'\\' && (before == u'.' || before == u' ')) return false;
-    before = unit;
-  }
-  return true;
+  return !AnyNeighbours(path, 1, [](char16_t before, char16_t unit) -> std::uint16_t {
+    const std::uint16_t ends = unit == u'\\';
+    const std::uint16_t point = before == u'.';
+    const std::uint16_t blank = before == u' ';
+    return ends & (point | blank);
+  });
 }
 
 }  // namespace

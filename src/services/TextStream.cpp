@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <memory>
 #include <utility>
 
 #include "text/Number.h"
@@ -15,6 +16,16 @@ constexpr std::size_t kWrittenPiece = 64 * 1024;
 constexpr std::size_t kLargestPiece = 256 * 1024;
 constexpr std::size_t kMegabyte = std::size_t{1024} * 1024;
 
+/// Appends up to so many bytes of the file, and tells how many there were. They come by way of room
+/// that nothing was written into: most pieces are larger than what is left of a file.
+std::size_t AppendPiece(BinaryFile& file, std::uint64_t offset, std::size_t most,
+                        std::string& bytes) {
+  const auto room = std::make_unique_for_overwrite<char[]>(most);
+  const std::size_t got = file.ReadAt(offset, {room.get(), most});
+  bytes.append(room.get(), got);
+  return got;
+}
+
 }  // namespace
 
 TextStream::TextStream(FileSystem& files, StringView path, const CodePage& codePage)
@@ -24,12 +35,9 @@ bool TextStream::ReadMore() {
   if (exhausted_ || !file_) return false;
   buffer_.erase(0, position_);
   position_ = 0;
-  const std::size_t had = buffer_.size();
   const std::size_t piece =
       std::clamp<std::size_t>(static_cast<std::size_t>(offset_) * 4, kFirstPiece, kLargestPiece);
-  buffer_.resize(had + piece);
-  const std::size_t got = file_->ReadAt(offset_, std::span(buffer_).subspan(had));
-  buffer_.resize(had + got);
+  const std::size_t got = AppendPiece(*file_, offset_, piece, buffer_);
   offset_ += got;
   if (offset_ > kLargestPlaylist) throw TooLarge(kLargestPlaylist);
   exhausted_ = got < piece;
@@ -162,10 +170,7 @@ RunTimeError TooLarge(std::uint64_t most, StringView path) {
 std::string ReadWholeFile(BinaryFile& file, StringView path, std::uint64_t most) {
   std::string bytes;
   for (std::size_t piece = kFirstPiece;;) {
-    const std::size_t had = bytes.size();
-    bytes.resize(had + piece);
-    const std::size_t got = file.ReadAt(had, std::span(bytes).subspan(had));
-    bytes.resize(had + got);
+    const std::size_t got = AppendPiece(file, bytes.size(), piece, bytes);
     if (bytes.size() > most) throw TooLarge(most, path);
     if (got < piece) return bytes;
     // Whenever it outgrows its room a text is in memory twice; a large one shall not.

@@ -133,6 +133,21 @@ std::vector<StringView> Split(StringView text, char16_t separator);
 /// an order is always complete.
 bool LessIgnoreCase(StringView left, StringView right) noexcept;
 
+/// A hash by which unordered containers of texts look a view up without a copy.
+struct UnitHash {
+  using is_transparent = void;  ///< a view is looked up without a copy
+  /// As of a standard view.
+  std::size_t operator()(StringView text) const noexcept { return std::hash<StringView>()(text); }
+};
+/// The equality that belongs to `UnitHash`.
+struct UnitEqual {
+  using is_transparent = void;  ///< a view is compared without a copy
+  /// See `SameUnits`.
+  bool operator()(StringView left, StringView right) const noexcept {
+    return SameUnits(left, right);
+  }
+};
+
 /// A hash that does not regard case, for unordered containers.
 struct CaselessHash {
   using is_transparent = void;  ///< a view is looked up without a copy

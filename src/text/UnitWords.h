@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -63,6 +65,46 @@ bool AnyWord(std::basic_string_view<Unit> text, Unit filler, BitsOf bitsOf) noex
   std::uint64_t bits = bitsOf(WordAt(units)) | bitsOf(WordAt(units + last));
   for (std::size_t at = kUnits; at < last; at += kUnits) bits |= bitsOf(WordAt(units + at));
   return bits != 0;
+}
+
+/// Whether `isSo` gives 1 for any unit from that position on, and the one before it; else it gives
+/// 0. Answers as wide as the units, and a loop that no unit ends, let a compiler take eight at a
+/// time.
+template <class IsSo>
+bool AnyNeighbours(std::u16string_view text, std::size_t from, IsSo isSo) noexcept {
+  std::uint16_t any = 0;
+  for (std::size_t i = from; i < text.size(); ++i) {
+    any = static_cast<std::uint16_t>(any | isSo(text[i - 1], text[i]));
+  }
+  return any != 0;
+}
+
+/// 0-based position of the first unit at or after `from` for which `bitsOf` gives a bit, the text's
+/// length when there is none. It may give bits for the lanes above that of such a unit, too, as
+/// `ZeroLanes` does.
+template <class Unit, class BitsOf>
+std::size_t FirstLane(std::basic_string_view<Unit> text, std::size_t from, BitsOf bitsOf) noexcept {
+  constexpr std::size_t kUnits = sizeof(std::uint64_t) / sizeof(Unit);
+  constexpr std::size_t kBits = 8 * sizeof(Unit);
+  std::size_t at = std::min(from, text.size());
+  if constexpr (std::endian::native == std::endian::little) {  // the first unit is the lowest lane
+    const auto lane = [](std::uint64_t bits) {
+      return static_cast<std::size_t>(std::countr_zero(bits)) / kBits;
+    };
+    for (; text.size() - at >= kUnits; at += kUnits) {
+      const std::uint64_t bits = bitsOf(WordAt(text.data() + at));
+      if (bits != 0) return at + lane(bits);
+    }
+    if (at < text.size() && text.size() >= kUnits) {
+      // The text's last word, without the units before `at`; NULs stand behind it then.
+      const std::size_t before = kUnits - (text.size() - at);
+      const std::uint64_t word = WordAt(text.data() + text.size() - kUnits) >> (kBits * before);
+      const std::uint64_t bits = bitsOf(word);
+      return bits != 0 ? std::min(at + lane(bits), text.size()) : text.size();
+    }
+  }
+  while (at < text.size() && bitsOf(InEachLane(text[at])) == 0) ++at;
+  return at;
 }
 
 }  // namespace norvo

@@ -82,13 +82,14 @@ StringView WithoutTrail(StringView name) noexcept {
 
 bool IsAbsolutePath(StringView path) noexcept {
   if (!HasDrive(path) || path.size() < 3 || path[2] != u'\\') return false;
-  char16_t before = u'\0';
-  for (const char16_t unit : path.substr(2)) {
-    if (unit == u'/') return false;
-    if (before == u'\\' && (unit == u'.' || unit == u'\\')) return false;
-    before = unit;
-  }
-  return path.back() != u'.' && path.back() != u' ';
+  const bool isOther = AnyNeighbours(path, 3, [](char16_t before, char16_t unit) -> std::uint16_t {
+    const std::uint16_t starts = before == u'\\';
+    const std::uint16_t slash = unit == u'/';
+    const std::uint16_t point = unit == u'.';
+    const std::uint16_t backslash = unit == u'\\';
+    return slash | (starts & (point | backslash));
+  });
+  return !isOther && path.back() != u'.' && path.back() != u' ';
 }
 
 String AbsolutePath(StringView path, StringView currentDrive) {

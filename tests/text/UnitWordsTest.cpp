@@ -63,5 +63,51 @@ TEST(UnitWords, AUnitIsFoundAtItsFirstPlace) {
   EXPECT_EQ(FindUnit(u"abc", u'a', 9), StringView::npos);
 }
 
+/// Texts of any length up to 20 of units that share bytes with each other, in any order.
+template <class Visit>
+void ForEachMixedText(Visit visit) {
+  constexpr StringView kUnits = u"\n\r\\./a \u0A0A\u0A61\u0D0A\u5C2E\u2E5C\u000B\u000C\uFFFF";
+  std::uint32_t state = 1;
+  for (std::size_t length = 0; length <= 20; ++length) {
+    for (int round = 0; round < 200; ++round) {
+      String text;
+      for (std::size_t i = 0; i < length; ++i) {
+        state = state * 1664525u + 1013904223u;
+        // Every other text has a NUL, too.
+        const std::size_t at =
+            (state >> 16) % (kUnits.size() + static_cast<std::size_t>(round % 2));
+        text += at < kUnits.size() ? kUnits[at] : u'\0';
+      }
+      visit(text);
+    }
+  }
+}
+
+TEST(UnitWords, AUnitIsFoundAmongOthersWithTheSameBytes) {
+  ForEachMixedText([](const String& text) {
+    for (const char16_t unit : {u'\n', u'\\', u'.', u'\0', u'\u0A0A', u'\uFFFF', u'z'}) {
+      for (std::size_t from = 0; from <= text.size() + 1; ++from) {
+        ASSERT_EQ(FindUnit(text, unit, from), text.find(unit, from));
+      }
+    }
+    for (std::size_t from = 0; from <= text.size() + 1; ++from) {
+      const std::size_t end = text.find_first_of(u"\r\n", from);
+      ASSERT_EQ(FindLineEnd(text, from), end == String::npos ? text.size() : end);
+    }
+  });
+}
+
+TEST(UnitWords, NeighboursAreSeenWhereverTheyStand) {
+  const auto isPair = [](char16_t before, char16_t unit) -> std::uint16_t {
+    return before == u'.' && unit == u'\\';
+  };
+  ForEachMixedText([&](const String& text) {
+    for (std::size_t from = 1; from <= text.size() + 1; ++from) {
+      const std::size_t found = text.find(u".\\", from - 1);
+      ASSERT_EQ(AnyNeighbours(text, from, isPair), found != String::npos);
+    }
+  });
+}
+
 }  // namespace
 }  // namespace norvo

@@ -152,5 +152,25 @@ TEST(WindowsPath, VeryDeepPathsAreResolved) {
   EXPECT_TEXT(AbsolutePath(path + u"\\b", u"C:"), u"C:\\b");
 }
 
+TEST(WindowsPath, AnAbsolutePathIsOneThatMakingItAbsoluteLeavesAlone) {
+  std::uint32_t state = 1;
+  for (int round = 0; round < 20'000; ++round) {
+    String path = u"C:\\";
+    for (std::uint32_t left = (state >> 24) % 24; left > 0; --left) {
+      state = state * 1664525u + 1013904223u;
+      constexpr StringView kUnits = u"\\./ abcdefghijklm";
+      path += kUnits[(state >> 16) % kUnits.size()];
+    }
+    state = state * 1664525u + 1013904223u;
+    if (IsAbsolutePath(path)) {
+      EXPECT_TEXT(AbsolutePath(path, u"D:"), path);
+    } else {
+      // A name that begins with a point is taken for one that may mean a folder.
+      const bool isDoubtful = path.find(u"\\.") != String::npos;
+      EXPECT_TRUE(isDoubtful || AbsolutePath(path, u"D:") != path) << round;
+    }
+  }
+}
+
 }  // namespace
 }  // namespace norvo

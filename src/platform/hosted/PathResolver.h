@@ -62,15 +62,6 @@ class PathResolver {
   std::optional<DiskEntry> FollowLink(DrivePath link) const;
 
  private:
-  struct Hash {
-    using is_transparent = void;
-    std::size_t operator()(StringView text) const { return std::hash<StringView>()(text); }
-  };
-  struct Equal {
-    using is_transparent = void;
-    bool operator()(StringView left, StringView right) const { return SameUnits(left, right); }
-  };
-
   static std::optional<std::string> PathOf(const DrivePath& folder, StringView name);
   const DrivePath* Known(StringView folder);
   std::optional<DrivePath> Walk(StringView folder, bool fromRoot);
@@ -81,7 +72,7 @@ class PathResolver {
   ListingCache listings_;
   /// Folders by the path that was asked for. To be here means no more than that the path led there;
   /// the folder may be gone.
-  using Folders = std::unordered_map<String, DrivePath, Hash, Equal>;
+  using Folders = std::unordered_map<String, DrivePath, UnitHash, UnitEqual>;
   Folders known_;
   Folders::const_iterator lastKnown_ = known_.end();  // the one that was asked for last
   FileFailure::Kind reason_ = FileFailure::Kind::None;
