@@ -39,8 +39,7 @@ String AsField(StringView text) {
 }
 
 void AppendField(std::string& line, StringView text) {
-  if (!IsPlainAscii(text)) return AppendUtf8(line, AsField(text));
-  AppendAscii(line, text);
+  if (!AppendPlainAscii(line, text)) AppendUtf8(line, AsField(text));
 }
 
 /// Of the fields that tell a record from others, with what separates them, without regard to case.

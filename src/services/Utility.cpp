@@ -77,12 +77,9 @@ String ReplaceChars(StringView text, StringView from, StringView to, Compare com
 }
 
 void Clean(String& text) {
-  std::size_t kept = 0;
-  for (const char16_t unit : text) {
-    if (unit < 128 && kDeleted[unit]) continue;
-    text[kept++] = unit == u'_' ? u' ' : unit;
-  }
-  text.resize(kept);
+  const auto isDeleted = [](char16_t unit) { return unit < 128 && kDeleted[unit]; };
+  std::replace(text.begin(), text.end(), u'_', u' ');
+  text.erase(std::remove_if(text.begin(), text.end(), isDeleted), text.end());
   // A third step would turn "%20" into the control character 14 (hexadecimal), but every "%" has
   // just been deleted: it never finds anything, as intended.
 }

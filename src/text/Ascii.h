@@ -24,15 +24,6 @@ inline bool IsAscii(StringView text) noexcept {
 }
 /// @}
 
-/// True for ASCII characters alone, and no control among them.
-inline bool IsPlainAscii(StringView text) noexcept {
-  return !AnyWord(text, u' ', [](std::uint64_t word) {
-    constexpr std::uint64_t kBeyond = InEachLane(static_cast<char16_t>(0xFF80));
-    constexpr std::uint64_t kAboveControls = InEachLane(static_cast<char16_t>(0xFFE0));
-    return (word & kBeyond) | ZeroLanes<char16_t>(word & kAboveControls);
-  });
-}
-
 namespace detail {
 
 /// By pieces that stand on the stack: a string cannot grow without being filled first.
@@ -62,5 +53,29 @@ inline void AppendAscii(std::string& to, StringView from) {
   detail::AppendByPieces(to, from);
 }
 /// @}
+
+/// Adds the text and gives true if it is ASCII characters alone, and no control among them; adds
+/// nothing otherwise. One look at each unit answers and copies.
+inline bool AppendPlainAscii(std::string& to, StringView from) {
+  constexpr std::size_t kPiece = 512;
+  const std::size_t start = to.size();
+  std::array<char, kPiece> piece;
+  while (!from.empty()) {
+    const std::size_t length = from.size() < kPiece ? from.size() : kPiece;
+    std::uint16_t any = 0;  // as wide as the units: see AnyNeighbours
+    for (std::size_t i = 0; i < length; ++i) {
+      const std::uint16_t isOther = static_cast<std::uint16_t>(from[i] - u' ') >= 0x80 - u' ';
+      any = static_cast<std::uint16_t>(any | isOther);
+      piece[i] = static_cast<char>(from[i]);
+    }
+    if (any != 0) {
+      to.resize(start);
+      return false;
+    }
+    to.append(piece.data(), length);
+    from.remove_prefix(length);
+  }
+  return true;
+}
 
 }  // namespace norvo

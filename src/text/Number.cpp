@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "text/Ascii.h"
+
 namespace norvo {
 namespace {
 
@@ -52,10 +54,6 @@ std::optional<double> ParseDigits(StringView text) {
   return static_cast<double>(number);
 }
 
-void AppendAscii(String& text, const char* first, const char* last) {
-  for (; first != last; ++first) text.push_back(static_cast<unsigned char>(*first));
-}
-
 }  // namespace
 
 std::optional<double> ParseNumber(StringView text) {
@@ -85,7 +83,8 @@ std::optional<double> ParseNumber(StringView text) {
 
 void AppendInteger(String& text, std::int64_t number) {
   char buffer[24];
-  AppendAscii(text, buffer, std::to_chars(buffer, buffer + sizeof buffer, number).ptr);
+  const char* const end = std::to_chars(buffer, buffer + sizeof buffer, number).ptr;
+  AppendAscii(text, std::string_view(buffer, static_cast<std::size_t>(end - buffer)));
 }
 
 String FormatInteger(std::int64_t number) {
@@ -106,7 +105,7 @@ void AppendNumber(String& text, double number) {
       whole ? std::to_chars(buffer, buffer + sizeof buffer, number, std::chars_format::fixed, 0)
             : std::to_chars(buffer, buffer + sizeof buffer, number, std::chars_format::general, 15);
   std::replace(buffer, result.ptr, 'e', 'E');
-  AppendAscii(text, buffer, result.ptr);
+  AppendAscii(text, std::string_view(buffer, static_cast<std::size_t>(result.ptr - buffer)));
 }
 
 String FormatNumber(double number) {

@@ -65,15 +65,15 @@ String Fold(StringView text) {
   return folded;
 }
 
-bool EqualsIgnoreCase(StringView left, StringView right) noexcept {
-  if (left.size() != right.size()) return false;
+bool detail::EqualsIgnoreCase(const char16_t* left, const char16_t* right,
+                              std::size_t units) noexcept {
   std::size_t i = 0;
-  for (; left.size() - i >= kUnitsOfWord; i += kUnitsOfWord) {
-    const std::uint64_t l = WordAt(left.data() + i);
-    const std::uint64_t r = WordAt(right.data() + i);
+  for (; units - i >= kUnitsOfWord; i += kUnitsOfWord) {
+    const std::uint64_t l = WordAt(left + i);
+    const std::uint64_t r = WordAt(right + i);
     if (l != r && InUpperCase(l) != InUpperCase(r)) return false;
   }
-  for (; i < left.size(); ++i) {
+  for (; i < units; ++i) {
     if (left[i] != right[i] && ToUpper(left[i]) != ToUpper(right[i])) return false;
   }
   return true;
@@ -93,24 +93,21 @@ std::size_t FindIgnoreCase(StringView text, StringView sought, std::size_t from)
   // A unit beyond ASCII may have an upper case of ASCII.
   const auto mayBegin = [uppers = InEachLane(upper),
                          lowers = InEachLane(lower)](std::uint64_t word) {
-    return (ZeroLanes<char16_t>(word ^ uppers) | ZeroLanes<char16_t>(word ^ lowers) |
-            (word & InEachLane(static_cast<char16_t>(0xFF80)))) != 0;
+    return ZeroLanes<char16_t>(word ^ uppers) | ZeroLanes<char16_t>(word ^ lowers) |
+           (word & InEachLane(static_cast<char16_t>(0xFF80)));
   };
-  const std::size_t last = text.size() - sought.size();
-  for (std::size_t i = from; i <= last; ++i) {
-    if (last - i >= kUnitsOfWord && !mayBegin(WordAt(text.data() + i))) {
-      i += kUnitsOfWord - 1;
-      continue;
-    }
-    const char16_t unit = text[i];
-    const bool begins = unit == upper || unit == lower || (unit >= 0x80 && ToUpper(unit) == upper);
-    if (begins && EqualsIgnoreCase(text.substr(i, sought.size()), sought)) return i;
+  const StringView begins = text.substr(0, text.size() - sought.size() + 1);
+  for (std::size_t i = FirstLane(begins, from, mayBegin); i < begins.size();
+       i = FirstLane(begins, i + 1, mayBegin)) {
+    if (ToUpper(text[i]) == upper && EqualsIgnoreCase(text.substr(i, sought.size()), sought))
+      return i;
   }
   return StringView::npos;
 }
 
 std::vector<StringView> Split(StringView text, char16_t separator) {
   std::vector<StringView> pieces;
+  pieces.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), separator)) + 1);
   for (std::size_t end = text.find(separator); end != StringView::npos;
        end = text.find(separator)) {
     pieces.push_back(text.substr(0, end));

@@ -49,8 +49,17 @@ constexpr bool IsDigit(char16_t unit) noexcept {
 /// their folded forms are equal.
 String Fold(StringView text);
 
+namespace detail {
+/// Both have so many units.
+bool EqualsIgnoreCase(const char16_t* left, const char16_t* right, std::size_t units) noexcept;
+}  // namespace detail
+
 /// True when the folded forms are equal.
-bool EqualsIgnoreCase(StringView left, StringView right) noexcept;
+inline bool EqualsIgnoreCase(StringView left, StringView right) noexcept {
+  // Most texts that are compared differ in length, which takes no call to see.
+  return left.size() == right.size() &&
+         detail::EqualsIgnoreCase(left.data(), right.data(), left.size());
+}
 /// True when the folded form of `text` ends in that of `ending`; every text ends in the empty one.
 bool EndsWithIgnoreCase(StringView text, StringView ending) noexcept;
 

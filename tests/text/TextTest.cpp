@@ -72,6 +72,22 @@ TEST(Text, SearchesStartWhereTheyAreTold) {
   EXPECT_EQ(FindIgnoreCase(u"", u"a"), StringView::npos);
 }
 
+TEST(Text, ATextIsFoundInAnyCaseAtEachPlaceOfTextsOfAnyLength) {
+  for (const StringView sought : {u"x", u"Xy", u"xYz\u0434", u"\u0434x"}) {
+    for (std::size_t length = sought.size(); length <= 24; ++length) {
+      for (std::size_t place = 0; place + sought.size() <= length; ++place) {
+        // What begins as the text does, in whatever script, stands before and behind it.
+        String text(length, sought.front() == u'x' ? u'X' : u'\u0434');
+        if (sought.size() == 1) text.assign(length, u'\u0414');
+        text.replace(place, sought.size(), Fold(sought));
+        EXPECT_EQ(FindIgnoreCase(text, sought), place) << length;
+        EXPECT_EQ(FindIgnoreCase(text, sought, place), place) << length;
+        EXPECT_EQ(FindIgnoreCase(text, sought, place + 1), StringView::npos) << length;
+      }
+    }
+  }
+}
+
 TEST(Text, TheEmptyTextIsFoundWhereTheSearchStarts) {
   EXPECT_EQ(FindIgnoreCase(u"abc", u""), 0u);
   EXPECT_EQ(FindIgnoreCase(u"abc", u"", 3), 3u);

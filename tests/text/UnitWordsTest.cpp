@@ -5,6 +5,7 @@
 #include <string>
 
 #include "text/Ascii.h"
+#include "text/Encoding.h"
 
 namespace norvo {
 namespace {
@@ -33,17 +34,34 @@ void ExpectFoundAtEachPlace(Unit plain, Unit sought, Question question) {
   }
 }
 
+/// What is refused adds nothing; what is taken is there as it is.
+bool IsRefusedAsPlain(StringView text) {
+  std::string bytes = "before ";
+  const bool isTaken = AppendPlainAscii(bytes, text);
+  EXPECT_EQ(bytes, isTaken ? "before " + ToUtf8(text) : "before ");
+  return !isTaken;
+}
+
 TEST(UnitWords, AnswerForEachUnitOfATextOfAnyLength) {
   ExpectFoundAtEachPlace('a', '\x80', [](std::string_view text) { return !IsAscii(text); });
   ExpectFoundAtEachPlace('\x7F', '\xFF', [](std::string_view text) { return !IsAscii(text); });
   for (const char16_t beyond : {u'\x80', u'\u0100', u'\uFF00'}) {
     ExpectFoundAtEachPlace(u'a', beyond, [](StringView text) { return !IsAscii(text); });
-    ExpectFoundAtEachPlace(u'a', beyond, [](StringView text) { return !IsPlainAscii(text); });
+    ExpectFoundAtEachPlace(u'a', beyond, IsRefusedAsPlain);
   }
   for (const char16_t control : {u'\0', u'\t', u'\x1F'}) {
     ExpectFoundAtEachPlace(u' ', control, [](StringView text) { return HasControls(text); });
     ExpectFoundAtEachPlace(u'\u0100', control, [](StringView text) { return HasControls(text); });
-    ExpectFoundAtEachPlace(u'z', control, [](StringView text) { return !IsPlainAscii(text); });
+    ExpectFoundAtEachPlace(u'z', control, IsRefusedAsPlain);
+  }
+}
+
+TEST(UnitWords, ALongTextIsPlainUpToItsLastUnit) {
+  for (const std::size_t length : {511u, 512u, 513u, 1024u, 1500u}) {
+    String text(length, u'~');
+    EXPECT_FALSE(IsRefusedAsPlain(text)) << length;
+    text.back() = u'\x80';
+    EXPECT_TRUE(IsRefusedAsPlain(text)) << length;
   }
 }
 

@@ -26,9 +26,8 @@ bool IsPlainName(std::string_view name) {
 bool AppendDiskName(std::string& path, StringView component) {
   component = WithoutTrail(component);
   if (component.empty()) return false;
-  if (!IsPlainAscii(component) && (HasControls(component) || !IsWholeUtf16(component))) {
-    return false;
-  }
+  if (AppendPlainAscii(path, component)) return true;
+  if (HasControls(component) || !IsWholeUtf16(component)) return false;
   AppendUtf8(path, component);
   return true;
 }
