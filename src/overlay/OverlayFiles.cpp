@@ -97,9 +97,10 @@ StringView OverlayFiles::Place::Folder() const {
 template <class Visit>
 void OverlayFiles::ForEachFolderAbove(const Place& place, Visit&& visit) {
   const StringView path = place.path;
+  const StringView key = place.key;
   for (std::size_t end = path.rfind(u'\\'); end != StringView::npos && end > 0;
        end = path.rfind(u'\\', end - 1)) {
-    visit(place.key.substr(0, end), path.substr(0, end));
+    visit(key.substr(0, end), path.substr(0, end));
   }
 }
 
@@ -211,14 +212,15 @@ void OverlayFiles::Pretend(StringView path, const FileFacts& facts) {
   if (!pretended_.contains(place.FolderKey())) MissingFolders(place.Folder());
   const bool isSpelled = EqualsIgnoreCase(facts.name, place.Name());
   TakeBack(place);
-  ForEachFolderAbove(place, [this](const String& key, StringView folder) {
-    const auto above = pretended_.try_emplace(key).first;
+  ForEachFolderAbove(place, [this](StringView key, StringView folder) {
+    const auto above = pretended_.try_emplace(String(key)).first;
     if (above->second.count++ > 0) return;
     above->second.path = folder;
     pretendedKeys_.insert(above->first);
   });
-  pretended_[place.FolderKey()].files.emplace(isSpelled ? facts.name : String(place.Name()),
-                                              Pretended{facts.size, facts.created, facts.modified});
+  pretended_[String(place.FolderKey())].files.emplace(
+      isSpelled ? facts.name : String(place.Name()),
+      Pretended{facts.size, facts.created, facts.modified});
 }
 
 void OverlayFiles::TakeBack(const Place& place) {
@@ -226,7 +228,7 @@ void OverlayFiles::TakeBack(const Place& place) {
   if (file == nullptr) return;
   PretendedFolder::Files& files = pretended_.find(place.FolderKey())->second.files;
   files.erase(files.find(file->first));
-  ForEachFolderAbove(place, [this](const String& key, StringView) {
+  ForEachFolderAbove(place, [this](StringView key, StringView) {
     const auto above = pretended_.find(key);
     if (--above->second.count > 0) return;
     pretendedKeys_.erase(above->first);
@@ -265,9 +267,10 @@ void OverlayFiles::Forget() {
 /// As far as that has been asked: what is not there holds nothing either.
 bool OverlayFiles::IsInMissingFolder(const Place& place) const {
   bool isMissing = false;
-  ForEachFolderAbove(place, [&](const String& key, StringView) {
+  ForEachFolderAbove(place, [&](StringView key, StringView) {
+    if (isMissing) return;
     const auto folder = foldersBelow_.find(key);
-    isMissing = isMissing || (folder != foldersBelow_.end() && !folder->second);
+    isMissing = folder != foldersBelow_.end() && !folder->second;
   });
   return isMissing;
 }
@@ -287,14 +290,28 @@ std::optional<FileFacts> OverlayFiles::FactsBelow(const Place& place, StringView
   const auto known = factsBelow_.find(place.key);
   if (known != factsBelow_.end()) return known->second;
   const Fingerprint print = FingerprintOf(place.key);
-  if (missingBelow_.contains(print) || IsInMissingFolder(place)) return std::nullopt;
-  const std::optional<FileFacts> facts = below_.Files().FactsOf(path);
+  if (missingBelow_.contains(print)) return std::nullopt;
+  std::optional<FileFacts> facts;
+  if (!IsInMissingFolder(place)) {
+    facts = below_.Files().FactsOf(path);
+    if (!facts) FindMissingFolders(place);
+  }
   if (facts) {
     factsBelow_.emplace(place.key, *facts);
   } else {
     missingBelow_.insert(print);
   }
   return facts;
+}
+
+/// A file that is not there is mostly one of many in a folder that is not there either, as at the
+/// addresses that songs had: the others need not be asked for.
+void OverlayFiles::FindMissingFolders(const Place& file) {
+  bool isThere = false;
+  ForEachFolderAbove(file, [&](StringView key, StringView folder) {
+    const Place place{String(folder), String(key), false};
+    isThere = isThere || FolderExistsBelow(place, place.path + u'\\');
+  });
 }
 
 bool OverlayFiles::FolderExists(StringView path) {

@@ -62,7 +62,7 @@ class OverlayFiles final : public FileSystem, public SettingsStorage {
 
     StringView Folder() const;  ///< with a trailing separator; empty above a root
     StringView Name() const { return StringView(path).substr(Folder().size()); }
-    String FolderKey() const { return key.substr(0, key.rfind(u'\\')); }
+    StringView FolderKey() const { return StringView(key).substr(0, key.rfind(u'\\')); }
   };
   /// Shared with those who have the file open, as on a disk.
   using Content = std::shared_ptr<WrittenFile>;
@@ -114,6 +114,7 @@ class OverlayFiles final : public FileSystem, public SettingsStorage {
   std::vector<Place> MissingFolders(StringView folder);
   bool FolderExistsBelow(const Place& place, StringView path);
   std::optional<FileFacts> FactsBelow(const Place& place, StringView path);
+  void FindMissingFolders(const Place& file);
   bool IsInMissingFolder(const Place& place) const;
   void TakeBack(const Place& place);
   void RequireFreeForFile(StringView path, const Place& place);
@@ -124,7 +125,7 @@ class OverlayFiles final : public FileSystem, public SettingsStorage {
   /// The same without the order. Keys are folded, so that they may be compared as any names are: by
   /// the word, not by the unit.
   template <class Value>
-  using Table = std::unordered_map<String, Value, std::hash<String>, CaselessEqual>;
+  using Table = std::unordered_map<String, Value, UnitHash, CaselessEqual>;
 
   Platform& below_;
   Tree written_;  // with all folders that were created, and all files that were deleted
