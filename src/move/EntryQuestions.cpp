@@ -8,6 +8,7 @@
 #include "move/LibraryCalls.h"
 #include "readers/GenericReader.h"
 #include "text/Number.h"
+#include "text/WindowsPath.h"
 
 namespace norvo {
 namespace {
@@ -58,7 +59,10 @@ std::vector<EntryAnswer> EntryQuestions::Read(IniDocument genericFile) {
 }
 
 const KeptAnswer& EntryQuestions::Keep(const EntryAnswer& answer) {
-  return answers_.emplace_back(KeptAnswer{texts_.Keep(answer.place), texts_.Keep(answer.artist),
+  const StringView place = answer.place;
+  const StringView name = LastComponent(place);
+  return answers_.emplace_back(KeptAnswer{texts_.Keep(place.substr(0, place.size() - name.size())),
+                                          texts_.Keep(name), texts_.Keep(answer.artist),
                                           texts_.Keep(answer.album), texts_.Keep(answer.fileName)});
 }
 

@@ -19,16 +19,17 @@ struct EntryAnswer {
   String fileName;
 };
 
-/// The same as views of texts that are kept elsewhere, each once: there is one for each song.
+/// The same as views of texts that are kept elsewhere, each once: there is one for each song. Many
+/// songs share a folder, and most have the name that their entries give them.
 struct KeptAnswer {
-  StringView place;
+  StringView folder;  ///< of the place, with its separator
+  StringView name;    ///< and what follows
   StringView artist;
   StringView album;
   StringView fileName;
 
-  EntryAnswer Copy() const {
-    return {String(place), String(artist), String(album), String(fileName)};
-  }
+  String Place() const { return String(folder).append(name); }
+  EntryAnswer Copy() const { return {Place(), String(artist), String(album), String(fileName)}; }
 };
 
 /// Asks the new machine's own entries where their songs belong.

@@ -143,9 +143,9 @@ void DropUnused(MoveResult& move) {
 }
 
 /// Of several paths that lead to one file, as the links of a disk make them, only the first.
-void DropSecondPaths(std::vector<String>& media, SongIdentities& identities) {
+void DropSecondPaths(std::vector<StringView>& media, SongIdentities& identities) {
   std::unordered_set<SongIdentities::Id> met;
-  std::erase_if(media, [&](const String& path) { return !met.insert(identities.Of(path)).second; });
+  std::erase_if(media, [&](StringView path) { return !met.insert(identities.Of(path)).second; });
 }
 
 /// The music that no playlist names: it comes along when all is wished for, else it is told of.
@@ -159,14 +159,14 @@ void AddUnlisted(const Stock& stock, const std::vector<String>& otherNames, File
     listed.insert(Fold(song.source));
     met.insert(identities.Of(song.source));
   }
-  for (const String& path : stock.media) {
+  for (const StringView path : stock.media) {
     // A link may lead to the same file by another path.
     if (listed.contains(Fold(path))) continue;
     if (!met.insert(identities.Of(path)).second) continue;
     const auto facts = AnswerOr(std::optional<FileFacts>(), [&] { return files.FactsOf(path); });
     const double size = facts ? facts->size : 0;
     if (!allMusic) {
-      move.unlisted.push_back({path, size});
+      move.unlisted.push_back({String(path), size});
       continue;
     }
     MovedSong& song = move.songs.emplace_back();
@@ -195,10 +195,10 @@ void TellUnseen(const std::vector<UnseenFolder>& unseen, MoveWork& work) {
   }
 }
 
-/// Finds what there is to move on the old machine.
-void Gather(OldMachine& old, const MoveOptions& options, MediaPlacer& placer, MoveWork& work) {
+/// Finds the lists and the songs of the old machine. What it holds beside them goes with its end.
+void FindAll(OldMachine& old, const MoveOptions& options, MediaPlacer& placer, MoveWork& work) {
   Component& library = old.Library();
-  Stock stock = TakeStock(library, work.report);
+  Stock stock = TakeStock(library, work.sections.Texts(), work.report);
   SongIdentities identities(placer, work.sections.Texts());
   DropSecondPaths(stock.media, identities);
   CollectResult collected;
@@ -210,7 +210,12 @@ void Gather(OldMachine& old, const MoveOptions& options, MediaPlacer& placer, Mo
   }
   DropUnused(work.result);
   AddUnlisted(stock, work.otherNames, library.Files(), identities, options.allMusic, work.result);
-  CompleteDetails(library, work);
+}
+
+/// Finds what there is to move on the old machine.
+void Gather(OldMachine& old, const MoveOptions& options, MediaPlacer& placer, MoveWork& work) {
+  FindAll(old, options, placer, work);
+  CompleteDetails(old.Library(), work);
   old.Memory().ForgetWritten();
 }
 

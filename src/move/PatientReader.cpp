@@ -137,7 +137,10 @@ bool PatientReader::AreOneSong(const SongSearch::Found& found) {
 
 /// It knows all songs of the machine by name, which most machines need not.
 const SongSearch& PatientReader::Search() {
-  if (!search_) search_.emplace(stock_.media, library_.Machine().AnsiPage());
+  if (!search_) {
+    search_.emplace(std::vector<String>(stock_.media.begin(), stock_.media.end()),
+                    library_.Machine().AnsiPage());
+  }
   return *search_;
 }
 

@@ -39,7 +39,8 @@ void PlaceChooser::Vote(std::size_t song, const KeptAnswer& answer) {
   if (votes_.size() <= song) votes_.resize(song + 1);
   std::vector<Candidate>& of = votes_[song];
   // Equal places are one text.
-  const auto [known, isNew] = candidates_.try_emplace({song, answer.place.data()}, of.size());
+  const auto [known, isNew] =
+      candidates_.try_emplace({song, answer.folder.data(), answer.name.data()}, of.size());
   if (isNew) of.push_back({&answer, 0});
   ++of[known->second].count;
 }
@@ -59,6 +60,7 @@ void PlaceChooser::ChooseAll() {
         {WorkPhase::PlanningSongs, song + 1, songs.size(), 0, 0, songs[song].source});
     if (!votes_[song].empty() && !kept[song]) Choose(song, songs[song]);
   }
+  votes_ = std::vector<std::vector<Candidate>>();  // nobody asks for them any more
 }
 
 /// The place that most entries of the song have without a change, if it will do.
@@ -68,8 +70,7 @@ void PlaceChooser::Choose(std::size_t number, MovedSong& song) {
     return left.count > right.count;
   });
   for (const Candidate& vote : votes) {
-    if (Judge(song, String(vote.answer->place)) == Fault::None)
-      return Settle(number, song, *vote.answer);
+    if (Judge(song, vote.answer->Place()) == Fault::None) return Settle(number, song, *vote.answer);
   }
   EntryAnswer names = votes.front().answer->Copy();
   const CodePage& page = library_.Machine().AnsiPage();
@@ -167,7 +168,7 @@ bool PlaceChooser::KeepPlace(std::size_t number, MovedSong& song) {
 /// The answer must outlive this.
 void PlaceChooser::Settle(std::size_t number, MovedSong& song, const KeptAnswer& answer,
                           const String& knownFull) {
-  const String plain(answer.place);
+  const String plain = answer.Place();
   chosen_[number] = &answer;
   Occupy(number, song, plain);
   const bool isKept = knownFull == plain ||
@@ -188,7 +189,7 @@ String PlaceChooser::FullPlace(const MovedSong& song, const KeptAnswer& names,
   EntryAnswer full = names.Copy();
   if (full.fileName.empty()) full.fileName = LastComponent(song.source);
   const CodePage& page = library_.Machine().AnsiPage();
-  if (page.Fits(names.place) && page.Fits(full.fileName)) return plain;
+  if (page.Fits(names.folder) && page.Fits(names.name) && page.Fits(full.fileName)) return plain;
   const auto portable = [](const String& name) {
     return name.empty() ? name : PortableName(name, nullptr);
   };
@@ -246,13 +247,19 @@ bool PlaceChooser::IsBlocked(const String& place) {
   bool blocked = false;
   ForEachFolderAbove(place, root_.size(), [&](const String& folder) {
     const Fingerprint folded = CaselessFingerprintOf(folder);
-    if (folders_.contains(folded)) return;
+    if (blocked || folders_.contains(folded)) return;
+    blocked = places_.contains(folded);
     // A folder that is not there is known to hold nothing, so that it is asked for first.
-    blocked = blocked || places_.contains(folded) ||
-              (!overlay_.Files().FolderExists(folder) &&
-               (overlay_.Files().FileExists(folder) || placer_.IsBlocked(folder)));
+    if (blocked || overlay_.Files().FolderExists(folder)) return;
+    blocked = overlay_.Files().FileExists(folder) || IsBlockedOnDisk(folder);
+    if (!blocked) absent_.insert(folded);
   });
   return blocked;
+}
+
+/// Below a folder that is not there nothing is: the disk need not be asked for each name.
+bool PlaceChooser::IsBlockedOnDisk(const String& path) {
+  return !absent_.contains(CaselessFingerprintOf(ParentFolder(path))) && placer_.IsBlocked(path);
 }
 
 /// All names are taken in a folder that denies every look.
@@ -267,7 +274,7 @@ bool PlaceChooser::IsTaken(const MovedSong& song, const String& place) {
   FileSystem& files = overlay_.Files();
   if (files.FolderExists(place)) return true;
   const std::optional<FileFacts> there = files.FactsOf(place);
-  if (!there) return placer_.IsBlocked(place);
+  if (!there) return IsBlockedOnDisk(place);
   if (there->size != song.size) return true;
   // One of the same size that cannot be read now is most likely the song, from an earlier move: it
   // is not brought once more under another name, and bringing it tells why nobody can compare it.

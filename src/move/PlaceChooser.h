@@ -3,9 +3,9 @@
 #include <cstddef>
 #include <map>
 #include <optional>
+#include <tuple>
 #include <unordered_map>
 #include <unordered_set>
-#include <utility>
 #include <vector>
 
 #include "move/EntryQuestions.h"
@@ -66,6 +66,7 @@ class PlaceChooser {
   void Occupy(std::size_t number, MovedSong& song, const String& place);
   Fault Judge(const MovedSong& song, const String& place, Spelling spelling = Spelling::Plain);
   bool IsBlocked(const String& place);
+  bool IsBlockedOnDisk(const String& path);
   bool HasOnlyUnseen(int mark, const String& place);
   bool IsTaken(const MovedSong& song, const String& place);
 
@@ -79,11 +80,12 @@ class PlaceChooser {
   std::vector<std::vector<Candidate>> votes_;  // by song
   // The positions of those while votes are taken, by song and place: a song that very many lists
   // name may have very many.
-  std::map<std::pair<std::size_t, const char16_t*>, std::size_t> candidates_;
+  std::map<std::tuple<std::size_t, const char16_t*, const char16_t*>, std::size_t> candidates_;
   std::vector<const KeptAnswer*> chosen_;  // by song
   // By the folded paths, of which there are as many as songs.
   std::unordered_map<Fingerprint, std::size_t, FingerprintHash> places_;  // numbers of the songs
   std::unordered_set<Fingerprint, FingerprintHash> folders_;              // above the places
+  std::unordered_set<Fingerprint, FingerprintHash> absent_;    // folders that were not there before
   std::unordered_set<Fingerprint, FingerprintHash> doubtful_;  // what is there cannot be compared
   // Of the numbered names, by the first place.
   std::unordered_map<Fingerprint, int, FingerprintHash> nextMarks_;

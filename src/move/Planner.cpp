@@ -195,7 +195,7 @@ void Planner::Adjust(const Asked& asked) {
 
 void Planner::AdjustEntry(std::size_t playlist, const MovedItem& item, const KeptAnswer& answer) {
   const MovedSong& song = work_.result.songs[item.song];
-  if (song.place.empty() || EqualsIgnoreCase(answer.place, song.PlainPlace())) return;
+  if (song.place.empty() || EqualsIgnoreCase(answer.Place(), song.PlainPlace())) return;
   EntryAnswer names = answer.Copy();
   if (names.fileName.empty()) names.fileName = LastComponent(song.source);
   const Reason reason = places_.WhyNot(item.song, entries_.Ask(names).place);

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <utility>
 
+#include "move/Growth.h"
+
 namespace norvo {
 namespace {
 
@@ -42,7 +44,9 @@ SectionPool::Id SectionPool::Add(std::span<const Line> lines) {
   const std::size_t slot = SlotOf(lines);
   if (slots_[slot] != 0) return slots_[slot];
   const Id id = slots_[slot] = static_cast<Id>(starts_.size() - 1);
+  MakeRoom(lines_, lines.size());
   lines_.insert(lines_.end(), lines.begin(), lines.end());
+  MakeRoom(starts_);
   starts_.push_back(static_cast<std::uint32_t>(lines_.size()));
   if (starts_.size() * 2 > slots_.size()) Grow();
   return id;

@@ -1,20 +1,9 @@
 #include "move/SongBook.h"
 
 #include "automation/Attempt.h"
+#include "move/Growth.h"
 
 namespace norvo {
-namespace {
-
-/// Makes room by a quarter at a time: twice the room of many songs would be the most that a move
-/// needs.
-void Grow(std::vector<MovedSong>& songs) {
-  constexpr std::size_t kFew = 1024;
-  if (songs.size() < songs.capacity() || songs.size() < kFew) return;
-  songs.reserve(songs.size() + songs.size() / 4);
-}
-
-}  // namespace
-
 SongIdentities::Id SongIdentities::Of(StringView path) {
   const TextPool::Id text = texts_.Add(path);
   if (text >= byPath_.size()) byPath_.resize(text + std::size_t{1}, kUnknown);
@@ -40,7 +29,7 @@ std::uint32_t SongBook::Add(StringView path, std::optional<double> size) {
     const auto facts = AnswerOr(std::optional<FileFacts>(), [&] { return files_.FactsOf(path); });
     size = facts ? facts->size : 0;
   }
-  Grow(songs_);
+  MakeRoom(songs_);
   MovedSong& song = songs_.emplace_back();
   song.source = path;
   song.size = *size;

@@ -96,7 +96,8 @@ class StockTaker final : public FolderVisitor {
   using Rule = MovedPlaylist::SkipRule;
 
  public:
-  StockTaker(Component& library, WorkReport& report) : library_(library), report_(report) {}
+  StockTaker(Component& library, TextPool& texts, WorkReport& report)
+      : library_(library), texts_(texts), report_(report) {}
 
   bool EnterFolder(StringView folder) override {
     report_.Progress({WorkPhase::TakingStock, ++folders_, 0, 0, 0, folder});
@@ -138,7 +139,7 @@ class StockTaker final : public FolderVisitor {
 
   void AddMedia(const String& path) {
     if (isOfSystem_) return;
-    if (rule_ == Rule::None) return stock_.media.push_back(path);
+    if (rule_ == Rule::None) return stock_.media.push_back(texts_.Keep(path));
     const std::optional<FileFacts> facts =
         AnswerOr(std::optional<FileFacts>(), [&] { return library_.Files().FactsOf(path); });
     stock_.skipped.push_back({path, facts ? facts->size : 0, rule_});
@@ -154,6 +155,7 @@ class StockTaker final : public FolderVisitor {
   }
 
   Component& library_;
+  TextPool& texts_;
   WorkReport& report_;
   Stock stock_;
   std::size_t folders_ = 0;
@@ -163,8 +165,8 @@ class StockTaker final : public FolderVisitor {
 
 }  // namespace
 
-Stock TakeStock(Component& library, WorkReport& report) {
-  StockTaker taker(library, report);
+Stock TakeStock(Component& library, TextPool& texts, WorkReport& report) {
+  StockTaker taker(library, texts, report);
   for (const Drive& drive : library.Files().Drives()) {
     if (drive.type != DriveType::Fixed) continue;
     WalkFolders(library.Files(), String(1, drive.letter) + u":\\", {}, taker);

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "move/MoveResult.h"
+#include "move/TextPool.h"
 #include "move/WorkReport.h"
 #include "services/Component.h"
 
@@ -27,7 +28,7 @@ struct UnseenFolder {
 struct Stock {
   std::vector<StockList> lists;  ///< in the order of the folders, files before sub-folders
   /// The same, without those in folders that nothing is taken from, and the system's own sounds.
-  std::vector<String> media;
+  std::vector<StringView> media;
   std::vector<UnlistedSong> skipped;  ///< those in folders that nothing is taken from
   /// Folders that could not be listed, without those that nothing is taken from anyway.
   std::vector<UnseenFolder> unseen;
@@ -39,6 +40,8 @@ struct Stock {
 ///
 /// Beside the known endings, files count as lists that begin as one does. To find these, files are
 /// opened; those whose endings tell that they are something else are not, nor is music.
-Stock TakeStock(Component& library, WorkReport& report);
+///
+/// The paths of the media files stand in the pool, where those who ask for their songs look first.
+Stock TakeStock(Component& library, TextPool& texts, WorkReport& report);
 
 }  // namespace norvo

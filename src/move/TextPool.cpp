@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <functional>
 
+#include "move/Growth.h"
+
 namespace norvo {
 namespace {
 
@@ -26,6 +28,7 @@ TextPool::Id TextPool::Add(StringView text) {
   const std::size_t slot = SlotOf(text);
   if (slots_[slot] != 0) return slots_[slot];
   const Id id = slots_[slot] = static_cast<Id>(texts_.size());
+  MakeRoom(texts_);
   texts_.push_back(Store(text));
   if (texts_.size() * 2 > slots_.size()) Grow();
   return id;

@@ -40,6 +40,9 @@ class DeniedLooksTest : public ::testing::Test {
     return MovePlaylists(both, {}, nobody);
   }
 
+  /// Where there is no folder the system denies no look.
+  void SetUp() override { machines.to->AddFolder(u"C:\\My Documents\\Norvo Media\\Music"); }
+
   MemoryMove machines;
 };
 
@@ -53,6 +56,17 @@ TEST_F(DeniedLooksTest, ASongGetsNoPlaceWhereNoNameMayBeSeen) {
   EXPECT_EQ(move.songs[0].fault, MovedSong::Fault::NumbersTaken);
   EXPECT_GT(placer.looks, 100);
   EXPECT_LT(placer.looks, 1000);
+}
+
+TEST_F(DeniedLooksTest, InAFolderThatIsNotThereNoNameIsLookedFor) {
+  machines.to = std::make_shared<MemoryPlatform>();
+  machines.AddSong(u"C:\\One.mp3");
+  machines.AddPlaylist(u"C:\\Mix.m3u", {"C:\\One.mp3"});
+  BlindPlacer placer(u".mp3");
+  const MoveResult move = RunWith(placer);
+  ASSERT_EQ(move.songs.size(), 1u);
+  EXPECT_TEXT(move.songs[0].place, u"C:\\My Documents\\Norvo Media\\Music\\One.mp3");
+  EXPECT_EQ(placer.looks, 0);
 }
 
 TEST_F(DeniedLooksTest, SongsOfOneNameDoNotMultiplyTheLooks) {

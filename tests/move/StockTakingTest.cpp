@@ -15,7 +15,7 @@ class StockTakingTest : public ::testing::Test {
     WorkObserver nobody;
     std::vector<WorkWarning> warnings;
     WorkReport report(nobody, warnings);
-    return TakeStock(*OpenLibrary(machine), report);
+    return TakeStock(*OpenLibrary(machine), texts, report);
   }
   Lines Lists() {
     Lines lines;
@@ -26,11 +26,12 @@ class StockTakingTest : public ::testing::Test {
   }
   Lines Media() {
     Lines lines;
-    for (const String& path : Take().media) lines.push_back(Utf8(path));
+    for (const StringView path : Take().media) lines.push_back(Utf8(path));
     return lines;
   }
 
   std::shared_ptr<MemoryPlatform> machine = std::make_shared<MemoryPlatform>();
+  TextPool texts;
 };
 
 TEST_F(StockTakingTest, AListIsKnownByItsNameWhateverIsInIt) {
