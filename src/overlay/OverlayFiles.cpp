@@ -309,8 +309,9 @@ std::optional<FileFacts> OverlayFiles::FactsBelow(const Place& place, StringView
 void OverlayFiles::FindMissingFolders(const Place& file) {
   bool isThere = false;
   ForEachFolderAbove(file, [&](StringView key, StringView folder) {
+    if (isThere) return;
     const Place place{String(folder), String(key), false};
-    isThere = isThere || FolderExistsBelow(place, place.path + u'\\');
+    isThere = FolderExistsBelow(place, place.path + u'\\');
   });
 }
 
