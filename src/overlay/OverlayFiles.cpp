@@ -280,7 +280,8 @@ bool OverlayFiles::FolderExistsBelow(const Place& place, StringView path) {
   const auto known = foldersBelow_.find(place.key);
   if (known != foldersBelow_.end()) return known->second;
   if (IsInMissingFolder(place)) return false;
-  const bool exists = below_.Files().FolderExists(path);
+  // A look that fails for a moment shall not hide all that the folder has: it is taken twice.
+  const bool exists = below_.Files().FolderExists(path) || below_.Files().FolderExists(path);
   foldersBelow_.emplace(place.key, exists);
   return exists;
 }

@@ -46,6 +46,17 @@ TEST_F(OverlayMemoryTest, InAFolderThatIsThereEachFileIsAskedForOnce) {
   EXPECT_EQ(calls.Total(), 0u);
 }
 
+TEST_F(OverlayMemoryTest, AFolderThatIsOverlookedForAMomentIsThere) {
+  for (std::size_t k = 1; k <= 3; ++k) {
+    overlay.Forget();
+    calls.OverlookAt(k);
+    EXPECT_FALSE(IsThere(u"C:\\Music\\Two.mp3")) << k;
+    calls.StopFailing();
+    EXPECT_TRUE(overlay.Files().FolderExists(u"C:\\Music")) << k;
+    EXPECT_TRUE(IsThere(u"C:\\Music\\One.mp3")) << k;
+  }
+}
+
 TEST_F(OverlayMemoryTest, WhatIsWrittenOrPretendedInSuchAFolderIsThere) {
   EXPECT_FALSE(IsThere(u"C:\\New\\Ann\\One.mp3"));
   overlay.Pretend(u"C:\\New\\Ann\\One.mp3", {u"One.mp3", 3, 0, 0});

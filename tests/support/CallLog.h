@@ -25,9 +25,10 @@ class CallLog {
   void RunOutOfMemoryAt(std::size_t k);
   /// The k-th call of the named operation from now on raises.
   void FailOn(StringView operation, std::size_t k, std::int32_t number);
-  /// The k-th look for a file from now on finds none, as on a disk that fails for a moment.
+  /// The k-th look for a file or a folder from now on finds none, as on a disk that fails for a
+  /// moment.
   void OverlookAt(std::size_t k);
-  /// To be asked at each look for a file.
+  /// To be asked at each such look.
   bool Overlooks();
   /// Nothing fails any more.
   void StopFailing();

@@ -261,7 +261,7 @@ std::vector<String> MemoryFiles::AllFiles() const {
 
 bool MemoryFiles::FolderExists(StringView path) {
   calls_.Enter(u"FolderExists", path);
-  return HasFolder(path);
+  return !calls_.Overlooks() && HasFolder(path);
 }
 
 std::optional<FileFacts> MemoryFiles::FactsOf(StringView path) {
