@@ -296,6 +296,8 @@ std::optional<FileFacts> OverlayFiles::FactsBelow(const Place& place, StringView
   if (!IsInMissingFolder(place)) {
     facts = below_.Files().FactsOf(path);
     if (!facts) FindMissingFolders(place);
+    // What a look has missed for a moment would be taken for free.
+    if (!facts && !IsInMissingFolder(place)) facts = below_.Files().FactsOf(path);
   }
   if (facts) {
     factsBelow_.emplace(place.key, *facts);

@@ -57,6 +57,11 @@ TEST_F(OverlayMemoryTest, AFolderThatIsOverlookedForAMomentIsThere) {
   }
 }
 
+TEST_F(OverlayMemoryTest, AFileThatIsOverlookedForAMomentIsThere) {
+  calls.OverlookAt(1);
+  EXPECT_TRUE(IsThere(u"C:\\Music\\One.mp3"));
+}
+
 TEST_F(OverlayMemoryTest, WhatIsWrittenOrPretendedInSuchAFolderIsThere) {
   EXPECT_FALSE(IsThere(u"C:\\New\\Ann\\One.mp3"));
   overlay.Pretend(u"C:\\New\\Ann\\One.mp3", {u"One.mp3", 3, 0, 0});

@@ -133,6 +133,9 @@ enum class LockAnswer {
 /// Takes the lock of an open file, and waits for it when it is to. It ends when the file is closed,
 /// and so with the process, however that ends.
 LockAnswer LockFile(const SystemFile& file, bool wait);
+/// Ends the lock before the file is closed: a closing that fails may keep it, and who asks for the
+/// file again would wait for good.
+void UnlockFile(const SystemFile& file);
 /// This process, for people: "norvo-playlists (process 1234 of ann on pc7)".
 std::string ThisProcess();
 

@@ -47,6 +47,10 @@ void HostedAppendFile::Append(std::string_view bytes) {
   RaiseIf(WriteAll(file_, bytes), path_);
 }
 
+HostedSharedFile::~HostedSharedFile() {
+  UnlockFile(file_);
+}
+
 std::size_t HostedSharedFile::ReadAt(std::uint64_t offset, std::span<char> buffer) {
   return ReadFull(file_, offset, buffer, offset + buffer.size(), path_);
 }

@@ -46,6 +46,9 @@ class HostedSharedFile final : public SharedFile {
   /// `place` is where the file stands.
   HostedSharedFile(SystemFile file, DrivePath place, StringView path)
       : file_(std::move(file)), place_(std::move(place)), path_(path) {}
+  ~HostedSharedFile() override;
+  HostedSharedFile(const HostedSharedFile&) = delete;
+  HostedSharedFile& operator=(const HostedSharedFile&) = delete;
 
   std::size_t ReadAt(std::uint64_t offset, std::span<char> buffer) override;
   std::uint64_t Size() override;

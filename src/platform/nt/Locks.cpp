@@ -66,6 +66,12 @@ LockAnswer LockFile(const SystemFile& file, bool wait) {
                                                                       : LockAnswer::Refused;
 }
 
+void UnlockFile(const SystemFile& file) {
+  OVERLAPPED place = {};
+  place.OffsetHigh = kFarAway;
+  ::UnlockFileEx(HandleOf(file), 0, 1, 0, &place);
+}
+
 std::string ThisProcess() {
   return FromWideName(ProgramName()) + " (process " + std::to_string(::GetCurrentProcessId()) +
          " of " + UserName() + " on " + HostName() + ")";

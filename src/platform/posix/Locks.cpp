@@ -41,6 +41,10 @@ LockAnswer LockFile(const SystemFile& file, bool wait) {
   return errno == EWOULDBLOCK ? LockAnswer::Busy : LockAnswer::Refused;
 }
 
+void UnlockFile(const SystemFile& file) {
+  ::flock(DescriptorOf(file), LOCK_UN);
+}
+
 std::string ThisProcess() {
   return ProgramName() + " (process " + std::to_string(::getpid()) + " of " + UserName() + " on " +
          HostName() + ")";
