@@ -1,4 +1,10 @@
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <csignal>
 #include <thread>
 
 #include "platform/hosted/HostedFileSystem.h"
@@ -37,6 +43,23 @@ TEST_F(SharedFileOfProcessesTest, TwoThatBeginOneMediaListLeaveEachRecordOnce) {
     const std::string bytes = Get(Disk("C/Root/KVs/MediaList.txt"));
     EXPECT_EQ(std::count(bytes.begin(), bytes.end(), '\n'), 30) << bytes;
   }
+}
+
+/// As when the system fails to close it.
+TEST_F(SharedFileOfProcessesTest, AFileThatWasGivenBackIsFreeThoughSomebodyStillHasItOpen) {
+  std::unique_ptr<SharedFile> file = Machine().HostedFiles().OpenShared(u"C:\\list.txt");
+  const pid_t child = ::fork();  // has what is open, with its lock
+  if (child == 0) {
+    ::pause();
+    ::_exit(0);
+  }
+  const int other = ::open(Disk("C/list.txt").c_str(), O_RDWR | O_CLOEXEC);
+  EXPECT_NE(::flock(other, LOCK_EX | LOCK_NB), 0);
+  file.reset();
+  EXPECT_EQ(::flock(other, LOCK_EX | LOCK_NB), 0);
+  ::close(other);
+  ::kill(child, SIGKILL);
+  ::waitpid(child, nullptr, 0);
 }
 
 }  // namespace
